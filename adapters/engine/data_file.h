@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/table_definition.h"
+#include "platform/value.h"
+
+/// Making, filling, checking and copying data files: for `suitefiles` and the tests. The library itself makes no file and no
+/// table. Failures are platform::Error.
+namespace engine {
+
+/// Makes a new file with these empty tables; an existing file is refused. `workFile` files are written without waiting
+/// for the disk (temporary databases).
+void CreateDataFile(const std::string& path, std::span<const platform::TableDefinition> tables, bool workFile = false);
+
+/// Adds rows fast, inside one transaction: the values of each row in the order of `fields`. Counters may be given
+/// explicitly. Indexes of an empty table are built when it is finished.
+class BulkWriter {
+ public:
+  virtual ~BulkWriter() = default;
+  virtual void Add(std::span<const platform::Value> row) = 0;
+  /// Commits; without it nothing stays.
+  virtual void Finish() = 0;
+};
+std::unique_ptr<BulkWriter> OpenBulkWriter(const std::string& path, std::string_view table, std::span<const std::string> fields);
+
+/// What is wrong with a file, in sentences: the store's own integrity check, format, and differences from the expected tables.
+std::vector<std::string> CheckDataFile(const std::string& path, std::span<const platform::TableDefinition> expected);
+
+/// A consistent copy of a file that may be open elsewhere. `progress` gets (pages done, pages in all).
+void BackupDataFile(const std::string& from, const std::string& to, const std::function<void(int, int)>& progress = {});
+
+}  // namespace engine

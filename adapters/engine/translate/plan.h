@@ -1,0 +1,90 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/catalogue.h"
+#include "platform/table_definition.h"
+#include "platform/value.h"
+
+/// What translation makes of a statement: not one SQL text but the parts from which the cursors build their own
+/// statements (a page from a key, a count, a row by its key). All names in the SQL parts are qualified by the table's
+/// alias ("t0", "t1" ...) and quoted; literals are written in by the emitter in the store's form.
+namespace engine {
+
+/// One table occurrence of FROM.
+struct PlanTable {
+  const ResolvedTable* table = nullptr;
+  std::string alias;      ///< "t0", "t1" ... in the order of the statement
+  std::string name;       ///< the statement's own name for it
+  bool nullable = false;  ///< an outer join can leave it without a row
+};
+
+/// One column that the recordset shows.
+struct PlanColumn {
+  std::string name;  ///< field name, alias, or "Table.field"
+  platform::FieldType type = platform::FieldType::Long;
+  int size = 0;
+  std::string sql;    ///< expression; yields the stored form of `type`
+  int table = -1;     ///< which PlanTable owns the field, -1 for a computed column
+  int field = -1;     ///< place in that table's definition
+};
+
+/// One key of ORDER BY.
+struct PlanOrder {
+  std::string sql;  ///< expression with its COLLATE where it needs one
+  bool descending = false;
+  platform::FieldType type = platform::FieldType::Long;
+  int table = -1;  ///< a bare column: its table and field; -1 for an expression
+  int field = -1;
+};
+
+/// A SELECT ready for a cursor. Row identity is the tuple of the row keys of `tables`.
+struct SelectPlan {
+  std::vector<PlanTable> tables;
+  std::string from;   ///< text behind FROM
+  std::string where;  ///< text behind WHERE, "" if none; already a Boolean expression of the store
+  std::vector<PlanColumn> columns;
+  std::vector<PlanOrder> order;
+  bool distinct = false;   ///< DISTINCT: distinct output values, read-only
+  bool aggregate = false;  ///< always one row, read-only
+  /// DISTINCTROW over tables that give no output: `tables` holds only those that give output, and `from`/`where` ask for
+  /// the others by IN or EXISTS, so that each combination of output rows comes once.
+  bool updatable = true;
+  /// Driving table for "no order: row key order", and for the exact strategy's ties: index into tables.
+  int driving = 0;
+};
+
+/// INSERT, DELETE or UPDATE as the store runs it, one statement in `sql`. For INSERT the rows can also be read by
+/// `source` and written one by one when rows that break a key must be left out or fields that don't convert become Null.
+struct ActionPlan {
+  enum class Kind { Insert, Delete, Update } kind = Kind::Delete;
+  const ResolvedTable* target = nullptr;
+  std::string sql;
+  /// Insert: statement whose columns are the values for `targetFields`, in their order.
+  std::string source;
+  std::vector<int> targetFields;
+  std::vector<platform::FieldType> sourceTypes;
+};
+
+/// How a criterion can be searched without looking at every row.
+struct SearchShape {
+  enum class Kind {
+    Scan,    ///< only by looking at rows
+    Equals,  ///< one bare column equals `value`
+    Prefix,  ///< one bare text column Like a pattern with the fixed start `value`
+  } kind = Kind::Scan;
+  int table = -1;
+  int field = -1;
+  platform::Value value;
+};
+
+/// A Find criterion against an open SelectPlan's columns.
+struct CriterionPlan {
+  std::string where;  ///< Boolean expression of the store over the plan's aliases, complete (the whole Like test included)
+  SearchShape shape;
+};
+
+}  // namespace engine

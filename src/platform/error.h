@@ -1,0 +1,42 @@
+#pragma once
+
+#include <exception>
+#include <string>
+#include <utility>
+
+namespace platform {
+
+/// What the data engine, the conversions and the controls raise: the number and description that the log and the
+/// standard message show. Nothing else may leave them; broken invariants are assertions.
+class Error final : public std::exception {
+ public:
+  Error(int number, std::string description) : number_(number), description_(std::move(description)) {}
+
+  /// The error's number as the suite's log knows it (3021 "No current record.", 13 "Type mismatch" ...).
+  int Number() const noexcept { return number_; }
+  const std::string& Description() const noexcept { return description_; }
+  const char* what() const noexcept override { return description_.c_str(); }
+
+ private:
+  int number_;
+  std::string description_;
+};
+
+/// The language's own run-time errors (5 to 424), which carry no inserted text. Engine errors are made in the engine.
+namespace error {
+Error InvalidCall();           ///< 5
+Error Overflow();              ///< 6
+Error SubscriptOutOfRange();   ///< 9
+Error DivisionByZero();        ///< 11
+Error TypeMismatch();          ///< 13
+Error FileNotFound();          ///< 53
+Error PathNotFound();          ///< 76
+Error ObjectNotSet();          ///< 91
+Error InvalidPattern();        ///< 93
+Error InvalidUseOfNull();      ///< 94
+Error ObjectRequired();        ///< 424
+Error ItemNotFound();          ///< 3265, member of a collection
+Error ObjectClosed();          ///< 3420
+}  // namespace error
+
+}  // namespace platform

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/error.h"
+
+/// The engine's errors by name: each function makes the error with its number and its full description. The language's own
+/// errors (5, 6, 11, 13, 91, 93, 94, 3265, 3420) stand in platform/error.h.
+namespace engine::errors {
+
+using platform::Error;
+
+// Transactions and objects.
+Error TooManyTransactions();                  ///< 3003: sixth nested BeginTrans
+Error TableExists(std::string_view name);     ///< 3010
+Error ObjectNotFound(std::string_view name);  ///< 3011: table not found by its bare name
+Error ObjectExists(std::string_view name);    ///< 3012: appended object's name is taken
+Error CommitWithoutBegin();                   ///< 3034: CommitTrans or Rollback without BeginTrans
+Error NameInCollection();                     ///< 3367
+
+// Recordsets.
+Error UnknownIndex(std::string_view name);         ///< 3015
+Error NoCurrentIndex();                            ///< 3019: Seek before Index
+Error UpdateWithoutEdit();                         ///< 3020
+Error NoCurrentRecord();                           ///< 3021
+Error DuplicateKey();                              ///< 3022: unique index or primary key violated
+Error ReadOnly();                                  ///< 3027
+Error NullInKey();                                 ///< 3058: Null in a primary key
+Error BadBookmark();                               ///< 3159
+Error FieldTooSmall();                             ///< 3163: text longer than the field
+Error FieldLocked();                               ///< 3164
+Error RecordDeleted();                             ///< 3167
+Error InvalidOperation();                          ///< 3219
+Error NotSupported();                              ///< 3251: method not for this kind of recordset
+Error RequiredField(std::string_view name);        ///< 3314
+Error ZeroLengthForbidden(std::string_view name);  ///< 3315
+Error NumericOverflow();                           ///< 3349: an SQL result does not fit a number field
+Error DataConversion();                            ///< 3421: value can't become the field's type
+Error ActionCancelled();                           ///< 3426
+
+// Files.
+Error FileNotFound(std::string_view path);        ///< 3024: file missing, folder present
+Error DiskOrNetwork();                            ///< 3043
+Error InvalidPath(std::string_view path);         ///< 3044: folder missing
+Error FileInUse(std::string_view path);           ///< 3045
+Error NotADatabase(std::string_view path);        ///< 3049: no usable database
+Error OpenedExclusively(std::string_view path);   ///< 3051
+Error UnrecognizedFormat(std::string_view path);  ///< 3343
+
+// Locks.
+Error SaveLocked();                                                                           ///< 3046
+Error SaveLockedBy(std::string_view user, std::string_view machine);                          ///< 3186
+Error ReadLockedBy(std::string_view user, std::string_view machine);                          ///< 3187
+Error LockedBySession();                                                                      ///< 3188
+Error ChangedByOther();                                                                       ///< 3197
+Error TableInUse(std::string_view name);                                                      ///< 3211
+Error UpdateLocked();                                                                         ///< 3218: holder unknown
+Error UpdateLockedBy(std::string_view user, std::string_view machine);                        ///< 3260
+Error TableLockedBy(std::string_view name, std::string_view user, std::string_view machine);  ///< 3262
+
+// Statements.
+Error TooFewParameters(int count);                                             ///< 3061: names that are neither fields nor tables
+Error SelectExecuted();                                                        ///< 3065: Execute of a SELECT
+Error UnknownNameInCriterion(std::string_view name);                           ///< 3070
+Error QueryExpression(std::string_view message, std::string_view expression);  ///< 3075: bad expression inside a statement
+Error CriterionExpression(std::string_view message);                           ///< 3077: bad expression in a Find criterion
+Error UnknownTable(std::string_view name);                                     ///< 3078
+Error AmbiguousField(std::string_view name);                                   ///< 3079
+Error UndefinedFunction(std::string_view name);                                ///< 3085
+Error OrderConflictsWithDistinct(std::string_view clause);                     ///< 3093
+Error SortOnMemo(std::string_view clause);                                     ///< 3117
+Error JoinOnMemo(std::string_view name);                                       ///< 3118
+Error UnknownInsertField(std::string_view name);                               ///< 3127
+Error NoStatement();                                                           ///< 3129: first word is no statement
+Error FromSyntax();                                                            ///< 3131
+Error InsertSyntax();                                                          ///< 3134
+Error JoinSyntax();                                                            ///< 3135
+Error OrderBySyntax();                                                         ///< 3138
+Error SelectSyntax();                                                          ///< 3141: field list does not parse
+Error TextAfterEnd();                                                          ///< 3142: text behind the closing semicolon
+Error UpdateSyntax();                                                          ///< 3144
+Error WhereSyntax();                                                           ///< 3145
+Error AmbiguousOuterJoins();                                                   ///< 3258
+Error InsertCountMismatch();                                                   ///< 3346
+Error QueryTooComplex();                                                       ///< 3360: deeper or longer than a statement may be
+Error UnlikeTypes();                                                           ///< 3464: comparison of unlike types
+
+}  // namespace engine::errors

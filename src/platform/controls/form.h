@@ -1,0 +1,88 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/controls/control.h"
+
+namespace platform {
+
+class Application;
+
+/// A screen. The derived class bears the screen's name, owns its controls as public members and attaches its handlers in its
+/// constructor. Where its life stands is the application's matter (Application::Load, Show, Hide, Unload).
+class Form {
+ public:
+  Form(Application& application, std::string name, std::string caption);
+  virtual ~Form();
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  const std::string& Name() const noexcept { return name_; }
+  const std::string& Caption() const noexcept { return caption_; }
+  void Caption(std::string caption);
+  Application& App() const noexcept { return application_; }
+
+  /// The life's events, in the order in which they can come.
+  virtual void Form_Load() {}
+  virtual void Form_Activate() {}
+  virtual void Form_Unload() {}
+  virtual void Form_MouseMove() {}
+
+  bool Loaded() const noexcept { return loaded_; }
+  bool Visible() const noexcept { return visible_; }
+  bool Unloading() const noexcept { return unloading_; }
+
+  /// All controls in the order of their making, which is the tab order.
+  const std::vector<Control*>& Controls() const noexcept { return controls_; }
+  /// By name without regard to case; `index` -1 outside an array; nullptr if there is none.
+  Control* Find(std::string_view name, int index = -1) const;
+
+  Control* Focus() const noexcept { return focus_; }
+  /// Moves the focus: LostFocus of the old control, GotFocus of the new one. A move asked for inside one of the two waits
+  /// until both are done. nullptr takes the focus away.
+  void MoveFocus(Control* to);
+  /// The next (previous) control in the tab order that can take the focus.
+  Control* NextInTabOrder(const Control* from, bool backwards = false) const;
+
+  /// The user moves the focus (click or Tab key).
+  void UserFocus(Control& control);
+  /// The user closes the window by its frame.
+  void UserClose();
+
+  /// Runs one act of the user. See Application::Act.
+  void Act(const std::function<void()>& body);
+
+ private:
+  friend class Application;
+  friend class Control;
+  void Register(Control& control);
+  void Unregister(Control& control);
+  /// A control was hidden or disabled, or its page turned away: the focus may have to leave.
+  void CheckFocus();
+
+  Application& application_;
+  std::string name_;
+  std::string caption_;
+  std::vector<Control*> controls_;
+  Control* focus_ = nullptr;
+  Control* wantedFocus_ = nullptr;
+  bool focusMoving_ = false;
+  bool focusWanted_ = false;
+  bool loaded_ = false;
+  bool visible_ = false;
+  bool loading_ = false;
+  bool unloading_ = false;
+  bool destroying_ = false;
+  bool closePending_ = false;
+  int handlers_ = 0;
+};
+
+template <class Body>
+void Control::Act(Body&& body) {
+  form_.Act(std::forward<Body>(body));
+}
+
+}  // namespace platform

@@ -1,0 +1,153 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/controls/control.h"
+#include "platform/data.h"
+#include "platform/value.h"
+
+namespace platform {
+
+class DataControl;
+
+/// One column of a grid, in its design order.
+struct GridColumn {
+  std::string caption;
+  std::string dataField;
+  std::string numberFormat;                               ///< display only
+  std::vector<std::pair<Value, std::string>> valueItems;  ///< stored code and shown text
+  bool checkBox = false;
+  bool open = false;  ///< the user may edit its cells
+  bool visible = true;
+  int width = 0;  ///< first width in characters, 0: from the field
+};
+
+/// The rows that the user has marked, in the order of marking. Adding and removing in code fires nothing.
+class SelectedBookmarks {
+ public:
+  explicit SelectedBookmarks(class Grid& grid) : grid_(grid) {}
+  int Count() const noexcept { return static_cast<int>(items_.size()); }
+  const Bookmark& Item(int index) const;
+  void Add(Bookmark bookmark);
+  void Remove(int index);
+  bool Contains(const Bookmark& bookmark) const;
+
+ private:
+  friend class Grid;
+  class Grid& grid_;
+  std::vector<Bookmark> items_;
+};
+
+/// A list bound to a data control. Its rows are the data control's (Window); the model holds the columns, the selection, the
+/// scroll position and the cell that is being edited.
+///
+/// One cell, in order: BeforeColEdit, ColEdit, typing, BeforeColUpdate, the value goes into the row buffer, AfterColUpdate,
+/// AfterColEdit. A cancelled BeforeColUpdate leaves the cell open on its old value and neither After comes. An unchanged
+/// cell fires nothing when it is left. The row buffer is written when the row is left, or at Update of the recordset.
+class Grid final : public Control {
+ public:
+  Grid(Form& form, std::string name);
+  Grid(Form& form, std::string name, int index);
+
+  void BindTo(DataControl& data);
+  DataControl* Data() const noexcept { return data_; }
+
+  const std::string& Caption() const noexcept { return caption_; }
+  void Caption(std::string caption);
+  void DefineColumns(std::vector<GridColumn> columns);
+  int ColumnCount() const noexcept { return static_cast<int>(columns_.size()); }
+  const GridColumn& Column(int index) const;
+  GridColumn& DesignColumn(int index);
+
+  /// Value of the current row's cell, the edited one if it is pending. Null for a cell without a row.
+  Value ColumnValue(int column) const;
+  /// Sets the cell of the current row without column events; the row is then pending.
+  void ColumnValue(int column, const Value& value);
+  /// A stored value as the column shows it; "True"/"False" for check columns, "" for Null.
+  std::string ShownText(int column, const Value& value) const;
+  /// The grid's column for a place in the recordset's columns; -1 if the field is not there.
+  int FieldIndexOf(int column) const;
+
+  int SplitCount() const noexcept { return splits_; }
+  void Splits(int count) noexcept;
+  int LeftCol(int split) const;
+  void LeftCol(int split, int column);
+
+  SelectedBookmarks SelBookmarks{*this};
+  /// Bookmark of the data control's row.
+  Bookmark CurrentBookmark() const;
+  /// Makes that row current; a pending row is written first.
+  void CurrentBookmark(const Bookmark& bookmark);
+  /// Makes the list's row with that ordinal current, after writing a pending row.
+  void Row(int ordinal);
+  bool DataChanged() const noexcept { return !pending_.empty(); }
+  /// Shows the current row again.
+  void RefreshRow() { Changed(Aspect::RowContent); }
+
+  bool TakesFocus() const override { return true; }
+
+  Event<int> HeadClick;                             ///< (column)
+  Event<bool&> SelChange;                           ///< (cancel)
+  Event<int, bool&> BeforeColEdit;                  ///< (column, cancel)
+  Event<int> ColEdit;                               ///< (column)
+  Event<int, const Value&, bool&> BeforeColUpdate;  ///< (column, old value, cancel)
+  Event<int> AfterColUpdate;
+  Event<int> AfterColEdit;
+  Event<bool&> BeforeUpdate;
+  Event<> AfterUpdate;
+
+  // The user's acts.
+  void UserHeadClick(int column);
+  /// Makes a row current by its bookmark; an open cell is taken first (refused: nothing moves). Returns whether it moved.
+  bool UserRow(const Bookmark& bookmark);
+  /// Moves by rows (keyboard); clamps at the ends.
+  void UserMove(std::int32_t rows);
+  void UserFirst();
+  void UserLast();
+  /// The selection becomes these rows, in this order: one SelChange, which may cancel.
+  void UserMark(std::vector<Bookmark> rows);
+  void UserScroll(int split, int column);
+  /// Opens a cell of the current row; false when the column is not open or a handler refuses.
+  bool UserOpenCell(int column);
+  /// The text in the open cell, as the user has it now (a check column: "True", "False"; a value list: its shown text).
+  void UserCellText(std::string text);
+  /// Leaves the open cell; false when it was refused and stays open.
+  bool UserCloseCell();
+  void UserEscape();
+  /// Writes the pending row and stays on it.
+  void UserLeaveRow();
+  std::optional<int> OpenCell() const noexcept { return openCell_; }
+  const std::string& OpenText() const noexcept { return openText_; }
+
+  /// The data control tells: opened anew, pending cells to be dropped, row current, row to be written into the edit.
+  void ListOpened();
+  void DropPending();
+  void RowBecameCurrent();
+  /// Takes an open cell, so that an unload loses nothing. False when it is refused.
+  bool TakeOpenCell();
+  /// Writes pending cells through the recordset; error of the engine reaches the caller, the buffer stays.
+  void WritePendingRow();
+
+ private:
+  friend class SelectedBookmarks;
+  friend class ControlRecordset;
+  const std::map<int, Value>& Pending() const noexcept { return pending_; }
+  void PendingWritten();
+  Value ParseCell(int column, const std::string& text) const;
+
+  DataControl* data_ = nullptr;
+  std::string caption_;
+  std::vector<GridColumn> columns_;
+  int splits_ = 1;
+  int leftCol_[2] = {0, 0};
+  std::map<int, Value> pending_;  ///< by column
+  std::optional<int> openCell_;
+  std::string openText_;
+  std::string openedText_;
+};
+
+}  // namespace platform

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/controls/control.h"
+#include "platform/mask.h"
+#include "platform/value.h"
+
+namespace platform {
+
+/// A text edit. Assignments and the user's accepted changes fire Change when the text really changes; each key of the user
+/// fires KeyPress first (setting the key to 0 drops it).
+class TextBox : public Control {
+ public:
+  TextBox(Form& form, std::string name, int maxLength = 0, std::string mask = "");
+  TextBox(Form& form, std::string name, int index, int maxLength, std::string mask);
+
+  /// Without the mask's literals.
+  const std::string& Text() const noexcept { return text_; }
+  /// Takes the text as it is, past the mask; what is longer than MaxLength is cut.
+  virtual void Text(std::string text);
+  /// As shown, with the mask's literals.
+  virtual std::string DisplayText() const;
+  const std::string& Mask() const noexcept { return mask_; }
+  void Mask(std::string mask);
+  /// Greatest number of characters, 0 for none.
+  int MaxLength() const noexcept { return maxLength_; }
+  bool Locked() const noexcept { return locked_; }
+  void Locked(bool locked);
+  bool MultiLine() const noexcept { return multiLine_; }
+  void MultiLine(bool on) noexcept { multiLine_ = on; }
+  /// Right-aligned figures, for whoever shows it.
+  virtual bool IsNumberEdit() const { return false; }
+  bool TakesFocus() const override { return true; }
+
+  /// Caret and selection in characters of Text.
+  std::size_t Caret() const noexcept { return caret_; }
+  std::size_t SelectionStart() const noexcept { return selectionStart_; }
+  std::size_t SelectionLength() const noexcept { return selectionLength_; }
+  void Select(std::size_t start, std::size_t length);
+
+  Event<> Change;
+  Event<int&> KeyPress;
+
+  /// One character key (13 is Enter, 8 is Backspace, 27 is Escape). Returns whether the text changed.
+  bool UserKey(char32_t character);
+  /// A run of characters, as a user types them, each with its KeyPress.
+  void UserType(std::string_view text);
+  /// Text from the clipboard or an input method, put in at once over the selection.
+  void UserPaste(std::string_view text);
+  void UserDelete();
+  /// The whole text was replaced in one go by a widget's own editing (cut, undo); passes the mask.
+  void UserReplaceAll(std::string_view text, std::size_t caret);
+
+ protected:
+  /// Which characters the edit takes beyond its mask.
+  virtual bool Accepts(char32_t character) const;
+  /// Stores and tells; fires Change when the text differs.
+  virtual void Take(std::string text, std::size_t caret);
+
+ private:
+  bool Edit(const MaskedText& after);
+  std::string text_;
+  std::string mask_;
+  int maxLength_ = 0;
+  bool locked_ = false;
+  bool multiLine_ = false;
+  std::size_t caret_ = 0;
+  std::size_t selectionStart_ = 0;
+  std::size_t selectionLength_ = 0;
+};
+
+/// A number edit: Value follows the text, an empty (or unfinished) text has the value 0.
+class NumberEdit : public TextBox {
+ public:
+  NumberEdit(Form& form, std::string name, int decimals = 4);
+  double Value() const;
+  /// Change when the text really changes.
+  void Value(double value);
+  int Decimals() const noexcept { return decimals_; }
+  std::string DisplayText() const override;
+  bool IsNumberEdit() const override { return true; }
+
+ protected:
+  bool Accepts(char32_t character) const override;
+  int decimals_;
+};
+
+/// A currency edit: as a number edit, exact.
+class CurrencyEdit final : public NumberEdit {
+ public:
+  CurrencyEdit(Form& form, std::string name);
+  Currency Value() const;
+  void Value(Currency value);
+  std::string DisplayText() const override;
+};
+
+/// A date edit. Text keeps its slashes; Value is nothing while the text is no date.
+class DateEdit final : public TextBox {
+ public:
+  DateEdit(Form& form, std::string name);
+  std::optional<Date> Value() const;
+  /// Null is refused with error 94.
+  void Value(const platform::Value& value);
+
+ protected:
+  bool Accepts(char32_t character) const override;
+};
+
+}  // namespace platform

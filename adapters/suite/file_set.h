@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "platform/operating_system.h"
+#include "suite/company_schema.h"
+
+namespace suite {
+
+/// Where a file of a company lies, for tools that work on a whole data folder: by the company's settings file in
+/// `folder` where that says so, else "dat.zdb" in the folder itself and the others in "data/orv<company>". Folder and
+/// answer are paths of the system's style.
+std::string CompanyFile(const platform::OperatingSystem& system, const std::string& folder, int company, DataFile file);
+
+/// The folder of a company's files in the default layout, without a separator at its end.
+std::string CompanyFolder(const platform::OperatingSystem& system, const std::string& folder, int company);
+
+/// "orvTEMP/orvTemp<user>.zdb" below a root.
+std::string TemporaryFile(const platform::OperatingSystem& system, const std::string& root, int user);
+
+}  // namespace suite

@@ -27,9 +27,9 @@ struct PlanColumn {
   std::string name;  ///< field name, alias, or "Table.field"
   platform::FieldType type = platform::FieldType::Long;
   int size = 0;
-  std::string sql;    ///< expression; yields the stored form of `type`
-  int table = -1;     ///< which PlanTable owns the field, -1 for a computed column
-  int field = -1;     ///< place in that table's definition
+  std::string sql;  ///< expression; yields the stored form of `type`
+  int table = -1;   ///< which PlanTable owns the field, -1 for a computed column
+  int field = -1;   ///< place in that table's definition
 };
 
 /// One key of ORDER BY.
@@ -49,24 +49,38 @@ struct SelectPlan {
   std::vector<PlanColumn> columns;
   std::vector<PlanOrder> order;
   bool distinct = false;   ///< DISTINCT: distinct output values, read-only
-  bool aggregate = false;  ///< always one row, read-only
+  bool aggregate = false;  ///< always one row, read-only; the columns' expressions hold the aggregates
+  bool bareTable = false;  ///< the source was a table's name alone
   /// DISTINCTROW over tables that give no output: `tables` holds only those that give output, and `from`/`where` ask for
   /// the others by IN or EXISTS, so that each combination of output rows comes once.
   bool updatable = true;
-  /// Driving table for "no order: row key order", and for the exact strategy's ties: index into tables.
+  /// Driving table for "no order: row key order", and for the exact strategy's ties: index into tables. In a join it is
+  /// the "many" side (no other table is joined to it by a unique field of its own), whose row a Delete removes. Never one
+  /// that an outer join can leave without a row.
   int driving = 0;
 };
 
-/// INSERT, DELETE or UPDATE as the store runs it, one statement in `sql`. For INSERT the rows can also be read by
-/// `source` and written one by one when rows that break a key must be left out or fields that don't convert become Null.
+/// INSERT, DELETE or UPDATE as the store runs it.
+///
+/// INSERT and UPDATE that are `direct` run as one statement. Others can meet a value that does not convert or a text that
+/// is too long for its field: their rows are read by `source`, each value is assigned to its field by the rules of field
+/// assignment (without fail-on-error: Null where it fails), and they are written one by one.
 struct ActionPlan {
   enum class Kind { Insert, Delete, Update } kind = Kind::Delete;
   const ResolvedTable* target = nullptr;
+  bool direct = true;
+  /// The one statement; "" when not direct. DELETE always has it.
   std::string sql;
-  /// Insert: statement whose columns are the values for `targetFields`, in their order.
+  /// The same, leaving out rows that break a key. Equal to `sql` for DELETE.
+  std::string lenientSql;
+  /// Insert: statement whose columns are the values for `targetFields`, in their order, each the stored form of its
+  /// `sourceTypes`. Update: the same with the target's row key as one more column in front.
   std::string source;
   std::vector<int> targetFields;
   std::vector<platform::FieldType> sourceTypes;
+  /// Insert: the target has a Counter and `targetFields` does not hold it, so the store gives each row its number. When
+  /// they hold it, the table's next number must afterwards stand above the highest.
+  bool needsCounter = false;
 };
 
 /// How a criterion can be searched without looking at every row.
@@ -78,7 +92,7 @@ struct SearchShape {
   } kind = Kind::Scan;
   int table = -1;
   int field = -1;
-  platform::Value value;
+  platform::Value value;  ///< Equals: of the field's own type (Long for Byte to Counter); Prefix: the fixed start as text
 };
 
 /// A Find criterion against an open SelectPlan's columns.

@@ -60,6 +60,9 @@ class Application {
   /// The screen that takes the user's input now; nullptr when none is up.
   Form* ActiveForm() const noexcept;
 
+  /// Whether the user can act on the form now: it is the last one that was shown, or is about to be.
+  bool TakesInput(const Form& form) const noexcept { return !modal_.empty() && modal_.back() == &form; }
+
   /// Runs Form_Load once.
   void Load(Form& form);
   /// Shows modally: loads if need be, becomes the active screen, returns when it hides or unloads. Form_Activate runs at its

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -80,8 +81,7 @@ class Control {
  protected:
   void Changed(Aspect aspect);
   /// Runs what a user's act does: whatever no handler caught ends here, the screen stays usable.
-  template <class Body>
-  void Act(Body&& body);
+  void Act(const std::function<void()>& body);
 
  private:
   Form& form_;

@@ -52,6 +52,9 @@ class Form {
   /// The user closes the window by its frame.
   void UserClose();
 
+  /// A control was hidden or disabled, or its page turned away: the focus may have to leave.
+  void FocusMayHaveGone() { CheckFocus(); }
+
   /// Runs one act of the user. See Application::Act.
   void Act(const std::function<void()>& body);
 
@@ -60,7 +63,6 @@ class Form {
   friend class Control;
   void Register(Control& control);
   void Unregister(Control& control);
-  /// A control was hidden or disabled, or its page turned away: the focus may have to leave.
   void CheckFocus();
 
   Application& application_;
@@ -79,10 +81,5 @@ class Form {
   bool closePending_ = false;
   int handlers_ = 0;
 };
-
-template <class Body>
-void Control::Act(Body&& body) {
-  form_.Act(std::forward<Body>(body));
-}
 
 }  // namespace platform

@@ -1,0 +1,165 @@
+#include "platform/application.h"
+
+#include <algorithm>
+#include <cassert>
+
+#include "platform/controls/grid.h"
+#include "platform/controls/toolbar.h"
+
+namespace platform {
+
+Application::Application(ApplicationParts parts) : parts_(std::move(parts)) {
+  threadId_ = parts_.threadId.value_or(parts_.system->ProcessNumber());
+  parts_.engine->OnWait([this] { parts_.frontEnd->ServePainting(); });
+}
+
+Application::~Application() = default;
+
+Form& Application::FormAt(int index) const {
+  if (index < 0 || index >= FormCount()) throw error::SubscriptOutOfRange();
+  return *forms_[static_cast<std::size_t>(index)];
+}
+
+Form* Application::ActiveForm() const noexcept {
+  for (auto form = modal_.rbegin(); form != modal_.rend(); ++form)
+    if ((*form)->visible_) return *form;
+  return nullptr;
+}
+
+void Application::Load(Form& form) {
+  if (form.loaded_ || form.loading_ || form.unloading_) return;
+  form.loading_ = true;
+  forms_.push_back(&form);
+  parts_.frontEnd->Loaded(form);
+  form.loaded_ = true;
+  try {
+    form.Form_Load();
+  } catch (const Error& error) {
+    Unhandled(error);
+  }
+  form.loading_ = false;
+}
+
+void Application::Show(Form& form) {
+  modal_.push_back(&form);
+  Load(form);
+  if (form.loaded_) {
+    form.visible_ = true;
+    parts_.frontEnd->Shown(form);
+    Activate(form);
+    if (form.visible_) parts_.frontEnd->RunModal(form, [&form] { return !form.visible_; });
+  }
+  std::erase(modal_, &form);
+  Form* below = ActiveForm();
+  if (below) Activate(*below);
+  Purge();
+}
+
+void Application::Activate(Form& form) {
+  Act(form, [&form] { form.Form_Activate(); });
+}
+
+void Application::Hide(Form& form) {
+  if (!form.visible_) return;
+  form.visible_ = false;
+  parts_.frontEnd->Hidden(form);
+}
+
+void Application::Unload(Form& form) {
+  if (!form.loaded_ || form.unloading_) return;
+  form.unloading_ = true;
+  // What the user has typed into a list is written before the screen goes.
+  for (Control* control : form.controls_) {
+    auto* grid = dynamic_cast<Grid*>(control);
+    if (!grid) continue;
+    try {
+      if (grid->TakeOpenCell() && grid->DataChanged()) grid->WritePendingRow();
+    } catch (const Error& error) {
+      Unhandled(error);
+    }
+  }
+  try {
+    form.Form_Unload();
+  } catch (const Error& error) {
+    Unhandled(error);
+  }
+  Hide(form);
+  form.loaded_ = false;
+  std::erase(forms_, &form);
+  parts_.frontEnd->Unloaded(form);
+  form.unloading_ = false;
+  form.closePending_ = false;
+}
+
+void Application::Bury(std::unique_ptr<Form> form) {
+  if (!form) return;
+  buried_.push_back(std::move(form));
+}
+
+void Application::Purge() {
+  if (depth_ > 0) return;
+  std::erase_if(buried_, [this](const std::unique_ptr<Form>& form) {
+    const bool inUse =
+        form->handlers_ > 0 || form->loaded_ || form->unloading_ || std::find(modal_.begin(), modal_.end(), form.get()) != modal_.end();
+    return !inUse;
+  });
+}
+
+void Application::DoEvents() { parts_.frontEnd->DoEvents(); }
+
+int Application::MsgBox(const std::string& text, int style, const std::string& title) {
+  return parts_.frontEnd->MessageBox(text, style, title);
+}
+
+void Application::MousePointer(int pointer) {
+  pointer_ = pointer;
+  parts_.frontEnd->Pointer(pointer);
+}
+
+void Application::Act(Form& form, const std::function<void()>& body) {
+  ++depth_;
+  ++form.handlers_;
+  std::vector<Toolbar*> enabledBars;
+  for (Control* control : form.controls_) {
+    auto* bar = dynamic_cast<Toolbar*>(control);
+    if (bar && bar->Enabled()) enabledBars.push_back(bar);
+  }
+  try {
+    body();
+  } catch (const Error& error) {
+    if (form.loaded_)
+      for (Toolbar* bar : enabledBars) bar->Enabled(true);
+    Unhandled(error);
+  }
+  --form.handlers_;
+  if (form.closePending_ && form.handlers_ == 0) {
+    form.closePending_ = false;
+    Unload(form);
+  }
+  --depth_;
+  Purge();
+}
+
+void Application::Unhandled(const Error& error) {
+  Log(LogLevel::Failure, "no handler: " + std::to_string(error.Number()) + " " + error.Description());
+  if (OnUnhandled) OnUnhandled(error);
+  MsgBox(error.Description(), box::Exclamation, parts_.title);
+}
+
+void Application::Close(Form& form) {
+  if (form.handlers_ > 0) {
+    form.closePending_ = true;
+    return;
+  }
+  Act(form, [&] { Unload(form); });
+}
+
+void Application::Log(LogLevel level, std::string_view text) const noexcept {
+  if (parts_.diagnosticLog && level >= parts_.diagnosticLog->Lowest()) parts_.diagnosticLog->Write(level, text);
+}
+
+void Application::Changed(Form& form, Control* control, Aspect aspect) {
+  if (form.loaded_ || form.loading_) parts_.frontEnd->Changed(form, control, aspect);
+}
+
+}  // namespace platform

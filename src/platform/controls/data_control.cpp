@@ -1,0 +1,137 @@
+#include "platform/controls/data_control.h"
+
+#include <cassert>
+
+#include "platform/application.h"
+#include "platform/controls/combo.h"
+#include "platform/controls/control_recordset.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/label.h"
+#include "platform/convert.h"
+#include "platform/error.h"
+
+namespace platform {
+
+DataControl::DataControl(Form& form, std::string name) : Control(form, std::move(name)) {}
+DataControl::DataControl(Form& form, std::string name, int index) : Control(form, std::move(name), index) {}
+
+DataControl::~DataControl() {
+  CloseList();
+  try {
+    if (!database_.IsNothing()) database_->Close();
+  } catch (const Error&) {
+    // Closed before by the shutdown of the session: nothing is left to close.
+  }
+}
+
+void DataControl::RecordSource(std::string source) { recordSource_ = std::move(source); }
+
+void DataControl::Refresh() {
+  assert(!inReposition_ && "a list must not be refreshed by its own Reposition");
+  if (recordSource_.empty()) return;
+  Open();
+  ++refreshCount_;
+  if (grid_) grid_->ListOpened();
+  for (ComboBox* combo : combos_) combo->SourceRefreshed();
+  if (Owner().App().OnRefreshed) Owner().App().OnRefreshed(*this);
+  RowBecameCurrent();
+}
+
+void DataControl::Open() {
+  Application& app = Owner().App();
+  // The new list is opened before the old one goes, so that a failure leaves the old one in use.
+  DatabaseRef database = database_;
+  const bool otherFile = database_.IsNothing() || openName_ != databaseName_;
+  if (otherFile) database = app.Engine().OpenControlDatabase(databaseName_);
+  RecordsetRef rows;
+  RecordsetRef listRows;
+  try {
+    rows = database->OpenRecordset(recordSource_, RecordsetType::Dynaset);
+    listRows = rows->Clone();
+  } catch (const Error&) {
+    if (otherFile) database->Close();
+    throw;
+  }
+  if (grid_) grid_->DropPending();
+  CloseList();
+  if (otherFile) {
+    if (!database_.IsNothing()) database_->Close();
+    database_ = database;
+    openName_ = databaseName_;
+  }
+  recordset_ = std::make_unique<ControlRecordset>(*this, rows);
+  listRows_ = listRows;
+}
+
+void DataControl::CloseList() noexcept {
+  try {
+    if (!listRows_.IsNothing()) listRows_->Close();
+    if (recordset_) recordset_->Close();
+  } catch (const Error&) {
+    // A recordset that the shutdown has closed already is as closed as it can be.
+  }
+  listRows_.Reset();
+  recordset_.reset();
+}
+
+void DataControl::UpdateControls() {
+  if (grid_) grid_->DropPending();
+  ShowBoundLabels();
+  Changed(Aspect::CurrentRow);
+}
+
+Recordset& DataControl::Recordset() const {
+  if (!recordset_) throw error::ObjectNotSet();
+  return *recordset_;
+}
+
+bool DataControl::OnRecord() const {
+  if (!recordset_) return false;
+  try {
+    return recordset_->RecordCount() > 0 && !recordset_->Bof() && !recordset_->Eof();
+  } catch (const Error&) {
+    return false;
+  }
+}
+
+RowWindow* DataControl::Window() const {
+  if (listRows_.IsNothing()) return nullptr;
+  try {
+    return &listRows_->Window();
+  } catch (const Error&) {
+    return nullptr;
+  }
+}
+
+void DataControl::RowBecameCurrent() {
+  if (grid_) grid_->RowBecameCurrent();
+  ShowBoundLabels();
+  Changed(Aspect::CurrentRow);
+  struct Inside {
+    bool& flag;
+    explicit Inside(bool& inside) : flag(inside) { flag = true; }
+    ~Inside() { flag = false; }
+  } inside(inReposition_);
+  Reposition.Fire();
+}
+
+void DataControl::RowWritten() {
+  ShowBoundLabels();
+  if (grid_) grid_->RefreshRow();
+}
+
+void DataControl::Bind(Label& label, std::string field) { labels_.push_back({&label, std::move(field)}); }
+
+void DataControl::ShowBoundLabels() {
+  for (const BoundLabel& bound : labels_) {
+    std::string text;
+    try {
+      if (OnRecord()) text = CStr(Concat(recordset_->Field(bound.field), ""));
+    } catch (const Error&) {
+      // A row that can't be read shows empty.
+    }
+    bound.label->Caption(text);
+  }
+}
+
+}  // namespace platform

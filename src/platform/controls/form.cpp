@@ -1,0 +1,88 @@
+#include "platform/controls/form.h"
+
+#include <algorithm>
+
+#include "platform/application.h"
+#include "platform/text.h"
+
+namespace platform {
+
+Form::Form(Application& application, std::string name, std::string caption)
+    : application_(application), name_(std::move(name)), caption_(std::move(caption)) {}
+
+Form::~Form() { destroying_ = true; }
+
+void Form::Caption(std::string caption) {
+  if (caption_ == caption) return;
+  caption_ = std::move(caption);
+  application_.Changed(*this, nullptr, Aspect::Text);
+}
+
+Control* Form::Find(std::string_view name, int index) const {
+  for (Control* control : controls_)
+    if (control->Index() == index && EqualsNoCase(control->Name(), name)) return control;
+  return nullptr;
+}
+
+void Form::Register(Control& control) { controls_.push_back(&control); }
+
+void Form::Unregister(Control& control) {
+  if (focus_ == &control) focus_ = nullptr;
+  if (wantedFocus_ == &control) wantedFocus_ = nullptr;
+  std::erase(controls_, &control);
+}
+
+void Form::MoveFocus(Control* to) {
+  if (focusMoving_) {
+    wantedFocus_ = to;
+    focusWanted_ = true;
+    return;
+  }
+  if (to == focus_) return;
+  struct Moving {
+    bool& flag;
+    explicit Moving(bool& moving) : flag(moving) { flag = true; }
+    ~Moving() { flag = false; }
+  };
+  {
+    Moving moving(focusMoving_);
+    Control* from = focus_;
+    focus_ = to;
+    if (from) from->LostFocus.Fire();
+    if (to) to->GotFocus.Fire();
+    if (loaded_) application_.Changed(*this, to, Aspect::Focus);
+  }
+  if (!focusWanted_) return;
+  focusWanted_ = false;
+  Control* wanted = std::exchange(wantedFocus_, nullptr);
+  if (!wanted || (wanted->EffectivelyVisible() && wanted->EffectivelyEnabled())) MoveFocus(wanted);
+}
+
+Control* Form::NextInTabOrder(const Control* from, bool backwards) const {
+  const auto count = controls_.size();
+  if (count == 0) return nullptr;
+  auto at = static_cast<std::size_t>(std::find(controls_.begin(), controls_.end(), from) - controls_.begin());
+  if (at == count) at = backwards ? 0 : count - 1;
+  for (std::size_t step = 0; step < count; ++step) {
+    at = backwards ? (at + count - 1) % count : (at + 1) % count;
+    Control* control = controls_[at];
+    if (control != from && control->TakesFocus() && control->EffectivelyVisible() && control->EffectivelyEnabled()) return control;
+  }
+  return nullptr;
+}
+
+void Form::CheckFocus() {
+  if (!focus_ || destroying_) return;
+  if (focus_->EffectivelyVisible() && focus_->EffectivelyEnabled()) return;
+  MoveFocus(NextInTabOrder(focus_));
+}
+
+void Form::UserFocus(Control& control) {
+  Act([&] { control.SetFocus(); });
+}
+
+void Form::UserClose() { application_.Close(*this); }
+
+void Form::Act(const std::function<void()>& body) { application_.Act(*this, body); }
+
+}  // namespace platform

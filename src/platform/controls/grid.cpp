@@ -1,0 +1,291 @@
+#include "platform/controls/grid.h"
+
+#include <algorithm>
+
+#include "platform/controls/control_recordset.h"
+#include "platform/controls/data_control.h"
+#include "platform/controls/form.h"
+#include "platform/convert.h"
+#include "platform/error.h"
+#include "platform/format.h"
+#include "platform/text.h"
+
+namespace platform {
+
+const Bookmark& SelectedBookmarks::Item(int index) const {
+  if (index < 0 || index >= Count()) throw error::SubscriptOutOfRange();
+  return items_[static_cast<std::size_t>(index)];
+}
+
+void SelectedBookmarks::Add(Bookmark bookmark) {
+  items_.push_back(std::move(bookmark));
+  grid_.Changed(Aspect::Selection);
+}
+
+void SelectedBookmarks::Remove(int index) {
+  if (index < 0 || index >= Count()) throw error::SubscriptOutOfRange();
+  items_.erase(items_.begin() + index);
+  grid_.Changed(Aspect::Selection);
+}
+
+bool SelectedBookmarks::Contains(const Bookmark& bookmark) const {
+  return std::find(items_.begin(), items_.end(), bookmark) != items_.end();
+}
+
+Grid::Grid(Form& form, std::string name) : Control(form, std::move(name)) {}
+Grid::Grid(Form& form, std::string name, int index) : Control(form, std::move(name), index) {}
+
+void Grid::BindTo(DataControl& data) {
+  data_ = &data;
+  data.Attach(*this);
+}
+
+void Grid::Caption(std::string caption) {
+  if (caption_ == caption) return;
+  caption_ = std::move(caption);
+  Changed(Aspect::Text);
+}
+
+void Grid::DefineColumns(std::vector<GridColumn> columns) {
+  columns_ = std::move(columns);
+  Changed(Aspect::Columns);
+}
+
+const GridColumn& Grid::Column(int index) const {
+  if (index < 0 || index >= ColumnCount()) throw error::SubscriptOutOfRange();
+  return columns_[static_cast<std::size_t>(index)];
+}
+
+GridColumn& Grid::DesignColumn(int index) { return const_cast<GridColumn&>(Column(index)); }
+
+int Grid::FieldIndexOf(int column) const {
+  const std::string& field = Column(column).dataField;
+  if (!data_ || !data_->HasRecordset()) return -1;
+  const auto& fields = data_->Recordset().Fields();
+  for (std::size_t i = 0; i < fields.size(); ++i)
+    if (EqualsNoCase(fields[i].name, field)) return static_cast<int>(i);
+  return -1;
+}
+
+Value Grid::ColumnValue(int column) const {
+  if (const auto pending = pending_.find(column); pending != pending_.end()) return pending->second;
+  const int field = FieldIndexOf(column);
+  if (field < 0 || !data_->OnRecord()) return Null;
+  return data_->Recordset().Field(field);
+}
+
+void Grid::ColumnValue(int column, const Value& value) {
+  Column(column);
+  pending_[column] = value;
+  Changed(Aspect::RowContent);
+}
+
+std::string Grid::ShownText(int column, const Value& value) const {
+  const GridColumn& shown = Column(column);
+  if (shown.checkBox) return !value.IsNull() && !value.IsEmpty() && CBool(value) ? "True" : "False";
+  if (value.IsNull() || value.IsEmpty()) return "";
+  for (const auto& [code, text] : shown.valueItems)
+    if (CStr(code) == (value.Kind() == ValueKind::Boolean ? CStr(CInt(value)) : CStr(value))) return text;
+  return shown.numberFormat.empty() ? CStr(value) : Format(value, shown.numberFormat);
+}
+
+void Grid::Splits(int count) noexcept { splits_ = std::clamp(count, 1, 2); }
+
+int Grid::LeftCol(int split) const { return leftCol_[std::clamp(split, 0, 1)]; }
+
+void Grid::LeftCol(int split, int column) {
+  int& left = leftCol_[std::clamp(split, 0, 1)];
+  if (left == column) return;
+  left = column;
+  Changed(Aspect::Columns);
+}
+
+Bookmark Grid::CurrentBookmark() const {
+  if (!data_) throw error::ObjectNotSet();
+  return data_->Recordset().Bookmark();
+}
+
+void Grid::CurrentBookmark(const Bookmark& bookmark) {
+  if (!data_) throw error::ObjectNotSet();
+  data_->Recordset().SetBookmark(bookmark);
+}
+
+void Grid::Row(int ordinal) {
+  if (!data_) throw error::ObjectNotSet();
+  data_->recordset_->SavePending();
+  RowWindow* window = data_->Window();
+  if (!window) throw error::ObjectNotSet();
+  const std::vector<ListRow> rows = window->RowsAt(ordinal, 1);
+  if (!rows.empty()) data_->Recordset().SetBookmark(rows.front().bookmark);
+}
+
+void Grid::WritePendingRow() {
+  if (pending_.empty()) return;
+  if (!data_->OnRecord()) throw Error(3426, "The action was cancelled by an associated object.");
+  auto& rows = data_->Recordset();
+  if (rows.Mode() == EditMode::None) rows.Edit();
+  rows.Update();
+}
+
+void Grid::PendingWritten() {
+  pending_.clear();
+  AfterUpdate.Fire();
+  Changed(Aspect::RowContent);
+}
+
+void Grid::DropPending() {
+  openCell_.reset();
+  if (pending_.empty()) return;
+  pending_.clear();
+  Changed(Aspect::RowContent);
+}
+
+void Grid::ListOpened() {
+  openCell_.reset();
+  pending_.clear();
+  SelBookmarks.items_.clear();
+  leftCol_[0] = 0;
+  if (splits_ > 1) leftCol_[1] = 0;
+  Changed(Aspect::List);
+}
+
+void Grid::RowBecameCurrent() { Changed(Aspect::CurrentRow); }
+
+bool Grid::TakeOpenCell() { return !openCell_ || UserCloseCell(); }
+
+void Grid::UserHeadClick(int column) {
+  Act([&] {
+    SetFocus();
+    if (TakeOpenCell()) HeadClick.Fire(column);
+  });
+}
+
+bool Grid::UserRow(const Bookmark& bookmark) {
+  bool moved = false;
+  Act([&] {
+    SetFocus();
+    if (!TakeOpenCell()) return;
+    data_->Recordset().SetBookmark(bookmark);
+    moved = true;
+  });
+  return moved;
+}
+
+void Grid::UserMove(std::int32_t rows) {
+  Act([&] {
+    if (!data_ || !data_->OnRecord() || !TakeOpenCell()) return;
+    RowWindow* window = data_->Window();
+    if (!window || rows == 0) return;
+    const Bookmark here = data_->Recordset().Bookmark();
+    const auto found = rows > 0 ? window->RowsAfter(here, rows) : window->RowsBefore(here, -rows);
+    if (found.empty()) return;
+    data_->Recordset().SetBookmark(rows > 0 ? found.back().bookmark : found.front().bookmark);
+  });
+}
+
+void Grid::UserFirst() {
+  Act([&] {
+    if (data_ && data_->OnRecord() && TakeOpenCell()) data_->Recordset().MoveFirst();
+  });
+}
+
+void Grid::UserLast() {
+  Act([&] {
+    if (data_ && data_->OnRecord() && TakeOpenCell()) data_->Recordset().MoveLast();
+  });
+}
+
+void Grid::UserMark(std::vector<Bookmark> rows) {
+  Act([&] {
+    SetFocus();
+    std::swap(SelBookmarks.items_, rows);
+    bool cancel = false;
+    SelChange.Fire(cancel);
+    if (cancel) std::swap(SelBookmarks.items_, rows);
+    Changed(Aspect::Selection);
+  });
+}
+
+void Grid::UserScroll(int split, int column) {
+  Act([&] { LeftCol(split, column); });
+}
+
+bool Grid::UserOpenCell(int column) {
+  bool opened = false;
+  Act([&] {
+    SetFocus();
+    if (!TakeOpenCell()) return;
+    if (!Column(column).open || !data_ || !data_->OnRecord()) return;
+    bool cancel = false;
+    BeforeColEdit.Fire(column, cancel);
+    if (cancel) return;
+    openCell_ = column;
+    openText_ = openedText_ = ShownText(column, ColumnValue(column));
+    ColEdit.Fire(column);
+    opened = true;
+    Changed(Aspect::OpenCell);
+  });
+  return opened;
+}
+
+void Grid::UserCellText(std::string text) {
+  if (openCell_) openText_ = std::move(text);
+}
+
+Value Grid::ParseCell(int column, const std::string& text) const {
+  const GridColumn& shown = Column(column);
+  if (shown.checkBox) return Value(EqualsNoCase(text, "True"));
+  for (const auto& [code, item] : shown.valueItems)
+    if (EqualsNoCase(item, text)) return code;
+  return Value(text);
+}
+
+bool Grid::UserCloseCell() {
+  if (!openCell_) return true;
+  bool closed = false;
+  Act([&] {
+    const int column = *openCell_;
+    if (openText_ == openedText_) {
+      openCell_.reset();
+      Changed(Aspect::OpenCell);
+      closed = true;
+      return;
+    }
+    const Value oldValue = ColumnValue(column);
+    const auto held = pending_;
+    pending_[column] = ParseCell(column, openText_);
+    bool cancel = false;
+    BeforeColUpdate.Fire(column, oldValue, cancel);
+    if (cancel) {
+      pending_ = held;
+      openText_ = openedText_;
+      Changed(Aspect::OpenCell);
+      return;
+    }
+    openCell_.reset();
+    Changed(Aspect::OpenCell);
+    AfterColUpdate.Fire(column);
+    AfterColEdit.Fire(column);
+    closed = true;
+  });
+  return closed;
+}
+
+void Grid::UserEscape() {
+  Act([&] {
+    if (openCell_) {
+      openCell_.reset();
+      Changed(Aspect::OpenCell);
+    } else {
+      DropPending();
+    }
+  });
+}
+
+void Grid::UserLeaveRow() {
+  Act([&] {
+    if (TakeOpenCell() && DataChanged()) WritePendingRow();
+  });
+}
+
+}  // namespace platform

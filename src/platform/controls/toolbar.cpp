@@ -1,0 +1,45 @@
+#include "platform/controls/toolbar.h"
+
+#include "platform/controls/form.h"
+#include "platform/error.h"
+#include "platform/text.h"
+
+namespace platform {
+
+ToolbarButton::ToolbarButton(Form& form, Toolbar& toolbar, std::string key, std::string toolTip)
+    : Control(form, std::move(key)), toolbar_(toolbar) {
+  Container(toolbar);
+  ToolTipText(std::move(toolTip));
+}
+
+void ToolbarButton::UserClick() {
+  Act([this] { toolbar_.ButtonClick.Fire(Name()); });
+}
+
+Toolbar::Toolbar(Form& form, std::string name, std::vector<Key> keys) : Control(form, std::move(name)), keys_(std::move(keys)) {
+  for (const Key& key : keys_) buttons_.push_back(std::make_unique<ToolbarButton>(form, *this, key.key, key.toolTip));
+}
+
+ToolbarButton& Toolbar::Button(std::string_view key) const {
+  for (const auto& button : buttons_)
+    if (EqualsNoCase(button->Name(), key)) return *button;
+  throw error::ItemNotFound();
+}
+
+MenuItem::MenuItem(Form& form, std::string name, std::string caption) : Control(form, std::move(name)), caption_(std::move(caption)) {}
+
+void MenuItem::Caption(std::string caption) {
+  caption_ = std::move(caption);
+  Changed(Aspect::Text);
+}
+
+void MenuItem::UserClick() {
+  Act([this] { Click.Fire(); });
+}
+
+Menu::Menu(Form& form, std::string name, std::string caption, std::vector<MenuItem*> items)
+    : Control(form, std::move(name)), caption_(std::move(caption)), items_(std::move(items)) {
+  for (MenuItem* item : items_) item->Container(*this);
+}
+
+}  // namespace platform

@@ -1,0 +1,214 @@
+#include "engine/store/sqlite/connection.h"
+
+#include <sqlite3.h>
+
+#include <cassert>
+#include <thread>
+
+#include "engine/errors.h"
+#include "engine/store/sqlite/functions.h"
+
+namespace engine {
+namespace {
+
+constexpr std::size_t keptStatements = 256;
+constexpr auto lockStep = std::chrono::milliseconds(15);
+
+platform::Error ConstraintError(int code) {
+  if (code == SQLITE_CONSTRAINT_NOTNULL) return errors::NullInKey();
+  return errors::DuplicateKey();
+}
+
+}  // namespace
+
+Connection::Connection(int lockWait) : lockWait_(lockWait) {
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX;
+  if (sqlite3_open_v2(":memory:", &db_, flags, nullptr) != SQLITE_OK) throw std::bad_alloc();
+  sqlite3_extended_result_codes(db_, 1);
+  RegisterFunctions(*this);
+  // Nothing that a file's own schema says may call functions with effects, and damaged pages are noticed early.
+  Execute("PRAGMA trusted_schema=OFF");
+  Execute("PRAGMA cell_size_check=ON");
+}
+
+Connection::~Connection() {
+  DropStatements();
+  sqlite3_close_v2(db_);
+}
+
+void Connection::Execute(const std::string& sql) {
+  StatementSlot slot(*this, sql);
+  const auto start = std::chrono::steady_clock::now();
+  int code = sqlite3_step(slot.statement);
+  while ((code & 0xff) == SQLITE_BUSY && WaitForLock(start)) {
+    sqlite3_reset(slot.statement);
+    code = sqlite3_step(slot.statement);
+  }
+  while (code == SQLITE_ROW) code = sqlite3_step(slot.statement);
+  if (code != SQLITE_DONE) RaiseFor(code, slot);
+  if (slot.writes) CountWrite(slot.file);
+}
+
+std::optional<std::int64_t> Connection::AskNumber(std::string_view sql) {
+  Query query(*this, sql);
+  if (!query.Step() || query.IsNull(0)) return {};
+  return query.Int(0);
+}
+
+std::optional<std::string> Connection::AskText(std::string_view sql) {
+  Query query(*this, sql);
+  if (!query.Step() || query.IsNull(0)) return {};
+  return std::string(query.Text(0));
+}
+
+std::int64_t Connection::LastRowKey() const { return sqlite3_last_insert_rowid(db_); }
+std::int64_t Connection::Changes() const { return sqlite3_changes64(db_); }
+bool Connection::InTransaction() const { return sqlite3_get_autocommit(db_) == 0; }
+
+std::uint64_t Connection::Writes(int file) const {
+  const auto found = writes_.find(file);
+  return found == writes_.end() ? 0 : found->second;
+}
+
+void Connection::CountWrite(int file) {
+  ++writes_[file];
+  wroteInTransaction_ = true;
+}
+
+void Connection::ServePainting() {
+  if (painting_ || !servePainting_) return;
+  painting_ = true;
+  struct Done {
+    bool& flag;
+    ~Done() { flag = false; }
+  } done{painting_};
+  servePainting_();
+}
+
+const std::string& Connection::PathOf(int file) const {
+  static const std::string none;
+  const auto found = paths_.find(file);
+  return found == paths_.end() ? none : found->second;
+}
+
+std::shared_ptr<StatementSlot> Connection::Slot(std::string_view sql) {
+  if (const auto found = bySql_.find(sql); found != bySql_.end() && !(*found->second)->inUse) {
+    recent_.splice(recent_.begin(), recent_, found->second);
+    return recent_.front();
+  }
+  auto slot = std::make_shared<StatementSlot>(*this, sql);
+  if (bySql_.contains(sql)) return slot;  // the kept one is in use: this one lives for its run alone
+  recent_.push_front(slot);
+  bySql_.emplace(slot->sql, recent_.begin());
+  if (recent_.size() > keptStatements) {
+    bySql_.erase(recent_.back()->sql);
+    recent_.pop_back();
+  }
+  return slot;
+}
+
+void Connection::Prepare(StatementSlot& slot) {
+  const int code = sqlite3_prepare_v3(db_, slot.sql.c_str(), static_cast<int>(slot.sql.size()) + 1, 0, &slot.statement, nullptr);
+  if (code == SQLITE_OK) return;
+  const auto start = std::chrono::steady_clock::now();
+  int again = code;
+  while ((again & 0xff) == SQLITE_BUSY && WaitForLock(start))
+    again = sqlite3_prepare_v3(db_, slot.sql.c_str(), static_cast<int>(slot.sql.size()) + 1, 0, &slot.statement, nullptr);
+  if (again != SQLITE_OK) RaiseFor(again, slot);
+}
+
+void Connection::DropStatements() {
+  for (const auto& slot : recent_) {
+    if (slot->inUse) continue;
+    sqlite3_finalize(slot->statement);
+    slot->statement = nullptr;
+  }
+  bySql_.clear();
+  recent_.clear();
+}
+
+bool Connection::WaitForLock(std::chrono::steady_clock::time_point start) {
+  if (std::chrono::steady_clock::now() - start >= std::chrono::milliseconds(lockWait_)) return false;
+  std::this_thread::sleep_for(lockStep);
+  ServePainting();
+  return true;
+}
+
+void Connection::RenewSnapshot() {
+  if (!InTransaction() || wroteInTransaction_ || depth_ != 1) return;
+  sqlite3_exec(db_, "ROLLBACK; BEGIN", nullptr, nullptr, nullptr);
+}
+
+void Connection::RaiseFor(int code, const StatementSlot& slot) {
+  if (pendingError_) {
+    auto error = std::move(*pendingError_);
+    pendingError_.reset();
+    throw error;
+  }
+  Raise(code, slot.writes, slot.file);
+}
+
+void Connection::Raise(int code, bool writing, int file) {
+  switch (code & 0xff) {
+    case SQLITE_CONSTRAINT:
+      throw ConstraintError(code);
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      throw writing ? errors::UpdateLocked() : errors::FileInUse(PathOf(file));
+    case SQLITE_READONLY:
+      throw errors::ReadOnly();
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      throw errors::NotADatabase(PathOf(file));
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+      throw errors::OpenedExclusively(PathOf(file));
+    case SQLITE_IOERR:
+    case SQLITE_FULL:
+      throw errors::DiskOrNetwork();
+    case SQLITE_NOMEM:
+    case SQLITE_TOOBIG:
+      throw platform::Error(3035, "System resource exceeded.");
+    default:
+      break;
+  }
+  throw platform::Error(3000, std::string("Reserved error (") + std::to_string(code) + "): " + sqlite3_errmsg(db_));
+}
+
+Transaction::Transaction(Connection& connection, Kind kind) : connection_(connection), kind_(kind) {
+  outermost_ = !connection.InTransaction();
+  if (outermost_) {
+    Query(connection, "BEGIN").Run();
+    connection.wroteInTransaction_ = false;
+  } else if (kind == Kind::Write) {
+    savepoint_ = "s" + std::to_string(connection.depth_);
+    connection.Execute("SAVEPOINT " + savepoint_);
+  }
+  ++connection.depth_;
+  open_ = true;
+}
+
+void Transaction::Commit() {
+  assert(open_);
+  if (outermost_)
+    Query(connection_, "COMMIT").Run();
+  else if (!savepoint_.empty())
+    connection_.Execute("RELEASE " + savepoint_);
+  open_ = false;
+  --connection_.depth_;
+}
+
+Transaction::~Transaction() {
+  if (!open_) return;
+  --connection_.depth_;
+  // A reading transaction has nothing to undo; ending it either way is the same. A failure here can't be told to anyone,
+  // and the store has then undone the transaction by itself.
+  if (!connection_.InTransaction()) return;
+  if (outermost_)
+    sqlite3_exec(connection_.Handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+  else if (!savepoint_.empty())
+    sqlite3_exec(connection_.Handle(), ("ROLLBACK TO " + savepoint_ + "; RELEASE " + savepoint_).c_str(), nullptr, nullptr, nullptr);
+}
+
+}  // namespace engine

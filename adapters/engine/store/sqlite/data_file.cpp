@@ -1,0 +1,107 @@
+#include "engine/data_file.h"
+
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "engine/errors.h"
+#include "engine/store/sqlite/connection.h"
+#include "engine/store/sqlite/data_files.h"
+#include "engine/store/sqlite/names.h"
+#include "engine/store/sqlite/schema.h"
+#include "engine/text/text_order.h"
+
+namespace engine {
+namespace {
+
+constexpr int lockWait = 2000;
+
+std::string FolderOf(const std::string& path) {
+  const auto slash = path.rfind('/');
+  return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+}
+
+void RequireNewPath(const std::string& path) {
+  if (path.empty() || path.back() == '/' || path.find('\0') != std::string::npos) throw errors::InvalidPath(path);
+  if (::access(FolderOf(path).c_str(), F_OK) != 0) throw errors::InvalidPath(path);
+  if (::access(path.c_str(), F_OK) == 0) throw FileExistsAlready(path);
+  if (LiesOnNetwork(FolderOf(path))) throw OnNetwork(path);
+}
+
+// The empty file, with the journal kind that it then keeps for ever.
+void MakeEmptyStore(const std::string& path) {
+  sqlite3* db = nullptr;
+  int code = sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
+  if (code == SQLITE_OK) code = sqlite3_exec(db, "PRAGMA page_size=4096; PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
+  sqlite3_close(db);
+  if (code == SQLITE_CANTOPEN || code == SQLITE_READONLY) throw errors::OpenedExclusively(path);
+  if (code != SQLITE_OK) throw errors::DiskOrNetwork();
+}
+
+void WriteTables(Connection& connection, std::span<const platform::TableDefinition> tables, bool workFile) {
+  const std::string file = "f1";
+  const std::string info = "\"f1\"." + QuoteName(infoTable);
+  Transaction transaction(connection, Transaction::Kind::Write);
+  connection.Execute("CREATE TABLE " + info + " (key TEXT PRIMARY KEY, value TEXT)");
+  connection.Execute("INSERT INTO " + info + " VALUES ('format', '" + std::to_string(fileFormat) + "'), ('text order', '" +
+                     std::to_string(kTextOrderVersion) + "'), ('kind', '" + (workFile ? "work" : "company") + "')");
+  connection.Execute("CREATE TABLE \"f1\"." + QuoteName(linksTable) + " (name TEXT PRIMARY KEY COLLATE NOCASE, path TEXT, source TEXT)");
+  for (const platform::TableDefinition& table : tables) {
+    connection.Execute(CreateTableText(file, table));
+    for (const std::string& text : CreateIndexTexts(file, table)) connection.Execute(text);
+  }
+  transaction.Commit();
+}
+
+}  // namespace
+
+void CreateDataFile(const std::string& path, std::span<const platform::TableDefinition> tables, bool workFile) {
+  RequireNewPath(path);
+  try {
+    MakeEmptyStore(path);
+    Connection connection(lockWait);
+    connection.NameFile(1, path);
+    connection.Execute("ATTACH " + QuoteText(path) + " AS \"f1\"");
+    connection.Execute(std::string("PRAGMA \"f1\".synchronous=") + (workFile ? "OFF" : "FULL"));
+    WriteTables(connection, tables, workFile);
+  } catch (...) {
+    for (const char* suffix : {"", "-wal", "-shm"}) std::remove((path + suffix).c_str());
+    throw;
+  }
+}
+
+void BackupDataFile(const std::string& from, const std::string& to, const std::function<void(int, int)>& progress) {
+  RequireNewPath(to);
+  Connection connection(lockWait);
+  DataFiles files(connection, [](const std::string&) { return false; });
+  const auto source = files.Open(from);
+
+  // One reading transaction over the whole copy: writers go on, and the copy shows one moment.
+  Transaction snapshot(connection, Transaction::Kind::Read);
+  source->TableNames();
+
+  sqlite3* target = nullptr;
+  int code = sqlite3_open_v2(to.c_str(), &target, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
+  sqlite3_backup* backup = code == SQLITE_OK ? sqlite3_backup_init(target, "main", connection.Handle(), source->Alias().c_str()) : nullptr;
+  if (backup != nullptr) {
+    constexpr int pagesAStep = 2048;
+    while ((code = sqlite3_backup_step(backup, pagesAStep)) == SQLITE_OK || code == SQLITE_BUSY || code == SQLITE_LOCKED) {
+      const int all = sqlite3_backup_pagecount(backup);
+      if (progress) progress(all - sqlite3_backup_remaining(backup), all);
+      if (code != SQLITE_OK) sqlite3_sleep(20);
+    }
+    const int all = sqlite3_backup_pagecount(backup);
+    sqlite3_backup_finish(backup);
+    if (code == SQLITE_DONE && progress) progress(all, all);
+  } else if (code == SQLITE_OK) {
+    code = sqlite3_errcode(target);
+  }
+  sqlite3_close(target);
+  if (code == SQLITE_DONE) return;
+  std::remove(to.c_str());
+  if (code == SQLITE_CANTOPEN) throw errors::OpenedExclusively(to);
+  connection.Raise(code, true, 1);
+}
+
+}  // namespace engine

@@ -1,0 +1,182 @@
+#include "engine/store/sqlite/data_files.h"
+
+#include <sqlite3.h>
+
+#include "engine/errors.h"
+#include "engine/store/sqlite/names.h"
+#include "engine/store/sqlite/schema.h"
+#include "engine/text/text_order.h"
+
+namespace engine {
+namespace {
+
+constexpr int cacheKilobytes = 8192;
+
+// The path as the store's file names want it: with everything but plain signs as %xx.
+std::string FileUri(const std::string& path, std::string_view options) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  std::string uri = "file:";
+  for (const char c : path) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool plain = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || (byte >= '0' && byte <= '9') || c == '/' ||
+                       c == '-' || c == '_' || c == '.';
+    if (plain) {
+      uri += c;
+    } else {
+      uri += '%';
+      uri += digits[byte >> 4];
+      uri += digits[byte & 15];
+    }
+  }
+  return uri.append(options);
+}
+
+std::string InfoQuery(const std::string& alias, std::string_view key) {
+  return "SELECT value FROM " + QuoteName(alias) + '.' + QuoteName(infoTable) + " WHERE key = " + QuoteText(key);
+}
+
+bool HasInfoTable(Connection& connection, const std::string& alias) {
+  return connection.AskNumber("SELECT count(*) FROM " + QuoteName(alias) + ".sqlite_schema WHERE name = " + QuoteText(infoTable)) == 1;
+}
+
+// Formats and text orders have whole numbers; what can't be read as one is a damaged file.
+std::int64_t AskInfo(Connection& connection, const std::string& alias, std::string_view key, const std::string& path) {
+  const auto text = connection.AskText(InfoQuery(alias, key));
+  std::int64_t number = 0;
+  if (!text || text->empty() || text->size() > 9) throw errors::NotADatabase(path);
+  for (const char c : *text) {
+    if (c < '0' || c > '9') throw errors::NotADatabase(path);
+    number = number * 10 + (c - '0');
+  }
+  return number;
+}
+
+}  // namespace
+
+DataFile::DataFile(Connection& connection, int number, std::string path, bool readOnly, bool workFile)
+    : connection_(connection),
+      number_(number),
+      alias_("f" + std::to_string(number)),
+      path_(std::move(path)),
+      readOnly_(readOnly),
+      workFile_(workFile),
+      dataVersion_("PRAGMA " + QuoteName(alias_) + ".data_version") {}
+
+DataFile::~DataFile() {
+  if (onGone_) onGone_(*this);
+}
+
+FileVersion DataFile::Version() {
+  Query query(connection_, dataVersion_);
+  query.Step();
+  return {query.Int(0), connection_.Writes(number_)};
+}
+
+std::int64_t DataFile::SchemaVersion() { return connection_.AskNumber("PRAGMA " + QuoteName(alias_) + ".schema_version").value_or(0); }
+
+std::vector<std::string> DataFile::TableNames() { return ReadTableNames(connection_, alias_); }
+
+std::vector<StoredLink> DataFile::Links() {
+  std::vector<StoredLink> links;
+  Query query(connection_, "SELECT name, path, source FROM " + QuoteName(alias_) + '.' + QuoteName(linksTable) + " ORDER BY rowid");
+  while (query.Step()) links.push_back({std::string(query.Text(0)), std::string(query.Text(1)), std::string(query.Text(2))});
+  return links;
+}
+
+void DataFile::AddLink(const StoredLink& link) {
+  if (readOnly_) throw errors::ReadOnly();
+  Query query(connection_, "INSERT INTO " + QuoteName(alias_) + '.' + QuoteName(linksTable) + " (name, path, source) VALUES (?1, ?2, ?3)");
+  query.Bind(1, std::string_view(link.name));
+  query.Bind(2, std::string_view(link.path));
+  query.Bind(3, std::string_view(link.source));
+  try {
+    query.Run();
+  } catch (const platform::Error& error) {
+    if (error.Number() == 3022) throw errors::ObjectExists(link.name);
+    throw;
+  }
+}
+
+DataFiles::~DataFiles() { *alive_ = false; }
+
+std::shared_ptr<DataFile> DataFiles::Open(std::string_view path) {
+  const std::string canonical = CanonicalPath(path);
+  if (auto file = files_[canonical].lock()) return file;
+  if (onNetwork_ ? onNetwork_(canonical) : LiesOnNetwork(canonical)) throw OnNetwork(canonical);
+  DetachLeftovers();
+  return Attach(canonical);
+}
+
+std::shared_ptr<DataFile> DataFiles::Attach(const std::string& path) {
+  RequireDataFile(path);
+  const int number = ++lastNumber_;
+  const std::string alias = "f" + std::to_string(number);
+  connection_.NameFile(number, path);
+  AttachStatement(path, alias);
+
+  bool workFile = false;
+  try {
+    if (!HasInfoTable(connection_, alias)) throw errors::UnrecognizedFormat(path);
+    if (AskInfo(connection_, alias, "format", path) > fileFormat) throw NewerFormat(path);
+    if (AskInfo(connection_, alias, "text order", path) > kTextOrderVersion) throw NewerFormat(path);
+    workFile = connection_.AskText(InfoQuery(alias, "kind")) == "work";
+    connection_.Execute("PRAGMA " + QuoteName(alias) + ".cache_size=" + std::to_string(-cacheKilobytes));
+    connection_.Execute("PRAGMA " + QuoteName(alias) + ".synchronous=" + (workFile ? "OFF" : "FULL"));
+    connection_.Execute("PRAGMA " + QuoteName(alias) + ".mmap_size=0");
+  } catch (...) {
+    Abandon(alias);
+    throw;
+  }
+  const bool readOnly = sqlite3_db_readonly(connection_.Handle(), alias.c_str()) == 1;
+  auto file = std::make_shared<DataFile>(connection_, number, path, readOnly, workFile);
+  file->onGone_ = [this, alive = alive_](const DataFile& gone) {
+    if (*alive) Detach(gone);
+  };
+  files_[path] = file;
+  return file;
+}
+
+void DataFiles::AttachStatement(const std::string& path, const std::string& alias) {
+  const auto attach = [&](std::string_view way) {
+    connection_.Execute("ATTACH " + QuoteText(FileUri(path, way)) + " AS " + QuoteName(alias));
+    connection_.AskNumber("SELECT count(*) FROM " + QuoteName(alias) + ".sqlite_schema");
+  };
+  try {
+    attach("?mode=rw");
+  } catch (const platform::Error& error) {
+    Abandon(alias);
+    if (error.Number() == 3218) throw errors::FileInUse(path);
+    if (error.Number() != 3051 && error.Number() != 3027) throw;
+    // A file in a folder that can't be written to has no place for the store's side files: it can be read as it stands,
+    // as long as nobody has left a log beside it.
+    if (HasLog(path)) throw errors::OpenedExclusively(path);
+    try {
+      attach("?mode=ro&immutable=1");
+    } catch (const platform::Error&) {
+      Abandon(alias);
+      throw errors::OpenedExclusively(path);
+    }
+  }
+}
+
+void DataFiles::Abandon(const std::string& alias) {
+  leftovers_.push_back(alias);
+  DetachLeftovers();
+}
+
+void DataFiles::Detach(const DataFile& file) {
+  files_.erase(file.Path());
+  Abandon(file.Alias());
+}
+
+// A file can't be detached while a statement on it runs or a transaction is open; it is tried again before the next attach.
+void DataFiles::DetachLeftovers() {
+  if (leftovers_.empty()) return;
+  connection_.DropStatements();
+  std::erase_if(leftovers_, [&](const std::string& alias) {
+    const int code = sqlite3_exec(connection_.Handle(), ("DETACH " + QuoteName(alias)).c_str(), nullptr, nullptr, nullptr);
+    return code == SQLITE_OK || sqlite3_db_filename(connection_.Handle(), alias.c_str()) == nullptr;
+  });
+}
+
+}  // namespace engine

@@ -1,0 +1,119 @@
+#include "engine/store/sqlite/functions.h"
+
+#include <sqlite3.h>
+
+#include <exception>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/store/sqlite/connection.h"
+#include "engine/text/like.h"
+#include "engine/text/text_order.h"
+#include "engine/translate/dialect.h"
+#include "engine/translate/store_functions.h"
+
+namespace engine {
+namespace {
+
+std::string_view TextOf(sqlite3_value* value) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  return text == nullptr ? std::string_view() : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+}
+
+int Collate(void*, int leftSize, const void* left, int rightSize, const void* right) {
+  return CompareText({static_cast<const char*>(left), static_cast<std::size_t>(leftSize)},
+                     {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
+}
+
+// The store's functions can't throw: the error waits in the connection until the statement has failed.
+void Fail(sqlite3_context* context, Connection& connection, std::exception_ptr failure) {
+  try {
+    std::rethrow_exception(failure);
+  } catch (const platform::Error& error) {
+    connection.PendingError(error);
+    sqlite3_result_error(context, error.what(), -1);
+  } catch (const std::bad_alloc&) {
+    sqlite3_result_error_nomem(context);
+  }
+}
+
+// A pattern that stays the same for a whole statement is read once.
+const LikePattern& PatternOf(sqlite3_context* context, sqlite3_value* argument, std::unique_ptr<LikePattern>& own) {
+  if (const auto* kept = static_cast<const LikePattern*>(sqlite3_get_auxdata(context, 1))) return *kept;
+  own = std::make_unique<LikePattern>(TextOf(argument));
+  return *own;
+}
+
+void Like(sqlite3_context* context, int, sqlite3_value** arguments) {
+  auto& connection = *static_cast<Connection*>(sqlite3_user_data(context));
+  if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || sqlite3_value_type(arguments[1]) == SQLITE_NULL)
+    return sqlite3_result_null(context);
+  try {
+    std::unique_ptr<LikePattern> own;
+    sqlite3_result_int(context, PatternOf(context, arguments[1], own).Matches(TextOf(arguments[0])) ? -1 : 0);
+    if (own)
+      sqlite3_set_auxdata(context, 1, own.release(), [](void* gone) { std::unique_ptr<LikePattern>(static_cast<LikePattern*>(gone)); });
+  } catch (...) {
+    Fail(context, connection, std::current_exception());
+  }
+}
+
+StoredValue ArgumentOf(sqlite3_value* value) {
+  switch (sqlite3_value_type(value)) {
+    case SQLITE_INTEGER:
+      return std::int64_t{sqlite3_value_int64(value)};
+    case SQLITE_FLOAT:
+      return sqlite3_value_double(value);
+    case SQLITE_NULL:
+      return std::monostate();
+    default:
+      return std::string(TextOf(value));
+  }
+}
+
+void Answer(sqlite3_context* context, const StoredValue& value) {
+  if (const auto* number = std::get_if<std::int64_t>(&value)) return sqlite3_result_int64(context, *number);
+  if (const auto* real = std::get_if<double>(&value)) return sqlite3_result_double(context, *real);
+  if (const auto* text = std::get_if<std::string>(&value))
+    return sqlite3_result_text64(context, text->data(), text->size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  sqlite3_result_null(context);
+}
+
+// What a registered helper needs when it is called.
+struct Helper {
+  Connection* connection;
+  const StoreFunction* function;
+};
+
+[[maybe_unused]] void CallHelper(sqlite3_context* context, int count, sqlite3_value** arguments) {
+  const auto& helper = *static_cast<const Helper*>(sqlite3_user_data(context));
+  try {
+    std::vector<StoredValue> values;
+    values.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) values.push_back(ArgumentOf(arguments[i]));
+    Answer(context, helper.function->call(values));
+  } catch (...) {
+    Fail(context, *helper.connection, std::current_exception());
+  }
+}
+
+}  // namespace
+
+void RegisterFunctions(Connection& connection) {
+  const Dialect dialect;
+  constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+  sqlite3* db = connection.Handle();
+  sqlite3_create_collation_v2(db, dialect.collation.c_str(), SQLITE_UTF8, nullptr, Collate, nullptr);
+  sqlite3_create_function_v2(db, dialect.like.c_str(), 2, flags, &connection, Like, nullptr, nullptr, nullptr);
+#ifdef ORCUSSCH_STORE_FUNCTIONS
+  for (const StoreFunction& function : StoreFunctions()) {
+    auto helper = std::make_unique<Helper>(Helper{&connection, &function});
+    const std::string name = dialect.functionPrefix + std::string(function.name);
+    sqlite3_create_function_v2(db, name.c_str(), function.arguments, flags, helper.release(), CallHelper, nullptr, nullptr,
+                               [](void* gone) { std::unique_ptr<Helper>(static_cast<Helper*>(gone)); });
+  }
+#endif
+}
+
+}  // namespace engine

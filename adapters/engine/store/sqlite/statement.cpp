@@ -1,0 +1,166 @@
+#include "engine/store/sqlite/statement.h"
+
+#include <sqlite3.h>
+
+#include <cassert>
+#include <charconv>
+#include <chrono>
+#include <limits>
+
+#include "engine/errors.h"
+#include "engine/store/sqlite/connection.h"
+#include "engine/store/sqlite/stored_values.h"
+
+namespace engine {
+namespace {
+
+using platform::FieldType;
+using platform::Value;
+using platform::ValueKind;
+
+// The number of the first file ("f3".) that a statement names: what a write changes, and what an error message is about.
+int FirstFile(std::string_view sql) {
+  for (std::size_t at = sql.find("\"f"); at != std::string_view::npos; at = sql.find("\"f", at + 1)) {
+    int number = 0;
+    const char* end = sql.data() + sql.size();
+    const auto result = std::from_chars(sql.data() + at + 2, end, number);
+    if (result.ec == std::errc() && end - result.ptr >= 2 && result.ptr[0] == '"' && result.ptr[1] == '.') return number;
+  }
+  return 0;
+}
+
+template <class Whole>
+Value WholeNumber(std::int64_t number) {
+  if (number < std::numeric_limits<Whole>::min() || number > std::numeric_limits<Whole>::max()) throw errors::NumericOverflow();
+  return static_cast<Whole>(number);
+}
+
+}  // namespace
+
+StatementSlot::StatementSlot(Connection& connection, std::string_view text) : sql(text), file(FirstFile(text)) {
+  connection.Prepare(*this);
+  writes = statement != nullptr && sqlite3_stmt_readonly(statement) == 0;
+}
+
+StatementSlot::~StatementSlot() { sqlite3_finalize(statement); }
+
+Query::Query(Connection& connection, SqlText& sql) : connection_(connection) {
+  if (!sql.slot || sql.slot->inUse || sql.slot->statement == nullptr) sql.slot = connection.Slot(sql.text);
+  Open(sql.slot);
+}
+
+Query::Query(Connection& connection, std::string_view sql) : connection_(connection) { Open(connection.Slot(sql)); }
+
+void Query::Open(std::shared_ptr<StatementSlot> slot) {
+  slot_ = std::move(slot);
+  slot_->inUse = true;
+  statement_ = slot_->statement;
+}
+
+Query::~Query() {
+  sqlite3_reset(statement_);
+  sqlite3_clear_bindings(statement_);
+  slot_->inUse = false;
+}
+
+void Query::BindNull(int index) { sqlite3_bind_null(statement_, index); }
+void Query::Bind(int index, std::int64_t number) { sqlite3_bind_int64(statement_, index, number); }
+void Query::Bind(int index, double number) { sqlite3_bind_double(statement_, index, number); }
+void Query::Bind(int index, std::string_view text) {
+  sqlite3_bind_text64(statement_, index, text.data() == nullptr ? "" : text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+
+void Query::Bind(int index, const Value& value) {
+  switch (value.Kind()) {
+    case ValueKind::Empty:
+    case ValueKind::Null:
+      return BindNull(index);
+    case ValueKind::Boolean:
+      return Bind(index, std::int64_t{value.As<bool>() ? -1 : 0});
+    case ValueKind::Byte:
+      return Bind(index, std::int64_t{value.As<std::uint8_t>()});
+    case ValueKind::Short:
+      return Bind(index, std::int64_t{value.As<std::int16_t>()});
+    case ValueKind::Long:
+      return Bind(index, std::int64_t{value.As<std::int32_t>()});
+    case ValueKind::Currency:
+      return Bind(index, value.As<platform::Currency>().tenThousandths);
+    case ValueKind::Double:
+      return Bind(index, value.As<double>());
+    case ValueKind::Date:
+      return Bind(index, std::string_view(StoredDate(value.As<platform::Date>())));
+    case ValueKind::Text:
+      return Bind(index, std::string_view(value.As<std::string>()));
+  }
+}
+
+bool Query::Step() {
+  const int code = stepped_ ? sqlite3_step(statement_) : FirstStep();
+  stepped_ = true;
+  if (code == SQLITE_ROW) return true;
+  if (code == SQLITE_DONE) {
+    if (slot_->writes) connection_.CountWrite(slot_->file);
+    return false;
+  }
+  connection_.RaiseFor(code, *slot_);
+}
+
+// A lock is met at the first step, before anything was read or written: so the statement can begin anew.
+int Query::FirstStep() {
+  int code = sqlite3_step(statement_);
+  if ((code & 0xff) != SQLITE_BUSY) return code;
+  const auto start = std::chrono::steady_clock::now();
+  while ((code & 0xff) == SQLITE_BUSY && connection_.WaitForLock(start)) {
+    sqlite3_reset(statement_);
+    connection_.RenewSnapshot();
+    code = sqlite3_step(statement_);
+  }
+  return code;
+}
+
+void Query::Run() {
+  while (Step()) {
+  }
+}
+
+void Query::Again() {
+  sqlite3_reset(statement_);
+  stepped_ = false;
+}
+
+bool Query::IsNull(int column) const { return sqlite3_column_type(statement_, column) == SQLITE_NULL; }
+std::int64_t Query::Int(int column) const { return sqlite3_column_int64(statement_, column); }
+
+std::string_view Query::Text(int column) const {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
+  return text == nullptr ? std::string_view() : std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column)));
+}
+
+Value Query::Read(int column, FieldType type) const {
+  if (IsNull(column)) return platform::Null;
+  switch (type) {
+    case FieldType::Boolean:
+      return Int(column) != 0;
+    case FieldType::Byte:
+      return WholeNumber<std::uint8_t>(Int(column));
+    case FieldType::Short:
+      return WholeNumber<std::int16_t>(Int(column));
+    case FieldType::Long:
+    case FieldType::Counter:
+      return WholeNumber<std::int32_t>(Int(column));
+    case FieldType::Currency:
+      return platform::Currency{Int(column)};
+    case FieldType::Double:
+      return sqlite3_column_double(statement_, column);
+    case FieldType::Date: {
+      const auto date = ParseStoredDate(Text(column));
+      return date ? Value(*date) : Value(platform::Null);
+    }
+    case FieldType::Text:
+    case FieldType::Memo:
+      return Text(column);
+  }
+  return platform::Null;
+}
+
+}  // namespace engine

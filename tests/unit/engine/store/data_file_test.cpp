@@ -1,0 +1,323 @@
+#include "engine/data_file.h"
+
+#include <sys/stat.h>
+
+#include <fstream>
+
+#include "engine/store/sqlite/connection.h"
+#include "engine/store/sqlite/data_files.h"
+#include "engine/store/sqlite/schema.h"
+#include "unit/engine/support/engine_fixture.h"
+
+namespace engine {
+namespace {
+
+using platform::Currency;
+using platform::FieldType;
+using platform::Null;
+using platform::TableDefinition;
+using platform::Value;
+
+bool noNetwork(const std::string&) { return false; }
+
+TableDefinition People() {
+  return {"People",
+          {Field("ID", FieldType::Counter), TextField("Name", 10), Field("Notes", FieldType::Memo),
+           Field("Limit", FieldType::Currency, Currency{15000}), Field("Active", FieldType::Boolean, Value(true)),
+           Field("Since", FieldType::Date), Field("Rate", FieldType::Double, Value(0.5)),
+           Field("Age", FieldType::Short, Value(std::int16_t{0})), Field("Kind", FieldType::Byte), Field("Boss", FieldType::Long)},
+          {{"PrimaryKey", {"ID"}, true, true}, {"ByName", {"Name"}, false, false}, {"Pair", {"Boss", "Age"}, true, false}}};
+}
+TableDefinition Codes() { return {"Codes", {TextField("Code", 1), TextField("Text", 20)}, {{"PrimaryKey", {"Code"}, true, true}}}; }
+
+class DataFileTest : public EngineFolderTest {
+ protected:
+  std::string Make(const std::string& name = "a.zdb", bool workFile = false) {
+    const std::vector<TableDefinition> tables{People(), Codes()};
+    CreateDataFile(Path(name), tables, workFile);
+    return Path(name);
+  }
+  // What opening the file says.
+  int OpenError(const std::string& path, NetworkTest network = noNetwork) {
+    return ErrorOf([&] { Open(path, network); });
+  }
+  std::string OpenDescription(const std::string& path, NetworkTest network = noNetwork) {
+    return DescriptionOf([&] { Open(path, network); });
+  }
+  void Open(const std::string& path, NetworkTest network) {
+    Connection connection(100);
+    DataFiles files(connection, network);
+    files.Open(path);
+  }
+  void Write(const std::string& path, std::string_view bytes) { std::ofstream(path, std::ios::binary) << bytes; }
+};
+
+TEST_F(DataFileTest, DefinitionComesBackFromTheFile) {
+  const std::string path = Make();
+  Connection connection(100);
+  DataFiles files(connection, noNetwork);
+  const auto file = files.Open(path);
+  EXPECT_EQ(file->TableNames(), (std::vector<std::string>{"People", "Codes"}));
+
+  const TableDefinition expected = People();
+  const TableDefinition read = ReadTable(connection, file->Alias(), "People");
+  ASSERT_EQ(read.fields.size(), expected.fields.size());
+  for (std::size_t i = 0; i < expected.fields.size(); ++i) {
+    EXPECT_EQ(read.fields[i].name, expected.fields[i].name);
+    EXPECT_EQ(read.fields[i].type, expected.fields[i].type);
+    EXPECT_EQ(read.fields[i].size, expected.fields[i].size);
+    EXPECT_EQ(read.fields[i].defaultValue, expected.fields[i].defaultValue) << expected.fields[i].name;
+  }
+  ASSERT_EQ(read.indexes.size(), expected.indexes.size());
+  for (std::size_t i = 0; i < expected.indexes.size(); ++i) {
+    EXPECT_EQ(read.indexes[i].name, expected.indexes[i].name);
+    EXPECT_EQ(read.indexes[i].fields, expected.indexes[i].fields);
+    EXPECT_EQ(read.indexes[i].unique, expected.indexes[i].unique);
+    EXPECT_EQ(read.indexes[i].primary, expected.indexes[i].primary);
+  }
+}
+
+TEST_F(DataFileTest, HiddenKeyIsNoField) {
+  const std::string path = Make();
+  Connection connection(100);
+  DataFiles files(connection, noNetwork);
+  const TableDefinition read = ReadTable(connection, files.Open(path)->Alias(), "Codes");
+  EXPECT_EQ(read.fields.size(), 2u);
+  EXPECT_EQ(RowKeyOf(read), "~key");
+  EXPECT_EQ(RowKeyOf(People()), "ID");
+}
+
+TEST_F(DataFileTest, AnExistingFileIsNeverReplaced) {
+  const std::string path = Make();
+  EXPECT_EQ(ErrorOf([&] { Make(); }), 3204);
+  EXPECT_EQ(OpenError(path), 0);
+  EXPECT_EQ(ErrorOf([&] { Make("nowhere/a.zdb"); }), 3044);
+}
+
+TEST_F(DataFileTest, MissingFileFolderAndName) {
+  EXPECT_EQ(OpenError(Path("none.zdb")), 3024);
+  EXPECT_EQ(OpenDescription(Path("none.zdb")), "Couldn't find file '" + Path("none.zdb") + "'.");
+  EXPECT_EQ(OpenError(Path("none/none.zdb")), 3044);
+  EXPECT_EQ(OpenError(""), 3044);
+  EXPECT_EQ(OpenError(std::string("a\0b", 3)), 3044);
+  EXPECT_EQ(OpenError(Path("x.zdb/")), 3044);
+  EXPECT_EQ(OpenError(folder_), 3051);
+  EXPECT_FALSE(std::filesystem::exists(Path("none.zdb")));
+}
+
+TEST_F(DataFileTest, FilesOfOtherFormats) {
+  Write(Path("empty.zdb"), "");
+  Write(Path("text.zdb"), std::string(5000, 'x'));
+  Write(Path("former.zdb"), std::string("\0\1\0\0Standard Jet DB\0", 20) + std::string(5000, '\1'));
+  EXPECT_EQ(OpenError(Path("empty.zdb")), 3343);
+  EXPECT_EQ(OpenError(Path("text.zdb")), 3343);
+  EXPECT_EQ(OpenError(Path("former.zdb")), 3343);
+  EXPECT_THAT(OpenDescription(Path("former.zdb")), testing::HasSubstr("must be imported"));
+}
+
+TEST_F(DataFileTest, StoreFileWithoutOurTablesIsForeign) {
+  Connection connection(100);
+  connection.Execute("ATTACH '" + Path("foreign.zdb") + "' AS x");
+  connection.Execute("CREATE TABLE x.t (a)");
+  EXPECT_EQ(OpenError(Path("foreign.zdb")), 3343);
+}
+
+TEST_F(DataFileTest, FileOfANewerVersion) {
+  const std::string path = Make();
+  {
+    Connection connection(100);
+    connection.Execute("ATTACH '" + path + "' AS x");
+    connection.Execute("UPDATE x.\"~info\" SET value = '2' WHERE key = 'format'");
+  }
+  EXPECT_EQ(OpenError(path), 3343);
+  EXPECT_THAT(OpenDescription(path), testing::HasSubstr("newer version"));
+}
+
+TEST_F(DataFileTest, TruncatedAndDamagedFiles) {
+  const std::string path = Make();
+  const auto size = std::filesystem::file_size(path);
+  std::filesystem::copy_file(path, Path("half.zdb"));
+  std::filesystem::resize_file(Path("half.zdb"), size / 2);
+  std::filesystem::copy_file(path, Path("stub.zdb"));
+  std::filesystem::resize_file(Path("stub.zdb"), 50);
+  std::filesystem::copy_file(path, Path("noise.zdb"));
+  {
+    std::fstream file(Path("noise.zdb"), std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(100);
+    file << std::string(4000, '\xEE');
+  }
+  EXPECT_EQ(OpenError(Path("half.zdb")), 3049);
+  EXPECT_EQ(OpenError(Path("stub.zdb")), 3049);
+  EXPECT_EQ(OpenError(Path("noise.zdb")), 3049);
+}
+
+TEST_F(DataFileTest, FilesOnANetworkAreRefused) {
+  const std::string path = Make();
+  const auto network = [&](const std::string& asked) { return asked == path; };
+  EXPECT_EQ(OpenError(path, network), 3043);
+  EXPECT_THAT(OpenDescription(path, network), testing::HasSubstr("server store"));
+  EXPECT_FALSE(LiesOnNetwork(path));
+}
+
+TEST_F(DataFileTest, LockedFileIsWaitedForWithPaintingServed) {
+  const std::string path = Make();
+  Connection holder(100);
+  holder.Execute("ATTACH '" + path + "' AS x");
+  holder.Execute("PRAGMA x.locking_mode=EXCLUSIVE");
+  holder.Execute("BEGIN EXCLUSIVE");
+  holder.Execute("DELETE FROM x.Codes");
+  Connection connection(120);
+  int painted = 0;
+  connection.OnWait([&] { ++painted; });
+  DataFiles files(connection, noNetwork);
+  EXPECT_EQ(ErrorOf([&] { files.Open(path); }), 3045);
+  EXPECT_GT(painted, 2);
+}
+
+TEST_F(DataFileTest, FileIsAttachedOnceAndLetGo) {
+  const std::string path = Make();
+  std::filesystem::create_symlink(path, Path("link.zdb"));
+  Connection connection(100);
+  DataFiles files(connection, noNetwork);
+  auto one = files.Open(path);
+  auto two = files.Open(Path("link.zdb"));
+  EXPECT_EQ(one, two);
+  EXPECT_EQ(connection.AskNumber("SELECT count(*) FROM pragma_database_list WHERE name LIKE 'f%'"), 1);
+  one.reset();
+  two.reset();
+  EXPECT_EQ(connection.AskNumber("SELECT count(*) FROM pragma_database_list WHERE name LIKE 'f%'"), 0);
+}
+
+TEST_F(DataFileTest, KindDecidesHowWritesReachTheDisk) {
+  const std::string company = Make("company.zdb");
+  const std::string work = Make("work.zdb", true);
+  Connection connection(100);
+  DataFiles files(connection, noNetwork);
+  const auto first = files.Open(company);
+  const auto second = files.Open(work);
+  EXPECT_FALSE(first->IsWorkFile());
+  EXPECT_TRUE(second->IsWorkFile());
+  EXPECT_EQ(connection.AskNumber("PRAGMA " + first->Alias() + ".synchronous"), 2);
+  EXPECT_EQ(connection.AskNumber("PRAGMA " + second->Alias() + ".synchronous"), 0);
+  EXPECT_EQ(connection.AskText("PRAGMA " + first->Alias() + ".journal_mode"), "wal");
+}
+
+TEST_F(DataFileTest, UnwritableFileOpensForReading) {
+  const std::string path = Make();
+  ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
+  ASSERT_EQ(::chmod(folder_.c_str(), 0555), 0);
+  const bool root = ::geteuid() == 0;
+  if (root) {
+    ASSERT_EQ(::seteuid(65534), 0);
+  }
+  bool readOnly = false;
+  std::int64_t people = -1;
+  const int error = ErrorOf([&] {
+    Connection connection(100);
+    DataFiles files(connection, noNetwork);
+    const auto file = files.Open(path);
+    readOnly = file->ReadOnly();
+    people = connection.AskNumber("SELECT count(*) FROM " + file->Alias() + ".People").value_or(-1);
+  });
+  if (root) {
+    ASSERT_EQ(::seteuid(0), 0);
+  }
+  ::chmod(folder_.c_str(), 0755);
+  EXPECT_EQ(error, 0);
+  EXPECT_TRUE(readOnly);
+  EXPECT_EQ(people, 0);
+}
+
+TEST_F(DataFileTest, BulkRowsKeepTheirValues) {
+  const std::string path = Make();
+  const std::vector<std::string> fields{"ID", "Name", "Notes", "Limit", "Active", "Since", "Rate", "Age", "Kind", "Boss"};
+  {
+    auto writer = OpenBulkWriter(path, "people", fields);
+    writer->Add(
+        std::vector<Value>{7, "Ann", "long", Currency{-5}, false, platform::Date{36191.5}, 1.25, std::int16_t{-3}, std::uint8_t{200}, 9});
+    writer->Add(std::vector<Value>{Null, Null, Null, Null, Null, Null, Null, Null, Null, Null});
+    writer->Finish();
+  }
+  Connection connection(100);
+  DataFiles files(connection, noNetwork);
+  const auto file = files.Open(path);
+  Query query(connection, "SELECT * FROM " + file->Alias() + ".People ORDER BY ID");
+  const TableDefinition table = People();
+  const std::vector<Value> expected{
+      7, "Ann", "long", Currency{-5}, false, platform::Date{36191.5}, 1.25, std::int16_t{-3}, std::uint8_t{200}, 9};
+  ASSERT_TRUE(query.Step());
+  for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(query.Read(static_cast<int>(i), table.fields[i].type), expected[i]);
+  ASSERT_TRUE(query.Step());
+  EXPECT_EQ(query.Int(0), 8);
+  for (int i = 1; i < 10; ++i) EXPECT_TRUE(query.IsNull(i));
+  EXPECT_EQ(connection.AskNumber("SELECT count(*) FROM pragma_index_list('People', '" + file->Alias() + "')"), 3);
+}
+
+TEST_F(DataFileTest, BulkRowsNeedFinish) {
+  const std::string path = Make();
+  const std::vector<std::string> fields{"Code"};
+  {
+    auto writer = OpenBulkWriter(path, "Codes", fields);
+    writer->Add(std::vector<Value>{"A"});
+  }
+  {
+    auto writer = OpenBulkWriter(path, "Codes", fields);
+    writer->Add(std::vector<Value>{"B"});
+    writer->Add(std::vector<Value>{"b "});
+    EXPECT_EQ(ErrorOf([&] { writer->Finish(); }), 3022);
+  }
+  Connection connection(100);
+  DataFiles files(connection, noNetwork);
+  EXPECT_EQ(connection.AskNumber("SELECT count(*) FROM " + files.Open(path)->Alias() + ".Codes"), 0);
+}
+
+TEST_F(DataFileTest, BulkWriterNamesWhatItDoesNotKnow) {
+  const std::string path = Make();
+  const std::vector<std::string> unknown{"Nope"};
+  EXPECT_EQ(ErrorOf([&] { OpenBulkWriter(path, "Nobody", unknown); }), 3011);
+  EXPECT_EQ(ErrorOf([&] { OpenBulkWriter(path, "Codes", unknown); }), 3265);
+  const std::vector<std::string> code{"Code"};
+  auto writer = OpenBulkWriter(path, "Codes", code);
+  EXPECT_EQ(ErrorOf([&] { writer->Add(std::vector<Value>{"AB"}); }), 3163);
+}
+
+TEST_F(DataFileTest, CheckTellsWhatDiffers) {
+  const std::string path = Make();
+  std::vector<TableDefinition> expected{People(), Codes()};
+  EXPECT_THAT(CheckDataFile(path, expected), testing::IsEmpty());
+
+  expected[0].fields[1].size = 12;
+  expected[0].fields.push_back(TextField("More", 3));
+  expected[1].indexes.push_back({"ByText", {"Text"}, false, false});
+  expected.push_back({"Extra", {TextField("A", 1)}, {}});
+  EXPECT_THAT(CheckDataFile(path, expected),
+              testing::ElementsAre("Field Name of table People is TEXT(10) instead of TEXT(12).", "Table People has no field More.",
+                                   "Table Codes has no index ByText.", "Table Extra is missing."));
+  EXPECT_THAT(CheckDataFile(Path("none.zdb"), expected), testing::ElementsAre("Couldn't find file '" + Path("none.zdb") + "'."));
+}
+
+TEST_F(DataFileTest, BackupOfAnOpenFileIsWhole) {
+  const std::string path = Make();
+  Connection connection(100);
+  DataFiles files(connection, noNetwork);
+  const auto file = files.Open(path);
+  connection.Execute("INSERT INTO \"" + file->Alias() + "\".Codes (Code) VALUES ('Z')");
+  int calls = 0;
+  int last = -1;
+  int all = -2;
+  BackupDataFile(path, Path("copy.zdb"), [&](int done, int total) {
+    ++calls;
+    last = done;
+    all = total;
+  });
+  EXPECT_GE(calls, 1);
+  EXPECT_EQ(last, all);
+  const auto copy = files.Open(Path("copy.zdb"));
+  EXPECT_EQ(connection.AskText("SELECT Code FROM " + copy->Alias() + ".Codes"), "Z");
+  EXPECT_EQ(ErrorOf([&] { BackupDataFile(path, Path("copy.zdb")); }), 3204);
+  EXPECT_EQ(ErrorOf([&] { BackupDataFile(Path("none.zdb"), Path("other.zdb")); }), 3024);
+  EXPECT_FALSE(std::filesystem::exists(Path("other.zdb")));
+}
+
+}  // namespace
+}  // namespace engine

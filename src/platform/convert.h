@@ -17,7 +17,8 @@ std::int32_t CLng(const Value& value);  ///< rounds half to even
 double CDbl(const Value& value);
 Currency CCur(const Value& value);  ///< rounds half to even at the 4th decimal
 bool CBool(const Value& value);     ///< texts "True", "False" and numbers
-Date CDate(const Value& value);     ///< texts as IsDate accepts them; numbers are serials
+/// Texts as IsDate accepts them, numbers are serials. `thisYear` completes texts without a year; 0: the machine's year.
+Date CDate(const Value& value, int thisYear = 0);
 std::string CStr(const Value& value);  ///< no leading blank; Boolean "True"/"False"; dates as short date and time; up to 15 digits
 std::string Str(const Value& value);   ///< as CStr for numbers, with one leading blank for numbers not below 0
 
@@ -29,16 +30,16 @@ bool IsDate(const Value& value);
 /// `a & b`: both as text, Null as "" unless both are Null. For plain texts use std::string's +.
 Value Concat(const Value& left, const Value& right);
 
-std::string Trim(std::string_view text);   ///< takes off blanks (code 32) only
+std::string Trim(std::string_view text);  ///< takes off blanks (code 32) only
 std::string LTrim(std::string_view text);
 std::string RTrim(std::string_view text);
 std::string UCase(std::string_view text);
 std::string LCase(std::string_view text);
-std::string Left(std::string_view text, int characters);   ///< negative count: error 5
+std::string Left(std::string_view text, int characters);  ///< negative count: error 5
 std::string Right(std::string_view text, int characters);
 std::string Mid(std::string_view text, int start, std::optional<int> characters = {});  ///< 1-based; below 1: error 5
-int InStr(int start, std::string_view text, std::string_view wanted);  ///< 1-based place, 0 if absent; case counts
-int Len(std::string_view text);                                        ///< characters
+int InStr(int start, std::string_view text, std::string_view wanted);                   ///< 1-based place, 0 if absent; case counts
+int Len(std::string_view text);                                                         ///< characters
 
 /// A fixed-length text's content after an assignment: cut or padded with blanks to `characters`.
 std::string FixedText(std::string_view text, int characters);
@@ -58,5 +59,14 @@ CalendarDay CalendarOf(Date date);
 int SecondsOf(Date date);
 /// "M/d/yyyy".
 std::string ShortDate(Date date);
+/// Short date, with " h:mm:ss AM" behind it when the date has a time; a time of day 0 alone is the time.
+std::string GeneralDate(Date date);
+
+/// A text with a date, a time or both, in en-US order: month/day/year; where that is impossible year/month/day, then
+/// day/month/year; month names in full or by their first three letters. Years 0 to 29 are 20xx, 30 to 99 are 19xx. Nothing
+/// when the text is no date.
+std::optional<Date> ParseDate(std::string_view text, int thisYear);
+/// The number that the whole text is, as IsNumeric and CDbl see it; nothing when it is none or too large for a Double.
+std::optional<double> ParseNumber(std::string_view text);
 
 }  // namespace platform

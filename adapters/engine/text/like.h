@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace engine {
+
+/// A pattern of the dialect's Like, ready for many tests: `?` one character, `*` any run, `#` one digit, `[abc]`, `[a-z]`,
+/// `[!a-z]` one of a list; everything else is itself. Characters compare as in the text order: no case, accents count;
+/// trailing blanks of the text and of the pattern don't. An expanding letter is one character here and no pair.
+class LikePattern {
+ public:
+  /// Error 93 for a list without its closing bracket or with a range that runs backwards.
+  explicit LikePattern(std::string_view pattern);
+
+  /// In time of at most text times pattern, whatever the pattern.
+  bool Matches(std::string_view text) const;
+
+  /// The literal start before the first wildcard; a list of one character counts as that character.
+  const std::string& FixedPrefix() const { return fixedPrefix_; }
+  /// The fixed start, then one run, and nothing else.
+  bool IsPrefixOnly() const;
+  /// No wildcard at all.
+  bool IsLiteral() const;
+
+ private:
+  struct Range {
+    char32_t first;
+    char32_t last;
+  };
+  struct Token {
+    enum class Kind { Literal, AnyCharacter, AnyRun, Digit, List } kind = Kind::Literal;
+    char32_t character = 0;
+    bool negated = false;
+    std::vector<Range> ranges{};
+  };
+
+  /// The list behind a "[" at `at`, which moves behind the "]".
+  void AddList(std::u32string_view pattern, std::size_t& at);
+  void AddRun();
+  static bool TokenTakes(const Token& token, char32_t character);
+
+  std::vector<Token> tokens_;
+  std::string fixedPrefix_;
+};
+
+}  // namespace engine

@@ -263,7 +263,7 @@ TEST_F(DataFileTest, BulkRowsNeedFinish) {
   {
     auto writer = OpenBulkWriter(path, "Codes", fields);
     writer->Add(std::vector<Value>{"B"});
-    writer->Add(std::vector<Value>{"b "});
+    writer->Add(std::vector<Value>{"b"});
     EXPECT_EQ(ErrorOf([&] { writer->Finish(); }), 3022);
   }
   Connection connection(100);

@@ -91,7 +91,7 @@ class StatementParser {
     } else {
       return std::nullopt;
     }
-    if (!tokens_.At(Symbol::Comma) && !tokens_.At(Keyword::From)) throw errors::SelectSyntax();
+    if (!AtEnd() && !tokens_.At(Symbol::Comma) && !tokens_.At(Keyword::From)) throw errors::SelectSyntax();
     return star;
   }
 
@@ -178,7 +178,7 @@ class StatementParser {
     Delete remove;
     if (!tokens_.At(Keyword::From)) {
       const std::optional<Star> star = ParseStar();
-      if (!star) throw errors::SelectSyntax();
+      if (!star || tokens_.At(Symbol::Comma)) throw errors::SelectSyntax();
       remove.qualifier = star->table;
     }
     if (!tokens_.Skip(Keyword::From) || !tokens_.AtName()) throw errors::FromSyntax();

@@ -1,0 +1,128 @@
+#include "maintenance/frmCustMain.h"
+#include "session/ModCustSch.h"
+
+// Toolbar and menu: one table of commands, each under the key of its toolbar button.
+namespace orcussch {
+
+namespace {
+
+struct Command {
+  const char* key;
+  void (*run)(frmCustMain& screen);
+};
+
+/// Commands whose screen or report is not there yet keep their key, follow its enabling rule and do nothing.
+void NotThereYet(frmCustMain&) {}
+
+}  // namespace
+
+void frmCustMain::AttachCommands() {
+  Toolbar1.ButtonClick = [this](const std::string& Key) { Toolbar1_ButtonClick(Key); };
+
+  const std::pair<platform::MenuItem*, const char*> sameAsKey[] = {
+      {&miPrint, "tb_Print"},
+      {&miPreview, "tb_Preview"},
+      {&miPrintSetup, "tb_PrintSetup"},
+      {&miFind, "tb_Find"},
+      {&miSelect, "tb_Select"},
+      {&miAddRec, "tb_AddRec"},
+      {&miEditRec, "tb_EditRec"},
+      {&miDeleteRec, "tb_DeleteRec"},
+      {&miCancelRec, "tb_CancelRec"},
+      {&miSetupTaxes, "tb_TaxSetup"},
+      {&miSetupCreditCards, "tb_CreditCardSetup"},
+      {&miSetupPhones, "tb_PhoneSetup"},
+      {&miMapCustomer, "tb_MapCustomer"},
+      {&miMapAll, "tb_MapAll"},
+      {&miQueries, "tb_Queries"},
+      {&miReports, "tb_Reports"},
+      {&miSelectAll, "tb_SelectAll"},
+      {&miUnselectAll, "tb_UnselectAll"},
+      {&miUnassignSelected, "tb_UnassignSelected"},
+      {&miAssignSelected, "tb_AssignSelected"},
+  };
+  for (const auto& [item, key] : sameAsKey) item->Click = [this, command = std::string(key)] { RunCommand(command); };
+
+  miExit.Click = [this] { orcussch::App().Unload(*this); };
+  // The menu's save has no follow-on, its refresh is the fuller one.
+  miSaveRec.Click = [this] { RecordSave(); };
+  miRefresh.Click = [this] { RefreshRecords(); };
+  miSetupMapCodes.Click = [this] { cmdMapCode.Tag(""); };
+}
+
+void frmCustMain::Toolbar1_ButtonClick(const std::string& Key) {
+  Trap("frmCustMain.Toolbar1_ButtonClick", [&] {
+    if (!mToolbarReady) return;
+    Toolbar1.Enabled(false);
+    RunCommand(Key);
+    if (!Loaded()) return;  // the customer was selected and the screen is gone
+    if (Key == "tb_SaveRec") SaveAndGoOn();
+    Toolbar1.Enabled(true);
+    orcussch::App().MousePointer(platform::pointer::Default);
+    orcussch::App().DoEvents();
+  });
+}
+
+/// A new customer's phone is taken next; whether the save succeeded is not asked.
+void frmCustMain::SaveAndGoOn() {
+  if (Tab() != tab::Customers || mRecordMode != "A" || !gAddPhone) return;
+  SSIndexTab1.Tab(tab::Phones);
+  RecordAdd();
+}
+
+void frmCustMain::RunCommand(const std::string& Key) {
+  static constexpr Command kCommands[] = {
+      {"tb_Print", NotThereYet},
+      {"tb_Preview", NotThereYet},
+      {"tb_PrintSetup", [](frmCustMain& screen) { PrinterSetup(screen.CommonDialog1, screen.Report1); }},
+      {"tb_Select", [](frmCustMain& screen) { screen.SelectCustomer(); }},
+      {"tb_Find", [](frmCustMain& screen) { screen.FindOnTab(); }},
+      {"tb_Queries", NotThereYet},
+      {"tb_Refresh", [](frmCustMain& screen) { screen.data[static_cast<std::size_t>(screen.Tab())].Refresh(); }},
+      {"tb_AddRec", [](frmCustMain& screen) { screen.RecordAdd(); }},
+      {"tb_EditRec", [](frmCustMain& screen) { screen.RecordEdit(); }},
+      {"tb_DeleteRec", [](frmCustMain& screen) { screen.RecordDelete(); }},
+      {"tb_SaveRec", [](frmCustMain& screen) { screen.RecordSave(); }},
+      {"tb_CancelRec", [](frmCustMain& screen) { screen.RecordCancel(); }},
+      {"tb_MapCustomer", NotThereYet},
+      {"tb_MapAll", NotThereYet},
+      {"tb_Statistics", NotThereYet},
+      {"tb_Reports", NotThereYet},
+      {"tb_SelectAll", [](frmCustMain& screen) { screen.SelectAllOnTab(); }},
+      {"tb_UnselectAll", [](frmCustMain& screen) { screen.UnselectAllOnTab(); }},
+      {"tb_UnassignSelected", NotThereYet},
+      {"tb_AssignSelected", NotThereYet},
+      {"tb_TaxSetup", NotThereYet},
+      {"tb_CreditCardSetup", NotThereYet},
+      {"tb_PhoneSetup", NotThereYet},
+  };
+  for (const Command& command : kCommands)
+    if (Key == command.key) return command.run(*this);
+}
+
+void frmCustMain::FindOnTab() {
+  if (!txtSearch[static_cast<std::size_t>(Tab())].Text().empty()) SearchRecord(Tab());
+}
+
+void frmCustMain::SelectAllOnTab() {
+  if (Tab() == tab::Customers)
+    SelectAllRecords(grdTaxBasis, DataTaxBasis.Recordset());
+  else if (Tab() > tab::LaborRates)
+    SelectAllRecords(grid[static_cast<std::size_t>(Tab())], data[static_cast<std::size_t>(Tab())].Recordset());
+}
+
+void frmCustMain::UnselectAllOnTab() {
+  if (Tab() == tab::Customers)
+    UnselectAllRecords(grdTaxBasis);
+  else if (Tab() > tab::LaborRates)
+    UnselectAllRecords(grid[static_cast<std::size_t>(Tab())]);
+}
+
+/// The tag tells the map code screen to offer selection instead of setup.
+void frmCustMain::cmdMapCode_Click() {
+  cmdMapCode.Enabled(false);
+  cmdMapCode.Tag("Select");
+  cmdMapCode.Enabled(true);
+}
+
+}  // namespace orcussch

@@ -1,0 +1,256 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "platform/common_dialog.h"
+#include "platform/controls/buttons.h"
+#include "platform/controls/combo.h"
+#include "platform/controls/data_control.h"
+#include "platform/controls/form.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/label.h"
+#include "platform/controls/tab_control.h"
+#include "platform/controls/text_box.h"
+#include "platform/controls/toolbar.h"
+#include "platform/report.h"
+#include "platform/screen_ref.h"
+#include "session/failures.h"
+
+namespace orcussch {
+
+/// The tabs of the maintenance screen, in order.
+namespace tab {
+inline constexpr int Customers = 0;
+inline constexpr int Phones = 1;
+inline constexpr int Addresses = 2;
+inline constexpr int CreditCards = 3;
+inline constexpr int LaborRates = 4;
+inline constexpr int CustomerTypes = 5;
+inline constexpr int KeyWords = 6;
+inline constexpr int Count = 7;
+}  // namespace tab
+
+/// The main screen: the customer list and the six lists of the current customer, each on a tab with a list page (0) and a
+/// record page (1), under a common toolbar and menu.
+///
+/// The procedures stand in several files: frame.cpp (life, modes, tabs), commands.cpp (toolbar and menu), lists.cpp (what each
+/// list shows), ordering.cpp, search.cpp, selection.cpp, assignment.cpp, records.cpp (the frame of add, edit, save and
+/// cancel); what is special to one kind of record stands in tabs/.
+class frmCustMain final : public platform::Form {
+ public:
+  template <class T, std::size_t N>
+  using Array = platform::ControlArray<T, N>;
+
+  frmCustMain();
+  ~frmCustMain() override;
+
+  // Life.
+  void Form_Load() override;
+  void Form_Activate() override;
+  void Form_Unload() override;
+
+  // Modes.
+  void EditingRecord(bool Editing);
+  void EditSetup();
+  void TestRecordcount();
+  void RefreshRecords();
+
+  // Lists.
+  void SQLData(int Tab);
+  void SQLTaxBasis();
+  void grid_HeadClick(int Index, int ColIndex);
+  void grdTaxBasis_HeadClick(int ColIndex);
+
+  // Search and selection.
+  void SearchRecord(int Tab);
+  void SelectCustomer();
+  void SelectAllRecords(platform::Grid& Grid, platform::Recordset& Rs);
+  void UnselectAllRecords(platform::Grid& Grid);
+  void TestGridSelection(platform::Grid& Grid);
+
+  // Assignment lists.
+  void LoadCustTypes();
+  void LoadKeyWords();
+
+  // Record operations, on the current tab.
+  void RecordAdd();
+  void RecordEdit();
+  void RecordSave();
+  void RecordCancel();
+  void RecordDelete();
+
+  /// "Customer Record" ... "Key Word Record": the tab's caption, trimmed, less its last character, and " Record". The cut is
+  /// blind; titles and questions of the record operations are built on it.
+  std::string RecordLabel() const;
+  /// The tab control's current tab.
+  int Tab() const { return SSIndexTab1.Tab(); }
+
+  std::int32_t mInstance = 0;                       ///< marks this screen's rows in the work tables
+  std::string mRecordMode;                          ///< "A" adding, "E" editing; keeps its last value
+  bool mToolbarReady = false;                       ///< the toolbar does nothing while this is false
+  bool mFormActive = false;                         ///< false until the first Form_Activate; row changes are not looked at before
+  std::array<std::int32_t, tab::Count> mTabAcct{};  ///< the account a tab was last loaded for; 0 reloads at each visit
+
+  // --- Controls, in tab order -----------------------------------------------------------------------------------------
+  platform::Toolbar Toolbar1;
+
+  platform::MenuItem miPrint, miPreview, miPrintSetup, miExit;
+  platform::MenuItem miFind, miSelect;
+  platform::MenuItem miAddRec, miEditRec, miDeleteRec, miSaveRec, miCancelRec, miRefresh;
+  platform::MenuItem miSetupTaxes, miSetupCreditCards, miSetupPhones, miSetupMapCodes, miMapCustomer, miMapAll, mnuUserStartup;
+  platform::MenuItem miQueries, miStatistics, miReports, miRelationships, miSelectAll, miUnselectAll, miUnassignSelected, miAssignSelected;
+  platform::Menu mnuFile, mnuEdit, mnuDate, mnuSetup, mnuTools;
+
+  platform::Label lblCustomer, lblAcctNum;
+  platform::TabControl SSIndexTab1;
+
+  // List pages.
+  Array<platform::DataControl, tab::Count> data;
+  platform::DataControl DataPhoneTypes, DataSalesRate, DataTerms, DataTaxBasis, DataCreditCards, DataDepts;
+  Array<platform::Frame, tab::Count> fraSearch;
+  Array<platform::Label, tab::Count> lblSearch;
+  Array<platform::TextBox, tab::Count> txtSearch;
+  Array<platform::Frame, tab::Count> fraOrder;
+  Array<platform::OptionButton, 2> optOrder0, optOrder1, optOrder2, optOrder3, optOrder4, optOrder5, optOrder6;
+  Array<platform::OptionButton, 2> optAllDept;
+  platform::NumberEdit txtAdjustAllDept;
+  platform::CommandButton cmdAddAllDepts;
+  Array<platform::OptionButton, 3> optCustTypeDisp, optKeyWordDisp;
+  Array<platform::Grid, tab::Count> grid;
+
+  // Customer card.
+  platform::TextBox txtLastName, txtFirstName, txtTitle, txtAddr1, txtAddr2, txtCity, txtState, txtZip, txtCountry;
+  platform::ComboBox cboTerms;
+  platform::CurrencyEdit txtCreditLimit;
+  platform::CheckBox chkHoldCredit;
+  platform::Frame fraStatus;
+  Array<platform::OptionButton, 3> optStatus;
+  platform::Frame fraBillingStatus;
+  Array<platform::OptionButton, 2> optBillingStatus;
+  platform::TextBox txtEMail, txtWebSite;
+  platform::ComboBox cboSalesRate;
+  platform::CommandButton cmdPlusMinus;
+  platform::NumberEdit txtSalesRatePer;
+  platform::Frame fraLaborRate;
+  Array<platform::OptionButton, 3> optLaborRate;
+  platform::CurrencyEdit txtLaborRate;
+  platform::Frame fraTaxBasis;
+  Array<platform::OptionButton, 3> optTaxDisp;
+  platform::Grid grdTaxBasis;
+  platform::Frame fraTax;
+  platform::TextBox txtTaxID;
+  platform::DateEdit txtExemptExpireDate;
+  platform::CommandButton cmdMapCode;
+  Array<platform::Label, 2> lblMapCode;
+  platform::CheckBox chkAgeMethod, chkOmitFinChg;
+  platform::Frame fraComment;
+  platform::TextBox txtComment;
+
+  // Phone card.
+  platform::Label lblPhoneRecordID;
+  platform::TextBox txtPhoneArea, txtPhone, txtPhoneExt;
+  platform::ComboBox cboPhoneTypes;
+  platform::TextBox txtPhoneComment;
+  platform::CheckBox chkDefaultPhone;
+
+  // Alternate address card.
+  platform::Label lblAltAddressID;
+  platform::TextBox txtAltAddr1, txtAltAddr2, txtAltCity, txtAltState, txtAltZip, txtAltCountry;
+  Array<platform::ComboBox, 2> cboActiveMonth;
+  platform::TextBox txtAltComment;
+  Array<platform::CheckBox, 2> chkDefaultAddr;
+
+  // Credit card card.
+  platform::ComboBox cboCreditCards;
+  platform::TextBox txtCCNumber, txtCCHolder, txtCCMonth, txtCCYear;
+  platform::CurrencyEdit txtCCLimit;
+  platform::TextBox txtCCComment;
+  platform::CheckBox chkDefaultCC;
+
+  // Labor rate card.
+  platform::ComboBox cboDepts;
+  platform::NumberEdit txtRateAdjustment;
+  platform::Frame SSPanel1;
+  platform::TextBox txtDeptNo;
+  platform::CurrencyEdit txtDeptRate, txtDeptAdjust, txtDeptAdjustRate;
+
+  // Customer type and key word cards.
+  platform::TextBox txtCustomerType;
+  platform::CheckBox chkAssignCustType;
+  platform::TextBox txtKeyWord;
+  platform::CheckBox chkAssignKeyWord;
+
+  platform::StatusBar StatusBar1;
+  platform::ReportControl Report1;
+  platform::CommonDialog CommonDialog1;
+
+ private:
+  // design.cpp, columns.cpp: what the screen's design fixes.
+  void DesignListPages();
+  void DesignCards();
+  void DesignCombos();
+  void DesignColumns();
+  void AttachCommands();
+  void AttachHandlers();
+
+  // frame.cpp
+  void OpenComboLists();
+  void CaptionCombos();
+  void TakeHostBillingStatus();
+  void StandOnHostAccount();
+  void EnableSetupKeys(bool Editing);
+  void EnableSelectionKeys();
+  void EnableTabs();
+
+  // tabs_control.cpp
+  void SSIndexTab1_BeforeTabClick(bool& Cancel);
+  void SSIndexTab1_Click();
+  void LoadTab(int Tab);
+
+  // commands.cpp
+  void Toolbar1_ButtonClick(const std::string& Key);
+  void RunCommand(const std::string& Key);
+  void SaveAndGoOn();
+  void FindOnTab();
+  void SelectAllOnTab();
+  void UnselectAllOnTab();
+  void cmdMapCode_Click();
+
+  // lists.cpp
+  std::string ListStatement(int Tab, std::int32_t Acct);
+  std::string CustomersStatement();
+  void data_Reposition();
+  void ShowCustomerName();
+  void CloseTabsOfNonBillable();
+  void grid_LostFocus(int Index);
+
+  // ordering.cpp
+  Array<platform::OptionButton, 2>& optOrder(int Tab);
+  void optOrder_Click(int Tab);
+
+  // search.cpp
+  void txtSearch_Change(int Index);
+  void txtSearch_KeyPress(int Index, int& KeyAscii);
+  std::string SearchValue(int Tab) const;
+
+  // assignment.cpp
+  void optCustTypeDisp_Click(int Index);
+  void optKeyWordDisp_Click(int Index);
+  void CaptionFilteredList(int Tab, int Index);
+
+  platform::ToolbarButton& tb(const char* Key) const { return Toolbar1.Button(Key); }
+};
+
+/// Whether the list holds at least one row; false before its first opening.
+bool HasRecords(const platform::DataControl& Data);
+/// The tab's caption without its outer blanks.
+std::string TrimmedCaption(const frmCustMain& Screen, int Tab);
+
+namespace screens {
+/// The one instance of the main screen.
+extern platform::ScreenRef<orcussch::frmCustMain> frmCustMain;
+}  // namespace screens
+
+}  // namespace orcussch

@@ -1,0 +1,164 @@
+#include "session/CustSearch.h"
+
+#include <string>
+
+#include "maintenance/frmCustMain.h"
+#include "platform/convert.h"
+#include "platform/text.h"
+#include "session/ModCustSch.h"
+#include "session/failures.h"
+#include "session/modAppShutdown.h"
+
+namespace orcussch {
+
+using platform::CBool;
+using platform::CLng;
+using platform::CStr;
+using platform::Value;
+
+namespace {
+
+constexpr int kRightsMaskLength = 80;
+constexpr int kCompanyLength = 40;
+bool running = false;
+
+std::string AsText(const Value& value) { return value.IsEmpty() ? std::string() : CStr(value); }
+
+void ReadRights() {
+  platform::RecordsetRef rsRights = dbDat->OpenRecordset("Rights", platform::RecordsetType::Table);
+  rsRights->SetIndex("Program");
+  rsRights->Seek("=", {"CUSTSCH", gUserID});
+  const std::string blanks(kRightsMaskLength, ' ');
+  gRightsMask =
+      rsRights->NoMatch() ? blanks : platform::Right(blanks + CStr(platform::Concat("", rsRights->Field("Mask"))), kRightsMaskLength);
+  rsRights->Close();
+}
+
+/// A company that has no receivables row yet gets one at first use.
+void ReadDefaultTerms() {
+  rsAR->SetIndex("CompID");
+  rsAR->Seek("=", {gCompanyID});
+  if (rsAR->NoMatch()) {
+    rsAR->AddNew();
+    rsAR->SetField("CompID", gCompanyID);
+    rsAR->Update();
+    rsAR->SetBookmark(rsAR->LastModified());
+    gDefaultTerms = 0;
+  } else {
+    gDefaultTerms = CLng(rsAR->Field("PayTerms"));
+  }
+}
+
+void LetCompanyID(const Value& value) {
+  TrapWith([] { return "CustSearch.CompanyID[PropertyLet] " + gWorkspaceName; },
+           [&] {
+             gCompanyID = CLng(value);
+             gTempPath = gTempDir + "orvTemp" + std::to_string(gUserID) + ".zdb";
+             gIniPath = gTempDir + "orvwin.ini";
+             OpenFiles();
+             ReadRights();
+             ReadDefaultTerms();
+           });
+}
+
+void ClearAnswer() {
+  gSelAcctNum = 0;
+  gCustomerFirstName = gCustomerLastName = gCustomerTitle = "";
+  gCustomerAddr1 = gCustomerAddr2 = gCustomerCity = gCustomerState = gCustomerZip = "";
+}
+
+struct Property {
+  const char* name;
+  Value (*get)();
+  void (*let)(const Value&);
+};
+
+template <std::string& Text>
+constexpr Property TextProperty(const char* name) {
+  return {name, [] { return Value(Text); }, [](const Value& value) { Text = AsText(value); }};
+}
+
+const Property kProperties[] = {
+    {"UserID", [] { return Value(gUserID); }, [](const Value& value) { gUserID = CLng(value); }},
+    {"CompanyID", [] { return Value(); }, LetCompanyID},
+    {"Company", [] { return Value(gCompany.CompName); },
+     [](const Value& value) { gCompany.CompName = platform::FixedText(AsText(value), kCompanyLength); }},
+    {"NonSelection", [] { return Value(gNonSelection); }, [](const Value& value) { gNonSelection = CBool(value); }},
+    TextProperty<gBillingStatus>("BillingStatus"),
+    // What is written is where the list opens; what is read is what the user chose.
+    {"Customer", [] { return Value(gSelAcctNum); }, [](const Value& value) { gHostAcctNum = CLng(value); }},
+    TextProperty<gCustomerLastName>("CustomerLastName"),
+    TextProperty<gCustomerFirstName>("CustomerFirstName"),
+    TextProperty<gCustomerTitle>("CustomerTitle"),
+    TextProperty<gCustomerAddr1>("CustomerAddr1"),
+    TextProperty<gCustomerAddr2>("CustomerAddr2"),
+    TextProperty<gCustomerCity>("CustomerCity"),
+    TextProperty<gCustomerState>("CustomerState"),
+    TextProperty<gCustomerZip>("CustomerZip"),
+};
+
+const Property* FindProperty(std::string_view name) {
+  for (const Property& property : kProperties)
+    if (platform::EqualsNoCase(property.name, name)) return &property;
+  return nullptr;
+}
+
+const Property& PropertyOrRaise(std::string_view name) {
+  const Property* property = FindProperty(name);
+  if (!property) throw platform::Error(438, "Object doesn't support this property or method");
+  return *property;
+}
+
+/// What no handler took ends at the border of the library: the host never sees an error of ours.
+template <class Body>
+void AtBorder(Body&& body) {
+  try {
+    body();
+  } catch (const platform::Error& error) {
+    App().Unhandled(error);
+  }
+}
+
+}  // namespace
+
+CustSearch::CustSearch(platform::Application& application) {
+  AttachApplication(&application);
+  Main();
+}
+
+CustSearch::~CustSearch() {
+  // Class_Terminate
+  bool bSuccess = false;
+  TrapWith(
+      [&] {
+        return std::string("CustSearch.Class_Terminate, bSuccess = ") + (bSuccess ? "True" : "False") + "\r" + "WSPACE = " + gWorkspaceName;
+      },
+      [&] {
+        SafeAppUnloadAllForms();
+        bSuccess = SafeAppShutdown(gWorkspaceName);
+      });
+}
+
+bool CustSearch::IsProperty(std::string_view property) { return FindProperty(property) != nullptr; }
+
+Value CustSearch::Get(std::string_view property) const { return PropertyOrRaise(property).get(); }
+
+void CustSearch::Let(std::string_view property, const Value& value) {
+  const Property& target = PropertyOrRaise(property);
+  AtBorder([&] { target.let(value); });
+}
+
+bool CustSearch::Running() noexcept { return running; }
+
+void CustSearch::ShowUser() {
+  if (running) return;
+  running = true;
+  AtBorder([] {
+    ClearAnswer();
+    SetUserStartup();
+    screens::frmCustMain.Show();
+  });
+  running = false;
+}
+
+}  // namespace orcussch

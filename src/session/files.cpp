@@ -1,0 +1,154 @@
+#include "platform/convert.h"
+#include "session/ModCustSch.h"
+#include "session/failures.h"
+
+namespace orcussch {
+
+using platform::DatabaseRef;
+using platform::RecordsetType;
+
+namespace {
+
+/// The read buffer of the settings file has 128 characters, of which one is kept for the end mark.
+constexpr int kIniSize = 127;
+
+std::string IniValue(const std::string& Ini, const std::string& Key) {
+  return App().System().ReadIniValue("Databases", Key, "", Ini, kIniSize);
+}
+
+struct SessionTable {
+  const char* table;
+  platform::RecordsetRef* rows;
+};
+
+void OpenWorkspace() {
+  gWorkspaceName = "CustomerSearch#" + std::to_string(App().ThreadID());
+  wsCustomer = App().Engine().CreateWorkspace(gWorkspaceName, "Admin", "", 2);
+  App().Engine().AppendWorkspace(wsCustomer);
+}
+
+void OpenDatabases() {
+  gCustomerPath = GetDataPath(gCompanyID, "customer.zdb");
+  dbCustomer = wsCustomer->OpenDatabase(gCustomerPath);
+  gARTransPath = GetDataPath(gCompanyID, "artrans.zdb");
+  dbARTrans = wsCustomer->OpenDatabase(gARTransPath);
+  dbDat = wsCustomer->OpenDatabase(GetDataPath(gCompanyID, "dat.zdb"));
+  gGLPath = GetDataPath(gCompanyID, "GL.zdb");
+  dbGL = wsCustomer->OpenDatabase(gGLPath);
+  dbTemp = wsCustomer->OpenDatabase(gTempPath);
+}
+
+void OpenSessionTables() {
+  const SessionTable tables[] = {
+      {"Customers", &rsCustomers},           {"Lookups", &rsLookups}, {"Phones", &rsPhones},       {"Keywords", &rsKeywords},
+      {"Locations", &rsLocations},           {"TaxGrid", &rsTaxGrid}, {"CustCodes", &rsCustCodes}, {"DataCodes", &rsDataCodes},
+      {"SuperCustomers", &rsSuperCustomers}, {"Terms", &rsTerms},     {"Addresses", &rsAddresses}, {"CustCreditCards", &rsCustCreditCards},
+      {"CustLaborRates", &rsCustLaborRates},
+  };
+  for (const SessionTable& table : tables) *table.rows = dbCustomer->OpenRecordset(table.table, RecordsetType::Table);
+  rsUserStartup = dbCustomer->OpenRecordset("Select * From UserStartup Where (UserNum = " + std::to_string(gUserID) + ");");
+  rsAR = dbDat->OpenRecordset("AR", RecordsetType::Table);
+}
+
+bool HasTable(const DatabaseRef& Db, const std::string& Name) {
+  const int count = Db->TableDefCount();
+  for (int i = 0; i < count; ++i)
+    if (Db->TableDefAt(i).Name == Name) return true;
+  return false;
+}
+
+void LinkTables() {
+  const std::pair<std::string, std::string> links[] = {{"Departments", gGLPath}, {"Transactions", gARTransPath}};
+  for (const auto& [table, path] : links) {
+    if (HasTable(dbCustomer, table) || LinkTable(dbCustomer, table, path)) continue;
+    App().MsgBox("The " + table + " table in " + path + " can not be linked to the Customers database!",
+                 platform::box::Stop + platform::box::OkOnly, "Customer Maintenance");
+  }
+}
+
+}  // namespace
+
+std::string GetDataPath(std::int32_t CompanyID, const std::string& FileName) {
+  std::string path;
+  Trap("modCustSch.GetDataPath", [&] {
+    const std::string separator = App().System().Separator();
+    const std::string AppDir = platform::WithSeparator(App().System(), App().Path());
+    const std::string company = std::to_string(CompanyID);
+    const std::string Ini = AppDir + "orv" + company + ".ini";
+
+    const std::string ownPath = IniValue(Ini, FileName + " Path");
+    if (!ownPath.empty()) {
+      path = ownPath;
+      return;
+    }
+    const std::string defaultPath = IniValue(Ini, "Default Path");
+    if (!defaultPath.empty()) {
+      path = defaultPath + FileName;
+      return;
+    }
+    if (platform::UCase(FileName) == "DAT.ZDB") {
+      path = AppDir + FileName;
+      return;
+    }
+    path = AppDir + "data" + separator + "orv" + company + separator + FileName;
+  });
+  return path;
+}
+
+void OpenFiles() {
+  Trap("modCustSch.OpenFiles", [] {
+    if (gFilesOpen) return;
+    OpenWorkspace();
+    OpenDatabases();
+    OpenSessionTables();
+    GetCompanyRecord();
+    LinkTables();
+    App().DoEvents();
+  });
+}
+
+bool LinkTable(const DatabaseRef& Db, const std::string& TableName, const std::string& Path) {
+  return Ignore()([&] {
+    platform::TableDef link = Db->CreateTableDef(TableName);
+    link.Connect = ";DATABASE=" + Path;
+    link.SourceTableName = TableName;
+    Db->AppendTableDef(link);
+  });
+}
+
+void CloseFiles() {
+  if (!gFilesOpen) return;
+  const Ignore on;
+  on([] { App().DoEvents(); });
+  for (platform::RecordsetRef* rows :
+       {&rsCustomers, &rsLookups, &rsPhones, &rsKeywords, &rsLocations, &rsTaxGrid, &rsCustCodes, &rsDataCodes, &rsSuperCustomers, &rsTerms,
+        &rsAddresses, &rsCustCreditCards, &rsCustLaborRates, &rsUserStartup, &rsAR})
+    on([&] { (*rows)->Close(); });
+  for (DatabaseRef* database : {&dbARTrans, &dbDat, &dbCustomer, &dbGL}) on([&] { (*database)->Close(); });
+  on([] { App().DoEvents(); });
+  for (DatabaseRef* database : {&dbARTrans, &dbDat, &dbCustomer, &dbGL}) database->Reset();
+}
+
+void ExecuteSQLStmt(const DatabaseRef& Db, const std::string& SQL, bool FailOnError, bool& ErrorFlag) {
+  ResumeNext on("modCustSch.ExecuteSQLStmt", [&] { ErrorFlag = true; });
+  on([] { App().DoEvents(); });
+  on([] { App().Engine().WorkspaceAt(0)->BeginTrans(); });
+  ErrorFlag = false;
+  on([&] { Db->Execute(SQL, FailOnError ? platform::dbFailOnError : 0); });
+  on([] { App().DoEvents(); });
+  if (ErrorFlag)
+    on([] { App().Engine().WorkspaceAt(0)->Rollback(); });
+  else
+    on([] { App().Engine().WorkspaceAt(0)->CommitTrans(); });
+  on([] { App().DoEvents(); });
+}
+
+void ClearORVTempTable(const std::string& TableName, bool& ErrorFlag) {
+  const bool ran = Trap("modCustSch.ClearORVTempTable", [&] {
+    ExecuteSQLStmt(dbTemp, "Delete * From " + TableName + ";", true, ErrorFlag);
+    App().DoEvents();
+  });
+  if (!ran) ErrorFlag = true;
+}
+
+}  // namespace orcussch

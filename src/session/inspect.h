@@ -1,0 +1,13 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "platform/value.h"
+
+namespace orcussch {
+
+/// A session value by its variable's name ("gAddPhone", "gCompany.Zip"), for tests and support; nothing for an unknown name.
+std::optional<platform::Value> SessionValue(std::string_view name);
+
+}  // namespace orcussch

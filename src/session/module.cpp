@@ -1,0 +1,112 @@
+#include <cassert>
+#include <string>
+
+#include "platform/convert.h"
+#include "session/ModCustSch.h"
+#include "session/failures.h"
+
+namespace orcussch {
+
+namespace {
+platform::Application* attached = nullptr;
+bool mainDone = false;
+
+void ForgetModule() {
+  gUserID = gCompanyID = gDefaultTerms = gHostAcctNum = gSelAcctNum = 0;
+  gCompany = CompanyRecord{};
+  gAddPhone = gNonSelection = gFirstActivate = gFilesOpen = false;
+  for (std::string* text :
+       {&gRightsMask,   &gBillingStatus, &gCustomerFirstName, &gCustomerLastName, &gCustomerTitle, &gCustomerAddr1, &gCustomerAddr2,
+        &gCustomerCity, &gCustomerState, &gCustomerZip,       &gQuerySQL,         &gCustomerPath,  &gARTransPath,   &gGLPath,
+        &gTempPath,     &gTempDir,       &gSysModsDir,        &gUpdateDir,        &gIniPath,       &gWorkspaceName})
+    text->clear();
+  wsCustomer.Reset();
+  for (platform::DatabaseRef* database : {&dbCustomer, &dbDat, &dbARTrans, &dbGL, &dbTemp}) database->Reset();
+  for (platform::RecordsetRef* rows :
+       {&rsCustomers, &rsLookups, &rsPhones, &rsKeywords, &rsLocations, &rsTaxGrid, &rsCustCodes, &rsDataCodes, &rsSuperCustomers, &rsTerms,
+        &rsAddresses, &rsCustCreditCards, &rsCustLaborRates, &rsUserStartup, &rsAR})
+    rows->Reset();
+  mainDone = false;
+}
+}  // namespace
+
+platform::Application& App() {
+  assert(attached && "no application is attached");
+  return *attached;
+}
+
+bool HasApp() { return attached != nullptr; }
+
+void AttachApplication(platform::Application* application) {
+  if (attached == application) return;
+  ForgetModule();
+  attached = application;
+}
+
+void Main() {
+  if (mainDone) return;
+  mainDone = true;
+  const std::string separator = App().System().Separator();
+  gTempDir = App().System().LocalRoot() + "orvTEMP" + separator;
+  gSysModsDir = gTempDir + "SYSMODS" + separator;
+  gUpdateDir = gTempDir + "UPDATE" + separator;
+  gFilesOpen = false;
+}
+
+void ReportFailure(const platform::Error& error, const std::string& literal, bool terminate) {
+  App().SetErr(error);
+  ProgramError(literal, terminate);
+}
+
+void ProgramError(const std::string& Module, bool Terminate) {
+  const int number = App().Err().Number();
+  const std::string description = App().Err().Description();
+
+  platform::ErrorRecord record;
+  record.company = gCompanyID;
+  record.terminate = Terminate;
+  record.applicationTitle = App().Title();
+  record.module = Module;
+  record.user = gUserID;
+  record.number = number;
+  record.description = description;
+  App().ErrorLog().Write(record);
+
+  std::string message =
+      "An error occurred in module: " + Module + "\r\r" + "Error: " + std::to_string(number) + "\r" + description + "\r\r";
+  message += Terminate ? "This program will now terminate." : "This program will now attempt to resume.";
+  App().MsgBox(message, platform::box::Exclamation, "Program Execution Error");
+}
+
+std::string FixQuotes(const std::string& Text) {
+  std::string fixed = Text;
+  for (char& character : fixed)
+    if (character == '\'') character = '?';
+  return fixed;
+}
+
+bool FileExists(const std::string& Path) {
+  if (Path.empty()) return false;
+  return Ignore()([&] { App().System().FileLength(Path); });
+}
+
+bool IsFormLoaded(const platform::Form* Form) {
+  for (int i = 0; i < App().FormCount(); ++i)
+    if (&App().FormAt(i) == Form) return true;
+  return false;
+}
+
+void PrinterSetup(platform::CommonDialog& CommonDialog1, platform::ReportControl& Report1) {
+  Ignore()([&] {
+    CommonDialog1.CancelError = false;
+    CommonDialog1.ShowPrinter();
+    if (!CommonDialog1.CancelError) {
+      Report1.Job.PrinterStartPage = CommonDialog1.FromPage;
+      Report1.Job.PrinterStopPage = CommonDialog1.ToPage;
+      Report1.Job.CopiesToPrinter = CommonDialog1.Copies;
+    }
+    App().DoEvents();
+  });
+}
+
+}  // namespace orcussch

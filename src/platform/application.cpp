@@ -117,26 +117,41 @@ void Application::MousePointer(int pointer) {
 }
 
 void Application::Act(Form& form, const std::function<void()>& body) {
-  ++depth_;
-  ++form.handlers_;
-  std::vector<Toolbar*> enabledBars;
-  for (Control* control : form.controls_) {
-    auto* bar = dynamic_cast<Toolbar*>(control);
-    if (bar && bar->Enabled()) enabledBars.push_back(bar);
+  struct Running {
+    Application& app;
+    Form& form;
+    Running(Application& application, Form& actedOn) : app(application), form(actedOn) {
+      ++app.depth_;
+      ++form.handlers_;
+    }
+    ~Running() {
+      --form.handlers_;
+      --app.depth_;
+    }
+  };
+  {
+    const Running running(*this, form);
+    const int pointerBefore = pointer_;
+    std::vector<Toolbar*> enabledBars;
+    for (Control* control : form.controls_) {
+      auto* bar = dynamic_cast<Toolbar*>(control);
+      if (bar && bar->Enabled()) enabledBars.push_back(bar);
+    }
+    try {
+      body();
+    } catch (const Error& error) {
+      // The handler that set the pointer and disabled the toolbar can't undo it any more.
+      if (form.loaded_)
+        for (Toolbar* bar : enabledBars) bar->Enabled(true);
+      if (pointer_ != pointerBefore) MousePointer(pointerBefore);
+      Unhandled(error);
+    }
   }
-  try {
-    body();
-  } catch (const Error& error) {
-    if (form.loaded_)
-      for (Toolbar* bar : enabledBars) bar->Enabled(true);
-    Unhandled(error);
-  }
-  --form.handlers_;
   if (form.closePending_ && form.handlers_ == 0) {
     form.closePending_ = false;
-    Unload(form);
+    Close(form);
+    return;
   }
-  --depth_;
   Purge();
 }
 

@@ -18,18 +18,23 @@ const Bookmark& SelectedBookmarks::Item(int index) const {
 }
 
 void SelectedBookmarks::Add(Bookmark bookmark) {
+  if (!keys_.insert(bookmark.key).second) return;
   items_.push_back(std::move(bookmark));
   grid_.Changed(Aspect::Selection);
 }
 
 void SelectedBookmarks::Remove(int index) {
   if (index < 0 || index >= Count()) throw error::SubscriptOutOfRange();
+  keys_.erase(items_[static_cast<std::size_t>(index)].key);
   items_.erase(items_.begin() + index);
   grid_.Changed(Aspect::Selection);
 }
 
-bool SelectedBookmarks::Contains(const Bookmark& bookmark) const {
-  return std::find(items_.begin(), items_.end(), bookmark) != items_.end();
+void SelectedBookmarks::Replace(std::vector<Bookmark> items) {
+  items_.clear();
+  keys_.clear();
+  for (Bookmark& item : items)
+    if (keys_.insert(item.key).second) items_.push_back(std::move(item));
 }
 
 Grid::Grid(Form& form, std::string name) : Control(form, std::move(name)) {}
@@ -143,7 +148,7 @@ void Grid::DropPending() {
 void Grid::ListOpened() {
   openCell_.reset();
   pending_.clear();
-  SelBookmarks.items_.clear();
+  SelBookmarks.Replace({});
   leftCol_[0] = 0;
   if (splits_ > 1) leftCol_[1] = 0;
   Changed(Aspect::List);
@@ -198,10 +203,11 @@ void Grid::UserLast() {
 void Grid::UserMark(std::vector<Bookmark> rows) {
   Act([&] {
     SetFocus();
-    std::swap(SelBookmarks.items_, rows);
+    const std::vector<Bookmark> before = SelBookmarks.items_;
+    SelBookmarks.Replace(std::move(rows));
     bool cancel = false;
     SelChange.Fire(cancel);
-    if (cancel) std::swap(SelBookmarks.items_, rows);
+    if (cancel) SelBookmarks.Replace(before);
     Changed(Aspect::Selection);
   });
 }

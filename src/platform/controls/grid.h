@@ -3,6 +3,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -32,14 +33,17 @@ class SelectedBookmarks {
   explicit SelectedBookmarks(class Grid& grid) : grid_(grid) {}
   int Count() const noexcept { return static_cast<int>(items_.size()); }
   const Bookmark& Item(int index) const;
+  /// A row that is marked already stays where it is.
   void Add(Bookmark bookmark);
   void Remove(int index);
-  bool Contains(const Bookmark& bookmark) const;
+  bool Contains(const Bookmark& bookmark) const { return keys_.count(bookmark.key) != 0; }
 
  private:
   friend class Grid;
+  void Replace(std::vector<Bookmark> items);
   class Grid& grid_;
   std::vector<Bookmark> items_;
+  std::unordered_set<std::string> keys_;
 };
 
 /// A list bound to a data control. Its rows are the data control's (Window); the model holds the columns, the selection, the

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace suitefiles {
+
+/// Where a command writes: answers to `out`, progress and complaints to `err`.
+struct Console {
+  std::istream& in;
+  std::ostream& out;
+  std::ostream& err;
+  bool errIsTerminal = false;
+};
+
+inline constexpr int kDone = 0;
+inline constexpr int kFailed = 1;
+inline constexpr int kMisused = 2;
+
+/// The whole program behind its arguments (without the program's name); the exit status.
+int Run(const std::vector<std::string>& arguments, const Console& console);
+
+// The commands. Each takes its own words and returns the exit status.
+int RunCreate(const std::vector<std::string>& words, const Console& console);
+int RunDemo(const std::vector<std::string>& words, const Console& console);
+int RunTemp(const std::vector<std::string>& words, const Console& console);
+int RunCheck(const std::vector<std::string>& words, const Console& console);
+int RunBackup(const std::vector<std::string>& words, const Console& console);
+int RunSql(const std::vector<std::string>& words, const Console& console);
+
+/// The help text of a command, of the program for ""; "" for an unknown command.
+std::string HelpText(const std::string& command);
+
+}  // namespace suitefiles

@@ -1,0 +1,39 @@
+#include <filesystem>
+#include <iostream>
+
+#include "platform/text.h"
+#include "suitefiles/command_line.h"
+#include "suitefiles/commands.h"
+#include "suitefiles/company_files.h"
+#include "suitefiles/company_maker.h"
+
+namespace suitefiles {
+
+int RunCreate(const std::vector<std::string>& words, const Console& console) {
+  const CommandLine line(words, {{"--company", true}, {"--name", true}, {"--year", true}});
+  line.ExpectOperands({"DIR"});
+  CompanyRecord company;
+  company.number = static_cast<int>(line.RequiredNumber("--company", 1, 32767));
+  const int year = static_cast<int>(line.Number("--year", 1900, 9999).value_or(ThisYear()));
+  const auto name = platform::Normalise(line.Value("--name").value_or("Company " + std::to_string(company.number)));
+  if (!name || platform::CharacterCount(*name) > 40) throw UsageError("option --name needs a text of at most 40 characters");
+  company.name = *name;
+
+  const DataFolder folder(line.Operands()[0]);
+  const std::string target = folder.CompanyFolder(company.number);
+  if (IsTaken(target)) throw CommandError(target + " already exists; nothing was changed");
+
+  StagingFolder files(target);
+  MakeCompanyFiles(files.Path(), year);
+  const auto row = AddCompanyRow(folder.Dat(), company);
+  files.MoveToTarget();
+
+  console.out << "Company " << company.number << " made in " << target << ".\n";
+  if (row == CompanyRow::WasThere) console.out << "Its row in " << folder.Dat() << " was there already and is unchanged.\n";
+  if (std::filesystem::exists(folder.IniFile(company.number))) {
+    console.out << "Note: " << folder.IniFile(company.number) << " may send programs to other files.\n";
+  }
+  return kDone;
+}
+
+}  // namespace suitefiles

@@ -1,0 +1,121 @@
+#include <array>
+#include <charconv>
+#include <filesystem>
+#include <iostream>
+
+#include "platform/convert.h"
+#include "suitefiles/command_line.h"
+#include "suitefiles/commands.h"
+#include "suitefiles/company_files.h"
+#include "suitefiles/company_maker.h"
+#include "suitefiles/demo/codes.h"
+#include "suitefiles/demo/filler.h"
+#include "suitefiles/progress.h"
+#include "suitefiles/session.h"
+#include "suitefiles/table_writer.h"
+
+namespace suitefiles {
+
+namespace {
+
+struct DemoOptions {
+  int company = 1;
+  std::int32_t customers = 0;
+  std::uint64_t seed = 1;
+  int lastDay = 0;  ///< serial
+};
+
+int Part(const std::string& text, std::size_t at, std::size_t length) {
+  int number = -1;
+  const char* end = text.data() + at + length;
+  const auto [stop, problem] = std::from_chars(text.data() + at, end, number);
+  return problem == std::errc{} && stop == end ? number : -1;
+}
+
+int DayFromOption(const std::string& text) {
+  const bool shaped = text.size() == 10 && text[4] == '-' && text[7] == '-';
+  const auto date = shaped ? platform::DateSerial(Part(text, 0, 4), Part(text, 5, 2), Part(text, 8, 2)) : std::nullopt;
+  if (!date) throw UsageError("option --date needs a day such as 2025-06-30, not \"" + text + "\"");
+  return static_cast<int>(date->serial);
+}
+
+DemoOptions ReadOptions(const CommandLine& line) {
+  DemoOptions options;
+  options.company = static_cast<int>(line.RequiredNumber("--company", 1, 32767));
+  options.customers = static_cast<std::int32_t>(line.RequiredNumber("--customers", 0, 100'000'000));
+  options.seed = static_cast<std::uint64_t>(line.Number("--seed", 0, 9'000'000'000'000'000'000LL).value_or(1));
+  options.lastDay = DayFromOption(line.Value("--date").value_or("2025-06-30"));
+  return options;
+}
+
+/// The tables that the demo fills must be empty, so that nothing of an office is mixed with invented rows.
+void RefuseUsedCompany(const std::string& customerFile, const std::string& transactionFile) {
+  constexpr std::array<const char*, 14> kTables = {"Customers", "Phones",   "Addresses",      "CustCreditCards", "CustLaborRates",
+                                                   "CustCodes", "Lookups",  "SuperCustomers", "DataCodes",       "Keywords",
+                                                   "Locations", "TaxTypes", "TaxEntities",    "TaxGrid"};
+  Session session;
+  const auto refuse = [](const std::string& file, const std::string& table, std::int64_t rows) {
+    if (rows > 0) {
+      throw CommandError(file + " has " + std::to_string(rows) + (rows == 1 ? " row" : " rows") + " in " + table +
+                         " already; only a company without customers and codes is filled. Nothing was changed");
+    }
+  };
+  const auto customers = session.Open(customerFile);
+  for (const char* table : kTables) refuse(customerFile, table, CountRows(customers, table));
+  refuse(transactionFile, "Transactions", CountRows(session.Open(transactionFile), "Transactions"));
+}
+
+void FillCompany(const DemoOptions& options, const std::string& customerFile, const std::string& transactionFile, const Console& console) {
+  demo::AddDemoCodes(customerFile);
+  const demo::World world(options.seed, options.lastDay);
+  Progress progress(console);
+  demo::Filler filler(world, options.customers, customerFile, transactionFile,
+                      [&](const std::string& what, std::int64_t done, std::int64_t all) { progress.Show(what, done, all); });
+  filler.Fill();
+}
+
+CompanyRecord DemoCompany(int number) {
+  return {number, "Lakes & Prairie Home Services", "2400 Industrial Blvd", "Minneapolis", "MN", "55413", "6125550100", "6125550101"};
+}
+
+void AddDefaultTerms(const std::string& datFile, int company) {
+  constexpr std::int32_t kNet30 = 4;
+  Session session;
+  const auto rows = session.Open(datFile)->OpenRecordset("SELECT CompID FROM AR WHERE CompID=" + std::to_string(company));
+  const bool missing = rows->RecordCount() == 0;
+  rows->Close();
+  if (!missing) return;
+  TableWriter writer(datFile, "AR", {"CompID", "PayTerms"});
+  writer.Row(std::int32_t{company}, kNet30);
+  writer.Finish();
+}
+
+}  // namespace
+
+int RunDemo(const std::vector<std::string>& words, const Console& console) {
+  const CommandLine line(words, {{"--company", true}, {"--customers", true}, {"--seed", true}, {"--date", true}});
+  line.ExpectOperands({"DIR"});
+  const auto options = ReadOptions(line);
+  const DataFolder folder(line.Operands()[0]);
+  const std::string customerFile = folder.File(options.company, suite::DataFile::Customer);
+  const std::string transactionFile = folder.File(options.company, suite::DataFile::Transactions);
+
+  if (std::filesystem::exists(customerFile)) {
+    RefuseUsedCompany(customerFile, transactionFile);
+    FillCompany(options, customerFile, transactionFile, console);
+  } else {
+    const std::string target = folder.CompanyFolder(options.company);
+    if (IsTaken(target)) throw CommandError(target + " exists but has no customer file; nothing was changed");
+    StagingFolder files(target);
+    MakeCompanyFiles(files.Path(), platform::CalendarOf({static_cast<double>(options.lastDay)}).year);
+    FillCompany(options, files.Path() + "/" + suite::FileName(suite::DataFile::Customer),
+                files.Path() + "/" + suite::FileName(suite::DataFile::Transactions), console);
+    AddCompanyRow(folder.Dat(), DemoCompany(options.company));
+    files.MoveToTarget();
+  }
+  AddDefaultTerms(folder.Dat(), options.company);
+  console.out << options.customers << " invented customers in company " << options.company << " (" << customerFile << ").\n";
+  return kDone;
+}
+
+}  // namespace suitefiles

@@ -1,0 +1,113 @@
+#include "suitefiles/commands.h"
+
+namespace suitefiles {
+
+namespace {
+
+constexpr const char* kProgram =
+    R"(suitefiles makes, fills, checks and copies the data files of the suite.
+
+  suitefiles create DIR --company N [--name TEXT] [--year YYYY]
+  suitefiles demo DIR --company N --customers COUNT [--seed S] [--date YYYY-MM-DD]
+  suitefiles temp DIR --user U
+  suitefiles check DIR [--company N]
+  suitefiles backup DIR TARGET
+  suitefiles sql FILE STATEMENT [--csv] [--no-header] [--skip]
+  suitefiles help COMMAND
+  suitefiles --version
+
+DIR is the folder of the library, where dat.zdb and the orv<N>.ini files lie.
+Exit status: 0 done, 1 failed or (check) something is wrong, 2 wrong usage.
+)";
+
+constexpr const char* kCreate =
+    R"(suitefiles create DIR --company N [--name TEXT] [--year YYYY]
+
+Makes the files of company N: DIR/data/orv<N>/ with customer.zdb, GL.zdb,
+artrans.zdb and flatrate.zdb, and DIR/dat.zdb with the company's row. A dat.zdb
+that is there already gets the row. Files of the company that are there already
+are left alone and the command fails.
+
+The new company has the built-in phone types, card types, terms and sales
+rates, ten departments, a chart of accounts with ledger rows of one year, and
+the report catalogue.
+
+  --company N   number of the company, 1 to 32767
+  --name TEXT   name of the company, at most 40 characters ("Company N")
+  --year YYYY   year of the ledger rows (this year)
+)";
+
+constexpr const char* kDemo =
+    R"(suitefiles demo DIR --company N --customers COUNT [--seed S] [--date YYYY-MM-DD]
+
+Fills company N with invented customers, their phones, addresses, cards, labor
+rates, types, key words, parents and transactions, and with tax rates and map
+codes. The company is made when it is missing. One that holds customers or any
+of these codes is left alone and the command fails. The same seed gives the
+same rows.
+
+  --company N        number of the company, 1 to 32767
+  --customers COUNT  0 to 100000000
+  --seed S           a whole number from 0 on (1)
+  --date YYYY-MM-DD  the last day that the invented dates reach (2025-06-30)
+)";
+
+constexpr const char* kTemp =
+    R"(suitefiles temp DIR --user U
+
+Makes the temporary file of user U, DIR/orvTEMP/orvTemp<U>.zdb, with its empty
+work tables. A file that is there already is kept as it is.
+
+  --user U   number of the user, 0 to 2147483647
+)";
+
+constexpr const char* kCheck =
+    R"(suitefiles check DIR [--company N]
+
+Looks through the files of every company (or of company N): whether each file
+is sound, has its tables, fields and indexes, and whether what rows refer to is
+there. Says what is wrong, one sentence a line; the exit status is then 1.
+Nothing is changed. The orv<N>.ini files in DIR are followed.
+
+  --company N   look at this company alone
+)";
+
+constexpr const char* kBackup =
+    R"(suitefiles backup DIR TARGET
+
+Copies the data files of all companies into the new folder TARGET, laid out as
+dat.zdb and data/orv<N>/, also while programs have them open: each copy is the
+file as it was at one moment. The files need not be closed for it. The settings
+files go along under the name orv<N>.ini.saved, as the paths in them name the
+originals. TARGET must not exist or be empty.
+)";
+
+constexpr const char* kSql =
+    R"(suitefiles sql FILE STATEMENT [--csv] [--no-header] [--skip]
+
+Runs one statement of the suite's dialect on FILE. A SELECT (or the name of a
+table) prints its rows, fields separated by tabs, under a line of field names;
+INSERT, UPDATE and DELETE print how many rows they wrote. A STATEMENT "-" is
+read from the standard input. Null prints as nothing; tabs, line ends and
+backslashes in texts print as \t, \r, \n and \\.
+
+  --csv         comma separated, texts quoted where needed
+  --no-header   leaves out the line of field names
+  --skip        rows that can't be written are passed over; without it the first
+                such row fails and nothing is written
+)";
+
+}  // namespace
+
+std::string HelpText(const std::string& command) {
+  if (command.empty()) return kProgram;
+  if (command == "create") return kCreate;
+  if (command == "demo") return kDemo;
+  if (command == "temp") return kTemp;
+  if (command == "check") return kCheck;
+  if (command == "backup") return kBackup;
+  if (command == "sql") return kSql;
+  return "";
+}
+
+}  // namespace suitefiles

@@ -1,0 +1,29 @@
+#include <filesystem>
+#include <iostream>
+
+#include "engine/data_file.h"
+#include "suite/company_schema.h"
+#include "suitefiles/command_line.h"
+#include "suitefiles/commands.h"
+#include "suitefiles/company_files.h"
+
+namespace suitefiles {
+
+int RunTemp(const std::vector<std::string>& words, const Console& console) {
+  const CommandLine line(words, {{"--user", true}});
+  line.ExpectOperands({"DIR"});
+  const int user = static_cast<int>(line.RequiredNumber("--user", 0, 2147483647));
+  const std::filesystem::path file = DataFolder(line.Operands()[0]).TemporaryFile(user);
+  if (std::filesystem::exists(file)) {
+    console.out << file.string() << " is there already and is unchanged.\n";
+    return kDone;
+  }
+  std::error_code problem;
+  std::filesystem::create_directories(file.parent_path(), problem);
+  if (problem) throw CommandError(file.parent_path().string() + " can't be made: " + problem.message());
+  engine::CreateDataFile(file.string(), suite::TablesOf(suite::DataFile::Temporary), true);
+  console.out << file.string() << " made.\n";
+  return kDone;
+}
+
+}  // namespace suitefiles

@@ -45,7 +45,7 @@ struct Bookmark {
 
 /// A column of a recordset.
 struct FieldInfo {
-  std::string name;         ///< as the statement names it: field name, alias, or "Table.field" when the name occurs twice
+  std::string name;  ///< as the statement names it: field name, alias, or "Table.field" when the name occurs twice
   FieldType type = FieldType::Long;
   int size = 0;             ///< Text: width
   std::string sourceTable;  ///< "" for a computed column

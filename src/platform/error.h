@@ -24,19 +24,19 @@ class Error final : public std::exception {
 
 /// The language's own run-time errors (5 to 424), which carry no inserted text. Engine errors are made in the engine.
 namespace error {
-Error InvalidCall();           ///< 5
-Error Overflow();              ///< 6
-Error SubscriptOutOfRange();   ///< 9
-Error DivisionByZero();        ///< 11
-Error TypeMismatch();          ///< 13
-Error FileNotFound();          ///< 53
-Error PathNotFound();          ///< 76
-Error ObjectNotSet();          ///< 91
-Error InvalidPattern();        ///< 93
-Error InvalidUseOfNull();      ///< 94
-Error ObjectRequired();        ///< 424
-Error ItemNotFound();          ///< 3265, member of a collection
-Error ObjectClosed();          ///< 3420
+Error InvalidCall();          ///< 5
+Error Overflow();             ///< 6
+Error SubscriptOutOfRange();  ///< 9
+Error DivisionByZero();       ///< 11
+Error TypeMismatch();         ///< 13
+Error FileNotFound();         ///< 53
+Error PathNotFound();         ///< 76
+Error ObjectNotSet();         ///< 91
+Error InvalidPattern();       ///< 93
+Error InvalidUseOfNull();     ///< 94
+Error ObjectRequired();       ///< 424
+Error ItemNotFound();         ///< 3265, member of a collection
+Error ObjectClosed();         ///< 3420
 }  // namespace error
 
 }  // namespace platform

@@ -10,9 +10,10 @@ namespace platform {
 /// keeps the state, a widget shows the answer.
 ///
 /// "Raw" is the text without the literals (a text edit's Text), "display" the text with them (DisplayText). A raw text
-/// fills the places from the left; a display shows the literals up to the last place filled, and "" for an empty raw.
+/// fills the places from the left; a display shows the literals up to the last place filled, those behind the last place
+/// once it is filled, and "" for an empty raw.
 struct MaskedText {
-  std::string raw;      ///< without literals
+  std::string raw;        ///< without literals
   std::size_t caret = 0;  ///< in characters of raw, 0..length
 };
 
@@ -22,7 +23,7 @@ std::size_t MaskPlaces(std::string_view mask);
 std::string MaskDisplay(std::string_view mask, std::string_view raw);
 /// The characters of `typed` (a key, a paste, a whole display text with its literals) that fit are put in at the
 /// caret over the selection of `selected` characters; what the mask refuses or `maxLength` (0: none) has no room for is
-/// passed over.
+/// passed over. When nothing is left of it, text and selection stay as they are.
 MaskedText MaskInsert(std::string_view mask, const MaskedText& before, std::size_t selected, std::string_view typed, std::size_t maxLength);
 MaskedText MaskBackspace(const MaskedText& before, std::size_t selected);
 MaskedText MaskDelete(const MaskedText& before, std::size_t selected);

@@ -14,7 +14,7 @@ enum class FieldType { Boolean, Byte, Short, Long, Counter, Currency, Double, Da
 struct FieldDefinition {
   std::string name;
   FieldType type = FieldType::Long;
-  int size = 0;           ///< Text: greatest number of characters, 1 to 255; otherwise 0
+  int size = 0;               ///< Text: greatest number of characters, 1 to 255; otherwise 0
   Value defaultValue = Null;  ///< what AddNew and an INSERT that leaves the field out put there
 };
 

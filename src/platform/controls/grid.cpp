@@ -203,7 +203,7 @@ void Grid::UserLast() {
 void Grid::UserMark(std::vector<Bookmark> rows) {
   Act([&] {
     SetFocus();
-    const std::vector<Bookmark> before = SelBookmarks.items_;
+    const std::vector<Bookmark> before(SelBookmarks.items_.begin(), SelBookmarks.items_.end());
     SelBookmarks.Replace(std::move(rows));
     bool cancel = false;
     SelChange.Fire(cancel);

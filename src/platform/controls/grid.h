@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <map>
 #include <optional>
 #include <string>
@@ -42,7 +43,7 @@ class SelectedBookmarks {
   friend class Grid;
   void Replace(std::vector<Bookmark> items);
   class Grid& grid_;
-  std::vector<Bookmark> items_;
+  std::deque<Bookmark> items_;  ///< taken off at the front when all are unmarked
   std::unordered_set<std::string> keys_;
 };
 

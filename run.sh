@@ -1,0 +1,46 @@
+#!/bin/sh
+# Installs what is missing, builds, makes a demonstration company if there is none, and opens the customer screens. Without
+# a display it does the main job in the real windows off screen and tells where the pictures are.
+#
+#   ./run.sh [--customers COUNT] [custsearch options]
+set -eu
+cd "$(dirname "$0")"
+mkdir -p build/logs
+LOGS=$PWD/build/logs
+. scripts/prepare.sh
+
+customers=5000
+if [ "${1:-}" = "--customers" ]; then
+  customers=$2
+  shift 2
+fi
+
+# shellcheck disable=SC2086
+install_missing $BUILD_PACKAGES $RUN_PACKAGES
+say "Building ..."
+build default custsearch suitefiles
+
+data=${ORCUSSCH_DATA:-$PWD/run/company}
+if [ ! -d "$data/data/orv1" ]; then
+  say "Making a demonstration company with $customers customers in $data ..."
+  mkdir -p "$data"
+  build/default/bin/suitefiles demo "$data" --company 1 --customers "$customers" --seed 1
+fi
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  status=0
+  build/default/bin/custsearch --data "$data" --local "$data" --company 1 --user 1 "$@" || status=$?
+  [ "$status" = 3 ] && say "No customer was chosen."
+  [ "$status" = 0 ] || [ "$status" = 3 ]
+  exit $?
+fi
+
+say "There is no display: doing the main job in the windows off screen."
+pictures=$PWD/run/pictures
+mkdir -p "$pictures"
+build/default/bin/suitefiles temp "$data" --user 1
+sed "s|@PICTURES@|$pictures|g" scripts/main-job.scn >"$LOGS/main-job.scn"
+QT_QPA_PLATFORM=offscreen build/default/bin/custsearch --scenario "$LOGS/main-job.scn" --front desktop \
+  --data "$data" --local "$data" --company 1 --user 1
+say "The pictures are in $pictures:"
+ls "$pictures"

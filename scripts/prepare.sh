@@ -1,0 +1,50 @@
+# Sourced by run.sh and test.sh: installs what the build needs where it is missing, and builds.
+# shellcheck shell=sh
+
+say() { printf '%s\n' "$*"; }
+
+as_root() {
+  if [ "$(id -u)" = 0 ]; then "$@"; elif command -v sudo >/dev/null 2>&1; then sudo "$@"; else
+    say "This needs root or sudo: $*" >&2
+    return 1
+  fi
+}
+
+# install_missing PACKAGE...: only what is not there yet, so that a second run asks nobody.
+install_missing() {
+  missing=""
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"
+  done
+  [ -z "$missing" ] && return 0
+  say "Installing:$missing"
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq || return 1
+  # shellcheck disable=SC2086
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null || {
+    say "These packages could not be installed:$missing" >&2
+    return 1
+  }
+}
+
+BUILD_PACKAGES="g++ cmake ninja-build libsqlite3-dev qt6-base-dev libqt6svg6-dev libgl1-mesa-dev fonts-dejavu-core"
+RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins"
+TEST_PACKAGES="libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev sqlite3 xvfb"
+
+# build PRESET [TARGET...]
+build() {
+  preset=$1
+  shift
+  cmake --preset "$preset" >"$LOGS/configure-$preset.log" 2>&1 || {
+    tail -n 40 "$LOGS/configure-$preset.log" >&2
+    return 1
+  }
+  if [ $# -gt 0 ]; then
+    cmake --build --preset "$preset" --target "$@" >"$LOGS/build-$preset.log" 2>&1
+  else
+    cmake --build --preset "$preset" >"$LOGS/build-$preset.log" 2>&1
+  fi || {
+    grep -E 'error|Error|FAILED' "$LOGS/build-$preset.log" | head -n 40 >&2
+    say "The build failed; all of it is in $LOGS/build-$preset.log" >&2
+    return 1
+  }
+}

@@ -82,7 +82,19 @@ Whole ToWhole(const Value& value) {
   return WholeFromText<Whole>(value.As<std::string>());
 }
 
+/// A Double is meant as the decimal that its first 15 digits spell: 1.00005, whose binary value lies a little beside it,
+/// is a half at the fourth decimal. Numbers too large for that keep all their bits.
+std::optional<std::int64_t> ScaledByItsDigits(double number) {
+  constexpr double kFewDecimalsLeft = 1e10;
+  if (!(std::fabs(number) < kFewDecimalsLeft)) return {};
+  char digits[32];
+  const auto written = std::to_chars(digits, digits + sizeof digits, number, std::chars_format::scientific, 14);
+  const auto spelled = ReadNumber(std::string_view(digits, static_cast<std::size_t>(written.ptr - digits)));
+  return spelled ? ToScaled(*spelled, 4) : std::nullopt;
+}
+
 Currency CurrencyFromDouble(double number) {
+  if (const auto spelled = ScaledByItsDigits(number)) return {*spelled};
   const double scaled = RoundHalfEven(number * kCurrencyScale);
   constexpr double kBound = 9223372036854775808.0;  // 2^63
   if (!(scaled >= -kBound && scaled < kBound)) throw error::Overflow();

@@ -1,0 +1,163 @@
+#include "platform/format.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/convert.h"
+#include "platform/error.h"
+
+namespace platform {
+namespace {
+
+Currency Money(std::int64_t tenThousandths) { return {tenThousandths}; }
+Date Day(int year, int month, int day) { return *DateSerial(year, month, day); }
+
+TEST(Format, NullAndEmptyTextAreNothing) {
+  for (const char* format : {"0", "#,##0.00", "Currency", "Short Date", "@@@", "(@@@)", "<"}) {
+    EXPECT_EQ(Format(Null, format), "") << format;
+    EXPECT_EQ(Format("", format), "") << format;
+  }
+  EXPECT_EQ(Format(Null, "@@;none"), "none");
+  EXPECT_EQ(Format("", "@@;none"), "none");
+  EXPECT_EQ(Format("x", "@@;none"), " x");
+}
+
+TEST(Format, WithoutAFormatIsPlainText) {
+  EXPECT_EQ(Format(1.5, ""), "1.5");
+  EXPECT_EQ(Format("abc", ""), "abc");
+}
+
+TEST(Format, ZeroAlwaysShowsADigitAndNumberSignOnlySignificantOnes) {
+  EXPECT_EQ(Format(17, "#000"), "017");
+  EXPECT_EQ(Format(0, "#"), "");
+  EXPECT_EQ(Format(1, "#.#"), "1.");
+  EXPECT_EQ(Format(0.099, "#.#"), ".1");
+  EXPECT_EQ(Format(1.7, "#0"), "2");
+  EXPECT_EQ(Format(7, "0.0#"), "7.0");
+  EXPECT_EQ(Format(7.25, "0.0##"), "7.25");
+  EXPECT_EQ(Format(0.5, ".00"), ".50");
+  EXPECT_EQ(Format(12.3, ".00"), "12.30");
+}
+
+TEST(Format, WholePartMayBeLongerThanTheFormat) {
+  EXPECT_EQ(Format(12345, "0"), "12345");
+  EXPECT_EQ(Format("16125551234", "###-####"), "1612555-1234");
+}
+
+TEST(Format, RoundsHalfAwayFromZero) {
+  EXPECT_EQ(Format(0.5, "0"), "1");
+  EXPECT_EQ(Format(-0.5, "0"), "-1");
+  EXPECT_EQ(Format(2.5, "0"), "3");
+  EXPECT_EQ(Format(Money(10'050), "0.00"), "1.01");
+  EXPECT_EQ(Format(9.995, "0.00"), "10.00");
+  EXPECT_EQ(Format(0.004, "0.00"), "0.00");
+}
+
+TEST(Format, ThousandsMarks) {
+  EXPECT_EQ(Format(100000, "#,###,###,###"), "100,000");
+  EXPECT_EQ(Format(5459.4, "##,##0.00"), "5,459.40");
+  EXPECT_EQ(Format(334.9, "###0.00"), "334.90");
+  EXPECT_EQ(Format(1234567, "#,##0"), "1,234,567");
+  EXPECT_EQ(Format(999.999, "#,##0.00"), "1,000.00");
+  EXPECT_EQ(Format(1234567, "#,##0,"), "1,235");
+}
+
+TEST(Format, NegativeNumbersBearASignUnlessASectionIsTheirs) {
+  EXPECT_EQ(Format(-1.57, "0.00"), "-1.57");
+  EXPECT_EQ(Format(-5, "$0.00"), "-$5.00");
+  EXPECT_EQ(Format(-0.001, "0.00"), "0.00");
+  EXPECT_EQ(Format(-5, "0;(0)"), "(5)");
+  EXPECT_EQ(Format(5, "0;(0);zero"), "5");
+  EXPECT_EQ(Format(0, "0;(0);\"zero\""), "zero");
+  EXPECT_EQ(Format(-5, "0;;\\z"), "-5");
+  EXPECT_EQ(Format(0, "0;(0)"), "0");
+}
+
+TEST(Format, LiteralsStandAsTheyAre) {
+  EXPECT_EQ(Format("12345678", "#####-###"), "12345-678");
+  EXPECT_EQ(Format("00000000", "#####-###"), "-");
+  EXPECT_EQ(Format("00001001", "#####-###"), "1-001");
+  EXPECT_EQ(Format("612", "(###)"), "(612)");
+  EXPECT_EQ(Format("012", "(###)"), "(12)");
+  EXPECT_EQ(Format("5551234", "###-####"), "555-1234");
+  EXPECT_EQ(Format("0551234", "###-####"), "55-1234");
+  EXPECT_EQ(Format(5, "\\#0"), "#5");
+  EXPECT_EQ(Format(5, "0\" of #\""), "5 of #");
+  EXPECT_EQ(Format(1999, "####"), "1999");
+}
+
+TEST(Format, PercentMultipliesByAHundred) {
+  EXPECT_EQ(Format(5, "0.00%"), "500.00%");
+  EXPECT_EQ(Format(0.125, "0%"), "13%");
+  EXPECT_EQ(Format(0.5, "Percent"), "50.00%");
+}
+
+TEST(Format, NamedNumberFormats) {
+  EXPECT_EQ(Format(1.234, "Currency"), "$1.23");
+  EXPECT_EQ(Format(-1.234, "Currency"), "($1.23)");
+  EXPECT_EQ(Format(Money(12'345'678'900), "currency"), "$1,234,567.89");
+  EXPECT_EQ(Format(0, "Currency"), "$0.00");
+  EXPECT_EQ(Format(1.234, "Fixed"), "1.23");
+  EXPECT_EQ(Format(0.5, "Fixed"), "0.50");
+  EXPECT_EQ(Format(1234.5, "Standard"), "1,234.50");
+  EXPECT_EQ(Format(1.5, "0.0000"), "1.5000");
+  EXPECT_EQ(Format(1.5, "General Number"), "1.5");
+  EXPECT_EQ(Format(true, "Yes/No"), "Yes");
+  EXPECT_EQ(Format(false, "True/False"), "False");
+}
+
+TEST(Format, LargestAmountIsExact) {
+  EXPECT_EQ(Format(Money(INT64_MAX), "0.0000"), "922337203685477.5807");
+  EXPECT_EQ(Format(Money(INT64_MIN), "#,##0.0000"), "-922,337,203,685,477.5808");
+}
+
+TEST(Format, TextInANumberFormatIsANumberFirst) {
+  EXPECT_EQ(Format("0012", "0"), "12");
+  EXPECT_EQ(Format("$1,000.5", "0.00"), "1000.50");
+  EXPECT_EQ(Format("(5)", "0"), "-5");
+  EXPECT_EQ(Format("abc", "0.00"), "abc");
+  EXPECT_EQ(Format("12x", "Currency"), "12x");
+  EXPECT_EQ(Format("1e999", "0"), "1e999");
+}
+
+TEST(Format, VeryLargeAndVerySmallNumbers) {
+  EXPECT_EQ(Format(1e20, "0"), "100000000000000000000");
+  EXPECT_EQ(Format(1e-20, "0.00"), "0.00");
+  EXPECT_EQ(Format(1e-300, "0"), "0");
+  EXPECT_EQ(Format("1e-99999", "0.0"), "0.0");
+}
+
+TEST(Format, ShortDate) {
+  EXPECT_EQ(Format(Day(1999, 1, 31), "Short Date"), "1/31/1999");
+  EXPECT_EQ(Format("1999-1-31", "Short Date"), "1/31/1999");
+  EXPECT_EQ(Format(Date{Day(1999, 1, 31).serial + 0.5}, "short date"), "1/31/1999");
+  EXPECT_EQ(Format(Date{Day(1999, 1, 31).serial + 0.5}, "General Date"), "1/31/1999 12:00:00 PM");
+  EXPECT_EQ(Format("never", "Short Date"), "never");
+  EXPECT_EQ(Format(36191, "Short Date"), "1/31/1999");
+}
+
+TEST(Format, TextPlacesAreFilledFromTheRight) {
+  EXPECT_EQ(Format("testing", "@@@@@@@@"), " testing");
+  EXPECT_EQ(Format("testing", "@\\x@@@@@@@"), " xtesting");
+  EXPECT_EQ(Format("6125551234", "(@@@) @@@-@@@@"), "(612) 555-1234");
+  EXPECT_EQ(Format("5551234", "(@@@) @@@-@@@@"), "(   ) 555-1234");
+  EXPECT_EQ(Format("ab", "&&&&"), "ab");
+  EXPECT_EQ(Format(5, "@@@"), "  5");
+}
+
+TEST(Format, SurplusCharactersStandInFront) {
+  EXPECT_EQ(Format("Microsoft", "@-@"), "Microsof-t");
+  EXPECT_EQ(Format("Microsoft", "!@-@"), "M-icrosoft");
+}
+
+TEST(Format, TextPlacesCanBeFilledFromTheLeft) { EXPECT_EQ(Format("ab", "!@@@@x"), "ab  x"); }
+
+TEST(Format, TextPlacesCountCharacters) { EXPECT_EQ(Format("\u00E9\u00E8", "@-@-@"), " -\u00E9-\u00E8"); }
+
+TEST(Format, LowerAndUpperCase) {
+  EXPECT_EQ(Format("HELLO", "<"), "hello");
+  EXPECT_EQ(Format("hello", ">"), "HELLO");
+  EXPECT_EQ(Format("\u00E9a", ">@-@"), "\u00C9-A");
+}
+
+}  // namespace
+}  // namespace platform

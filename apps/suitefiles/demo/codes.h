@@ -9,9 +9,23 @@
 namespace suitefiles::demo {
 
 inline constexpr int kMapCodes = 96;
-inline constexpr int kStateTaxRates = 4;
-inline constexpr int kLocalTaxRates = 5;
-inline constexpr int kOtherTaxRates = 2;
+
+/// Numbers of the tax rates, in the order in which AddDemoCodes adds them.
+enum TaxRate : std::int32_t {
+  kNoTax,
+  kMinnesota,
+  kWisconsin,
+  kIowa,
+  kNorthDakota,
+  kHennepinCounty,
+  kRamseyCounty,
+  kMinneapolis,
+  kSaintPaul,
+  kDuluth,
+  kMinnesotaUse,
+  kWisconsinUse,
+  kTaxRates = kWisconsinUse
+};
 
 std::string MapCode(int number);
 std::span<const std::string_view> CustomerTypes();

@@ -63,6 +63,25 @@ std::string MakeComments(Random& random) {
   return text;
 }
 
+/// State, county and city where the customer is; the company collects none elsewhere. Some companies owe use tax.
+void SetTaxes(Account& account, const Identity& identity, bool useTax) {
+  const auto state = identity.city->state;
+  const auto city = identity.city->name;
+  constexpr std::array<std::string_view, 8> kHennepin = {"Minneapolis",  "Bloomington", "Plymouth",   "Maple Grove",
+                                                         "Eden Prairie", "Edina",       "Minnetonka", "Brooklyn Park"};
+  account.taxes[0] = state == "MN"   ? kMinnesota
+                     : state == "WI" ? kWisconsin
+                     : state == "IA" ? kIowa
+                     : state == "ND" ? kNorthDakota
+                                     : kNoTax;
+  if (state == "MN") {
+    if (std::find(kHennepin.begin(), kHennepin.end(), city) != kHennepin.end()) account.taxes[1] = kHennepinCounty;
+    if (city == "Saint Paul") account.taxes[1] = kRamseyCounty;
+    account.taxes[2] = city == "Minneapolis" ? kMinneapolis : city == "Saint Paul" ? kSaintPaul : city == "Duluth" ? kDuluth : kNoTax;
+  }
+  if (useTax && identity.company) account.taxes[3] = state == "MN" ? kMinnesotaUse : state == "WI" ? kWisconsinUse : kNoTax;
+}
+
 }  // namespace
 
 Identity MakeIdentity(const World& world, std::int32_t account) {
@@ -112,11 +131,7 @@ Account MakeAccount(const World& world, const Identity& identity) {
   if (random.PerMille(25)) account.salesRate = random.PerMille(500) ? 'A' : 'B';
   if (random.PerMille(90)) account.salesRatePercent = static_cast<double>(random.Between(-40, 60)) / 2;
   if (identity.laborRateType == 'C') account.laborRate = static_cast<std::int64_t>(random.Between(12, 52)) * 250;
-  if (account.taxId.empty()) {
-    account.taxes[0] = random.Between(1, kStateTaxRates);
-    if (random.PerMille(600)) account.taxes[1] = kStateTaxRates + random.Between(1, kLocalTaxRates);
-    if (random.PerMille(60)) account.taxes[2] = kStateTaxRates + kLocalTaxRates + random.Between(1, kOtherTaxRates);
-  }
+  if (account.taxId.empty()) SetTaxes(account, identity, random.PerMille(60));
   if (random.PerMille(160)) account.comments = MakeComments(random);
   return account;
 }

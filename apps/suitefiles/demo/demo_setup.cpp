@@ -41,7 +41,7 @@ constexpr const char* kEntities[] = {"State of Minnesota",    "State of Wisconsi
                                      "State of North Dakota", "Hennepin County",    "Ramsey County",
                                      "City of Minneapolis",   "City of Saint Paul", "City of Duluth"};
 
-// State rates first, then local ones, then the others: customers are given them by these places.
+// In the order of the enumeration TaxRate.
 constexpr Rate kRates[] = {{"Minnesota State", 1, 1, "MN", 6.875, 0, 6.875, "22000000", 0},
                            {"Wisconsin State", 1, 2, "WI", 5, 5, 5, "22000000", 0},
                            {"Iowa State", 1, 3, "IA", 6, 6, 6, "22000000", 0},
@@ -53,7 +53,7 @@ constexpr Rate kRates[] = {{"Minnesota State", 1, 1, "MN", 6.875, 0, 6.875, "220
                            {"Duluth City", 3, 9, "DUL", 1.5, 0, 1.5, "22200000", 0},
                            {"Minnesota Use Tax", 4, 1, "MNU", 6.875, 0, 0, "22300000", 0},
                            {"Wisconsin Use Tax", 4, 2, "WIU", 5, 0, 0, "22300000", 0}};
-static_assert(std::size(kRates) == kStateTaxRates + kLocalTaxRates + kOtherTaxRates);
+static_assert(std::size(kRates) == kTaxRates);
 
 void AddTaxes(const std::string& file) {
   TableWriter types(file, "TaxTypes", {"TaxType", "TypeDescription", "TypeCode"});

@@ -8,6 +8,7 @@
 #include <set>
 
 #include "platform/text.h"
+#include "suitefiles/demo/codes.h"
 
 namespace {
 
@@ -86,6 +87,27 @@ TEST(DemoCustomers, ZipsLieInTheirCity) {
     ASSERT_GE(number, identity.city->firstZip);
     ASSERT_LE(number, identity.city->lastZip);
   }
+}
+
+TEST(DemoCustomers, TaxesAreThoseOfThePlace) {
+  const World world(1, kLastDay);
+  int taxed = 0;
+  for (std::int32_t account = 1; account <= kSample; ++account) {
+    const auto identity = MakeIdentity(world, account);
+    const auto billing = MakeAccount(world, identity);
+    if (!billing.taxId.empty() || identity.city->state == "TX") {
+      ASSERT_EQ(billing.taxes[0], kNoTax);
+    } else if (identity.city->name == "Minneapolis") {
+      ASSERT_EQ(billing.taxes[0], kMinnesota);
+      ASSERT_EQ(billing.taxes[1], kHennepinCounty);
+      ASSERT_EQ(billing.taxes[2], kMinneapolis);
+    } else if (identity.city->state == "WI") {
+      ASSERT_EQ(billing.taxes[0], kWisconsin);
+      ASSERT_EQ(billing.taxes[1], kNoTax);
+    }
+    taxed += billing.taxes[0] != kNoTax ? 1 : 0;
+  }
+  EXPECT_GT(taxed, kSample / 4);
 }
 
 TEST(DemoCustomers, CitiesAreWrittenOutOnceAndWell) {

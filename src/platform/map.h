@@ -39,6 +39,9 @@ class MapEngine {
   virtual void AddPin(const MapPin& pin) = 0;
   virtual void RemovePins() = 0;
   virtual void Draw(std::int32_t latitude, std::int32_t longitude, std::int32_t width) = 0;
+
+  /// The user has clicked the pin with that key.
+  std::function<void(const std::string& key)> OnPinClicked;
 };
 
 }  // namespace platform

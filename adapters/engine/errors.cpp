@@ -103,6 +103,7 @@ Error TableLockedBy(std::string_view name, std::string_view user, std::string_vi
 }
 
 Error TooFewParameters(int count) { return {3061, Join({"Too few parameters. Expected ", std::to_string(count), "."})}; }
+Error DuplicateDestination(std::string_view name) { return {3063, Join({"Duplicate output destination '", name, "'."})}; }
 Error SelectExecuted() { return {3065, "Can't execute a select query."}; }
 Error UnknownNameInCriterion(std::string_view name) {
   return {3070, Join({"The Microsoft Jet database engine does not recognize '", name, "' as a valid field name or expression."})};
@@ -111,6 +112,7 @@ Error QueryExpression(std::string_view message, std::string_view expression) {
   return {3075, Join({message, " in query expression '", expression, "'."})};
 }
 Error CriterionExpression(std::string_view message) { return {3077, Join({message, " in expression."})}; }
+Error NotUpdatableQuery() { return {3073, "Operation must use an updatable query."}; }
 Error UnknownTable(std::string_view name) {
   return {3078, Join({"The Microsoft Jet database engine cannot find the input table or query '", name,
                       "'.  Make sure it exists and that its name is spelled correctly."})};
@@ -123,8 +125,20 @@ Error UndefinedFunction(std::string_view name) { return {3085, Join({"Undefined 
 Error OrderConflictsWithDistinct(std::string_view clause) {
   return {3093, Join({"ORDER BY clause (", clause, ") conflicts with DISTINCT."})};
 }
+Error AggregateInExpression(std::string_view expression) {
+  return {3095, Join({"Can't have aggregate function in expression (", expression, ")."})};
+}
+Error AggregateInWhere(std::string_view clause) { return {3096, Join({"Can't have aggregate function in WHERE clause (", clause, ")."})}; }
+Error AggregateInOrderBy(std::string_view clause) {
+  return {3097, Join({"Can't have aggregate function in ORDER BY clause (", clause, ")."})};
+}
+Error FieldNotUpdatable(std::string_view name) { return {3113, Join({"Can't update '", name, "'; field not updatable."})}; }
 Error SortOnMemo(std::string_view clause) { return {3117, Join({"Can't sort on Memo or OLE Object (", clause, ")."})}; }
 Error JoinOnMemo(std::string_view name) { return {3118, Join({"Can't join on Memo or OLE Object (", name, ")."})}; }
+Error NotInAggregate(std::string_view expression) {
+  return {3122, Join({"You tried to execute a query that doesn't include the specified expression '", expression,
+                      "' as part of an aggregate function."})};
+}
 Error UnknownInsertField(std::string_view name) {
   return {3127, Join({"The INSERT INTO statement contains the following unknown field name: '", name,
                       "'.  Make sure you've typed the name correctly, and try the operation again."})};

@@ -60,16 +60,23 @@ Error TableLockedBy(std::string_view name, std::string_view user, std::string_vi
 
 // Statements.
 Error TooFewParameters(int count);                                             ///< 3061: names that are neither fields nor tables
+Error DuplicateDestination(std::string_view name);                             ///< 3063: INSERT names a field twice
 Error SelectExecuted();                                                        ///< 3065: Execute of a SELECT
 Error UnknownNameInCriterion(std::string_view name);                           ///< 3070
 Error QueryExpression(std::string_view message, std::string_view expression);  ///< 3075: bad expression inside a statement
 Error CriterionExpression(std::string_view message);                           ///< 3077: bad expression in a Find criterion
+Error NotUpdatableQuery();                                                     ///< 3073: UPDATE of more than one table
 Error UnknownTable(std::string_view name);                                     ///< 3078
 Error AmbiguousField(std::string_view name);                                   ///< 3079
 Error UndefinedFunction(std::string_view name);                                ///< 3085
 Error OrderConflictsWithDistinct(std::string_view clause);                     ///< 3093
+Error AggregateInExpression(std::string_view expression);                      ///< 3095: Max, Count ... where none may stand
+Error AggregateInWhere(std::string_view clause);                               ///< 3096
+Error AggregateInOrderBy(std::string_view clause);                             ///< 3097
+Error FieldNotUpdatable(std::string_view name);                                ///< 3113: UPDATE of a Counter
 Error SortOnMemo(std::string_view clause);                                     ///< 3117
 Error JoinOnMemo(std::string_view name);                                       ///< 3118
+Error NotInAggregate(std::string_view expression);                             ///< 3122: a plain field beside an aggregate
 Error UnknownInsertField(std::string_view name);                               ///< 3127
 Error NoStatement();                                                           ///< 3129: first word is no statement
 Error FromSyntax();                                                            ///< 3131

@@ -36,4 +36,7 @@ std::vector<std::string> CheckDataFile(const std::string& path, std::span<const 
 /// A consistent copy of a file that may be open elsewhere. `progress` gets (pages done, pages in all).
 void BackupDataFile(const std::string& from, const std::string& to, const std::function<void(int, int)>& progress = {});
 
+/// Takes a table (or a link) out of a file that may be open elsewhere, as another program might; 3011 when there is none.
+void DropTable(const std::string& path, std::string_view table);
+
 }  // namespace engine

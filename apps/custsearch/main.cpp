@@ -1,0 +1,43 @@
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "custsearch/options.h"
+#include "custsearch/tasks.h"
+#include "platform/error.h"
+
+namespace {
+
+int Run(const custsearch::Options& options, const std::string& program) {
+  switch (options.task) {
+    case custsearch::Task::Help:
+      std::cout << custsearch::HelpText();
+      return custsearch::kDone;
+    case custsearch::Task::Version:
+      std::cout << "custsearch " ORCUSSCH_VERSION "\n";
+      return custsearch::kDone;
+    case custsearch::Task::Scenario:
+      return custsearch::RunScenario(options, program);
+    default:
+      return custsearch::Work(options);
+  }
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+  try {
+    return Run(custsearch::ParseOptions({words + 1, words + count}), words[0]);
+  } catch (const custsearch::UsageError& error) {
+    std::cerr << "custsearch: " << error.what() << "\n\"custsearch --help\" tells how it is used.\n";
+    return custsearch::kWrongUsage;
+  } catch (const platform::Error& error) {
+    std::cerr << "custsearch: " << error.Description() << '\n';
+    return custsearch::kFailed;
+  } catch (const std::exception& error) {
+    std::cerr << "custsearch: " << error.what() << '\n';
+    return custsearch::kFailed;
+  }
+}

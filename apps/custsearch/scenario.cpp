@@ -1,0 +1,140 @@
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+#include "custsearch/tasks.h"
+#include "custsearch/windows.h"
+#include "custsearch/wiring.h"
+#include "engine/data_file.h"
+#include "maintenance/frmCustMain.h"
+#include "robot/interpreter.h"
+#include "robot/model_hands.h"
+#include "robot/scripted_front_end.h"
+#include "session/CustSearch.h"
+#include "session/ModCustSch.h"
+#include "session/inspect.h"
+
+namespace custsearch {
+namespace {
+
+namespace fs = std::filesystem;
+
+class SessionHost final : public robot::HostObject {
+ public:
+  explicit SessionHost(platform::Application& app) : session_(app) {}
+  std::optional<platform::Value> Get(std::string_view property) const override {
+    if (!orcussch::CustSearch::IsProperty(property)) return std::nullopt;
+    return session_.Get(property);
+  }
+  bool Let(std::string_view property, const platform::Value& value) override {
+    if (!orcussch::CustSearch::IsProperty(property)) return false;
+    session_.Let(property, value);
+    return true;
+  }
+  void ShowUser() override { session_.ShowUser(); }
+
+ private:
+  orcussch::CustSearch session_;
+};
+
+std::string ShellWord(const std::string& word) {
+  std::string quoted = "'";
+  for (const char c : word) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return quoted + "'";
+}
+
+/// The programs that scenarios may run: the suite's own, beside this one.
+std::optional<int> RunProgram(const fs::path& folder, const std::vector<std::string>& words) {
+  if (words[0] != "suitefiles" && words[0] != "custsearch") return std::nullopt;
+  const fs::path program = folder / words[0];
+  std::error_code ignored;
+  if (!fs::exists(program, ignored)) return std::nullopt;
+  std::string line = ShellWord(program.string());
+  for (std::size_t i = 1; i < words.size(); ++i) line += " " + ShellWord(words[i]);
+  std::cout.flush();
+  return std::system(line.c_str());
+}
+
+/// The application is made after the surroundings, which reach it by this.
+struct Late {
+  platform::Application* app = nullptr;
+};
+
+robot::Surroundings Around(const Options& options, const Places& places, const Late& late, const std::string& program) {
+  robot::Surroundings around;
+  around.directory = places.dataFolder;
+  around.localRoot = places.localFolder;
+  around.company = options.company;
+  around.user = options.user;
+  around.makeHost = [&late] { return std::make_unique<SessionHost>(*late.app); };
+  around.sessionValue = orcussch::SessionValue;
+  around.toolbarReady = []() -> std::optional<bool> {
+    const auto* main = orcussch::screens::frmCustMain.peek();
+    return main != nullptr && main->Loaded() ? std::optional<bool>(main->mToolbarReady) : std::nullopt;
+  };
+  around.dataPath = [](std::int32_t company, std::string_view file) { return orcussch::GetDataPath(company, std::string(file)); };
+  around.tempPath = [&late](std::int32_t user) { return TemporaryFile(late.app->System(), user); };
+  around.makeEngine = [&options, &late] { return MakeEngine(options, late.app->System()); };
+  around.dropTable = [&late](const std::string& path, const std::string& table) {
+    engine::DropTable(late.app->System().ToHostPath(path), table);
+  };
+  around.runProgram = [folder = fs::path(program).parent_path()](const auto& words) { return RunProgram(folder, words); };
+  return around;
+}
+
+std::optional<robot::Script> Read(const std::string& file) {
+  robot::ScriptReading reading;
+  if (file == "-") {
+    reading = robot::ReadScript(std::cin, file);
+  } else {
+    std::error_code ignored;
+    std::ifstream input(file, std::ios::binary);
+    if (!input || fs::is_directory(file, ignored)) {
+      std::cerr << "custsearch: the scenario " << file << " can't be read\n";
+      return std::nullopt;
+    }
+    reading = robot::ReadScript(input, file);
+  }
+  for (const auto& error : reading.errors) std::cerr << reading.script.name << ':' << error.line << ": " << error.message << '\n';
+  if (!reading.errors.empty()) return std::nullopt;
+  return std::move(reading.script);
+}
+
+}  // namespace
+
+int RunScenario(const Options& options, const std::string& program) {
+  auto script = Read(options.scenario);
+  if (!script) return kWrongUsage;
+  Places places = FindPlaces(options);
+  Late late;
+  robot::Interpreter interpreter(std::move(*script), Around(options, places, late, program), std::cout);
+
+  std::unique_ptr<platform::FrontEnd> windows = std::make_unique<robot::NoWindows>();
+  std::unique_ptr<platform::UserHands> hands;
+  if (options.front == Front::Desktop) {
+    windows = MakeWindows("", std::to_string(options.user), true);
+    hands = MakeWindowHands(*windows);
+  }
+  platform::ApplicationParts parts;
+  parts.engine = MakeEngine(options, *places.system);
+  parts.system = std::move(places.system);
+  parts.errorLog = interpreter.RecordLog(nullptr);
+  parts.reports = interpreter.MakeReports();
+  parts.map = interpreter.MakeMap();
+  parts.accounts = interpreter.MakeAccounts();
+  parts.frontEnd = std::make_unique<robot::ScriptedFrontEnd>(interpreter, std::move(windows));
+  parts.path = places.libraryFolder;
+  parts.title = "Customer Search";
+
+  platform::Application app(std::move(parts));
+  late.app = &app;
+  if (!hands) hands = robot::MakeModelHands(app);
+  interpreter.Attach(app, *hands);
+  orcussch::AttachApplication(&app);
+  const int status = interpreter.Run();
+  hands.reset();
+  return status;
+}
+
+}  // namespace custsearch

@@ -10,6 +10,7 @@
 #include "platform/controls/tab_control.h"
 #include "platform/controls/text_box.h"
 #include "platform/controls/toolbar.h"
+#include "platform/convert.h"
 #include "platform/shortcuts.h"
 #include "platform/text.h"
 #include "robot/failure.h"

@@ -16,6 +16,39 @@ void Run(const platform::DatabaseRef& Db, const std::string& SQL) {
 
 }  // namespace
 
+void frmCustMain::LoadTaxBasis(bool Customer) {
+  Trap("frmCustMain.LoadAvailableKeyWords", [&] {
+    const std::string Instance = std::to_string(mInstance);
+    orcussch::App().DoEvents();
+    Run(dbTemp, "Delete * From CU_AssignTaxes Where (Instance = " + Instance + ");");
+    // The right joins keep a tax that has no type or entity.
+    Run(dbCustomer, "INSERT INTO CU_AssignTaxes ( Instance, TaxID, Assign, Description, TypeDescription, EntityDescription ) IN '" +
+                        gTempPath + "'" + " SELECT " + Instance +
+                        " As Instance, TaxGrid.TaxID, False AS Assign, TaxGrid.Description, TaxTypes.TypeDescription, "
+                        "TaxEntities.EntityDescription"
+                        " FROM TaxTypes RIGHT JOIN (TaxEntities RIGHT JOIN TaxGrid ON TaxEntities.TaxEntity = TaxGrid.TaxEntity) ON "
+                        "TaxTypes.TaxType = TaxGrid.TaxType"
+                        ";");
+    SQLTaxBasis();
+    if (Customer && data[tab::Customers].OnRecord()) TickCustomersTaxes();
+    if (HasRecords(DataTaxBasis)) DataTaxBasis.Recordset().MoveFirst();
+    orcussch::App().DoEvents();
+  });
+}
+
+void frmCustMain::TickCustomersTaxes() {
+  platform::Recordset& Taxes = DataTaxBasis.Recordset();
+  for (const char* Field : {"TaxBasisA", "TaxBasisB", "TaxBasisC", "TaxBasisD"}) {
+    const platform::Value Tax = data[tab::Customers].Recordset().Field(Field);
+    if (Tax.IsNull() || platform::CLng(Tax) <= 0) continue;
+    Taxes.FindFirst("[TaxID]=" + platform::CStr(Tax));
+    if (Taxes.NoMatch()) continue;
+    Taxes.Edit();
+    Taxes.SetField("Assign", true);
+    Taxes.Update();
+  }
+}
+
 void frmCustMain::LoadCustTypes() {
   Trap("frmCustMain.LoadCustTypes", [this] {
     const std::string Instance = std::to_string(mInstance);
@@ -57,6 +90,42 @@ void frmCustMain::LoadKeyWords() {
                         " FROM Keywords;");
     orcussch::App().DoEvents();
   });
+}
+
+void frmCustMain::SelectedAssignment(bool Assign) {
+  Trap("frmCustMain.UnassignSelected", [&] {
+    orcussch::App().DoEvents();
+    const bool OnList = SSIndexTab1.Page() == 0;
+    if (OnList ? Tab() <= tab::LaborRates : Tab() != tab::Customers) return;
+    const int Current = Tab();
+    platform::Grid& Grid = OnList ? grid[static_cast<std::size_t>(Current)] : grdTaxBasis;
+    if (Grid.SelBookmarks.Count() == 0) return;
+    for (int i = 0; i < Grid.SelBookmarks.Count(); ++i) {
+      Grid.CurrentBookmark(Grid.SelBookmarks.Item(i));
+      Grid.ColumnValue(0, Assign);
+      if (Current > tab::LaborRates) grid_AfterColUpdate(Current, 0);
+      orcussch::App().DoEvents();
+    }
+    Grid.Row(0);  // writes the last change
+    orcussch::App().MousePointer(platform::pointer::Default);
+    orcussch::App().DoEvents();
+  });
+}
+
+/// Codes count from 1; the highest one plus one, gaps are not used again.
+std::int16_t frmCustMain::NextDataCode() {
+  std::int16_t Next = 0;
+  Trap("frmCustMain.NextDataCode", [&] {
+    const platform::RecordsetRef Codes = dbCustomer->OpenRecordset("SELECT Max([Code]) AS MaxCode FROM DataCodes WHERE [Code]>0;");
+    if (Codes->RecordCount() == 0) {
+      Next = 1;
+    } else {
+      const platform::Value MaxCode = Codes->Field("MaxCode");
+      Next = MaxCode.IsNull() ? std::int16_t{1} : platform::CInt(platform::CLng(MaxCode) + 1);
+    }
+    Codes->Close();
+  });
+  return Next;
 }
 
 void frmCustMain::optCustTypeDisp_Click(int Index) {

@@ -8,7 +8,13 @@ using platform::Value;
 
 namespace {
 
-GridColumn Plain(const char* caption, const char* field) { return {caption, field, "", {}, false, false, true, 0}; }
+GridColumn Plain(const char* caption, const char* field) { return {caption, field, "", {}, false, true, true, 0}; }
+
+/// Keys, counters, figures of other modules and other tables' fields are not typed over.
+GridColumn Closed(GridColumn column) {
+  column.open = false;
+  return column;
+}
 
 GridColumn Formatted(const char* caption, const char* field, const char* format) {
   GridColumn column = Plain(caption, field);
@@ -32,7 +38,7 @@ GridColumn Coded(const char* caption, const char* field, std::vector<std::pair<V
 
 std::vector<GridColumn> CustomerColumns() {
   return {
-      Plain("Account No.", "AcctNum"),
+      Closed(Plain("Account No.", "AcctNum")),
       Plain("Customer Last Name", "Lastname"),
       Plain("Customer First Name", "Firstname"),
       Plain("Title", "Title"),
@@ -58,18 +64,18 @@ std::vector<GridColumn> CustomerColumns() {
       Plain("Terms", "Terms"),
       Check("Age From Invoice Date", "AgeMethod"),
       Check("Omit Finance Charges", "OmitFinanceCharge"),
-      Money("Current Finance Charge", "CurrFinanceCharge"),
-      Money("Current Balance", "CurrBalance"),
-      Money("Paid This Year", "PaidThisYear"),
-      Money("Paid This Month", "PaidThisMonth"),
-      Money("Paid Last Year", "PaidLastYear"),
-      Money("Paid To Date", "PaidToDate"),
-      Plain("Last Statement Date", "LastStateDate"),
-      Plain("Last Order Date", "LastOrdDate"),
-      Plain("Last Payment Date", "LastPayDate"),
-      Plain("Last Transaction Posted Date", "LastTrans"),
+      Closed(Money("Current Finance Charge", "CurrFinanceCharge")),
+      Closed(Money("Current Balance", "CurrBalance")),
+      Closed(Money("Paid This Year", "PaidThisYear")),
+      Closed(Money("Paid This Month", "PaidThisMonth")),
+      Closed(Money("Paid Last Year", "PaidLastYear")),
+      Closed(Money("Paid To Date", "PaidToDate")),
+      Closed(Plain("Last Statement Date", "LastStateDate")),
+      Closed(Plain("Last Order Date", "LastOrdDate")),
+      Closed(Plain("Last Payment Date", "LastPayDate")),
+      Closed(Plain("Last Transaction Posted Date", "LastTrans")),
       Formatted("Entry Date", "EntryDate", "Short Date"),
-      Plain("Default Bill To Customer", "DefaultBillTo"),
+      Closed(Plain("Default Bill To Customer", "DefaultBillTo")),
       Plain("Default Ship To Address", "DefaultShipAddress"),
       Plain("Default Bill To Address", "DefaultBillAddress"),
       Plain("Default Phone Number", "DefaultPhoneNumber"),
@@ -89,8 +95,8 @@ void frmCustMain::DesignColumns() {
   grid[tab::Customers].DefineColumns(CustomerColumns());
   grid[tab::Customers].Splits(2);
   grid[tab::Phones].DefineColumns({
-      Plain("Record ID", "RecordID"),
-      Plain("AcctNum", "AcctNum"),
+      Closed(Plain("Record ID", "RecordID")),
+      Closed(Plain("AcctNum", "AcctNum")),
       Formatted("Area Code", "Area", "(###)"),
       Formatted("Phone Number", "Phone", "###-####"),
       Plain("Extention Number", "Ext"),
@@ -98,8 +104,8 @@ void frmCustMain::DesignColumns() {
       Plain("Comment", "Comment"),
   });
   grid[tab::Addresses].DefineColumns({
-      Plain("Address ID", "AddressID"),
-      Plain("AcctNum", "Customer"),
+      Closed(Plain("Address ID", "AddressID")),
+      Closed(Plain("AcctNum", "Customer")),
       Plain("Address 1", "Addr1"),
       Plain("Address 2", "Addr2"),
       Plain("City", "City"),
@@ -111,8 +117,8 @@ void frmCustMain::DesignColumns() {
       Plain("Comment", "Comment"),
   });
   grid[tab::CreditCards].DefineColumns({
-      Plain("Record ID", "CreditCardID"),
-      Plain("Credit Card Type", "CreditCardName"),
+      Closed(Plain("Record ID", "CreditCardID")),
+      Closed(Plain("Credit Card Type", "CreditCardName")),
       Plain("Number", "CCNumber"),
       Plain("Card Holder", "CCHolder"),
       Plain("Expire Month", "CCMonth"),
@@ -121,20 +127,20 @@ void frmCustMain::DesignColumns() {
       Plain("Comment", "CCComment"),
   });
   grid[tab::LaborRates].DefineColumns({
-      Plain("Department", "Dept"),
-      Plain("Department Description", "DeptDescription"),
-      Money("Base Rate", "DefaultLaborRate"),
+      Closed(Plain("Department", "Dept")),
+      Closed(Plain("Department Description", "DeptDescription")),
+      Closed(Money("Base Rate", "DefaultLaborRate")),
       Plain("Adjustment %", "Adjustment"),
-      Money("Adjusted Rate", "Adjusted Rate"),
+      Closed(Money("Adjusted Rate", "Adjusted Rate")),
   });
   grid[tab::CustomerTypes].DefineColumns({Check("Assigned", "Assign"), Plain("Type Description", "Description")});
   grid[tab::KeyWords].DefineColumns({Check("Assigned", "Assign"), Plain("Key Word", "KeyWord")});
   grdTaxBasis.DefineColumns({
       Check("Assigned", "Assign"),
-      Plain("Description", "Description"),
-      Plain("TypeDescription", "TypeDescription"),
-      Plain("Tax Entity", "EntityDescription"),
-      Plain("Tax ID", "TaxID"),
+      Closed(Plain("Description", "Description")),
+      Closed(Plain("TypeDescription", "TypeDescription")),
+      Closed(Plain("Tax Entity", "EntityDescription")),
+      Closed(Plain("Tax ID", "TaxID")),
   });
 }
 

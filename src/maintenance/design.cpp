@@ -223,6 +223,8 @@ frmCustMain::frmCustMain()
   DesignColumns();
   AttachCommands();
   AttachHandlers();
+  mRecords = {MakeCustomersTab(*this),  MakePhonesTab(*this),        MakeAddressesTab(*this), MakeCreditCardsTab(*this),
+              MakeLaborRatesTab(*this), MakeCustomerTypesTab(*this), MakeKeyWordsTab(*this)};
 }
 
 frmCustMain::~frmCustMain() = default;
@@ -342,11 +344,17 @@ void frmCustMain::AttachHandlers() {
     optOrder(i).Each([this, i](platform::OptionButton& option, int) { option.Click = [this, i] { optOrder_Click(i); }; });
     grid[n].HeadClick = [this, i](int ColIndex) { grid_HeadClick(i, ColIndex); };
     grid[n].LostFocus = [this, i] { grid_LostFocus(i); };
+    grid[n].BeforeColUpdate = [this, i](int ColIndex, const platform::Value& OldValue, bool& Cancel) {
+      grid_BeforeColUpdate(i, ColIndex, OldValue, Cancel);
+    };
+    grid[n].AfterColUpdate = [this, i](int ColIndex) { grid_AfterColUpdate(i, ColIndex); };
+    grid[n].AfterColEdit = [this, i](int) { grid_AfterColEdit(i); };
     grid[n].SelChange = [this, i, n](bool&) {
       if (i > tab::LaborRates) TestGridSelection(grid[n]);
     };
   }
   grdTaxBasis.HeadClick = [this](int ColIndex) { grdTaxBasis_HeadClick(ColIndex); };
+  grdTaxBasis.AfterColUpdate = [this](int) { grdTaxBasis_AfterColUpdate(); };
   grdTaxBasis.SelChange = [this](bool&) { TestGridSelection(grdTaxBasis); };
   optTaxDisp.Each([this](platform::OptionButton& option, int) { option.Click = [this] { SQLTaxBasis(); }; });
   optCustTypeDisp.Each([this](platform::OptionButton& option, int i) { option.Click = [this, i] { optCustTypeDisp_Click(i); }; });
@@ -359,6 +367,15 @@ void frmCustMain::AttachHandlers() {
   };
   fraLaborRate.MouseMove = [this] { StatusBar1.Panel(1, ""); };
   txtCreditLimit.MouseMove = [this] { StatusBar1.Panel(1, "Credit Limit:  Enter -1 for No Credit Limit.  Enter 0 for C.O.D."); };
+  optLaborRate.Each([this](platform::OptionButton& option, int i) { option.Click = [this, i] { optLaborRate_Click(i); }; });
+  optAllDept.Each([this](platform::OptionButton& option, int i) { option.Click = [this, i] { optAllDept_Click(i); }; });
+  cmdAddAllDepts.Click = [this] { cmdAddAllDepts_Click(); };
+  cboDepts.Change = [this] { DeptChange(); };
+  txtRateAdjustment.Change = [this] { txtRateAdjustment_Change(); };
+  txtComment.GotFocus = [this] { txtComment_GotFocus(); };
+  txtComment.LostFocus = [this] { txtComment_LostFocus(); };
+  txtZip.LostFocus = [this] { txtZip_LostFocus(); };
+  cmdPlusMinus.Click = [this] { cmdPlusMinus_Click(); };
   cmdMapCode.Click = [this] { cmdMapCode_Click(); };
 }
 

@@ -2,8 +2,10 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 
+#include "maintenance/tabs/record_tab.h"
 #include "platform/common_dialog.h"
 #include "platform/controls/buttons.h"
 #include "platform/controls/combo.h"
@@ -37,7 +39,8 @@ inline constexpr int Count = 7;
 ///
 /// The procedures stand in several files: frame.cpp (life, modes, tabs), commands.cpp (toolbar and menu), lists.cpp (what each
 /// list shows), ordering.cpp, search.cpp, selection.cpp, assignment.cpp, records.cpp (the frame of add, edit, save and
-/// cancel); what is special to one kind of record stands in tabs/.
+/// cancel), deletion.cpp, grid_editing.cpp, labor_rates.cpp, card_handlers.cpp; what is special to one kind of record stands in
+/// tabs/.
 class frmCustMain final : public platform::Form {
  public:
   template <class T, std::size_t N>
@@ -71,8 +74,19 @@ class frmCustMain final : public platform::Form {
   void TestGridSelection(platform::Grid& Grid);
 
   // Assignment lists.
+  void LoadTaxBasis(bool Customer);
   void LoadCustTypes();
   void LoadKeyWords();
+  void SelectedAssignment(bool Assign);
+  std::int16_t NextDataCode();
+
+  // Labor rates.
+  bool CustomerDeptLaborRate();
+  void DeptChange();
+
+  // Customer card.
+  void txtComment_GotFocus();
+  void txtComment_LostFocus();
 
   // Record operations, on the current tab.
   void RecordAdd();
@@ -230,18 +244,55 @@ class frmCustMain final : public platform::Form {
   Array<platform::OptionButton, 2>& optOrder(int Tab);
   void optOrder_Click(int Tab);
 
+  // records.cpp, deletion.cpp
+  RecordTab& CurrentRecord() const;
+  void BeginWork();
+  void EndWork();
+  void OpenCard();
+  void ShowSaved(ResumeNext& on, const SaveState& state);
+  void StandOn(ResumeNext& on, const std::string& Position);
+  void RepairDefaults(ResumeNext& on, const DeleteState& state);
+
+  // grid_editing.cpp
+  void grid_BeforeColUpdate(int Index, int ColIndex, const platform::Value& OldValue, bool& Cancel);
+  void grid_AfterColUpdate(int Index, int ColIndex);
+  void grid_AfterColEdit(int Index);
+  void grdTaxBasis_AfterColUpdate();
+  void Assign(int Tab);
+  void Rename(int Tab);
+
+  // labor_rates.cpp
+  void txtRateAdjustment_Change();
+  void ShowAdjustedRate();
+  void optLaborRate_Click(int Index);
+  void optAllDept_Click(int Index);
+  void cmdAddAllDepts_Click();
+  void AddAllDepartments(ResumeNext& on);
+  bool ApplyAdjustment(ResumeNext& on);
+  void StandOnDepartment(ResumeNext& on, const std::string& Dept);
+
+  // card_handlers.cpp
+  void txtZip_LostFocus();
+  void cmdPlusMinus_Click();
+
   // search.cpp
   void txtSearch_Change(int Index);
   void txtSearch_KeyPress(int Index, int& KeyAscii);
   std::string SearchValue(int Tab) const;
 
   // assignment.cpp
+  void TickCustomersTaxes();
   void optCustTypeDisp_Click(int Index);
   void optKeyWordDisp_Click(int Index);
   void CaptionFilteredList(int Tab, int Index);
 
   platform::ToolbarButton& tb(const char* Key) const { return Toolbar1.Button(Key); }
+
+  std::array<std::unique_ptr<RecordTab>, tab::Count> mRecords;
 };
+
+/// Style of a question with No as its default.
+inline constexpr int kYesNoQuestion = platform::box::Question + platform::box::YesNo + platform::box::SecondButtonDefault;
 
 /// Whether the list holds at least one row; false before its first opening.
 bool HasRecords(const platform::DataControl& Data);

@@ -1,0 +1,37 @@
+#include "maintenance/frmCustMain.h"
+#include "maintenance/tabs/fields.h"
+#include "session/ModCustSch.h"
+
+// Small handlers of the customer card.
+namespace orcussch {
+
+namespace {
+
+/// The comment box takes over the space of these while it has the focus.
+std::array<platform::Control*, 6> GivesWay(frmCustMain& s) {
+  return {&s.fraStatus, &s.fraBillingStatus, &s.fraTaxBasis, &s.fraTax, &s.chkAgeMethod, &s.chkOmitFinChg};
+}
+
+}  // namespace
+
+void frmCustMain::txtComment_GotFocus() {
+  for (platform::Control* control : GivesWay(*this)) control->Visible(false);
+}
+
+void frmCustMain::txtComment_LostFocus() {
+  for (platform::Control* control : GivesWay(*this)) control->Visible(true);
+}
+
+/// The table of customers is itself the zip book. Index "Zip" stays set; every use of the recordset sets its own first.
+void frmCustMain::txtZip_LostFocus() {
+  if (txtZip.Text().empty() || !txtCity.Text().empty()) return;
+  rsCustomers->SetIndex("Zip");
+  rsCustomers->Seek("=", {txtZip.Text()});
+  if (rsCustomers->NoMatch()) return;
+  txtCity.Text(TextOf(*rsCustomers, "City"));
+  if (txtState.Text().empty()) txtState.Text(TextOf(*rsCustomers, "State"));
+}
+
+void frmCustMain::cmdPlusMinus_Click() { cmdPlusMinus.Caption(cmdPlusMinus.Caption() == "+" ? "-" : "+"); }
+
+}  // namespace orcussch

@@ -1,0 +1,152 @@
+#include "maintenance/frmCustMain.h"
+#include "maintenance/tabs/fields.h"
+#include "maintenance/tabs/record_tab.h"
+#include "session/ModCustSch.h"
+
+namespace orcussch {
+
+using platform::Value;
+
+namespace {
+
+constexpr std::int16_t kMonths = 12;
+
+class AddressesTab final : public RecordTab {
+ public:
+  explicit AddressesTab(frmCustMain& screen)
+      : RecordTab(screen, tab::Addresses),
+        mTexts{{{"Addr1", &s.txtAltAddr1},
+                {"Addr2", &s.txtAltAddr2},
+                {"City", &s.txtAltCity},
+                {"State", &s.txtAltState},
+                {"Zip", &s.txtAltZip},
+                {"Country", &s.txtAltCountry}}} {}
+
+  bool Add(ResumeNext&) override {
+    s.lblAltAddressID.Caption("");
+    for (const TextField& text : mTexts) text.edit->Text("");
+    s.chkDefaultAddr[0].Value(0);
+    s.chkDefaultAddr[1].Value(0);
+    s.txtAltComment.Text("");
+    ShowMonth(0, 0);
+    // A new address starts with a blank end month, not with all months.
+    EmptyCombo(s.cboActiveMonth[1]);
+    return true;
+  }
+
+  void Edit(ResumeNext& on) override {
+    on([&] { s.lblAltAddressID.Caption(TextUnguarded(Rows(), "addressID")); });
+    // No guard against Null here: such a line is reported, and its edit keeps what it showed.
+    for (const TextField& text : mTexts) on([&] { text.edit->Text(TextUnguarded(Rows(), text.field)); });
+    LoadMonth(on, 0, "ActiveMonthLow");
+    LoadMonth(on, 1, "ActiveMonthHigh");
+    // A check means that this save makes the address a default; whether it is one now is never shown.
+    s.chkDefaultAddr[0].Value(0);
+    s.chkDefaultAddr[1].Value(0);
+    on([&] { s.txtAltComment.Text(TextOf(Rows(), "Comment")); });
+  }
+
+  bool Save(ResumeNext& on, SaveState& state) override {
+    if (!Valid(state)) return false;
+    if (Adding()) {
+      on([] { rsAddresses->AddNew(); });
+      on([&] { rsAddresses->SetField("Customer", Customer().Field("AcctNum")); });
+    } else if (!BeginEdit(on, state)) {
+      return false;
+    }
+    for (const TextField& text : mTexts) on([&] { rsAddresses->SetField(text.field, text.edit->Text()); });
+    on([&] { rsAddresses->SetField("Comment", s.txtAltComment.Text()); });
+    on([&] { rsAddresses->SetField("ActiveMonthLow", MonthOf(0)); });
+    on([&] { rsAddresses->SetField("ActiveMonthHigh", MonthOf(1)); });
+    on([] { rsAddresses->Update(); });
+    on([] { rsAddresses->SetBookmark(rsAddresses->LastModified()); });
+    on([&] { state.Position = "[AddressID]=" + std::to_string(LongOf(*rsAddresses, "addressID")); });
+    WriteDefaults(on);
+    return true;
+  }
+
+  bool MayDelete(ResumeNext& on, DeleteState& state) override {
+    std::int32_t Id = 0;
+    on([&] { Id = LongOf(Rows(), "addressID"); });
+    bool Ship = false;
+    bool Bill = false;
+    on([&] { Ship = LongOf(Customer(), "DefaultShipAddress") == Id; });
+    on([&] { Bill = LongOf(Customer(), "DefaultBillAddress") == Id; });
+    if (Ship) state.Repairs[0] = {true, "DefaultShipAddress"};
+    // The shipping field too: the suite's billing keeps the number of the deleted address until someone chooses another.
+    if (Bill) state.Repairs[1] = {true, "DefaultShipAddress"};
+    state.Position = "[AddressID]>=" + std::to_string(Id);
+    return true;
+  }
+
+ private:
+  void ShowMonth(int which, std::int16_t month) {
+    platform::ComboBox& combo = s.cboActiveMonth[static_cast<std::size_t>(which)];
+    SetCombo(combo, month, combo.Rows()[static_cast<std::size_t>(month)].shown);
+  }
+
+  void LoadMonth(ResumeNext& on, int which, const char* field) {
+    on([&] {
+      const std::int16_t month = platform::CInt(Rows().Field(field));
+      ShowMonth(which, month > 0 && month <= kMonths ? month : std::int16_t{0});
+    });
+  }
+
+  /// An empty month counts as 0, all year.
+  std::int16_t MonthOf(int which) const {
+    const double month = platform::Val(BoundText(s.cboActiveMonth[static_cast<std::size_t>(which)]));
+    return month >= 0 && month <= kMonths ? static_cast<std::int16_t>(month) : std::int16_t{0};
+  }
+
+  bool Valid(const SaveState& state) const {
+    if (s.chkDefaultAddr[0].Value() == 0 && s.chkDefaultAddr[1].Value() == 0) return true;
+    const std::pair<const platform::TextBox*, const char*> tests[] = {
+        {&s.txtAltAddr1, "When entering a default address you must enter a Address 1!"},
+        {&s.txtAltCity, "When entering a default address you must enter a City!"},
+        {&s.txtAltState, "When entering a default address you must enter a State!"},
+        {&s.txtAltZip, "When entering a default address you must enter a Zip Code!"},
+    };
+    for (const auto& [edit, message] : tests) {
+      if (!edit->Text().empty()) continue;
+      Refuse(state.Title, message);
+      return false;
+    }
+    return true;
+  }
+
+  bool BeginEdit(ResumeNext& on, const SaveState& state) {
+    std::int32_t Id = 0;
+    on([&] { Id = LongOf(Rows(), "addressID"); });
+    bool Found = false;
+    on([] { rsAddresses->SetIndex("PrimaryKey"); });
+    on([&] {
+      rsAddresses->Seek("=", {Id});
+      Found = !rsAddresses->NoMatch();
+    });
+    if (!Found) {
+      Refuse(state.Title, "The edited alternate address can no longer be found (Address ID " + std::to_string(Id) +
+                              ").  The alternate address changes made can not be saved!");
+      return false;
+    }
+    on([] { rsAddresses->Edit(); });
+    return true;
+  }
+
+  void WriteDefaults(ResumeNext& on) {
+    const bool Ship = s.chkDefaultAddr[0].Value() != 0;
+    const bool Bill = s.chkDefaultAddr[1].Value() != 0;
+    if (!Ship && !Bill) return;
+    on([&] { Customer().Edit(); });
+    if (Ship) on([&] { Customer().SetField("DefaultShipAddress", rsAddresses->Field("addressID")); });
+    if (Bill) on([&] { Customer().SetField("DefaultBillAddress", rsAddresses->Field("addressID")); });
+    on([&] { Customer().Update(); });
+  }
+
+  std::array<TextField, 6> mTexts;
+};
+
+}  // namespace
+
+std::unique_ptr<RecordTab> MakeAddressesTab(frmCustMain& screen) { return std::make_unique<AddressesTab>(screen); }
+
+}  // namespace orcussch

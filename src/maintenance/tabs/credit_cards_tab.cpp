@@ -1,0 +1,132 @@
+#include "maintenance/frmCustMain.h"
+#include "maintenance/tabs/fields.h"
+#include "maintenance/tabs/record_tab.h"
+#include "session/ModCustSch.h"
+
+namespace orcussch {
+
+using platform::Val;
+
+namespace {
+
+constexpr int kYearLength = 4;
+
+class CreditCardsTab final : public RecordTab {
+ public:
+  explicit CreditCardsTab(frmCustMain& screen)
+      : RecordTab(screen, tab::CreditCards),
+        mTexts{{{"CCNumber", &s.txtCCNumber}, {"CCHolder", &s.txtCCHolder}, {"CCMonth", &s.txtCCMonth}, {"CCYear", &s.txtCCYear}}} {}
+
+  bool Add(ResumeNext& on) override {
+    on([&] { s.DataCreditCards.Refresh(); });
+    EmptyCombo(s.cboCreditCards);
+    s.txtCCNumber.Text("");
+    s.txtCCHolder.Text(s.lblCustomer.Caption());
+    s.txtCCMonth.Text("");
+    s.txtCCYear.Text("");
+    s.txtCCLimit.Value(platform::Currency{0});
+    s.txtCCComment.Text("");
+    ProposeDefault(on);
+    return true;
+  }
+
+  void Edit(ResumeNext& on) override {
+    on([&] { s.DataCreditCards.Refresh(); });
+    EmptyCombo(s.cboCreditCards);
+    on([&] { s.cboCreditCards.BoundValue(Rows().Field("CCType")); });
+    on([&] { s.cboCreditCards.Text(TextUnguarded(Rows(), "CreditCardName")); });
+    for (const TextField& text : mTexts) on([&] { text.edit->Text(TextUnguarded(Rows(), text.field)); });
+    on([&] { s.txtCCLimit.Value(platform::CCur(Rows().Field("CCLimit"))); });
+    on([&] { s.txtCCComment.Text(TextUnguarded(Rows(), "CCComment")); });
+    ProposeDefault(on);
+  }
+
+  bool Save(ResumeNext& on, SaveState& state) override {
+    if (!Valid(state)) return false;
+    if (Adding()) {
+      on([] { rsCustCreditCards->AddNew(); });
+      on([&] { rsCustCreditCards->SetField("AcctNum", Customer().Field("AcctNum")); });
+    } else if (!BeginEdit(on, state)) {
+      return false;
+    }
+    on([&] { rsCustCreditCards->SetField("CCType", s.cboCreditCards.BoundValue()); });
+    for (const TextField& text : mTexts) on([&] { rsCustCreditCards->SetField(text.field, text.edit->Text()); });
+    on([&] { rsCustCreditCards->SetField("CCLimit", s.txtCCLimit.Value()); });
+    on([&] { rsCustCreditCards->SetField("CCComment", s.txtCCComment.Text()); });
+    on([] { rsCustCreditCards->Update(); });
+    on([] { rsCustCreditCards->SetBookmark(rsCustCreditCards->LastModified()); });
+    on([&] { state.Position = "[CreditCardID]=" + std::to_string(LongOf(*rsCustCreditCards, "CreditCardID")); });
+    if (s.chkDefaultCC.Value() != 0) {
+      on([&] { Customer().Edit(); });
+      on([&] { Customer().SetField("DefaultCreditCard", rsCustCreditCards->Field("CreditCardID")); });
+      on([&] { Customer().Update(); });
+    }
+    return true;
+  }
+
+  bool MayDelete(ResumeNext& on, DeleteState& state) override {
+    std::int32_t Id = 0;
+    on([&] { Id = LongOf(Rows(), "CreditCardID"); });
+    bool Default = false;
+    on([&] { Default = LongOf(Customer(), "DefaultCreditCard") == Id; });
+    if (Default) state.Repairs[0] = {true, "DefaultCreditCard"};
+    state.Position = "[CreditCardID]>=" + std::to_string(Id);
+    return true;
+  }
+
+ private:
+  /// Whether the customer has a default card at all, not whether this one is it.
+  void ProposeDefault(ResumeNext& on) {
+    bool HasDefault = false;
+    on([&] { HasDefault = LongOf(Customer(), "DefaultCreditCard") > 0; });
+    s.chkDefaultCC.Value(HasDefault ? 0 : 1);
+  }
+
+  bool Valid(const SaveState& state) {
+    struct Test {
+      bool failed;
+      const char* message;
+      platform::Control* focus;
+    };
+    const double Month = Val(s.txtCCMonth.Text());
+    const Test tests[] = {
+        {BoundText(s.cboCreditCards).empty(), "You must select a credit card type!", &s.cboCreditCards},
+        {s.txtCCNumber.Text().empty(), "You must enter the credit card number!", &s.txtCCNumber},
+        {Month < 1 || Month > 12, "You must enter an expiration month between 1 and 12!", &s.txtCCMonth},
+        {platform::Len(platform::Trim(s.txtCCYear.Text())) != kYearLength, "You must enter a 4-digit expiration date year!", &s.txtCCYear},
+    };
+    for (const Test& test : tests) {
+      if (!test.failed) continue;
+      Refuse(state.Title, test.message);
+      test.focus->SetFocus();
+      return false;
+    }
+    return true;
+  }
+
+  bool BeginEdit(ResumeNext& on, const SaveState& state) {
+    std::int32_t Id = 0;
+    on([&] { Id = LongOf(Rows(), "CreditCardID"); });
+    bool Found = false;
+    on([] { rsCustCreditCards->SetIndex("PrimaryKey"); });
+    on([&] {
+      rsCustCreditCards->Seek("=", {Id});
+      Found = !rsCustCreditCards->NoMatch();
+    });
+    if (!Found) {
+      Refuse(state.Title, "The edited credit card can no longer be found (Credit Card ID " + std::to_string(Id) +
+                              ").  The credit card changes made can not be saved!");
+      return false;
+    }
+    on([] { rsCustCreditCards->Edit(); });
+    return true;
+  }
+
+  std::array<TextField, 4> mTexts;
+};
+
+}  // namespace
+
+std::unique_ptr<RecordTab> MakeCreditCardsTab(frmCustMain& screen) { return std::make_unique<CreditCardsTab>(screen); }
+
+}  // namespace orcussch

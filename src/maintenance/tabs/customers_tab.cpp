@@ -1,0 +1,406 @@
+#include <cmath>
+
+#include "maintenance/frmCustMain.h"
+#include "maintenance/tabs/fields.h"
+#include "maintenance/tabs/record_tab.h"
+#include "session/ModCustSch.h"
+
+namespace orcussch {
+
+using platform::CBool;
+using platform::CStr;
+using platform::Currency;
+using platform::Null;
+using platform::Recordset;
+using platform::RecordsetRef;
+using platform::Val;
+using platform::Value;
+
+namespace {
+
+constexpr int kGreatestComment = 64'000;  ///< in bytes at two a character
+constexpr const char* kTaxFields[4] = {"TaxBasisA", "TaxBasisB", "TaxBasisC", "TaxBasisD"};
+
+class CustomersTab final : public RecordTab {
+ public:
+  explicit CustomersTab(frmCustMain& screen)
+      : RecordTab(screen, tab::Customers),
+        mTexts{{{"LastName", &s.txtLastName},
+                {"FirstName", &s.txtFirstName},
+                {"Title", &s.txtTitle},
+                {"Addr1", &s.txtAddr1},
+                {"Addr2", &s.txtAddr2},
+                {"City", &s.txtCity},
+                {"State", &s.txtState},
+                {"Zip", &s.txtZip},
+                {"Country", &s.txtCountry}}} {}
+
+  bool Add(ResumeNext& on) override;
+  void Edit(ResumeNext& on) override;
+  bool Save(ResumeNext& on, SaveState& state) override;
+  bool MayDelete(ResumeNext& on, DeleteState& state) override;
+
+ private:
+  void ShowTerms(ResumeNext& on, const std::string& Terms, const Value& Bound);
+  void ShowSalesRate(ResumeNext& on, const Recordset& Row);
+  void ShowLaborRate(ResumeNext& on, const Recordset& Row);
+  void ShowMapCode(ResumeNext& on, const Recordset& Row);
+
+  bool Valid(const SaveState& state) const;
+  bool AskAboutDuplicates(ResumeNext& on, const SaveState& state, std::int16_t& TaxCount);
+  bool BeginAdd(ResumeNext& on);
+  bool BeginEdit(ResumeNext& on, const SaveState& state);
+  void AskAboutLaborRates(ResumeNext& on, const SaveState& state, std::int32_t Acct);
+  void WriteFields(ResumeNext& on);
+  void WriteTaxes(ResumeNext& on, const RecordsetRef& Assigned, std::int16_t TaxCount);
+
+  std::array<TextField, 9> mTexts;
+};
+
+bool CustomersTab::Add(ResumeNext& on) {
+  s.txtComment_LostFocus();
+  for (const TextField& text : mTexts) text.edit->Text("");
+  ShowTerms(on, std::to_string(gDefaultTerms), gDefaultTerms > 0 ? Value(gDefaultTerms) : Value(Null));
+  s.txtCreditLimit.Value(Currency{0});
+  s.chkHoldCredit.Value(0);
+  s.txtComment.Text("");
+  s.optStatus[0].Value(true);
+  // A host that demands one kind of customer has disabled the frame: it keeps the choice that it shows.
+  if (s.fraBillingStatus.Enabled()) s.optBillingStatus[0].Value(true);
+  s.txtEMail.Text("");
+  s.txtWebSite.Text("");
+  EmptyCombo(s.cboSalesRate);
+  s.optLaborRate[0].Value(true);
+  s.txtLaborRate.Value(Currency{0});
+  s.txtTaxID.Text("");
+  s.txtExemptExpireDate.Text("");
+  s.chkAgeMethod.Value(1);
+  s.chkOmitFinChg.Value(0);
+  s.lblMapCode[0].Caption("");
+  s.lblMapCode[1].Caption("");
+  s.optTaxDisp[0].Value(true);
+  s.grdTaxBasis.Tag("Description");
+  s.LoadTaxBasis(false);
+  return true;
+}
+
+/// The terms' code and name; an unknown code or none leaves the combo empty.
+void CustomersTab::ShowTerms(ResumeNext& on, const std::string& Terms, const Value& Bound) {
+  EmptyCombo(s.cboTerms);
+  bool Records = false;
+  on([&] { Records = !Bound.IsNull() && HasRecords(s.DataTerms); });
+  if (!Records) return;
+  on([&] { s.DataTerms.Recordset().FindFirst("[Terms]=" + Terms); });
+  if (s.DataTerms.Recordset().NoMatch()) {
+    on([&] { s.DataTerms.Recordset().MoveFirst(); });
+    return;
+  }
+  on([&] { SetCombo(s.cboTerms, Bound, TextOf(s.DataTerms.Recordset(), "Message")); });
+}
+
+void CustomersTab::Edit(ResumeNext& on) {
+  s.txtComment_LostFocus();
+  Recordset& Row = Customer();
+  for (const TextField& text : mTexts) on([&] { text.edit->Text(TextOf(Row, text.field)); });
+
+  Value Terms = Null;
+  on([&] { Terms = Row.Field("Terms"); });
+  ShowTerms(on, Terms.IsNull() ? "" : CStr(Terms), Terms);
+
+  std::int16_t Status = 0;
+  on([&] { Status = platform::CInt(Row.Field("Status")); });
+  s.optStatus[Status == 1 || Status == 2 ? static_cast<std::size_t>(Status) : 0].Value(true);
+  bool NonBillable = false;
+  on([&] {
+    const Value value = Row.Field("NonBillable");
+    NonBillable = !value.IsNull() && CBool(value);
+  });
+  s.optBillingStatus[NonBillable ? 1 : 0].Value(true);
+
+  on([&] { s.txtComment.Text(TextOf(Row, "Comments")); });
+  on([&] { s.txtTaxID.Text(TextOf(Row, "TaxID")); });
+  on([&] {
+    const Value expires = Row.Field("ExemptExpireDate");
+    if (expires.IsNull())
+      s.txtExemptExpireDate.Text("");
+    else
+      s.txtExemptExpireDate.Value(expires);
+  });
+  on([&] {
+    const Value byInvoice = Row.Field("AgeMethod");
+    s.chkAgeMethod.Value(byInvoice.IsNull() || CBool(byInvoice) ? 1 : 0);
+  });
+  on([&] {
+    const Value omit = Row.Field("OmitFinanceCharge");
+    s.chkOmitFinChg.Value(!omit.IsNull() && CBool(omit) ? 1 : 0);
+  });
+  on([&] { s.txtCreditLimit.Value(platform::CCur(Row.Field("Creditlimit"))); });
+  on([&] { s.txtEMail.Text(TextOf(Row, "EMail")); });
+  on([&] { s.txtWebSite.Text(TextOf(Row, "WebSite")); });
+  ShowMapCode(on, Row);
+  on([&] { s.chkHoldCredit.Value(CBool(Row.Field("CreditHold")) ? 1 : 0); });
+  ShowSalesRate(on, Row);
+  ShowLaborRate(on, Row);
+  s.LoadTaxBasis(true);
+}
+
+void CustomersTab::ShowMapCode(ResumeNext& on, const Recordset& Row) {
+  on([&] { s.lblMapCode[0].Caption(TextOf(Row, "MapCode")); });
+  if (s.lblMapCode[0].Caption().empty()) {
+    s.lblMapCode[1].Caption("");
+    return;
+  }
+  bool Found = false;
+  on([&] { rsLocations->SetIndex("MapCode"); });
+  on([&] {
+    rsLocations->Seek("=", {s.lblMapCode[0].Caption()});
+    Found = !rsLocations->NoMatch();
+  });
+  if (!Found) {
+    s.lblMapCode[1].Caption("");
+    return;
+  }
+  on([&] { s.lblMapCode[1].Caption(TextOf(*rsLocations, "Location")); });
+}
+
+/// The combo is filled only for a code that the table of rates lacks. A valid code leaves it empty, and a save does not write
+/// an empty combo: that is how the customer's code survives an edit.
+void CustomersTab::ShowSalesRate(ResumeNext& on, const Recordset& Row) {
+  EmptyCombo(s.cboSalesRate);
+  std::string SalesRate;
+  on([&] { SalesRate = TextOf(Row, "SalesRate"); });
+  if (!SalesRate.empty()) {
+    bool Unknown = false;
+    on([&] {
+      s.DataSalesRate.Recordset().FindFirst("[SalesRate]='" + SalesRate + "'");
+      Unknown = s.DataSalesRate.Recordset().NoMatch();
+    });
+    if (Unknown) {
+      on([&] { s.cboSalesRate.BoundValue(SalesRate); });
+      on([&] { s.cboSalesRate.Text(TextOf(s.DataSalesRate.Recordset(), "RateDescription")); });
+    }
+  }
+  double SalesRatePer = 0;
+  on([&] { SalesRatePer = platform::CDbl(Row.Field("SalesRatePer")); });
+  s.txtSalesRatePer.Value(std::abs(SalesRatePer));
+  s.cmdPlusMinus.Caption(SalesRatePer < 0 ? "-" : "+");
+}
+
+void CustomersTab::ShowLaborRate(ResumeNext& on, const Recordset& Row) {
+  std::string Type;
+  on([&] { Type = TextOf(Row, "LaborRateType"); });
+  if (Type == "C") {
+    s.optLaborRate[1].Value(true);
+    on([&] { s.txtLaborRate.Value(platform::CCur(Row.Field("LaborRate"))); });
+    s.txtLaborRate.Enabled(true);
+    return;
+  }
+  s.optLaborRate[Type == "D" ? 2 : 0].Value(true);
+  s.txtLaborRate.Value(Currency{0});
+  s.txtLaborRate.Enabled(false);
+}
+
+bool CustomersTab::Valid(const SaveState& state) const {
+  struct Test {
+    bool failed;
+    const char* message;
+  };
+  const Test tests[] = {
+      {s.txtLastName.Text().empty(), "You must enter the customer's last name!"},
+      {s.optLaborRate[1].Value() && Val(s.txtLaborRate.Text()) == 0,
+       "You must enter the customer's default labor rate or select a different default labor rate option!"},
+      {Val(BoundText(s.cboTerms)) < 1, "You must select the customer's default terms!"},
+      {2 * platform::Len(s.txtComment.Text()) > kGreatestComment,
+       "The customer comment has exceeded the maximum allowed length.  You must reduce the size of the comment field before you can "
+       "save the customer record!"},
+  };
+  for (const Test& test : tests) {
+    if (!test.failed) continue;
+    Refuse(state.Title, test.message);
+    return false;
+  }
+  return true;
+}
+
+bool CustomersTab::Save(ResumeNext& on, SaveState& state) {
+  if (!Valid(state)) return false;
+
+  RecordsetRef Assigned;
+  on([&] {
+    Assigned = dbTemp->OpenRecordset("Select * From CU_AssignTaxes Where (Assign=True) And (Instance = " + std::to_string(s.mInstance) +
+                                     ") Order By TaxID;");
+  });
+  // One counter for the duplicates and for the places of the taxes: after a duplicate question the first tax goes to the
+  // place behind the duplicates, as the suite's other modules have come to know it.
+  std::int16_t TaxCount = 0;
+  App().DoEvents();
+  state.LeftCol = s.grid[tab::Customers].LeftCol(1);
+
+  if (Adding()) {
+    if (!AskAboutDuplicates(on, state, TaxCount)) return false;
+    BeginAdd(on);
+  } else if (!BeginEdit(on, state)) {
+    return false;
+  }
+  WriteFields(on);
+  WriteTaxes(on, Assigned, TaxCount);
+  on([&] { rsCustomers->Update(); });
+  on([&] { rsCustomers->SetBookmark(rsCustomers->LastModified()); });
+  on([&] { state.Position = "[AcctNum]=" + std::to_string(LongOf(*rsCustomers, "AcctNum")); });
+  if (!Assigned.IsNothing()) on([&] { Assigned->Close(); });
+  return true;
+}
+
+/// True to go on. The address goes into the statement as it was typed: one with an apostrophe makes it fail, which is
+/// reported, and the save goes on without the question.
+bool CustomersTab::AskAboutDuplicates(ResumeNext& on, const SaveState& state, std::int16_t& TaxCount) {
+  RecordsetRef Same;
+  const bool opened = on([&] {
+    Same = dbCustomer->OpenRecordset("Select AcctNum, FirstName, LastName From Customers Where (Addr1 = '" + s.txtAddr1.Text() +
+                                     "') AND (Addr2 = '" + s.txtAddr2.Text() + "') AND (City = '" + s.txtCity.Text() + "') AND (State = '" +
+                                     s.txtState.Text() + "');");
+  });
+  App().DoEvents();
+  if (!opened) return true;
+
+  std::string Message;
+  bool Records = false;
+  on([&] { Records = Same->RecordCount() != 0; });
+  if (Records) {
+    std::string AcctNum, LastName, FirstName;
+    on([&] { AcctNum = TextOf(*Same, "AcctNum"); });
+    on([&] { LastName = TextOf(*Same, "LastName"); });
+    on([&] { FirstName = TextOf(*Same, "FirstName"); });
+    on([&] { Same->MoveLast(); });
+    on([&] { TaxCount = platform::CInt(Same->RecordCount()); });
+    Message = "The following Customer already exists with the same address:\r\r";
+    Message += "  Account No " + AcctNum + "\r";
+    Message += "  Last Name " + LastName + "\r";
+    Message += "  First Name " + FirstName + "\r\r";
+    if (TaxCount > 1) Message += "There are also " + std::to_string(TaxCount - 1) + " customers with the same address.\r\r";
+    Message += "Are you sure you want to add another customer with the same address?";
+  }
+  on([&] { Same->Close(); });
+  return TaxCount == 0 || Ask(state.Title, Message);
+}
+
+bool CustomersTab::BeginAdd(ResumeNext& on) {
+  on([] { rsCustomers->AddNew(); });
+  on([] { rsCustomers->SetField("EntryDate", App().System().Today()); });
+  for (const char* field : {"CurrFinanceCharge", "CurrBalance", "PaidThisYear", "PaidThisMonth", "PaidLastYear", "PaidToDate"})
+    on([&] { rsCustomers->SetField(field, Currency{0}); });
+  on([] { rsCustomers->SetField("DefaultBillTo", rsCustomers->Field("AcctNum")); });
+  for (const char* field : {"DefaultShipAddress", "DefaultBillAddress", "DefaultPhoneNumber", "DefaultCreditCard", "Latitude", "Longitude"})
+    on([&] { rsCustomers->SetField(field, std::int32_t{0}); });
+  return true;
+}
+
+bool CustomersTab::BeginEdit(ResumeNext& on, const SaveState& state) {
+  std::int32_t Acct = 0;
+  on([&] { Acct = LongOf(Customer(), "AcctNum"); });
+  bool Found = false;
+  on([] { rsCustomers->SetIndex("ByAcct"); });
+  on([&] {
+    rsCustomers->Seek("=", {Acct});
+    Found = !rsCustomers->NoMatch();
+  });
+  if (!Found) {
+    Refuse(state.Title, "The edited customer can no longer be found (Customer Account No. " + std::to_string(Acct) +
+                            ").  The customer changes made can not be saved!");
+    return false;
+  }
+  if (!s.optLaborRate[2].Value()) AskAboutLaborRates(on, state, Acct);
+  on([] { rsCustomers->Edit(); });
+  return true;
+}
+
+void CustomersTab::AskAboutLaborRates(ResumeNext& on, const SaveState& state, std::int32_t Acct) {
+  RecordsetRef Rates;
+  const bool opened =
+      on([&] { Rates = dbCustomer->OpenRecordset("Select * From CustLaborRates Where (AcctNum=" + std::to_string(Acct) + ");"); });
+  App().DoEvents();
+  if (!opened) return;
+  bool Records = false;
+  on([&] { Records = Rates->RecordCount() != 0; });
+  if (Records &&
+      Ask(state.Title,
+          "The department labor rate option has not beed selected and departmental labor rate records exist for the current customer.  "
+          "Do you want to delete all deparmental labor rate records for the current customer?")) {
+    on([&] { Rates->MoveFirst(); });
+    bool More = false;
+    on([&] { More = !Rates->Eof(); });
+    while (More) {
+      on([&] { Rates->Delete(); });
+      More = on([&] { Rates->MoveNext(); });
+      App().DoEvents();
+      if (More) More = !Rates->Eof();
+    }
+  }
+  on([&] { Rates->Close(); });
+}
+
+void CustomersTab::WriteFields(ResumeNext& on) {
+  const auto write = [&](const char* field, const Value& value) { on([&] { rsCustomers->SetField(field, value); }); };
+  for (const TextField& text : mTexts) write(text.field, text.edit->Text());
+  write("Terms", s.cboTerms.BoundValue());
+  write("Status", static_cast<std::int16_t>(s.optStatus[1].Value() ? 1 : s.optStatus[2].Value() ? 2 : 0));
+  write("NonBillable", s.optBillingStatus[1].Value());
+  write("Comments", s.txtComment.Text());
+  write("TaxID", s.txtTaxID.Text());
+  // Clearing the control keeps the old date.
+  if (platform::IsDate(s.txtExemptExpireDate.DisplayText()))
+    write("ExemptExpireDate", platform::CDate(s.txtExemptExpireDate.DisplayText()));
+  write("AgeMethod", s.chkAgeMethod.Value() != 0);
+  write("OmitFinanceCharge", s.chkOmitFinChg.Value() != 0);
+  write("Creditlimit", s.txtCreditLimit.Value());
+  write("EMail", s.txtEMail.Text());
+  write("WebSite", s.txtWebSite.Text());
+  write("MapCode", s.lblMapCode[0].Caption());
+  write("CreditHold", s.chkHoldCredit.Value() != 0);
+  if (!BoundText(s.cboSalesRate).empty()) write("SalesRate", s.cboSalesRate.BoundValue());
+  write("SalesRatePer", Val(s.txtSalesRatePer.Text()));
+  if (s.cmdPlusMinus.Caption() == "-")
+    on([] { rsCustomers->SetField("SalesRatePer", platform::CDbl(rsCustomers->Field("SalesRatePer")) * -1); });
+  write("LaborRateType", s.optLaborRate[1].Value() ? "C" : s.optLaborRate[2].Value() ? "D" : "N");
+  write("LaborRate", s.optLaborRate[1].Value() ? s.txtLaborRate.Value() : Currency{0});
+}
+
+/// The first four assigned taxes are kept, without a word about others.
+void CustomersTab::WriteTaxes(ResumeNext& on, const RecordsetRef& Assigned, std::int16_t TaxCount) {
+  for (const char* field : kTaxFields) on([&] { rsCustomers->SetField(field, std::int32_t{0}); });
+  if (Assigned.IsNothing()) return;
+  bool More = false;
+  on([&] { More = Assigned->RecordCount() != 0; });
+  if (More) on([&] { Assigned->MoveFirst(); });
+  while (More) {
+    if (++TaxCount > 4) break;
+    on([&] { rsCustomers->SetField(kTaxFields[TaxCount - 1], Assigned->Field("TaxID")); });
+    More = on([&] { Assigned->MoveNext(); }) && !Assigned->Eof();
+  }
+}
+
+bool CustomersTab::MayDelete(ResumeNext& on, DeleteState& state) {
+  std::string Acct;
+  on([&] { Acct = std::to_string(LongOf(Rows(), "AcctNum")); });
+  RecordsetRef Transactions;
+  std::int32_t Count = 0;
+  const bool opened = on([&] { Transactions = dbARTrans->OpenRecordset("Select * From Transactions Where (AcctNum = " + Acct + ");"); });
+  App().DoEvents();
+  if (opened) {
+    on([&] { Count = Transactions->RecordCount(); });
+    on([&] { Transactions->Close(); });
+  }
+  if (Count > 0) {
+    Refuse(state.Title,
+           "Accounts Receivable Transactions exist for Customer Account No. " + Acct + " exist.  This Customer can not be deleted!");
+    return false;
+  }
+  state.Position = "[AcctNum]>=" + Acct;
+  return true;
+}
+
+}  // namespace
+
+std::unique_ptr<RecordTab> MakeCustomersTab(frmCustMain& screen) { return std::make_unique<CustomersTab>(screen); }
+
+}  // namespace orcussch

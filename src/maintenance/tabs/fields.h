@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "platform/controls/combo.h"
+#include "platform/controls/text_box.h"
+#include "platform/convert.h"
+#include "platform/data.h"
+
+/// Small reads and writes that the record cards share.
+namespace orcussch {
+
+/// A field as text, "" for Null.
+inline std::string TextOf(const platform::Recordset& Rs, const char* Field) {
+  return platform::CStr(platform::Concat("", Rs.Field(Field)));
+}
+
+/// A field as text without a guard: Null raises 94.
+inline std::string TextUnguarded(const platform::Recordset& Rs, const char* Field) { return platform::CStr(Rs.Field(Field)); }
+
+inline std::int32_t LongOf(const platform::Recordset& Rs, const char* Field) { return platform::CLng(Rs.Field(Field)); }
+
+/// Both parts of a combo.
+inline void SetCombo(platform::ComboBox& combo, const platform::Value& bound, const std::string& text) {
+  combo.BoundValue(bound);
+  combo.Text(text);
+}
+inline void EmptyCombo(platform::ComboBox& combo) { SetCombo(combo, "", ""); }
+
+/// The bound value as text, "" when there is none.
+inline std::string BoundText(const platform::ComboBox& combo) { return platform::CStr(platform::Concat("", combo.BoundValue())); }
+
+/// A field of a table and the edit that it comes from.
+struct TextField {
+  const char* field;
+  platform::TextBox* edit;
+};
+
+}  // namespace orcussch

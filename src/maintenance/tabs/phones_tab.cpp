@@ -1,0 +1,106 @@
+#include "maintenance/frmCustMain.h"
+#include "maintenance/tabs/fields.h"
+#include "maintenance/tabs/record_tab.h"
+#include "session/ModCustSch.h"
+
+namespace orcussch {
+
+namespace {
+
+class PhonesTab final : public RecordTab {
+ public:
+  explicit PhonesTab(frmCustMain& screen)
+      : RecordTab(screen, tab::Phones),
+        mTexts{{{"Area", &s.txtPhoneArea}, {"Phone", &s.txtPhone}, {"Ext", &s.txtPhoneExt}, {"Comment", &s.txtPhoneComment}}} {}
+
+  bool Add(ResumeNext& on) override {
+    s.lblPhoneRecordID.Caption("");
+    for (const TextField& text : mTexts) text.edit->Text("");
+    EmptyCombo(s.cboPhoneTypes);
+    // A customer's first phone proposes itself as the default.
+    bool First = false;
+    on([&] { First = Rows().RecordCount() == 0; });
+    s.chkDefaultPhone.Value(First ? 1 : 0);
+    return true;
+  }
+
+  /// The default box is not touched: it keeps what it showed last.
+  void Edit(ResumeNext& on) override {
+    on([&] { s.lblPhoneRecordID.Caption(TextUnguarded(Rows(), "RecordID")); });
+    for (const TextField& text : mTexts) on([&] { text.edit->Text(TextOf(Rows(), text.field)); });
+    EmptyCombo(s.cboPhoneTypes);
+    bool Found = false;
+    on([&] {
+      if (!HasRecords(s.DataPhoneTypes)) return;
+      s.DataPhoneTypes.Recordset().FindFirst("[Type]='" + TextOf(Rows(), "Type") + "'");
+      Found = !s.DataPhoneTypes.Recordset().NoMatch();
+    });
+    if (!Found) return;
+    on([&] { s.cboPhoneTypes.BoundValue(s.DataPhoneTypes.Recordset().Field("Type")); });
+    on([&] { s.cboPhoneTypes.Text(TextOf(s.DataPhoneTypes.Recordset(), "TypeDescription")); });
+  }
+
+  bool Save(ResumeNext& on, SaveState& state) override {
+    if (BoundText(s.cboPhoneTypes).empty()) {
+      Refuse(state.Title, "You must select a phone number type!");
+      return false;
+    }
+    if (Adding()) {
+      on([] { rsPhones->AddNew(); });
+      on([&] { rsPhones->SetField("AcctNum", Customer().Field("AcctNum")); });
+    } else if (!BeginEdit(on, state)) {
+      return false;
+    }
+    on([&] { rsPhones->SetField("Area", s.txtPhoneArea.Text()); });
+    on([&] { rsPhones->SetField("Phone", s.txtPhone.Text()); });
+    on([&] { rsPhones->SetField("Ext", s.txtPhoneExt.Text()); });
+    on([&] { rsPhones->SetField("Type", s.cboPhoneTypes.BoundValue()); });
+    on([&] { rsPhones->SetField("Comment", s.txtPhoneComment.Text()); });
+    on([] { rsPhones->Update(); });
+    on([] { rsPhones->SetBookmark(rsPhones->LastModified()); });
+    on([&] { state.Position = "[RecordID]=" + std::to_string(LongOf(*rsPhones, "RecordID")); });
+    if (s.chkDefaultPhone.Value() != 0) {
+      on([&] { Customer().Edit(); });
+      on([&] { Customer().SetField("DefaultPhoneNumber", rsPhones->Field("RecordID")); });
+      on([&] { Customer().Update(); });
+    }
+    return true;
+  }
+
+  bool MayDelete(ResumeNext& on, DeleteState& state) override {
+    std::int32_t Id = 0;
+    on([&] { Id = LongOf(Rows(), "RecordID"); });
+    bool Default = false;
+    on([&] { Default = LongOf(Customer(), "DefaultPhoneNumber") == Id; });
+    if (Default) state.Repairs[0] = {true, "DefaultPhoneNumber"};
+    state.Position = "[RecordID]>=" + std::to_string(Id);
+    return true;
+  }
+
+ private:
+  bool BeginEdit(ResumeNext& on, const SaveState& state) {
+    std::int32_t Id = 0;
+    on([&] { Id = LongOf(Rows(), "RecordID"); });
+    bool Found = false;
+    on([] { rsPhones->SetIndex("PrimaryKey"); });
+    on([&] {
+      rsPhones->Seek("=", {Id});
+      Found = !rsPhones->NoMatch();
+    });
+    if (!Found) {
+      Refuse(state.Title, "The edited phone number can longer be found (Phone Record ID " + std::to_string(Id) +
+                              ").  The phone number changes made can not be saved!");
+      return false;
+    }
+    on([] { rsPhones->Edit(); });
+    return true;
+  }
+
+  std::array<TextField, 4> mTexts;
+};
+
+}  // namespace
+
+std::unique_ptr<RecordTab> MakePhonesTab(frmCustMain& screen) { return std::make_unique<PhonesTab>(screen); }
+
+}  // namespace orcussch

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "session/failures.h"
+
+namespace platform {
+class Recordset;
+}
+
+namespace orcussch {
+
+class frmCustMain;
+
+/// What a save leaves for its common end.
+struct SaveState {
+  std::string Title;     ///< of every box of this save: "Delete Customer Record" ...
+  std::string Position;  ///< criterion that finds the saved row in the rebuilt list
+  int LeftCol = 0;       ///< customers: first column of the list's second split
+};
+
+/// What a deletion is told by its kind of record.
+struct DeleteState {
+  std::string Title;
+  std::string Position;  ///< criterion that finds the deleted row's successor
+  /// Fields of the customer that point at the deleted row and are set to 0 after it.
+  struct Repair {
+    bool Wanted = false;
+    std::string Field;
+  };
+  std::array<Repair, 2> Repairs;
+};
+
+/// One kind of record: the branches of the screen's record operations. Each branch is part of the screen's procedure and
+/// gets its failure object: a failing statement is reported there and the next one runs.
+class RecordTab {
+ public:
+  RecordTab(frmCustMain& screen, int tab) : s(screen), mTab(tab) {}
+  virtual ~RecordTab() = default;
+  RecordTab(const RecordTab&) = delete;
+  RecordTab& operator=(const RecordTab&) = delete;
+
+  /// Makes the card ready for a new record. False: no add, the screen stays in its list.
+  virtual bool Add(ResumeNext& on) = 0;
+  /// Loads the current row into the card.
+  virtual void Edit(ResumeNext& on) = 0;
+  /// Tests and writes. False: a box was shown, the card stays open with the user's entries.
+  virtual bool Save(ResumeNext& on, SaveState& state) = 0;
+  /// Tests a deletion and fills the state. False: refused with a box.
+  virtual bool MayDelete(ResumeNext& on, DeleteState& state) = 0;
+  /// Removes the current row. False: refused with a box.
+  virtual bool Remove(ResumeNext& on, DeleteState& state);
+
+ protected:
+  /// The rows of this tab's list, of the customer list.
+  platform::Recordset& Rows() const;
+  platform::Recordset& Customer() const;
+  bool Adding() const;
+  /// An information box under the title.
+  void Refuse(const std::string& title, const std::string& text) const;
+  /// A question with No as its default.
+  bool Ask(const std::string& title, const std::string& text) const;
+
+  frmCustMain& s;
+  int mTab;
+};
+
+std::unique_ptr<RecordTab> MakeCustomersTab(frmCustMain& screen);
+std::unique_ptr<RecordTab> MakePhonesTab(frmCustMain& screen);
+std::unique_ptr<RecordTab> MakeAddressesTab(frmCustMain& screen);
+std::unique_ptr<RecordTab> MakeCreditCardsTab(frmCustMain& screen);
+std::unique_ptr<RecordTab> MakeLaborRatesTab(frmCustMain& screen);
+std::unique_ptr<RecordTab> MakeCustomerTypesTab(frmCustMain& screen);
+std::unique_ptr<RecordTab> MakeKeyWordsTab(frmCustMain& screen);
+
+}  // namespace orcussch

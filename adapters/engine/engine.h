@@ -1,7 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <string>
+#include <string_view>
 
 #include "platform/data.h"
 
@@ -13,6 +16,13 @@ struct EngineOptions {
   std::int64_t exactRows = 20'000;
   /// How long a locked file is waited for before 3218, in milliseconds.
   int lockWait = 2000;
+  /// The real file that a path of the program's style names, "" when there can be none; empty: paths are real names.
+  std::function<std::string(std::string_view path)> hostPath;
+  /// Whether a file lies on a file system that other machines share; empty: the system is asked.
+  std::function<bool(const std::string& path)> onNetwork;
+  /// In a run of moves without a pause, rows read ahead are taken as they are for this long before the file is asked again
+  /// whether someone has changed it, in microseconds.
+  int readAheadTrust = 100;
 };
 
 /// The data engine over SQLite files: one connection, each file attached once.

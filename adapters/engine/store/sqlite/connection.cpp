@@ -75,6 +75,10 @@ void Connection::CountWrite(int file) {
   wroteInTransaction_ = true;
 }
 
+void Connection::CountUndone() {
+  for (auto& [file, count] : writes_) ++count;
+}
+
 void Connection::ServePainting() {
   if (painting_ || !servePainting_) return;
   painting_ = true;
@@ -204,6 +208,7 @@ Transaction::~Transaction() {
   --connection_.depth_;
   // A reading transaction has nothing to undo; ending it either way is the same. A failure here can't be told to anyone,
   // and the store has then undone the transaction by itself.
+  if (kind_ == Kind::Write) connection_.CountUndone();
   if (!connection_.InTransaction()) return;
   if (outermost_)
     sqlite3_exec(connection_.Handle(), "ROLLBACK", nullptr, nullptr, nullptr);

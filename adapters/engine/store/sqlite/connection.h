@@ -63,6 +63,8 @@ class Connection {
   std::shared_ptr<StatementSlot> Slot(std::string_view sql);
   void Prepare(StatementSlot& slot);
   void CountWrite(int file);
+  /// Writes were undone: what was read meanwhile is stale.
+  void CountUndone();
   [[noreturn]] void RaiseFor(int code, const StatementSlot& slot);
   [[noreturn]] void Raise(int code, bool writing, int file);
   /// Sleeps one short step with painting served; false when the time since `start` is used up.

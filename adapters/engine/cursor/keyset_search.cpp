@@ -1,0 +1,172 @@
+#include "engine/cursor/keyset_search.h"
+
+#include <algorithm>
+
+#include "engine/cursor/keyset_list.h"
+#include "engine/text/text_order.h"
+#include "engine/translate/translate.h"
+
+namespace engine {
+namespace {
+
+constexpr std::int64_t walkedRows = 1024;
+
+}  // namespace
+
+bool KeysetSearch::Find(std::string_view criterion, const Place* after, Place& found) {
+  Understand(criterion);
+  std::int64_t from = after == nullptr ? 0 : after->ordinal + 1;
+  while (const auto hit = FirstFit(from)) {
+    if (list_.Visit(*hit, found)) return true;
+    from = *hit + 1;  // deleted by others in the meantime
+  }
+  return false;
+}
+
+void KeysetSearch::Understand(std::string_view criterion) {
+  if (criterion == criterion_ && !plan_.where.empty()) return;
+  RowSource& source = list_.Source();
+  plan_ = PlanCriterion(criterion, source.Plan(), source.OwnSession().dialect);
+  criterion_ = criterion;
+  test_ = source.TestFor(plan_.where);
+  hitsKnown_ = false;
+  hits_.clear();
+}
+
+std::optional<std::int64_t> KeysetSearch::FirstFit(std::int64_t from) {
+  std::int64_t hit = 0;
+  std::optional<bool> answer = ByRowKey(from, hit);
+  if (!answer) answer = ByIndex(from, hit);
+  if (!answer && hitsKnown_ && hitsVersion_ == list_.Source().Version()) answer = FromHits(from, hit);
+  if (!answer) answer = WalkAhead(from, hit);
+  if (!answer) {
+    CollectHits();
+    answer = FromHits(from, hit);
+  }
+  return *answer ? std::optional(hit) : std::nullopt;
+}
+
+bool KeysetSearch::OnField(int& field) const {
+  field = plan_.shape.field;
+  return plan_.shape.kind != SearchShape::Kind::Scan && plan_.shape.field >= 0 && list_.Source().KeyCount() == 1;
+}
+
+// A criterion that names one row by its key.
+std::optional<bool> KeysetSearch::ByRowKey(std::int64_t from, std::int64_t& hit) {
+  int field = -1;
+  if (!OnField(field) || plan_.shape.kind != SearchShape::Kind::Equals || plan_.shape.value.Kind() != platform::ValueKind::Long) return {};
+  const auto& definition = list_.Source().Plan().tables.front().table->definition;
+  if (definition.fields[static_cast<std::size_t>(field)].type != platform::FieldType::Counter) return {};
+  const std::int64_t rowKey = plan_.shape.value.As<std::int32_t>();
+  const auto ordinal = list_.OrdinalOfKey(rowKey);
+  if (!ordinal || *ordinal < from || !list_.IsAlive(*ordinal) || !list_.Source().Test(&rowKey, test_)) return false;
+  hit = *ordinal;
+  return true;
+}
+
+// As long as nobody has written, the keys stand in the order of the index, and the first hit there is the first here.
+std::optional<bool> KeysetSearch::ByIndex(std::int64_t from, std::int64_t& hit) {
+  int field = -1;
+  KeyWalker* walker = list_.Walker();
+  const auto& order = list_.Source().Plan().order;
+  if (walker == nullptr || !OnField(field) || order.empty() || order.front().field != field || walker->Order().size() != 1) return {};
+  list_.FillAll();
+  if (!list_.InIndexOrder()) return {};
+
+  std::optional<OrderPlace> place;
+  if (from > 0) {
+    if (from > list_.Size()) return false;
+    place = walker->PlaceOfRow(*list_.KeysOf(from - 1));
+    if (!place) return {};
+  }
+  KeyWalker::Request request;
+  KeyBounds bounds;
+  request.direction = list_.Forward();
+  request.from = place ? &*place : nullptr;
+  request.keysOnly = true;
+  request.condition = plan_.where;
+  const bool up = list_.Forward() == Direction::Up;
+  if (plan_.shape.kind == SearchShape::Kind::Prefix) {
+    const PrimaryRange range = PrefixRange(plan_.shape.value.As<std::string>());
+    bounds = {range.lower, range.upper};
+    request.bounds = &bounds;
+    if (place) {
+      const platform::Value& here = place->values.front();
+      const bool belowAll = here.IsNull() || CompareText(here.As<std::string>(), range.lower) < 0;
+      const bool aboveAll = !here.IsNull() && CompareText(here.As<std::string>(), range.upper) >= 0;
+      if (up ? aboveAll : belowAll) return false;
+      if (up ? belowAll : aboveAll)
+        request.from = nullptr;
+      else
+        (up ? bounds.lower : bounds.upper).reset();
+    }
+  }
+  std::optional<std::int64_t> rowKey;
+  walker->Read(request, [&](const Query& row) {
+    rowKey = row.Int(walker->RowKeyAt(true));
+    return false;
+  });
+  if (!rowKey) return false;
+  const auto ordinal = list_.OrdinalOfKey(*rowKey);
+  if (!ordinal || *ordinal < from || !list_.IsAlive(*ordinal)) return {};
+  hit = *ordinal;
+  return true;
+}
+
+// The next rows one by one: true or false when they decide, nothing when there are more rows behind them.
+std::optional<bool> KeysetSearch::WalkAhead(std::int64_t from, std::int64_t& hit) {
+  Transaction oneState(list_.Source().Store(), Transaction::Kind::Read);
+  for (std::int64_t i = from; i < from + walkedRows; ++i) {
+    if (!list_.Reach(i)) return false;
+    if (!list_.IsAlive(i) || !list_.Source().Test(list_.KeysOf(i), test_)) continue;
+    hit = i;
+    return true;
+  }
+  if (!list_.Reach(from + walkedRows)) return false;
+  return {};
+}
+
+std::string KeysetSearch::KeyText(const std::int64_t* keys) const {
+  return std::string(reinterpret_cast<const char*>(keys), sizeof(std::int64_t) * list_.Source().KeyCount());
+}
+
+// All rows that fit, in whatever order the store finds them. Of one table its filter need not be asked again: which rows
+// belong to the list, the list knows.
+void KeysetSearch::CollectHits() {
+  RowSource& source = list_.Source();
+  const SelectPlan& plan = source.Plan();
+  hitsVersion_ = source.Version();
+  hits_.clear();
+  std::string text = "SELECT " + source.KeyList() + " FROM ";
+  if (plan.tables.size() == 1)
+    text += plan.tables.front().table->storeName + " AS " + plan.tables.front().alias + " WHERE " + plan_.where;
+  else
+    text += plan.from + " WHERE " + (plan.where.empty() ? "" : "(" + plan.where + ") AND ") + "(" + plan_.where + ")";
+  Query query(source.Store(), std::string_view(text));
+  while (query.Step()) {
+    RowPage row(0, source.KeyCount());
+    source.ReadKeys(query, 0, row);
+    hits_.insert(KeyText(row.KeysOf(0)));
+    if (hits_.size() % 8192 == 0) source.Store().ServePainting();
+  }
+  hitsKnown_ = true;
+}
+
+bool KeysetSearch::FromHits(std::int64_t from, std::int64_t& hit) {
+  const auto isOwn = [&](std::int64_t i) { return std::ranges::find(list_.OwnRows(), i) != list_.OwnRows().end(); };
+  const bool manyTables = list_.Source().KeyCount() > 1;
+  // Rows that a join might not deliver any more, since they were changed here, are asked themselves.
+  std::optional<std::int64_t> ownHit;
+  if (manyTables)
+    for (const std::int64_t own : list_.OwnRows())
+      if (own >= from && list_.IsAlive(own) && (!ownHit || own < *ownHit) && list_.Source().Test(list_.KeysOf(own), test_)) ownHit = own;
+  for (std::int64_t i = from; !hits_.empty() && list_.Reach(i) && (!ownHit || i < *ownHit); ++i) {
+    if (!list_.IsAlive(i) || !hits_.contains(KeyText(list_.KeysOf(i))) || (manyTables && isOwn(i))) continue;
+    hit = i;
+    return true;
+  }
+  if (ownHit) hit = *ownHit;
+  return ownHit.has_value();
+}
+
+}  // namespace engine

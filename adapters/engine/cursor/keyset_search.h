@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "engine/cursor/row_list.h"
+#include "engine/translate/plan.h"
+
+namespace engine {
+
+class KeysetList;
+
+/// Searching a list of held keys: row by row for the next thousand rows, then by one statement whose hits are kept for the
+/// searches that follow. A list in index order is entered by the index when the criterion is on its order column.
+class KeysetSearch {
+ public:
+  explicit KeysetSearch(KeysetList& list) : list_(list) {}
+
+  bool Find(std::string_view criterion, const Place* after, Place& found);
+
+ private:
+  void Understand(std::string_view criterion);
+  std::optional<std::int64_t> FirstFit(std::int64_t from);
+  std::optional<bool> ByIndex(std::int64_t from, std::int64_t& hit);
+  std::optional<bool> ByRowKey(std::int64_t from, std::int64_t& hit);
+  std::optional<bool> WalkAhead(std::int64_t from, std::int64_t& hit);
+  void CollectHits();
+  bool FromHits(std::int64_t from, std::int64_t& hit);
+  bool OnField(int& field) const;
+  std::string KeyText(const std::int64_t* keys) const;
+
+  KeysetList& list_;
+  std::string criterion_;
+  CriterionPlan plan_;
+  SqlText test_;
+  bool hitsKnown_ = false;
+  std::uint64_t hitsVersion_ = 0;
+  std::unordered_set<std::string> hits_;
+};
+
+}  // namespace engine

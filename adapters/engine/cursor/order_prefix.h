@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/table_definition.h"
+#include "platform/value.h"
+
+namespace engine {
+
+/// The start of a value's place in its order, as one number: different numbers stand in the order of the values, Null has 0.
+/// For all types but texts equal numbers mean equal values.
+std::uint64_t OrderPrefix(platform::FieldType type, const platform::Value& value);
+
+/// Whether equal prefixes mean equal values.
+inline bool PrefixDecides(platform::FieldType type) { return type != platform::FieldType::Text && type != platform::FieldType::Memo; }
+
+}  // namespace engine

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/cursor/row_page.h"
+#include "engine/cursor/row_source.h"
+
+namespace engine {
+
+/// Where a cursor stands in a list: the row's identity, its place as the list counts or orders it, and the row as it was
+/// read there.
+struct Place {
+  std::vector<std::int64_t> keys;      ///< row keys of the source's tables
+  std::vector<platform::Value> order;  ///< lists in index order: the order keys that give the row its place
+  std::int64_t ordinal = -1;           ///< number in the list, -1 where the list doesn't know it
+  std::int64_t added = 0;              ///< lists in index order: above 0 for rows added at the end, in their order
+  std::shared_ptr<const RowPage> page;
+  std::size_t row = 0;
+
+  const platform::Value& Cell(std::size_t column) const { return page->Cell(row, column); }
+};
+
+/// The rows of one open recordset in their order, shared with its clones. A row that others have deleted is passed over
+/// when walking.
+class RowList {
+ public:
+  explicit RowList(std::shared_ptr<RowSource> source) : source_(std::move(source)) {}
+  virtual ~RowList() = default;
+  RowList(const RowList&) = delete;
+  RowList& operator=(const RowList&) = delete;
+
+  RowSource& Source() const noexcept { return *source_; }
+
+  /// The first (last) row, the row behind (before) a place. False when there is none: the place is then as it was.
+  virtual bool First(Place& place) = 0;
+  virtual bool Last(Place& place) = 0;
+  virtual bool Next(Place& place) = 0;
+  virtual bool Previous(Place& place) = 0;
+
+  /// Reads the row anew from the store; false when it is gone.
+  virtual bool Fetch(Place& place);
+
+  /// The identity that a bookmark carries, and the place that it names. A text that can't be a bookmark of this list: 3159; a
+  /// row that is gone: 3167.
+  virtual std::string KeyOf(const Place& place) const = 0;
+  virtual Place PlaceOf(const std::string& key) = 0;
+
+  /// The place of a bookmark for a window, with the row if it can be read; false for a row that has left the list.
+  virtual bool WindowPlace(const std::string& key, Place& place);
+
+  /// The first row for which the criterion holds, behind `after` or from the first row on. False when there is none.
+  virtual bool Find(std::string_view criterion, const Place* after, Place& found) = 0;
+
+  /// Rows reached so far; final once the last was reached. 0 exactly when there is no row.
+  virtual std::int64_t RowsReached() = 0;
+
+  // What this recordset itself has done.
+  virtual Place Added(const std::vector<std::int64_t>& keys) = 0;
+  virtual void Changed(Place& place) = 0;
+  virtual void Deleted(const Place& place) = 0;
+
+  // The list as windows show it.
+  /// Up to `count` rows behind `from` (before it), or from that end of the list; in list order.
+  virtual std::vector<platform::ListRow> Rows(const Place* from, bool forward, int count);
+  platform::ListRow ShownRow(const Place& place) const;
+  virtual std::int64_t Count() = 0;
+  virtual bool CountIsExact() = 0;
+  /// The place with that number; false when there is none.
+  virtual bool At(std::int64_t ordinal, Place& place) = 0;
+  virtual std::optional<std::int64_t> OrdinalOf(const Place& place) = 0;
+  /// A slice of work for idle time; false when none is left.
+  virtual bool IdleSlice() = 0;
+
+ private:
+  std::shared_ptr<RowSource> source_;
+};
+
+}  // namespace engine

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "engine/cursor/row_page.h"
+#include "engine/objects/database_catalogue.h"
+#include "engine/objects/session.h"
+#include "engine/translate/plan.h"
+#include "platform/data.h"
+
+namespace engine {
+
+/// The rows that a plan speaks of, apart from their order: columns, files, reading a row by its keys. Shared by all that
+/// belongs to one open recordset.
+class RowSource {
+ public:
+  RowSource(Session& session, std::shared_ptr<DatabaseCatalogue> catalogue, SelectPlan plan);
+
+  Session& OwnSession() const noexcept { return session_; }
+  Connection& Store() const noexcept { return session_.connection; }
+  const SelectPlan& Plan() const noexcept { return plan_; }
+  const std::shared_ptr<DatabaseCatalogue>& SharedCatalogue() const noexcept { return catalogue_; }
+  std::size_t KeyCount() const noexcept { return plan_.tables.size(); }
+  std::uint64_t Set() const noexcept { return set_; }
+
+  const std::vector<platform::FieldInfo>& Fields() const noexcept { return fields_; }
+  /// -1 for an unknown name.
+  int FieldIndex(std::string_view name) const;
+  const platform::FieldDefinition* DefinitionOf(int column) const;
+
+  /// A number that changes with each commit to one of the files, by anyone.
+  std::uint64_t Version();
+  /// The same, but in a run of calls without a pause the number found last.
+  std::uint64_t RecentVersion();
+
+  /// "t0.a, t0.b, ...": the columns of a row, and behind them the row keys.
+  const std::string& ColumnList() const noexcept { return columnList_; }
+  const std::string& KeyList() const noexcept { return keyList_; }
+  /// Reads the columns at the query's row into a page; `first` is the place of the first column.
+  void ReadCells(const Query& query, int first, RowPage& page) const;
+  void ReadKeys(const Query& query, int first, RowPage& page) const;
+
+  /// Adds the row with these keys to the page; false when one of its rows is gone.
+  bool Fetch(const std::int64_t* keys, RowPage& page);
+  /// Whether the row with these keys is there and the criterion is true of it.
+  bool Test(const std::int64_t* keys, SqlText& test);
+  /// The statement that Test runs.
+  SqlText TestFor(std::string_view criterion) const;
+
+  bool Writable() const;
+  /// Raises 3027 when the table's file or the plan can't be written.
+  void RequireWritable() const;
+
+ private:
+  std::string FromByKeys() const;
+  void BindKeys(Query& query, const std::int64_t* keys) const;
+  bool AllThere(const Query& query, int first, const std::int64_t* keys) const;
+
+  struct NoCaseHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view name) const noexcept;
+  };
+  struct NoCaseEqual {
+    using is_transparent = void;
+    bool operator()(std::string_view left, std::string_view right) const noexcept;
+  };
+
+  Session& session_;
+  std::shared_ptr<DatabaseCatalogue> catalogue_;
+  SelectPlan plan_;
+  std::uint64_t set_;
+  std::vector<platform::FieldInfo> fields_;
+  std::unordered_map<std::string, int, NoCaseHash, NoCaseEqual> byName_;
+  std::string columnList_;
+  std::string keyList_;
+  std::vector<std::shared_ptr<DataFile>> files_;
+  SqlText fetch_;
+  std::uint64_t version_ = 0;
+  std::chrono::steady_clock::time_point asked_;
+};
+
+}  // namespace engine

@@ -1,0 +1,123 @@
+#include "engine/cursor/table_recordset.h"
+
+#include <algorithm>
+#include <array>
+
+#include "engine/errors.h"
+#include "engine/store/sqlite/field_values.h"
+#include "platform/text.h"
+
+namespace engine {
+namespace {
+
+using platform::FieldType;
+using platform::Value;
+
+const platform::FieldDefinition& FieldOf(const RowSource& source, const std::string& name) {
+  const auto& fields = source.Plan().tables.front().table->definition.fields;
+  return *std::ranges::find_if(fields, [&](const auto& field) { return platform::EqualsNoCase(field.name, name); });
+}
+
+// The list in the order of an index; of the row key itself when the index is on the Counter alone.
+std::shared_ptr<IndexedList> ListFor(const std::shared_ptr<RowSource>& source, const platform::IndexDefinition* index) {
+  IndexedList::Shape shape;
+  shape.keepsPlaces = false;
+  shape.firstPage = 1;
+  const PlanTable& table = source->Plan().tables.front();
+  const bool onRowKey = index == nullptr || (index->fields.size() == 1 && FieldOf(*source, index->fields[0]).type == FieldType::Counter);
+  if (!onRowKey) {
+    for (const std::string& field : index->fields)
+      shape.order.push_back({table.alias + '.' + QuoteName(field), FieldOf(*source, field).type});
+    shape.index = table.table->definition.name + '.' + index->name;
+  }
+  return std::make_shared<IndexedList>(source, std::move(shape));
+}
+
+// A key of Seek in the field's type. A text that is too long for the field is simply not there.
+Value KeyFor(platform::FieldDefinition field, const Value& value) {
+  if (field.type == FieldType::Text) field.type = FieldType::Memo;
+  return ConvertForField(field, value);
+}
+
+}  // namespace
+
+TableRecordset::TableRecordset(RecordsetOwner& owner, std::string name, std::shared_ptr<RowSource> source)
+    : Cursor(owner, std::move(name), platform::RecordsetType::Table, ListFor(source, nullptr)),
+      source_(std::move(source)),
+      rows_(std::static_pointer_cast<IndexedList>(SharedList())) {}
+
+void TableRecordset::SetIndex(std::string_view name) {
+  const auto& indexes = source_->Plan().tables.front().table->definition.indexes;
+  const auto found = std::ranges::find_if(indexes, [&](const auto& index) { return platform::EqualsNoCase(index.name, name); });
+  if (found == indexes.end()) throw errors::UnknownIndex(name);
+  definition_ = &*found;
+  index_ = found->name;
+  rows_ = ListFor(source_, definition_);
+  Reorder(rows_);
+}
+
+void TableRecordset::Seek(std::string_view comparison, std::span<const Value> keys) {
+  if (definition_ == nullptr) throw errors::NoCurrentIndex();
+  constexpr std::array<std::string_view, 5> comparisons{"=", ">=", ">", "<", "<="};
+  if (std::ranges::find(comparisons, comparison) == comparisons.end() || keys.size() > definition_->fields.size())
+    throw errors::InvalidOperation();
+  OrderPlace target{KeysFor(keys), 0};
+  DropEdit();
+  std::int64_t rowKey = 0;
+  Place place;
+  const bool found = SeekPlace(comparison, target, rowKey) && rows_->RowByKey(rowKey, place);
+  NoMatch(!found);
+  if (found)
+    BecomeCurrent(std::move(place));
+  else
+    StandNowhere();
+}
+
+std::vector<Value> TableRecordset::KeysFor(std::span<const Value> given) const {
+  std::vector<Value> keys(definition_->fields.size(), platform::Null);
+  for (std::size_t i = 0; i < given.size(); ++i) keys[i] = KeyFor(FieldOf(*source_, definition_->fields[i]), given[i]);
+  return keys;
+}
+
+// "=", ">=" and ">" look upwards for the first row, "<=" and "<" downwards. The row key's own extremes stand before and behind
+// all rows of equal keys.
+bool TableRecordset::SeekPlace(std::string_view comparison, const OrderPlace& target, std::int64_t& rowKey) {
+  KeyWalker& walker = rows_->Walker();
+  KeyWalker::Request request;
+  OrderPlace from = target;
+  const bool onRowKey = walker.Order().empty();
+  request.direction = comparison[0] == '<' ? Direction::Down : Direction::Up;
+  if (onRowKey) {
+    if (target.values[0].IsNull()) return request.direction == Direction::Up && comparison != "=" && SeekEnd(rowKey);
+    const std::int64_t key = target.values[0].As<std::int32_t>();
+    from = {{}, comparison == ">=" || comparison == "=" ? key - 1 : comparison == "<=" ? key + 1 : key};
+    if (comparison == "=") {
+      rowKey = key;
+      return true;
+    }
+  } else {
+    from.rowKey = comparison == ">" || comparison == "<=" ? INT64_MAX : INT64_MIN;
+    request.equalsOnly = comparison == "=";
+  }
+  request.from = &from;
+  request.keysOnly = true;
+  return walker.Read(request, [&](const Query& row) {
+    rowKey = row.Int(walker.RowKeyAt(true));
+    return true;
+  }) == 1;
+}
+
+bool TableRecordset::SeekEnd(std::int64_t& rowKey) {
+  Place place;
+  if (!rows_->First(place)) return false;
+  rowKey = place.keys[0];
+  return true;
+}
+
+std::shared_ptr<Cursor> TableRecordset::MakeClone() {
+  // The same rows, but the clone has no index until it is given one.
+  auto clone = std::make_shared<TableRecordset>(Owner(), Name(), source_);
+  return clone;
+}
+
+}  // namespace engine

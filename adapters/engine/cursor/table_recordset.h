@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "engine/cursor/cursor.h"
+#include "engine/cursor/indexed_list.h"
+
+namespace engine {
+
+/// A base table in the order of its current index, with Seek. Without an index it stands in row key order.
+class TableRecordset final : public Cursor {
+ public:
+  TableRecordset(RecordsetOwner& owner, std::string name, std::shared_ptr<RowSource> source);
+
+  std::string Index() const override { return index_; }
+  void SetIndex(std::string_view name) override;
+  using Cursor::Seek;
+  void Seek(std::string_view comparison, std::span<const platform::Value> keys) override;
+
+ protected:
+  std::shared_ptr<Cursor> MakeClone() override;
+
+ private:
+  std::vector<platform::Value> KeysFor(std::span<const platform::Value> given) const;
+  bool SeekPlace(std::string_view comparison, const OrderPlace& target, std::int64_t& rowKey);
+  bool SeekEnd(std::int64_t& rowKey);
+
+  std::shared_ptr<RowSource> source_;
+  std::shared_ptr<IndexedList> rows_;
+  std::string index_;
+  const platform::IndexDefinition* definition_ = nullptr;
+};
+
+}  // namespace engine

@@ -1,0 +1,120 @@
+#include "engine/objects/action.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "engine/cursor/row_editor.h"
+#include "engine/errors.h"
+#include "engine/store/sqlite/field_values.h"
+#include "engine/translate/translate.h"
+
+namespace engine {
+namespace {
+
+using platform::FieldType;
+using platform::Value;
+
+std::int32_t RowCount(std::int64_t rows) { return static_cast<std::int32_t>(std::min<std::int64_t>(rows, INT32_MAX)); }
+
+// One statement of the store does it all, and undoes it all when it fails.
+std::int32_t RunDirect(Connection& connection, const ActionPlan& plan, bool failOnError) {
+  Query query(connection, std::string_view(failOnError ? plan.sql : plan.lenientSql));
+  query.Run();
+  return RowCount(connection.Changes());
+}
+
+// Rows whose values must first become those of their fields: read, converted and written one by one, all or none.
+class RowByRow {
+ public:
+  RowByRow(Connection& connection, const ActionPlan& plan, bool failOnError)
+      : connection_(connection), plan_(plan), failOnError_(failOnError) {
+    isUpdate_ = plan.kind == ActionPlan::Kind::Update;
+    write_.text = isUpdate_ ? UpdateText() : InsertText();
+  }
+
+  std::int32_t Run() {
+    // All rows are read before the first is written: a statement may read the table that it writes.
+    std::vector<std::vector<Value>> rows;
+    std::vector<std::int64_t> keys;
+    Transaction together(connection_, Transaction::Kind::Write);
+    ReadRows(rows, keys);
+    std::int64_t written = 0;
+    for (std::size_t i = 0; i < rows.size(); ++i) written += WriteRow(rows[i], isUpdate_ ? keys[i] : 0) ? 1 : 0;
+    together.Commit();
+    return RowCount(written);
+  }
+
+ private:
+  const platform::FieldDefinition& Field(std::size_t place) const {
+    return plan_.target->definition.fields[static_cast<std::size_t>(plan_.targetFields[place])];
+  }
+
+  std::string InsertText() const {
+    std::string names;
+    std::string places;
+    for (std::size_t i = 0; i < plan_.targetFields.size(); ++i) {
+      names += (i == 0 ? "" : ", ") + QuoteName(Field(i).name);
+      places += (i == 0 ? "?" : ", ?") + std::to_string(i + 1);
+    }
+    return "INSERT INTO " + plan_.target->storeName + " (" + names + ") VALUES (" + places + ")";
+  }
+
+  std::string UpdateText() const {
+    std::string sets;
+    for (std::size_t i = 0; i < plan_.targetFields.size(); ++i)
+      sets += (i == 0 ? "" : ", ") + QuoteName(Field(i).name) + " = ?" + std::to_string(i + 1);
+    return "UPDATE " + plan_.target->storeName + " SET " + sets + " WHERE " + plan_.target->rowKey + " = ?" +
+           std::to_string(plan_.targetFields.size() + 1);
+  }
+
+  void ReadRows(std::vector<std::vector<Value>>& rows, std::vector<std::int64_t>& keys) {
+    Query query(connection_, std::string_view(plan_.source));
+    while (query.Step()) {
+      const int first = isUpdate_ ? 1 : 0;
+      if (isUpdate_) keys.push_back(query.Int(0));
+      std::vector<Value>& row = rows.emplace_back();
+      for (std::size_t i = 0; i < plan_.sourceTypes.size(); ++i)
+        row.push_back(query.Read(first + static_cast<int>(i), plan_.sourceTypes[i]));
+    }
+  }
+
+  Value ForField(std::size_t place, const Value& value) const {
+    if (failOnError_) return ConvertForField(Field(place), value);
+    try {
+      return ConvertForField(Field(place), value);
+    } catch (const platform::Error&) {
+      return platform::Null;
+    }
+  }
+
+  bool WriteRow(const std::vector<Value>& row, std::int64_t key) {
+    Query query(connection_, write_);
+    for (std::size_t i = 0; i < row.size(); ++i) query.Bind(static_cast<int>(i) + 1, ForField(i, row[i]));
+    if (isUpdate_) query.Bind(static_cast<int>(row.size()) + 1, key);
+    try {
+      query.Run();
+      return true;
+    } catch (const platform::Error& error) {
+      const bool breaksKey = error.Number() == errors::DuplicateKey().Number() || error.Number() == errors::NullInKey().Number();
+      if (failOnError_ || !breaksKey) throw;
+      return false;
+    }
+  }
+
+  Connection& connection_;
+  const ActionPlan& plan_;
+  bool failOnError_;
+  bool isUpdate_ = false;
+  SqlText write_;
+};
+
+}  // namespace
+
+std::int32_t RunAction(Session& session, DatabaseCatalogue& catalogue, std::string_view sql, bool failOnError) {
+  const ActionPlan plan = PlanAction(sql, catalogue, session.dialect);
+  if (FileOf(*plan.target).ReadOnly()) throw errors::ReadOnly();
+  if (plan.direct) return RunDirect(session.connection, plan, failOnError);
+  return RowByRow(session.connection, plan, failOnError).Run();
+}
+
+}  // namespace engine

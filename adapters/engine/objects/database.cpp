@@ -1,0 +1,97 @@
+#include "engine/objects/database.h"
+
+#include <algorithm>
+
+#include "engine/cursor/dynaset_recordset.h"
+#include "engine/cursor/list_choice.h"
+#include "engine/cursor/table_recordset.h"
+#include "engine/errors.h"
+#include "engine/objects/action.h"
+#include "engine/translate/translate.h"
+
+namespace engine {
+namespace {
+
+using platform::RecordsetType;
+
+// A table's own rows, all columns, in no particular order.
+SelectPlan PlanOfTable(const ResolvedTable& table) {
+  SelectPlan plan;
+  plan.bareTable = true;
+  plan.tables.push_back({&table, "t0", table.definition.name, false});
+  plan.from = table.storeName + " AS t0";
+  for (std::size_t i = 0; i < table.definition.fields.size(); ++i) {
+    const platform::FieldDefinition& field = table.definition.fields[i];
+    plan.columns.push_back({field.name, field.type, field.size, "t0." + QuoteName(field.name), 0, static_cast<int>(i)});
+  }
+  return plan;
+}
+
+}  // namespace
+
+OpenDatabase::OpenDatabase(Session& session, std::shared_ptr<DataFile> file, std::string name,
+                           std::function<void(const OpenDatabase&)> onClose)
+    : session_(session),
+      catalogue_(std::make_shared<DatabaseCatalogue>(session, std::move(file))),
+      name_(std::move(name)),
+      onClose_(std::move(onClose)) {}
+
+OpenDatabase::~OpenDatabase() = default;
+
+platform::RecordsetRef OpenDatabase::OpenRecordset(std::string_view source, RecordsetType type) {
+  const bool mayBeTable = type == RecordsetType::Default || type == RecordsetType::Table;
+  const ResolvedTable* table = mayBeTable ? catalogue_->FindTable(source) : nullptr;
+  if (type == RecordsetType::Table) {
+    if (table == nullptr) throw errors::ObjectNotFound(source);
+    if (table->linked) throw errors::InvalidOperation();
+  }
+  auto recordset = table != nullptr && !table->linked ? OpenTable(source, *table) : OpenDynaset(source, type);
+  recordset->StandOnFirst();
+  return Adopt(std::move(recordset));
+}
+
+std::shared_ptr<Cursor> OpenDatabase::OpenTable(std::string_view source, const ResolvedTable& table) {
+  return std::make_shared<TableRecordset>(*this, std::string(source),
+                                          std::make_shared<RowSource>(session_, catalogue_, PlanOfTable(table)));
+}
+
+std::shared_ptr<Cursor> OpenDatabase::OpenDynaset(std::string_view source, RecordsetType type) {
+  auto rows = std::make_shared<RowSource>(session_, catalogue_, PlanSelect(source, *catalogue_, session_.dialect));
+  const RecordsetType kind = type == RecordsetType::Snapshot ? type : RecordsetType::Dynaset;
+  return std::make_shared<DynasetRecordset>(*this, std::string(source), kind, ChooseList(rows));
+}
+
+void OpenDatabase::Execute(std::string_view sql, int options) {
+  recordsAffected_ = 0;
+  recordsAffected_ = RunAction(session_, *catalogue_, sql, (options & platform::dbFailOnError) != 0);
+}
+
+platform::TableDef OpenDatabase::TableDefAt(int index) {
+  auto definitions = catalogue_->TableDefs();
+  if (index < 0 || static_cast<std::size_t>(index) >= definitions.size()) throw platform::error::ItemNotFound();
+  return std::move(definitions[static_cast<std::size_t>(index)]);
+}
+
+platform::RecordsetRef OpenDatabase::RecordsetAt(int index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= recordsets_.size()) throw platform::error::ItemNotFound();
+  return platform::RecordsetRef(recordsets_[static_cast<std::size_t>(index)]);
+}
+
+platform::RecordsetRef OpenDatabase::Adopt(std::shared_ptr<platform::Recordset> recordset) {
+  recordsets_.push_back(recordset);
+  return platform::RecordsetRef(recordset);
+}
+
+void OpenDatabase::Release(const platform::Recordset& recordset) {
+  std::erase_if(recordsets_, [&](const auto& open) { return open.get() == &recordset; });
+}
+
+void OpenDatabase::Close() {
+  while (!recordsets_.empty()) {
+    const auto last = recordsets_.back();
+    last->Close();
+  }
+  onClose_(*this);
+}
+
+}  // namespace engine

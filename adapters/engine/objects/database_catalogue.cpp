@@ -1,0 +1,85 @@
+#include "engine/objects/database_catalogue.h"
+
+#include "engine/store/sqlite/names.h"
+#include "engine/store/sqlite/schema.h"
+#include "platform/text.h"
+
+namespace engine {
+namespace {
+
+constexpr std::string_view connectStart = ";DATABASE=";
+
+// The path in a link's Connect text.
+std::string PathOfConnect(std::string_view connect) {
+  if (connect.size() <= connectStart.size() || !platform::EqualsNoCase(connect.substr(0, connectStart.size()), connectStart))
+    throw errors::InvalidOperation();
+  std::string_view path = connect.substr(connectStart.size());
+  return std::string(path.substr(0, path.find(';')));
+}
+
+}  // namespace
+
+std::string DatabaseCatalogue::StoredNameIn(DataFile& file, std::string_view name) {
+  if (name.empty() || name.front() == ownNameMark) return {};
+  Query query(session_.connection,
+              "SELECT name FROM " + QuoteName(file.Alias()) +
+                  ".sqlite_schema WHERE type = 'table' AND name = ?1 COLLATE NOCASE AND substr(name, 1, 7) <> 'sqlite_'");
+  query.Bind(1, name);
+  return query.Step() ? std::string(query.Text(0)) : std::string();
+}
+
+const ResolvedTable* DatabaseCatalogue::FindIn(const std::shared_ptr<DataFile>& file, std::string_view name, bool linked) {
+  const std::string key = file->Alias() + (linked ? "@" : ".") + platform::ToLowerAscii(name);
+  const std::int64_t version = file->SchemaVersion();
+  Known& known = known_[key];
+  if (known.table != nullptr && known.schemaVersion == version) return known.table.get();
+
+  const std::string stored = StoredNameIn(*file, name);
+  if (known.table != nullptr) outdated_.push_back(std::move(known.table));
+  if (stored.empty()) return nullptr;
+  auto table = std::make_unique<StoredTable>();
+  table->definition = ReadTable(session_.connection, file->Alias(), stored);
+  table->storeName = QuoteName(file->Alias()) + '.' + QuoteName(stored);
+  table->rowKey = QuoteName(RowKeyOf(table->definition));
+  table->linked = linked;
+  table->file = file;
+  known.schemaVersion = version;
+  known.table = std::move(table);
+  return known.table.get();
+}
+
+const ResolvedTable* DatabaseCatalogue::FindTable(std::string_view name) {
+  if (const ResolvedTable* own = FindIn(file_, name, false)) return own;
+  for (const StoredLink& link : file_->Links()) {
+    if (!platform::EqualsNoCase(link.name, name)) continue;
+    const ResolvedTable* linked = FindIn(session_.Open(link.path), link.source, true);
+    if (linked == nullptr) throw errors::ObjectNotFound(link.source);
+    return linked;
+  }
+  return nullptr;
+}
+
+const ResolvedTable* DatabaseCatalogue::FindTable(std::string_view name, std::string_view inFile) {
+  const auto file = session_.Open(inFile);
+  if (file == file_) return FindTable(name);
+  return FindIn(file, name, false);
+}
+
+std::vector<platform::TableDef> DatabaseCatalogue::TableDefs() {
+  std::vector<platform::TableDef> definitions;
+  for (std::string& name : file_->TableNames()) definitions.push_back({std::move(name), "", ""});
+  for (StoredLink& link : file_->Links()) definitions.push_back({link.name, std::string(connectStart) + link.path, link.source});
+  return definitions;
+}
+
+void DatabaseCatalogue::AppendLink(const platform::TableDef& definition) {
+  if (definition.Name.empty() || definition.Name.front() == ownNameMark) throw errors::InvalidOperation();
+  for (const platform::TableDef& there : TableDefs())
+    if (platform::EqualsNoCase(there.Name, definition.Name)) throw errors::ObjectExists(definition.Name);
+  const std::string path = PathOfConnect(definition.Connect);
+  const auto target = session_.Open(path);
+  if (StoredNameIn(*target, definition.SourceTableName).empty()) throw errors::ObjectNotFound(definition.SourceTableName);
+  file_->AddLink({definition.Name, path, definition.SourceTableName});
+}
+
+}  // namespace engine

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/catalogue.h"
+#include "engine/objects/session.h"
+
+namespace engine {
+
+/// A table as this engine resolves it: with the file that it lies in, kept open.
+struct StoredTable : ResolvedTable {
+  std::shared_ptr<DataFile> file;
+};
+
+/// The file of a plan's table. Every plan of this engine is made over a DatabaseCatalogue.
+inline DataFile& FileOf(const ResolvedTable& table) { return *static_cast<const StoredTable&>(table).file; }
+
+/// Tables and links of one open database. Definitions are read when first asked for, and again when somebody has changed
+/// the file's tables; those in use by open recordsets stay as they were.
+class DatabaseCatalogue final : public Catalogue {
+ public:
+  DatabaseCatalogue(Session& session, std::shared_ptr<DataFile> file) : session_(session), file_(std::move(file)) {}
+
+  const ResolvedTable* FindTable(std::string_view name) override;
+  const ResolvedTable* FindTable(std::string_view name, std::string_view inFile) override;
+
+  DataFile& File() const { return *file_; }
+  /// Base tables, then links.
+  std::vector<platform::TableDef> TableDefs();
+  /// Stores a link; errors as DataFiles::Open, 3011 for a table that isn't there, 3012 for a name that is taken.
+  void AppendLink(const platform::TableDef& definition);
+
+ private:
+  struct Known {
+    std::int64_t schemaVersion = 0;
+    std::string linkTarget;
+    std::unique_ptr<StoredTable> table;
+  };
+  const ResolvedTable* FindIn(const std::shared_ptr<DataFile>& file, std::string_view name, bool linked);
+  std::string StoredNameIn(DataFile& file, std::string_view name);
+
+  Session& session_;
+  std::shared_ptr<DataFile> file_;
+  std::map<std::string, Known> known_;                  ///< by file, kind and name
+  std::vector<std::unique_ptr<StoredTable>> outdated_;  ///< open recordsets may still use them
+};
+
+}  // namespace engine

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "engine/engine.h"
+#include "engine/errors.h"
+#include "engine/store/sqlite/connection.h"
+#include "engine/store/sqlite/data_files.h"
+#include "engine/translate/dialect.h"
+
+namespace engine {
+
+/// What all objects of one engine share.
+struct Session {
+  explicit Session(const EngineOptions& given) : options(given), connection(given.lockWait), files(connection, given.onNetwork) {}
+
+  /// The file that a path of the program's style names, attached.
+  std::shared_ptr<DataFile> Open(std::string_view path) {
+    if (!options.hostPath) return files.Open(path);
+    const std::string host = options.hostPath(path);
+    if (host.empty()) throw errors::InvalidPath(path);
+    return files.Open(host);
+  }
+  /// A number that no other recordset of this engine has had.
+  std::uint64_t NewSet() { return ++lastSet_; }
+
+  EngineOptions options;
+  Connection connection;
+  DataFiles files;
+  Dialect dialect;
+
+ private:
+  std::uint64_t lastSet_ = 0;
+};
+
+}  // namespace engine

@@ -12,7 +12,11 @@ namespace {
 class UpdatePlanner {
  public:
   UpdatePlanner(const sql::Update& update, Catalogue& catalogue, const Dialect& dialect)
-      : update_(update), dialect_(dialect), sources_({update.source}, catalogue, std::nullopt), emitter_(sources_.Names(), dialect) {}
+      : update_(update),
+        dialect_(dialect),
+        source_({update.source}),
+        sources_(source_, catalogue, std::nullopt),
+        emitter_(sources_.Names(), dialect) {}
 
   ActionPlan Run() {
     plan_.kind = ActionPlan::Kind::Update;

@@ -1,0 +1,3 @@
+# Every scenario by its file's name without ".scn", one a line.
+set(ORCUSSCH_SCENARIOS
+)

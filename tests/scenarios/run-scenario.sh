@@ -1,0 +1,150 @@
+#!/bin/sh
+# Runs one scenario in a folder of its own, prepared as the comment lines at its top say (docs/scenarios.md).
+#
+#   run-scenario.sh PROGRAMS SCENARIO WORK [custsearch options]
+#
+# PROGRAMS is the folder of custsearch and suitefiles. WORK gets the scenario's folder, which stays there after a failure,
+# and the folder "made", where fresh companies are kept for the next scenario that wants the same.
+set -u
+programs=$1
+scenario=$2
+work=$3
+shift 3
+
+suitefiles=$programs/suitefiles
+stamp=$(stat -c '%s-%Y' "$suitefiles") || exit 1
+made=$work/made/$stamp
+here=$work/$(basename "$(dirname "$scenario")").$(basename "$scenario" .scn).$$
+mkdir -p "$made" "$here/home"
+
+stop() {
+  printf '%s: %s\n' "$scenario" "$1" >&2
+  exit 1
+}
+
+# The comment lines at the top, one instruction each: "# NAME: WORDS".
+header() { sed -n -e '/^[[:space:]]*\(#\|$\)/!q' -e "s/^[[:space:]]*#[[:space:]]*$1:[[:space:]]*//p" "$scenario"; }
+
+# keep NAME COMMAND...: a folder that COMMAND (called with its path behind) makes once; others copy it.
+keep() {
+  name=$1
+  shift
+  [ -d "$made/$name" ] && return 0
+  unfinished=$made/$name.$$
+  mkdir -p "$unfinished"
+  "$@" "$unfinished" >"$here/made.log" 2>&1 || {
+    cat "$here/made.log" >&2
+    stop "the data can't be made: $*"
+  }
+  mv -T "$unfinished" "$made/$name" 2>/dev/null || rm -rf "$unfinished"
+}
+make_company() { "$suitefiles" create "$2" --company "$1" --year 2025; }
+make_demo() { "$suitefiles" demo "$4" --company "$1" --customers "$2" --seed "$3"; }
+make_temp() { "$suitefiles" temp "$1" --user 0; }
+
+# "create [N...]", "demo COUNT [seed S] [company N]", "none".
+prepare_data() {
+  kind=$1
+  shift
+  case $kind in
+    none) ;;
+    create)
+      [ $# -eq 0 ] && set -- 1
+      keep "create-$(echo "$*" | tr ' ' '-')" make_companies "$*"
+      cp -r "$made/create-$(echo "$*" | tr ' ' '-')/." "$data"
+      ;;
+    demo)
+      count=$1
+      seed=1
+      company=1
+      shift
+      while [ $# -gt 1 ]; do
+        case $1 in seed) seed=$2 ;; company) company=$2 ;; *) stop "what is \"$1\" in a data line?" ;; esac
+        shift 2
+      done
+      keep "demo-$company-$count-$seed" make_demo "$company" "$count" "$seed"
+      cp -r "$made/demo-$company-$count-$seed/." "$data"
+      ;;
+    *) stop "what is \"$kind\" in a data line?" ;;
+  esac
+}
+make_companies() {
+  for number in $1; do make_company "$number" "$2" || return 1; done
+}
+
+# Folders: with drive letters the library lies in C:\suite.
+paths=$(header paths)
+data=$here/suite
+local=$data
+[ "$paths" = windows ] && data=$here/c/suite && local=$here/c
+mkdir -p "$data"
+
+fresh=$(header data)
+[ -n "$fresh" ] || fresh=create
+printf '%s\n' "$fresh" >"$here/data.lines"
+while read -r line; do
+  # shellcheck disable=SC2086
+  prepare_data $line
+done <"$here/data.lines"
+
+users=$(header user)
+[ -n "$users" ] || users=1
+if [ "$users" != none ]; then
+  keep temp make_temp
+  mkdir -p "$local/orvTEMP"
+  for user in $users; do cp "$made/temp/orvTEMP/orvTemp0.zdb" "$local/orvTEMP/orvTemp$user.zdb"; done
+fi
+
+in_folder() { printf '%s' "$1" | sed "s|{DIR}|$data|g"; }
+
+# "KEY=VALUE" for company 1, "N KEY=VALUE" for another.
+header ini >"$here/ini.lines"
+while IFS= read -r line; do
+  company=1
+  case $line in [0-9]*' '*) company=${line%% *} && line=${line#* } ;; esac
+  ini=$data/orv$company.ini
+  [ -f "$ini" ] || printf '[Databases]\n' >"$ini"
+  printf '%s\n' "$(in_folder "$line")" >>"$ini"
+done <"$here/ini.lines"
+
+# "NAME TEXT" with printf's escapes: a file of any content.
+header text >"$here/text.lines"
+while IFS= read -r line; do
+  name=${line%% *}
+  mkdir -p "$(dirname "$data/$name")"
+  printf "$(in_folder "${line#* }" | sed 's/%/%%/g')" >"$data/$name"
+done <"$here/text.lines"
+
+header file >"$here/file.lines"
+while read -r name; do
+  mkdir -p "$(dirname "$data/$name")" && : >"$data/$name"
+done <"$here/file.lines"
+
+header folder >"$here/folder.lines"
+while read -r name; do mkdir -p "$data/$name"; done <"$here/folder.lines"
+
+header move >"$here/move.lines"
+while read -r from to; do
+  mkdir -p "$(dirname "$data/$to")" && mv "$data/$from" "$data/$to" || stop "$from can't be moved"
+done <"$here/move.lines"
+
+header gone >"$here/gone.lines"
+while read -r name; do
+  [ -e "$data/$name" ] || stop "$name was to go and is not there"
+  rm -rf "${data:?}/$name"
+done <"$here/gone.lines"
+
+set -- --scenario "$scenario" --data "$data" "$@"
+[ "$paths" = windows ] && set -- "$@" --paths windows --drive "C=$here/c"
+# shellcheck disable=SC2046
+set -- "$@" $(header options)
+
+wanted=$(header exit)
+[ -n "$wanted" ] || wanted=0
+HOME=$here/home XDG_STATE_HOME=$here/home/state XDG_CONFIG_HOME=$here/home/config XDG_RUNTIME_DIR=$here/home \
+  QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} "$programs/custsearch" "$@" </dev/null
+status=$?
+if [ "$status" -ne "$wanted" ]; then
+  stop "exit status $status, not $wanted; its folder is $here"
+fi
+rm -rf "$here"

@@ -7,6 +7,7 @@
 #include "platform/text.h"
 
 namespace engine {
+
 LikePattern::LikePattern(std::string_view pattern) {
   const std::u32string characters = platform::ToCodePoints(WithoutTrailingBlanks(pattern));
   for (std::size_t at = 0; at < characters.size();) {
@@ -25,13 +26,21 @@ LikePattern::LikePattern(std::string_view pattern) {
         AddList(characters, at);
         break;
       default:
-        tokens_.push_back({Token::Kind::Literal, character});
+        AddLiteral(character);
     }
   }
+  for (Token& token : tokens_) FindAscii(token);
   for (const Token& token : tokens_) {
     if (token.kind != Token::Kind::Literal) break;
     platform::AppendCodePoint(fixedPrefix_, token.character);
   }
+}
+
+void LikePattern::AddLiteral(char32_t character) {
+  const auto own = weights::WeightsOf(character);
+  Token token{Token::Kind::Literal, character};
+  token.ranges.push_back(Range{own, own});
+  tokens_.push_back(std::move(token));
 }
 
 void LikePattern::AddRun() {
@@ -52,34 +61,66 @@ void LikePattern::AddList(std::u32string_view pattern, std::size_t& at) {
   }
   for (std::size_t i = 0; i < list.size(); ++i) {
     const bool isRange = list[i] != U'-' && i + 2 < list.size() && list[i + 1] == U'-';
-    const Range range{list[i], list[isRange ? i + 2 : i]};
-    if (CompareCharacters(range.first, range.last) > 0) throw platform::error::InvalidPattern();
+    const Range range{weights::WeightsOf(list[i]), weights::WeightsOf(list[isRange ? i + 2 : i])};
+    if (range.first > range.last) throw platform::error::InvalidPattern();
     token.ranges.push_back(range);
     if (isRange) i += 2;
   }
   if (list.size() == 1 && !token.negated)
-    tokens_.push_back({Token::Kind::Literal, list[0]});
+    AddLiteral(list[0]);
   else
     tokens_.push_back(std::move(token));
 }
 
-bool LikePattern::TokenTakes(const Token& token, char32_t character) {
+bool LikePattern::TakesCharacter(const Token& token, char32_t character) {
   switch (token.kind) {
-    case Token::Kind::Literal:
-      return CompareCharacters(token.character, character) == 0;
+    case Token::Kind::AnyRun:
+      return false;
     case Token::Kind::AnyCharacter:
       return true;
     case Token::Kind::Digit:
       return character >= U'0' && character <= U'9';
+    case Token::Kind::Literal:
     case Token::Kind::List:
       break;
-    case Token::Kind::AnyRun:
-      return false;
   }
-  const bool listed = std::any_of(token.ranges.begin(), token.ranges.end(), [&](const Range& range) {
-    return CompareCharacters(range.first, character) <= 0 && CompareCharacters(character, range.last) <= 0;
-  });
+  const auto own = weights::WeightsOf(character);
+  const bool listed =
+      std::any_of(token.ranges.begin(), token.ranges.end(), [&](const Range& range) { return range.first <= own && own <= range.last; });
   return listed != token.negated;
+}
+
+void LikePattern::FindAscii(Token& token) {
+  if (token.kind == Token::Kind::Literal) {  // the usual case, and it has a short way: one rank each
+    const weights::Weights& own = token.ranges[0].first;
+    if (own.primaryCount != 1 || own.accentCount != 0) return;
+    for (char32_t ascii = 0; ascii < 0x80; ++ascii)
+      token.takesAscii[ascii] = weights::MakePrimary(weights::kAsciiRanks[ascii]) == own.primary[0];
+    return;
+  }
+  for (char32_t ascii = 0; ascii < 0x80; ++ascii) token.takesAscii[ascii] = TakesCharacter(token, ascii);
+}
+
+bool LikePattern::TakesNext(const Token& token, std::string_view text, std::size_t& at) {
+  const auto byte = static_cast<unsigned char>(text[at]);
+  if (byte < 0x80) {
+    if (!token.takesAscii[byte]) return false;
+    ++at;
+    return true;
+  }
+  std::size_t next = at;
+  if (!TakesCharacter(token, platform::NextCodePoint(text, next))) return false;
+  at = next;
+  return true;
+}
+
+std::size_t LikePattern::NextStart(const Token& token, std::string_view text, std::size_t at) {
+  for (; at < text.size(); ++at) {
+    const auto byte = static_cast<unsigned char>(text[at]);
+    const bool startsCharacter = (byte & 0xC0) != 0x80;
+    if (byte < 0x80 ? token.takesAscii[byte] : startsCharacter) break;
+  }
+  return at;
 }
 
 bool LikePattern::Matches(std::string_view text) const {
@@ -90,24 +131,21 @@ bool LikePattern::Matches(std::string_view text) const {
   std::size_t token = 0;
   std::size_t at = 0;
   std::size_t lastRun = kNoRun;
-  std::size_t runEnd = 0;
+  std::size_t start = 0;  // where the tokens behind that run were last tried
   while (at < text.size()) {
     if (token < tokens_.size() && tokens_[token].kind == Token::Kind::AnyRun) {
       lastRun = token++;
       if (token == tokens_.size()) return true;
-      runEnd = at;
+      at = start = NextStart(tokens_[token], text, at);
       continue;
     }
-    std::size_t next = at;
-    if (token < tokens_.size() && TokenTakes(tokens_[token], platform::NextCodePoint(text, next))) {
+    if (token < tokens_.size() && TakesNext(tokens_[token], text, at)) {
       ++token;
-      at = next;
       continue;
     }
     if (lastRun == kNoRun) return false;
-    platform::NextCodePoint(text, runEnd);
-    at = runEnd;
     token = lastRun + 1;
+    at = start = NextStart(tokens_[token], text, start + 1);
   }
   while (token < tokens_.size() && tokens_[token].kind == Token::Kind::AnyRun) ++token;
   return token == tokens_.size();

@@ -1,8 +1,12 @@
 #pragma once
 
+#include <bitset>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "engine/text/weights.h"
 
 namespace engine {
 
@@ -26,20 +30,28 @@ class LikePattern {
 
  private:
   struct Range {
-    char32_t first;
-    char32_t last;
+    weights::Weights first;
+    weights::Weights last;
   };
   struct Token {
     enum class Kind { Literal, AnyCharacter, AnyRun, Digit, List } kind = Kind::Literal;
     char32_t character = 0;
     bool negated = false;
-    std::vector<Range> ranges{};
+    std::vector<Range> ranges{};    ///< of a list; the literal's own weights for a literal
+    std::bitset<128> takesAscii{};  ///< what it takes of the ASCII characters, found beforehand
   };
 
   /// The list behind a "[" at `at`, which moves behind the "]".
   void AddList(std::u32string_view pattern, std::size_t& at);
+  void AddLiteral(char32_t character);
   void AddRun();
-  static bool TokenTakes(const Token& token, char32_t character);
+  static void FindAscii(Token& token);
+  /// Whether a token that is no run takes the character.
+  static bool TakesCharacter(const Token& token, char32_t character);
+  /// Whether it takes the character at `at`, which then moves behind it.
+  static bool TakesNext(const Token& token, std::string_view text, std::size_t& at);
+  /// The place from `at` on where the token, the first behind a run, can start to match; the text's size if there is none.
+  static std::size_t NextStart(const Token& token, std::string_view text, std::size_t at);
 
   std::vector<Token> tokens_;
   std::string fixedPrefix_;

@@ -112,14 +112,7 @@ void AddDecomposed(Weights& weights, char32_t character) {
   }
 }
 
-}  // namespace
-
-const std::array<Rank, 256> kAsciiRanks = MakeAsciiRanks();
-const Rank kBlankRank = AsciiRank(U' ');
-
-bool IsSharedRank(Rank rank) { return rank == kOtherControls || rank == kOtherSymbols || rank == kOthers; }
-
-Weights WeightsOf(char32_t character) {
+Weights MakeWeights(char32_t character) {
   Weights weights;
   if (character < 0x80) {
     AddPrimary(weights, MakePrimary(AsciiRank(character)));
@@ -129,6 +122,26 @@ Weights WeightsOf(char32_t character) {
     AddDecomposed(weights, character);
   }
   return weights;
+}
+
+constexpr std::size_t kFrequent = 0x250;  // all Latin letters that western names have
+
+std::array<Weights, kFrequent> MakeFrequentWeights() {
+  std::array<Weights, kFrequent> table;
+  for (char32_t character = 0; character < kFrequent; ++character) table[character] = MakeWeights(character);
+  return table;
+}
+
+}  // namespace
+
+const std::array<Rank, 256> kAsciiRanks = MakeAsciiRanks();
+const Rank kBlankRank = AsciiRank(U' ');
+
+bool IsSharedRank(Rank rank) { return rank == kOtherControls || rank == kOtherSymbols || rank == kOthers; }
+
+Weights WeightsOf(char32_t character) {
+  static const std::array<Weights, kFrequent> frequent = MakeFrequentWeights();
+  return character < kFrequent ? frequent[character] : MakeWeights(character);
 }
 
 char32_t CharacterOf(Primary weight) {

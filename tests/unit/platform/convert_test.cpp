@@ -59,6 +59,7 @@ TEST(Val, ReadsHexadecimalAndOctal) {
   EXPECT_EQ(Val("&H10000"), 65536);
   EXPECT_EQ(Val("&HFFFFFFFF"), -1);
   EXPECT_EQ(Val("&HFFFF&"), 65535);
+  EXPECT_EQ(Val("&H100000000"), 4294967296.0);
   EXPECT_EQ(Val("&"), 0);
   EXPECT_EQ(Val("&H"), 0);
   EXPECT_EQ(Val("&HG"), 0);

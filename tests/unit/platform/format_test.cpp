@@ -146,6 +146,7 @@ TEST(Format, TextPlacesAreFilledFromTheRight) {
 
 TEST(Format, SurplusCharactersStandInFront) {
   EXPECT_EQ(Format("Microsoft", "@-@"), "Microsof-t");
+  EXPECT_EQ(Format("16125551234", "(@@@) @@@-@@@@"), "(1612) 555-1234");
   EXPECT_EQ(Format("Microsoft", "!@-@"), "M-icrosoft");
 }
 

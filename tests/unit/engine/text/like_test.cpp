@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <string>
+
 #include "platform/error.h"
 
 namespace engine {
@@ -42,6 +45,7 @@ TEST(Like, NumberSignTakesOneDigit) {
   EXPECT_TRUE(Like("a0a", "a#a"));
   EXPECT_FALSE(Like("a10a", "a#a"));
   EXPECT_FALSE(Like("axa", "a#a"));
+  EXPECT_FALSE(Like("a\u0661a", "a#a"));
 }
 
 TEST(Like, ListsTakeOneOfTheirCharacters) {
@@ -77,6 +81,7 @@ TEST(Like, HyphenFirstOrLastInAListIsItself) {
   EXPECT_TRUE(Like("a", "[-a]"));
   EXPECT_TRUE(Like("-", "[a-]"));
   EXPECT_FALSE(Like("b", "[a-]"));
+  EXPECT_TRUE(Like("-", "[a-c-x]"));
   EXPECT_FALSE(Like("-", "[!-a]"));
   EXPECT_FALSE(Like("a", "[!a-]"));
   EXPECT_TRUE(Like("b", "[!a-]"));
@@ -150,6 +155,35 @@ TEST(Like, HostilePatternEndsSoon) {
   const std::string text(20'000, 'a');
   EXPECT_FALSE(Like(text, pattern + "*b"));
   EXPECT_TRUE(Like(text + 'b', pattern + "*b"));
+}
+
+/// The definition of `*`, `?` and literals, tried in every way.
+bool LikeByDefinition(std::string_view text, std::string_view pattern) {
+  if (pattern.empty()) return text.empty();
+  if (pattern[0] == '*') {
+    for (std::size_t run = 0; run <= text.size(); ++run)
+      if (LikeByDefinition(text.substr(run), pattern.substr(1))) return true;
+    return false;
+  }
+  return !text.empty() && (pattern[0] == '?' || pattern[0] == text[0]) && LikeByDefinition(text.substr(1), pattern.substr(1));
+}
+
+TEST(LikeProperty, AgreesWithItsDefinition) {
+  std::mt19937 random(7);
+  const auto any = [&](std::string_view alphabet, std::size_t longest) {
+    std::string made(random() % (longest + 1), ' ');
+    for (char& c : made) c = alphabet[random() % alphabet.size()];
+    return made;
+  };
+  int matches = 0;
+  for (int round = 0; round < 200'000; ++round) {
+    const std::string pattern = any("ab*?*", 7);
+    const std::string text = any("ab", 9);
+    const bool expected = LikeByDefinition(text, pattern);
+    ASSERT_EQ(Like(text, pattern), expected) << text << " Like " << pattern;
+    matches += expected;
+  }
+  EXPECT_GT(matches, 20'000);
 }
 
 TEST(Like, FixedPrefixEndsAtTheFirstWildcard) {

@@ -143,7 +143,7 @@ class RandomTexts {
 
 TEST(TextOrderProperty, ComparisonIsAntisymmetricAndTransitive) {
   RandomTexts texts;
-  for (int round = 0; round < 200'000; ++round) {
+  for (int round = 0; round < 100'000; ++round) {
     const std::string a = texts.Next();
     const std::string b = texts.Next();
     const std::string c = texts.Next();
@@ -160,7 +160,7 @@ TEST(TextOrderProperty, ComparisonIsAntisymmetricAndTransitive) {
 
 TEST(TextOrderProperty, SortPrefixAgreesWithComparison) {
   RandomTexts texts;
-  for (int round = 0; round < 200'000; ++round) {
+  for (int round = 0; round < 100'000; ++round) {
     const std::string a = texts.Next();
     const std::string b = texts.Next();
     const auto left = SortPrefix(a);
@@ -195,7 +195,7 @@ std::string PrefixPattern(std::string_view prefix) {
 TEST(TextOrderProperty, PrefixRangeHoldsAllThatLikeFinds) {
   RandomTexts texts;
   int found = 0;
-  for (int round = 0; round < 300'000; ++round) {
+  for (int round = 0; round < 60'000; ++round) {
     const std::string prefix = texts.Next();
     const std::string text = round % 2 ? texts.Next() : *platform::Normalise(prefix + texts.Next());
     const LikePattern pattern(PrefixPattern(prefix));
@@ -203,7 +203,7 @@ TEST(TextOrderProperty, PrefixRangeHoldsAllThatLikeFinds) {
     ++found;
     ASSERT_TRUE(InRange(PrefixRange(pattern.FixedPrefix()), text)) << '"' << prefix << "\" \"" << text << '"';
   }
-  EXPECT_GT(found, 100'000);
+  EXPECT_GT(found, 20'000);
 }
 
 TEST(TextOrder, PrefixRangeIsNarrow) {

@@ -1,0 +1,54 @@
+#include "desktop/binding/edit_bindings.h"
+
+#include "desktop/controls/date_popup.h"
+#include "desktop/form_window.h"
+
+namespace desktop {
+
+using platform::Aspect;
+
+TextEditBinding::TextEditBinding(FormWindow& window, platform::TextBox& control, TextEdit* widget) : TypedBinding(window, control, widget) {
+  widget->Attach(control);
+  if (auto* date = dynamic_cast<platform::DateEdit*>(&control)) AddCalendar(*widget, *date);
+}
+
+void TextEditBinding::Show(Aspect aspect) {
+  Binding::Show(aspect);
+  if (aspect == Aspect::Text || aspect == Aspect::Mask || aspect == Aspect::Enabled) shown().ShowModel();
+}
+
+void TextEditBinding::Drop() {
+  shown().Detach();
+  TypedBinding::Drop();
+}
+
+MemoEditBinding::MemoEditBinding(FormWindow& window, platform::TextBox& control, MemoEdit* widget) : TypedBinding(window, control, widget) {
+  widget->Attach(control);
+}
+
+void MemoEditBinding::Show(Aspect aspect) {
+  Binding::Show(aspect);
+  if (aspect == Aspect::Text || aspect == Aspect::Mask || aspect == Aspect::Enabled) shown().ShowModel();
+}
+
+void MemoEditBinding::Drop() {
+  shown().Detach();
+  TypedBinding::Drop();
+}
+
+ComboBinding::ComboBinding(FormWindow& window, platform::ComboBox& control, ComboEdit* widget) : TypedBinding(window, control, widget) {
+  widget->Attach(control);
+}
+
+void ComboBinding::Show(Aspect aspect) {
+  Binding::Show(aspect);
+  if (aspect == Aspect::List || aspect == Aspect::Columns) shown().ForgetRows();
+  if (aspect == Aspect::Text) shown().ShowModel();
+}
+
+void ComboBinding::Drop() {
+  shown().Detach();
+  TypedBinding::Drop();
+}
+
+}  // namespace desktop

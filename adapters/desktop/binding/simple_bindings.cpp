@@ -1,0 +1,172 @@
+#include "desktop/binding/simple_bindings.h"
+
+#include <QSignalBlocker>
+
+#include "desktop/form_window.h"
+
+namespace desktop {
+
+using platform::Aspect;
+
+namespace {
+
+/// Label texts of the models are plain: an ampersand in a customer's name is no mnemonic.
+QString Literal(const std::string& text) { return ToShown(text).replace('&', QStringLiteral("&&")); }
+
+}  // namespace
+
+LabelBinding::LabelBinding(FormWindow& window, platform::Label& control, QLabel* widget) : TypedBinding(window, control, widget) {
+  widget->setTextFormat(Qt::PlainText);
+}
+
+void LabelBinding::Show(Aspect aspect) {
+  if (aspect == Aspect::Text) {
+    shown().setText(shown().buddy() ? Literal(control().Caption()) : ToShown(control().Caption()));
+    if (shown().buddy()) shown().buddy()->setAccessibleName(ToShown(control().Caption()));
+  } else {
+    Binding::Show(aspect);
+  }
+}
+
+void GroupBinding::Show(Aspect aspect) {
+  if (aspect == Aspect::Text) {
+    shown().setTitle(Literal(control().Caption()));
+    shown().setAccessibleName(ToShown(control().Caption()));
+  } else {
+    Binding::Show(aspect);
+  }
+}
+
+StatusBarBinding::StatusBarBinding(FormWindow& window, platform::StatusBar& control, QStatusBar* widget)
+    : TypedBinding(window, control, widget) {
+  for (QLabel*& panel : panels_) {
+    panel = NewWidget<QLabel>(widget);
+    panel->setTextFormat(Qt::PlainText);
+    panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    widget->addWidget(panel, &panel == &panels_[0] ? 3 : 1);
+  }
+}
+
+void StatusBarBinding::Show(Aspect aspect) {
+  if (aspect != Aspect::Text) {
+    Binding::Show(aspect);
+    return;
+  }
+  for (int i = 0; i < 3; ++i) {
+    const QString text = ToShown(control().Panel(i + 1));
+    panels_[i]->setText(text);
+    panels_[i]->setToolTip(text);
+    panels_[i]->setVisible(i == 0 || !text.isEmpty());
+  }
+}
+
+CheckBoxBinding::CheckBoxBinding(FormWindow& window, platform::CheckBox& control, QCheckBox* widget)
+    : TypedBinding(window, control, widget) {
+  connect(widget, &QCheckBox::clicked, this, [this] {
+    Act([this] { this->control().UserClick(); });
+    if (!Dropped()) Show(Aspect::Text);
+  });
+}
+
+void CheckBoxBinding::Show(Aspect aspect) {
+  if (aspect == Aspect::Text) {
+    shown().setText(Literal(control().Caption()));
+    shown().setChecked(control().Value() != 0);
+  } else {
+    Binding::Show(aspect);
+  }
+}
+
+OptionBinding::OptionBinding(FormWindow& window, platform::OptionButton& control, QRadioButton* widget)
+    : TypedBinding(window, control, widget) {
+  connect(widget, &QRadioButton::clicked, this, [this] {
+    Act([this] { this->control().UserClick(); });
+    if (!Dropped()) Show(Aspect::Text);
+  });
+}
+
+void OptionBinding::Show(Aspect aspect) {
+  if (aspect != Aspect::Text) {
+    Binding::Show(aspect);
+    return;
+  }
+  shown().setText(Literal(control().Caption()));
+  // The models know which choice is on; the toolkit's own rule would keep one from being turned off.
+  shown().setAutoExclusive(false);
+  shown().setChecked(control().Value());
+  shown().setAutoExclusive(true);
+}
+
+CommandBinding::CommandBinding(FormWindow& window, platform::CommandButton& control, QPushButton* widget)
+    : TypedBinding(window, control, widget) {
+  widget->setAutoDefault(false);
+  connect(widget, &QPushButton::clicked, this, [this] { Act([this] { this->control().UserClick(); }); });
+}
+
+void CommandBinding::Show(Aspect aspect) {
+  if (aspect == Aspect::Text) {
+    shown().setText(Literal(control().Caption()));
+  } else {
+    Binding::Show(aspect);
+  }
+}
+
+void ProgressBinding::Show(Aspect aspect) {
+  if (aspect == Aspect::Text) {
+    shown().setMaximum(control().Max());
+    shown().setValue(control().Value());
+  } else {
+    Binding::Show(aspect);
+  }
+}
+
+ListBoxBinding::ListBoxBinding(FormWindow& window, platform::ListBox& control, QListWidget* widget)
+    : TypedBinding(window, control, widget) {
+  connect(widget, &QListWidget::currentRowChanged, this, [this](int row) {
+    if (row >= 0 && row != this->control().ListIndex()) Act([&] { this->control().UserSelect(row); });
+  });
+  connect(widget, &QListWidget::itemDoubleClicked, this, [this] { Act([this] { this->control().UserDblClick(); }); });
+}
+
+void ListBoxBinding::Show(Aspect aspect) {
+  const QSignalBlocker quiet(shown());
+  if (aspect == Aspect::List) {
+    const auto& items = control().Items();
+    const auto count = static_cast<int>(items.size());
+    while (shown().count() > count) std::unique_ptr<QListWidgetItem>(shown().takeItem(shown().count() - 1));
+    for (int i = 0; i < count; ++i) {
+      const QString text = ToShown(items[static_cast<std::size_t>(i)]);
+      if (i >= shown().count()) {
+        shown().addItem(text);
+      } else if (shown().item(i)->text() != text) {
+        shown().item(i)->setText(text);
+      }
+    }
+    shown().setCurrentRow(control().ListIndex());
+  } else if (aspect == Aspect::CurrentRow) {
+    shown().setCurrentRow(control().ListIndex());
+  } else {
+    Binding::Show(aspect);
+  }
+}
+
+ScrollBarBinding::ScrollBarBinding(FormWindow& window, platform::ScrollBar& control, QScrollBar* widget)
+    : TypedBinding(window, control, widget) {
+  connect(widget, &QScrollBar::valueChanged, this, [this](int value) { Act([&] { this->control().UserSlide(value); }); });
+}
+
+void ScrollBarBinding::Show(Aspect aspect) {
+  const QSignalBlocker quiet(shown());
+  if (aspect == Aspect::Text || aspect == Aspect::List) {
+    shown().setRange(control().Min(), control().Max());
+    shown().setValue(control().Value());
+  } else {
+    Binding::Show(aspect);
+  }
+}
+
+SpinBinding::SpinBinding(FormWindow& window, platform::SpinButton& control, SpinPair* widget) : TypedBinding(window, control, widget) {
+  widget->OnSpin([this](bool up) { Act([&] { this->control().UserSpin(up); }); });
+}
+
+}  // namespace desktop

@@ -1,0 +1,9 @@
+#include "desktop/form_designs.h"
+
+#include "ui_frmCustMain.h"
+
+namespace desktop {
+
+std::vector<FormDesign> LibraryDesigns() { return {DesignFrom<Ui::frmCustMain>("frmCustMain")}; }
+
+}  // namespace desktop

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "desktop/binding/binding.h"
+#include "desktop/services.h"
+#include "platform/controls/form.h"
+
+namespace desktop {
+
+/// How a screen's window is laid out: what the form file's generated code does.
+struct FormDesign {
+  std::string screen;
+  std::function<void(QMainWindow&)> setUp;
+};
+
+/// One screen as a window.
+class FormWindow final : public QMainWindow {
+ public:
+  FormWindow(platform::Form& form, const FormDesign* design, Services& services);
+  ~FormWindow() override;
+
+  /// Makes the bindings and shows what the models hold.
+  void Bind();
+  /// The screen is gone: no model is touched from here on.
+  void Drop();
+  bool Dropped() const noexcept { return form_ == nullptr; }
+  platform::Form* Model() const noexcept { return form_; }
+  Services& Shared() const noexcept { return services_; }
+
+  void Changed(platform::Control* control, platform::Aspect aspect);
+  Binding* BindingOf(const platform::Control& control) const;
+  /// The binding whose widget is (or holds) `widget`.
+  Binding* BindingAround(const QWidget* widget) const;
+  const std::vector<std::unique_ptr<Binding>>& Bindings() const noexcept { return bindings_; }
+
+  /// Brings the toolkit's focus to where the screen's is.
+  void SyncFocus();
+  bool IdleSlice();
+
+  void ShowAsScreen(bool modal);
+  void HideScreen();
+
+ protected:
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void ShowCaption();
+  void NameForAccessibility();
+  void TookFocus(Binding& binding, Qt::FocusReason reason);
+  void Hovered(Binding& binding);
+  bool TabKey(const QKeyEvent& event);
+  bool SearchKey(const QKeyEvent& event);
+  bool ShortcutKey(const QKeyEvent& event);
+  void KeepPlace();
+  void RestorePlace();
+
+  platform::Form* form_;
+  platform::Application& app_;
+  Services& services_;
+  QString name_;
+  std::vector<std::unique_ptr<Binding>> bindings_;
+  std::unordered_map<const platform::Control*, Binding*> byControl_;
+  std::unordered_map<const QObject*, Binding*> byWidget_;
+  int showing_ = 0;  ///< changes of the models are being shown: focus moves of the toolkit are not the user's
+  bool placed_ = false;
+};
+
+/// "Ctrl+Shift+P" for a key event, in the words of the table of shortcuts; "" for a key that the table can't name.
+std::string KeyName(const QKeyEvent& event);
+
+}  // namespace desktop

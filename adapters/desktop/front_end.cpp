@@ -1,0 +1,149 @@
+#include "desktop/front_end.h"
+
+#include <QAbstractEventDispatcher>
+#include <QEventLoop>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <algorithm>
+
+#include "desktop/form_designs.h"
+#include "desktop/message_box.h"
+#include "desktop/theme.h"
+
+static void LoadResources() { Q_INIT_RESOURCE(desktop); }
+
+namespace desktop {
+
+namespace {
+constexpr int kPaintingPauseMs = 16;
+}
+
+DesktopFrontEnd::DesktopFrontEnd(const DesktopOptions& options)
+    : toolkit_(options.offscreenIfNoDisplay), services_(std::make_unique<Services>(options.settingsFolder, options.user)) {
+  LoadResources();
+  if (toolkit_.Own()) theme::Install(theme::WantsDark(options.colorScheme));
+  designs_ = LibraryDesigns();
+  services_->OnIdle(
+      [this] {
+        bool left = false;
+        for (const auto& [form, window] : windows_)
+          if (window->IdleSlice()) left = true;
+        return left;
+      },
+      [this] { return AnyScreenBusy(); });
+  lastPainting_.start();
+}
+
+DesktopFrontEnd::~DesktopFrontEnd() {
+  Pointer(platform::pointer::Default);
+  for (const auto& [form, window] : windows_) window->Drop();
+  windows_.clear();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void DesktopFrontEnd::AddDesign(FormDesign design) { designs_.push_back(std::move(design)); }
+
+const FormDesign* DesktopFrontEnd::DesignOf(const std::string& screen) const {
+  const auto found = std::find_if(designs_.begin(), designs_.end(), [&](const FormDesign& design) { return design.screen == screen; });
+  return found == designs_.end() ? nullptr : &*found;
+}
+
+FormWindow* DesktopFrontEnd::WindowOf(const platform::Form& form) const {
+  const auto found = windows_.find(&form);
+  return found == windows_.end() ? nullptr : found->second.get();
+}
+
+bool DesktopFrontEnd::AnyScreenBusy() const {
+  return std::any_of(windows_.begin(), windows_.end(), [](const auto& entry) {
+    const platform::Form* form = entry.second->Model();
+    return form && form->App().Busy(*form);
+  });
+}
+
+void DesktopFrontEnd::Loaded(platform::Form& form) {
+  const FormDesign* design = DesignOf(form.Name());
+  if (!design) form.App().Log(platform::LogLevel::Warning, "window: no layout for screen " + form.Name());
+  WindowPointer window(std::make_unique<FormWindow>(form, design, *services_).release());
+  FormWindow& made = *window;
+  windows_[&form] = std::move(window);
+  made.Bind();
+}
+
+void DesktopFrontEnd::Shown(platform::Form& form) {
+  FormWindow* window = WindowOf(form);
+  if (!window) return;
+  const auto all = QApplication::topLevelWidgets();
+  const bool others = std::any_of(all.begin(), all.end(), [&](const QWidget* widget) { return widget != window && widget->isVisible(); });
+  window->ShowAsScreen(others);
+}
+
+void DesktopFrontEnd::Hidden(platform::Form& form) {
+  if (FormWindow* window = WindowOf(form)) window->HideScreen();
+}
+
+void DesktopFrontEnd::Unloaded(platform::Form& form) {
+  FormWindow* window = WindowOf(form);
+  if (!window) return;
+  window->Drop();
+  window->hide();
+  windows_.erase(&form);
+}
+
+void DesktopFrontEnd::RunModal(platform::Form&, const std::function<bool()>& done) {
+  if (done()) return;
+  QEventLoop loop;
+  // Just before the loop would sleep every handler has ended, so this sees each change of `done`.
+  const auto watch = QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &loop, [&] {
+    if (done()) loop.quit();
+  });
+  loop.exec(QEventLoop::DialogExec);
+  QObject::disconnect(watch);
+}
+
+void DesktopFrontEnd::DoEvents() {
+  if (services_->PaintingOnly()) return;
+  QCoreApplication::processEvents(QEventLoop::AllEvents);
+}
+
+void DesktopFrontEnd::ServePainting() {
+  if (services_->PaintingOnly() || lastPainting_.elapsed() < kPaintingPauseMs) return;
+  const Services::Painting painting(*services_);
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+  lastPainting_.restart();
+}
+
+int DesktopFrontEnd::MessageBox(const std::string& text, int style, const std::string& title) {
+  const auto box = MakeMessageBox(text, style, title, QApplication::activeWindow());
+  if (hourglass_) QApplication::setOverrideCursor(Qt::ArrowCursor);
+  box->exec();
+  if (hourglass_) QApplication::restoreOverrideCursor();
+  return AnswerOf(*box, style);
+}
+
+void DesktopFrontEnd::Pointer(int pointer) {
+  const bool wait = pointer == platform::pointer::Hourglass;
+  if (wait == hourglass_) return;
+  hourglass_ = wait;
+  if (wait) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+std::optional<platform::PrinterChoice> DesktopFrontEnd::PrinterDialog(platform::Form& form) {
+  QPrinter printer;
+  QPrintDialog dialog(&printer, WindowOf(form));
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+  dialog.setOption(QAbstractPrintDialog::PrintCollateCopies, false);
+  if (dialog.exec() != QDialog::Accepted) return {};
+  return platform::PrinterChoice{printer.fromPage(), printer.toPage(), printer.copyCount()};
+}
+
+void DesktopFrontEnd::Changed(platform::Form& form, platform::Control* control, platform::Aspect aspect) {
+  if (FormWindow* window = WindowOf(form)) window->Changed(control, aspect);
+}
+
+std::unique_ptr<platform::FrontEnd> MakeFrontEnd(const DesktopOptions& options) { return std::make_unique<DesktopFrontEnd>(options); }
+
+}  // namespace desktop

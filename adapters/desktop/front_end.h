@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "desktop/desktop.h"
+#include "desktop/form_window.h"
+#include "desktop/services.h"
+#include "desktop/toolkit_application.h"
+#include "platform/front_end.h"
+
+namespace desktop {
+
+/// Shows the screens as windows.
+class DesktopFrontEnd final : public platform::FrontEnd {
+ public:
+  explicit DesktopFrontEnd(const DesktopOptions& options);
+  ~DesktopFrontEnd() override;
+
+  /// Lays out the screen of that name from here on; the screens of the library are known already.
+  void AddDesign(FormDesign design);
+
+  /// The window of a loaded screen; nullptr if it has none.
+  FormWindow* WindowOf(const platform::Form& form) const;
+  Services& Shared() noexcept { return *services_; }
+
+  void Loaded(platform::Form& form) override;
+  void Shown(platform::Form& form) override;
+  void Hidden(platform::Form& form) override;
+  void Unloaded(platform::Form& form) override;
+  void RunModal(platform::Form& form, const std::function<bool()>& done) override;
+  void DoEvents() override;
+  void ServePainting() override;
+  int MessageBox(const std::string& text, int style, const std::string& title) override;
+  void Pointer(int pointer) override;
+  std::optional<platform::PrinterChoice> PrinterDialog(platform::Form& form) override;
+  void Changed(platform::Form& form, platform::Control* control, platform::Aspect aspect) override;
+
+ private:
+  struct DeleteLater {
+    void operator()(FormWindow* window) const { window->deleteLater(); }
+  };
+  using WindowPointer = std::unique_ptr<FormWindow, DeleteLater>;
+
+  const FormDesign* DesignOf(const std::string& screen) const;
+  bool AnyScreenBusy() const;
+
+  ToolkitApplication toolkit_;
+  std::unique_ptr<Services> services_;
+  std::vector<FormDesign> designs_;
+  std::map<const platform::Form*, WindowPointer> windows_;
+  QElapsedTimer lastPainting_;
+  bool hourglass_ = false;
+};
+
+}  // namespace desktop

@@ -1,0 +1,284 @@
+#include "desktop/hands/desktop_hands.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+#include <stdexcept>
+
+#include "desktop/binding/bar_bindings.h"
+#include "desktop/controls/combo_edit.h"
+#include "desktop/controls/spin_pair.h"
+#include "desktop/hands/input.h"
+#include "desktop/list/list_view.h"
+#include "desktop/message_box.h"
+#include "platform/text.h"
+
+namespace desktop {
+
+using namespace platform;
+
+namespace {
+
+/// Longer texts are pasted: a person would not type them either.
+constexpr std::size_t kMostTypedCharacters = 400;
+
+/// What the hands can't do is a fault of the layout, told by name.
+[[noreturn]] void NotThere(const Control& control) { throw std::logic_error("the window shows no widget for " + control.FullName()); }
+
+}  // namespace
+
+FormWindow& DesktopHands::WindowOf(const Control& control) const {
+  FormWindow* window = frontEnd_.WindowOf(control.Owner());
+  if (!window) NotThere(control);
+  return *window;
+}
+
+QWidget& DesktopHands::WidgetOf(const Control& control) const {
+  const Binding* binding = WindowOf(control).BindingOf(control);
+  if (!binding || !binding->Widget()) NotThere(control);
+  return *binding->Widget();
+}
+
+void DesktopHands::Settle() {
+  constexpr int kMostRounds = 50;
+  for (int round = 0; round < kMostRounds; ++round) {
+    frontEnd_.Shared().RunCommands();
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+    if (!frontEnd_.Shared().CommandsWait()) break;
+  }
+}
+
+/// Toolbar keys and menu items have actions; the menu is opened and the item clicked in it.
+bool DesktopHands::ClickInBar(Control& control) {
+  FormWindow& window = WindowOf(control);
+  if (dynamic_cast<const ToolbarButton*>(&control)) {
+    auto* action = static_cast<ToolbarButtonBinding*>(window.BindingOf(control))->Action();
+    for (const QToolBar* bar : window.findChildren<QToolBar*>())
+      if (QWidget* button = bar->widgetForAction(action)) return input::Click(*button), true;
+    NotThere(control);
+  }
+  const auto* item = dynamic_cast<const MenuItem*>(&control);
+  if (!item) return false;
+  QAction* action = static_cast<MenuItemBinding*>(window.BindingOf(control))->Action();
+  for (QMenu* menu : window.findChildren<QMenu*>()) {
+    if (!menu->actions().contains(action)) continue;
+    menu->popup(window.mapToGlobal(window.menuBar()->geometry().bottomLeft()));
+    input::Click(*menu, menu->actionGeometry(action).center());
+    return true;
+  }
+  NotThere(control);
+}
+
+void DesktopHands::Click(Control& control) {
+  if (!ClickInBar(control)) {
+    QWidget& widget = WidgetOf(control);
+    const auto* choice = qobject_cast<QAbstractButton*>(&widget);
+    const bool marked = choice && choice->isCheckable() && !qobject_cast<QPushButton*>(&widget);
+    // A check box or option takes clicks on its mark and text, not on the empty room beside them.
+    input::Click(widget, marked ? QPoint(8, widget.height() / 2) : widget.rect().center());
+  }
+  Settle();
+}
+
+void DesktopHands::DoubleClick(Control& control) {
+  if (ClickInBar(control)) return Settle();
+  QWidget& widget = WidgetOf(control);
+  if (auto* list = qobject_cast<QListWidget*>(&widget)) {
+    input::DoubleClick(*list->viewport(), list->visualItemRect(list->currentItem()).center());
+  } else {
+    input::DoubleClick(widget, widget.rect().center());
+  }
+  Settle();
+}
+
+void DesktopHands::Focus(Control& control) {
+  QWidget& widget = WidgetOf(control);
+  widget.setFocus(Qt::MouseFocusReason);
+  Settle();
+}
+
+void DesktopHands::Type(Control& control, std::string_view text, bool append) {
+  FormWindow& window = WindowOf(control);
+  Focus(control);
+  if (append) {
+    input::Key(window, Qt::Key_End, Qt::ControlModifier);
+    input::Key(window, Qt::Key_End, Qt::NoModifier);
+  } else {
+    input::Key(window, Qt::Key_A, Qt::ControlModifier);
+    if (text.empty()) input::Key(window, Qt::Key_Delete, Qt::NoModifier, "\x7f");
+  }
+  if (CharacterCount(text) > kMostTypedCharacters) {
+    QApplication::clipboard()->setText(ToShown(text));
+    input::Key(window, Qt::Key_V, Qt::ControlModifier);
+  } else {
+    input::Type(window, ToShown(text));
+  }
+  Settle();
+}
+
+void DesktopHands::Key(Control& control, std::string_view key) {
+  FormWindow& window = WindowOf(control);
+  const Binding* binding = window.BindingOf(control);
+  // An open cell keeps the keys of its list.
+  const auto* list = binding ? dynamic_cast<ListView*>(binding->Widget()) : nullptr;
+  if (!list || !list->Editor()) Focus(control);
+  const input::NamedKey named = input::KeyByName(key);
+  if (named.key == Qt::Key_unknown && named.text.isEmpty()) throw std::logic_error("no key " + std::string(key));
+  input::Key(window, named.key, named.modifiers, named.text);
+  Settle();
+}
+
+void DesktopHands::Pick(ComboBox& combo, const ComboRow& row) {
+  auto& edit = dynamic_cast<ComboEdit&>(WidgetOf(combo));
+  Focus(combo);
+  input::Key(WindowOf(combo), Qt::Key_Down, Qt::AltModifier);
+  QCoreApplication::processEvents();
+  const auto& rows = edit.Rows();
+  int at = -1;
+  for (std::size_t i = 0; i < rows.size() && at < 0; ++i)
+    if (rows[i].key == row.key && rows[i].shown == row.shown) at = static_cast<int>(i);
+  if (at < 0) throw std::logic_error(combo.FullName() + " lists no such row");
+  const QModelIndex index = edit.model()->index(at, 0);
+  edit.view()->scrollTo(index);
+  QWidget& viewport = *edit.view()->viewport();
+  const QPoint place = edit.view()->visualRect(index).center();
+  input::Move(viewport, place);
+  // The list takes no click that comes within the time of a double click on the button that opened it.
+  edit.view()->setCurrentIndex(index);
+  input::Key(*edit.view(), Qt::Key_Return, Qt::NoModifier, "\r");
+  Settle();
+}
+
+void DesktopHands::ClearCombo(ComboBox& combo) { Type(combo, "", false); }
+
+void DesktopHands::Tab(TabControl& tabs, int tab) {
+  auto& bar = dynamic_cast<QTabBar&>(WidgetOf(tabs));
+  input::Click(bar, bar.tabRect(tab).center());
+  Settle();
+}
+
+ListView& DesktopHands::ListOf(const Grid& grid) const {
+  auto& list = dynamic_cast<ListView&>(WidgetOf(grid));
+  list.Sync();
+  return list;
+}
+
+std::int64_t DesktopHands::ScrollTo(ListView& list, Grid& grid, const Bookmark& row) const {
+  RowWindow* window = grid.Data() ? grid.Data()->Window() : nullptr;
+  const auto ordinal = window ? window->OrdinalOf(row) : std::nullopt;
+  if (!ordinal) throw std::logic_error(grid.FullName() + " has no such row");
+  list.ScrollToOrdinal(*ordinal, true);
+  QCoreApplication::processEvents();
+  list.Rows().Need(*ordinal, 1);
+  return *ordinal;
+}
+
+void DesktopHands::Row(Grid& grid, const Bookmark& row) {
+  ListView& list = ListOf(grid);
+  const std::int64_t ordinal = ScrollTo(list, grid, row);
+  // Near the left edge of the first column, where no check mark is.
+  const QRect cell = list.CellRect(ordinal, list.Columns().ColumnAt(0));
+  if (cell.isEmpty()) throw std::logic_error(grid.FullName() + " does not show the row");
+  input::Click(*list.viewport(), QPoint(cell.left() + 3, cell.center().y()));
+  Settle();
+}
+
+void DesktopHands::ClickMarker(Grid& grid, const Bookmark& row, Qt::KeyboardModifiers modifiers) {
+  ListView& list = ListOf(grid);
+  const QRect marker = list.MarkerRect(ScrollTo(list, grid, row));
+  if (marker.width() < 4) throw std::logic_error(grid.FullName() + " marks no rows");
+  input::Click(*list.viewport(), marker.center(), modifiers);
+  Settle();
+}
+
+void DesktopHands::Mark(Grid& grid, const std::vector<Bookmark>& rows) {
+  if (rows.empty()) {
+    while (grid.SelBookmarks.Count() > 0) ClickMarker(grid, grid.SelBookmarks.Item(0), Qt::ControlModifier);
+    return;
+  }
+  ClickMarker(grid, rows.front(), Qt::NoModifier);
+  for (std::size_t i = 1; i < rows.size(); ++i) ClickMarker(grid, rows[i], Qt::ControlModifier);
+}
+
+void DesktopHands::Scroll(Grid& grid, int, int column) {
+  ListView& list = ListOf(grid);
+  const auto place = list.Columns().PlaceOf(column);
+  if (!place) throw std::logic_error(grid.FullName() + " does not show the column");
+  const int left = list.Columns().IsFixed(*place) ? 0 : list.Columns().LeftInGroup(*place);
+  list.horizontalScrollBar()->setValue(left);
+  Settle();
+}
+
+void DesktopHands::Choose(ListBox& box, int index) {
+  auto& list = dynamic_cast<QListWidget&>(WidgetOf(box));
+  list.scrollToItem(list.item(index));
+  input::Click(*list.viewport(), list.visualItemRect(list.item(index)).center());
+  Settle();
+}
+
+void DesktopHands::Slide(platform::ScrollBar& bar, int value) {
+  auto& widget = dynamic_cast<QScrollBar&>(WidgetOf(bar));
+  Focus(bar);
+  widget.setSliderDown(true);
+  widget.setSliderPosition(value);
+  widget.setSliderDown(false);
+  Settle();
+}
+
+void DesktopHands::Spin(SpinButton& spin, bool up) {
+  input::Click(*dynamic_cast<SpinPair&>(WidgetOf(spin)).Arrow(up));
+  Settle();
+}
+
+void DesktopHands::Hover(Control& control) {
+  QWidget& widget = WidgetOf(control);
+  // Frames are met on their edge, where no other control lies.
+  const bool holds = !widget.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly).isEmpty();
+  input::Move(widget, holds ? QPoint(2, 2) : widget.rect().center());
+  Settle();
+}
+
+void DesktopHands::HoverForm(Form& form) {
+  if (FormWindow* window = frontEnd_.WindowOf(form)) input::Move(*window, QPoint(2, window->height() / 2));
+  Settle();
+}
+
+void DesktopHands::CloseForm(Form& form) {
+  if (FormWindow* window = frontEnd_.WindowOf(form)) window->close();
+  Settle();
+}
+
+void DesktopHands::PressInBox(const std::string& text, int style, const std::string& title, int button) {
+  const auto shown = MakeMessageBox(text, style, title, QApplication::activeWindow());
+  QTimer::singleShot(0, shown.get(), [&shown, button] {
+    if (QAbstractButton* pressed = ButtonFor(*shown, button)) {
+      input::Click(*pressed);
+    } else {
+      shown->reject();
+    }
+  });
+  shown->exec();
+}
+
+void DesktopHands::Screenshot(Form* form, const std::string& path) {
+  Settle();
+  FormWindow* window = form ? frontEnd_.WindowOf(*form) : nullptr;
+  for (ListView* list : window ? window->findChildren<ListView*>() : QList<ListView*>()) list->Sync();
+  const QPixmap picture = window ? window->grab() : QPixmap(1, 1);
+  if (!picture.save(ToShown(path), "PNG")) throw std::runtime_error("the file " + path + " can't be written");
+}
+
+std::unique_ptr<UserHands> MakeHands(FrontEnd& frontEnd) {
+  return std::make_unique<DesktopHands>(dynamic_cast<DesktopFrontEnd&>(frontEnd));
+}
+
+}  // namespace desktop

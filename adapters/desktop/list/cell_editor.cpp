@@ -1,0 +1,52 @@
+#include "desktop/list/cell_editor.h"
+
+#include <QCompleter>
+#include <QKeyEvent>
+
+#include "desktop/toolkit.h"
+
+namespace desktop {
+
+CellEditor::CellEditor(QWidget* parent) : QLineEdit(parent) {
+  setFrame(true);
+  connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+    if (onText) onText(text);
+  });
+}
+
+void CellEditor::Offer(const QStringList& texts) {
+  auto* completer = NewChild<QCompleter>(this, texts);
+  completer->setCaseSensitivity(Qt::CaseInsensitive);
+  completer->setCompletionMode(QCompleter::PopupCompletion);
+  connect(completer, qOverload<const QString&>(&QCompleter::activated), this, [this](const QString& text) {
+    if (onText) onText(text);
+  });
+  setCompleter(completer);
+}
+
+bool CellEditor::event(QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) {
+      if (onLeave) onLeave(Leave::TakeAndNext);
+      return true;
+    }
+  }
+  return QLineEdit::event(event);
+}
+
+void CellEditor::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (onLeave) onLeave(Leave::Take);
+    return event->accept();
+  }
+  if (event->key() == Qt::Key_Escape) {
+    if (onLeave) onLeave(Leave::Drop);
+    return event->accept();
+  }
+  QLineEdit::keyPressEvent(event);
+  // Nothing typed here is a command of the screen.
+  if (!event->text().isEmpty()) event->accept();
+}
+
+}  // namespace desktop

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QLineEdit>
+#include <functional>
+
+namespace desktop {
+
+/// The edit that lies over an open cell. It tells what the user does; the list acts.
+class CellEditor final : public QLineEdit {
+ public:
+  enum class Leave { Take, TakeAndNext, Drop };
+
+  explicit CellEditor(QWidget* parent);
+  std::function<void(const QString&)> onText;
+  std::function<void(Leave)> onLeave;
+
+  /// Offers these texts while typing.
+  void Offer(const QStringList& texts);
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+};
+
+}  // namespace desktop

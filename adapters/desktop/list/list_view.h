@@ -1,0 +1,159 @@
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QPointer>
+#include <QTimer>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "desktop/list/column_layout.h"
+#include "desktop/list/list_rows.h"
+#include "desktop/list/sort_hint.h"
+#include "platform/application.h"
+#include "platform/controls/data_control.h"
+#include "platform/controls/grid.h"
+
+namespace desktop {
+
+class CellEditor;
+class ListHeader;
+class Services;
+
+/// A list of any length: a window of rows under a scroll bar of its own, the first columns fixed, headings that order, move
+/// and resize. It holds no state per row beyond the window, never measures the list by its content, and its painting asks
+/// the engine only for the window, never raises and never opens a box.
+///
+/// Properties of the layout: "fixedColumns" (number), "marksRows" (several rows can be marked), "searchBox" (name of the edit
+/// that typing goes to).
+class ListView final : public QAbstractScrollArea {
+ public:
+  explicit ListView(QWidget* parent = nullptr);
+  ~ListView() override;
+
+  void Attach(platform::Grid& grid, Services& services);
+  void Detach();
+  platform::Grid* Model() const noexcept { return grid_; }
+  void Show(platform::Aspect aspect);
+  bool IdleSlice();
+
+  // For the heading, the hands and tests.
+  const ColumnLayout& Columns() const noexcept { return columns_; }
+  ListRows& Rows() noexcept { return rows_; }
+  ListHeader& Header() const noexcept { return *header_; }
+  int HorizontalOffset() const;
+  int MarkerWidth() const;
+  int RowHeight() const noexcept { return rowHeight_; }
+  bool MarksRows() const { return property("marksRows").toBool(); }
+  const std::optional<SortHint>& Sorted() const noexcept { return sorted_; }
+  std::string FieldOf(int column) const;
+  QString CaptionOf(int column) const;
+  bool IsFigure(int column) const;
+  /// Brings what was changed in the models into view now.
+  void Sync();
+  void ScrollToOrdinal(std::int64_t ordinal, bool centre);
+  void ScrollToColumn(int column);
+  /// Where a cell is shown in the viewport; empty when it is out of view.
+  QRect CellRect(std::int64_t ordinal, int column) const;
+  QRect MarkerRect(std::int64_t ordinal) const;
+  QRect CheckRect(const QRect& cell) const;
+  CellEditor* Editor() const;
+  std::int64_t FirstShown() const;
+  int WholeRowsShown() const;
+  /// Times from the change of a model to the end of the painting that shows it, for measurements.
+  const QElapsedTimer& SincePaint() const noexcept { return sincePaint_; }
+
+  // Acts of the heading.
+  void HeadClicked(int column);
+  void ColumnResized(int column, int width);
+  void ColumnMoved(int column, int place);
+  void FitColumn(int column);
+  void HeadMenu(const QPoint& global);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  friend class ListPainter;
+
+  platform::Application& App() const { return grid_->Owner().App(); }
+  template <class Body>
+  void Act(Body&& body);
+  /// An act that runs from the event loop, after whatever runs now.
+  void Later(std::function<void(platform::Grid&)> act);
+
+  // What changed since the last Sync.
+  void Wish();
+  void SyncList();
+  void SyncCurrent();
+  void SyncOpenCell();
+  void TellAccessibility();
+  void UpdateRange();
+  void PutBarAt(std::int64_t pixels);
+  std::int64_t TopPixel() const;
+
+  // Columns.
+  void DefineColumns();
+  void PlaceHeader();
+  void TakeLeftColumn();
+  void TellLeftColumn();
+  std::vector<ColumnSpec> Specs() const;
+  int DefaultWidth(int column) const;
+  void KeepOrder();
+  void ResetColumns();
+  QString SettingsName() const;
+
+  // Keys and clicks.
+  bool MoveKey(const QKeyEvent& event);
+  bool CellKey(const QKeyEvent& event);
+  bool MarkKey(const QKeyEvent& event);
+  bool TypingKey(QKeyEvent* event);
+  void MoveCellCursor(int step);
+  std::optional<std::int64_t> OrdinalAt(int y) const;
+  void ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modifiers);
+  void Mark(std::int64_t ordinal, Qt::KeyboardModifiers modifiers, bool plainReplaces);
+  void ToggleCheck(int column);
+  bool HasOpenColumns() const;
+  bool IsOpen(int column) const;
+
+  platform::Grid* grid_ = nullptr;
+  Services* services_ = nullptr;
+  ListHeader* header_;
+  QLabel* caption_;
+  ListRows rows_;
+  ColumnLayout columns_;
+  std::vector<int> fieldOf_;  ///< design column -> place in the row's cells, -1 if the list lacks it
+  std::vector<bool> figure_;  ///< design column -> right-aligned
+  std::optional<SortHint> sorted_;
+  std::optional<platform::Bookmark> current_;
+  std::optional<std::int64_t> currentOrdinal_;
+  std::optional<std::int64_t> markAnchor_;
+  int cursorColumn_ = -1;
+  QPointer<QWidget> editor_;
+  int editorColumn_ = -1;
+  QTimer wish_;
+  QElapsedTimer sincePaint_;
+  int rowHeight_ = 22;
+  bool listChanged_ = false;
+  bool currentChanged_ = false;
+  bool contentChanged_ = false;
+  bool cellChanged_ = false;
+  bool adjusting_ = false;  ///< scroll bars are being set by us
+  bool hasList_ = false;
+};
+
+}  // namespace desktop

@@ -1,0 +1,271 @@
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "desktop/controls/text_edit.h"
+#include "desktop/list/list_view.h"
+#include "desktop/services.h"
+#include "desktop/toolkit.h"
+#include "platform/text.h"
+
+// What keys and clicks in a list ask of its model.
+namespace desktop {
+
+template <class Body>
+void ListView::Act(Body&& body) {
+  if (!grid_ || services_->PaintingOnly() || !grid_->EffectivelyEnabled()) return;
+  Safely(App(), [&] { body(*grid_); });
+  if (grid_) Wish();
+}
+
+void ListView::Later(std::function<void(platform::Grid&)> act) {
+  if (!grid_) return;
+  services_->Later(this, [this, act = std::move(act)] { Act(act); });
+}
+
+bool ListView::IsOpen(int column) const { return grid_ && column >= 0 && column < grid_->ColumnCount() && grid_->Column(column).open; }
+
+bool ListView::HasOpenColumns() const {
+  for (int column = 0; grid_ && column < grid_->ColumnCount(); ++column)
+    if (IsOpen(column)) return true;
+  return false;
+}
+
+void ListView::HeadClicked(int column) {
+  Act([&](platform::Grid& grid) { grid.UserHeadClick(column); });
+}
+
+void ListView::keyPressEvent(QKeyEvent* event) {
+  event->accept();
+  if (!grid_ || MoveKey(*event) || CellKey(*event) || MarkKey(*event) || TypingKey(event)) return;
+  event->ignore();
+}
+
+bool ListView::MoveKey(const QKeyEvent& event) {
+  const auto modifiers = event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+  const bool control = modifiers == Qt::ControlModifier;
+  if (modifiers != Qt::NoModifier && !control) return false;
+  const int page = std::max(1, WholeRowsShown() - 1);
+  const auto move = [&](int rows) { Act([&](platform::Grid& grid) { grid.UserMove(rows); }); };
+  switch (event.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      if (control) return false;
+      // The box above the list is the way back from its first row.
+      if (event.key() == Qt::Key_Up && currentOrdinal_.value_or(0) == 0 && !currentChanged_ && !listChanged_) {
+        if (auto* box = window()->findChild<TextEdit*>(property("searchBox").toString())) box->setFocus(Qt::TabFocusReason);
+        return true;
+      }
+      move(event.key() == Qt::Key_Up ? -1 : 1);
+      return true;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+      if (control) return false;
+      move(event.key() == Qt::Key_PageUp ? -page : page);
+      return true;
+    case Qt::Key_Home:
+      Act([](platform::Grid& grid) { grid.UserFirst(); });
+      return true;
+    case Qt::Key_End:
+      Act([](platform::Grid& grid) { grid.UserLast(); });
+      return true;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+      MoveCellCursor(event.key() == Qt::Key_Left ? -1 : 1);
+      return true;
+    default:
+      return false;
+  }
+}
+
+/// With open columns the cursor goes from cell to cell; without, the list scrolls by a column.
+void ListView::MoveCellCursor(int step) {
+  if (HasOpenColumns()) {
+    const int place = columns_.PlaceOf(cursorColumn_).value_or(0) + step;
+    cursorColumn_ = columns_.ColumnAt(std::clamp(place, 0, columns_.PlaceCount() - 1));
+    ScrollToColumn(cursorColumn_);
+  } else if (horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOn) {
+    const int offset = HorizontalOffset();
+    int place = columns_.ScrolledPlaceAt(offset);
+    const bool cut = place >= 0 && columns_.LeftInGroup(place) < offset;
+    place += step < 0 && cut ? 0 : step;
+    if (place >= columns_.FixedCount() && place < columns_.PlaceCount()) horizontalScrollBar()->setValue(columns_.LeftInGroup(place));
+  }
+  viewport()->update();
+}
+
+bool ListView::CellKey(const QKeyEvent& event) {
+  const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  if (event.key() == Qt::Key_Escape && event.modifiers() == Qt::NoModifier) {
+    if (!grid_->OpenCell() && !grid_->DataChanged()) return false;
+    Later([](platform::Grid& grid) { grid.UserEscape(); });
+    return true;
+  }
+  if (enter && event.modifiers() == Qt::ShiftModifier) {
+    Later([](platform::Grid& grid) { grid.UserLeaveRow(); });
+    return true;
+  }
+  if (enter && event.modifiers() == Qt::NoModifier) {
+    if (grid_->OpenCell()) {
+      Later([](platform::Grid& grid) { grid.UserCloseCell(); });
+    } else if (IsOpen(cursorColumn_) && !grid_->Column(cursorColumn_).checkBox) {
+      Later([column = cursorColumn_](platform::Grid& grid) { grid.UserOpenCell(column); });
+    } else {
+      return false;
+    }
+    return true;
+  }
+  if (event.key() == Qt::Key_Space && event.modifiers() == Qt::NoModifier && IsOpen(cursorColumn_) &&
+      grid_->Column(cursorColumn_).checkBox) {
+    ToggleCheck(cursorColumn_);
+    return true;
+  }
+  return false;
+}
+
+bool ListView::MarkKey(const QKeyEvent& event) {
+  const bool mark = (event.key() == Qt::Key_Space && event.modifiers() != Qt::AltModifier) || event.key() == Qt::Key_Insert;
+  if (!mark || !MarksRows()) return false;
+  Sync();
+  if (currentOrdinal_) Mark(*currentOrdinal_, Qt::ControlModifier, false);
+  if (event.key() == Qt::Key_Insert) Act([](platform::Grid& grid) { grid.UserMove(1); });
+  return true;
+}
+
+/// Letters go into an open column's cell, else to the search box.
+bool ListView::TypingKey(QKeyEvent* event) {
+  if (!TypesCharacter(*event) || event->text() == " ") return false;
+  const QString text = event->text();
+  if (IsOpen(cursorColumn_) && !grid_->Column(cursorColumn_).checkBox) {
+    Later([this, text, column = cursorColumn_](platform::Grid& grid) {
+      if (!grid.UserOpenCell(column)) return;
+      grid.UserCellText(ToUtf8(text));
+      cellChanged_ = true;
+      Sync();
+      if (auto* edit = qobject_cast<QLineEdit*>(editor_.data())) edit->setText(text);
+    });
+    return true;
+  }
+  if (text == "/") return false;
+  auto* box = window()->findChild<TextEdit*>(property("searchBox").toString());
+  if (!box || !box->isEnabled()) return false;
+  box->setFocus(Qt::ShortcutFocusReason);
+  if (!box->hasFocus()) return true;
+  box->selectAll();
+  QApplication::sendEvent(box, event);
+  return true;
+}
+
+std::optional<std::int64_t> ListView::OrdinalAt(int y) const {
+  const std::int64_t ordinal = (TopPixel() + y) / rowHeight_;
+  if (y < 0 || !rows_.At(ordinal)) return {};
+  return ordinal;
+}
+
+void ListView::mousePressEvent(QMouseEvent* event) {
+  if (!grid_ || (event->button() != Qt::LeftButton && event->button() != Qt::RightButton)) return;
+  Sync();
+  const auto ordinal = OrdinalAt(event->position().toPoint().y());
+  if (!ordinal) {
+    Act([](platform::Grid& grid) { grid.Owner().UserFocus(grid); });
+    return;
+  }
+  const int x = event->position().toPoint().x();
+  if (event->button() == Qt::LeftButton) {
+    ClickRow(*ordinal, x, event->modifiers());
+  } else {
+    ClickRow(*ordinal, MarkerWidth(), Qt::NoModifier);
+  }
+}
+
+void ListView::ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modifiers) {
+  const ShownRow* row = rows_.At(ordinal);
+  if (!row) return;
+  const platform::Bookmark bookmark = row->row.bookmark;
+  const bool marks = MarksRows() && (x < MarkerWidth() || (modifiers & (Qt::ControlModifier | Qt::ShiftModifier)) != 0);
+  if (marks) {
+    Mark(ordinal, modifiers, x < MarkerWidth());
+    return;
+  }
+  const auto place = columns_.PlaceAt(x - MarkerWidth(), HorizontalOffset());
+  const int column = place ? columns_.ColumnAt(*place) : -1;
+  if (column >= 0 && HasOpenColumns()) cursorColumn_ = column;
+  bool moved = current_ == bookmark && !currentChanged_;
+  if (moved) {
+    Act([](platform::Grid& grid) { grid.Owner().UserFocus(grid); });
+  } else {
+    Act([&](platform::Grid& grid) { moved = grid.UserRow(bookmark); });
+  }
+  if (!grid_) return;
+  Sync();
+  const bool box = moved && column >= 0 && grid_->Column(column).checkBox && IsOpen(column);
+  if (box && currentOrdinal_ &&
+      CheckRect(CellRect(*currentOrdinal_, column))
+          .adjusted(-3, -3, 3, 3)
+          .contains(QPoint(x, CellRect(*currentOrdinal_, column).center().y())))
+    ToggleCheck(column);
+}
+
+void ListView::ToggleCheck(int column) {
+  Later([column](platform::Grid& grid) {
+    if (!grid.UserOpenCell(column)) return;
+    grid.UserCellText(grid.OpenText() == "True" ? "False" : "True");
+    grid.UserCloseCell();
+  });
+}
+
+/// Control turns one row over, Shift marks from the row marked last, a plain click on the marker leaves that row alone marked.
+void ListView::Mark(std::int64_t ordinal, Qt::KeyboardModifiers modifiers, bool plainReplaces) {
+  const ShownRow* row = rows_.At(ordinal);
+  if (!row) return;
+  std::vector<platform::Bookmark> marked;
+  for (int i = 0; i < grid_->SelBookmarks.Count(); ++i) marked.push_back(grid_->SelBookmarks.Item(i));
+  const platform::Bookmark bookmark = row->row.bookmark;
+  if (modifiers.testFlag(Qt::ShiftModifier) && markAnchor_) {
+    const std::int64_t first = std::min(*markAnchor_, ordinal);
+    const auto count = static_cast<int>(std::min<std::int64_t>(std::max(*markAnchor_, ordinal) - first + 1, ListRows::kMost));
+    platform::RowWindow* window = grid_->Data() ? grid_->Data()->Window() : nullptr;
+    if (!window) return;
+    Act([&](platform::Grid& grid) {
+      marked.clear();
+      for (const platform::ListRow& one : window->RowsAt(first, count)) marked.push_back(one.bookmark);
+      grid.UserMark(marked);
+    });
+    return;
+  }
+  markAnchor_ = ordinal;
+  if (modifiers.testFlag(Qt::ControlModifier) || !plainReplaces) {
+    const auto found = std::find(marked.begin(), marked.end(), bookmark);
+    if (found == marked.end()) {
+      marked.push_back(bookmark);
+    } else {
+      marked.erase(found);
+    }
+  } else {
+    marked = {bookmark};
+  }
+  Act([&](platform::Grid& grid) { grid.UserMark(marked); });
+}
+
+/// The bar's range reaches beyond what a narrow list needs, so a sideways wheel counts only where the bar is shown.
+void ListView::wheelEvent(QWheelEvent* event) {
+  const QPoint delta = event->angleDelta();
+  const bool sideways = std::abs(delta.x()) > std::abs(delta.y());
+  if (sideways && horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOff) return event->ignore();
+  QAbstractScrollArea::wheelEvent(event);
+}
+
+void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (!grid_ || event->button() != Qt::LeftButton) return;
+  const QPoint at = event->position().toPoint();
+  const auto place = columns_.PlaceAt(at.x() - MarkerWidth(), HorizontalOffset());
+  const int column = place ? columns_.ColumnAt(*place) : -1;
+  if (at.x() < MarkerWidth() || !IsOpen(column) || grid_->Column(column).checkBox) return mousePressEvent(event);
+  ClickRow(OrdinalAt(at.y()).value_or(-1), at.x(), Qt::NoModifier);
+  Later([column](platform::Grid& grid) { grid.UserOpenCell(column); });
+}
+
+}  // namespace desktop

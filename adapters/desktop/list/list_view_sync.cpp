@@ -1,0 +1,238 @@
+#include <QAccessible>
+#include <QLabel>
+#include <QScrollBar>
+#include <algorithm>
+#include <limits>
+
+#include "desktop/list/cell_editor.h"
+#include "desktop/list/list_header.h"
+#include "desktop/list/list_view.h"
+#include "desktop/services.h"
+#include "desktop/toolkit.h"
+#include "platform/error.h"
+
+// How changes of the model come into view: they are noted at once and taken in together, at most once a frame.
+namespace desktop {
+
+using platform::Aspect;
+
+namespace {
+constexpr int kFrameMs = 16;
+constexpr int kSpareRows = 2;
+}  // namespace
+
+void ListView::Show(Aspect aspect) {
+  if (!grid_) return;
+  switch (aspect) {
+    case Aspect::Text:
+      caption_->setText(ToShown(grid_->Caption()));
+      caption_->setVisible(!grid_->Caption().empty());
+      setAccessibleName(ToShown(grid_->Caption()));
+      PlaceHeader();
+      break;
+    case Aspect::List:
+      listChanged_ = currentChanged_ = cellChanged_ = true;
+      break;
+    case Aspect::CurrentRow:
+      currentChanged_ = true;
+      break;
+    case Aspect::RowContent:
+      contentChanged_ = true;
+      break;
+    case Aspect::Columns:
+      if (columns_.PlaceCount() == 0) DefineColumns();
+      TakeLeftColumn();
+      break;
+    case Aspect::OpenCell:
+      cellChanged_ = true;
+      break;
+    default:
+      break;
+  }
+  Wish();
+}
+
+void ListView::Wish() {
+  if (!grid_ || wish_.isActive()) return;
+  const auto passed = static_cast<int>(std::min<qint64>(sincePaint_.elapsed(), kFrameMs));
+  wish_.start(kFrameMs - passed);
+}
+
+void ListView::Sync() {
+  if (!grid_ || !services_ || services_->PaintingOnly()) return;
+  Safely(App(), [this] {
+    if (listChanged_) SyncList();
+    if (contentChanged_) {
+      contentChanged_ = false;
+      if (current_) rows_.Reread(*current_);
+    }
+    UpdateRange();
+    if (currentChanged_) SyncCurrent();
+    if (cellChanged_) SyncOpenCell();
+  });
+}
+
+void ListView::SyncList() {
+  listChanged_ = false;
+  rows_.Forget();
+  current_.reset();
+  currentOrdinal_.reset();
+  markAnchor_.reset();
+  hasList_ = grid_->Data() && grid_->Data()->Window();
+  const auto count = static_cast<std::size_t>(grid_->ColumnCount());
+  fieldOf_.assign(count, -1);
+  figure_.assign(count, false);
+  if (hasList_) {
+    const auto& fields = grid_->Data()->Recordset().Fields();
+    for (std::size_t column = 0; column < count; ++column) {
+      const int field = grid_->FieldIndexOf(static_cast<int>(column));
+      fieldOf_[column] = field;
+      const auto& design = grid_->Column(static_cast<int>(column));
+      if (field < 0 || design.checkBox || !design.valueItems.empty()) continue;
+      using platform::FieldType;
+      const FieldType type = fields[static_cast<std::size_t>(field)].type;
+      figure_[column] = type != FieldType::Text && type != FieldType::Memo && type != FieldType::Date && type != FieldType::Boolean;
+    }
+    sorted_ = SortHintOf(grid_->Data()->RecordSource());
+    DefineColumns();
+  }
+  UpdateRange();
+  PutBarAt(0);
+  TakeLeftColumn();
+  services_->WakeIdle();
+}
+
+void ListView::SyncCurrent() {
+  currentChanged_ = false;
+  current_.reset();
+  currentOrdinal_.reset();
+  try {
+    if (hasList_ && grid_->Data()->OnRecord()) current_ = grid_->CurrentBookmark();
+  } catch (const platform::Error&) {
+    // No row to stand on.
+  }
+  if (!current_) return;
+  const int shown = WholeRowsShown() + kSpareRows;
+  if (rows_.Held() == 0) rows_.Need(0, shown);
+  const auto held = rows_.HeldOrdinal(*current_);
+  currentOrdinal_ = held ? held : rows_.Find(*current_, shown);
+  UpdateRange();
+  if (currentOrdinal_) ScrollToOrdinal(*currentOrdinal_, true);
+  TellAccessibility();
+}
+
+void ListView::TellAccessibility() {
+  const ShownRow* row = currentOrdinal_ ? rows_.At(*currentOrdinal_) : nullptr;
+  QStringList texts;
+  for (int place = 0; row && place < std::min(3, columns_.PlaceCount()); ++place) {
+    const int column = columns_.ColumnAt(place);
+    const int field = fieldOf_[static_cast<std::size_t>(column)];
+    if (field >= 0 && static_cast<std::size_t>(field) < row->row.cells.size())
+      texts << CaptionOf(column) + " " + ToShown(grid_->ShownText(column, row->row.cells[static_cast<std::size_t>(field)]));
+  }
+  if (accessibleDescription() != texts.join(", ")) setAccessibleDescription(texts.join(", "));
+}
+
+void ListView::UpdateRange() {
+  if (!grid_) return;
+  adjusting_ = true;
+  const std::int64_t total = rows_.Count() * rowHeight_;
+  const std::int64_t most = std::max<std::int64_t>(0, total - viewport()->height());
+  verticalScrollBar()->setSingleStep(rowHeight_);
+  verticalScrollBar()->setPageStep(std::max(rowHeight_, viewport()->height() - rowHeight_));
+  verticalScrollBar()->setRange(0, static_cast<int>(std::min<std::int64_t>(most, std::numeric_limits<int>::max())));
+  const int room = viewport()->width() - MarkerWidth() - columns_.FixedWidth();
+  const int last = columns_.PlaceCount() > columns_.FixedCount() ? columns_.LeftInGroup(columns_.PlaceCount() - 1) : 0;
+  horizontalScrollBar()->setSingleStep(rowHeight_ * 2);
+  horizontalScrollBar()->setPageStep(std::max(1, room));
+  horizontalScrollBar()->setRange(0, last);
+  const bool wide = columns_.ScrolledWidth() > room;
+  setHorizontalScrollBarPolicy(wide ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+  adjusting_ = false;
+}
+
+void ListView::PutBarAt(std::int64_t pixels) {
+  adjusting_ = true;
+  verticalScrollBar()->setValue(static_cast<int>(std::clamp<std::int64_t>(pixels, 0, verticalScrollBar()->maximum())));
+  adjusting_ = false;
+}
+
+void ListView::ScrollToOrdinal(std::int64_t ordinal, bool centre) {
+  const std::int64_t top = TopPixel();
+  const std::int64_t height = viewport()->height();
+  const std::int64_t y = ordinal * rowHeight_;
+  if (y >= top && y + rowHeight_ <= top + height) return;
+  const bool far = y < top - height || y > top + 2 * height;
+  if (centre && far) {
+    PutBarAt(y - (height - rowHeight_) / 2);
+  } else {
+    PutBarAt(y < top ? y : y + rowHeight_ - height);
+  }
+}
+
+bool ListView::IdleSlice() {
+  platform::RowWindow* window = grid_ && grid_->Data() ? grid_->Data()->Window() : nullptr;
+  if (!window) return false;
+  bool left = false;
+  try {
+    left = window->IdleSlice();
+    if (listChanged_ || !hasList_) return left;
+    const bool known = rows_.CountIsExact();
+    if (known || (left && !window->CountIsExact())) return left;
+    const std::int64_t top = TopPixel();
+    const std::int64_t moved = rows_.Settle();
+    if (currentOrdinal_) *currentOrdinal_ += moved;
+    UpdateRange();
+    if (moved != 0) PutBarAt(top + moved * rowHeight_);
+    Wish();
+  } catch (const platform::Error&) {
+    return false;
+  }
+  return left;
+}
+
+void ListView::SyncOpenCell() {
+  cellChanged_ = false;
+  const auto open = grid_->OpenCell();
+  if (!open || grid_->Column(*open).checkBox || !currentOrdinal_) {
+    if (editor_) {
+      const bool had = editor_->hasFocus();
+      editor_->deleteLater();
+      editor_.clear();
+      if (had) setFocus(Qt::OtherFocusReason);
+    }
+    return;
+  }
+  ScrollToColumn(*open);
+  const QRect cell = CellRect(*currentOrdinal_, *open);
+  if (!editor_ || editorColumn_ != *open) {
+    if (editor_) editor_->deleteLater();
+    auto* made = NewWidget<CellEditor>(viewport());
+    editor_ = made;
+    editorColumn_ = *open;
+    made->setAccessibleName(CaptionOf(*open));
+    made->onText = [this](const QString& text) {
+      if (grid_) grid_->UserCellText(ToUtf8(text));
+    };
+    made->onLeave = [this](CellEditor::Leave leave) {
+      if (leave == CellEditor::Leave::Drop) return Later([](platform::Grid& grid) { grid.UserEscape(); });
+      const bool next = leave == CellEditor::Leave::TakeAndNext;
+      Later([this, next](platform::Grid& grid) {
+        const bool closed = grid.UserCloseCell();
+        if (grid_ && closed && next) MoveCellCursor(1);
+      });
+    };
+    QStringList offers;
+    for (const auto& [code, text] : grid_->Column(*open).valueItems) offers << ToShown(text);
+    if (!offers.isEmpty()) made->Offer(offers);
+  }
+  auto* edit = static_cast<CellEditor*>(editor_.data());
+  edit->setGeometry(cell.isEmpty() ? QRect(-1000, 0, 10, rowHeight_) : cell);
+  const QString text = ToShown(grid_->OpenText());
+  if (edit->text() != text) edit->setText(text);
+  const bool fresh = !edit->isVisible();
+  edit->show();
+  if (fresh) edit->setFocus(Qt::OtherFocusReason), edit->selectAll();
+}
+
+}  // namespace desktop

@@ -1,0 +1,41 @@
+#include "desktop/list/sort_hint.h"
+
+#include "platform/text.h"
+
+namespace desktop {
+
+namespace {
+
+std::string_view Trimmed(std::string_view text) {
+  while (!text.empty() && (text.front() == ' ' || text.front() == '[')) text.remove_prefix(1);
+  while (!text.empty() && (text.back() == ' ' || text.back() == ';' || text.back() == ']')) text.remove_suffix(1);
+  return text;
+}
+
+bool IsPlainField(std::string_view text) { return !text.empty() && text.find_first_of("+-*/()'\"") == std::string_view::npos; }
+
+}  // namespace
+
+std::optional<SortHint> SortHintOf(std::string_view statement) {
+  constexpr std::string_view words = "order by ";
+  const std::string lower = platform::ToLowerAscii(statement);
+  const auto at = lower.rfind(words);
+  if (at == std::string::npos) return {};
+  std::string_view order = statement.substr(at + words.size());
+  order = Trimmed(order);
+  const bool descendingAll = platform::ToLowerAscii(order).ends_with(" desc");
+  const auto comma = order.find(',');
+  std::string_view term = Trimmed(order.substr(0, comma));
+  bool descending = false;
+  if (platform::ToLowerAscii(term).ends_with(" desc")) {
+    term = Trimmed(term.substr(0, term.size() - 5));
+    descending = true;
+  } else if (comma == std::string_view::npos) {
+    descending = descendingAll;
+  }
+  if (const auto dot = term.rfind('.'); dot != std::string_view::npos) term = Trimmed(term.substr(dot + 1));
+  if (!IsPlainField(term)) return {};
+  return SortHint{std::string(term), descending};
+}
+
+}  // namespace desktop

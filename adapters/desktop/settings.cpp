@@ -1,0 +1,54 @@
+#include "desktop/settings.h"
+
+#include "desktop/toolkit.h"
+
+namespace desktop {
+
+namespace {
+
+/// Field names may hold what an ini key may not.
+QString Key(const QString& text) { return QString::fromLatin1(text.toUtf8().toPercentEncoding(" ()")); }
+
+QString ListGroup(const QString& list) { return "Columns/" + Key(list); }
+
+}  // namespace
+
+Settings::Settings(const std::string& folder, const std::string& user) {
+  if (folder.empty()) return;
+  const QString name = user.empty() ? QStringLiteral("windows") : "windows-" + Key(ToShown(user));
+  file_ = std::make_unique<QSettings>(ToShown(folder) + "/" + name + ".ini", QSettings::IniFormat);
+}
+
+std::optional<QByteArray> Settings::WindowPlace(const QString& screen) const {
+  if (!file_ || !file_->contains("Windows/" + Key(screen))) return {};
+  return file_->value("Windows/" + Key(screen)).toByteArray();
+}
+
+void Settings::KeepWindowPlace(const QString& screen, const QByteArray& place) {
+  if (file_) file_->setValue("Windows/" + Key(screen), place);
+}
+
+std::optional<int> Settings::ColumnWidth(const QString& list, const QString& field) const {
+  if (!file_) return {};
+  bool number = false;
+  const int width = file_->value(ListGroup(list) + "/Width/" + Key(field)).toInt(&number);
+  return number && width > 0 ? std::optional(width) : std::nullopt;
+}
+
+void Settings::KeepColumnWidth(const QString& list, const QString& field, int width) {
+  if (file_) file_->setValue(ListGroup(list) + "/Width/" + Key(field), width);
+}
+
+QStringList Settings::ColumnOrder(const QString& list) const {
+  return file_ ? file_->value(ListGroup(list) + "/Order").toStringList() : QStringList{};
+}
+
+void Settings::KeepColumnOrder(const QString& list, const QStringList& fields) {
+  if (file_) file_->setValue(ListGroup(list) + "/Order", fields);
+}
+
+void Settings::ForgetColumns(const QString& list) {
+  if (file_) file_->remove(ListGroup(list));
+}
+
+}  // namespace desktop

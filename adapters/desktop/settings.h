@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QSettings>
+#include <QString>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace desktop {
+
+/// What the windows remember for one user: places of windows, widths and order of list columns, by field name. Kept in one
+/// ini file; without a folder nothing is kept.
+class Settings {
+ public:
+  Settings(const std::string& folder, const std::string& user);
+
+  std::optional<QByteArray> WindowPlace(const QString& screen) const;
+  void KeepWindowPlace(const QString& screen, const QByteArray& place);
+
+  /// Width in device-independent pixels.
+  std::optional<int> ColumnWidth(const QString& list, const QString& field) const;
+  void KeepColumnWidth(const QString& list, const QString& field, int width);
+  /// Field names from left to right.
+  QStringList ColumnOrder(const QString& list) const;
+  void KeepColumnOrder(const QString& list, const QStringList& fields);
+  void ForgetColumns(const QString& list);
+
+ private:
+  std::unique_ptr<QSettings> file_;
+};
+
+}  // namespace desktop

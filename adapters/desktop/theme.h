@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+#include <QString>
+#include <string>
+
+/// Colours and the few rules of style that all windows share.
+namespace desktop::theme {
+
+/// Whether dark colours are wanted: by `scheme` ("light", "dark"), else by ORCUSSCH_COLOR_SCHEME, else as the system's own
+/// colours are.
+bool WantsDark(const std::string& scheme);
+
+QPalette Colours(bool dark);
+
+/// Style and colours for the whole application; only for an application object of our own.
+void Install(bool dark);
+
+/// Rules of style for one of our windows, on its own palette.
+QString WindowRules(const QPalette& palette);
+
+bool IsDark(const QPalette& palette);
+
+/// Soft line between cells and around groups.
+QColor LineColour(const QPalette& palette);
+QColor HintColour(const QPalette& palette);
+
+}  // namespace desktop::theme

@@ -1,0 +1,59 @@
+#include "desktop/toolkit_application.h"
+
+#include <QThread>
+
+#include "platform/error.h"
+
+#ifdef __linux__
+#include <sys/syscall.h>
+#include <unistd.h>
+#endif
+
+namespace desktop {
+
+namespace {
+
+constexpr int kInvalidCall = 5;
+
+bool OnMainThread() {
+  if (const auto* app = QCoreApplication::instance()) return app->thread() == QThread::currentThread();
+#ifdef __linux__
+  return syscall(SYS_gettid) == getpid();
+#else
+  return true;
+#endif
+}
+
+bool DisplayIsThere() {
+#if defined(__unix__) && !defined(__APPLE__)
+  return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY") ||
+         !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+#else
+  return true;
+#endif
+}
+
+}  // namespace
+
+ToolkitApplication::ToolkitApplication(bool offscreenIfNoDisplay) {
+  if (!OnMainThread()) throw platform::Error(kInvalidCall, "The screens can only be shown on the program's main thread.");
+  if (QCoreApplication::instance() != nullptr) {
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
+      throw platform::Error(kInvalidCall, "The host's application object can't show windows.");
+    return;
+  }
+  words_ = {"orcussch"};
+  if (!DisplayIsThere()) {
+    if (!offscreenIfNoDisplay) throw platform::Error(kInvalidCall, "There is no display to show the screens on.");
+    words_.insert(words_.end(), {"-platform", "offscreen"});
+  }
+  for (std::string& word : words_) arguments_.push_back(word.data());
+  arguments_.push_back(nullptr);
+  argumentCount_ = static_cast<int>(words_.size());
+  own_ = std::make_unique<QApplication>(argumentCount_, arguments_.data());
+  QApplication::setQuitOnLastWindowClosed(false);
+}
+
+ToolkitApplication::~ToolkitApplication() = default;
+
+}  // namespace desktop

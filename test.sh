@@ -64,7 +64,7 @@ if [ "$mode" != quick ]; then
   step "units and engine under sanitizers" run_ctest asan-ubsan -L unit
   step "build of the fuzzers" build fuzz
   step "fuzzers" run_fuzzers
-  step "core alone" build core-only
+  step "core alone" build core-only orcussch_logic suitefiles
   [ -x scripts/bench-short.sh ] && step "bench, short form" scripts/bench-short.sh
 fi
 

@@ -30,6 +30,12 @@ BUILD_PACKAGES="g++ cmake ninja-build libsqlite3-dev qt6-base-dev libqt6svg6-dev
 RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins"
 TEST_PACKAGES="libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev sqlite3 xvfb"
 
+# A compiler cache is used where there is one, so that a second checkout does not compile the same again.
+if command -v ccache >/dev/null 2>&1; then
+  export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
+  export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
+fi
+
 # build PRESET [TARGET...]
 build() {
   preset=$1

@@ -1,3 +1,20 @@
-# Every scenario by its file's name without ".scn", one a line.
+# Every scenario by its file's name without ".scn", one a line. A folder with many has a list.cmake of its own.
 set(ORCUSSCH_SCENARIOS
+  files/drive-letters
+  files/missing-temporary-file
+  files/settings-file
+  frame/non-billable-closes-tabs
+  host/billing-status
+  host/properties
+  job/leave-by-exit
+  job/main-job
+  job/select-from-another-tab
+  lists/heading-click
+  lists/order-options
+  lists/phone-headings
+  search/apostrophes-and-brackets
+  search/find-needs-a-text
+  search/hit-next-and-miss
+  search/status-letters
+  selection/mark-customer-types
 )

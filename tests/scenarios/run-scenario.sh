@@ -134,8 +134,20 @@ while read -r name; do
   rm -rf "${data:?}/$name"
 done <"$here/gone.lines"
 
+# "NAME BYTES": only the first bytes of a file are left.
+header cut >"$here/cut.lines"
+while read -r name bytes; do
+  truncate -s "$bytes" "$data/$name" || stop "$name can't be cut"
+done <"$here/cut.lines"
+
 set -- --scenario "$scenario" --data "$data" "$@"
 [ "$paths" = windows ] && set -- "$@" --paths windows --drive "C=$here/c"
+# "D": a further drive, the folder ../../d seen from the library's.
+for letter in $(header drive); do
+  drive=$here/$(echo "$letter" | tr '[:upper:]' '[:lower:]')
+  mkdir -p "$drive"
+  set -- "$@" --drive "$letter=$drive"
+done
 # shellcheck disable=SC2046
 set -- "$@" $(header options)
 

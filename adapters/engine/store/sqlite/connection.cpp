@@ -19,6 +19,14 @@ platform::Error ConstraintError(int code) {
   return errors::DuplicateKey();
 }
 
+// What the store tells by words alone: statements deeper than it takes, and a sum beyond 64 bits.
+void RaiseForMessage(std::string_view message) {
+  for (const std::string_view deep : {"parser stack overflow", "Expression tree is too large"}) {
+    if (message.starts_with(deep)) throw errors::QueryTooComplex();
+  }
+  if (message == "integer overflow") throw platform::error::Overflow();
+}
+
 }  // namespace
 
 Connection::Connection(int lockWait) : lockWait_(lockWait) {
@@ -171,6 +179,9 @@ void Connection::Raise(int code, bool writing, int file) {
     case SQLITE_IOERR:
     case SQLITE_FULL:
       throw errors::DiskOrNetwork();
+    case SQLITE_ERROR:
+      RaiseForMessage(sqlite3_errmsg(db_));
+      break;
     case SQLITE_NOMEM:
     case SQLITE_TOOBIG:
       throw platform::Error(3035, "System resource exceeded.");

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <optional>
+#include <type_traits>
 
 #include "platform/report.h"
 #include "platform/text.h"
@@ -40,7 +41,10 @@ Value Given(const std::map<int, std::string>& texts, int index) {
   return found == texts.end() ? Value(Null) : Value(found->second);
 }
 Value Given(const std::string& text) { return text.empty() ? Value(Null) : Value(text); }
-Value Given(int number) { return Value(static_cast<std::int32_t>(number)); }
+template <class T>
+Value Given(const ReportSetting<T>& setting) {
+  return setting.Given() ? Value(static_cast<std::conditional_t<std::is_same_v<T, bool>, bool, std::int32_t>>(setting)) : Value(Null);
+}
 
 /// What the job holds under that name: Null when it was not given.
 std::optional<Value> JobValue(const ReportJob& job, const NamePart& part) {
@@ -53,7 +57,7 @@ std::optional<Value> JobValue(const ReportJob& job, const NamePart& part) {
   if (is("SelectionFormula")) return Given(job.SelectionFormula);
   if (is("WindowState")) return Given(job.WindowState);
   if (is("CopiesToPrinter")) return Given(job.CopiesToPrinter);
-  if (is("DiscardSavedData")) return Value(job.DiscardSavedData);
+  if (is("DiscardSavedData")) return Given(job.DiscardSavedData);
   if (is("Destination")) return Given(job.Destination);
   if (is("PrinterStartPage")) return Given(job.PrinterStartPage);
   if (is("PrinterStopPage")) return Given(job.PrinterStopPage);
@@ -69,7 +73,7 @@ void Report(Interpreter& run, const Arguments& words) {
   if (EqualsNoCase(parts.back().name, "Runs")) {
     const auto& runs = run.Reports().runs;
     const auto found = runs.find(&report.Job);
-    value = Given(found == runs.end() ? 0 : found->second);
+    value = Value(static_cast<std::int32_t>(found == runs.end() ? 0 : found->second));
   } else {
     value = JobValue(report.Job, parts.back());
   }

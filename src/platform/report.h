@@ -7,20 +7,38 @@
 
 namespace platform {
 
+/// A number of a report, and whether it was given since the last Reset.
+template <class T>
+class ReportSetting {
+ public:
+  explicit ReportSetting(T atFirst) : value_(atFirst) {}
+  ReportSetting& operator=(T value) {
+    value_ = value;
+    given_ = true;
+    return *this;
+  }
+  operator T() const { return value_; }
+  bool Given() const noexcept { return given_; }
+
+ private:
+  T value_;
+  bool given_ = false;
+};
+
 /// Everything that one run of a report is given. Numbers count from 0; an empty data file keeps what the report file has.
 struct ReportJob {
-  int WindowState = 0;
-  int CopiesToPrinter = 1;
-  bool DiscardSavedData = false;
+  ReportSetting<int> WindowState{0};
+  ReportSetting<int> CopiesToPrinter{1};
+  ReportSetting<bool> DiscardSavedData{false};
   std::string ReportFileName;
   std::map<int, std::string> DataFiles;
   std::string WindowTitle;
   std::map<int, std::string> Formulas;
   std::map<int, std::string> SortFields;
-  int Destination = 0;  ///< 0 preview window, 1 printer
+  ReportSetting<int> Destination{0};  ///< 0 preview window, 1 printer
   std::string SelectionFormula;
-  int PrinterStartPage = 0;
-  int PrinterStopPage = 0;
+  ReportSetting<int> PrinterStartPage{0};
+  ReportSetting<int> PrinterStopPage{0};
 };
 
 /// The report engine behind the report controls.

@@ -21,7 +21,7 @@ struct Session {
     if (!options.hostPath) return files.Open(path);
     const std::string host = options.hostPath(path);
     if (host.empty()) throw errors::InvalidPath(path);
-    return files.Open(host);
+    return files.Open(host, path);
   }
   /// A number that no other recordset of this engine has had.
   std::uint64_t NewSet() { return ++lastSet_; }

@@ -99,26 +99,27 @@ void DataFile::AddLink(const StoredLink& link) {
 
 DataFiles::~DataFiles() { *alive_ = false; }
 
-std::shared_ptr<DataFile> DataFiles::Open(std::string_view path) {
-  const std::string canonical = CanonicalPath(path);
+std::shared_ptr<DataFile> DataFiles::Open(std::string_view path, std::string_view asked) {
+  const std::string name(asked);
+  const std::string canonical = CanonicalPath(path, name);
   if (auto file = files_[canonical].lock()) return file;
-  if (onNetwork_ ? onNetwork_(canonical) : LiesOnNetwork(canonical)) throw OnNetwork(canonical);
+  if (onNetwork_ ? onNetwork_(canonical) : LiesOnNetwork(canonical)) throw OnNetwork(name);
   DetachLeftovers();
-  return Attach(canonical);
+  return Attach(canonical, name);
 }
 
-std::shared_ptr<DataFile> DataFiles::Attach(const std::string& path) {
-  RequireDataFile(path);
+std::shared_ptr<DataFile> DataFiles::Attach(const std::string& path, const std::string& asked) {
+  RequireDataFile(path, asked);
   const int number = ++lastNumber_;
   const std::string alias = "f" + std::to_string(number);
-  connection_.NameFile(number, path);
-  AttachStatement(path, alias);
+  connection_.NameFile(number, asked);
+  AttachStatement(path, alias, asked);
 
   bool workFile = false;
   try {
-    if (!HasInfoTable(connection_, alias)) throw errors::UnrecognizedFormat(path);
-    if (AskInfo(connection_, alias, "format", path) > fileFormat) throw NewerFormat(path);
-    if (AskInfo(connection_, alias, "text order", path) > kTextOrderVersion) throw NewerFormat(path);
+    if (!HasInfoTable(connection_, alias)) throw errors::UnrecognizedFormat(asked);
+    if (AskInfo(connection_, alias, "format", asked) > fileFormat) throw NewerFormat(asked);
+    if (AskInfo(connection_, alias, "text order", asked) > kTextOrderVersion) throw NewerFormat(asked);
     workFile = connection_.AskText(InfoQuery(alias, "kind")) == "work";
     connection_.Execute("PRAGMA " + QuoteName(alias) + ".cache_size=" + std::to_string(-cacheKilobytes));
     connection_.Execute("PRAGMA " + QuoteName(alias) + ".synchronous=" + (workFile ? "OFF" : "FULL"));
@@ -136,7 +137,7 @@ std::shared_ptr<DataFile> DataFiles::Attach(const std::string& path) {
   return file;
 }
 
-void DataFiles::AttachStatement(const std::string& path, const std::string& alias) {
+void DataFiles::AttachStatement(const std::string& path, const std::string& alias, const std::string& asked) {
   const auto attach = [&](std::string_view way) {
     connection_.Execute("ATTACH " + QuoteText(FileUri(path, way)) + " AS " + QuoteName(alias));
     connection_.AskNumber("SELECT count(*) FROM " + QuoteName(alias) + ".sqlite_schema");
@@ -145,16 +146,16 @@ void DataFiles::AttachStatement(const std::string& path, const std::string& alia
     attach("?mode=rw");
   } catch (const platform::Error& error) {
     Abandon(alias);
-    if (error.Number() == 3218) throw errors::FileInUse(path);
+    if (error.Number() == 3218) throw errors::FileInUse(asked);
     if (error.Number() != 3051 && error.Number() != 3027) throw;
     // A file in a folder that can't be written to has no place for the store's side files: it can be read as it stands,
     // as long as nobody has left a log beside it.
-    if (HasLog(path)) throw errors::OpenedExclusively(path);
+    if (HasLog(path)) throw errors::OpenedExclusively(asked);
     try {
       attach("?mode=ro&immutable=1");
     } catch (const platform::Error&) {
       Abandon(alias);
-      throw errors::OpenedExclusively(path);
+      throw errors::OpenedExclusively(asked);
     }
   }
 }

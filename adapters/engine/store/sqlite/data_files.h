@@ -71,11 +71,13 @@ class DataFiles {
 
   /// The file at that path, attached if it isn't yet. Raises 3024, 3044, 3051 for what isn't there or may not be opened, 3343 for
   /// another or a newer format, 3049 for a damaged file, 3045 for one that stays locked, 3043 for one on a network.
-  std::shared_ptr<DataFile> Open(std::string_view path);
+  std::shared_ptr<DataFile> Open(std::string_view path) { return Open(path, path); }
+  /// The same; errors name the file as the program does, by `asked`.
+  std::shared_ptr<DataFile> Open(std::string_view path, std::string_view asked);
 
  private:
-  std::shared_ptr<DataFile> Attach(const std::string& path);
-  void AttachStatement(const std::string& path, const std::string& alias);
+  std::shared_ptr<DataFile> Attach(const std::string& path, const std::string& asked);
+  void AttachStatement(const std::string& path, const std::string& alias, const std::string& asked);
   void Detach(const DataFile& file);
   /// Gives a half opened file up.
   void Abandon(const std::string& alias);

@@ -107,37 +107,37 @@ bool HasLog(const std::string& path) {
   return ::stat((path + "-wal").c_str(), &state) == 0 && state.st_size > 0;
 }
 
-std::string CanonicalPath(std::string_view path) {
+std::string CanonicalPath(std::string_view path, const std::string& asked) {
   const std::string text(path);
-  if (text.empty() || text.find('\0') != std::string::npos) throw errors::InvalidPath(text);
+  if (text.empty() || text.find('\0') != std::string::npos) throw errors::InvalidPath(asked);
   std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(text.c_str(), nullptr), &std::free);
   if (!resolved) {
-    if (errno == EACCES) throw errors::OpenedExclusively(text);
+    if (errno == EACCES) throw errors::OpenedExclusively(asked);
     const auto slash = text.rfind('/');
     const std::string folder = slash == std::string::npos ? "." : text.substr(0, slash + 1);
     struct stat state {};
     const bool folderThere = ::stat(folder.c_str(), &state) == 0 && S_ISDIR(state.st_mode);
-    if (!folderThere || slash + 1 == text.size()) throw errors::InvalidPath(text);
-    throw errors::FileNotFound(text);
+    if (!folderThere || slash + 1 == text.size()) throw errors::InvalidPath(asked);
+    throw errors::FileNotFound(asked);
   }
   struct stat state {};
-  if (::stat(resolved.get(), &state) != 0) throw errors::FileNotFound(text);
-  if (!S_ISREG(state.st_mode)) throw errors::OpenedExclusively(text);
+  if (::stat(resolved.get(), &state) != 0) throw errors::FileNotFound(asked);
+  if (!S_ISREG(state.st_mode)) throw errors::OpenedExclusively(asked);
   return resolved.get();
 }
 
-void RequireDataFile(const std::string& path) {
+void RequireDataFile(const std::string& path, const std::string& asked) {
   RawFile file(path);
-  if (!file.Opened()) throw errors::OpenedExclusively(path);
+  if (!file.Opened()) throw errors::OpenedExclusively(asked);
   const std::int64_t size = file.Size();
   const std::string start = file.Start();
   if (size < 0 || start.empty()) throw errors::DiskOrNetwork();
 
   if (start.starts_with(formerMark))
-    throw platform::Error(3343, errors::UnrecognizedFormat(path).Description() +
+    throw platform::Error(3343, errors::UnrecognizedFormat(asked).Description() +
                                     "  It is a file of the suite's former database engine and must be imported before it can be used.");
-  if (size == 0 || !start.starts_with(storeMark)) throw errors::UnrecognizedFormat(path);
-  if (size < static_cast<std::int64_t>(headerSize) || !LooksWhole(start, size, HasLog(path))) throw errors::NotADatabase(path);
+  if (size == 0 || !start.starts_with(storeMark)) throw errors::UnrecognizedFormat(asked);
+  if (size < static_cast<std::int64_t>(headerSize) || !LooksWhole(start, size, HasLog(path))) throw errors::NotADatabase(asked);
 }
 
 }  // namespace engine

@@ -21,14 +21,14 @@ bool LiesOnNetwork(const std::string& path);
 using NetworkTest = std::function<bool(const std::string& path)>;
 
 /// The path that names a file in one way only (links followed). Raises 3044 for a malformed path or a missing folder,
-/// 3024 for a missing file, 3051 for a folder.
-std::string CanonicalPath(std::string_view path);
+/// 3024 for a missing file, 3051 for a folder; the errors name the file by `asked`.
+std::string CanonicalPath(std::string_view path, const std::string& asked);
 
 /// Whether the store's log with writes lies beside the file.
 bool HasLog(const std::string& path);
 
 /// Looks at a file's first page: 3343 for an empty file, one of another format, or one that must be imported first; 3049 for a
-/// truncated or damaged one; 3051 when it may not be read.
-void RequireDataFile(const std::string& path);
+/// truncated or damaged one; 3051 when it may not be read. The errors name the file by `asked`.
+void RequireDataFile(const std::string& path, const std::string& asked);
 
 }  // namespace engine

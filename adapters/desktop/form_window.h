@@ -21,6 +21,8 @@ struct FormDesign {
 
 /// One screen as a window.
 class FormWindow final : public QMainWindow {
+  Q_OBJECT
+
  public:
   FormWindow(platform::Form& form, const FormDesign* design, Services& services);
   ~FormWindow() override;

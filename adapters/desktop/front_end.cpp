@@ -112,12 +112,19 @@ void DesktopFrontEnd::ServePainting() {
   lastPainting_.restart();
 }
 
+QWidget* DesktopFrontEnd::BoxParent() const {
+  QWidget* parent = nullptr;
+  for (const auto& [form, window] : windows_)
+    if (window->isVisible() && (!parent || window->isActiveWindow())) parent = window.get();
+  return parent;
+}
+
 int DesktopFrontEnd::MessageBox(const std::string& text, int style, const std::string& title) {
-  const auto box = MakeMessageBox(text, style, title, QApplication::activeWindow());
-  if (hourglass_) QApplication::setOverrideCursor(Qt::ArrowCursor);
-  box->exec();
-  if (hourglass_) QApplication::restoreOverrideCursor();
-  return AnswerOf(*box, style);
+  const bool wait = hourglass_;
+  if (wait) QApplication::setOverrideCursor(Qt::ArrowCursor);
+  const int answer = RunMessageBox(text, style, title, BoxParent());
+  if (wait) QApplication::restoreOverrideCursor();
+  return answer;
 }
 
 void DesktopFrontEnd::Pointer(int pointer) {

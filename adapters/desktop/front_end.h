@@ -28,6 +28,8 @@ class DesktopFrontEnd final : public platform::FrontEnd {
   /// The window of a loaded screen; nullptr if it has none.
   FormWindow* WindowOf(const platform::Form& form) const;
   Services& Shared() noexcept { return *services_; }
+  /// The window that a message box belongs to now; nullptr while no screen is up.
+  QWidget* BoxParent() const;
 
   void Loaded(platform::Form& form) override;
   void Shown(platform::Form& form) override;

@@ -1,6 +1,9 @@
 #include "desktop/message_box.h"
 
 #include <QAbstractButton>
+#include <QPointer>
+#include <QTimer>
+#include <memory>
 
 #include "desktop/toolkit.h"
 #include "platform/front_end.h"
@@ -44,8 +47,6 @@ QMessageBox::StandardButton StandardOf(int answer) {
   }
 }
 
-}  // namespace
-
 std::unique_ptr<QMessageBox> MakeMessageBox(const std::string& text, int style, const std::string& title, QWidget* parent) {
   const auto buttons = IsYesNo(style) ? QMessageBox::Yes | QMessageBox::No : QMessageBox::StandardButtons(QMessageBox::Ok);
   auto made = std::make_unique<QMessageBox>(IconOf(style), ToShown(title), QString(), buttons, parent);
@@ -61,9 +62,19 @@ std::unique_ptr<QMessageBox> MakeMessageBox(const std::string& text, int style, 
   return made;
 }
 
-int AnswerOf(const QMessageBox& shown, int style) {
-  if (!IsYesNo(style)) return box::Ok;
-  return shown.standardButton(shown.clickedButton()) == QMessageBox::Yes ? box::Yes : box::No;
+}  // namespace
+
+int RunMessageBox(const std::string& text, int style, const std::string& title, QWidget* parent,
+                  const std::function<void(QMessageBox&)>& shown) {
+  // The parent owns the box too and may go first.
+  const QPointer<QMessageBox> made(MakeMessageBox(text, style, title, parent).release());
+  if (shown) QTimer::singleShot(0, made, [&made, &shown] { shown(*made); });
+  made->exec();
+  const int refused = IsYesNo(style) ? box::No : box::Ok;
+  if (!made) return refused;
+  const bool yes = IsYesNo(style) && made->standardButton(made->clickedButton()) == QMessageBox::Yes;
+  const std::unique_ptr<QMessageBox> done(made.data());
+  return yes ? box::Yes : refused;
 }
 
 QAbstractButton* ButtonFor(const QMessageBox& shown, int answer) { return shown.button(StandardOf(answer)); }

@@ -13,6 +13,8 @@ namespace desktop {
 /// What all windows of one front end share: the kept settings, the queue of commands, the idle work, and whether only
 /// painting is served at the moment.
 class Services final : public QObject {
+  Q_OBJECT
+
  public:
   Services(const std::string& settingsFolder, const std::string& user);
   ~Services() override;

@@ -14,6 +14,8 @@ class Services;
 /// Joins one control of a screen with its widget: shows the control's changes, hands the user's acts to it. After Drop the
 /// control is not touched any more.
 class Binding : public QObject {
+  Q_OBJECT
+
  public:
   Binding(FormWindow& window, platform::Control& control, QWidget* widget);
 

@@ -11,6 +11,8 @@ namespace desktop {
 /// A combo with several columns in its list. The list is read when it is needed. Typing finds the first row that begins with
 /// the text and completes it; a text that no row has stays as typed, with an empty key.
 class ComboEdit final : public QComboBox {
+  Q_OBJECT
+
  public:
   explicit ComboEdit(QWidget* parent = nullptr);
   void Attach(platform::ComboBox& model);

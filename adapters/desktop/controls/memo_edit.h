@@ -11,6 +11,8 @@ namespace desktop {
 /// An edit of several lines. Typed keys and pastes go to the model first; what the widget does by itself (cut, undo, drop) is
 /// told to the model as the same change of the same place. The model's line ends ("\r\n", "\r") show as line breaks.
 class MemoEdit final : public QPlainTextEdit {
+  Q_OBJECT
+
  public:
   explicit MemoEdit(QWidget* parent = nullptr);
   void Attach(platform::TextBox& model);

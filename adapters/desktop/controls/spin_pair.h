@@ -8,6 +8,8 @@ namespace desktop {
 
 /// A pair of arrows, one above the other.
 class SpinPair final : public QWidget {
+  Q_OBJECT
+
  public:
   explicit SpinPair(QWidget* parent = nullptr);
   /// Called with true for the upper arrow.

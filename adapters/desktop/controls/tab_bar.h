@@ -7,6 +7,8 @@ namespace desktop {
 
 /// A row of tabs that never changes by itself: a click is a wish, told to the handler.
 class TabBar final : public QTabBar {
+  Q_OBJECT
+
  public:
   explicit TabBar(QWidget* parent = nullptr);
   void OnClick(std::function<void(int tab)> handler) { click_ = std::move(handler); }

@@ -12,6 +12,8 @@ namespace desktop {
 /// A one-line edit of a text model. Every key, paste and deletion goes to the model, whose answer is shown; moving,
 /// selecting and copying are the widget's own. Text in composition stays alone until it is committed.
 class TextEdit final : public QLineEdit {
+  Q_OBJECT
+
  public:
   explicit TextEdit(QWidget* parent = nullptr);
   void Attach(platform::TextBox& model);

@@ -9,7 +9,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTabBar>
-#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <stdexcept>
@@ -258,15 +257,13 @@ void DesktopHands::CloseForm(Form& form) {
 }
 
 void DesktopHands::PressInBox(const std::string& text, int style, const std::string& title, int button) {
-  const auto shown = MakeMessageBox(text, style, title, QApplication::activeWindow());
-  QTimer::singleShot(0, shown.get(), [&shown, button] {
-    if (QAbstractButton* pressed = ButtonFor(*shown, button)) {
+  RunMessageBox(text, style, title, frontEnd_.BoxParent(), [button](QMessageBox& shown) {
+    if (QAbstractButton* pressed = ButtonFor(shown, button)) {
       input::Click(*pressed);
     } else {
-      shown->reject();
+      shown.reject();
     }
   });
-  shown->exec();
 }
 
 void DesktopHands::Screenshot(Form* form, const std::string& path) {

@@ -7,6 +7,8 @@ namespace desktop {
 
 /// The edit that lies over an open cell. It tells what the user does; the list acts.
 class CellEditor final : public QLineEdit {
+  Q_OBJECT
+
  public:
   enum class Leave { Take, TakeAndNext, Drop };
 

@@ -10,6 +10,8 @@ class ListView;
 /// The headings of a list: a click orders, a drag moves a column within its group, a drag of an edge resizes, a double click
 /// on an edge fits the column to what is in view.
 class ListHeader final : public QWidget {
+  Q_OBJECT
+
  public:
   explicit ListHeader(ListView& list);
   QSize sizeHint() const override;

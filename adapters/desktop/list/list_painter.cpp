@@ -154,7 +154,8 @@ void ListPainter::PaintCheck(const QRect& cell, bool on) {
 void ListPainter::PaintLines() {
   const ColumnLayout& columns = list_.columns_;
   const auto rows = list_.rows_.Count() - list_.FirstShown();
-  const int bottom = static_cast<int>(std::min<std::int64_t>(list_.viewport()->height(), (rows + 1) * list_.rowHeight_));
+  const int bottom =
+      static_cast<int>(std::min<std::int64_t>(list_.viewport()->height(), rows * list_.rowHeight_ - list_.TopPixel() % list_.rowHeight_));
   const int fixedRight = list_.MarkerWidth() + columns.FixedWidth();
   painter_.setPen(theme::LineColour(list_.palette()));
   for (int place = 0; place < columns.PlaceCount(); ++place) {

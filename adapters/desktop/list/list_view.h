@@ -30,6 +30,8 @@ class Services;
 /// Properties of the layout: "fixedColumns" (number), "marksRows" (several rows can be marked), "searchBox" (name of the edit
 /// that typing goes to).
 class ListView final : public QAbstractScrollArea {
+  Q_OBJECT
+
  public:
   explicit ListView(QWidget* parent = nullptr);
   ~ListView() override;

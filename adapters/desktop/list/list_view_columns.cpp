@@ -12,7 +12,7 @@ namespace desktop {
 
 namespace {
 constexpr int kCellPadding = 14;
-constexpr int kHeadExtra = 22;  ///< padding and the arrow
+constexpr int kHeadExtra = 30;  ///< padding and the arrow
 constexpr int kMostTextCharacters = 26;
 constexpr int kLeastTextCharacters = 4;
 constexpr int kFigureCharacters = 9;

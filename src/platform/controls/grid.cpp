@@ -133,6 +133,7 @@ void Grid::WritePendingRow() {
 }
 
 void Grid::PendingWritten() {
+  writing_ = false;
   pending_.clear();
   AfterUpdate.Fire();
   Changed(Aspect::RowContent);
@@ -183,9 +184,24 @@ void Grid::UserMove(std::int32_t rows) {
     if (!window || rows == 0) return;
     const Bookmark here = data_->Recordset().Bookmark();
     const auto found = rows > 0 ? window->RowsAfter(here, rows) : window->RowsBefore(here, -rows);
-    if (found.empty()) return;
+    if (found.empty()) {
+      if (!window->RowOf(here)) LeaveVanishedRow(rows > 0);
+      return;
+    }
     data_->Recordset().SetBookmark(rows > 0 ? found.back().bookmark : found.front().bookmark);
   });
+}
+
+/// From a row that another user has deleted only the recordset itself knows the way on.
+void Grid::LeaveVanishedRow(bool forward) {
+  auto& rows = data_->Recordset();
+  if (forward)
+    rows.MoveNext();
+  else
+    rows.MovePrevious();
+  if (rows.RecordCount() == 0) return;
+  if (rows.Eof()) rows.MoveLast();
+  if (rows.Bof()) rows.MoveFirst();
 }
 
 void Grid::UserFirst() {
@@ -270,9 +286,16 @@ bool Grid::UserCloseCell() {
     }
     openCell_.reset();
     Changed(Aspect::OpenCell);
+    writing_ = false;
     AfterColUpdate.Fire(column);
     AfterColEdit.Fire(column);
-    closed = true;
+    closed = !writing_;
+    if (closed) return;
+    // The row's write was tried and failed: the user is back in the cell, with what was typed.
+    writing_ = false;
+    pending_ = held;
+    openCell_ = column;
+    Changed(Aspect::OpenCell);
   });
   return closed;
 }

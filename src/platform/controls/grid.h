@@ -51,7 +51,8 @@ class SelectedBookmarks {
 /// scroll position and the cell that is being edited.
 ///
 /// One cell, in order: BeforeColEdit, ColEdit, typing, BeforeColUpdate, the value goes into the row buffer, AfterColUpdate,
-/// AfterColEdit. A cancelled BeforeColUpdate leaves the cell open on its old value and neither After comes. An unchanged
+/// AfterColEdit. A cancelled BeforeColUpdate leaves the cell open on its old value and neither After comes. When a handler of
+/// the After events writes the row and that fails, the cell is open again with what was typed. An unchanged
 /// cell fires nothing when it is left. The row buffer is written when the row is left, or at Update of the recordset.
 class Grid final : public Control {
  public:
@@ -141,7 +142,9 @@ class Grid final : public Control {
   friend class SelectedBookmarks;
   friend class ControlRecordset;
   const std::map<int, Value>& Pending() const noexcept { return pending_; }
+  void WriteBegins() noexcept { writing_ = true; }
   void PendingWritten();
+  void LeaveVanishedRow(bool forward);
   Value ParseCell(int column, const std::string& text) const;
 
   DataControl* data_ = nullptr;
@@ -150,6 +153,7 @@ class Grid final : public Control {
   int splits_ = 1;
   int leftCol_[2] = {0, 0};
   std::map<int, Value> pending_;  ///< by column
+  bool writing_ = false;          ///< the pending row's write has begun and not ended
   std::optional<int> openCell_;
   std::string openText_;
   std::string openedText_;

@@ -287,7 +287,8 @@ bool IndexedList::Find(std::string_view criterion, const Place* after, Place& fo
 // ---- own changes
 
 Place IndexedList::Added(const std::vector<std::int64_t>& keys) {
-  if (shape_.keepsPlaces) pinned_[keys[0]] = {{{}, keys[0]}, ++lastAdded_};
+  const std::vector<platform::Value> noOrder(shape_.order.size(), platform::Null);
+  if (shape_.keepsPlaces) pinned_[keys[0]] = {{noOrder, keys[0]}, ++lastAdded_};
   if (count_) ++*count_;
   ++reached_;
   Place place;

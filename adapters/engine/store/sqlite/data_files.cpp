@@ -146,7 +146,9 @@ void DataFiles::AttachStatement(const std::string& path, const std::string& alia
     attach("?mode=rw");
   } catch (const platform::Error& error) {
     Abandon(alias);
-    if (error.Number() == 3218) throw errors::FileInUse(asked);
+    // A statement on a file that is not attached yet can't name it.
+    if (error.Number() == 3218 || error.Number() == 3045) throw errors::FileInUse(asked);
+    if (error.Number() == 3049) throw errors::NotADatabase(asked);
     if (error.Number() != 3051 && error.Number() != 3027) throw;
     // A file in a folder that can't be written to has no place for the store's side files: it can be read as it stands,
     // as long as nobody has left a log beside it.

@@ -86,7 +86,7 @@ struct Helper {
   const StoreFunction* function;
 };
 
-[[maybe_unused]] void CallHelper(sqlite3_context* context, int count, sqlite3_value** arguments) {
+void CallHelper(sqlite3_context* context, int count, sqlite3_value** arguments) {
   const auto& helper = *static_cast<const Helper*>(sqlite3_user_data(context));
   try {
     std::vector<StoredValue> values;
@@ -106,14 +106,12 @@ void RegisterFunctions(Connection& connection) {
   sqlite3* db = connection.Handle();
   sqlite3_create_collation_v2(db, dialect.collation.c_str(), SQLITE_UTF8, nullptr, Collate, nullptr);
   sqlite3_create_function_v2(db, dialect.like.c_str(), 2, flags, &connection, Like, nullptr, nullptr, nullptr);
-#ifdef ORCUSSCH_STORE_FUNCTIONS
   for (const StoreFunction& function : StoreFunctions()) {
     auto helper = std::make_unique<Helper>(Helper{&connection, &function});
     const std::string name = dialect.functionPrefix + std::string(function.name);
     sqlite3_create_function_v2(db, name.c_str(), function.arguments, flags, helper.release(), CallHelper, nullptr, nullptr,
                                [](void* gone) { std::unique_ptr<Helper>(static_cast<Helper*>(gone)); });
   }
-#endif
 }
 
 }  // namespace engine

@@ -11,7 +11,8 @@
 #include "platform/error.h"
 #include "platform/table_definition.h"
 
-/// An empty folder of its own for each test, gone afterwards, and short ways to define tables.
+/// An empty folder of its own for each test, gone afterwards, and short ways to
+/// define tables.
 class EngineFolderTest : public testing::Test {
  protected:
   EngineFolderTest() {

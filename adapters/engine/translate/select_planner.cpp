@@ -126,8 +126,8 @@ void SelectPlanner::FillOrder() {
   for (const sql::OrderKey& key : select_.order) {
     PlanOrder order = OrderOf(key);
     order.descending = key.descending;
-    // One row needs no order, but its keys' names must exist.
-    if (!aggregate_) plan_.order.push_back(std::move(order));
+    // One row needs no order, but its keys' names must exist. A constant orders nothing, and the store would count to it.
+    if (!aggregate_ && !order.sql.empty()) plan_.order.push_back(std::move(order));
   }
 }
 
@@ -162,6 +162,7 @@ PlanOrder SelectPlanner::OrderOf(const sql::OrderKey& key) {
     return order;
   }
   const Emitted value = outputEmitter_.Value(*expression);
+  if (value.IsLiteral()) return order;
   order.sql = value.type == SqlType::Text ? outputEmitter_.GetForms().Collated(value) : value.sql;
   order.type = FieldTypeOf(value.type);
   return order;

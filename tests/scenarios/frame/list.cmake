@@ -17,6 +17,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/editing-without-taxes
   frame/empty-company
   frame/exit
+  frame/find-key-after-editing
   frame/first-customer-opens-tabs
   frame/host-account-no-customers
   frame/keyboard

@@ -1,0 +1,24 @@
+#ifndef C_HOST_USER_H
+#define C_HOST_USER_H
+
+#include <orcussch.h>
+
+/* A user at the windows, for a host that knows nothing of them. */
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef enum user_task { USER_READS_BOXES, USER_SELECTS, USER_EXITS } user_task;
+
+/* From here on, while a call of the library shows windows, the user does the task; message boxes are read and closed. */
+void user_begins(orcussch_handle* handle, user_task task);
+/* Ends that; how many message boxes there were. */
+int user_ends(void);
+/* Calls that were refused as busy while the screen was up: a let, a second show_user, a release. */
+int user_refusals(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

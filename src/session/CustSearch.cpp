@@ -126,8 +126,9 @@ CustSearch::CustSearch(platform::Application& application) {
   Main();
 }
 
-CustSearch::~CustSearch() {
-  // Class_Terminate
+namespace {
+
+void Class_Terminate() {
   bool bSuccess = false;
   TrapWith(
       [&] {
@@ -137,6 +138,17 @@ CustSearch::~CustSearch() {
         SafeAppUnloadAllForms();
         bSuccess = SafeAppShutdown(gWorkspaceName);
       });
+}
+
+}  // namespace
+
+CustSearch::~CustSearch() {
+  try {
+    Class_Terminate();
+  } catch (const platform::Error& error) {
+    // Not even the report could be shown: the host's end must not fail for that.
+    App().Log(platform::LogLevel::Failure, "release: " + std::to_string(error.Number()) + " " + error.Description());
+  }
 }
 
 bool CustSearch::IsProperty(std::string_view property) { return FindProperty(property) != nullptr; }

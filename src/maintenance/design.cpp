@@ -286,6 +286,7 @@ void frmCustMain::DesignCards() {
   in(fraTax, {&txtTaxID, &txtExemptExpireDate});
   in(fraComment, {&txtComment});
   txtComment.MultiLine(true);
+  txtLaborRate.Enabled(false);  // as option 0 of the labor rates leaves it
   txtCreditLimit.ToolTipText("Enter -1 for No Limit.  Enter 0 for C.O.D.");
   chkHoldCredit.ToolTipText("Hold Customer Credit");
   grdTaxBasis.Tag("Assign, Description");

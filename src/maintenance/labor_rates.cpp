@@ -91,7 +91,7 @@ void frmCustMain::AddAllDepartments(ResumeNext& on) {
   on([&] {
     SQL = "INSERT INTO CustLaborRates ( AcctNum, Dept, Adjustment ) IN '" + gCustomerPath + "' SELECT " +
           std::to_string(LongOf(data[tab::Customers].Recordset(), "AcctNum")) + " AS AcctNum, Departments.DeptNumber, " +
-          txtAdjustAllDept.Text() + " AS Adjustment FROM Departments;";
+          platform::CStr(txtAdjustAllDept.Value()) + " AS Adjustment FROM Departments;";
   });
   bool ErrorFlag = false;
   ExecuteSQLStmt(dbGL, SQL, false, ErrorFlag);

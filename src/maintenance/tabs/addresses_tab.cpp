@@ -70,8 +70,8 @@ class AddressesTab final : public RecordTab {
     on([&] { Id = LongOf(Rows(), "addressID"); });
     bool Ship = false;
     bool Bill = false;
-    on([&] { Ship = LongOf(Customer(), "DefaultShipAddress") == Id; });
-    on([&] { Bill = LongOf(Customer(), "DefaultBillAddress") == Id; });
+    on([&] { Ship = IsNumber(Customer().Field("DefaultShipAddress"), Id); });
+    on([&] { Bill = IsNumber(Customer().Field("DefaultBillAddress"), Id); });
     if (Ship) state.Repairs[0] = {true, "DefaultShipAddress"};
     // The shipping field too: the suite's billing keeps the number of the deleted address until someone chooses another.
     if (Bill) state.Repairs[1] = {true, "DefaultShipAddress"};
@@ -87,7 +87,8 @@ class AddressesTab final : public RecordTab {
 
   void LoadMonth(ResumeNext& on, int which, const char* field) {
     on([&] {
-      const std::int16_t month = platform::CInt(Rows().Field(field));
+      const Value stored = Rows().Field(field);
+      const std::int16_t month = stored.IsNull() ? std::int16_t{0} : platform::CInt(stored);
       ShowMonth(which, month > 0 && month <= kMonths ? month : std::int16_t{0});
     });
   }

@@ -68,7 +68,7 @@ class CreditCardsTab final : public RecordTab {
     std::int32_t Id = 0;
     on([&] { Id = LongOf(Rows(), "CreditCardID"); });
     bool Default = false;
-    on([&] { Default = LongOf(Customer(), "DefaultCreditCard") == Id; });
+    on([&] { Default = IsNumber(Customer().Field("DefaultCreditCard"), Id); });
     if (Default) state.Repairs[0] = {true, "DefaultCreditCard"};
     state.Position = "[CreditCardID]>=" + std::to_string(Id);
     return true;
@@ -78,7 +78,10 @@ class CreditCardsTab final : public RecordTab {
   /// Whether the customer has a default card at all, not whether this one is it.
   void ProposeDefault(ResumeNext& on) {
     bool HasDefault = false;
-    on([&] { HasDefault = LongOf(Customer(), "DefaultCreditCard") > 0; });
+    on([&] {
+      const platform::Value card = Customer().Field("DefaultCreditCard");
+      HasDefault = !card.IsNull() && platform::CLng(card) > 0;
+    });
     s.chkDefaultCC.Value(HasDefault ? 0 : 1);
   }
 

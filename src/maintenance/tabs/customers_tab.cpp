@@ -108,13 +108,13 @@ void CustomersTab::Edit(ResumeNext& on) {
   ShowTerms(on, Terms.IsNull() ? "" : CStr(Terms), Terms);
 
   std::int16_t Status = 0;
-  on([&] { Status = platform::CInt(Row.Field("Status")); });
+  on([&] {
+    const Value value = Row.Field("Status");
+    if (!value.IsNull()) Status = platform::CInt(value);
+  });
   s.optStatus[Status == 1 || Status == 2 ? static_cast<std::size_t>(Status) : 0].Value(true);
   bool NonBillable = false;
-  on([&] {
-    const Value value = Row.Field("NonBillable");
-    NonBillable = !value.IsNull() && CBool(value);
-  });
+  on([&] { NonBillable = IsTrue(Row.Field("NonBillable")); });
   s.optBillingStatus[NonBillable ? 1 : 0].Value(true);
 
   on([&] { s.txtComment.Text(TextOf(Row, "Comments")); });
@@ -130,15 +130,12 @@ void CustomersTab::Edit(ResumeNext& on) {
     const Value byInvoice = Row.Field("AgeMethod");
     s.chkAgeMethod.Value(byInvoice.IsNull() || CBool(byInvoice) ? 1 : 0);
   });
-  on([&] {
-    const Value omit = Row.Field("OmitFinanceCharge");
-    s.chkOmitFinChg.Value(!omit.IsNull() && CBool(omit) ? 1 : 0);
-  });
+  on([&] { s.chkOmitFinChg.Value(IsTrue(Row.Field("OmitFinanceCharge")) ? 1 : 0); });
   on([&] { s.txtCreditLimit.Value(platform::CCur(Row.Field("Creditlimit"))); });
   on([&] { s.txtEMail.Text(TextOf(Row, "EMail")); });
   on([&] { s.txtWebSite.Text(TextOf(Row, "WebSite")); });
   ShowMapCode(on, Row);
-  on([&] { s.chkHoldCredit.Value(CBool(Row.Field("CreditHold")) ? 1 : 0); });
+  on([&] { s.chkHoldCredit.Value(IsTrue(Row.Field("CreditHold")) ? 1 : 0); });
   ShowSalesRate(on, Row);
   ShowLaborRate(on, Row);
   s.LoadTaxBasis(true);
@@ -180,10 +177,10 @@ void CustomersTab::ShowSalesRate(ResumeNext& on, const Recordset& Row) {
       on([&] { s.cboSalesRate.Text(TextOf(s.DataSalesRate.Recordset(), "RateDescription")); });
     }
   }
-  double SalesRatePer = 0;
-  on([&] { SalesRatePer = platform::CDbl(Row.Field("SalesRatePer")); });
-  s.txtSalesRatePer.Value(std::abs(SalesRatePer));
-  s.cmdPlusMinus.Caption(SalesRatePer < 0 ? "-" : "+");
+  Value SalesRatePer = Null;
+  on([&] { SalesRatePer = Row.Field("SalesRatePer"); });
+  on([&] { s.txtSalesRatePer.Value(std::abs(platform::CDbl(SalesRatePer))); });
+  s.cmdPlusMinus.Caption(!SalesRatePer.IsNull() && platform::CDbl(SalesRatePer) < 0 ? "-" : "+");
 }
 
 void CustomersTab::ShowLaborRate(ResumeNext& on, const Recordset& Row) {
@@ -207,7 +204,7 @@ bool CustomersTab::Valid(const SaveState& state) const {
   };
   const Test tests[] = {
       {s.txtLastName.Text().empty(), "You must enter the customer's last name!"},
-      {s.optLaborRate[1].Value() && Val(s.txtLaborRate.Text()) == 0,
+      {s.optLaborRate[1].Value() && s.txtLaborRate.Value() == Currency{0},
        "You must enter the customer's default labor rate or select a different default labor rate option!"},
       {Val(BoundText(s.cboTerms)) < 1, "You must select the customer's default terms!"},
       {2 * platform::Len(s.txtComment.Text()) > kGreatestComment,
@@ -358,7 +355,7 @@ void CustomersTab::WriteFields(ResumeNext& on) {
   write("MapCode", s.lblMapCode[0].Caption());
   write("CreditHold", s.chkHoldCredit.Value() != 0);
   if (!BoundText(s.cboSalesRate).empty()) write("SalesRate", s.cboSalesRate.BoundValue());
-  write("SalesRatePer", Val(s.txtSalesRatePer.Text()));
+  write("SalesRatePer", s.txtSalesRatePer.Value());
   if (s.cmdPlusMinus.Caption() == "-")
     on([] { rsCustomers->SetField("SalesRatePer", platform::CDbl(rsCustomers->Field("SalesRatePer")) * -1); });
   write("LaborRateType", s.optLaborRate[1].Value() ? "C" : s.optLaborRate[2].Value() ? "D" : "N");

@@ -20,6 +20,10 @@ inline std::string TextUnguarded(const platform::Recordset& Rs, const char* Fiel
 
 inline std::int32_t LongOf(const platform::Recordset& Rs, const char* Field) { return platform::CLng(Rs.Field(Field)); }
 
+/// A condition on a field: Null is neither True nor equal to anything, and no failure.
+inline bool IsTrue(const platform::Value& field) { return !field.IsNull() && platform::CBool(field); }
+inline bool IsNumber(const platform::Value& field, std::int32_t number) { return !field.IsNull() && platform::CLng(field) == number; }
+
 /// Both parts of a combo.
 inline void SetCombo(platform::ComboBox& combo, const platform::Value& bound, const std::string& text) {
   combo.BoundValue(bound);

@@ -71,7 +71,7 @@ class PhonesTab final : public RecordTab {
     std::int32_t Id = 0;
     on([&] { Id = LongOf(Rows(), "RecordID"); });
     bool Default = false;
-    on([&] { Default = LongOf(Customer(), "DefaultPhoneNumber") == Id; });
+    on([&] { Default = IsNumber(Customer().Field("DefaultPhoneNumber"), Id); });
     if (Default) state.Repairs[0] = {true, "DefaultPhoneNumber"};
     state.Position = "[RecordID]>=" + std::to_string(Id);
     return true;

@@ -68,6 +68,7 @@ void ControlRecordset::Update() {
     bool cancel = false;
     grid->BeforeUpdate.Fire(cancel);
     if (cancel) throw Error(3426, "The action was cancelled by an associated object.");
+    grid->WriteBegins();
     for (const auto& [column, value] : grid->Pending()) rows_->SetField(grid->FieldIndexOf(column), value);
   }
   rows_->Update();

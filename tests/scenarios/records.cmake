@@ -41,4 +41,25 @@ list(APPEND ORCUSSCH_SCENARIOS
   creditcards/save-tests-in-their-order
   creditcards/type-added-meanwhile-is-there
   creditcards/vanished-card
+  laborrates/all-departments-are-added
+  laborrates/edit-keeps-the-department
+  laborrates/not-flagged-customer
+  laborrates/office-day
+  laborrates/one-row-a-department
+  laborrates/panel-computes-the-customers-rate
+  laborrates/percentage-is-applied-to-all-rows
+  laborrates/vanished-row
+  types/code-overflow-is-reported
+  types/description-is-needed
+  types/edit-changes-the-entry-alone
+  types/new-type-takes-the-next-code
+  types/office-day
+  types/vanished-type
+  keywords/apostrophe-goes-to-the-last-row
+  keywords/duplicate-fails-on-the-key
+  keywords/new-key-word
+  keywords/office-day
+  keywords/renaming-leaves-the-customers-words
+  keywords/vanished-word-with-types-loaded
+  keywords/vanished-word-without-types-loaded
 )

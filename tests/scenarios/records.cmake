@@ -11,6 +11,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/edit-writes-its-fields-and-no-others
   customers/first-four-taxes-are-kept
   customers/giving-up-departmental-rates-asks
+  customers/host-fixes-the-billing-status
   customers/labor-rate-options
   customers/list-keeps-its-scroll-position
   customers/new-card-starts-with-defaults
@@ -19,20 +20,26 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/office-day
   customers/save-tests-in-their-order
   customers/several-duplicates-are-counted
+  customers/tax-filter-hides-the-ticks
+  customers/typed-lengths-and-masks
   customers/unknown-codes-on-the-card
   customers/zip-finds-the-city
   phones/edit-keeps-the-default-box
   phones/first-phone-is-offered-as-default
+  phones/masks-of-the-card
   phones/null-fields-read-as-empty
   phones/office-day
   phones/phones-of-other-customers-stay-theirs
+  phones/row-missing-from-the-list
   phones/type-is-the-only-test
+  phones/type-that-is-gone-stays-empty
   phones/vanished-phone
   addresses/default-address-must-be-complete
   addresses/edit-shows-no-default
   addresses/new-address
   addresses/null-lines-are-reported
   addresses/office-day
+  addresses/texts-of-the-card
   addresses/vanished-address
   creditcards/edit-proposes-a-default-only-without-one
   creditcards/new-card
@@ -43,6 +50,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   creditcards/vanished-card
   laborrates/all-departments-are-added
   laborrates/edit-keeps-the-department
+  laborrates/failed-bulk-statement-is-reported
   laborrates/not-flagged-customer
   laborrates/office-day
   laborrates/one-row-a-department
@@ -52,6 +60,8 @@ list(APPEND ORCUSSCH_SCENARIOS
   types/code-overflow-is-reported
   types/description-is-needed
   types/edit-changes-the-entry-alone
+  types/filtered-list-goes-to-its-last-row
+  types/key-refuses-a-second-row
   types/new-type-takes-the-next-code
   types/office-day
   types/vanished-type
@@ -62,4 +72,33 @@ list(APPEND ORCUSSCH_SCENARIOS
   keywords/renaming-leaves-the-customers-words
   keywords/vanished-word-with-types-loaded
   keywords/vanished-word-without-types-loaded
+  deletion/customer-goes-alone
+  deletion/customer-with-transactions-stays
+  deletion/default-addresses
+  deletion/default-card-is-cleared
+  deletion/default-phone-is-cleared
+  deletion/key-word-in-use-stays
+  deletion/labels-of-all-tabs
+  deletion/labor-rate-and-its-successor
+  deletion/nothing-to-delete-and-no
+  deletion/row-gone-already
+  deletion/type-gone-already
+  deletion/type-in-use-stays
+  gridediting/adjustment-must-be-a-number
+  gridediting/cell-is-written-at-once
+  gridediting/credit-card-cells
+  gridediting/customer-cells-that-do-not-fit
+  gridediting/phone-type-description
+  gridediting/renaming-a-type
+  gridediting/row-gone-under-the-cell
+  gridediting/ticking-a-type
+  gridediting/ticking-and-renaming-a-key-word
+  twousers/changed-sub-records-are-overwritten
+  twousers/customer-gone-under-a-new-phone
+  twousers/default-fields-of-both
+  twousers/edits-lock-nothing
+  twousers/file-locked-while-saving
+  twousers/last-save-wins-field-by-field
+  twousers/same-box-ticked-twice
+  twousers/types-added-by-both
 )

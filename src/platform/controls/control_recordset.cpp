@@ -61,6 +61,11 @@ void ControlRecordset::AddNew() {
   rows_->AddNew();
 }
 
+void ControlRecordset::Edit() {
+  if (control_.grid_ && control_.grid_->DataChanged()) control_.grid_->WriteBegins();
+  rows_->Edit();
+}
+
 void ControlRecordset::Update() {
   Grid* grid = control_.grid_;
   const bool pending = grid && grid->DataChanged() && rows_->Mode() == EditMode::Edit;
@@ -68,7 +73,6 @@ void ControlRecordset::Update() {
     bool cancel = false;
     grid->BeforeUpdate.Fire(cancel);
     if (cancel) throw Error(3426, "The action was cancelled by an associated object.");
-    grid->WriteBegins();
     for (const auto& [column, value] : grid->Pending()) rows_->SetField(grid->FieldIndexOf(column), value);
   }
   rows_->Update();

@@ -41,7 +41,7 @@ class ControlRecordset final : public Recordset {
 
   EditMode Mode() const override { return rows_->Mode(); }
   void AddNew() override;
-  void Edit() override { rows_->Edit(); }
+  void Edit() override;
   void Update() override;
   void CancelUpdate() override { rows_->CancelUpdate(); }
   void Delete() override;

@@ -1,0 +1,139 @@
+#include "measure.h"
+
+#include <ctime>
+
+#include <algorithm>
+#include <fstream>
+#include <iomanip>
+#include <sstream>
+#include <stdexcept>
+
+namespace bench {
+namespace {
+
+constexpr double sampleMicroseconds = 4000;
+
+double Now(clockid_t clock) {
+  timespec time{};
+  clock_gettime(clock, &time);
+  return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
+}
+
+struct Sample {
+  double wall = 0, cpu = 0;  // microseconds of a call
+  std::uint64_t sum = 0;
+};
+
+Sample Take(const Job::Work& work, int firstCall, int calls) {
+  Sample sample;
+  const double wall = Now(CLOCK_MONOTONIC);
+  const double cpu = Now(CLOCK_PROCESS_CPUTIME_ID);
+  for (int i = 0; i < calls; ++i) sample.sum = sample.sum * 31 + work(firstCall + i);
+  sample.cpu = (Now(CLOCK_PROCESS_CPUTIME_ID) - cpu) / calls;
+  sample.wall = (Now(CLOCK_MONOTONIC) - wall) / calls;
+  return sample;
+}
+
+Spread SpreadOf(std::vector<double> numbers) {
+  std::ranges::sort(numbers);
+  const auto at = [&](double share) { return numbers[static_cast<std::size_t>(share * static_cast<double>(numbers.size() - 1) + 0.5)]; };
+  return {at(0.1), at(0.5), at(0.9)};
+}
+
+void Prepare(const Job& job) {
+  if (job.prepare) job.prepare();
+}
+
+int CallsFor(const Job& job) {
+  if (job.calls > 0) return job.calls;
+  Prepare(job);
+  Take(job.raw, 0, 1);
+  const double once = std::max(0.1, Take(job.raw, 1, 1).wall);
+  return static_cast<int>(std::clamp(sampleMicroseconds / once, 1.0, 2000.0));
+}
+
+std::string Figure(double number) {
+  std::ostringstream text;
+  text << std::fixed << std::setprecision(number < 10 ? 2 : number < 100 ? 1 : 0) << number;
+  return text.str();
+}
+
+std::string WithSpread(const Spread& spread) {
+  return Figure(spread.median) + " (" + Figure(spread.low) + " to " + Figure(spread.high) + ")";
+}
+
+std::string Bar(const Result& result) {
+  if (result.mostExtra > 0) return "raw + " + Figure(result.mostExtra) + " us";
+  return result.mostRatio > 0 ? Figure(result.mostRatio) : "";
+}
+
+}  // namespace
+
+bool Result::Within() const {
+  if (mostExtra > 0) return oursCpu <= rawCpu + mostExtra;
+  return mostRatio <= 0 || ratioCpu.median <= mostRatio;
+}
+
+Result Measure(const Job& job, std::size_t pairs) {
+  const int calls = CallsFor(job);
+  std::vector<double> ours, raw, oursCpu, rawCpu, ratio, ratioCpu;
+  for (std::size_t pair = 0; pair < pairs + 1; ++pair) {
+    const int firstCall = static_cast<int>(pair) * calls;
+    Prepare(job);
+    Sample our;
+    Sample bare;
+    if (pair % 2 == 0) our = Take(job.ours, firstCall, calls);
+    bare = Take(job.raw, firstCall, calls);
+    if (pair % 2 != 0) our = Take(job.ours, firstCall, calls);
+    if (job.sameResult && our.sum != bare.sum)
+      throw std::runtime_error(job.name + ": the engine and the bare program deliver different rows");
+    if (pair == 0) continue;  // warming up
+    ours.push_back(our.wall);
+    raw.push_back(bare.wall);
+    oursCpu.push_back(our.cpu);
+    rawCpu.push_back(bare.cpu);
+    ratio.push_back(our.wall / bare.wall);
+    ratioCpu.push_back(our.cpu / bare.cpu);
+  }
+  Result result;
+  result.name = job.name;
+  result.pairs = pairs;
+  result.calls = calls;
+  result.ours = SpreadOf(ours);
+  result.raw = SpreadOf(raw);
+  result.ratio = SpreadOf(ratio);
+  result.ratioCpu = SpreadOf(ratioCpu);
+  result.oursCpu = SpreadOf(oursCpu).median;
+  result.rawCpu = SpreadOf(rawCpu).median;
+  result.mostRatio = job.mostRatio;
+  result.mostExtra = job.mostExtra;
+  return result;
+}
+
+std::string TableHead() {
+  return "| job | engine, us | raw, us | ratio by the clock | ratio by processor time | bar | |\n"
+         "| --- | ---: | ---: | --- | --- | --- | --- |\n";
+}
+
+std::string TableLine(const Result& result) {
+  return "| " + result.name + " | " + Figure(result.ours.median) + " (cpu " + Figure(result.oursCpu) + ") | " + Figure(result.raw.median) +
+         " (cpu " + Figure(result.rawCpu) + ") | " + WithSpread(result.ratio) + " | " + WithSpread(result.ratioCpu) + " | " + Bar(result) +
+         " | " +
+         (result.mostRatio <= 0 && result.mostExtra <= 0 ? ""
+          : result.Within()                              ? "within"
+                                                         : "**over**") +
+         " |\n";
+}
+
+double PeakMemory() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    if (word != "VmHWM:") continue;
+    double kilobytes = 0;
+    status >> kilobytes;
+    return kilobytes / 1024;
+  }
+  return 0;
+}
+
+}  // namespace bench

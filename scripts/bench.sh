@@ -1,0 +1,41 @@
+#!/bin/sh
+# The benchmarks whole: companies of 10,000, 1,000,000 and, with "5m", 5,000,000 customers, made once under DATA (default
+# build/bench-data), the engine beside the bare program, memory, and the toolkit's table model. Prints Markdown.
+#
+#   scripts/bench.sh [5m]
+set -eu
+cd "$(dirname "$0")/.."
+build=${BENCH_BUILD:-build/bench-full}
+data=${DATA:-build/bench-data}
+pairs=${BENCH_PAIRS:-21}
+sizes="10000 1000000"
+[ "${1:-}" = 5m ] && sizes="$sizes 5000000"
+
+launcher=""
+command -v ccache >/dev/null 2>&1 && launcher="-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"
+# shellcheck disable=SC2086
+cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORCUSSCH_BENCH=ON -DORCUSSCH_TESTS=OFF $launcher >&2
+targets="bench_engine bench_memory suitefiles"
+cmake --build "$build" --target help | grep -q bench_model && targets="$targets bench_model"
+# shellcheck disable=SC2086
+cmake --build "$build" --target $targets >&2
+
+folders=""
+for size in $sizes; do
+  folder=$data/$size
+  if [ ! -e "$folder/data/orv1/customer.zdb" ]; then
+    mkdir -p "$folder"
+    "$build/bin/suitefiles" create "$folder" --company 1 >&2
+    "$build/bin/suitefiles" demo "$folder" --company 1 --customers "$size" >&2
+  fi
+  folders="$folders $folder"
+done
+
+# shellcheck disable=SC2086
+"$build/bin/bench_engine" --pairs "$pairs" $folders
+for folder in $folders; do
+  printf '\nMemory, %s customers: ' "$(basename "$folder")"
+  "$build/bin/bench_memory" "$folder"
+  [ -x "$build/bin/bench_model" ] && "$build/bin/bench_model" "$folder" 5 "open"
+done
+exit 0

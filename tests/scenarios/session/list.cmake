@@ -14,6 +14,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/company-month-that-is-null
   session/company-month-that-stands
   session/company-name-has-forty-characters
+  session/company-name-of-any-script
   session/company-number-of-any-size
   session/company-record-fields
   session/company-record-is-read-once
@@ -38,6 +39,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/default-terms-come-from-the-ar-row
   session/default-terms-that-are-null
   session/every-answer-text-can-be-set-and-read
+  session/every-file-foreign
   session/exit-releases-everything
   session/flatrate-file-missing
   session/gl-file-missing
@@ -82,8 +84,11 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/sound-company-is-not-written
   session/table-missing-in-the-middle
   session/temporary-file-missing
+  session/temporary-file-of-a-wrong-kind
   session/temporary-file-of-another-user
+  session/temporary-file-without-work-tables
   session/temporary-folder-missing
+  session/two-copies-of-one-user
   session/two-users-at-once
   session/unknown-drive
   session/user-must-come-before-company

@@ -84,6 +84,41 @@ TEST_F(ModuleTest, GetDataPathThatFailsIsReportedAndEmpty) {
   AttachApplication(nullptr);
 }
 
+class PrintingForm final : public platform::Form {
+ public:
+  explicit PrintingForm(platform::Application& application) : Form(application, "frmPrinting", "") {}
+  platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+  platform::ReportControl Report1{*this, "Report1"};
+};
+
+TEST_F(ModuleTest, PrinterSetupTakesPagesAndCopies) {
+  PrintingForm form(*app);
+  form.CommonDialog1.CancelError = true;
+  frontEnd->printer = [] { return platform::PrinterChoice{2, 5, 3}; };
+  const int before = frontEnd->yields;
+  PrinterSetup(form.CommonDialog1, form.Report1);
+  EXPECT_FALSE(form.CommonDialog1.CancelError) << "it is set before the dialog comes";
+  EXPECT_EQ(form.Report1.Job.PrinterStartPage, 2);
+  EXPECT_EQ(form.Report1.Job.PrinterStopPage, 5);
+  EXPECT_EQ(form.Report1.Job.CopiesToPrinter, 3);
+  EXPECT_EQ(frontEnd->yields, before + 1);
+  // While the flag reads True nothing is copied.
+  frontEnd->printer = [&form] {
+    form.CommonDialog1.CancelError = true;
+    return platform::PrinterChoice{7, 8, 9};
+  };
+  PrinterSetup(form.CommonDialog1, form.Report1);
+  EXPECT_EQ(form.Report1.Job.PrinterStartPage, 2);
+}
+
+TEST_F(ModuleTest, PrinterSetupEndsQuietlyOnAnyError) {
+  PrintingForm form(*app);
+  frontEnd->printer = []() -> platform::PrinterChoice { throw platform::Error(28663, "No printer"); };
+  PrinterSetup(form.CommonDialog1, form.Report1);
+  EXPECT_TRUE(events.all.empty());
+  EXPECT_TRUE(log->records.empty());
+}
+
 TEST_F(ModuleTest, CloseFilesDoesNothingInPractice) {
   MakeCompany();
   CustSearch host(*app);

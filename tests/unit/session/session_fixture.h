@@ -53,11 +53,15 @@ class PlainFrontEnd final : public platform::FrontEnd {
     return platform::box::Ok;
   }
   void Pointer(int) override {}
-  std::optional<platform::PrinterChoice> PrinterDialog(platform::Form&) override { return {}; }
+  std::optional<platform::PrinterChoice> PrinterDialog(platform::Form&) override {
+    if (!printer) return {};
+    return printer();
+  }
   void Changed(platform::Form&, platform::Control*, platform::Aspect) override {}
 
   std::function<void(platform::Form&)> serve;
   std::function<void()> onBox;
+  std::function<platform::PrinterChoice()> printer;
   std::vector<ShownBox> boxes;
   int yields = 0;
 
@@ -101,20 +105,8 @@ class SessionTest : public testing::Test {
   }
   ~SessionTest() override { orcussch::AttachApplication(nullptr); }
 
-  /// The files of a company, dat.zdb and the temporary file of user 1.
-  void MakeCompany(int number = 1) const {
-    const std::string company = folder / ("data/orv" + std::to_string(number));
-    std::filesystem::create_directories(company);
-    suitefiles::MakeCompanyFiles(company, 2025);
-    suitefiles::CompanyRecord record;
-    record.number = number;
-    record.name = "Company " + std::to_string(number);
-    suitefiles::AddCompanyRow(folder / "dat.zdb", record);
-    if (!std::filesystem::exists(folder / "orvTEMP")) {
-      std::filesystem::create_directories(folder / "orvTEMP");
-      engine::CreateDataFile(folder / "orvTEMP/orvTemp1.zdb", suite::TablesOf(suite::DataFile::Temporary), true);
-    }
-  }
+  /// The files of company 1, dat.zdb and the temporary file of user 1.
+  void MakeCompany() const { std::filesystem::copy(Pattern(), folder.Path(), std::filesystem::copy_options::recursive); }
 
   /// The literals of the reports so far.
   std::vector<std::string> Reports() const {
@@ -128,4 +120,19 @@ class SessionTest : public testing::Test {
   PlainFrontEnd* frontEnd = nullptr;
   KeptErrorLog* log = nullptr;
   std::unique_ptr<platform::Application> app;
+
+ private:
+  /// Made once and copied by every test.
+  static std::string Pattern() {
+    static const TemporaryFolder pattern;
+    if (std::filesystem::exists(pattern / "dat.zdb")) return pattern.Path();
+    std::filesystem::create_directories(pattern / "data/orv1");
+    suitefiles::MakeCompanyFiles(pattern / "data/orv1", 2025);
+    std::filesystem::create_directories(pattern / "orvTEMP");
+    engine::CreateDataFile(pattern / "orvTEMP/orvTemp1.zdb", suite::TablesOf(suite::DataFile::Temporary), true);
+    suitefiles::CompanyRecord company;
+    company.name = "Company 1";
+    suitefiles::AddCompanyRow(pattern / "dat.zdb", company);
+    return pattern.Path();
+  }
 };

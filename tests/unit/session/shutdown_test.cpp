@@ -96,6 +96,7 @@ TEST_F(ShutdownTest, AfterTheReleaseTheFilesAreFree) {
   host.reset();
   std::filesystem::remove_all(folder / "data");
   std::filesystem::remove(folder / "dat.zdb");
+  std::filesystem::remove_all(folder / "orvTEMP");
   MakeCompany();
   Open();
   EXPECT_TRUE(events.all.empty());

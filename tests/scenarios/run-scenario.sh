@@ -3,8 +3,8 @@
 #
 #   run-scenario.sh PROGRAMS SCENARIO WORK [custsearch options]
 #
-# PROGRAMS is the folder of custsearch and suitefiles. WORK gets the scenario's folder, which stays there after a failure,
-# and the folder "made", where fresh companies are kept for the next scenario that wants the same.
+# PROGRAMS is the folder of custsearch and suitefiles. In WORK fresh companies are kept for the next scenario that wants the
+# same. The scenario's own folder stays after a failure.
 set -u
 programs=$1
 scenario=$2
@@ -14,7 +14,8 @@ shift 3
 suitefiles=$programs/suitefiles
 stamp=$(stat -c '%s-%Y' "$suitefiles") || exit 1
 made=$work/made/$stamp
-here=$work/$(basename "$(dirname "$scenario")").$(basename "$scenario" .scn).$$
+# A short path: settings files cut what is longer than 126 characters.
+here=$(mktemp -d "${TMPDIR:-/tmp}/orv.XXXXXX") || exit 1
 mkdir -p "$made" "$here/home"
 
 stop() {
@@ -112,6 +113,7 @@ header text >"$here/text.lines"
 while IFS= read -r line; do
   name=${line%% *}
   mkdir -p "$(dirname "$data/$name")"
+  # shellcheck disable=SC2059
   printf "$(in_folder "${line#* }" | sed 's/%/%%/g')" >"$data/$name"
 done <"$here/text.lines"
 
@@ -125,7 +127,8 @@ while read -r name; do mkdir -p "$data/$name"; done <"$here/folder.lines"
 
 header move >"$here/move.lines"
 while read -r from to; do
-  mkdir -p "$(dirname "$data/$to")" && mv "$data/$from" "$data/$to" || stop "$from can't be moved"
+  mkdir -p "$(dirname "$data/$to")"
+  mv "$data/$from" "$data/$to" || stop "$from can't be moved"
 done <"$here/move.lines"
 
 header gone >"$here/gone.lines"

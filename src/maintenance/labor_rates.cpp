@@ -67,9 +67,9 @@ void frmCustMain::cmdAddAllDepts_Click() {
   orcussch::App().MousePointer(platform::pointer::Hourglass);
   orcussch::App().DoEvents();
 
-  std::string Remembered = "   ";
+  std::string Remembered = FixedDept("");
   on([&] {
-    if (HasRecords(data[tab::LaborRates])) Remembered = TextOf(data[tab::LaborRates].Recordset(), "Dept");
+    if (HasRecords(data[tab::LaborRates])) Remembered = FixedDept(TextOf(data[tab::LaborRates].Recordset(), "Dept"));
   });
   if (txtAdjustAllDept.Text().empty()) txtAdjustAllDept.Value(0.0);
 
@@ -126,7 +126,7 @@ void frmCustMain::StandOnDepartment(ResumeNext& on, const std::string& Dept) {
   if (!Records) return;
   platform::Recordset& Rs = data[tab::LaborRates].Recordset();
   bool Found = false;
-  if (Dept != "   ")
+  if (Dept != FixedDept(""))
     on([&] {
       Rs.FindFirst("[Dept]='" + Dept + "'");
       Found = !Rs.NoMatch();

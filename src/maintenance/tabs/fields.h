@@ -24,6 +24,9 @@ inline std::int32_t LongOf(const platform::Recordset& Rs, const char* Field) { r
 inline bool IsTrue(const platform::Value& field) { return !field.IsNull() && platform::CBool(field); }
 inline bool IsNumber(const platform::Value& field, std::int32_t number) { return !field.IsNull() && platform::CLng(field) == number; }
 
+/// A department's number in its three places, filled with blanks.
+inline std::string FixedDept(const std::string& number) { return platform::Left(number + "   ", 3); }
+
 /// Both parts of a combo.
 inline void SetCombo(platform::ComboBox& combo, const platform::Value& bound, const std::string& text) {
   combo.BoundValue(bound);

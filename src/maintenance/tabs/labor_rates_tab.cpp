@@ -44,8 +44,8 @@ class LaborRatesTab final : public RecordTab {
       s.cboDepts.SetFocus();
       return false;
     }
-    std::string Dept = Bound;
-    if (!Adding()) on([&] { Dept = TextOf(Rows(), "Dept"); });
+    std::string Dept = FixedDept(Bound);
+    if (!Adding()) on([&] { Dept = FixedDept(TextOf(Rows(), "Dept")); });
 
     bool Found = false;
     on([] { rsCustLaborRates->SetIndex("PrimaryKey"); });

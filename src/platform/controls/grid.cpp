@@ -294,6 +294,8 @@ bool Grid::UserCloseCell() {
     // The row's write was tried and failed: the user is back in the cell, with what was typed.
     writing_ = false;
     pending_ = held;
+    auto& rows = data_->Recordset();
+    if (rows.Mode() != EditMode::None) rows.CancelUpdate();  // the next move must not try it again
     openCell_ = column;
     Changed(Aspect::OpenCell);
   });

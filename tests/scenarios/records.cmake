@@ -46,16 +46,21 @@ list(APPEND ORCUSSCH_SCENARIOS
   creditcards/null-fields-are-reported
   creditcards/office-day
   creditcards/save-tests-in-their-order
+  creditcards/table-of-types-gone
   creditcards/type-added-meanwhile-is-there
   creditcards/vanished-card
   laborrates/all-departments-are-added
+  laborrates/bulk-action-yields
+  laborrates/department-with-an-apostrophe
   laborrates/edit-keeps-the-department
   laborrates/failed-bulk-statement-is-reported
   laborrates/not-flagged-customer
   laborrates/office-day
   laborrates/one-row-a-department
   laborrates/panel-computes-the-customers-rate
+  laborrates/percentage-beyond-the-figures
   laborrates/percentage-is-applied-to-all-rows
+  laborrates/short-department-number
   laborrates/vanished-row
   types/code-overflow-is-reported
   types/description-is-needed
@@ -73,6 +78,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   keywords/vanished-word-with-types-loaded
   keywords/vanished-word-without-types-loaded
   deletion/customer-goes-alone
+  deletion/customer-gone-already
   deletion/customer-with-transactions-stays
   deletion/default-addresses
   deletion/default-card-is-cleared
@@ -84,13 +90,16 @@ list(APPEND ORCUSSCH_SCENARIOS
   deletion/row-gone-already
   deletion/type-gone-already
   deletion/type-in-use-stays
+  deletion/while-the-file-is-locked
   gridediting/adjustment-must-be-a-number
   gridediting/cell-is-written-at-once
   gridediting/credit-card-cells
   gridediting/customer-cells-that-do-not-fit
   gridediting/phone-type-description
   gridediting/renaming-a-type
+  gridediting/renaming-to-a-word-that-is-there
   gridediting/row-gone-under-the-cell
+  gridediting/tick-while-the-file-is-locked
   gridediting/ticking-a-type
   gridediting/ticking-and-renaming-a-key-word
   twousers/changed-sub-records-are-overwritten
@@ -100,5 +109,6 @@ list(APPEND ORCUSSCH_SCENARIOS
   twousers/file-locked-while-saving
   twousers/last-save-wins-field-by-field
   twousers/same-box-ticked-twice
+  twousers/sub-records-while-the-file-is-locked
   twousers/types-added-by-both
 )

@@ -38,7 +38,7 @@ struct Result {
   bool Within() const;
 };
 
-/// Runs the two sides in turn, in pairs, changing who goes first. Throws std::runtime_error when results differ.
+/// Runs the two sides in turn, in pairs, each going first once in a pair. Throws std::runtime_error when results differ.
 Result Measure(const Job& job, std::size_t pairs);
 
 /// One line of a Markdown table, and its head.

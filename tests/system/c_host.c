@@ -49,6 +49,31 @@ static void creation_is_checked(const char* folder) {
   EXPECT(orcussch_release(NULL) == ORCUSSCH_OK);
 }
 
+static void* create_on_this_thread(void* options) {
+  orcussch_handle* handle = NULL;
+  EXPECT(orcussch_create(options, &handle) == ORCUSSCH_FAILED);
+  EXPECT(handle == NULL);
+  EXPECT(strstr(orcussch_last_error(), "main thread") != NULL);
+  return NULL;
+}
+
+static void creation_needs_the_main_thread(const char* folder) {
+  pthread_t thread;
+  orcussch_options options = options_for(folder, NULL);
+  EXPECT(pthread_create(&thread, NULL, create_on_this_thread, &options) == 0);
+  EXPECT(pthread_join(thread, NULL) == 0);
+}
+
+/* Without a display the library refuses instead of ending the host. */
+static int without_a_display(const char* folder) {
+  orcussch_handle* handle = NULL;
+  orcussch_options options = options_for(folder, NULL);
+  EXPECT(orcussch_create(&options, &handle) == ORCUSSCH_FAILED);
+  EXPECT(handle == NULL);
+  EXPECT(strstr(orcussch_last_error(), "display") != NULL);
+  return failures == 0 ? 0 : 1;
+}
+
 static void calls_without_a_handle(void) {
   int32_t number = 0;
   char buffer[10];
@@ -182,9 +207,11 @@ int main(int count, char** words) {
   orcussch_handle* handle = NULL;
   orcussch_handle* second = NULL;
   orcussch_options options;
+  if (count == 2) return without_a_display(words[1]);
   if (count != 3) return 2;
   EXPECT(strlen(orcussch_version()) > 0);
   creation_is_checked(words[1]);
+  creation_needs_the_main_thread(words[1]);
   calls_without_a_handle();
 
   options = options_for(words[1], words[2]);

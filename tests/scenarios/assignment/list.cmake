@@ -8,6 +8,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   assignment/display-of-taxes-stays
   assignment/key-words
   assignment/load-that-fails
+  assignment/marked-row-is-gone
   assignment/menu-selection-elsewhere
   assignment/next-type-code
   assignment/select-all-yields
@@ -15,8 +16,11 @@ list(APPEND ORCUSSCH_SCENARIOS
   assignment/select-taxes
   assignment/tax-list-orders-and-displays
   assignment/tax-list-without-rows
+  assignment/tax-work-table-missing
   assignment/taxes-of-the-customer
   assignment/tick-a-tax-by-hand
+  assignment/ticked-tax-is-gone
+  assignment/types-of-a-deleted-customer
   assignment/work-rows-of-an-instance
   assignment/work-table-missing
 )

@@ -22,6 +22,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/host-account-no-customers
   frame/keyboard
   frame/list-cannot-be-built
+  frame/load-that-fails
   frame/lookup-button
   frame/maintenance-only-hides-select
   frame/menus

@@ -1,0 +1,79 @@
+#include "unit/maintenance/screen_fixture.h"
+
+// Loads of the assignment lists that no click reaches: their tabs are closed without customers.
+namespace {
+
+using orcussch::frmCustMain;
+using platform::Value;
+
+std::vector<std::string> Shown(const platform::Grid& grid, int column) {
+  std::vector<std::string> texts;
+  const int field = grid.FieldIndexOf(column);
+  for (const platform::ListRow& row : grid.Data()->Window()->RowsAt(0, 100))
+    texts.push_back(grid.ShownText(column, row.cells[static_cast<std::size_t>(field)]));
+  return texts;
+}
+
+TEST_F(ScreenTest, WithoutCustomersAllTypesAreUnticked) {
+  AddRows(CustomerFile(), "DataCodes", {"Code", "Description"}, {{std::int16_t{1}, "Old"}, {std::int16_t{2}, "New"}});
+  AddRows(CustomerFile(), "CustCodes", {"AcctNum", "CustCodes"}, {{0, std::int16_t{1}}});
+  Serve([&](frmCustMain& screen) {
+    screen.LoadCustTypes();
+    screen.SQLData(5);
+    EXPECT_THAT(Shown(screen.grid[5], 1), testing::ElementsAre("New", "Old"));
+    EXPECT_THAT(Shown(screen.grid[5], 0), testing::ElementsAre("False", "False"));
+  });
+  EXPECT_THAT(Reports(), testing::IsEmpty());
+}
+
+TEST_F(ScreenTest, WithoutCustomersAllKeyWordsAreUnticked) {
+  AddRows(CustomerFile(), "Keywords", {"Keyword"}, {{"pool"}, {"boiler"}});
+  Serve([&](frmCustMain& screen) {
+    screen.LoadKeyWords();
+    screen.SQLData(6);
+    EXPECT_THAT(Shown(screen.grid[6], 1), testing::ElementsAre("boiler", "pool"));
+    EXPECT_THAT(Shown(screen.grid[6], 0), testing::ElementsAre("False", "False"));
+  });
+  EXPECT_THAT(Reports(), testing::IsEmpty());
+}
+
+TEST_F(ScreenTest, WithoutCustomersNoTaxIsTicked) {
+  AddRows(CustomerFile(), "TaxGrid", {"TaxID", "Description"}, {{1, "County"}});
+  Serve([&](frmCustMain& screen) {
+    screen.LoadTaxBasis(true);
+    EXPECT_THAT(Shown(screen.grdTaxBasis, 0), testing::ElementsAre("False"));
+    EXPECT_THAT(Shown(screen.grdTaxBasis, 1), testing::ElementsAre("County"));
+  });
+  EXPECT_THAT(Reports(), testing::IsEmpty());
+}
+
+TEST_F(ScreenTest, StatementOfAListWithoutCustomersAsksForAccountZero) {
+  Serve([&](frmCustMain& screen) {
+    screen.SQLData(2);
+    EXPECT_EQ(screen.data[2].RecordSource(), "Select * From Addresses WHERE (Customer=0) ORDER BY Addr1;");
+  });
+}
+
+TEST_F(ScreenTest, NextTypeCode) {
+  const auto next = [this] {
+    std::int16_t code = 0;
+    Serve([&](frmCustMain& screen) { code = screen.NextDataCode(); });
+    return code;
+  };
+  EXPECT_EQ(next(), 1) << "no types at all";
+  AddRows(CustomerFile(), "DataCodes", {"Code", "Description"}, {{std::int16_t{-1}, "a"}, {std::int16_t{0}, "b"}});
+  EXPECT_EQ(next(), 1) << "none above zero";
+  AddRows(CustomerFile(), "DataCodes", {"Code", "Description"}, {{std::int16_t{7}, "c"}, {std::int16_t{3}, "d"}});
+  EXPECT_EQ(next(), 8) << "behind the highest";
+  EXPECT_THAT(Reports(), testing::IsEmpty());
+}
+
+TEST_F(ScreenTest, NextTypeCodeBeyondTheGreatestIsReported) {
+  AddRows(CustomerFile(), "DataCodes", {"Code", "Description"}, {{std::int16_t{32767}, "last"}});
+  Serve([&](frmCustMain& screen) { EXPECT_EQ(screen.NextDataCode(), 0); });
+  ASSERT_EQ(log->records.size(), 1U);
+  EXPECT_EQ(log->records[0].module, "frmCustMain.NextDataCode");
+  EXPECT_EQ(log->records[0].number, 6);
+}
+
+}  // namespace

@@ -93,12 +93,12 @@ list(APPEND ORCUSSCH_SCENARIOS
   deletion/while-the-file-is-locked
   gridediting/adjustment-must-be-a-number
   gridediting/cell-is-written-at-once
+  gridediting/cell-while-the-file-is-locked
   gridediting/credit-card-cells
   gridediting/customer-cells-that-do-not-fit
   gridediting/phone-type-description
   gridediting/renaming-a-type
   gridediting/renaming-to-a-word-that-is-there
-  gridediting/row-gone-under-the-cell
   gridediting/tick-while-the-file-is-locked
   gridediting/ticking-a-type
   gridediting/ticking-and-renaming-a-key-word

@@ -85,7 +85,7 @@ void DesktopFrontEnd::Unloaded(platform::Form& form) {
   FormWindow* window = WindowOf(form);
   if (!window) return;
   window->Drop();
-  window->hide();
+  window->HideScreen();
   windows_.erase(&form);
 }
 

@@ -34,7 +34,7 @@ QRect ListHeader::HeadingRect(int column) const {
   const int left = list_.MarkerWidth() + columns.ShownLeft(*place, list_.HorizontalOffset());
   QRect rect(left, 0, columns.Width(column), height());
   if (!columns.IsFixed(*place)) rect.setLeft(std::max(rect.left(), list_.MarkerWidth() + columns.FixedWidth()));
-  return rect.width() > 0 ? rect & this->rect() : QRect();
+  return rect.isValid() ? rect & this->rect() : QRect();
 }
 
 void ListHeader::paintEvent(QPaintEvent*) {

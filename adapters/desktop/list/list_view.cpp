@@ -83,8 +83,7 @@ QRect ListView::CellRect(std::int64_t ordinal, int column) const {
   if (!place || top < 0 || top + rowHeight_ > viewport()->height()) return {};
   QRect rect(MarkerWidth() + columns_.ShownLeft(*place, HorizontalOffset()), static_cast<int>(top), columns_.Width(column), rowHeight_);
   if (!columns_.IsFixed(*place)) rect.setLeft(std::max(rect.left(), MarkerWidth() + columns_.FixedWidth()));
-  rect &= viewport()->rect();
-  return rect.width() > 0 ? rect : QRect();
+  return rect.isValid() ? rect & viewport()->rect() : QRect();
 }
 
 QRect ListView::MarkerRect(std::int64_t ordinal) const {

@@ -40,6 +40,8 @@ void ListView::HeadClicked(int column) {
 
 void ListView::keyPressEvent(QKeyEvent* event) {
   event->accept();
+  if (!grid_) return;
+  Sync();
   if (!grid_ || MoveKey(*event) || CellKey(*event) || MarkKey(*event) || TypingKey(event)) return;
   event->ignore();
 }

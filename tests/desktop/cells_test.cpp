@@ -1,0 +1,132 @@
+#include "desktop/hands/input.h"
+#include "desktop/list/cell_editor.h"
+#include "desktop/list/list_view.h"
+#include "desktop/support/desk.h"
+
+namespace desktop_test {
+namespace {
+
+namespace input = desktop::input;
+
+class Cells : public Desk {
+ protected:
+  void SetUp() override {
+    OpenList(100);
+    screen->grid.BeforeColUpdate = [this](int, const platform::Value& old, bool& cancel) {
+      screen->seen.push_back("BeforeColUpdate");
+      if (!refuse) return;
+      cancel = true;
+      screen->grid.ColumnValue(column::Name, old);
+    };
+    screen->grid.AfterColUpdate = [this](int) { screen->seen.push_back("AfterColUpdate"); };
+  }
+  desktop::ListView& List() {
+    auto& list = Widget<desktop::ListView>("grid");
+    list.Sync();
+    return list;
+  }
+  std::string Name() { return screen->grid.ShownText(column::Name, screen->grid.ColumnValue(column::Name)); }
+  bool refuse = false;
+};
+
+TEST_F(Cells, ADoubleClickOpensTypesAndTakes) {
+  hands->Cell(screen->grid, column::Name, "New name");
+  EXPECT_EQ(Name(), "New name");
+  EXPECT_TRUE(screen->grid.DataChanged());
+  EXPECT_EQ(List().Editor(), nullptr);
+  EXPECT_TRUE(Saw("AfterColUpdate"));
+  EXPECT_EQ(table.updates, 0);
+  hands->LeaveRow(screen->grid);
+  EXPECT_EQ(table.updates, 1);
+  EXPECT_FALSE(screen->grid.DataChanged());
+}
+
+TEST_F(Cells, UnchangedTextFiresNothing) {
+  hands->Cell(screen->grid, column::Name, "Name 1");
+  EXPECT_FALSE(Saw("BeforeColUpdate"));
+}
+
+TEST_F(Cells, ARefusedCellStaysOpenOnItsOldValueTillEscape) {
+  refuse = true;
+  hands->Cell(screen->grid, column::Name, "");
+  ASSERT_NE(List().Editor(), nullptr);
+  EXPECT_EQ(List().Editor()->text(), "Name 1");
+  EXPECT_EQ(screen->grid.OpenCell(), column::Name);
+  hands->Key(screen->grid, "Escape");
+  List();
+  EXPECT_EQ(screen->grid.OpenCell(), std::nullopt);
+  EXPECT_EQ(List().Editor(), nullptr);
+}
+
+TEST_F(Cells, AClosedColumnDoesNotOpen) {
+  hands->Cell(screen->grid, column::Amount, "5");
+  EXPECT_EQ(screen->grid.OpenCell(), std::nullopt);
+  EXPECT_FALSE(Saw("BeforeColUpdate"));
+}
+
+TEST_F(Cells, ACheckIsClicked) {
+  EXPECT_EQ(screen->grid.ColumnValue(column::Member), platform::Value(true));
+  hands->Cell(screen->grid, column::Member, "True");
+  EXPECT_FALSE(Saw("BeforeColUpdate"));
+  hands->Cell(screen->grid, column::Member, "False");
+  EXPECT_EQ(screen->grid.ColumnValue(column::Member), platform::Value(false));
+}
+
+TEST_F(Cells, AValueListTakesItsShownText) {
+  hands->Cell(screen->grid, column::Grade, "Second");
+  EXPECT_EQ(screen->grid.ColumnValue(column::Grade), platform::Value("B"));
+}
+
+TEST_F(Cells, TypingOpensTheCellAndReplaces) {
+  hands->Focus(screen->grid);
+  input::Type(*window, "Z");
+  Process();
+  List();
+  ASSERT_NE(List().Editor(), nullptr);
+  input::Type(*window, "ed");
+  input::Key(*window, Qt::Key_Return, Qt::NoModifier, "\r");
+  Process();
+  EXPECT_EQ(Name(), "Zed");
+}
+
+TEST_F(Cells, EscapeDropsWhatWasTyped) {
+  hands->Focus(screen->grid);
+  input::Type(*window, "Z");
+  Process();
+  input::Key(*window, Qt::Key_Escape, Qt::NoModifier);
+  Process();
+  EXPECT_EQ(Name(), "Name 1");
+  EXPECT_FALSE(screen->grid.DataChanged());
+}
+
+TEST_F(Cells, AnotherRowTakesTheCellFirst) {
+  hands->Focus(screen->grid);
+  input::Type(*window, "Z");
+  Process();
+  hands->Row(screen->grid, screen->data.Window()->RowsAt(5, 1).front().bookmark);
+  EXPECT_EQ(table.updates, 1);
+  EXPECT_EQ(screen->grid.ColumnValue(column::Number), platform::Value(6));
+}
+
+TEST_F(Cells, AnotherControlTakesTheCellBeforeTheListLosesTheFocus) {
+  std::vector<std::string> order;
+  screen->grid.AfterColUpdate = [&](int) { order.push_back("cell"); };
+  screen->grid.LostFocus = [&] { order.push_back("lost"); };
+  hands->Focus(screen->grid);
+  input::Type(*window, "Z");
+  Process();
+  hands->Click(screen->txtSearch);
+  EXPECT_EQ(order, (std::vector<std::string>{"cell", "lost"}));
+}
+
+TEST_F(Cells, ARefusedCellKeepsTheFocus) {
+  refuse = true;
+  hands->Focus(screen->grid);
+  input::Type(*window, "Z");
+  Process();
+  hands->Click(screen->txtSearch);
+  EXPECT_EQ(screen->Focus(), &screen->grid);
+}
+
+}  // namespace
+}  // namespace desktop_test

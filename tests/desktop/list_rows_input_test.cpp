@@ -1,0 +1,159 @@
+#include <QApplication>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include "desktop/hands/input.h"
+#include "desktop/list/list_header.h"
+#include "desktop/list/list_view.h"
+#include "desktop/support/desk.h"
+
+namespace desktop_test {
+namespace {
+
+namespace input = desktop::input;
+constexpr std::int64_t kFiveMillion = 5'000'000;
+
+class Rows : public Desk {
+ protected:
+  desktop::ListView& List() {
+    auto& list = Widget<desktop::ListView>("grid");
+    list.Sync();
+    return list;
+  }
+  std::int32_t Current() { return screen->grid.ColumnValue(column::Number).As<std::int32_t>(); }
+  platform::Bookmark Mark(std::int64_t row) { return screen->data.Window()->RowsAt(row, 1).front().bookmark; }
+  bool Shown(std::int64_t row) { return !List().CellRect(row, column::Number).isEmpty(); }
+  std::vector<std::string> Marked() {
+    std::vector<std::string> keys;
+    for (int i = 0; i < screen->grid.SelBookmarks.Count(); ++i) keys.push_back(screen->grid.SelBookmarks.Item(i).key);
+    return keys;
+  }
+};
+
+TEST_F(Rows, ArrowAndPageKeysMoveTheCurrentRow) {
+  OpenList(kFiveMillion);
+  hands->Key(screen->grid, "Down");
+  EXPECT_EQ(Current(), 2);
+  hands->Key(screen->grid, "PageDown");
+  const int page = List().WholeRowsShown() - 1;
+  EXPECT_EQ(Current(), 2 + page);
+  hands->Key(screen->grid, "PageUp");
+  EXPECT_EQ(Current(), 2);
+  hands->Key(screen->grid, "Up");
+  EXPECT_EQ(Current(), 1);
+}
+
+TEST_F(Rows, HomeAndEndGoToTheEndsAndShowThem) {
+  OpenList(kFiveMillion);
+  hands->Key(screen->grid, "End");
+  EXPECT_EQ(Current(), kFiveMillion);
+  EXPECT_TRUE(Shown(kFiveMillion - 1));
+  hands->Key(screen->grid, "Ctrl+Home");
+  EXPECT_EQ(Current(), 1);
+  EXPECT_TRUE(Shown(0));
+}
+
+TEST_F(Rows, ARowThatCodeFindsComesIntoView) {
+  OpenList(kFiveMillion);
+  screen->data.Recordset().FindFirst("[Number]=3141592");
+  EXPECT_TRUE(Shown(3'141'591));
+}
+
+TEST_F(Rows, AClickMakesARowCurrentWhereverItIs) {
+  OpenList(kFiveMillion);
+  hands->Row(screen->grid, Mark(1'234'567));
+  EXPECT_EQ(Current(), 1'234'568);
+  EXPECT_EQ(screen->Focus(), &screen->grid);
+  EXPECT_EQ(screen->grid.SelBookmarks.Count(), 0);
+}
+
+TEST_F(Rows, WheelAndBarScrollWithoutMovingTheRow) {
+  OpenList(kFiveMillion);
+  desktop::ListView& list = List();
+  QWheelEvent wheel({50, 50}, list.mapToGlobal(QPointF(50, 50)), {}, {0, -240}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(list.viewport(), &wheel);
+  EXPECT_GT(list.FirstShown(), 0);
+  list.verticalScrollBar()->setValue(list.verticalScrollBar()->maximum());
+  list.viewport()->repaint();
+  EXPECT_TRUE(Shown(kFiveMillion - 1));
+  EXPECT_EQ(Current(), 1);
+  EXPECT_LE(list.Rows().Held(), desktop::ListRows::kMost);
+}
+
+TEST_F(Rows, AMarkerClickMarksAloneControlAddsShiftTakesARange) {
+  OpenList(50);
+  hands->Mark(screen->grid, {Mark(2)});
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"2"}));
+  EXPECT_EQ(Current(), 1) << "the current row stays";
+  hands->Mark(screen->grid, {Mark(5), Mark(1)});
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"5", "1"}));
+  input::Click(*List().viewport(), List().MarkerRect(4).center(), Qt::ShiftModifier);
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"1", "2", "3", "4"}));
+  hands->Mark(screen->grid, {});
+  EXPECT_TRUE(Marked().empty());
+  EXPECT_TRUE(Saw("SelChange"));
+}
+
+TEST_F(Rows, InsertMarksAndGoesOn) {
+  OpenList(50);
+  hands->Key(screen->grid, "Insert");
+  hands->Key(screen->grid, "Insert");
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"0", "1"}));
+  EXPECT_EQ(Current(), 3);
+}
+
+TEST_F(Rows, ARefusedSelectionChangeMarksNothing) {
+  OpenList(50);
+  screen->grid.SelChange = [](bool& cancel) { cancel = true; };
+  hands->Mark(screen->grid, {Mark(2)});
+  EXPECT_TRUE(Marked().empty());
+}
+
+TEST_F(Rows, AListThatDoesNotMarkHasNoMarkers) {
+  OpenList(50);
+  List().setProperty("marksRows", false);
+  EXPECT_EQ(List().MarkerWidth(), 0);
+  hands->Key(screen->grid, "Insert");
+  EXPECT_TRUE(Marked().empty());
+}
+
+TEST_F(Rows, ARebuiltListForgetsMarksAndStandsOnItsRow) {
+  OpenList(kFiveMillion);
+  hands->Mark(screen->grid, {Mark(2)});
+  hands->Key(screen->grid, "End");
+  screen->data.Refresh();
+  Process();
+  EXPECT_TRUE(Marked().empty());
+  EXPECT_EQ(Current(), 1);
+  EXPECT_TRUE(Shown(0));
+}
+
+TEST_F(Rows, WhileTheEngineCountsTheListWorksAndThenKnows) {
+  table.counted = false;
+  table.slicesToCount = 5;
+  table.estimate = 1'000'000;
+  OpenList(kFiveMillion);
+  screen->data.Recordset().FindFirst("[Number]=4000000");
+  List();
+  for (int i = 0; i < 50 && !table.counted; ++i) Process();
+  EXPECT_TRUE(table.counted) << "idle time runs the slices";
+  for (int i = 0; i < 5; ++i) Process();
+  EXPECT_EQ(List().Rows().Count(), kFiveMillion);
+  EXPECT_TRUE(Shown(3'999'999));
+}
+
+TEST_F(Rows, IdleWorkWaitsWhileAHandlerRuns) {
+  table.counted = false;
+  table.slicesToCount = 3;
+  OpenList(1000);
+  table.counted = false;
+  table.slicesToCount = 3;
+  front->Shared().WakeIdle();
+  screen->Act([&] {
+    for (int i = 0; i < 10; ++i) app->DoEvents();
+  });
+  EXPECT_EQ(table.slicesToCount, 3);
+}
+
+}  // namespace
+}  // namespace desktop_test

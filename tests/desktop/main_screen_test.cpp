@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QGroupBox>
+#include <QLabel>
+#include <QRegularExpression>
+#include <QStackedWidget>
+#include <QToolBar>
+#include <set>
+
+#include "desktop/binding/binder.h"
+#include "desktop/front_end.h"
+#include "desktop/list/list_view.h"
+#include "desktop/support/fake_rows.h"
+#include "maintenance/frmCustMain.h"
+#include "session/ModCustSch.h"
+#include "suite/operating_system.h"
+
+namespace desktop_test {
+namespace {
+
+/// The main screen's window without a company behind it: layout alone.
+class MainScreen : public testing::Test {
+ protected:
+  MainScreen() {
+    platform::ApplicationParts parts;
+    parts.engine = std::make_unique<FakeEngine>(table);
+    parts.system = suite::MakeNativeSystem("/tmp");
+    auto made = std::make_unique<desktop::DesktopFrontEnd>(desktop::DesktopOptions{});
+    front = made.get();
+    parts.frontEnd = std::move(made);
+    app = std::make_unique<platform::Application>(std::move(parts));
+    orcussch::AttachApplication(app.get());
+    screen = std::make_unique<orcussch::frmCustMain>();
+    front->Loaded(*screen);
+    window = front->WindowOf(*screen);
+  }
+  ~MainScreen() override {
+    front->Unloaded(*screen);
+    screen.reset();
+    orcussch::AttachApplication(nullptr);
+    app.reset();
+  }
+
+  void ShowPage(int tab, int page) {
+    auto* pages = window->findChild<QStackedWidget*>("SSIndexTab1_pages");
+    pages->setCurrentWidget(window->findChild<QWidget*>(QString("tab_%1_page_%2").arg(tab).arg(page)));
+    QApplication::processEvents();
+  }
+  void ShowAt(const QSize& size) {
+    window->resize(size);
+    window->show();
+    QApplication::processEvents();
+  }
+
+  FakeTable table;
+  desktop::DesktopFrontEnd* front = nullptr;
+  std::unique_ptr<platform::Application> app;
+  std::unique_ptr<orcussch::frmCustMain> screen;
+  desktop::FormWindow* window = nullptr;
+};
+
+TEST_F(MainScreen, EveryControlHasItsWidgetOfTheRightClass) {
+  for (platform::Control* control : screen->Controls()) {
+    if (!desktop::HasWidget(*control)) continue;
+    EXPECT_NE(window->BindingOf(*control), nullptr) << control->FullName();
+  }
+}
+
+TEST_F(MainScreen, EveryWidgetThatIsNamedLikeAControlHasItsControl) {
+  static const QRegularExpression controlName(
+      "^(txt|lbl|cbo|opt|chk|cmd|fra[A-Z]|grid|grd|SSPanel|SSIndexTab1$|Toolbar|StatusBar|mi|mnu|tb_)");
+  std::set<QString> known;
+  for (const platform::Control* control : screen->Controls()) known.insert(desktop::WidgetName(*control));
+  int named = 0;
+  for (const QObject* child : window->findChildren<QObject*>()) {
+    if (!controlName.match(child->objectName()).hasMatch()) continue;
+    ++named;
+    EXPECT_EQ(known.count(child->objectName()), 1u) << child->objectName().toStdString();
+  }
+  EXPECT_GT(named, 150);
+}
+
+TEST_F(MainScreen, NoTwoWidgetsBearOneName) {
+  std::set<QString> names;
+  for (const QWidget* widget : window->findChildren<QWidget*>()) {
+    const QString name = widget->objectName();
+    if (name.isEmpty() || name.startsWith("qt_") || name.startsWith("Scroll")) continue;
+    EXPECT_TRUE(names.insert(name).second) << name.toStdString();
+  }
+}
+
+TEST_F(MainScreen, EveryInputHasANameForTheBlind) {
+  for (const auto& binding : window->Bindings()) {
+    if (!binding->Widget() || !binding->Model().TakesFocus() || dynamic_cast<platform::Grid*>(&binding->Model())) continue;
+    const auto* button = qobject_cast<QAbstractButton*>(binding->Widget());
+    const bool named = !binding->Widget()->accessibleName().isEmpty() || (button && !button->text().isEmpty());
+    EXPECT_TRUE(named) << binding->Model().FullName();
+  }
+  EXPECT_EQ(window->findChild<QWidget*>("txtLastName")->accessibleName(), "Last Name");
+  EXPECT_EQ(window->findChild<QWidget*>("txtSearch_0")->accessibleName(), "Customer Last Name");
+}
+
+TEST_F(MainScreen, EveryToolbarKeyHasItsOwnDrawing) {
+  std::set<QByteArray> drawings;
+  for (const auto& key : screen->Toolbar1.Keys()) {
+    QFile file(QString(":/desktop/icons/%1.svg").arg(QString::fromStdString(key.key)));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << key.key;
+    EXPECT_TRUE(drawings.insert(file.readAll()).second) << key.key << " looks like another key";
+    auto* action = window->findChild<QAction*>(QString::fromStdString(key.key));
+    ASSERT_NE(action, nullptr) << key.key;
+    EXPECT_FALSE(action->icon().isNull()) << key.key;
+    EXPECT_EQ(action->toolTip().toStdString(), key.toolTip);
+  }
+  EXPECT_EQ(drawings.size(), 23u);
+}
+
+TEST_F(MainScreen, ListsKnowTheirSearchBoxesAndMarks) {
+  for (int tab = 0; tab < 7; ++tab) {
+    const auto* list = window->findChild<desktop::ListView*>(QString("grid_%1").arg(tab));
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->property("searchBox").toString(), QString("txtSearch_%1").arg(tab));
+    EXPECT_EQ(window->findChild<QWidget*>(QString("txtSearch_%1").arg(tab))->property("searchesIn").toString(), list->objectName());
+    EXPECT_EQ(list->MarksRows(), tab > 4) << tab;
+  }
+  EXPECT_TRUE(window->findChild<desktop::ListView*>("grdTaxBasis")->MarksRows());
+  EXPECT_EQ(window->findChild<desktop::ListView*>("grid_0")->property("fixedColumns").toInt(), 3);
+}
+
+/// At the smallest screen no text of any page is cut and nothing reaches beyond the window.
+TEST_F(MainScreen, NoTextIsClippedOnASmallScreen) {
+  ShowAt({1024, 768});
+  EXPECT_LE(window->minimumSizeHint().width(), 1024);
+  for (const QWidget* page :
+       window->findChild<QStackedWidget*>("SSIndexTab1_pages")->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+    EXPECT_LE(page->minimumSizeHint().width(), 1000) << page->objectName().toStdString();
+  for (const QWidget* bar : {window->findChild<QWidget*>("Toolbar1"), window->findChild<QWidget*>("SSIndexTab1")})
+    EXPECT_LE(bar->minimumSizeHint().width(), 1010) << bar->objectName().toStdString();
+  EXPECT_LE(window->minimumSizeHint().height(), 700);
+  for (int tab = 0; tab < 7; ++tab) {
+    for (int page = 0; page < 2; ++page) {
+      ShowPage(tab, page);
+      for (const QWidget* widget : window->findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const auto* button = qobject_cast<const QAbstractButton*>(widget);
+        const bool counts =
+            widget->isVisible() && ((label && !label->text().isEmpty() && label->sizePolicy().horizontalPolicy() != QSizePolicy::Ignored) ||
+                                    (button && !button->text().isEmpty() && button->parentWidget()->objectName() != "Toolbar1"));
+        if (!counts) continue;
+        const bool sign = widget->objectName() == "cmdPlusMinus";  // one character on a small button
+        const int needed = sign ? widget->fontMetrics().horizontalAdvance("+") + 12 : widget->sizeHint().width() - 1;
+        EXPECT_GE(widget->width(), needed) << tab << "/" << page << " " << widget->objectName().toStdString();
+        EXPECT_GE(widget->height(), widget->sizeHint().height() - 3) << tab << "/" << page << " " << widget->objectName().toStdString();
+      }
+      for (const QGroupBox* group : window->findChildren<QGroupBox*>()) {
+        if (!group->isVisible()) continue;
+        EXPECT_GE(group->width(), group->fontMetrics().horizontalAdvance(group->title())) << group->objectName().toStdString();
+      }
+    }
+  }
+}
+
+TEST_F(MainScreen, TheCommentTakesTheRoomOfWhatItHides) {
+  ShowAt({1180, 760});
+  ShowPage(0, 1);
+  auto* comment = window->findChild<QWidget*>("fraComment");
+  const int before = comment->height();
+  for (platform::Control* control :
+       std::initializer_list<platform::Control*>{&screen->fraStatus, &screen->fraBillingStatus, &screen->fraTaxBasis, &screen->fraTax,
+                                                 &screen->chkAgeMethod, &screen->chkOmitFinChg})
+    window->BindingOf(*control)->Widget()->setVisible(false);
+  QApplication::processEvents();
+  EXPECT_GT(comment->height(), before * 2);
+}
+
+}  // namespace
+}  // namespace desktop_test

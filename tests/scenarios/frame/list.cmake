@@ -19,6 +19,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/exit
   frame/find-key-after-editing
   frame/first-customer-opens-tabs
+  frame/guard-of-save-and-delete
   frame/host-account-no-customers
   frame/keyboard
   frame/list-cannot-be-built
@@ -26,6 +27,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/lookup-button
   frame/maintenance-only-hides-select
   frame/menus
+  frame/no-customers-left
   frame/non-billable-after-save
   frame/phone-follows-new-customer
   frame/phone-follows-refused-save

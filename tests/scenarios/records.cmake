@@ -109,6 +109,9 @@ list(APPEND ORCUSSCH_SCENARIOS
   twousers/file-locked-while-saving
   twousers/last-save-wins-field-by-field
   twousers/same-box-ticked-twice
+  twousers/second-program-changes-the-row
+  twousers/second-program-deletes-the-row
+  twousers/second-program-ticks-the-same-box
   twousers/sub-records-while-the-file-is-locked
   twousers/types-added-by-both
 )

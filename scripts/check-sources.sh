@@ -65,23 +65,14 @@ rows=$(git grep -nIE '/(home|root|work|tmp)/[a-z]+/' -- '*.cpp' '*.h' '*.cmake' 
 [ -n "$rows" ] && complain "Paths of one machine:
 $rows"
 
-# 4. Sources that no CMakeLists.txt names are never built.
+# 4. Sources that no CMakeLists.txt or list names are never built.
+named=$(list '*CMakeLists.txt' '*.cmake' | xargs cat | tr -s ' ()\t' '\n' | sed 's|.*/||' | sort -u)
 for file in $(list 'src/*.cpp' 'adapters/*.cpp' 'apps/*.cpp' 'tests/*.cpp' 'bench/*.cpp'); do
-  name=$(basename "$file")
-  dir=$(dirname "$file")
-  found=0
-  while [ "$dir" != "." ]; do
-    if [ -f "$dir/CMakeLists.txt" ] && grep -qF "$name" "$dir/CMakeLists.txt"; then
-      found=1
-      break
-    fi
-    dir=$(dirname "$dir")
-  done
-  [ $found = 1 ] || complain "$file is not built"
+  printf '%s\n' "$named" | grep -qxF "$(basename "$file")" || complain "$file is not built"
 done
 
 # 5. Raw new and delete.
-rows=$(git grep -nE '(=|return|\() *new [A-Za-z_:]+' -- 'src/*.cpp' 'src/*.h' 'adapters/engine/*' 'adapters/robot/*' 'adapters/suite/*' 'apps/*')
+rows=$(git grep -nE '(=|return|\() *new [A-Z][A-Za-z_:]+[({;]' -- 'src/*.cpp' 'src/*.h' 'adapters/engine/*' 'adapters/robot/*' 'adapters/suite/*' 'apps/*')
 [ -n "$rows" ] && complain "Raw new outside of the toolkit:
 $rows"
 

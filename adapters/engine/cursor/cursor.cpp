@@ -163,6 +163,7 @@ void Cursor::Edit() {
 
 void Cursor::Update() {
   if (editor_.Mode() == EditMode::None) throw errors::UpdateWithoutEdit();
+  list_->Settle();
   if (editor_.Mode() == EditMode::Add) {
     const Place added = list_->Added(editor_.Insert());
     lastModified_ = BookmarkKey(added);

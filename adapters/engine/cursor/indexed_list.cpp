@@ -11,6 +11,13 @@ namespace {
 constexpr std::size_t keptSegments = 6;
 constexpr std::int64_t longestPage = 128;
 
+std::int64_t RowKeyIn(const std::string& bookmark) {
+  std::int64_t rowKey = 0;
+  if (bookmark.size() != sizeof(rowKey)) throw errors::BadBookmark();
+  std::memcpy(&rowKey, bookmark.data(), sizeof(rowKey));
+  return rowKey;
+}
+
 }  // namespace
 
 IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape)
@@ -58,7 +65,7 @@ bool IndexedList::TakeEnd(Place& place, bool forward) {
   const Segment* segment = SegmentAtEnd(forward);
   if (segment == nullptr) {
     run_ = 0;
-    segment = &ReadSegment(nullptr, forward, shape_.firstPage);
+    segment = &ReadSegment(nullptr, forward, 1);
   }
   if (segment->page->Rows() == 0) return false;
   SetPlace(place, *segment, forward ? 0 : segment->page->Rows() - 1);
@@ -250,7 +257,7 @@ int IndexedList::ComparePlaces(const Place& left, const Place& right) const {
 bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
   Segment single;
   auto page = NewPage();
-  if (!walker_.ReadRow(rowKey, false, [&](const Query& row) {
+  if (!walker_.ReadRow(rowKey, [&](const Query& row) {
         AppendRow(row, *page);
         return true;
       }))
@@ -265,6 +272,17 @@ bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
   return true;
 }
 
+bool IndexedList::PlaceByKey(std::int64_t rowKey, Place& place) {
+  auto now = walker_.PlaceOfRow(rowKey);
+  if (!now) return false;
+  const auto pinned = pinned_.find(rowKey);
+  place = {};
+  place.keys.assign(1, rowKey);
+  place.order = pinned == pinned_.end() ? std::move(now->values) : pinned->second.place.values;
+  place.added = pinned == pinned_.end() ? 0 : pinned->second.added;
+  return true;
+}
+
 // ---- bookmarks
 
 std::string IndexedList::KeyOf(const Place& place) const {
@@ -274,13 +292,12 @@ std::string IndexedList::KeyOf(const Place& place) const {
 }
 
 Place IndexedList::PlaceOf(const std::string& key) {
-  if (key.size() != sizeof(std::int64_t)) throw errors::BadBookmark();
-  std::int64_t rowKey = 0;
-  std::memcpy(&rowKey, key.data(), sizeof(rowKey));
   Place place;
-  if (!RowByKey(rowKey, place)) throw errors::RecordDeleted();
+  if (!RowByKey(RowKeyIn(key), place)) throw errors::RecordDeleted();
   return place;
 }
+
+bool IndexedList::WindowPlace(const std::string& key, Place& place) { return PlaceByKey(RowKeyIn(key), place); }
 
 bool IndexedList::Find(std::string_view criterion, const Place* after, Place& found) { return search_.Find(criterion, after, found); }
 
@@ -326,7 +343,7 @@ std::int64_t IndexedList::RowsReached() {
   Place place;
   DropStalePages(true);
   const Segment* start = SegmentAtEnd(true);
-  if (start == nullptr) start = &ReadSegment(nullptr, true, shape_.firstPage);
+  if (start == nullptr) start = &ReadSegment(nullptr, true, 1);
   return start->page->Rows() == 0 ? 0 : std::max<std::int64_t>(1, reached_);
 }
 
@@ -337,10 +354,9 @@ std::int64_t IndexedList::CountNow() {
   std::int64_t count = walker_.CountAll();
   // A row that keeps its place counts, whatever the filter says of it now.
   for (const std::int64_t rowKey : PinnedRows()) {
-    const auto ignore = [](const Query&) { return true; };
-    if (!walker_.ReadRow(rowKey, false, ignore))
+    if (!walker_.PlaceOfRow(rowKey))
       pinned_.erase(rowKey);
-    else if (!walker_.ReadRow(rowKey, true, ignore))
+    else if (!walker_.InFilter(rowKey))
       ++count;
   }
   oneState.Commit();
@@ -359,20 +375,29 @@ bool IndexedList::CountIsExact() { return count_ && countVersion_ == Source().Ve
 // Row keys are given in a row, so their span is near the number of rows that there ever were.
 std::int64_t IndexedList::Estimate() {
   const PlanTable& table = Source().Plan().tables.front();
-  Query query(Source().Store(),
-              "SELECT max(" + table.table->rowKey + ") - min(" + table.table->rowKey + ") + 1 FROM " + table.table->storeName);
+  Query query(Source().Store(), "SELECT (SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName + ") - (SELECT min(" +
+                                    table.table->rowKey + ") FROM " + table.table->storeName + ") + 1");
   return query.Step() && !query.IsNull(0) ? query.Int(0) : 0;
 }
 
 bool IndexedList::IdleSlice() {
   const std::uint64_t version = Source().Version();
   const bool counted = count_ && countVersion_ == version;
-  if (!counted && Source().Plan().where.empty()) {
+  // A table that the store counts within a slice; larger ones are counted by their fences.
+  constexpr std::int64_t quicklyCounted = 200'000;
+  if (!counted && Source().Plan().where.empty() && Estimate() <= quicklyCounted) {
     CountNow();
     return true;
   }
   const bool more = fences_.Slice(version);
-  if (!more && !counted && Source().Version() == version) CountNow();
+  if (!more && !counted && Source().Version() == version) {
+    if (pinned_.empty()) {
+      count_ = fences_.Rows();
+      countVersion_ = version;
+    } else {
+      CountNow();
+    }
+  }
   return more;
 }
 
@@ -381,36 +406,28 @@ std::int64_t IndexedList::RowsOffset(const OrderPlace& place) {
   if (const auto ordinal = fences_.OrdinalOf(place)) return *ordinal;
   const std::int64_t below = walker_.CountBelow(place);
   if (forward_ == Direction::Up) return below;
-  bool there = false;
-  walker_.ReadRow(place.rowKey, true, [&](const Query& row) {
-    there = walker_.Compare(walker_.PlaceAt(row, false), place) == 0;
-    return true;
-  });
+  const auto now = walker_.InFilter(place.rowKey) ? walker_.PlaceOfRow(place.rowKey) : std::nullopt;
+  const bool there = now && walker_.Compare(*now, place) == 0;
   return walker_.CountAll() - below - (there ? 1 : 0);
 }
 
 std::optional<std::int64_t> IndexedList::OrdinalOf(const Place& place) {
-  Place now;
-  if (!RowByKey(place.keys[0], now)) return {};
-  if (now.added > 0) {
-    std::int64_t behind = 0;
-    for (const auto& [rowKey, pinned] : pinned_)
-      if (pinned.added > now.added) ++behind;
+  if (place.added > 0) {
+    const auto behind = std::ranges::count_if(pinned_, [&](const auto& entry) { return entry.second.added > place.added; });
     return CountNow() - 1 - behind;
   }
-  const OrderPlace here = OrderOf(now);
+  if (!IsPinned(place.keys[0]) && !walker_.InFilter(place.keys[0])) return {};
+  const OrderPlace here = OrderOf(place);
   std::int64_t ordinal = RowsOffset(here);
   // Rows that keep their places are counted where they stand in the list, not where the table has them.
+  const auto standsBefore = [&](const OrderPlace& other) {
+    const int order = walker_.Compare(other, here);
+    return forward_ == Direction::Up ? order < 0 : order > 0;
+  };
   for (const auto& [rowKey, pinned] : pinned_) {
-    const auto signedOrder = [&](const OrderPlace& other) {
-      const int order = walker_.Compare(other, here);
-      return forward_ == Direction::Up ? order : -order;
-    };
-    walker_.ReadRow(rowKey, true, [&](const Query& row) {
-      if (signedOrder(walker_.PlaceAt(row, false)) < 0) --ordinal;
-      return true;
-    });
-    if (pinned.added == 0 && rowKey != here.rowKey && signedOrder(pinned.place) < 0) ++ordinal;
+    const auto now = walker_.PlaceOfRow(rowKey);
+    if (now && walker_.InFilter(rowKey) && standsBefore(*now)) --ordinal;
+    if (now && pinned.added == 0 && rowKey != here.rowKey && standsBefore(pinned.place)) ++ordinal;
   }
   return ordinal;
 }
@@ -430,12 +447,18 @@ bool IndexedList::At(std::int64_t ordinal, Place& place) {
       return true;
     });
   }
-  if (pinned_.empty()) return raw && RowByKey(raw->rowKey, place);
+  if (pinned_.empty()) {
+    if (!raw) return false;
+    place = {};
+    place.keys.assign(1, raw->rowKey);
+    place.order = std::move(raw->values);
+    return true;
+  }
   // The number is that of the table's order: a few steps lead to the list's own.
   Place found;
-  if (!(raw && RowByKey(raw->rowKey, found)) && !Last(found)) return false;
+  if (!(raw && PlaceByKey(raw->rowKey, found)) && !Last(found)) return false;
   for (auto at = OrdinalOf(found); at && *at != ordinal; at = OrdinalOf(found))
-    if (*at < ordinal ? !Step(found, true) : !Step(found, false)) return false;
+    if (!Step(found, *at < ordinal)) return false;
   place = found;
   place.ordinal = -1;
   return true;

@@ -27,7 +27,6 @@ class IndexedList final : public RowList {
     bool descending = false;
     std::string index;        ///< the index that has this order, "" for the row key or the store's choice
     bool keepsPlaces = true;  ///< a dynaset
-    int firstPage = 64;       ///< rows read at once at an end of the list
   };
   IndexedList(std::shared_ptr<RowSource> source, Shape shape);
 
@@ -41,6 +40,7 @@ class IndexedList final : public RowList {
   bool Previous(Place& place) override;
   std::string KeyOf(const Place& place) const override;
   Place PlaceOf(const std::string& key) override;
+  bool WindowPlace(const std::string& key, Place& place) override;
   bool Find(std::string_view criterion, const Place* after, Place& found) override;
   std::int64_t RowsReached() override;
   Place Added(const std::vector<std::int64_t>& keys) override;
@@ -55,6 +55,8 @@ class IndexedList final : public RowList {
 
   /// The row with that key at the place that the list gives it; false when it is gone.
   bool RowByKey(std::int64_t rowKey, Place& place);
+  /// The same without the row.
+  bool PlaceByKey(std::int64_t rowKey, Place& place);
   /// Behind (1), on (0) or before (-1) in list order.
   int ComparePlaces(const Place& left, const Place& right) const;
   /// Rows that stand elsewhere than the index has them.

@@ -65,12 +65,11 @@ bool IndexedSearch::ByRowKey(const Place* after, Place& found) {
   const Value& wanted = plan_.shape.value;
   if (wanted.Kind() != platform::ValueKind::Long) return ByRows(after, found);
   const std::int64_t rowKey = wanted.As<std::int32_t>();
-  if (!list_.Source().Test(&rowKey, test_)) return false;
   Place place;
-  const bool pinned = list_.IsPinned(rowKey);
-  const bool inFilter = pinned || list_.Walker().ReadRow(rowKey, true, [](const Query&) { return true; });
-  if (!inFilter || !list_.RowByKey(rowKey, place)) return false;
+  if (!list_.RowByKey(rowKey, place)) return false;
+  if (!list_.IsPinned(rowKey) && !list_.Walker().InFilter(rowKey)) return false;
   if (after != nullptr && list_.ComparePlaces(place, *after) <= 0) return false;
+  if (!list_.Source().Test(&rowKey, test_)) return false;
   found = std::move(place);
   return true;
 }

@@ -66,7 +66,8 @@ bool WalkFeed::More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPage
 std::int64_t WalkFeed::Estimate() {
   const PlanTable& table = source_.Plan().tables.front();
   return source_.Store()
-      .AskNumber("SELECT max(" + table.table->rowKey + ") - min(" + table.table->rowKey + ") + 1 FROM " + table.table->storeName)
+      .AskNumber("SELECT (SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName + ") - (SELECT min(" +
+                 table.table->rowKey + ") FROM " + table.table->storeName + ") + 1")
       .value_or(0);
 }
 
@@ -86,15 +87,16 @@ void SortedFeed::Collect() {
                                                 (plan.where.empty() ? " NOT INDEXED" : " WHERE " + plan.where)));
   std::int64_t rows = 0;
   while (query.Step()) {
-    entries_.push_back({OrderPrefix(order_.type, query.Read(0, order_.type)), query.Int(1)});
+    const platform::Value value = query.Read(0, order_.type);
+    entries_.emplace_back(OrderPrefix(order_.type, value), query.Int(1), !PrefixIsWhole(order_.type, value));
     if (++rows % rowsBetweenPaints == 0) source_.Store().ServePainting();
   }
   if (!entries_.empty()) ends_.push_back(entries_.size());
 }
 
 bool SortedFeed::Before(const Entry& left, const Entry& right) const {
-  const bool less = left.prefix != right.prefix ? left.prefix < right.prefix : left.rowKey < right.rowKey;
-  const bool same = left.prefix == right.prefix && left.rowKey == right.rowKey;
+  const bool less = left.prefix != right.prefix ? left.prefix < right.prefix : left.RowKey() < right.RowKey();
+  const bool same = left.prefix == right.prefix && left.RowKey() == right.RowKey();
   return descending_ ? !less && !same : less;
 }
 
@@ -140,9 +142,10 @@ bool SortedFeed::More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPa
     if (!PrefixDecides(order_.type))
       for (std::size_t from = given_, to = given_; from < end; from = to) {
         while (to < end && entries_[to].prefix == entries_[from].prefix) ++to;
-        if (to - from > 1 && entries_[from].prefix != 0) OrderTies(from, to);
+        const bool partial = std::any_of(at(from), at(to), [](const Entry& entry) { return entry.Partial(); });
+        if (to - from > 1 && partial) OrderTies(from, to);
       }
-    for (std::size_t i = given_; i < end; ++i) keys.push_back(entries_[i].rowKey);
+    for (std::size_t i = given_; i < end; ++i) keys.push_back(entries_[i].RowKey());
     delivered += end - given_;
     given_ = end;
   }
@@ -155,7 +158,7 @@ bool SortedFeed::More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPa
 // Texts that begin alike: their full keys decide. Read in row key order, in which they lie beside one another.
 void SortedFeed::OrderTies(std::size_t from, std::size_t to) {
   std::vector<std::int64_t> rowKeys;
-  for (std::size_t i = from; i < to; ++i) rowKeys.push_back(entries_[i].rowKey);
+  for (std::size_t i = from; i < to; ++i) rowKeys.push_back(entries_[i].RowKey());
   std::ranges::sort(rowKeys);
   std::vector<Full> rows;
   Transaction oneState(source_.Store(), Transaction::Kind::Read);
@@ -170,7 +173,7 @@ void SortedFeed::OrderTies(std::size_t from, std::size_t to) {
     if (order != 0) return descending_ ? order > 0 : order < 0;
     return descending_ ? left.rowKey > right.rowKey : left.rowKey < right.rowKey;
   });
-  for (std::size_t i = from; i < to; ++i) entries_[i].rowKey = rows[i - from].rowKey;
+  for (std::size_t i = from; i < to; ++i) entries_[i] = Entry(entries_[i].prefix, rows[i - from].rowKey, true);
 }
 
 std::int64_t SortedFeed::Estimate() { return static_cast<std::int64_t>(entries_.size()); }

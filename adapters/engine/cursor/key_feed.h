@@ -59,9 +59,14 @@ class SortedFeed final : public KeyFeed {
   bool Prepare() override;
 
  private:
+  /// The start of an order key and its row key, in 16 bytes: row keys stay far below the sign that tells a start from a
+  /// whole key.
   struct Entry {
+    Entry(std::uint64_t start, std::int64_t key, bool isPartial) : prefix(start), tagged(key * 2 + (isPartial ? 1 : 0)) {}
+    std::int64_t RowKey() const { return tagged >> 1; }
+    bool Partial() const { return (tagged & 1) != 0; }
     std::uint64_t prefix;
-    std::int64_t rowKey;
+    std::int64_t tagged;
   };
   struct Full {
     platform::Value value;

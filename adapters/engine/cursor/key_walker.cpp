@@ -55,17 +55,23 @@ KeyWalker::KeyWalker(RowSource& source, std::vector<OrderColumn> order, std::str
     from_ += " NOT INDEXED";
   for (const OrderColumn& column : order_) keyColumns_ += column.sql + ", ";
   keyColumns_ += rowKey_;
-  const std::string named = table.table->storeName + " AS " + table.alias;
-  const std::string filter = source.Plan().where.empty() ? "" : " AND (" + source.Plan().where + ")";
-  row_.text = "SELECT " + source.ColumnList() + ", " + keyColumns_ + " FROM " + named + " WHERE " + rowKey_ + " = ?1";
-  filteredRow_.text =
-      "SELECT " + source.ColumnList() + ", " + keyColumns_ + " FROM " + source.Plan().from + " WHERE " + rowKey_ + " = ?1" + filter;
-  placeOfRow_.text = "SELECT " + keyColumns_ + " FROM " + named + " WHERE " + rowKey_ + " = ?1";
-  count_.text = "SELECT count(*) FROM " + source.Plan().from + (source.Plan().where.empty() ? "" : " WHERE " + source.Plan().where);
 }
 
-bool KeyWalker::ReadRow(std::int64_t rowKey, bool filtered, const Sink& sink) {
-  Query query(source_.Store(), filtered ? filteredRow_ : row_);
+// Only the list's own pages are read without exception; the other statements are put together when they are first needed.
+const SqlText& KeyWalker::Ready(SqlText& text, std::string_view columns, bool filtered) const {
+  if (!text.text.empty()) return text;
+  const SelectPlan& plan = source_.Plan();
+  const PlanTable& table = plan.tables.front();
+  text.text.append("SELECT ").append(columns).append(" FROM ");
+  text.text += filtered ? plan.from : table.table->storeName + " AS " + table.alias;
+  text.text += " WHERE " + rowKey_ + " = ?1";
+  if (filtered && !plan.where.empty()) text.text += " AND (" + plan.where + ")";
+  return text;
+}
+
+bool KeyWalker::ReadRow(std::int64_t rowKey, const Sink& sink) {
+  if (row_.text.empty()) Ready(row_, source_.ColumnList() + ", " + keyColumns_, false);
+  Query query(source_.Store(), row_);
   query.Bind(1, rowKey);
   if (!query.Step()) return false;
   sink(query);
@@ -73,13 +79,24 @@ bool KeyWalker::ReadRow(std::int64_t rowKey, bool filtered, const Sink& sink) {
 }
 
 std::optional<OrderPlace> KeyWalker::PlaceOfRow(std::int64_t rowKey) {
+  Ready(placeOfRow_, keyColumns_, false);
   Query query(source_.Store(), placeOfRow_);
   query.Bind(1, rowKey);
   if (!query.Step()) return {};
   return PlaceAt(query, true);
 }
 
+bool KeyWalker::InFilter(std::int64_t rowKey) {
+  if (source_.Plan().where.empty()) return true;
+  Ready(inFilter_, rowKey_, true);
+  Query query(source_.Store(), inFilter_);
+  query.Bind(1, rowKey);
+  return query.Step();
+}
+
 std::int64_t KeyWalker::CountAll() {
+  const SelectPlan& plan = source_.Plan();
+  if (count_.text.empty()) count_.text = "SELECT count(*) FROM " + plan.from + (plan.where.empty() ? "" : " WHERE " + plan.where);
   Query query(source_.Store(), count_);
   return query.Step() ? query.Int(0) : 0;
 }

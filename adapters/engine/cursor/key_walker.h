@@ -63,10 +63,12 @@ class KeyWalker {
   /// Returns the number of rows read.
   std::int64_t Read(const Request& request, const Sink& sink);
 
-  /// The row with that key, as a full row; false when it is gone or (when asked for) not in the list's filter.
-  bool ReadRow(std::int64_t rowKey, bool filtered, const Sink& sink);
+  /// The row with that key, as a full row, whatever the list's filter says; false when it is gone.
+  bool ReadRow(std::int64_t rowKey, const Sink& sink);
   /// Where the table has the row with that key now; nothing when it is gone.
   std::optional<OrderPlace> PlaceOfRow(std::int64_t rowKey);
+  /// Whether the list's filter takes the row; true without a filter.
+  bool InFilter(std::int64_t rowKey);
   /// Rows that stand below the place.
   std::int64_t CountBelow(const OrderPlace& place);
   std::int64_t CountAll();
@@ -89,6 +91,7 @@ class KeyWalker {
   };
   std::vector<Level> LevelsFor(const Request& request) const;
   SqlText& Statement(const Request& request, const Level& level, SqlText& own);
+  const SqlText& Ready(SqlText& text, std::string_view columns, bool filtered) const;
   void BindPlace(Query& query, const Request& request, const Level& level) const;
   std::string StatementText(const Request& request, const Level& level) const;
   std::string ConditionOf(const Request& request, const Level& level) const;
@@ -100,8 +103,8 @@ class KeyWalker {
   std::string from_;
   std::string keyColumns_;
   SqlText row_;
-  SqlText filteredRow_;
   SqlText placeOfRow_;
+  SqlText inFilter_;
   SqlText count_;
   std::unordered_map<unsigned, SqlText> statements_;  ///< those without conditions of their own
 };

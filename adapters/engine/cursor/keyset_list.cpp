@@ -8,7 +8,7 @@
 namespace engine {
 namespace {
 
-constexpr std::size_t firstRows = 64;
+constexpr std::size_t readRows = 128;  // up to here rows come with their keys
 constexpr std::size_t sliceKeys = 8192;
 constexpr std::size_t keptBlocks = 6;
 
@@ -33,9 +33,11 @@ KeysetList::KeysetList(std::shared_ptr<RowSource> source, OrderColumn order, boo
 void KeysetList::ReadMore(std::size_t wanted, bool withRows) {
   DropStaleBlocks(true);
   if (state_.empty()) filledVersion_ = blocksVersion_;
+  mixed_ = mixed_ || filledVersion_ != blocksVersion_;
   const std::size_t before = state_.size();
   auto page = std::make_shared<RowPage>(Source().Fields().size(), Source().KeyCount());
-  complete_ = !feed_->More(keys_, wanted, withRows ? page.get() : nullptr);
+  complete_ = !feed_->More(keys_, wanted, withRows && !mixed_ ? page.get() : nullptr);
+  if (mixed_) DropKnownKeys(before);
   state_.resize(keys_.size() / Source().KeyCount(), State::Alive);
   shownValid_ = false;
   if (complete_) {
@@ -50,8 +52,24 @@ void KeysetList::ReadMore(std::size_t wanted, bool withRows) {
   blocks_.push_front(std::move(block));
 }
 
+// A row that somebody has moved along the index between two readings would come twice.
+void KeysetList::DropKnownKeys(std::size_t from) {
+  NumberKeys();
+  keys_.erase(std::remove_if(keys_.begin() + static_cast<std::ptrdiff_t>(from), keys_.end(),
+                             [&](std::int64_t key) { return ordinals_.contains(key); }),
+              keys_.end());
+}
+
+void KeysetList::NumberKeys() {
+  for (; ordinalsFor_ < state_.size(); ++ordinalsFor_) ordinals_.emplace(keys_[ordinalsFor_], static_cast<std::int64_t>(ordinalsFor_));
+}
+
 bool KeysetList::Reach(std::int64_t ordinal) {
-  while (ordinal >= Size() && !complete_) ReadMore(state_.empty() ? firstRows : sliceKeys, state_.empty());
+  // The first row alone, then a page, then all keys that are wanted.
+  while (ordinal >= Size() && !complete_) {
+    const auto missing = static_cast<std::size_t>(ordinal + 1 - Size());
+    ReadMore(missing <= readRows ? missing : sliceKeys, missing <= readRows);
+  }
   return ordinal >= 0 && ordinal < Size();
 }
 
@@ -61,7 +79,7 @@ void KeysetList::FillAll() {
 
 std::optional<std::int64_t> KeysetList::OrdinalOfKey(std::int64_t rowKey) {
   FillAll();
-  for (; ordinalsFor_ < state_.size(); ++ordinalsFor_) ordinals_.emplace(keys_[ordinalsFor_], static_cast<std::int64_t>(ordinalsFor_));
+  NumberKeys();
   const auto found = ordinals_.find(rowKey);
   return found == ordinals_.end() ? std::nullopt : std::optional(found->second);
 }
@@ -100,18 +118,50 @@ const KeysetList::Block& KeysetList::ReadBlock(std::int64_t ordinal, bool forwar
   const std::int64_t end = forward ? std::min(Size(), ordinal + size) : ordinal + 1;
   auto page = std::make_shared<RowPage>(Source().Fields().size(), Source().KeyCount());
   page->cells.reserve(static_cast<std::size_t>(end - block.first) * page->columns);
-  std::optional<Transaction> oneState;
-  if (end - block.first > 1) oneState.emplace(Source().Store(), Transaction::Kind::Read);
-  for (std::int64_t i = block.first; i < end; ++i) {
-    const bool there = IsAlive(i) && Source().Fetch(KeysOf(i), *page);
-    block.rows.push_back(there ? static_cast<int>(page->Rows()) - 1 : -1);
-    if (!there && IsAlive(i)) MarkGone(i, State::Gone);
-  }
-  if (oneState) oneState->Commit();
+  if (!ReadAlongIndex(block, end, *page)) ReadByKeys(block, end, *page);
   block.page = std::move(page);
   blocks_.push_front(std::move(block));
   if (blocks_.size() > keptBlocks) blocks_.pop_back();
   return blocks_.front();
+}
+
+// As long as nobody has written, a stretch of the list is a stretch of the index, and read as such.
+bool KeysetList::ReadAlongIndex(Block& block, std::int64_t end, RowPage& page) {
+  if (end - block.first < 8 || !InIndexOrder()) return false;
+  std::optional<OrderPlace> before;
+  if (block.first > 0) {
+    before = walker_->PlaceOfRow(*KeysOf(block.first - 1));
+    if (!before) return false;
+  }
+  KeyWalker::Request request;
+  request.direction = forward_;
+  request.from = before ? &*before : nullptr;
+  request.limit = end - block.first;
+  std::int64_t next = block.first;
+  walker_->Read(request, [&](const Query& row) {
+    if (row.Int(walker_->RowKeyAt(false)) != *KeysOf(next)) return false;
+    Source().ReadCells(row, 0, page);
+    page.keys.push_back(*KeysOf(next));
+    block.rows.push_back(static_cast<int>(next - block.first));
+    ++next;
+    return true;
+  });
+  if (next == end) return true;
+  block.rows.clear();
+  page.cells.clear();
+  page.keys.clear();
+  return false;
+}
+
+void KeysetList::ReadByKeys(Block& block, std::int64_t end, RowPage& page) {
+  std::optional<Transaction> oneState;
+  if (end - block.first > 1) oneState.emplace(Source().Store(), Transaction::Kind::Read);
+  for (std::int64_t i = block.first; i < end; ++i) {
+    const bool there = IsAlive(i) && Source().Fetch(KeysOf(i), page);
+    block.rows.push_back(there ? static_cast<int>(page.Rows()) - 1 : -1);
+    if (!there && IsAlive(i)) MarkGone(i, State::Gone);
+  }
+  if (oneState) oneState->Commit();
 }
 
 void KeysetList::SetPlace(Place& place, std::int64_t ordinal) const {
@@ -172,16 +222,16 @@ bool KeysetList::WindowPlace(const std::string& key, Place& place) {
   std::memcpy(&ordinal, key.data(), sizeof(ordinal));
   if (!Reach(ordinal)) throw errors::BadBookmark();
   if (state_[static_cast<std::size_t>(ordinal)] == State::Deleted) return false;
-  run_ = 0;
-  DropStaleBlocks(true);
   place = {};
-  if (!Visit(ordinal, place)) SetPlace(place, ordinal);
+  SetPlace(place, ordinal);
   return true;
 }
 
 Place KeysetList::PlaceOf(const std::string& key) {
   Place place;
-  if (!WindowPlace(key, place) || place.page == nullptr) throw errors::RecordDeleted();
+  run_ = 0;
+  DropStaleBlocks(true);
+  if (!WindowPlace(key, place) || !Visit(place.ordinal, place)) throw errors::RecordDeleted();
   return place;
 }
 
@@ -193,7 +243,6 @@ bool KeysetList::Find(std::string_view criterion, const Place* after, Place& fou
 // ---- own changes
 
 Place KeysetList::Added(const std::vector<std::int64_t>& keys) {
-  FillAll();
   keys_.insert(keys_.end(), keys.begin(), keys.end());
   state_.push_back(State::Alive);
   shownValid_ = false;
@@ -246,10 +295,8 @@ bool KeysetList::At(std::int64_t ordinal, Place& place) {
     if (static_cast<std::size_t>(ordinal) >= shown.size()) return false;
     number = shown[static_cast<std::size_t>(ordinal)];
   }
-  run_ = 3;
-  DropStaleBlocks(true);
   place = {};
-  if (!Visit(number, place)) SetPlace(place, number);
+  SetPlace(place, number);
   return true;
 }
 
@@ -261,21 +308,49 @@ std::optional<std::int64_t> KeysetList::OrdinalOf(const Place& place) {
   return found - shown.begin();
 }
 
+// Numbers of up to `count` rows that the list shows, in list order.
+std::vector<std::int64_t> KeysetList::NumbersFrom(std::int64_t from, bool forward, int count) {
+  std::vector<std::int64_t> numbers;
+  if (forward) Reach(from + count - 1);
+  for (std::int64_t i = from; static_cast<int>(numbers.size()) < count && (forward ? Reach(i) : i >= 0); i += forward ? 1 : -1)
+    if (state_[static_cast<std::size_t>(i)] != State::Deleted) numbers.push_back(i);
+  if (!forward) std::ranges::reverse(numbers);
+  return numbers;
+}
+
+// A window's page is read as a whole and moves into its rows.
 std::vector<platform::ListRow> KeysetList::Rows(const Place* from, bool forward, int count) {
-  DropStaleBlocks(true);
-  std::vector<platform::ListRow> rows;
+  if (count <= 0) return {};
   if (from == nullptr && !forward) FillAll();
-  run_ = 3;
-  for (std::int64_t i = from != nullptr ? from->ordinal + (forward ? 1 : -1)
-                        : forward       ? 0
-                                        : Size() - 1;
-       static_cast<int>(rows.size()) < count && (forward ? Reach(i) : i >= 0); i += forward ? 1 : -1) {
-    if (state_[static_cast<std::size_t>(i)] == State::Deleted) continue;
-    Place place;
-    if (!Visit(i, place, forward)) SetPlace(place, i);
-    rows.push_back(ShownRow(place));
+  const std::int64_t start = from != nullptr ? from->ordinal + (forward ? 1 : -1) : forward ? 0 : Size() - 1;
+  const std::vector<std::int64_t> numbers = NumbersFrom(start, forward, count);
+  std::vector<platform::ListRow> rows;
+  if (numbers.empty()) return rows;
+  DropStaleBlocks(true);
+  const Block* known = BlockWith(numbers.front());
+  if (known != nullptr && BlockWith(numbers.back()) == known) {
+    for (const std::int64_t number : numbers) {
+      Place place;
+      if (!Visit(number, place)) SetPlace(place, number);
+      rows.push_back(ShownRow(place));
+    }
+    return rows;
   }
-  if (!forward) std::ranges::reverse(rows);
+  Block block;
+  block.first = numbers.front();
+  const std::int64_t end = numbers.back() + 1;
+  RowPage page(Source().Fields().size(), Source().KeyCount());
+  page.cells.reserve(static_cast<std::size_t>(end - block.first) * page.columns);
+  if (!ReadAlongIndex(block, end, page)) ReadByKeys(block, end, page);
+  for (const std::int64_t number : numbers) {
+    Place place;
+    SetPlace(place, number);
+    rows.push_back(ShownRow(place));
+    const int row = block.rows[static_cast<std::size_t>(number - block.first)];
+    if (row < 0) continue;
+    const auto cells = page.cells.begin() + static_cast<std::ptrdiff_t>(static_cast<std::size_t>(row) * page.columns);
+    rows.back().cells.assign(std::make_move_iterator(cells), std::make_move_iterator(cells + static_cast<std::ptrdiff_t>(page.columns)));
+  }
   return rows;
 }
 

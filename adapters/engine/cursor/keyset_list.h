@@ -39,6 +39,7 @@ class KeysetList final : public RowList {
   bool WindowPlace(const std::string& key, Place& place) override;
   bool Find(std::string_view criterion, const Place* after, Place& found) override;
   std::int64_t RowsReached() override;
+  void Settle() override { FillAll(); }
   Place Added(const std::vector<std::int64_t>& keys) override;
   void Changed(Place& place) override;
   void Deleted(const Place& place) override;
@@ -65,7 +66,7 @@ class KeysetList final : public RowList {
   KeyWalker* Walker() noexcept { return walker_ ? &*walker_ : nullptr; }
   Direction Forward() const noexcept { return forward_; }
   /// Whether nobody has written since the keys were read, so that they still are in the order of the index.
-  bool InIndexOrder() { return walker_ && complete_ && filledVersion_ == Source().Version(); }
+  bool InIndexOrder() { return walker_ && !mixed_ && filledVersion_ == Source().Version(); }
 
  private:
   enum class State : std::uint8_t { Alive, Gone, Deleted };  ///< Gone: by others
@@ -76,13 +77,18 @@ class KeysetList final : public RowList {
   };
 
   void ReadMore(std::size_t wanted, bool withRows);
+  void DropKnownKeys(std::size_t from);
+  void NumberKeys();
   const Block* BlockWith(std::int64_t ordinal);
   const Block& ReadBlock(std::int64_t ordinal, bool forward);
+  bool ReadAlongIndex(Block& block, std::int64_t end, RowPage& page);
+  void ReadByKeys(Block& block, std::int64_t end, RowPage& page);
   void DropStaleBlocks(bool anew);
   void SetPlace(Place& place, std::int64_t ordinal) const;
   void MarkGone(std::int64_t ordinal, State state);
   bool WalkFrom(Place& place, std::int64_t from, bool forward);
   const std::vector<std::int64_t>& Shown();
+  std::vector<std::int64_t> NumbersFrom(std::int64_t from, bool forward, int count);
 
   Direction forward_ = Direction::Up;
   std::optional<KeyWalker> walker_;
@@ -91,6 +97,7 @@ class KeysetList final : public RowList {
   std::vector<std::int64_t> keys_;
   std::vector<State> state_;
   bool complete_ = false;
+  bool mixed_ = false;  ///< somebody wrote between two readings of keys
   std::uint64_t filledVersion_ = 0;
   std::int64_t missing_ = 0;  ///< rows that are not alive
   std::int64_t deleted_ = 0;  ///< of these, own deletes

@@ -9,7 +9,12 @@
 namespace engine {
 namespace {
 
-constexpr std::int64_t walkedRows = 1024;
+std::string KeyText(const std::int64_t* keys, std::size_t count) {
+  return {reinterpret_cast<const char*>(keys), sizeof(std::int64_t) * count};
+}
+
+// How many rows are looked at one by one: few beside what one statement over all of them costs.
+std::int64_t RowsToWalk(std::int64_t rows) { return std::clamp<std::int64_t>(rows / 256, 16, 1024); }
 
 }  // namespace
 
@@ -30,7 +35,6 @@ void KeysetSearch::Understand(std::string_view criterion) {
   criterion_ = criterion;
   test_ = source.TestFor(plan_.where);
   hitsKnown_ = false;
-  hits_.clear();
 }
 
 std::optional<std::int64_t> KeysetSearch::FirstFit(std::int64_t from) {
@@ -116,18 +120,20 @@ std::optional<bool> KeysetSearch::ByIndex(std::int64_t from, std::int64_t& hit) 
 // The next rows one by one: true or false when they decide, nothing when there are more rows behind them.
 std::optional<bool> KeysetSearch::WalkAhead(std::int64_t from, std::int64_t& hit) {
   Transaction oneState(list_.Source().Store(), Transaction::Kind::Read);
-  for (std::int64_t i = from; i < from + walkedRows; ++i) {
+  const std::int64_t end = from + RowsToWalk(list_.Size());
+  for (std::int64_t i = from; i < end; ++i) {
     if (!list_.Reach(i)) return false;
     if (!list_.IsAlive(i) || !list_.Source().Test(list_.KeysOf(i), test_)) continue;
     hit = i;
     return true;
   }
-  if (!list_.Reach(from + walkedRows)) return false;
+  if (!list_.Reach(end)) return false;
   return {};
 }
 
-std::string KeysetSearch::KeyText(const std::int64_t* keys) const {
-  return std::string(reinterpret_cast<const char*>(keys), sizeof(std::int64_t) * list_.Source().KeyCount());
+bool KeysetSearch::IsHit(const std::int64_t* keys) const {
+  const std::size_t count = list_.Source().KeyCount();
+  return count == 1 ? hits_.contains(*keys) : joinedHits_.contains(KeyText(keys, count));
 }
 
 // All rows that fit, in whatever order the store finds them. Of one table its filter need not be asked again: which rows
@@ -137,17 +143,21 @@ void KeysetSearch::CollectHits() {
   const SelectPlan& plan = source.Plan();
   hitsVersion_ = source.Version();
   hits_.clear();
+  joinedHits_.clear();
   std::string text = "SELECT " + source.KeyList() + " FROM ";
   if (plan.tables.size() == 1)
     text += plan.tables.front().table->storeName + " AS " + plan.tables.front().alias + " WHERE " + plan_.where;
   else
     text += plan.from + " WHERE " + (plan.where.empty() ? "" : "(" + plan.where + ") AND ") + "(" + plan_.where + ")";
   Query query(source.Store(), std::string_view(text));
-  while (query.Step()) {
+  for (std::int64_t rows = 1; query.Step(); ++rows) {
     RowPage row(0, source.KeyCount());
     source.ReadKeys(query, 0, row);
-    hits_.insert(KeyText(row.KeysOf(0)));
-    if (hits_.size() % 8192 == 0) source.Store().ServePainting();
+    if (source.KeyCount() == 1)
+      hits_.insert(*row.KeysOf(0));
+    else
+      joinedHits_.insert(KeyText(row.KeysOf(0), source.KeyCount()));
+    if (rows % 8192 == 0) source.Store().ServePainting();
   }
   hitsKnown_ = true;
 }
@@ -160,8 +170,9 @@ bool KeysetSearch::FromHits(std::int64_t from, std::int64_t& hit) {
   if (manyTables)
     for (const std::int64_t own : list_.OwnRows())
       if (own >= from && list_.IsAlive(own) && (!ownHit || own < *ownHit) && list_.Source().Test(list_.KeysOf(own), test_)) ownHit = own;
-  for (std::int64_t i = from; !hits_.empty() && list_.Reach(i) && (!ownHit || i < *ownHit); ++i) {
-    if (!list_.IsAlive(i) || !hits_.contains(KeyText(list_.KeysOf(i))) || (manyTables && isOwn(i))) continue;
+  const bool none = hits_.empty() && joinedHits_.empty();
+  for (std::int64_t i = from; !none && list_.Reach(i) && (!ownHit || i < *ownHit); ++i) {
+    if (!list_.IsAlive(i) || !IsHit(list_.KeysOf(i)) || (manyTables && isOwn(i))) continue;
     hit = i;
     return true;
   }

@@ -14,7 +14,7 @@ namespace engine {
 
 class KeysetList;
 
-/// Searching a list of held keys: row by row for the next thousand rows, then by one statement whose hits are kept for the
+/// Searching a list of held keys: row by row for the next rows, then by one statement whose hits are kept for the
 /// searches that follow. A list in index order is entered by the index when the criterion is on its order column.
 class KeysetSearch {
  public:
@@ -31,7 +31,7 @@ class KeysetSearch {
   void CollectHits();
   bool FromHits(std::int64_t from, std::int64_t& hit);
   bool OnField(int& field) const;
-  std::string KeyText(const std::int64_t* keys) const;
+  bool IsHit(const std::int64_t* keys) const;
 
   KeysetList& list_;
   std::string criterion_;
@@ -39,7 +39,8 @@ class KeysetSearch {
   SqlText test_;
   bool hitsKnown_ = false;
   std::uint64_t hitsVersion_ = 0;
-  std::unordered_set<std::string> hits_;
+  std::unordered_set<std::int64_t> hits_;       ///< of one table
+  std::unordered_set<std::string> joinedHits_;  ///< of several
 };
 
 }  // namespace engine

@@ -45,6 +45,38 @@ bool FitsExact(RowSource& source) {
   return source.Store().AskNumber("SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName).value_or(0) <= most;
 }
 
+// Whether the rows of a filter lie so close together in the list's order that pages of it are cheap: the first page is tried
+// with the work of a thousand rows, and the store must not have had to sort.
+enum class Density { Dense, Few, Thin };
+Density DensityOf(RowSource& source, const IndexOrder& order) {
+  constexpr std::int64_t page = 64;
+  constexpr int workOfThousandRows = 60'000;
+  KeyWalker walker(source, order.order, "");
+  KeyWalker::Request request;
+  request.direction = order.descending ? Direction::Down : Direction::Up;
+  request.limit = page;
+  request.keysOnly = true;
+  bool sorted = false;
+  try {
+    const WorkLimit limit(source.Store(), workOfThousandRows);
+    const std::int64_t read = walker.Read(request, [&](const Query& row) {
+      sorted = row.Sorted();
+      return !sorted;
+    });
+    if (sorted) return Density::Thin;
+    return read == page || source.OwnSession().options.exactRows <= 0 ? Density::Dense : Density::Few;
+  } catch (const WorkLimitReached&) {
+    return Density::Thin;
+  }
+}
+
+// All keys of one table, put in order here when that is quicker than the store's own sorting.
+std::shared_ptr<RowList> HeldKeys(const std::shared_ptr<RowSource>& source) {
+  const SelectPlan& plan = source->Plan();
+  if (plan.order.size() != 1 || plan.order.front().table != 0) return std::make_shared<KeysetList>(source);
+  return std::make_shared<KeysetList>(source, OrderColumn{plan.order.front().sql, plan.order.front().type}, plan.order.front().descending);
+}
+
 }  // namespace
 
 std::shared_ptr<RowList> ChooseList(const std::shared_ptr<RowSource>& source) {
@@ -53,17 +85,17 @@ std::shared_ptr<RowList> ChooseList(const std::shared_ptr<RowSource>& source) {
   if (!IsOneTable(plan)) return std::make_shared<KeysetList>(source);
 
   const auto byIndex = OrderByIndex(plan);
-  const bool small = FitsExact(*source);
-  if (byIndex && plan.where.empty()) {
-    if (small) return std::make_shared<KeysetList>(source, KeysetList::Walk{byIndex->order, byIndex->index, byIndex->descending});
-    return std::make_shared<IndexedList>(source, IndexedList::Shape{byIndex->order, byIndex->descending, byIndex->index, true, 64});
+  if (!byIndex) return HeldKeys(source);
+  // With a filter the store may know a better index than that of the order alone.
+  const std::string index = plan.where.empty() ? byIndex->index : "";
+  const bool filtered = !plan.where.empty();
+  if (FitsExact(*source)) return std::make_shared<KeysetList>(source, KeysetList::Walk{byIndex->order, index, byIndex->descending});
+  if (filtered) {
+    const Density density = DensityOf(*source, *byIndex);
+    if (density == Density::Few) return std::make_shared<KeysetList>(source, KeysetList::Walk{byIndex->order, index, byIndex->descending});
+    if (density == Density::Thin) return HeldKeys(source);
   }
-  if (small) return std::make_shared<KeysetList>(source);
-  // Large and filtered or without an index for its order.
-  if (plan.order.size() == 1 && plan.order.front().table == 0)
-    return std::make_shared<KeysetList>(source, OrderColumn{plan.order.front().sql, plan.order.front().type},
-                                        plan.order.front().descending);
-  return std::make_shared<KeysetList>(source);
+  return std::make_shared<IndexedList>(source, IndexedList::Shape{byIndex->order, byIndex->descending, index, true});
 }
 
 }  // namespace engine

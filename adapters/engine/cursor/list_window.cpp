@@ -15,11 +15,8 @@ bool ListWindow::PlaceOf(const Bookmark& bookmark, Place& place) {
 std::vector<ListRow> ListWindow::RowsAt(std::int64_t ordinal, int count) {
   if (count <= 0) return {};
   if (ordinal <= 0) return list_.Rows(nullptr, true, count);
-  Place place;
-  if (!list_.At(ordinal, place)) return {};
-  std::vector<ListRow> rows{list_.ShownRow(place)};
-  for (ListRow& row : list_.Rows(&place, true, count - 1)) rows.push_back(std::move(row));
-  return rows;
+  Place before;
+  return list_.At(ordinal - 1, before) ? list_.Rows(&before, true, count) : std::vector<ListRow>();
 }
 
 std::vector<ListRow> ListWindow::RowsAfter(const Bookmark& row, int count) {
@@ -35,6 +32,7 @@ std::vector<ListRow> ListWindow::RowsBefore(const Bookmark& row, int count) {
 std::optional<ListRow> ListWindow::RowOf(const Bookmark& row) {
   Place place;
   if (!PlaceOf(row, place)) return {};
+  if (!list_.Fetch(place)) place.page.reset();  // its line stays, without cells
   return list_.ShownRow(place);
 }
 

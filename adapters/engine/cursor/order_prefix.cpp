@@ -1,6 +1,8 @@
 #include "engine/cursor/order_prefix.h"
 
+#include <algorithm>
 #include <bit>
+#include <string_view>
 
 #include "engine/text/text_order.h"
 
@@ -50,6 +52,13 @@ std::uint64_t OrderPrefix(platform::FieldType type, const platform::Value& value
     }
   }
   return 0;
+}
+
+// Eight plain letters or signs fill the prefix; what is longer, or has accents, has more to say.
+bool PrefixIsWhole(platform::FieldType type, const platform::Value& value) {
+  if (PrefixDecides(type) || value.IsNull()) return true;
+  const std::string_view text = WithoutTrailingBlanks(value.As<std::string>());
+  return text.size() <= 8 && std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 }  // namespace engine

@@ -14,4 +14,8 @@ std::uint64_t OrderPrefix(platform::FieldType type, const platform::Value& value
 /// Whether equal prefixes mean equal values.
 inline bool PrefixDecides(platform::FieldType type) { return type != platform::FieldType::Text && type != platform::FieldType::Memo; }
 
+/// Whether the prefix is all of this value's order: any other value with the same prefix, if its prefix is whole too, is
+/// equal to it.
+bool PrefixIsWhole(platform::FieldType type, const platform::Value& value);
+
 }  // namespace engine

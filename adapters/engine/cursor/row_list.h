@@ -50,7 +50,7 @@ class RowList {
   virtual std::string KeyOf(const Place& place) const = 0;
   virtual Place PlaceOf(const std::string& key) = 0;
 
-  /// The place of a bookmark for a window, with the row if it can be read; false for a row that has left the list.
+  /// The place of a bookmark for a window, the row itself not read; false for a row that has left the list.
   virtual bool WindowPlace(const std::string& key, Place& place);
 
   /// The first row for which the criterion holds, behind `after` or from the first row on. False when there is none.
@@ -59,6 +59,8 @@ class RowList {
   /// Rows reached so far; final once the last was reached. 0 exactly when there is no row.
   virtual std::int64_t RowsReached() = 0;
 
+  /// Before this recordset writes: a list that reads on as it is walked settles which rows it has.
+  virtual void Settle() {}
   // What this recordset itself has done.
   virtual Place Added(const std::vector<std::int64_t>& keys) = 0;
   virtual void Changed(Place& place) = 0;
@@ -70,8 +72,9 @@ class RowList {
   platform::ListRow ShownRow(const Place& place) const;
   virtual std::int64_t Count() = 0;
   virtual bool CountIsExact() = 0;
-  /// The place with that number; false when there is none.
+  /// The place with that number, the row itself not read; false when there is none.
   virtual bool At(std::int64_t ordinal, Place& place) = 0;
+  /// The number of a place that has just been found.
   virtual std::optional<std::int64_t> OrdinalOf(const Place& place) = 0;
   /// A slice of work for idle time; false when none is left.
   virtual bool IdleSlice() = 0;

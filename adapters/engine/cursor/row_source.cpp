@@ -25,68 +25,69 @@ platform::FieldInfo InfoOf(const SelectPlan& plan, const PlanColumn& column) {
 
 }  // namespace
 
-std::size_t RowSource::NoCaseHash::operator()(std::string_view name) const noexcept {
+std::size_t RowShape::NoCaseHash::operator()(std::string_view name) const noexcept {
   std::size_t hash = 1469598103934665603ULL;
   for (const char c : name) hash = (hash ^ static_cast<unsigned char>(LowerAscii(c))) * 1099511628211ULL;
   return hash;
 }
 
-bool RowSource::NoCaseEqual::operator()(std::string_view left, std::string_view right) const noexcept {
+bool RowShape::NoCaseEqual::operator()(std::string_view left, std::string_view right) const noexcept {
   return std::ranges::equal(left, right, {}, LowerAscii, LowerAscii);
 }
 
-RowSource::RowSource(Session& session, std::shared_ptr<DatabaseCatalogue> catalogue, SelectPlan plan)
-    : session_(session), catalogue_(std::move(catalogue)), plan_(std::move(plan)), set_(session.NewSet()) {
-  for (const PlanColumn& column : plan_.columns) {
-    fields_.push_back(InfoOf(plan_, column));
-    byName_.emplace(column.name, static_cast<int>(fields_.size()) - 1);
-    columnList_ += (columnList_.empty() ? "" : ", ") + column.sql;
+RowShape::RowShape(SelectPlan given) : plan(std::move(given)) {
+  for (const PlanColumn& column : plan.columns) {
+    fields.push_back(InfoOf(plan, column));
+    byName_.emplace(column.name, static_cast<int>(fields.size()) - 1);
+    columnList += (columnList.empty() ? "" : ", ") + column.sql;
   }
-  for (const PlanTable& table : plan_.tables) {
-    keyList_ += (keyList_.empty() ? "" : ", ") + table.alias + '.' + table.table->rowKey;
+  for (const PlanTable& table : plan.tables) {
+    keyList += (keyList.empty() ? "" : ", ") + table.alias + '.' + table.table->rowKey;
     const auto& file = static_cast<const StoredTable&>(*table.table).file;
-    if (std::ranges::find(files_, file) == files_.end()) files_.push_back(file);
+    if (std::ranges::find(files, file) == files.end()) files.push_back(file);
   }
-  fetch_.text = "SELECT " + columnList_ + ", " + keyList_ + " FROM " + FromByKeys();
+  fetchText = "SELECT " + columnList + ", " + keyList + " FROM " + FromByKeys();
 }
 
-// A join's row is put together from its tables by their keys alone: it stays the same row whatever its fields say now.
-std::string RowSource::FromByKeys() const {
-  const auto byKey = [&](std::size_t i) {
-    return plan_.tables[i].alias + '.' + plan_.tables[i].table->rowKey + " = ?" + std::to_string(i + 1);
-  };
-  const auto named = [&](std::size_t i) { return plan_.tables[i].table->storeName + " AS " + plan_.tables[i].alias; };
-  if (plan_.tables.size() == 1) return named(0) + " WHERE " + byKey(0);
-  std::string from = "(SELECT 1)";
-  for (std::size_t i = 0; i < plan_.tables.size(); ++i) from += " LEFT JOIN " + named(i) + " ON " + byKey(i);
-  return from + " WHERE 1";
-}
-
-void RowSource::BindKeys(Query& query, const std::int64_t* keys) const {
-  for (std::size_t i = 0; i < plan_.tables.size(); ++i)
-    if (keys[i] != noRowKey) query.Bind(static_cast<int>(i) + 1, keys[i]);
-}
-
-bool RowSource::AllThere(const Query& query, int first, const std::int64_t* keys) const {
-  for (std::size_t i = 0; i < plan_.tables.size(); ++i)
-    if (keys[i] != noRowKey && query.IsNull(first + static_cast<int>(i))) return false;
-  return true;
-}
-
-int RowSource::FieldIndex(std::string_view name) const {
+int RowShape::FieldIndex(std::string_view name) const {
   const auto found = byName_.find(name);
   return found == byName_.end() ? -1 : found->second;
 }
 
+std::string RowShape::FromByKeys() const {
+  const auto byKey = [&](std::size_t i) {
+    return plan.tables[i].alias + '.' + plan.tables[i].table->rowKey + " = ?" + std::to_string(i + 1);
+  };
+  const auto named = [&](std::size_t i) { return plan.tables[i].table->storeName + " AS " + plan.tables[i].alias; };
+  if (plan.tables.size() == 1) return named(0) + " WHERE " + byKey(0);
+  std::string from = "(SELECT 1)";
+  for (std::size_t i = 0; i < plan.tables.size(); ++i) from += " LEFT JOIN " + named(i) + " ON " + byKey(i);
+  return from + " WHERE 1";
+}
+
+RowSource::RowSource(Session& session, std::shared_ptr<DatabaseCatalogue> catalogue, std::shared_ptr<const RowShape> shape)
+    : session_(session), catalogue_(std::move(catalogue)), shape_(std::move(shape)), set_(session.NewSet()), fetch_(shape_->fetchText) {}
+
+void RowSource::BindKeys(Query& query, const std::int64_t* keys) const {
+  for (std::size_t i = 0; i < Plan().tables.size(); ++i)
+    if (keys[i] != noRowKey) query.Bind(static_cast<int>(i) + 1, keys[i]);
+}
+
+bool RowSource::AllThere(const Query& query, int first, const std::int64_t* keys) const {
+  for (std::size_t i = 0; i < Plan().tables.size(); ++i)
+    if (keys[i] != noRowKey && query.IsNull(first + static_cast<int>(i))) return false;
+  return true;
+}
+
 const platform::FieldDefinition* RowSource::DefinitionOf(int column) const {
-  const PlanColumn& planned = plan_.columns[static_cast<std::size_t>(column)];
+  const PlanColumn& planned = Plan().columns[static_cast<std::size_t>(column)];
   if (planned.table < 0) return nullptr;
-  return &plan_.tables[static_cast<std::size_t>(planned.table)].table->definition.fields[static_cast<std::size_t>(planned.field)];
+  return &Plan().tables[static_cast<std::size_t>(planned.table)].table->definition.fields[static_cast<std::size_t>(planned.field)];
 }
 
 std::uint64_t RowSource::Version() {
   std::uint64_t mixed = 0;
-  for (const auto& file : files_) {
+  for (const auto& file : shape_->files) {
     const FileVersion version = file->Version();
     mixed = (mixed * 0x9E3779B97F4A7C15ULL) ^ static_cast<std::uint64_t>(version.others);
     mixed = (mixed * 0x9E3779B97F4A7C15ULL) ^ version.own;
@@ -102,12 +103,12 @@ std::uint64_t RowSource::RecentVersion() {
 }
 
 void RowSource::ReadCells(const Query& query, int first, RowPage& page) const {
-  for (std::size_t i = 0; i < plan_.columns.size(); ++i)
-    page.cells.push_back(query.Read(first + static_cast<int>(i), plan_.columns[i].type));
+  for (std::size_t i = 0; i < Plan().columns.size(); ++i)
+    page.cells.push_back(query.Read(first + static_cast<int>(i), Plan().columns[i].type));
 }
 
 void RowSource::ReadKeys(const Query& query, int first, RowPage& page) const {
-  for (std::size_t i = 0; i < plan_.tables.size(); ++i) {
+  for (std::size_t i = 0; i < Plan().tables.size(); ++i) {
     const int column = first + static_cast<int>(i);
     page.keys.push_back(query.IsNull(column) ? noRowKey : query.Int(column));
   }
@@ -116,7 +117,7 @@ void RowSource::ReadKeys(const Query& query, int first, RowPage& page) const {
 bool RowSource::Fetch(const std::int64_t* keys, RowPage& page) {
   Query query(Store(), fetch_);
   BindKeys(query, keys);
-  const int keysAt = static_cast<int>(plan_.columns.size());
+  const int keysAt = static_cast<int>(Plan().columns.size());
   if (!query.Step() || !AllThere(query, keysAt, keys)) return false;
   ReadCells(query, 0, page);
   ReadKeys(query, keysAt, page);
@@ -124,7 +125,7 @@ bool RowSource::Fetch(const std::int64_t* keys, RowPage& page) {
 }
 
 SqlText RowSource::TestFor(std::string_view criterion) const {
-  return SqlText("SELECT (" + std::string(criterion) + "), " + keyList_ + " FROM " + FromByKeys());
+  return SqlText("SELECT (" + std::string(criterion) + "), " + KeyList() + " FROM " + shape_->FromByKeys());
 }
 
 bool RowSource::Test(const std::int64_t* keys, SqlText& test) {
@@ -134,7 +135,7 @@ bool RowSource::Test(const std::int64_t* keys, SqlText& test) {
 }
 
 bool RowSource::Writable() const {
-  return plan_.updatable && std::ranges::none_of(files_, [](const auto& file) { return file->ReadOnly(); });
+  return Plan().updatable && std::ranges::none_of(shape_->files, [](const auto& file) { return file->ReadOnly(); });
 }
 
 void RowSource::RequireWritable() const {

@@ -16,22 +16,52 @@
 
 namespace engine {
 
+/// What every opening of one statement shares: its plan, its columns by name, the parts of its statements.
+class RowShape {
+ public:
+  explicit RowShape(SelectPlan plan);
+
+  /// -1 for an unknown name.
+  int FieldIndex(std::string_view name) const;
+
+  SelectPlan plan;
+  std::vector<platform::FieldInfo> fields;
+  std::string columnList;  ///< "t0.a, t0.b, ...": the columns of a row
+  std::string keyList;     ///< the row keys of its tables
+  std::string fetchText;   ///< the row with given keys
+  std::vector<std::shared_ptr<DataFile>> files;
+
+  /// A join's row put together from its tables by their keys alone: it stays the same row whatever its fields say now.
+  std::string FromByKeys() const;
+
+ private:
+  struct NoCaseHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view name) const noexcept;
+  };
+  struct NoCaseEqual {
+    using is_transparent = void;
+    bool operator()(std::string_view left, std::string_view right) const noexcept;
+  };
+  std::unordered_map<std::string, int, NoCaseHash, NoCaseEqual> byName_;
+};
+
 /// The rows that a plan speaks of, apart from their order: columns, files, reading a row by its keys. Shared by all that
 /// belongs to one open recordset.
 class RowSource {
  public:
-  RowSource(Session& session, std::shared_ptr<DatabaseCatalogue> catalogue, SelectPlan plan);
+  RowSource(Session& session, std::shared_ptr<DatabaseCatalogue> catalogue, std::shared_ptr<const RowShape> shape);
 
   Session& OwnSession() const noexcept { return session_; }
   Connection& Store() const noexcept { return session_.connection; }
-  const SelectPlan& Plan() const noexcept { return plan_; }
+  const SelectPlan& Plan() const noexcept { return shape_->plan; }
   const std::shared_ptr<DatabaseCatalogue>& SharedCatalogue() const noexcept { return catalogue_; }
-  std::size_t KeyCount() const noexcept { return plan_.tables.size(); }
+  std::size_t KeyCount() const noexcept { return Plan().tables.size(); }
   std::uint64_t Set() const noexcept { return set_; }
 
-  const std::vector<platform::FieldInfo>& Fields() const noexcept { return fields_; }
+  const std::vector<platform::FieldInfo>& Fields() const noexcept { return shape_->fields; }
   /// -1 for an unknown name.
-  int FieldIndex(std::string_view name) const;
+  int FieldIndex(std::string_view name) const { return shape_->FieldIndex(name); }
   const platform::FieldDefinition* DefinitionOf(int column) const;
 
   /// A number that changes with each commit to one of the files, by anyone.
@@ -40,8 +70,8 @@ class RowSource {
   std::uint64_t RecentVersion();
 
   /// "t0.a, t0.b, ...": the columns of a row, and behind them the row keys.
-  const std::string& ColumnList() const noexcept { return columnList_; }
-  const std::string& KeyList() const noexcept { return keyList_; }
+  const std::string& ColumnList() const noexcept { return shape_->columnList; }
+  const std::string& KeyList() const noexcept { return shape_->keyList; }
   /// Reads the columns at the query's row into a page; `first` is the place of the first column.
   void ReadCells(const Query& query, int first, RowPage& page) const;
   void ReadKeys(const Query& query, int first, RowPage& page) const;
@@ -58,28 +88,13 @@ class RowSource {
   void RequireWritable() const;
 
  private:
-  std::string FromByKeys() const;
   void BindKeys(Query& query, const std::int64_t* keys) const;
   bool AllThere(const Query& query, int first, const std::int64_t* keys) const;
 
-  struct NoCaseHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view name) const noexcept;
-  };
-  struct NoCaseEqual {
-    using is_transparent = void;
-    bool operator()(std::string_view left, std::string_view right) const noexcept;
-  };
-
   Session& session_;
   std::shared_ptr<DatabaseCatalogue> catalogue_;
-  SelectPlan plan_;
+  std::shared_ptr<const RowShape> shape_;
   std::uint64_t set_;
-  std::vector<platform::FieldInfo> fields_;
-  std::unordered_map<std::string, int, NoCaseHash, NoCaseEqual> byName_;
-  std::string columnList_;
-  std::string keyList_;
-  std::vector<std::shared_ptr<DataFile>> files_;
   SqlText fetch_;
   std::uint64_t version_ = 0;
   std::chrono::steady_clock::time_point asked_;

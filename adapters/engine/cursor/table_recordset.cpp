@@ -22,7 +22,6 @@ const platform::FieldDefinition& FieldOf(const RowSource& source, const std::str
 std::shared_ptr<IndexedList> ListFor(const std::shared_ptr<RowSource>& source, const platform::IndexDefinition* index) {
   IndexedList::Shape shape;
   shape.keepsPlaces = false;
-  shape.firstPage = 1;
   const PlanTable& table = source->Plan().tables.front();
   const bool onRowKey = index == nullptr || (index->fields.size() == 1 && FieldOf(*source, index->fields[0]).type == FieldType::Counter);
   if (!onRowKey) {
@@ -33,10 +32,14 @@ std::shared_ptr<IndexedList> ListFor(const std::shared_ptr<RowSource>& source, c
   return std::make_shared<IndexedList>(source, std::move(shape));
 }
 
-// A key of Seek in the field's type. A text that is too long for the field is simply not there.
-Value KeyFor(platform::FieldDefinition field, const Value& value) {
-  if (field.type == FieldType::Text) field.type = FieldType::Memo;
-  return ConvertForField(field, value);
+// The fields that Seek's keys must become. A text that is too long for its field is no error there, it is simply not found.
+std::vector<platform::FieldDefinition> KeyFields(const RowSource& source, const platform::IndexDefinition& index) {
+  std::vector<platform::FieldDefinition> fields;
+  for (const std::string& name : index.fields) {
+    fields.push_back(FieldOf(source, name));
+    if (fields.back().type == FieldType::Text) fields.back().type = FieldType::Memo;
+  }
+  return fields;
 }
 
 }  // namespace
@@ -50,17 +53,16 @@ void TableRecordset::SetIndex(std::string_view name) {
   const auto& indexes = source_->Plan().tables.front().table->definition.indexes;
   const auto found = std::ranges::find_if(indexes, [&](const auto& index) { return platform::EqualsNoCase(index.name, name); });
   if (found == indexes.end()) throw errors::UnknownIndex(name);
-  definition_ = &*found;
+  keyFields_ = KeyFields(*source_, *found);
   index_ = found->name;
-  rows_ = ListFor(source_, definition_);
+  rows_ = ListFor(source_, &*found);
   Reorder(rows_);
 }
 
 void TableRecordset::Seek(std::string_view comparison, std::span<const Value> keys) {
-  if (definition_ == nullptr) throw errors::NoCurrentIndex();
+  if (keyFields_.empty()) throw errors::NoCurrentIndex();
   constexpr std::array<std::string_view, 5> comparisons{"=", ">=", ">", "<", "<="};
-  if (std::ranges::find(comparisons, comparison) == comparisons.end() || keys.size() > definition_->fields.size())
-    throw errors::InvalidOperation();
+  if (std::ranges::find(comparisons, comparison) == comparisons.end() || keys.size() > keyFields_.size()) throw errors::InvalidOperation();
   OrderPlace target{KeysFor(keys), 0};
   DropEdit();
   std::int64_t rowKey = 0;
@@ -74,8 +76,8 @@ void TableRecordset::Seek(std::string_view comparison, std::span<const Value> ke
 }
 
 std::vector<Value> TableRecordset::KeysFor(std::span<const Value> given) const {
-  std::vector<Value> keys(definition_->fields.size(), platform::Null);
-  for (std::size_t i = 0; i < given.size(); ++i) keys[i] = KeyFor(FieldOf(*source_, definition_->fields[i]), given[i]);
+  std::vector<Value> keys(keyFields_.size(), platform::Null);
+  for (std::size_t i = 0; i < given.size(); ++i) keys[i] = ConvertForField(keyFields_[i], given[i]);
   return keys;
 }
 

@@ -30,7 +30,7 @@ class TableRecordset final : public Cursor {
   std::shared_ptr<RowSource> source_;
   std::shared_ptr<IndexedList> rows_;
   std::string index_;
-  const platform::IndexDefinition* definition_ = nullptr;
+  std::vector<platform::FieldDefinition> keyFields_;  ///< of the current index, without their widths
 };
 
 }  // namespace engine

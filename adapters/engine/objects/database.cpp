@@ -51,14 +51,27 @@ platform::RecordsetRef OpenDatabase::OpenRecordset(std::string_view source, Reco
 }
 
 std::shared_ptr<Cursor> OpenDatabase::OpenTable(std::string_view source, const ResolvedTable& table) {
-  return std::make_shared<TableRecordset>(*this, std::string(source),
-                                          std::make_shared<RowSource>(session_, catalogue_, PlanOfTable(table)));
+  return std::make_shared<TableRecordset>(
+      *this, std::string(source), std::make_shared<RowSource>(session_, catalogue_, std::make_shared<RowShape>(PlanOfTable(table))));
 }
 
 std::shared_ptr<Cursor> OpenDatabase::OpenDynaset(std::string_view source, RecordsetType type) {
-  auto rows = std::make_shared<RowSource>(session_, catalogue_, PlanSelect(source, *catalogue_, session_.dialect));
+  auto rows = std::make_shared<RowSource>(session_, catalogue_, ShapeOf(source));
   const RecordsetType kind = type == RecordsetType::Snapshot ? type : RecordsetType::Dynaset;
   return std::make_shared<DynasetRecordset>(*this, std::string(source), kind, ChooseList(rows));
+}
+
+// Lists are opened with the same few statements over and over: what a statement means stays so until its tables change.
+std::shared_ptr<const RowShape> OpenDatabase::ShapeOf(std::string_view source) {
+  constexpr std::size_t keptShapes = 64;
+  if (const auto known = shapes_.find(source); known != shapes_.end()) {
+    if (catalogue_->StandsAsPlanned(known->second->plan)) return known->second;
+    shapes_.erase(known);
+  }
+  auto shape = std::make_shared<const RowShape>(PlanSelect(source, *catalogue_, session_.dialect));
+  if (shapes_.size() >= keptShapes) shapes_.clear();
+  if (catalogue_->StandsAsPlanned(shape->plan)) shapes_.emplace(source, shape);
+  return shape;
 }
 
 void OpenDatabase::Execute(std::string_view sql, int options) {

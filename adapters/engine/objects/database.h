@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -43,8 +44,11 @@ class OpenDatabase final : public platform::Database, public RecordsetOwner {
   std::shared_ptr<Cursor> OpenTable(std::string_view source, const ResolvedTable& table);
   std::shared_ptr<Cursor> OpenDynaset(std::string_view source, platform::RecordsetType type);
 
+  std::shared_ptr<const RowShape> ShapeOf(std::string_view source);
+
   Session& session_;
   std::shared_ptr<DatabaseCatalogue> catalogue_;
+  std::map<std::string, std::shared_ptr<const RowShape>, std::less<>> shapes_;  ///< of statements opened before
   std::string name_;
   std::function<void(const OpenDatabase&)> onClose_;
   std::vector<std::shared_ptr<platform::Recordset>> recordsets_;

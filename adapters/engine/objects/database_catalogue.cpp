@@ -31,11 +31,11 @@ std::string DatabaseCatalogue::StoredNameIn(DataFile& file, std::string_view nam
 const ResolvedTable* DatabaseCatalogue::FindIn(const std::shared_ptr<DataFile>& file, std::string_view name, bool linked) {
   const std::string key = file->Alias() + (linked ? "@" : ".") + platform::ToLowerAscii(name);
   const std::int64_t version = file->SchemaVersion();
-  Known& known = known_[key];
-  if (known.table != nullptr && known.schemaVersion == version) return known.table.get();
+  std::unique_ptr<StoredTable>& known = known_[key];
+  if (known != nullptr && known->schemaVersion == version) return known.get();
 
   const std::string stored = StoredNameIn(*file, name);
-  if (known.table != nullptr) outdated_.push_back(std::move(known.table));
+  if (known != nullptr) outdated_.push_back(std::move(known));
   if (stored.empty()) return nullptr;
   auto table = std::make_unique<StoredTable>();
   table->definition = ReadTable(session_.connection, file->Alias(), stored);
@@ -43,9 +43,9 @@ const ResolvedTable* DatabaseCatalogue::FindIn(const std::shared_ptr<DataFile>& 
   table->rowKey = QuoteName(RowKeyOf(table->definition));
   table->linked = linked;
   table->file = file;
-  known.schemaVersion = version;
-  known.table = std::move(table);
-  return known.table.get();
+  table->schemaVersion = version;
+  known = std::move(table);
+  return known.get();
 }
 
 const ResolvedTable* DatabaseCatalogue::FindTable(std::string_view name) {
@@ -63,6 +63,15 @@ const ResolvedTable* DatabaseCatalogue::FindTable(std::string_view name, std::st
   const auto file = session_.Open(inFile);
   if (file == file_) return FindTable(name);
   return FindIn(file, name, false);
+}
+
+bool DatabaseCatalogue::StandsAsPlanned(const SelectPlan& plan) const {
+  const std::int64_t version = file_->SchemaVersion();
+  for (const PlanTable& table : plan.tables) {
+    const auto& stored = static_cast<const StoredTable&>(*table.table);
+    if (stored.file != file_ || stored.linked || stored.schemaVersion != version) return false;
+  }
+  return true;
 }
 
 std::vector<platform::TableDef> DatabaseCatalogue::TableDefs() {

@@ -8,12 +8,14 @@
 
 #include "engine/catalogue.h"
 #include "engine/objects/session.h"
+#include "engine/translate/plan.h"
 
 namespace engine {
 
 /// A table as this engine resolves it: with the file that it lies in, kept open.
 struct StoredTable : ResolvedTable {
   std::shared_ptr<DataFile> file;
+  std::int64_t schemaVersion = 0;  ///< of the file, when the definition was read
 };
 
 /// The file of a plan's table. Every plan of this engine is made over a DatabaseCatalogue.
@@ -28,6 +30,10 @@ class DatabaseCatalogue final : public Catalogue {
   const ResolvedTable* FindTable(std::string_view name) override;
   const ResolvedTable* FindTable(std::string_view name, std::string_view inFile) override;
 
+  /// Whether the statement would be planned in the same way again. False for all that reaches into other files, since
+  /// these can be replaced.
+  bool StandsAsPlanned(const SelectPlan& plan) const;
+
   DataFile& File() const { return *file_; }
   /// Base tables, then links.
   std::vector<platform::TableDef> TableDefs();
@@ -35,18 +41,13 @@ class DatabaseCatalogue final : public Catalogue {
   void AppendLink(const platform::TableDef& definition);
 
  private:
-  struct Known {
-    std::int64_t schemaVersion = 0;
-    std::string linkTarget;
-    std::unique_ptr<StoredTable> table;
-  };
   const ResolvedTable* FindIn(const std::shared_ptr<DataFile>& file, std::string_view name, bool linked);
   std::string StoredNameIn(DataFile& file, std::string_view name);
 
   Session& session_;
   std::shared_ptr<DataFile> file_;
-  std::map<std::string, Known> known_;                  ///< by file, kind and name
-  std::vector<std::unique_ptr<StoredTable>> outdated_;  ///< open recordsets may still use them
+  std::map<std::string, std::unique_ptr<StoredTable>> known_;  ///< by file, kind and name
+  std::vector<std::unique_ptr<StoredTable>> outdated_;         ///< open recordsets may still use them
 };
 
 }  // namespace engine

@@ -162,6 +162,8 @@ void Connection::RaiseFor(int code, const StatementSlot& slot) {
 
 void Connection::Raise(int code, bool writing, int file) {
   switch (code & 0xff) {
+    case SQLITE_INTERRUPT:
+      throw WorkLimitReached();
     case SQLITE_CONSTRAINT:
       throw ConstraintError(code);
     case SQLITE_BUSY:
@@ -190,6 +192,13 @@ void Connection::Raise(int code, bool writing, int file) {
   }
   throw platform::Error(3000, std::string("Reserved error (") + std::to_string(code) + "): " + sqlite3_errmsg(db_));
 }
+
+WorkLimit::WorkLimit(Connection& connection, int steps) : connection_(connection) {
+  sqlite3_progress_handler(
+      connection.Handle(), steps, [](void*) { return 1; }, nullptr);
+}
+
+WorkLimit::~WorkLimit() { sqlite3_progress_handler(connection_.Handle(), 0, nullptr, nullptr); }
 
 Transaction::Transaction(Connection& connection, Kind kind) : connection_(connection), kind_(kind) {
   outermost_ = !connection.InTransaction();

@@ -89,6 +89,22 @@ class Connection {
   int depth_ = 0;  ///< transactions inside one another
 };
 
+/// Leaves a Query::Step when a WorkLimit is used up. Never leaves the engine.
+struct WorkLimitReached {};
+
+/// Bounds the work of one statement while it lives: a step that needs more raises WorkLimitReached.
+class WorkLimit {
+ public:
+  /// `steps`: instructions of the store, about thirty for a row that is looked at.
+  WorkLimit(Connection& connection, int steps);
+  ~WorkLimit();
+  WorkLimit(const WorkLimit&) = delete;
+  WorkLimit& operator=(const WorkLimit&) = delete;
+
+ private:
+  Connection& connection_;
+};
+
 /// Statements that belong together: several reads of one state, or several writes of which all stay or none. Inside
 /// another one it is a part of that. Without Commit its writes are undone.
 class Transaction {

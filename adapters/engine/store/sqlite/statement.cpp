@@ -128,6 +128,8 @@ void Query::Again() {
   stepped_ = false;
 }
 
+bool Query::Sorted() const { return sqlite3_stmt_status(statement_, SQLITE_STMTSTATUS_SORT, 0) > 0; }
+
 bool Query::IsNull(int column) const { return sqlite3_column_type(statement_, column) == SQLITE_NULL; }
 std::int64_t Query::Int(int column) const { return sqlite3_column_int64(statement_, column); }
 

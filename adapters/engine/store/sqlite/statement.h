@@ -60,6 +60,9 @@ class Query {
   /// Makes it ready for another run; bindings stay.
   void Again();
 
+  /// Whether the store had to put the rows in order itself.
+  bool Sorted() const;
+
   bool IsNull(int column) const;
   std::int64_t Int(int column) const;
   std::string_view Text(int column) const;  ///< valid until the next step

@@ -329,6 +329,22 @@ TEST_P(Dynasets, OthersChangesShowAtTheNextFetch) {
   EXPECT_EQ(rows->Field("City"), "newer");
 }
 
+// A row that somebody moves behind the rows read so far comes once all the same.
+TEST_P(Dynasets, RowsMovedByOthersWhileWalking) {
+  std::vector<std::string> names;
+  for (int i = 0; i < 300; ++i) names.push_back("n" + std::to_string(1000 + i));
+  AddPeople(names);
+  auto rows = Dynaset("SELECT * FROM People ORDER BY Name");
+  auto elsewhere = NewEngine();
+  auto other = elsewhere->OpenControlDatabase(Path("office.zdb"));
+  int seen = 0;
+  for (; !rows->Eof(); rows->MoveNext()) {
+    if (++seen == 10) other->Execute("UPDATE People SET Name = 'z' WHERE Name = 'n1005'");
+    ASSERT_LE(seen, 301);
+  }
+  EXPECT_EQ(seen, GetParam() == 0 ? 301 : 300);
+}
+
 TEST_P(Dynasets, CountReachesNoneWithTheLastRow) {
   AddPeople({"a", "b"});
   auto rows = Dynaset("SELECT * FROM People ORDER BY Name");

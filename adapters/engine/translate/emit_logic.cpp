@@ -26,6 +26,7 @@ Emitted Emitter::Not(const sql::Expression& operand) {
 Emitted Emitter::LogicChain(std::string_view word, Tightness own, const std::vector<sql::Expression>& operands) {
   const auto tighter = static_cast<Tightness>(static_cast<int>(own) - 1);
   std::vector<std::string> parts;
+  parts.reserve(operands.size());
   for (const sql::Expression& operand : operands) parts.push_back(Wrap(ConditionOf(operand), tighter));
   while (parts.size() > longestRow) {
     std::vector<std::string> groups;

@@ -44,6 +44,7 @@ class Builder {
 
   void GiveAliases(char kept, char others) {
     std::vector<std::string> aliases;
+    aliases.reserve(static_cast<std::size_t>(sources_.TableCount()));
     int keptCount = 0;
     int otherCount = 0;
     for (int i = 0; i < sources_.TableCount(); ++i) {

@@ -68,8 +68,11 @@ int RunMessageBox(const std::string& text, int style, const std::string& title, 
                   const std::function<void(QMessageBox&)>& shown) {
   // The parent owns the box too and may go first.
   const QPointer<QMessageBox> made(MakeMessageBox(text, style, title, parent).release());
+  const QPointer<QWidget> below(parent);
   if (shown) QTimer::singleShot(0, made, [&made, &shown] { shown(*made); });
   made->exec();
+  // Where no window manager gives the keyboard back, the window takes it back itself.
+  if (below) below->activateWindow();
   const int refused = IsYesNo(style) ? box::No : box::Ok;
   if (!made) return refused;
   const bool yes = IsYesNo(style) && made->standardButton(made->clickedButton()) == QMessageBox::Yes;

@@ -1,7 +1,9 @@
 #include "desktop/theme.h"
 
 #include <QApplication>
-#include <QStyleFactory>
+#include <memory>
+
+#include "desktop/outline_style.h"
 
 namespace desktop::theme {
 
@@ -23,8 +25,8 @@ struct Tones {
 
 constexpr Tones kLight{"#f3f4f6", "#ffffff", "#f8f9fb", "#1c2127", "#8a929c", "#fcfcfd",
                        "#2563b0", "#ffffff", "#cfd4da", "#fffbe6", "#1d5fb4"};
-constexpr Tones kDark{"#24272c", "#1b1d21", "#202327", "#e3e6ea", "#7d8590", "#31353b",
-                      "#3f7fcb", "#ffffff", "#43484f", "#3a3d42", "#7ab0f0"};
+constexpr Tones kDark{"#1f2226", "#2a2e34", "#2e3238", "#e3e6ea", "#8b929c", "#363b43",
+                      "#3f7fcb", "#ffffff", "#474d56", "#3a3d42", "#7ab0f0"};
 
 }  // namespace
 
@@ -72,7 +74,7 @@ QPalette Colours(bool dark) {
 }
 
 void Install(bool dark) {
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setStyle(std::make_unique<OutlineStyle>().release());
   QApplication::setPalette(Colours(dark));
 }
 

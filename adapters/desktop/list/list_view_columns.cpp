@@ -53,6 +53,10 @@ int ListView::DefaultWidth(int column) const {
     if (field.type == FieldType::Date) characters = kDateCharacters;
   }
   for (const auto& [code, text] : design.valueItems) characters = std::max(characters, static_cast<int>(text.size()));
+  // Short fields hold codes and figures, which are wide; long ones are seldom full.
+  constexpr int kShortField = 12;
+  const int wide = std::max(character, metrics.horizontalAdvance('0'));
+  if (characters <= kShortField) return std::max(heading, characters * wide + kCellPadding);
   return std::max(heading, characters * character + kCellPadding);
 }
 

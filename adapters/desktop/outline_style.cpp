@@ -1,0 +1,54 @@
+#include "desktop/outline_style.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+#include "desktop/theme.h"
+
+namespace desktop {
+
+namespace {
+constexpr float kOutlineStrength = 0.34F;
+constexpr float kDisabledStrength = 0.16F;
+constexpr qreal kCorner = 2.0;
+
+void DrawOutline(const QStyleOption& option, QPainter& painter, bool round) {
+  QColor outline = option.palette.color(QPalette::Active, QPalette::WindowText);
+  outline.setAlphaF(option.state.testFlag(QStyle::State_Enabled) ? kOutlineStrength : kDisabledStrength);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(outline);
+  painter.setBrush(Qt::NoBrush);
+  const QRectF line = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  if (round) {
+    painter.drawEllipse(line);
+  } else {
+    painter.drawRoundedRect(line, kCorner, kCorner);
+  }
+  painter.restore();
+}
+
+}  // namespace
+
+OutlineStyle::OutlineStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+  const bool round = element == PE_IndicatorRadioButton;
+  const bool square = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck || element == PE_PanelLineEdit;
+  const bool focused = element == PE_PanelLineEdit && option->state.testFlag(State_HasFocus);
+  if ((!round && !square) || focused || !theme::IsDark(option->palette)) return;
+  // An edit without a frame of its own is part of another control, which draws it.
+  const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+  if (element == PE_PanelLineEdit && frame && frame->lineWidth == 0) return;
+  DrawOutline(*option, *painter, round);
+}
+
+void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                      const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  if (control == CC_ComboBox && !option->state.testFlag(State_HasFocus) && theme::IsDark(option->palette))
+    DrawOutline(*option, *painter, false);
+}
+
+}  // namespace desktop

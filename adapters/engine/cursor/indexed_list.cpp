@@ -24,8 +24,8 @@ IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape)
     : RowList(std::move(source)),
       shape_(std::move(shape)),
       forward_(shape_.descending ? Direction::Down : Direction::Up),
-      walker_(Source(), shape_.order, shape_.index),
-      fences_(walker_, forward_),
+      walker_(Source().Shape().Walker(Source().Store(), shape_.order, shape_.index)),
+      fences_(*walker_, forward_),
       search_(*this) {}
 
 // ---- walking
@@ -61,7 +61,7 @@ bool IndexedList::Previous(Place& place) {
 }
 
 bool IndexedList::TakeEnd(Place& place, bool forward) {
-  DropStalePages(true);
+  DropStalePages();
   const Segment* segment = SegmentAtEnd(forward);
   if (segment == nullptr) {
     run_ = 0;
@@ -73,7 +73,7 @@ bool IndexedList::TakeEnd(Place& place, bool forward) {
 }
 
 bool IndexedList::Step(Place& place, bool forward) {
-  DropStalePages(false);
+  DropStalePages();
   std::size_t row = 0;
   if (const Segment* segment = SegmentOf(place, row)) {
     if (forward ? row + 1 < segment->page->Rows() : row > 0) {
@@ -125,8 +125,8 @@ const IndexedList::Segment* IndexedList::SegmentAtEnd(bool atStart) {
   return nullptr;
 }
 
-void IndexedList::DropStalePages(bool anew) {
-  const std::uint64_t version = anew ? Source().Version() : Source().RecentVersion();
+void IndexedList::DropStalePages() {
+  const std::uint64_t version = Source().RecentVersion();
   if (version == segmentsVersion_) return;
   segments_.clear();
   segmentsVersion_ = version;
@@ -141,8 +141,8 @@ std::shared_ptr<RowPage> IndexedList::NewPage() const {
 void IndexedList::AppendRow(const Query& row, RowPage& page) const {
   Source().ReadCells(row, 0, page);
   for (std::size_t i = 0; i < shape_.order.size(); ++i)
-    page.cells.push_back(row.Read(walker_.OrderAt(false) + static_cast<int>(i), shape_.order[i].type));
-  page.keys.push_back(row.Int(walker_.RowKeyAt(false)));
+    row.Append(page.cells, walker_->OrderAt(false) + static_cast<int>(i), shape_.order[i].type);
+  page.keys.push_back(row.Int(walker_->RowKeyAt(false)));
 }
 
 OrderPlace IndexedList::OrderOf(const Place& place) const { return {place.order, place.keys[0]}; }
@@ -189,8 +189,8 @@ void IndexedList::ReadTableRows(const Place* from, bool forward, std::int64_t li
   std::vector<std::size_t> dropped;
   page.cells.reserve(static_cast<std::size_t>(limit) * page.columns);
   page.keys.reserve(static_cast<std::size_t>(limit));
-  const std::int64_t read = walker_.Read(request, [&](const Query& row) {
-    if (pinned_.empty() || !pinned_.contains(row.Int(walker_.RowKeyAt(false)))) AppendRow(row, page);
+  const std::int64_t read = walker_->Read(request, [&](const Query& row) {
+    if (pinned_.empty() || !pinned_.contains(row.Int(walker_->RowKeyAt(false)))) AppendRow(row, page);
     return true;
   });
   ended = read < request.limit;
@@ -250,14 +250,14 @@ int IndexedList::ComparePlaces(const Place& left, const Place& right) const {
     if (right.added == 0) return 1;
     return left.added < right.added ? -1 : 1;
   }
-  const int order = walker_.Compare(OrderOf(left), OrderOf(right));
+  const int order = walker_->Compare(OrderOf(left), OrderOf(right));
   return forward_ == Direction::Up ? order : -order;
 }
 
 bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
   Segment single;
   auto page = NewPage();
-  if (!walker_.ReadRow(rowKey, [&](const Query& row) {
+  if (!walker_->ReadRow(rowKey, [&](const Query& row) {
         AppendRow(row, *page);
         return true;
       }))
@@ -273,7 +273,7 @@ bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
 }
 
 bool IndexedList::PlaceByKey(std::int64_t rowKey, Place& place) {
-  auto now = walker_.PlaceOfRow(rowKey);
+  auto now = walker_->PlaceOfRow(rowKey);
   if (!now) return false;
   const auto pinned = pinned_.find(rowKey);
   place = {};
@@ -319,7 +319,7 @@ void IndexedList::Changed(Place& place) {
   place.ordinal = before.ordinal;
   if (!shape_.keepsPlaces || pinned_.contains(place.keys[0])) return;
   // With a filter the row may have left it, which only the store could tell: it keeps its place in any case.
-  if (walker_.Compare(OrderOf(place), OrderOf(before)) == 0 && Source().Plan().where.empty()) return;
+  if (walker_->Compare(OrderOf(place), OrderOf(before)) == 0 && Source().Plan().where.empty()) return;
   pinned_[place.keys[0]] = {OrderOf(before), 0};
   place.order = before.order;
 }
@@ -341,7 +341,7 @@ std::vector<std::int64_t> IndexedList::PinnedRows() const {
 std::int64_t IndexedList::RowsReached() {
   if (!shape_.keepsPlaces || lastReached_) return CountNow();
   Place place;
-  DropStalePages(true);
+  DropStalePages();
   const Segment* start = SegmentAtEnd(true);
   if (start == nullptr) start = &ReadSegment(nullptr, true, 1);
   return start->page->Rows() == 0 ? 0 : std::max<std::int64_t>(1, reached_);
@@ -351,12 +351,12 @@ std::int64_t IndexedList::CountNow() {
   const std::uint64_t version = Source().Version();
   if (count_ && countVersion_ == version) return *count_;
   Transaction oneState(Source().Store(), Transaction::Kind::Read);
-  std::int64_t count = walker_.CountAll();
+  std::int64_t count = walker_->CountAll();
   // A row that keeps its place counts, whatever the filter says of it now.
   for (const std::int64_t rowKey : PinnedRows()) {
-    if (!walker_.PlaceOfRow(rowKey))
+    if (!walker_->PlaceOfRow(rowKey))
       pinned_.erase(rowKey);
-    else if (!walker_.InFilter(rowKey))
+    else if (!walker_->InFilter(rowKey))
       ++count;
   }
   oneState.Commit();
@@ -404,11 +404,11 @@ bool IndexedList::IdleSlice() {
 // Rows of the table (not of the list) before a place.
 std::int64_t IndexedList::RowsOffset(const OrderPlace& place) {
   if (const auto ordinal = fences_.OrdinalOf(place)) return *ordinal;
-  const std::int64_t below = walker_.CountBelow(place);
+  const std::int64_t below = walker_->CountBelow(place);
   if (forward_ == Direction::Up) return below;
-  const auto now = walker_.InFilter(place.rowKey) ? walker_.PlaceOfRow(place.rowKey) : std::nullopt;
-  const bool there = now && walker_.Compare(*now, place) == 0;
-  return walker_.CountAll() - below - (there ? 1 : 0);
+  const auto now = walker_->InFilter(place.rowKey) ? walker_->PlaceOfRow(place.rowKey) : std::nullopt;
+  const bool there = now && walker_->Compare(*now, place) == 0;
+  return walker_->CountAll() - below - (there ? 1 : 0);
 }
 
 std::optional<std::int64_t> IndexedList::OrdinalOf(const Place& place) {
@@ -416,17 +416,17 @@ std::optional<std::int64_t> IndexedList::OrdinalOf(const Place& place) {
     const auto behind = std::ranges::count_if(pinned_, [&](const auto& entry) { return entry.second.added > place.added; });
     return CountNow() - 1 - behind;
   }
-  if (!IsPinned(place.keys[0]) && !walker_.InFilter(place.keys[0])) return {};
+  if (!IsPinned(place.keys[0]) && !walker_->InFilter(place.keys[0])) return {};
   const OrderPlace here = OrderOf(place);
   std::int64_t ordinal = RowsOffset(here);
   // Rows that keep their places are counted where they stand in the list, not where the table has them.
   const auto standsBefore = [&](const OrderPlace& other) {
-    const int order = walker_.Compare(other, here);
+    const int order = walker_->Compare(other, here);
     return forward_ == Direction::Up ? order < 0 : order > 0;
   };
   for (const auto& [rowKey, pinned] : pinned_) {
-    const auto now = walker_.PlaceOfRow(rowKey);
-    if (now && walker_.InFilter(rowKey) && standsBefore(*now)) --ordinal;
+    const auto now = walker_->PlaceOfRow(rowKey);
+    if (now && walker_->InFilter(rowKey) && standsBefore(*now)) --ordinal;
     if (now && pinned.added == 0 && rowKey != here.rowKey && standsBefore(pinned.place)) ++ordinal;
   }
   return ordinal;
@@ -442,8 +442,8 @@ bool IndexedList::At(std::int64_t ordinal, Place& place) {
     request.direction = fromEnd ? Opposite(forward_) : forward_;
     request.skip = fromEnd ? all - 1 - ordinal : ordinal;
     request.keysOnly = true;
-    walker_.Read(request, [&](const Query& row) {
-      raw = walker_.PlaceAt(row, true);
+    walker_->Read(request, [&](const Query& row) {
+      raw = walker_->PlaceAt(row, true);
       return true;
     });
   }
@@ -465,7 +465,7 @@ bool IndexedList::At(std::int64_t ordinal, Place& place) {
 }
 
 std::vector<platform::ListRow> IndexedList::Rows(const Place* from, bool forward, int count) {
-  DropStalePages(true);
+  DropStalePages();
   if (!pinned_.empty()) return RowList::Rows(from, forward, count);
   std::size_t row = 0;
   const Segment* known = from == nullptr ? SegmentAtEnd(forward) : SegmentOf(*from, row);
@@ -484,12 +484,12 @@ std::vector<platform::ListRow> IndexedList::Rows(const Place* from, bool forward
   request.limit = count;
   std::vector<platform::ListRow> shown;
   shown.reserve(static_cast<std::size_t>(count));
-  walker_.Read(request, [&](const Query& read) {
+  walker_->Read(request, [&](const Query& read) {
     RowPage page(Source().Fields().size(), 1);
     page.cells.reserve(page.columns);
     Source().ReadCells(read, 0, page);
     Place at;
-    at.keys.assign(1, read.Int(walker_.RowKeyAt(false)));
+    at.keys.assign(1, read.Int(walker_->RowKeyAt(false)));
     shown.push_back({{Source().Set(), KeyOf(at)}, std::move(page.cells)});
     return true;
   });

@@ -30,7 +30,7 @@ class IndexedList final : public RowList {
   };
   IndexedList(std::shared_ptr<RowSource> source, Shape shape);
 
-  KeyWalker& Walker() noexcept { return walker_; }
+  KeyWalker& Walker() noexcept { return *walker_; }
   Direction Forward() const noexcept { return forward_; }
   bool KeepsPlaces() const noexcept { return shape_.keepsPlaces; }
 
@@ -87,7 +87,7 @@ class IndexedList final : public RowList {
   const Segment& ReadSegment(const Place* from, bool forward, std::int64_t limit);
   void ReadTableRows(const Place* from, bool forward, std::int64_t limit, RowPage& page, bool& ended);
   void MergePinned(const Place* from, bool forward, bool ended, Segment& segment);
-  void DropStalePages(bool anew);
+  void DropStalePages();
   OrderPlace OrderOf(const Place& place) const;
   OrderPlace OrderInPage(const RowPage& page, std::size_t row) const;
   std::shared_ptr<RowPage> NewPage() const;
@@ -97,7 +97,7 @@ class IndexedList final : public RowList {
 
   Shape shape_;
   Direction forward_;
-  KeyWalker walker_;
+  std::shared_ptr<KeyWalker> walker_;
   Fences fences_;
   IndexedSearch search_;
   std::list<Segment> segments_;  ///< last used first

@@ -15,9 +15,11 @@ namespace {
 using platform::FieldType;
 using platform::Value;
 
-constexpr std::int64_t walkedRows = 1024;  // in list order, before the whole table is looked at
-constexpr std::int64_t fewHits = 256;      // of another index: taken without a walk
+constexpr std::int64_t fewHits = 256;  // of another index: taken without a walk
 constexpr std::int64_t firstSliceKeys = 20'000;
+
+// How many rows are looked at in list order, before the whole table is: few beside its size, since each lies elsewhere.
+std::int64_t RowsToWalk(std::int64_t rows) { return std::clamp<std::int64_t>(rows / 256, 16, 1024); }
 
 }  // namespace
 
@@ -189,7 +191,7 @@ std::optional<bool> IndexedSearch::WalkAhead(const Place* after, Place& found) {
     KeyWalker::Request request;
     request.direction = list_.Forward();
     request.from = after == nullptr ? nullptr : &place;
-    request.limit = walkedRows;
+    request.limit = RowsToWalk(list_.Count());
     request.keysOnly = true;
     request.flag = plan_.where;
     const std::int64_t read = list_.Walker().Read(request, [&](const Query& row) {
@@ -198,7 +200,7 @@ std::optional<bool> IndexedSearch::WalkAhead(const Place* after, Place& found) {
       if (!row.IsNull(flag) && row.Int(flag) != 0 && !list_.IsPinned(rowKey)) hit = rowKey;
       return !hit.has_value();
     });
-    ended = read < walkedRows;
+    ended = read < request.limit;
   }
   if (!hit && !ended) return {};
   return WithPinned(hit, after, found);

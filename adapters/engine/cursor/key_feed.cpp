@@ -87,8 +87,8 @@ void SortedFeed::Collect() {
                                                 (plan.where.empty() ? " NOT INDEXED" : " WHERE " + plan.where)));
   std::int64_t rows = 0;
   while (query.Step()) {
-    const platform::Value value = query.Read(0, order_.type);
-    entries_.emplace_back(OrderPrefix(order_.type, value), query.Int(1), !PrefixIsWhole(order_.type, value));
+    const OrderStart start = OrderStartOf(query, 0, order_.type);
+    entries_.emplace_back(start.prefix, query.Int(1), !start.whole);
     if (++rows % rowsBetweenPaints == 0) source_.Store().ServePainting();
   }
   if (!entries_.empty()) ends_.push_back(entries_.size());
@@ -102,7 +102,7 @@ bool SortedFeed::Before(const Entry& left, const Entry& right) const {
 
 // Halves the first unsorted piece until it is short enough to be sorted as a whole. False when it is.
 bool SortedFeed::SplitFirst() {
-  constexpr std::size_t shortPiece = 2048;
+  constexpr std::size_t shortPiece = 256;
   if (ends_.empty()) return false;
   const std::size_t end = ends_.back();
   if (end - given_ <= shortPiece) return false;

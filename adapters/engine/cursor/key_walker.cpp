@@ -45,13 +45,14 @@ int CompareStored(FieldType type, const Value& left, const Value& right) {
   return 0;
 }
 
-KeyWalker::KeyWalker(RowSource& source, std::vector<OrderColumn> order, std::string index) : source_(source), order_(std::move(order)) {
-  const PlanTable& table = source.Plan().tables.front();
+KeyWalker::KeyWalker(Connection& connection, const RowShape& shape, std::vector<OrderColumn> order, const std::string& index)
+    : connection_(connection), shape_(shape), order_(std::move(order)) {
+  const PlanTable& table = shape.plan.tables.front();
   rowKey_ = table.alias + '.' + table.table->rowKey;
-  from_ = source.Plan().from;
+  from_ = shape.plan.from;
   if (!index.empty())
     from_ += " INDEXED BY " + QuoteName(index);
-  else if (order_.empty() && source.Plan().where.empty())
+  else if (order_.empty() && shape.plan.where.empty())
     from_ += " NOT INDEXED";
   for (const OrderColumn& column : order_) keyColumns_ += column.sql + ", ";
   keyColumns_ += rowKey_;
@@ -60,7 +61,7 @@ KeyWalker::KeyWalker(RowSource& source, std::vector<OrderColumn> order, std::str
 // Only the list's own pages are read without exception; the other statements are put together when they are first needed.
 const SqlText& KeyWalker::Ready(SqlText& text, std::string_view columns, bool filtered) const {
   if (!text.text.empty()) return text;
-  const SelectPlan& plan = source_.Plan();
+  const SelectPlan& plan = shape_.plan;
   const PlanTable& table = plan.tables.front();
   text.text.append("SELECT ").append(columns).append(" FROM ");
   text.text += filtered ? plan.from : table.table->storeName + " AS " + table.alias;
@@ -70,8 +71,8 @@ const SqlText& KeyWalker::Ready(SqlText& text, std::string_view columns, bool fi
 }
 
 bool KeyWalker::ReadRow(std::int64_t rowKey, const Sink& sink) {
-  if (row_.text.empty()) Ready(row_, source_.ColumnList() + ", " + keyColumns_, false);
-  Query query(source_.Store(), row_);
+  if (row_.text.empty()) Ready(row_, shape_.columnList + ", " + keyColumns_, false);
+  Query query(connection_, row_);
   query.Bind(1, rowKey);
   if (!query.Step()) return false;
   sink(query);
@@ -80,24 +81,24 @@ bool KeyWalker::ReadRow(std::int64_t rowKey, const Sink& sink) {
 
 std::optional<OrderPlace> KeyWalker::PlaceOfRow(std::int64_t rowKey) {
   Ready(placeOfRow_, keyColumns_, false);
-  Query query(source_.Store(), placeOfRow_);
+  Query query(connection_, placeOfRow_);
   query.Bind(1, rowKey);
   if (!query.Step()) return {};
   return PlaceAt(query, true);
 }
 
 bool KeyWalker::InFilter(std::int64_t rowKey) {
-  if (source_.Plan().where.empty()) return true;
+  if (shape_.plan.where.empty()) return true;
   Ready(inFilter_, rowKey_, true);
-  Query query(source_.Store(), inFilter_);
+  Query query(connection_, inFilter_);
   query.Bind(1, rowKey);
   return query.Step();
 }
 
 std::int64_t KeyWalker::CountAll() {
-  const SelectPlan& plan = source_.Plan();
+  const SelectPlan& plan = shape_.plan;
   if (count_.text.empty()) count_.text = "SELECT count(*) FROM " + plan.from + (plan.where.empty() ? "" : " WHERE " + plan.where);
-  Query query(source_.Store(), count_);
+  Query query(connection_, count_);
   return query.Step() ? query.Int(0) : 0;
 }
 
@@ -106,9 +107,9 @@ std::int64_t KeyWalker::CountBelow(const OrderPlace& place) {
   request.direction = Direction::Down;
   request.from = &place;
   std::int64_t count = 0;
-  Transaction oneState(source_.Store(), Transaction::Kind::Read);
+  Transaction oneState(connection_, Transaction::Kind::Read);
   for (const Level& level : LevelsFor(request)) {
-    Query query(source_.Store(), std::string_view("SELECT count(*) FROM " + from_ + " WHERE " + ConditionOf(request, level)));
+    Query query(connection_, std::string_view("SELECT count(*) FROM " + from_ + " WHERE " + ConditionOf(request, level)));
     BindPlace(query, request, level);
     if (query.Step()) count += query.Int(0);
   }
@@ -128,12 +129,12 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
   std::int64_t left = request.limit;
   const std::vector<Level> levels = LevelsFor(request);
   std::optional<Transaction> oneState;
-  if (levels.size() > 1 && left > 1) oneState.emplace(source_.Store(), Transaction::Kind::Read);
+  if (levels.size() > 1 && left > 1) oneState.emplace(connection_, Transaction::Kind::Read);
   bool goOn = true;
   for (const Level& level : levels) {
     if (left == 0 || !goOn) break;
     SqlText own;
-    Query query(source_.Store(), Statement(request, level, own));
+    Query query(connection_, Statement(request, level, own));
     BindPlace(query, request, level);
     const int more = static_cast<int>(order_.size()) + 2;
     query.Bind(more, left);
@@ -186,7 +187,7 @@ SqlText& KeyWalker::Statement(const Request& request, const Level& level, SqlTex
 
 std::string KeyWalker::StatementText(const Request& request, const Level& level) const {
   std::string text = "SELECT ";
-  if (!request.keysOnly) text += source_.ColumnList() + ", ";
+  if (!request.keysOnly) text += shape_.columnList + ", ";
   text += keyColumns_;
   if (!request.flag.empty()) text.append(", (").append(request.flag).append(")");
   text += " FROM " + from_;
@@ -214,7 +215,7 @@ std::string KeyWalker::ConditionOf(const Request& request, const Level& level) c
     if (request.bounds->lower) add(order_[0].sql + " >= ?" + std::to_string(order_.size() + 4));
     if (request.bounds->upper) add(order_[0].sql + " < ?" + std::to_string(order_.size() + 5));
   }
-  if (!source_.Plan().where.empty()) add("(" + source_.Plan().where + ")");
+  if (!shape_.plan.where.empty()) add("(" + shape_.plan.where + ")");
   if (!request.condition.empty()) add("(" + std::string(request.condition) + ")");
   return text;
 }

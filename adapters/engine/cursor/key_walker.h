@@ -12,12 +12,6 @@
 
 namespace engine {
 
-/// One column that orders a list.
-struct OrderColumn {
-  std::string sql;  ///< qualified by the table's alias
-  platform::FieldType type = platform::FieldType::Long;
-};
-
 /// Ascending or against it, always in terms of the keys themselves.
 enum class Direction { Up, Down };
 inline Direction Opposite(Direction direction) { return direction == Direction::Up ? Direction::Down : Direction::Up; }
@@ -40,7 +34,7 @@ struct KeyBounds {
 class KeyWalker {
  public:
   /// `index`: name in the store of the index that has this order, "" to leave the choice to the store (or for row key order).
-  KeyWalker(RowSource& source, std::vector<OrderColumn> order, std::string index);
+  KeyWalker(Connection& connection, const RowShape& shape, std::vector<OrderColumn> order, const std::string& index);
 
   const std::vector<OrderColumn>& Order() const noexcept { return order_; }
   /// "t0.a, t0.key": the order columns and the row key.
@@ -74,7 +68,7 @@ class KeyWalker {
   std::int64_t CountAll();
 
   /// Where the parts stand in a row of a full read.
-  int OrderAt(bool keysOnly) const { return keysOnly ? 0 : static_cast<int>(source_.Plan().columns.size()); }
+  int OrderAt(bool keysOnly) const { return keysOnly ? 0 : static_cast<int>(shape_.plan.columns.size()); }
   int RowKeyAt(bool keysOnly) const { return OrderAt(keysOnly) + static_cast<int>(order_.size()); }
   int FlagAt(bool keysOnly) const { return RowKeyAt(keysOnly) + 1; }
   OrderPlace PlaceAt(const Query& row, bool keysOnly) const;
@@ -97,7 +91,8 @@ class KeyWalker {
   std::string ConditionOf(const Request& request, const Level& level) const;
   std::string OrderText(Direction direction, std::size_t from) const;
 
-  RowSource& source_;
+  Connection& connection_;
+  const RowShape& shape_;
   std::vector<OrderColumn> order_;
   std::string rowKey_;
   std::string from_;

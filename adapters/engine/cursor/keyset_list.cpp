@@ -20,7 +20,7 @@ KeysetList::KeysetList(std::shared_ptr<RowSource> source) : RowList(std::move(so
 
 KeysetList::KeysetList(std::shared_ptr<RowSource> source, Walk walk)
     : RowList(std::move(source)), forward_(walk.descending ? Direction::Down : Direction::Up), search_(*this) {
-  walker_.emplace(Source(), std::move(walk.order), std::move(walk.index));
+  walker_ = Source().Shape().Walker(Source().Store(), walk.order, walk.index);
   feed_ = std::make_unique<WalkFeed>(Source(), *walker_, forward_);
 }
 
@@ -31,11 +31,12 @@ KeysetList::KeysetList(std::shared_ptr<RowSource> source, OrderColumn order, boo
 // ---- the keys
 
 void KeysetList::ReadMore(std::size_t wanted, bool withRows) {
-  DropStaleBlocks(true);
+  DropStaleBlocks();
   if (state_.empty()) filledVersion_ = blocksVersion_;
   mixed_ = mixed_ || filledVersion_ != blocksVersion_;
   const std::size_t before = state_.size();
   auto page = std::make_shared<RowPage>(Source().Fields().size(), Source().KeyCount());
+  if (withRows) page->cells.reserve(wanted * page->columns);
   complete_ = !feed_->More(keys_, wanted, withRows && !mixed_ ? page.get() : nullptr);
   if (mixed_) DropKnownKeys(before);
   state_.resize(keys_.size() / Source().KeyCount(), State::Alive);
@@ -64,11 +65,14 @@ void KeysetList::NumberKeys() {
   for (; ordinalsFor_ < state_.size(); ++ordinalsFor_) ordinals_.emplace(keys_[ordinalsFor_], static_cast<std::int64_t>(ordinalsFor_));
 }
 
-bool KeysetList::Reach(std::int64_t ordinal) {
-  // The first row alone, then a page, then all keys that are wanted.
+bool KeysetList::Reach(std::int64_t ordinal, bool withRows) {
+  // A walk reads rows with their keys, twice as many each time; a window reads the keys that it is missing.
   while (ordinal >= Size() && !complete_) {
     const auto missing = static_cast<std::size_t>(ordinal + 1 - Size());
-    ReadMore(missing <= readRows ? missing : sliceKeys, missing <= readRows);
+    if (missing > readRows)
+      ReadMore(sliceKeys, false);
+    else
+      ReadMore(withRows ? std::max(missing, std::min(state_.size(), readRows)) : missing, withRows);
   }
   return ordinal >= 0 && ordinal < Size();
 }
@@ -94,8 +98,8 @@ void KeysetList::MarkGone(std::int64_t ordinal, State state) {
 
 // ---- rows
 
-void KeysetList::DropStaleBlocks(bool anew) {
-  const std::uint64_t version = anew ? Source().Version() : Source().RecentVersion();
+void KeysetList::DropStaleBlocks() {
+  const std::uint64_t version = Source().RecentVersion();
   if (version == blocksVersion_) return;
   blocks_.clear();
   blocksVersion_ = version;
@@ -126,27 +130,33 @@ const KeysetList::Block& KeysetList::ReadBlock(std::int64_t ordinal, bool forwar
 }
 
 // As long as nobody has written, a stretch of the list is a stretch of the index, and read as such.
-bool KeysetList::ReadAlongIndex(Block& block, std::int64_t end, RowPage& page) {
-  if (end - block.first < 8 || !InIndexOrder()) return false;
+bool KeysetList::AlongIndex(std::int64_t first, std::int64_t end, const RowSink& sink) {
+  if (end - first < 8 || !InIndexOrder()) return false;
   std::optional<OrderPlace> before;
-  if (block.first > 0) {
-    before = walker_->PlaceOfRow(*KeysOf(block.first - 1));
+  if (first > 0) {
+    before = walker_->PlaceOfRow(*KeysOf(first - 1));
     if (!before) return false;
   }
   KeyWalker::Request request;
   request.direction = forward_;
   request.from = before ? &*before : nullptr;
-  request.limit = end - block.first;
-  std::int64_t next = block.first;
+  request.limit = end - first;
+  std::int64_t next = first;
   walker_->Read(request, [&](const Query& row) {
     if (row.Int(walker_->RowKeyAt(false)) != *KeysOf(next)) return false;
-    Source().ReadCells(row, 0, page);
-    page.keys.push_back(*KeysOf(next));
-    block.rows.push_back(static_cast<int>(next - block.first));
-    ++next;
-    return true;
+    sink(row);
+    return ++next < end;
   });
-  if (next == end) return true;
+  return next == end;
+}
+
+bool KeysetList::ReadAlongIndex(Block& block, std::int64_t end, RowPage& page) {
+  const bool read = AlongIndex(block.first, end, [&](const Query& row) {
+    Source().ReadCells(row, 0, page);
+    page.keys.push_back(row.Int(walker_->RowKeyAt(false)));
+    block.rows.push_back(static_cast<int>(block.rows.size()));
+  });
+  if (read) return true;
   block.rows.clear();
   page.cells.clear();
   page.keys.clear();
@@ -170,7 +180,7 @@ void KeysetList::SetPlace(Place& place, std::int64_t ordinal) const {
 }
 
 bool KeysetList::Visit(std::int64_t ordinal, Place& place, bool forward) {
-  DropStaleBlocks(false);
+  DropStaleBlocks();
   const Block* block = BlockWith(ordinal);
   if (block == nullptr) block = &ReadBlock(ordinal, forward);
   const int row = block->rows[static_cast<std::size_t>(ordinal - block->first)];
@@ -193,14 +203,14 @@ bool KeysetList::WalkFrom(Place& place, std::int64_t from, bool forward) {
 }
 
 bool KeysetList::First(Place& place) {
-  DropStaleBlocks(true);
+  DropStaleBlocks();
   run_ = 2;
   return WalkFrom(place, 0, true);
 }
 
 bool KeysetList::Last(Place& place) {
   FillAll();
-  DropStaleBlocks(true);
+  DropStaleBlocks();
   run_ = 0;
   return WalkFrom(place, Size() - 1, false);
 }
@@ -230,7 +240,7 @@ bool KeysetList::WindowPlace(const std::string& key, Place& place) {
 Place KeysetList::PlaceOf(const std::string& key) {
   Place place;
   run_ = 0;
-  DropStaleBlocks(true);
+  DropStaleBlocks();
   if (!WindowPlace(key, place) || !Visit(place.ordinal, place)) throw errors::RecordDeleted();
   return place;
 }
@@ -311,7 +321,7 @@ std::optional<std::int64_t> KeysetList::OrdinalOf(const Place& place) {
 // Numbers of up to `count` rows that the list shows, in list order.
 std::vector<std::int64_t> KeysetList::NumbersFrom(std::int64_t from, bool forward, int count) {
   std::vector<std::int64_t> numbers;
-  if (forward) Reach(from + count - 1);
+  if (forward) Reach(from + count - 1, false);
   for (std::int64_t i = from; static_cast<int>(numbers.size()) < count && (forward ? Reach(i) : i >= 0); i += forward ? 1 : -1)
     if (state_[static_cast<std::size_t>(i)] != State::Deleted) numbers.push_back(i);
   if (!forward) std::ranges::reverse(numbers);
@@ -326,7 +336,7 @@ std::vector<platform::ListRow> KeysetList::Rows(const Place* from, bool forward,
   const std::vector<std::int64_t> numbers = NumbersFrom(start, forward, count);
   std::vector<platform::ListRow> rows;
   if (numbers.empty()) return rows;
-  DropStaleBlocks(true);
+  DropStaleBlocks();
   const Block* known = BlockWith(numbers.front());
   if (known != nullptr && BlockWith(numbers.back()) == known) {
     for (const std::int64_t number : numbers) {
@@ -336,12 +346,24 @@ std::vector<platform::ListRow> KeysetList::Rows(const Place* from, bool forward,
     }
     return rows;
   }
+  const std::int64_t end = numbers.back() + 1;
+  if (end - numbers.front() == static_cast<std::int64_t>(numbers.size())) {
+    const bool read = AlongIndex(numbers.front(), end, [&](const Query& row) {
+      RowPage cells(Source().Fields().size(), 1);
+      cells.cells.reserve(cells.columns);
+      Source().ReadCells(row, 0, cells);
+      Place place;
+      SetPlace(place, numbers[rows.size()]);
+      rows.push_back({{Source().Set(), KeyOf(place)}, std::move(cells.cells)});
+    });
+    if (read) return rows;
+    rows.clear();
+  }
   Block block;
   block.first = numbers.front();
-  const std::int64_t end = numbers.back() + 1;
   RowPage page(Source().Fields().size(), Source().KeyCount());
   page.cells.reserve(static_cast<std::size_t>(end - block.first) * page.columns);
-  if (!ReadAlongIndex(block, end, page)) ReadByKeys(block, end, page);
+  ReadByKeys(block, end, page);
   for (const std::int64_t number : numbers) {
     Place place;
     SetPlace(place, number);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <list>
 #include <memory>
 #include <optional>
@@ -54,7 +55,7 @@ class KeysetList final : public RowList {
   std::int64_t Size() const noexcept { return static_cast<std::int64_t>(state_.size()); }
   void FillAll();
   /// Reads on until there is a row with that number; false when there is none.
-  bool Reach(std::int64_t ordinal);
+  bool Reach(std::int64_t ordinal, bool withRows = true);
   const std::int64_t* KeysOf(std::int64_t ordinal) const { return keys_.data() + static_cast<std::size_t>(ordinal) * Source().KeyCount(); }
   bool IsAlive(std::int64_t ordinal) const { return state_[static_cast<std::size_t>(ordinal)] == State::Alive; }
   /// Rows that this recordset has added or changed: they may fit or not fit apart from what the tables' order says.
@@ -63,10 +64,10 @@ class KeysetList final : public RowList {
   bool Visit(std::int64_t ordinal, Place& place, bool forward = true);
   /// Number of the row with that key of the first table; the list has one table.
   std::optional<std::int64_t> OrdinalOfKey(std::int64_t rowKey);
-  KeyWalker* Walker() noexcept { return walker_ ? &*walker_ : nullptr; }
+  KeyWalker* Walker() noexcept { return walker_.get(); }
   Direction Forward() const noexcept { return forward_; }
   /// Whether nobody has written since the keys were read, so that they still are in the order of the index.
-  bool InIndexOrder() { return walker_ && !mixed_ && filledVersion_ == Source().Version(); }
+  bool InIndexOrder() { return walker_ && !mixed_ && filledVersion_ == Source().RecentVersion(); }
 
  private:
   enum class State : std::uint8_t { Alive, Gone, Deleted };  ///< Gone: by others
@@ -81,9 +82,11 @@ class KeysetList final : public RowList {
   void NumberKeys();
   const Block* BlockWith(std::int64_t ordinal);
   const Block& ReadBlock(std::int64_t ordinal, bool forward);
+  using RowSink = std::function<void(const Query& row)>;
+  bool AlongIndex(std::int64_t first, std::int64_t end, const RowSink& sink);
   bool ReadAlongIndex(Block& block, std::int64_t end, RowPage& page);
   void ReadByKeys(Block& block, std::int64_t end, RowPage& page);
-  void DropStaleBlocks(bool anew);
+  void DropStaleBlocks();
   void SetPlace(Place& place, std::int64_t ordinal) const;
   void MarkGone(std::int64_t ordinal, State state);
   bool WalkFrom(Place& place, std::int64_t from, bool forward);
@@ -91,7 +94,7 @@ class KeysetList final : public RowList {
   std::vector<std::int64_t> NumbersFrom(std::int64_t from, bool forward, int count);
 
   Direction forward_ = Direction::Up;
-  std::optional<KeyWalker> walker_;
+  std::shared_ptr<KeyWalker> walker_;
   std::unique_ptr<KeyFeed> feed_;
   KeysetSearch search_;
   std::vector<std::int64_t> keys_;

@@ -37,10 +37,12 @@ std::optional<IndexOrder> OrderByIndex(const SelectPlan& plan) {
   return {};
 }
 
-// No table has more rows than its row keys have numbers.
+// No table has more rows than its row keys have numbers. Where an index gives the order, pages of it are so cheap that only
+// the keys of short lists are worth reading.
 bool FitsExact(RowSource& source) {
+  constexpr std::int64_t shortList = 1000;
   const PlanTable& table = source.Plan().tables.front();
-  const std::int64_t most = source.OwnSession().options.exactRows;
+  const std::int64_t most = std::min(source.OwnSession().options.exactRows, shortList);
   if (most <= 0) return false;
   return source.Store().AskNumber("SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName).value_or(0) <= most;
 }
@@ -51,7 +53,7 @@ enum class Density { Dense, Few, Thin };
 Density DensityOf(RowSource& source, const IndexOrder& order) {
   constexpr std::int64_t page = 64;
   constexpr int workOfThousandRows = 60'000;
-  KeyWalker walker(source, order.order, "");
+  KeyWalker& walker = *source.Shape().Walker(source.Store(), order.order, "");
   KeyWalker::Request request;
   request.direction = order.descending ? Direction::Down : Direction::Up;
   request.limit = page;

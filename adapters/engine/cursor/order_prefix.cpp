@@ -24,6 +24,11 @@ std::uint64_t OfReal(double number) {
   return (bits & signBit) != 0 ? ~bits : bits | signBit;
 }
 
+std::uint64_t PrefixOfText(std::string_view text) {
+  const std::uint64_t prefix = SortPrefix(text);
+  return prefix == 0 ? 1 : prefix;
+}
+
 }  // namespace
 
 std::uint64_t OrderPrefix(platform::FieldType type, const platform::Value& value) {
@@ -47,18 +52,19 @@ std::uint64_t OrderPrefix(platform::FieldType type, const platform::Value& value
       return OfReal(value.As<platform::Date>().serial);
     case FieldType::Text:
     case FieldType::Memo: {
-      const std::uint64_t prefix = SortPrefix(value.As<std::string>());
-      return prefix == 0 ? 1 : prefix;
+      return PrefixOfText(value.As<std::string>());
     }
   }
   return 0;
 }
 
-// Eight plain letters or signs fill the prefix; what is longer, or has accents, has more to say.
-bool PrefixIsWhole(platform::FieldType type, const platform::Value& value) {
-  if (PrefixDecides(type) || value.IsNull()) return true;
-  const std::string_view text = WithoutTrailingBlanks(value.As<std::string>());
-  return text.size() <= 8 && std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+OrderStart OrderStartOf(const Query& row, int column, platform::FieldType type) {
+  if (PrefixDecides(type)) return {OrderPrefix(type, row.Read(column, type)), true};
+  if (row.IsNull(column)) return {};
+  // Eight plain letters or signs fill the prefix; what is longer, or has accents, has more to say.
+  const std::string_view text = WithoutTrailingBlanks(row.Text(column));
+  const bool whole = text.size() <= 8 && std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  return {PrefixOfText(text), whole};
 }
 
 }  // namespace engine

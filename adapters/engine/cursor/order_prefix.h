@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "engine/store/sqlite/statement.h"
 #include "platform/table_definition.h"
 #include "platform/value.h"
 
@@ -14,8 +15,12 @@ std::uint64_t OrderPrefix(platform::FieldType type, const platform::Value& value
 /// Whether equal prefixes mean equal values.
 inline bool PrefixDecides(platform::FieldType type) { return type != platform::FieldType::Text && type != platform::FieldType::Memo; }
 
-/// Whether the prefix is all of this value's order: any other value with the same prefix, if its prefix is whole too, is
-/// equal to it.
-bool PrefixIsWhole(platform::FieldType type, const platform::Value& value);
+/// The prefix of a column of a query's row, and whether it is all of the value's order: any other value with the same
+/// prefix, if its prefix is whole too, is equal to it.
+struct OrderStart {
+  std::uint64_t prefix = 0;
+  bool whole = true;
+};
+OrderStart OrderStartOf(const Query& row, int column, platform::FieldType type);
 
 }  // namespace engine

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/cursor/key_walker.h"
 #include "engine/errors.h"
 #include "platform/text.h"
 
@@ -65,8 +66,22 @@ std::string RowShape::FromByKeys() const {
   return from + " WHERE 1";
 }
 
+const std::shared_ptr<KeyWalker>& RowShape::Walker(Connection& connection, const std::vector<OrderColumn>& order,
+                                                   const std::string& index) const {
+  std::string name = index;
+  for (const OrderColumn& column : order) name += '\n' + column.sql;
+  auto& walker = walkers_[name];
+  if (!walker) walker = std::make_shared<KeyWalker>(connection, *this, order, index);
+  return walker;
+}
+
 RowSource::RowSource(Session& session, std::shared_ptr<DatabaseCatalogue> catalogue, std::shared_ptr<const RowShape> shape)
-    : session_(session), catalogue_(std::move(catalogue)), shape_(std::move(shape)), set_(session.NewSet()), fetch_(shape_->fetchText) {}
+    : session_(session),
+      catalogue_(std::move(catalogue)),
+      shape_(std::move(shape)),
+      set_(session.NewSet()),
+      fetch_(shape_->fetchText),
+      others_(shape_->files.size()) {}
 
 void RowSource::BindKeys(Query& query, const std::int64_t* keys) const {
   for (std::size_t i = 0; i < Plan().tables.size(); ++i)
@@ -86,25 +101,28 @@ const platform::FieldDefinition* RowSource::DefinitionOf(int column) const {
 }
 
 std::uint64_t RowSource::Version() {
-  std::uint64_t mixed = 0;
-  for (const auto& file : shape_->files) {
-    const FileVersion version = file->Version();
-    mixed = (mixed * 0x9E3779B97F4A7C15ULL) ^ static_cast<std::uint64_t>(version.others);
-    mixed = (mixed * 0x9E3779B97F4A7C15ULL) ^ version.own;
-  }
-  version_ = mixed;
+  for (std::size_t i = 0; i < others_.size(); ++i) others_[i] = shape_->files[i]->OthersVersion();
   asked_ = std::chrono::steady_clock::now();
+  return MixedVersion();
+}
+
+// Own writes are counted here and never asked for.
+std::uint64_t RowSource::RecentVersion() {
+  const auto trust = std::chrono::microseconds(session_.options.readAheadTrust);
+  return std::chrono::steady_clock::now() - asked_ < trust ? MixedVersion() : Version();
+}
+
+std::uint64_t RowSource::MixedVersion() const {
+  std::uint64_t mixed = 0;
+  for (std::size_t i = 0; i < others_.size(); ++i) {
+    mixed = (mixed * 0x9E3779B97F4A7C15ULL) ^ static_cast<std::uint64_t>(others_[i]);
+    mixed = (mixed * 0x9E3779B97F4A7C15ULL) ^ shape_->files[i]->OwnVersion();
+  }
   return mixed;
 }
 
-std::uint64_t RowSource::RecentVersion() {
-  const auto trust = std::chrono::microseconds(session_.options.readAheadTrust);
-  return std::chrono::steady_clock::now() - asked_ < trust ? version_ : Version();
-}
-
 void RowSource::ReadCells(const Query& query, int first, RowPage& page) const {
-  for (std::size_t i = 0; i < Plan().columns.size(); ++i)
-    page.cells.push_back(query.Read(first + static_cast<int>(i), Plan().columns[i].type));
+  for (std::size_t i = 0; i < Plan().columns.size(); ++i) query.Append(page.cells, first + static_cast<int>(i), Plan().columns[i].type);
 }
 
 void RowSource::ReadKeys(const Query& query, int first, RowPage& page) const {

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,6 +16,14 @@
 #include "platform/data.h"
 
 namespace engine {
+
+class KeyWalker;
+
+/// One column that orders a list.
+struct OrderColumn {
+  std::string sql;  ///< qualified by the table's alias
+  platform::FieldType type = platform::FieldType::Long;
+};
 
 /// What every opening of one statement shares: its plan, its columns by name, the parts of its statements.
 class RowShape {
@@ -33,6 +42,8 @@ class RowShape {
 
   /// A join's row put together from its tables by their keys alone: it stays the same row whatever its fields say now.
   std::string FromByKeys() const;
+  /// The way through the plan's one table in that order, with its statements.
+  const std::shared_ptr<KeyWalker>& Walker(Connection& connection, const std::vector<OrderColumn>& order, const std::string& index) const;
 
  private:
   struct NoCaseHash {
@@ -44,6 +55,7 @@ class RowShape {
     bool operator()(std::string_view left, std::string_view right) const noexcept;
   };
   std::unordered_map<std::string, int, NoCaseHash, NoCaseEqual> byName_;
+  mutable std::map<std::string, std::shared_ptr<KeyWalker>> walkers_;
 };
 
 /// The rows that a plan speaks of, apart from their order: columns, files, reading a row by its keys. Shared by all that
@@ -54,6 +66,7 @@ class RowSource {
 
   Session& OwnSession() const noexcept { return session_; }
   Connection& Store() const noexcept { return session_.connection; }
+  const RowShape& Shape() const noexcept { return *shape_; }
   const SelectPlan& Plan() const noexcept { return shape_->plan; }
   const std::shared_ptr<DatabaseCatalogue>& SharedCatalogue() const noexcept { return catalogue_; }
   std::size_t KeyCount() const noexcept { return Plan().tables.size(); }
@@ -88,6 +101,7 @@ class RowSource {
   void RequireWritable() const;
 
  private:
+  std::uint64_t MixedVersion() const;
   void BindKeys(Query& query, const std::int64_t* keys) const;
   bool AllThere(const Query& query, int first, const std::int64_t* keys) const;
 
@@ -96,7 +110,7 @@ class RowSource {
   std::shared_ptr<const RowShape> shape_;
   std::uint64_t set_;
   SqlText fetch_;
-  std::uint64_t version_ = 0;
+  std::vector<std::int64_t> others_;  ///< what each file told of others' commits
   std::chrono::steady_clock::time_point asked_;
 };
 

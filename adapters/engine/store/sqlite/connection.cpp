@@ -74,17 +74,17 @@ std::int64_t Connection::Changes() const { return sqlite3_changes64(db_); }
 bool Connection::InTransaction() const { return sqlite3_get_autocommit(db_) == 0; }
 
 std::uint64_t Connection::Writes(int file) const {
-  const auto found = writes_.find(file);
-  return found == writes_.end() ? 0 : found->second;
+  return static_cast<std::size_t>(file) < writes_.size() ? writes_[static_cast<std::size_t>(file)] : 0;
 }
 
 void Connection::CountWrite(int file) {
-  ++writes_[file];
+  if (static_cast<std::size_t>(file) >= writes_.size()) writes_.resize(static_cast<std::size_t>(file) + 1);
+  ++writes_[static_cast<std::size_t>(file)];
   wroteInTransaction_ = true;
 }
 
 void Connection::CountUndone() {
-  for (auto& [file, count] : writes_) ++count;
+  for (std::uint64_t& count : writes_) ++count;
 }
 
 void Connection::ServePainting() {

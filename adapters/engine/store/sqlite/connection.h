@@ -83,7 +83,7 @@ class Connection {
   Recent recent_;  ///< kept statements, last used first
   std::unordered_map<std::string_view, Recent::iterator> bySql_;
   std::map<int, std::string> paths_;
-  std::map<int, std::uint64_t> writes_;
+  std::vector<std::uint64_t> writes_;  ///< by file number
   std::optional<platform::Error> pendingError_;
   bool wroteInTransaction_ = false;
   int depth_ = 0;  ///< transactions inside one another

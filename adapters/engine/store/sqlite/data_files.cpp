@@ -66,10 +66,10 @@ DataFile::~DataFile() {
   if (onGone_) onGone_(*this);
 }
 
-FileVersion DataFile::Version() {
+std::int64_t DataFile::OthersVersion() {
   Query query(connection_, dataVersion_);
   query.Step();
-  return {query.Int(0), connection_.Writes(number_)};
+  return query.Int(0);
 }
 
 std::int64_t DataFile::SchemaVersion() { return connection_.AskNumber("PRAGMA " + QuoteName(alias_) + ".schema_version").value_or(0); }

@@ -21,13 +21,6 @@ struct StoredLink {
   std::string source;  ///< table in the other file
 };
 
-/// What tells cached rows of a file from newer ones: others' commits and this connection's own writes.
-struct FileVersion {
-  std::int64_t others = 0;
-  std::uint64_t own = 0;
-  bool operator==(const FileVersion&) const = default;
-};
-
 /// One attached file. It is attached while somebody holds it.
 class DataFile {
  public:
@@ -42,7 +35,10 @@ class DataFile {
   bool ReadOnly() const noexcept { return readOnly_; }
   bool IsWorkFile() const noexcept { return workFile_; }
 
-  FileVersion Version();
+  /// Changes with each commit by others. A quick question to the file.
+  std::int64_t OthersVersion();
+  /// Changes with each write of this connection.
+  std::uint64_t OwnVersion() const { return connection_.Writes(number_); }
   /// Changes with every change of table definitions, by anyone.
   std::int64_t SchemaVersion();
 

@@ -29,6 +29,11 @@ int FirstFile(std::string_view sql) {
   return 0;
 }
 
+std::string_view TextOf(sqlite3_value* value) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  return text == nullptr ? std::string_view() : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+}
+
 template <class Whole>
 Value WholeNumber(std::int64_t number) {
   if (number < std::numeric_limits<Whole>::min() || number > std::numeric_limits<Whole>::max()) throw errors::NumericOverflow();
@@ -139,30 +144,49 @@ std::string_view Query::Text(int column) const {
 }
 
 Value Query::Read(int column, FieldType type) const {
-  if (IsNull(column)) return platform::Null;
+  std::vector<Value> one;
+  Append(one, column, type);
+  return std::move(one.front());
+}
+
+// The value is taken out of the statement once: asking for its type, its text and its length each by themselves costs more
+// than the copying.
+void Query::Append(std::vector<Value>& values, int column, FieldType type) const {
+  sqlite3_value* value = sqlite3_column_value(statement_, column);
+  if (sqlite3_value_type(value) == SQLITE_NULL) {
+    values.emplace_back(platform::Null);
+    return;
+  }
   switch (type) {
     case FieldType::Boolean:
-      return Int(column) != 0;
+      values.emplace_back(sqlite3_value_int64(value) != 0);
+      break;
     case FieldType::Byte:
-      return WholeNumber<std::uint8_t>(Int(column));
+      values.push_back(WholeNumber<std::uint8_t>(sqlite3_value_int64(value)));
+      break;
     case FieldType::Short:
-      return WholeNumber<std::int16_t>(Int(column));
+      values.push_back(WholeNumber<std::int16_t>(sqlite3_value_int64(value)));
+      break;
     case FieldType::Long:
     case FieldType::Counter:
-      return WholeNumber<std::int32_t>(Int(column));
+      values.push_back(WholeNumber<std::int32_t>(sqlite3_value_int64(value)));
+      break;
     case FieldType::Currency:
-      return platform::Currency{Int(column)};
+      values.emplace_back(platform::Currency{sqlite3_value_int64(value)});
+      break;
     case FieldType::Double:
-      return sqlite3_column_double(statement_, column);
+      values.emplace_back(sqlite3_value_double(value));
+      break;
     case FieldType::Date: {
-      const auto date = ParseStoredDate(Text(column));
-      return date ? Value(*date) : Value(platform::Null);
+      const auto date = ParseStoredDate(TextOf(value));
+      date ? values.emplace_back(*date) : values.emplace_back(platform::Null);
+      break;
     }
     case FieldType::Text:
     case FieldType::Memo:
-      return Text(column);
+      values.emplace_back(TextOf(value));
+      break;
   }
-  return platform::Null;
 }
 
 }  // namespace engine

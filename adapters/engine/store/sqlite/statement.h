@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/table_definition.h"
 #include "platform/value.h"
@@ -68,6 +69,8 @@ class Query {
   std::string_view Text(int column) const;  ///< valid until the next step
   /// The value of a column of that declared type.
   platform::Value Read(int column, platform::FieldType type) const;
+  /// The same, put behind others: what pages are filled with.
+  void Append(std::vector<platform::Value>& values, int column, platform::FieldType type) const;
 
  private:
   void Open(std::shared_ptr<StatementSlot> slot);

@@ -50,8 +50,8 @@ void Application::Show(Form& form) {
     if (form.visible_) parts_.frontEnd->RunModal(form, [&form] { return !form.visible_; });
   }
   std::erase(modal_, &form);
-  Form* below = ActiveForm();
-  if (below) Activate(*below);
+  // The screen below comes forward, unless it is hidden by now or is not up yet: then nothing has become the active one.
+  if (!modal_.empty() && modal_.back()->visible_) Activate(*modal_.back());
   Purge();
 }
 

@@ -19,7 +19,7 @@ constexpr std::int64_t fewHits = 256;  // of another index: taken without a walk
 constexpr std::int64_t firstSliceKeys = 20'000;
 
 // How many rows are looked at in list order, before the whole table is: few beside its size, since each lies elsewhere.
-std::int64_t RowsToWalk(std::int64_t rows) { return std::clamp<std::int64_t>(rows / 256, 16, 1024); }
+std::int64_t RowsToWalk(std::int64_t rows) { return rows <= firstSliceKeys ? 0 : std::min<std::int64_t>(rows / 512, 1024); }
 
 }  // namespace
 
@@ -36,7 +36,7 @@ void IndexedSearch::Understand(std::string_view criterion) {
   RowSource& source = list_.Source();
   plan_ = PlanCriterion(criterion, source.Plan(), source.OwnSession().dialect);
   criterion_ = criterion;
-  test_ = source.TestFor(plan_.where);
+  test_ = {};
   hits_.reset();
 }
 
@@ -71,7 +71,6 @@ bool IndexedSearch::ByRowKey(const Place* after, Place& found) {
   if (!list_.RowByKey(rowKey, place)) return false;
   if (!list_.IsPinned(rowKey) && !list_.Walker().InFilter(rowKey)) return false;
   if (after != nullptr && list_.ComparePlaces(place, *after) <= 0) return false;
-  if (!list_.Source().Test(&rowKey, test_)) return false;
   found = std::move(place);
   return true;
 }
@@ -183,6 +182,8 @@ std::optional<std::int64_t> IndexedSearch::Probe(const Place* after, KeyBounds b
 
 // The next rows in list order: true or false when they decide, nothing when there are more rows behind them.
 std::optional<bool> IndexedSearch::WalkAhead(const Place* after, Place& found) {
+  const std::int64_t rows = RowsToWalk(list_.Count());
+  if (rows == 0) return {};
   std::optional<std::int64_t> hit;
   bool ended = true;
   if (after == nullptr || after->added == 0) {
@@ -191,7 +192,7 @@ std::optional<bool> IndexedSearch::WalkAhead(const Place* after, Place& found) {
     KeyWalker::Request request;
     request.direction = list_.Forward();
     request.from = after == nullptr ? nullptr : &place;
-    request.limit = RowsToWalk(list_.Count());
+    request.limit = rows;
     request.keysOnly = true;
     request.flag = plan_.where;
     const std::int64_t read = list_.Walker().Read(request, [&](const Query& row) {
@@ -206,37 +207,55 @@ std::optional<bool> IndexedSearch::WalkAhead(const Place* after, Place& found) {
   return WithPinned(hit, after, found);
 }
 
-// The whole table in the order in which it lies, by slices between which the windows can paint.
+// The whole table in the order in which it lies.
 void IndexedSearch::CollectAll() {
   RowSource& source = list_.Source();
   const PlanTable& table = source.Plan().tables.front();
-  const std::string rowKey = table.alias + '.' + table.table->rowKey;
-  const std::string filter = source.Plan().where.empty() ? "" : " AND (" + source.Plan().where + ")";
+  const std::string filter = source.Plan().where.empty() ? "" : "(" + source.Plan().where + ") AND ";
   Transaction oneState(source.Store(), Transaction::Kind::Read);
   hitsVersion_ = source.Version();
   hits_ = std::make_unique<Hits>(list_.Walker(), list_.Forward());
+  const auto ask = [&](const char* function) {
+    return source.Store()
+        .AskNumber(std::string("SELECT ") + function + "(" + table.table->rowKey + ") FROM " + table.table->storeName)
+        .value_or(0);
+  };
+  const std::int64_t first = ask("min");
+  const std::int64_t last = ask("max");
   // A filter that asks other tables would ask them anew for each slice.
-  const bool sliced = filter.find("SELECT") == std::string::npos;
-  SqlText scan("SELECT " + list_.Walker().KeyColumns() + " FROM " + source.Plan().from + (sliced ? " NOT INDEXED" : "") + " WHERE " +
-               rowKey + " > ?1 AND " + rowKey + " <= ?2" + filter + " AND (" + plan_.where + ")");
-  const auto end = source.Store().AskNumber("SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName).value_or(0);
-  std::int64_t from = source.Store().AskNumber("SELECT min(" + table.table->rowKey + ") FROM " + table.table->storeName).value_or(1) - 1;
-  std::int64_t width = sliced ? firstSliceKeys : end - from;
-  while (from < end) {
-    const auto begun = std::chrono::steady_clock::now();
-    Query query(source.Store(), scan);
-    query.Bind(1, from);
-    query.Bind(2, from + width);
-    while (query.Step()) hits_->Add(query);
-    from += width;
-    source.Store().ServePainting();
-    // Keys can lie thinly: empty stretches are crossed faster.
-    if (std::chrono::steady_clock::now() - begun < std::chrono::milliseconds(1))
-      width *= 2;
-    else if (width > firstSliceKeys)
-      width = firstSliceKeys;
+  const bool whole = last - first < firstSliceKeys || filter.find("SELECT") != std::string::npos;
+  const std::string scan = "SELECT " + list_.Walker().KeyColumns() + " FROM " + source.Plan().from;
+  const std::string condition = " WHERE " + filter + "(" + plan_.where + ")";
+  if (whole) {
+    SqlText all(scan + (filter.empty() ? " NOT INDEXED" : "") + condition);
+    Collect(all, 0, 0);
+  } else {
+    const std::string rowKey = table.alias + '.' + table.table->rowKey;
+    SqlText slice(scan + " NOT INDEXED" + condition + " AND " + rowKey + " > ?1 AND " + rowKey + " <= ?2");
+    CollectBySlices(slice, first - 1, last);
   }
   oneState.Commit();
+}
+
+// Slice by slice, so that the windows can paint between them. Keys can lie thinly: empty stretches are crossed faster.
+void IndexedSearch::CollectBySlices(SqlText& slice, std::int64_t from, std::int64_t end) {
+  std::int64_t width = firstSliceKeys;
+  while (from < end) {
+    const auto begun = std::chrono::steady_clock::now();
+    Collect(slice, from, from + width);
+    from += width;
+    list_.Source().Store().ServePainting();
+    width = std::chrono::steady_clock::now() - begun < std::chrono::milliseconds(1) ? width * 2 : firstSliceKeys;
+  }
+}
+
+void IndexedSearch::Collect(SqlText& scan, std::int64_t from, std::int64_t to) {
+  Query query(list_.Source().Store(), scan);
+  if (from != to) {
+    query.Bind(1, from);
+    query.Bind(2, to);
+  }
+  while (query.Step()) hits_->Add(query);
 }
 
 bool IndexedSearch::FromHits(const Place* after, Place& found) {
@@ -262,6 +281,7 @@ bool IndexedSearch::WithPinned(std::optional<std::int64_t> rowKey, const Place* 
     if (!list_.RowByKey(pinned, other)) continue;
     if (after != nullptr && list_.ComparePlaces(other, *after) <= 0) continue;
     if (best && list_.ComparePlaces(other, *best) >= 0) continue;
+    if (test_.text.empty()) test_ = list_.Source().TestFor(plan_.where);
     if (list_.Source().Test(&pinned, test_)) best = std::move(other);
   }
   if (!best) return false;

@@ -9,6 +9,13 @@ namespace {
 
 constexpr std::int64_t rowsBetweenPaints = 8192;
 
+// Row keys are given in a row: their span is near the number of rows that there ever were.
+std::int64_t KeySpan(RowSource& source) {
+  const PlanTable& table = source.Plan().tables.front();
+  const std::string from = table.table->rowKey + ") FROM " + table.table->storeName;
+  return source.Store().AskNumber("SELECT (SELECT max(" + from + ") - (SELECT min(" + from + ") + 1").value_or(0);
+}
+
 }  // namespace
 
 // ---- ordered by the store
@@ -63,13 +70,7 @@ bool WalkFeed::More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPage
   return read == request.limit;
 }
 
-std::int64_t WalkFeed::Estimate() {
-  const PlanTable& table = source_.Plan().tables.front();
-  return source_.Store()
-      .AskNumber("SELECT (SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName + ") - (SELECT min(" +
-                 table.table->rowKey + ") FROM " + table.table->storeName + ") + 1")
-      .value_or(0);
-}
+std::int64_t WalkFeed::Estimate() { return KeySpan(source_); }
 
 // ---- without an index
 
@@ -86,6 +87,8 @@ void SortedFeed::Collect() {
   Query query(source_.Store(), std::string_view("SELECT " + order_.sql + ", " + source_.KeyList() + " FROM " + plan.from +
                                                 (plan.where.empty() ? " NOT INDEXED" : " WHERE " + plan.where)));
   std::int64_t rows = 0;
+  constexpr std::int64_t mostReserved = 1 << 20;
+  if (plan.where.empty()) entries_.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(KeySpan(source_), 0, mostReserved)));
   while (query.Step()) {
     const OrderStart start = OrderStartOf(query, 0, order_.type);
     entries_.emplace_back(start.prefix, query.Int(1), !start.whole);

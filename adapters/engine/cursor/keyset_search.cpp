@@ -13,8 +13,14 @@ std::string KeyText(const std::int64_t* keys, std::size_t count) {
   return {reinterpret_cast<const char*>(keys), sizeof(std::int64_t) * count};
 }
 
-// How many rows are looked at one by one: few beside what one statement over all of them costs.
-std::int64_t RowsToWalk(std::int64_t rows) { return std::clamp<std::int64_t>(rows / 256, 16, 1024); }
+// How many rows are looked at one by one. Of one table the one statement over all of them says the same, and is quicker
+// unless there are very few rows or very many.
+std::int64_t RowsToWalk(std::int64_t rows, bool oneTable) {
+  constexpr std::int64_t few = 64;
+  constexpr std::int64_t many = 20'000;
+  if (oneTable && rows > few && rows <= many) return 0;
+  return std::clamp<std::int64_t>(rows / 256, few, 1024);
+}
 
 }  // namespace
 
@@ -63,7 +69,7 @@ std::optional<bool> KeysetSearch::ByRowKey(std::int64_t from, std::int64_t& hit)
   if (definition.fields[static_cast<std::size_t>(field)].type != platform::FieldType::Counter) return {};
   const std::int64_t rowKey = plan_.shape.value.As<std::int32_t>();
   const auto ordinal = list_.OrdinalOfKey(rowKey);
-  if (!ordinal || *ordinal < from || !list_.IsAlive(*ordinal) || !list_.Source().Test(&rowKey, test_)) return false;
+  if (!ordinal || *ordinal < from || !list_.IsAlive(*ordinal)) return false;
   hit = *ordinal;
   return true;
 }
@@ -119,8 +125,9 @@ std::optional<bool> KeysetSearch::ByIndex(std::int64_t from, std::int64_t& hit) 
 
 // The next rows one by one: true or false when they decide, nothing when there are more rows behind them.
 std::optional<bool> KeysetSearch::WalkAhead(std::int64_t from, std::int64_t& hit) {
+  const std::int64_t end = from + RowsToWalk(list_.Size(), list_.Source().KeyCount() == 1);
+  if (end == from) return {};
   Transaction oneState(list_.Source().Store(), Transaction::Kind::Read);
-  const std::int64_t end = from + RowsToWalk(list_.Size());
   for (std::int64_t i = from; i < end; ++i) {
     if (!list_.Reach(i)) return false;
     if (!list_.IsAlive(i) || !list_.Source().Test(list_.KeysOf(i), test_)) continue;

@@ -60,9 +60,10 @@ std::uint64_t OrderPrefix(platform::FieldType type, const platform::Value& value
 
 OrderStart OrderStartOf(const Query& row, int column, platform::FieldType type) {
   if (PrefixDecides(type)) return {OrderPrefix(type, row.Read(column, type)), true};
-  if (row.IsNull(column)) return {};
+  const auto given = row.TextOrNull(column);
+  if (!given) return {};
   // Eight plain letters or signs fill the prefix; what is longer, or has accents, has more to say.
-  const std::string_view text = WithoutTrailingBlanks(row.Text(column));
+  const std::string_view text = WithoutTrailingBlanks(*given);
   const bool whole = text.size() <= 8 && std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
   return {PrefixOfText(text), whole};
 }

@@ -29,9 +29,10 @@ int FirstFile(std::string_view sql) {
   return 0;
 }
 
+// As bytes: asked for as a text, the store would first copy it to put an end mark behind it.
 std::string_view TextOf(sqlite3_value* value) {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  return text == nullptr ? std::string_view() : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+  const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
+  return bytes == nullptr ? std::string_view() : std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value)));
 }
 
 template <class Whole>
@@ -138,9 +139,12 @@ bool Query::Sorted() const { return sqlite3_stmt_status(statement_, SQLITE_STMTS
 bool Query::IsNull(int column) const { return sqlite3_column_type(statement_, column) == SQLITE_NULL; }
 std::int64_t Query::Int(int column) const { return sqlite3_column_int64(statement_, column); }
 
-std::string_view Query::Text(int column) const {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
-  return text == nullptr ? std::string_view() : std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column)));
+std::string_view Query::Text(int column) const { return TextOf(sqlite3_column_value(statement_, column)); }
+
+std::optional<std::string_view> Query::TextOrNull(int column) const {
+  sqlite3_value* value = sqlite3_column_value(statement_, column);
+  if (sqlite3_value_type(value) == SQLITE_NULL) return {};
+  return TextOf(value);
 }
 
 Value Query::Read(int column, FieldType type) const {

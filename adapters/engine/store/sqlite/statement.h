@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,6 +68,8 @@ class Query {
   bool IsNull(int column) const;
   std::int64_t Int(int column) const;
   std::string_view Text(int column) const;  ///< valid until the next step
+  /// The text of a column, nothing for Null.
+  std::optional<std::string_view> TextOrNull(int column) const;
   /// The value of a column of that declared type.
   platform::Value Read(int column, platform::FieldType type) const;
   /// The same, put behind others: what pages are filled with.

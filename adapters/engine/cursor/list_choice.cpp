@@ -43,8 +43,10 @@ bool FitsExact(RowSource& source) {
   constexpr std::int64_t shortList = 1000;
   const PlanTable& table = source.Plan().tables.front();
   const std::int64_t most = std::min(source.OwnSession().options.exactRows, shortList);
-  if (most <= 0) return false;
-  return source.Store().AskNumber("SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName).value_or(0) <= most;
+  if (most <= 0 || source.Shape().knownLong) return false;
+  const bool fits = source.Store().AskNumber("SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName).value_or(0) <= most;
+  source.Shape().knownLong = !fits;
+  return fits;
 }
 
 // Whether the rows of a filter lie so close together in the list's order that pages of it are cheap: the first page is tried

@@ -85,7 +85,7 @@ RowSource::RowSource(Session& session, std::shared_ptr<DatabaseCatalogue> catalo
 
 void RowSource::BindKeys(Query& query, const std::int64_t* keys) const {
   for (std::size_t i = 0; i < Plan().tables.size(); ++i)
-    if (keys[i] != noRowKey) query.Bind(static_cast<int>(i) + 1, keys[i]);
+    keys[i] != noRowKey ? query.Bind(static_cast<int>(i) + 1, keys[i]) : query.BindNull(static_cast<int>(i) + 1);
 }
 
 bool RowSource::AllThere(const Query& query, int first, const std::int64_t* keys) const {

@@ -42,6 +42,8 @@ class RowShape {
 
   /// A join's row put together from its tables by their keys alone: it stays the same row whatever its fields say now.
   std::string FromByKeys() const;
+  /// Whether the plan's one table was too long once for its keys to be held; it is not asked again.
+  mutable bool knownLong = false;
   /// The way through the plan's one table in that order, with its statements.
   const std::shared_ptr<KeyWalker>& Walker(Connection& connection, const std::vector<OrderColumn>& order, const std::string& index) const;
 

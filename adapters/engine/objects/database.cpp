@@ -8,6 +8,7 @@
 #include "engine/errors.h"
 #include "engine/objects/action.h"
 #include "engine/translate/translate.h"
+#include "platform/text.h"
 
 namespace engine {
 namespace {
@@ -27,6 +28,12 @@ SelectPlan PlanOfTable(const ResolvedTable& table) {
   return plan;
 }
 
+bool IsStatement(std::string_view source) {
+  constexpr std::string_view select = "SELECT";
+  return source.size() > select.size() && platform::EqualsNoCase(source.substr(0, select.size()), select) &&
+         std::string_view(" \t\r\n[\"'(").find(source[select.size()]) != std::string_view::npos;
+}
+
 }  // namespace
 
 OpenDatabase::OpenDatabase(Session& session, std::shared_ptr<DataFile> file, std::string name,
@@ -40,7 +47,7 @@ OpenDatabase::~OpenDatabase() = default;
 
 platform::RecordsetRef OpenDatabase::OpenRecordset(std::string_view source, RecordsetType type) {
   const bool mayBeTable = type == RecordsetType::Default || type == RecordsetType::Table;
-  const ResolvedTable* table = mayBeTable ? catalogue_->FindTable(source) : nullptr;
+  const ResolvedTable* table = mayBeTable && !IsStatement(source) ? catalogue_->FindTable(source) : nullptr;
   if (type == RecordsetType::Table) {
     if (table == nullptr) throw errors::ObjectNotFound(source);
     if (table->linked) throw errors::InvalidOperation();

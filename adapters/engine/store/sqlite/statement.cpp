@@ -65,7 +65,6 @@ void Query::Open(std::shared_ptr<StatementSlot> slot) {
 
 Query::~Query() {
   sqlite3_reset(statement_);
-  sqlite3_clear_bindings(statement_);
   slot_->inUse = false;
 }
 

@@ -39,7 +39,8 @@ struct SqlText {
 };
 
 /// One run of a statement: bind, step, read. It ends with the object; nothing stays open behind it. A write that meets
-/// a lock waits for it, then raises 3218; a read 3045. Columns count from 0, parameters from 1.
+/// a lock waits for it, then raises 3218; a read 3045. Columns count from 0, parameters from 1; each run binds all
+/// parameters that it uses.
 class Query {
  public:
   Query(Connection& connection, SqlText& sql);

@@ -25,8 +25,6 @@ bool ClickAs(Control& control) {
 
 class ModelHands final : public UserHands {
  public:
-  explicit ModelHands(Application& app) : app_(app) {}
-
   void Click(Control& control) override {
     if (ClickAs<CommandButton>(control) || ClickAs<CheckBox>(control) || ClickAs<OptionButton>(control)) return;
     if (ClickAs<ToolbarButton>(control) || ClickAs<MenuItem>(control)) return;
@@ -102,14 +100,11 @@ class ModelHands final : public UserHands {
     file << (form == nullptr ? std::string("no screen\n") : ScreenAsText(*form));
     if (!file.flush()) throw ActionFailed("the file " + path + " can't be written");
   }
-
- private:
-  Application& app_;
 };
 
 }  // namespace
 
-std::unique_ptr<UserHands> MakeModelHands(Application& app) { return std::make_unique<ModelHands>(app); }
+std::unique_ptr<UserHands> MakeModelHands() { return std::make_unique<ModelHands>(); }
 
 std::string ScreenAsText(const Form& form) {
   std::string text = form.Name() + " " + Quoted(form.Caption()) + "\n";

@@ -129,7 +129,7 @@ int RunScenario(const Options& options, const std::string& program) {
 
   platform::Application app(std::move(parts));
   late.app = &app;
-  if (!hands) hands = robot::MakeModelHands(app);
+  if (!hands) hands = robot::MakeModelHands();
   interpreter.Attach(app, *hands);
   orcussch::AttachApplication(&app);
   const int status = interpreter.Run();

@@ -105,7 +105,7 @@ ScenarioResult RunScenario(const std::string& text, const ScenarioOptions& optio
   parts.title = "Test host";
   parts.threadId = 4711;
   platform::Application app(std::move(parts));
-  const auto hands = robot::MakeModelHands(app);
+  const auto hands = robot::MakeModelHands();
   interpreter.Attach(app, *hands);
   screen = std::make_unique<frmFirst>(app);
   screen->database = options.makeEngine ? options.database : "";

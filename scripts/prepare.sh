@@ -28,7 +28,7 @@ install_missing() {
 
 BUILD_PACKAGES="g++ cmake ninja-build libsqlite3-dev qt6-base-dev libqt6svg6-dev libgl1-mesa-dev libgtest-dev libgmock-dev fonts-dejavu-core"
 RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins"
-TEST_PACKAGES="libbenchmark-dev clang libclang-rt-14-dev sqlite3 xvfb"
+TEST_PACKAGES="libbenchmark-dev clang libclang-rt-14-dev pkgconf sqlite3 xvfb"
 
 # A compiler cache is used where there is one, so that a second checkout does not compile the same again.
 if command -v ccache >/dev/null 2>&1; then

@@ -35,6 +35,7 @@ void PrintRows(platform::Recordset& rows, const CommandLine& line, const Console
   }
   for (; !rows.Eof(); rows.MoveNext()) {
     std::vector<platform::Value> values;
+    values.reserve(fields.size());
     for (std::size_t i = 0; i < fields.size(); ++i) values.push_back(rows.Field(static_cast<int>(i)));
     printer.Row(values);
   }

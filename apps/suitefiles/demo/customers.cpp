@@ -139,7 +139,7 @@ Account MakeAccount(const World& world, const Identity& identity) {
 History MakeHistory(const World& world, const Identity& identity) {
   Random random(world.seed, static_cast<std::uint64_t>(identity.account), Stream::Money);
   History history;
-  int age = static_cast<int>(random.Skewed(22 * 365));
+  int age = static_cast<int>(random.Skewed(std::int64_t{22} * 365));
   age += random.Between(0, 900);
   history.entry = world.lastDay - age;
   if (identity.standing == Standing::Prospect) return history;

@@ -17,12 +17,23 @@ bool HasCounter(const ResolvedTable& table) {
   return std::ranges::any_of(table.definition.fields, [](const auto& field) { return field.type == FieldType::Counter; });
 }
 
+std::string CountersOf(const ResolvedTable& table) { return QuoteName(FileOf(table).Alias()) + ".sqlite_sequence"; }
+
+std::string HighestOf(const ResolvedTable& table) { return "(SELECT ifnull(max(" + table.rowKey + "), 0) FROM " + table.storeName + ")"; }
+
+// The number that would be given next, without taking it.
+std::int64_t NumberToCome(Connection& connection, const ResolvedTable& table) {
+  const std::string given = "ifnull((SELECT seq FROM " + CountersOf(table) + " WHERE name = " + QuoteText(table.definition.name) + "), 0)";
+  const std::int64_t number = connection.AskNumber("SELECT max(" + given + ", " + HighestOf(table) + ") + 1").value_or(1);
+  if (number > INT32_MAX) throw errors::NumericOverflow();
+  return number;
+}
+
 }  // namespace
 
 std::int64_t NextCounter(Connection& connection, const ResolvedTable& table) {
-  const DataFile& file = FileOf(table);
-  const std::string counters = QuoteName(file.Alias()) + ".sqlite_sequence";
-  const std::string highest = "(SELECT ifnull(max(" + table.rowKey + "), 0) FROM " + table.storeName + ")";
+  const std::string counters = CountersOf(table);
+  const std::string highest = HighestOf(table);
   const std::string name = QuoteText(table.definition.name);
   std::optional<std::int64_t> number;
   {
@@ -44,7 +55,7 @@ void RowEditor::BeginAdd() {
   Drop();
   const SelectPlan& plan = source_.Plan();
   const ResolvedTable& table = *plan.tables[static_cast<std::size_t>(plan.driving)].table;
-  if (HasCounter(table)) counter_ = engine::NextCounter(source_.Store(), table);
+  if (HasCounter(table)) TakeNumber(table);
   values_.assign(plan.columns.size(), platform::Null);
   assigned_.assign(plan.columns.size(), false);
   for (std::size_t i = 0; i < plan.columns.size(); ++i) {
@@ -53,6 +64,21 @@ void RowEditor::BeginAdd() {
     values_[i] = field->type == FieldType::Counter ? Value(static_cast<std::int32_t>(*counter_)) : field->defaultValue;
   }
   mode_ = EditMode::Add;
+}
+
+// A row begins without a lock: while others keep the file locked, or the disk is full, the row begins with the number that
+// comes next, and Insert takes that number or fails.
+void RowEditor::TakeNumber(const ResolvedTable& table) {
+  constexpr int locked = 3218;
+  constexpr int disk = 3043;
+  try {
+    counter_ = NextCounter(source_.Store(), table);
+    numberIsOurs_ = true;
+  } catch (const platform::Error& error) {
+    if (error.Number() != locked && error.Number() != disk) throw;
+    counter_ = NumberToCome(source_.Store(), table);
+    numberIsOurs_ = false;
+  }
 }
 
 void RowEditor::BeginEdit(const Place& row) {
@@ -83,6 +109,21 @@ void RowEditor::Drop() {
 std::vector<std::int64_t> RowEditor::Insert() {
   const SelectPlan& plan = source_.Plan();
   const ResolvedTable& table = *plan.tables[static_cast<std::size_t>(plan.driving)].table;
+  if (counter_ && !numberIsOurs_) {
+    Transaction together(source_.Store(), Transaction::Kind::Write);
+    if (NextCounter(source_.Store(), table) != *counter_) throw errors::DuplicateKey();
+    InsertRow(table);
+    together.Commit();
+  } else {
+    InsertRow(table);
+  }
+  auto keys = KeysOfNewRow(counter_ ? *counter_ : source_.Store().LastRowKey());
+  Drop();
+  return keys;
+}
+
+void RowEditor::InsertRow(const ResolvedTable& table) {
+  const SelectPlan& plan = source_.Plan();
   std::string names;
   std::string places;
   std::vector<const Value*> values;
@@ -107,14 +148,9 @@ std::vector<std::int64_t> RowEditor::Insert() {
   }
   const std::string text = names.empty() ? "INSERT INTO " + table.storeName + " DEFAULT VALUES"
                                          : "INSERT INTO " + table.storeName + " (" + names + ") VALUES (" + places + ")";
-  {
-    Query query(source_.Store(), std::string_view(text));
-    for (std::size_t i = 0; i < values.size(); ++i) query.Bind(static_cast<int>(i) + 1, *values[i]);
-    query.Run();
-  }
-  auto keys = KeysOfNewRow(counter_ ? *counter_ : source_.Store().LastRowKey());
-  Drop();
-  return keys;
+  Query query(source_.Store(), std::string_view(text));
+  for (std::size_t i = 0; i < values.size(); ++i) query.Bind(static_cast<int>(i) + 1, *values[i]);
+  query.Run();
 }
 
 // In a join the new row belongs to the rows of the other tables that it now meets.

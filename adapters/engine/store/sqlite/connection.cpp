@@ -19,8 +19,19 @@ platform::Error ConstraintError(int code) {
   return errors::DuplicateKey();
 }
 
-// What the store tells by words alone: statements deeper than it takes, and a sum beyond 64 bits.
+// "f3.Phones": the table's name without the file that it was looked for in.
+std::string_view WithoutFile(std::string_view name) {
+  const std::size_t dot = name.find('.');
+  const bool file = dot != std::string_view::npos && dot > 1 && name[0] == 'f' &&
+                    name.substr(1, dot - 1).find_first_not_of("0123456789") == std::string_view::npos;
+  return file ? name.substr(dot + 1) : name;
+}
+
+// What the store tells by words alone: statements deeper than it takes, a sum beyond 64 bits, and a table that another
+// program took away after the statement was planned.
 void RaiseForMessage(std::string_view message) {
+  constexpr std::string_view noTable = "no such table: ";
+  if (message.starts_with(noTable)) throw errors::UnknownTable(WithoutFile(message.substr(noTable.size())));
   for (const std::string_view deep : {"parser stack overflow", "Expression tree is too large"}) {
     if (message.starts_with(deep)) throw errors::QueryTooComplex();
   }

@@ -458,6 +458,21 @@ TEST_P(Dynasets, ComputedColumnsAreRead) {
 
 // ---- rows that can't be written
 
+TEST_P(Dynasets, ATableThatAnotherProgramTookAway) {
+  AddPeople({"b", "a"});
+  auto rows = Dynaset("SELECT * FROM People ORDER BY Name");
+  engine::DropTable(Path("office.zdb"), "People");
+  const std::string sentence =
+      "The Microsoft Jet database engine cannot find the input table or query 'People'.  Make sure it exists and that its name is spelled "
+      "correctly.";
+  EXPECT_EQ(rows->Field("Name"), "a") << "the current row stays readable";
+  EXPECT_EQ(DescriptionOf([&] { rows->MoveLast(); }), sentence);
+  EXPECT_EQ(DescriptionOf([&] { rows->Edit(); }), sentence);
+  EXPECT_EQ(ErrorOf([&] { rows->FindFirst("[Name]='b'"); }), 3078);
+  EXPECT_EQ(ErrorOf([&] { rows->Delete(); }), 3078);
+  EXPECT_EQ(ErrorOf([&] { rows->AddNew(); }), 3078);
+}
+
 TEST_P(Dynasets, AggregatesAreReadOnly) {
   AddPeople({"b", "a", "C"});
   auto rows = Dynaset("SELECT Max([Name]) AS Last FROM People");

@@ -269,6 +269,58 @@ TEST_P(Editing, ALockedFileRefusesTheWriteAfterAWait) {
   EXPECT_TRUE(rows->Field("City").IsNull());
 }
 
+/// Another program that keeps the file locked until it is told to let go.
+struct Locker {
+  explicit Locker(std::unique_ptr<platform::DataEngine> other, const std::string& path) : engine(std::move(other)) {
+    workspace = engine->CreateWorkspace("w", "Admin", "", 2);
+    database = workspace->OpenDatabase(path);
+    workspace->BeginTrans();
+    database->Execute("UPDATE People SET City = 'x'");
+  }
+  std::unique_ptr<platform::DataEngine> engine;
+  platform::WorkspaceRef workspace;
+  platform::DatabaseRef database;
+};
+
+TEST_P(Editing, ANewRowMeetsALockAtUpdateAlone) {
+  AddPeople({"a"});
+  auto rows = Open();
+  Locker other(NewEngine(), Path("office.zdb"));
+  rows->AddNew();
+  EXPECT_EQ(rows->Field("ID"), 2);
+  rows->SetField("Name", "b");
+  EXPECT_EQ(ErrorOf([&] { rows->Update(); }), 3218);
+  EXPECT_EQ(rows->Mode(), EditMode::Add);
+  other.workspace->CommitTrans();
+  rows->Update();
+  rows->SetBookmark(rows->LastModified());
+  EXPECT_EQ(rows->Field("ID"), 2);
+  EXPECT_EQ(rows->Field("Name"), "b");
+  rows->AddNew();
+  EXPECT_EQ(rows->Field("ID"), 3) << "the number is used up";
+}
+
+TEST_P(Editing, ANumberOfALockedFileThatOthersTookMeanwhile) {
+  AddPeople({"a"});
+  auto rows = Open();
+  Locker other(NewEngine(), Path("office.zdb"));
+  rows->AddNew();
+  rows->SetField("Name", "late");
+  ASSERT_EQ(rows->Field("ID"), 2);
+  other.workspace->CommitTrans();
+  auto others = other.database->OpenRecordset("People", platform::RecordsetType::Table);
+  others->AddNew();
+  ASSERT_EQ(others->Field("ID"), 2);
+  // Taken is taken, also before the other's row is there.
+  EXPECT_EQ(ErrorOf([&] { rows->Update(); }), 3022);
+  others->SetField("Name", "first");
+  others->Update();
+  EXPECT_EQ(ErrorOf([&] { rows->Update(); }), 3022);
+  EXPECT_EQ(Texts(Table("People"), "Name"), (std::vector<std::string>{"a", "first"}));
+  rows->AddNew();
+  EXPECT_EQ(rows->Field("ID"), 3);
+}
+
 // ---- values
 
 TEST_P(Editing, ValuesBecomeTheFieldsType) {

@@ -30,6 +30,7 @@ void PrintRows(platform::Recordset& rows, const CommandLine& line, const Console
   const auto& fields = rows.Fields();
   if (!line.Has("--no-header")) {
     std::vector<std::string> names;
+    names.reserve(fields.size());
     for (const auto& field : fields) names.push_back(field.name);
     printer.Header(names);
   }

@@ -45,7 +45,7 @@ void AnswerAccount(Interpreter& run, const Arguments& words) {
 
 void AnswerReport(Interpreter& run, const Arguments& words) {
   if (words.Count() != 2) throw ActionFailed("no N");
-  run.Reports().nextResult = words.Number(1);
+  run.Reports().answers.push_back(words.Number(1));
 }
 
 /// "map ADDRESS [at LAT LON] [result N] [LINE...]".

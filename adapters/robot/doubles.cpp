@@ -12,7 +12,10 @@ class RecordingReports final : public platform::ReportEngine {
 
   int PrintReport(const platform::ReportJob& job) override {
     ++recorder_.runs[&job];
-    return std::exchange(recorder_.nextResult, std::nullopt).value_or(0);
+    if (recorder_.answers.empty()) return 0;
+    const int answer = recorder_.answers.front();
+    recorder_.answers.pop_front();
+    return answer;
   }
 
  private:
@@ -61,11 +64,10 @@ class RecordingMap final : public platform::MapEngine {
 
 class ScriptedAccounts final : public platform::AccountsLookup {
  public:
-  ScriptedAccounts(AccountsRecorder& recorder, Journal& journal) : recorder_(recorder), journal_(journal) {}
+  explicit ScriptedAccounts(AccountsRecorder& recorder) : recorder_(recorder) {}
 
   platform::ChosenAccount Run(const platform::AccountsLookupInput& input) override {
     recorder_.lastInput = input;
-    journal_.Dialog("Accounts");
     if (recorder_.answers.empty()) {
       if (recorder_.onMissingAnswer) recorder_.onMissingAnswer("the accounts look-up with no answer");
       return {};
@@ -77,7 +79,6 @@ class ScriptedAccounts final : public platform::AccountsLookup {
 
  private:
   AccountsRecorder& recorder_;
-  Journal& journal_;
 };
 
 }  // namespace
@@ -93,8 +94,8 @@ std::unique_ptr<platform::ReportEngine> MakeRecordingReports(ReportRecorder& rec
 
 std::unique_ptr<platform::MapEngine> MakeRecordingMap(MapRecorder& recorder) { return std::make_unique<RecordingMap>(recorder); }
 
-std::unique_ptr<platform::AccountsLookup> MakeScriptedAccounts(AccountsRecorder& recorder, Journal& journal) {
-  return std::make_unique<ScriptedAccounts>(recorder, journal);
+std::unique_ptr<platform::AccountsLookup> MakeScriptedAccounts(AccountsRecorder& recorder) {
+  return std::make_unique<ScriptedAccounts>(recorder);
 }
 
 }  // namespace robot

@@ -31,7 +31,7 @@ class RecordingErrorLog final : public platform::ErrorLog {
 
 /// What the report control is told; it prints nothing.
 struct ReportRecorder {
-  std::optional<int> nextResult;
+  std::deque<int> answers;  ///< for the next runs; 0 when there is none
   /// How often each job was run, by the job's address, which is its control's.
   std::map<const platform::ReportJob*, int> runs;
 };
@@ -71,6 +71,6 @@ struct AccountsRecorder {
   /// Called when nothing is queued; the run ends.
   std::function<void(const std::string& was)> onMissingAnswer;
 };
-std::unique_ptr<platform::AccountsLookup> MakeScriptedAccounts(AccountsRecorder& recorder, Journal& journal);
+std::unique_ptr<platform::AccountsLookup> MakeScriptedAccounts(AccountsRecorder& recorder);
 
 }  // namespace robot

@@ -18,7 +18,8 @@ using namespace platform;
 std::int64_t RowCount(Control& control) {
   if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) return static_cast<std::int64_t>(combo->Rows().size());
   if (const auto* list = dynamic_cast<const ListBox*>(&control)) return static_cast<std::int64_t>(list->Items().size());
-  return CountRows(RowsOf(DataOf(control)));
+  RowWindow* rows = DataOf(control).Window();
+  return rows == nullptr ? 0 : CountRows(*rows);  // a list that was never opened shows no row
 }
 
 void Rows(Interpreter& run, const Arguments& words) {
@@ -34,10 +35,11 @@ std::string Numbers(const std::vector<std::int64_t>& numbers) {
 
 void Marked(Interpreter& run, const Arguments& words) {
   const Grid& grid = GridOf(run.ControlNamed(words.Text(0)));
-  RowWindow& rows = RowsOf(DataOf(run.ControlNamed(words.Text(0))));
-  CountRows(rows);
   std::vector<std::int64_t> marked;
-  for (int i = 0; i < grid.SelBookmarks.Count(); ++i) marked.push_back(rows.OrdinalOf(grid.SelBookmarks.Item(i)).value_or(-1));
+  if (RowWindow* rows = DataOf(run.ControlNamed(words.Text(0))).Window(); rows != nullptr) {
+    CountRows(*rows);
+    for (int i = 0; i < grid.SelBookmarks.Count(); ++i) marked.push_back(rows->OrdinalOf(grid.SelBookmarks.Item(i)).value_or(-1));
+  }
   std::vector<std::int64_t> wanted;
   for (std::size_t i = 1; i < words.Count(); ++i) wanted.push_back(words.Number(i));
   std::sort(marked.begin(), marked.end());
@@ -55,7 +57,8 @@ void Cells(Interpreter& run, const Arguments& words) {
   const int column = ColumnWith(grid, words.Text(1));
   const std::vector<Word> wanted = words.From(2);
   std::vector<std::string> was;
-  for (const ListRow& row : RowsOf(DataOf(grid)).RowsAt(0, static_cast<int>(wanted.size()))) was.push_back(CellText(grid, column, row));
+  if (RowWindow* rows = DataOf(grid).Window(); rows != nullptr)
+    for (const ListRow& row : rows->RowsAt(0, static_cast<int>(wanted.size()))) was.push_back(CellText(grid, column, row));
   DemandList("cells " + words.Text(0) + " " + Quoted(words.Text(1)), was, wanted);
 }
 

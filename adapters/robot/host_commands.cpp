@@ -27,6 +27,7 @@ Outcome Host(Interpreter& run, const Arguments& words) {
     } catch (const platform::Error& error) {
       run.Records().Unhandled(error, false);
     }
+    run.KeepUnreached();
   }
   return Outcome::Done;
 }

@@ -35,7 +35,7 @@ std::unique_ptr<platform::ErrorLog> Interpreter::RecordLog(std::unique_ptr<platf
 
 std::unique_ptr<platform::ReportEngine> Interpreter::MakeReports() { return MakeRecordingReports(reports_); }
 std::unique_ptr<platform::MapEngine> Interpreter::MakeMap() { return MakeRecordingMap(map_); }
-std::unique_ptr<platform::AccountsLookup> Interpreter::MakeAccounts() { return MakeScriptedAccounts(accounts_, journal_); }
+std::unique_ptr<platform::AccountsLookup> Interpreter::MakeAccounts() { return MakeScriptedAccounts(accounts_); }
 
 void Interpreter::Attach(platform::Application& app, platform::UserHands& hands) {
   app_ = &app;
@@ -147,6 +147,12 @@ void Interpreter::Missing(const std::string& expected, const std::string& was) {
 
 void Interpreter::AtYield(int number, std::vector<Word> command) { armed_.push_back({journal_.Line(), number, std::move(command)}); }
 void Interpreter::AtBox(std::vector<Word> command) { armed_.push_back({journal_.Line(), 0, std::move(command)}); }
+
+void Interpreter::KeepUnreached() {
+  if (inside_ > 0) return;
+  armed_.insert(armed_.begin(), active_.begin(), active_.end());
+  active_.clear();
+}
 
 // ---- names
 

@@ -85,6 +85,8 @@ class Interpreter final : public Stage {
   const std::string& PrinterName() const noexcept { return printerName_; }
   void AtYield(int number, std::vector<Word> command);
   void AtBox(std::vector<Word> command);
+  /// What has not been reached waits for the next command: setting a property of the host's object is no act of the user.
+  void KeepUnreached();
 
   /// Runs one command as a part of another; its failures reach the caller.
   Outcome Perform(const std::vector<Word>& words);

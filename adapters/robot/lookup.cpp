@@ -62,7 +62,9 @@ Named Find(const platform::Application& app, const std::string& name) {
 }
 
 void DemandVisible(const platform::Application& app, const platform::Control& control) {
-  if (&control.Owner() != app.ActiveForm()) throw Refused(control.FullName() + " not on the top screen");
+  // A screen that is still loading is already modal to those below.
+  if (&control.Owner() != app.ActiveForm() || !app.TakesInput(control.Owner()))
+    throw Refused(control.FullName() + " not on the top screen");
   if (!control.EffectivelyVisible()) throw Refused(control.FullName() + " hidden");
 }
 

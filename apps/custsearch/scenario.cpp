@@ -44,6 +44,12 @@ std::string ShellWord(const std::string& word) {
   return quoted + "'";
 }
 
+/// The exit status in what the shell gives back: POSIX systems keep it in the second byte.
+int ExitStatusOf(int given) {
+  constexpr int kByte = 256;
+  return given >= kByte ? given / kByte : given;
+}
+
 /// The programs that scenarios may run: the suite's own, beside this one.
 std::optional<int> RunProgram(const fs::path& folder, const std::vector<std::string>& words) {
   if (words[0] != "suitefiles" && words[0] != "custsearch") return std::nullopt;
@@ -53,7 +59,7 @@ std::optional<int> RunProgram(const fs::path& folder, const std::vector<std::str
   std::string line = ShellWord(program.string());
   for (std::size_t i = 1; i < words.size(); ++i) line += " " + ShellWord(words[i]);
   std::cout.flush();
-  return std::system(line.c_str());
+  return ExitStatusOf(std::system(line.c_str()));
 }
 
 /// The application is made after the surroundings, which reach it by this.

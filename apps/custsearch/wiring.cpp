@@ -36,14 +36,15 @@ std::unique_ptr<platform::OperatingSystem> WindowsSystem(const Options& options)
   return suite::MakeWindowsStyleSystem(std::move(drives));
 }
 
-/// Scenarios keep their temporary files beside the data, so that they leave nothing behind elsewhere.
+/// Scenarios keep their temporary files beside the data, so that they leave nothing behind elsewhere. They make no folder
+/// either: one that is missing is a missing temporary folder.
 std::unique_ptr<platform::OperatingSystem> NativeSystem(const Options& options, const std::string& dataFolder) {
-  if (options.local) {
-    std::error_code ignored;
-    fs::create_directories(*options.local, ignored);
-    return suite::MakeNativeSystem(Folder(*options.local));
-  }
-  return suite::MakeNativeSystem(options.task == Task::Scenario ? dataFolder : std::string());
+  const bool scenario = options.task == Task::Scenario;
+  if (!options.local) return suite::MakeNativeSystem(scenario ? dataFolder : std::string());
+  std::error_code ignored;
+  if (scenario) return suite::MakeNativeSystem(fs::absolute(*options.local, ignored).lexically_normal().string());
+  fs::create_directories(*options.local, ignored);
+  return suite::MakeNativeSystem(Folder(*options.local));
 }
 
 }  // namespace

@@ -55,13 +55,24 @@ was=$?
 [ "$(cat out.txt)" = "$work/data $work/data
 -:3: expected host CustomerCity \"x\", was \"$work/data $work/data\"" ] || complain "standard input printed: $(cat out.txt)"
 
+# Garbage instead of a scenario; nothing runs.
+head -c 3000 "$programs/suitefiles" >garbage.scn
+demand 2 '' 'garbage.scn:1: *' --scenario garbage.scn --data data
+printf 'host UserID 1\nhost CompanyID 1\nhost ShowUser\n' >half.scn
+demand 1 'half.scn:3: expected no screen at the end, was frmCustMain*' '' --scenario half.scn --data data --local nowhere
+
+# A local folder that is missing is a missing temporary folder.
+printf 'host UserID 1\nhost CompanyID 1\nexpect log modCustSch.OpenFiles 3044\nexpect log like CustSearch* 91\n' >local.scn
+demand 0 '' '' --scenario local.scn --data data --local nowhere/at/all
+[ -e nowhere ] && complain "a scenario made a local folder"
+
 # A scenario makes no file.
 [ -e data/orvTEMP ] && complain "a scenario made a temporary folder"
 [ -e home/state ] && complain "a scenario wrote to the user's state folder"
 
 # One scenario runs other programs of the suite.
 printf 'run suitefiles temp {DIR} --user 7\nrun custsearch --scenario good.scn --data {DIR}\nrun suitefiles nonsense\n' >run.scn
-demand 1 '*run.scn:3: expected run suitefiles nonsense, was exit status*' '*' --scenario run.scn --data data
+demand 1 '*run.scn:3: expected run suitefiles nonsense, was exit status 2' '*' --scenario run.scn --data data
 [ -f data/orvTEMP/orvTemp7.zdb ] || complain "run made no temporary file"
 
 # Windows need a display; without one the program says so and makes nothing.

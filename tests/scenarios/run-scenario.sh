@@ -157,9 +157,17 @@ set -- "$@" $(header options)
 wanted=$(header exit)
 [ -n "$wanted" ] || wanted=0
 HOME=$here/home XDG_STATE_HOME=$here/home/state XDG_CONFIG_HOME=$here/home/config XDG_RUNTIME_DIR=$here/home \
-  QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} "$programs/custsearch" "$@" </dev/null
+  QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} "$programs/custsearch" "$@" </dev/null >"$here/told.log"
 status=$?
+cat "$here/told.log"
 if [ "$status" -ne "$wanted" ]; then
   stop "exit status $status, not $wanted; its folder is $here"
+fi
+
+# "every": each line with an expectation must be told as a failure, and no other line.
+if [ "$(header fails)" = every ]; then
+  sed -n "s|^$scenario:\([0-9]*\): expected .*, was .*|\1|p" "$here/told.log" | sort -n >"$here/told.lines"
+  grep -nE '^[[:space:]]*(at (box|yield [0-9]+) )?expect ' "$scenario" | cut -d: -f1 >"$here/expected.lines"
+  diff "$here/expected.lines" "$here/told.lines" >&2 || stop "expectations that held (<), or failures of other lines (>); its folder is $here"
 fi
 rm -rf "$here"

@@ -24,6 +24,7 @@ class frmSecond final : public platform::Form {
   explicit frmSecond(platform::Application& app) : Form(app, "frmSecond", "Second") {
     cmdClose.Click = [this] { App().Unload(*this); };
   }
+  void Form_Load() override { App().DoEvents(); }
   platform::TextBox txtSecond{*this, "txtSecond"};
   platform::CommandButton cmdClose{*this, "cmdClose", "Close"};
 };

@@ -150,9 +150,15 @@ TEST_P(Lists, ScreensThatAreClosedAtTheEndSaveNothing) {
 
 TEST_P(Lists, AListWithoutData) {
   ScenarioOptions none;
-  EXPECT_EQ(RunScenario("host ShowUser\nexpect rows grid(0) 0\nrefused row grid(0) 0\nexpect at data(0) Name x\nclose\n", none).output,
-            "t.scn:2: expected rows grid(0) 0, was data(0) not opened\n"
-            "t.scn:4: expected at data(0) Name \"x\", was error 91 Object variable or With block variable not set\n");
+  EXPECT_EQ(RunScenario("host ShowUser\nexpect rows grid(0) 0\nexpect marked grid(0)\nrefused row grid(0) 0\nclose\n", none).output, "");
+  EXPECT_EQ(RunScenario("host ShowUser\nexpect rows grid(0) 1\nexpect marked grid(0) 0\nexpect cells grid(0) Name x\n"
+                        "expect at data(0) Name x\nclose\n",
+                        none)
+                .output,
+            "t.scn:2: expected rows grid(0) 1, was 0\n"
+            "t.scn:3: expected marked grid(0) 0, was nothing\n"
+            "t.scn:4: expected cells grid(0) \"Name\" \"x\", was nothing\n"
+            "t.scn:5: expected at data(0) Name \"x\", was error 91 Object variable or With block variable not set\n");
 }
 
 TEST_P(Lists, OtherUsers) {

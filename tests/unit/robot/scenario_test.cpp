@@ -36,6 +36,11 @@ TEST(HostCommands, NotWhileShowUserRuns) {
   EXPECT_EQ(RunScenario("host ShowUser\nhost release\n").output, "t.scn:2: expected host release, was ShowUser running\n");
 }
 
+TEST(HostCommands, SettingAPropertyLeavesWhatWaitsForAnActOfTheUser) {
+  EXPECT_EQ(RunScenario("host ShowUser\nat yield 2 expect Progress1 20\nhost Name x\nclick cmdWork\nclose\n").output, "");
+  EXPECT_EQ(RunScenario("at box expect no box\nhost Name x\n").output, "t.scn:1: expected a box for expect no box, was none\n");
+}
+
 TEST(HostCommands, SessionVariables) {
   EXPECT_EQ(RunScenario("expect session gAddPhone True\n").output, "");
   EXPECT_EQ(RunScenario("expect session gAddPhone False\n").output, "t.scn:1: expected session gAddPhone \"False\", was True\n");
@@ -160,6 +165,12 @@ TEST(Screens, ModalScreensNest) {
   EXPECT_EQ(InScreen("click cmdSecond\n expect screen frmSecond\n expect loaded frmFirst\n expect frmFirst.lblInfo Info\n"
                      "type txtSecond hello\n click cmdClose\n expect screen frmFirst\n expect not loaded frmSecond\n"
                      "expect lblInfo \"Second said hello\""),
+            "");
+}
+
+TEST(Screens, AScreenThatIsLoadingIsModalAlready) {
+  EXPECT_EQ(InScreen("at yield 1 expect screen frmFirst\nat yield 1 expect loaded frmSecond\nat yield 1 refused click cmdTell\n"
+                     "click cmdSecond\nclick cmdClose"),
             "");
 }
 
@@ -326,6 +337,12 @@ TEST(Doubles, Reports) {
             "t.scn:5: expected report frmSecond.Runs 0, was no report frmSecond.Runs\n");
 }
 
+TEST(Doubles, AnswersForReportsWaitInLine) {
+  EXPECT_EQ(InScreen("answer report 5\nanswer report 7\nclick cmdPrint\nexpect lblInfo \"Printed 5\"\nclick cmdPrint\n"
+                     "expect lblInfo \"Printed 7\"\nclick cmdPrint\nexpect lblInfo \"Printed 0\"\nexpect report Runs 3"),
+            "");
+}
+
 TEST(Doubles, TheMap) {
   EXPECT_EQ(
       InScreen(
@@ -346,7 +363,7 @@ TEST(Doubles, TheMap) {
 TEST(Doubles, TheAccountsLookUp) {
   EXPECT_EQ(
       InScreen("answer account 20100 001 Payables Main\nclick cmdAccount\nexpect lblInfo \"Account 20100-001\"\nexpect lookup 1 Acme\n"
-               "expect lookup 5 2\nanswer account cancel\nclick cmdAccount\nexpect lblInfo \"No account\""),
+               "expect lookup 5 2\nanswer account cancel\nclick cmdAccount\nexpect lblInfo \"No account\"\nexpect no dialog"),
       "");
   EXPECT_EQ(InScreen("expect lookup 1 x\nanswer account cancel\nclick cmdAccount\nexpect lookup 1 x"),
             "t.scn:2: expected lookup 1 \"x\", was no look-up\n"

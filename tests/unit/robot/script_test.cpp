@@ -88,6 +88,16 @@ TEST(Script, InnerCommandsAreCheckedToo) {
   EXPECT_EQ(OnlyError("at yield 1 refused tab\n"), "1: tab takes 2 words, not 0");
 }
 
+TEST(Script, GarbageIsToldAndNeverRun) {
+  std::string garbage;
+  for (int i = 0; i < 4096; ++i) garbage += static_cast<char>((i * 7919 + i / 3) % 256);
+  EXPECT_FALSE(Read(garbage).errors.empty());
+  EXPECT_EQ(OnlyError(std::string("close\0\n", 7)), "1: the line is no valid UTF-8 text");
+  EXPECT_EQ(OnlyError(std::string(100000, 'x')), "1: there is no command \"" + std::string(100000, 'x') + "\"");
+  EXPECT_EQ(OnlyError("\"close\"\n"), "1: there is no command \"close\"") << "commands are never quoted";
+  EXPECT_EQ(Read("").errors.size(), 0U);
+}
+
 TEST(Script, EveryMistakeIsTold) { EXPECT_EQ(Read("a\nclose\nb\n").errors.size(), 2U); }
 
 TEST(Script, AllowingBoxesCountsWhereverItStands) {

@@ -128,6 +128,9 @@ std::int16_t frmCustMain::NextDataCode() {
   return Next;
 }
 
+/// The list of taxes keeps its caption.
+void frmCustMain::optTaxDisp_Click() { SQLTaxBasis(); }
+
 void frmCustMain::optCustTypeDisp_Click(int Index) {
   SQLData(tab::CustomerTypes);
   CaptionFilteredList(tab::CustomerTypes, Index);

@@ -34,4 +34,17 @@ void frmCustMain::txtZip_LostFocus() {
 
 void frmCustMain::cmdPlusMinus_Click() { cmdPlusMinus.Caption(cmdPlusMinus.Caption() == "+" ? "-" : "+"); }
 
+void frmCustMain::txtCreditLimit_MouseMove() { StatusBar1.Panel(1, "Credit Limit:  Enter -1 for No Credit Limit.  Enter 0 for C.O.D."); }
+
+void frmCustMain::optLaborRate_MouseMove(int Index) {
+  static constexpr const char* kHints[] = {
+      "No default customer labor rate",
+      "Single default customer labor rate",
+      "Customer departmental labor rates are setup up on the 'Dept. Labor Rate' tab for the current customer",
+  };
+  StatusBar1.Panel(1, kHints[Index]);
+}
+
+void frmCustMain::fraLaborRate_MouseMove() { StatusBar1.Panel(1, ""); }
+
 }  // namespace orcussch

@@ -158,6 +158,8 @@ frmCustMain::frmCustMain()
       optStatus(*this, "optStatus"),
       fraBillingStatus(*this, "fraBillingStatus", "Billing Status:"),
       optBillingStatus(*this, "optBillingStatus"),
+      chkAgeMethod(*this, "chkAgeMethod", "Age from invoice date"),
+      chkOmitFinChg(*this, "chkOmitFinChg", "Omit Finance Charges"),
       txtEMail(*this, "txtEMail", 40),
       txtWebSite(*this, "txtWebSite", 40),
       cboSalesRate(*this, "cboSalesRate"),
@@ -166,16 +168,14 @@ frmCustMain::frmCustMain()
       fraLaborRate(*this, "fraLaborRate", "Default Customer Labor Rate:"),
       optLaborRate(*this, "optLaborRate"),
       txtLaborRate(*this, "txtLaborRate"),
-      fraTaxBasis(*this, "fraTaxBasis", "Applicable Customer Taxes:"),
-      optTaxDisp(*this, "optTaxDisp"),
-      grdTaxBasis(*this, "grdTaxBasis"),
+      cmdMapCode(*this, "cmdMapCode", "Lookup"),
+      lblMapCode(*this, "lblMapCode"),
       fraTax(*this, "fraTax", "Tax Exemption:"),
       txtTaxID(*this, "txtTaxID", 15),
       txtExemptExpireDate(*this, "txtExemptExpireDate"),
-      cmdMapCode(*this, "cmdMapCode", "Lookup"),
-      lblMapCode(*this, "lblMapCode"),
-      chkAgeMethod(*this, "chkAgeMethod", "Age from invoice date"),
-      chkOmitFinChg(*this, "chkOmitFinChg", "Omit Finance Charges"),
+      fraTaxBasis(*this, "fraTaxBasis", "Applicable Customer Taxes:"),
+      optTaxDisp(*this, "optTaxDisp"),
+      grdTaxBasis(*this, "grdTaxBasis"),
       fraComment(*this, "fraComment", "Comment:"),
       txtComment(*this, "txtComment"),
       lblPhoneRecordID(*this, "lblPhoneRecordID"),
@@ -357,18 +357,16 @@ void frmCustMain::AttachHandlers() {
   grdTaxBasis.HeadClick = [this](int ColIndex) { grdTaxBasis_HeadClick(ColIndex); };
   grdTaxBasis.AfterColUpdate = [this](int) { grdTaxBasis_AfterColUpdate(); };
   grdTaxBasis.SelChange = [this](bool&) { TestGridSelection(grdTaxBasis); };
-  optTaxDisp.Each([this](platform::OptionButton& option, int) { option.Click = [this] { SQLTaxBasis(); }; });
+  optTaxDisp.Each([this](platform::OptionButton& option, int) { option.Click = [this] { optTaxDisp_Click(); }; });
   optCustTypeDisp.Each([this](platform::OptionButton& option, int i) { option.Click = [this, i] { optCustTypeDisp_Click(i); }; });
   optKeyWordDisp.Each([this](platform::OptionButton& option, int i) { option.Click = [this, i] { optKeyWordDisp_Click(i); }; });
 
-  optLaborRate[0].MouseMove = [this] { StatusBar1.Panel(1, "No default customer labor rate"); };
-  optLaborRate[1].MouseMove = [this] { StatusBar1.Panel(1, "Single default customer labor rate"); };
-  optLaborRate[2].MouseMove = [this] {
-    StatusBar1.Panel(1, "Customer departmental labor rates are setup up on the 'Dept. Labor Rate' tab for the current customer");
-  };
-  fraLaborRate.MouseMove = [this] { StatusBar1.Panel(1, ""); };
-  txtCreditLimit.MouseMove = [this] { StatusBar1.Panel(1, "Credit Limit:  Enter -1 for No Credit Limit.  Enter 0 for C.O.D."); };
-  optLaborRate.Each([this](platform::OptionButton& option, int i) { option.Click = [this, i] { optLaborRate_Click(i); }; });
+  optLaborRate.Each([this](platform::OptionButton& option, int i) {
+    option.Click = [this, i] { optLaborRate_Click(i); };
+    option.MouseMove = [this, i] { optLaborRate_MouseMove(i); };
+  });
+  fraLaborRate.MouseMove = [this] { fraLaborRate_MouseMove(); };
+  txtCreditLimit.MouseMove = [this] { txtCreditLimit_MouseMove(); };
   optAllDept.Each([this](platform::OptionButton& option, int i) { option.Click = [this, i] { optAllDept_Click(i); }; });
   cmdAddAllDepts.Click = [this] { cmdAddAllDepts_Click(); };
   cboDepts.Change = [this] { DeptChange(); };

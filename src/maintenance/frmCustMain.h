@@ -143,6 +143,7 @@ class frmCustMain final : public platform::Form {
   Array<platform::OptionButton, 3> optStatus;
   platform::Frame fraBillingStatus;
   Array<platform::OptionButton, 2> optBillingStatus;
+  platform::CheckBox chkAgeMethod, chkOmitFinChg;
   platform::TextBox txtEMail, txtWebSite;
   platform::ComboBox cboSalesRate;
   platform::CommandButton cmdPlusMinus;
@@ -150,15 +151,14 @@ class frmCustMain final : public platform::Form {
   platform::Frame fraLaborRate;
   Array<platform::OptionButton, 3> optLaborRate;
   platform::CurrencyEdit txtLaborRate;
-  platform::Frame fraTaxBasis;
-  Array<platform::OptionButton, 3> optTaxDisp;
-  platform::Grid grdTaxBasis;
+  platform::CommandButton cmdMapCode;
+  Array<platform::Label, 2> lblMapCode;
   platform::Frame fraTax;
   platform::TextBox txtTaxID;
   platform::DateEdit txtExemptExpireDate;
-  platform::CommandButton cmdMapCode;
-  Array<platform::Label, 2> lblMapCode;
-  platform::CheckBox chkAgeMethod, chkOmitFinChg;
+  platform::Frame fraTaxBasis;
+  Array<platform::OptionButton, 3> optTaxDisp;
+  platform::Grid grdTaxBasis;
   platform::Frame fraComment;
   platform::TextBox txtComment;
 
@@ -274,6 +274,9 @@ class frmCustMain final : public platform::Form {
   // card_handlers.cpp
   void txtZip_LostFocus();
   void cmdPlusMinus_Click();
+  void txtCreditLimit_MouseMove();
+  void optLaborRate_MouseMove(int Index);
+  void fraLaborRate_MouseMove();
 
   // search.cpp
   void txtSearch_Change(int Index);
@@ -282,6 +285,7 @@ class frmCustMain final : public platform::Form {
 
   // assignment.cpp
   void TickCustomersTaxes();
+  void optTaxDisp_Click();
   void optCustTypeDisp_Click(int Index);
   void optKeyWordDisp_Click(int Index);
   void CaptionFilteredList(int Tab, int Index);

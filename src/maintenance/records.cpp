@@ -112,6 +112,7 @@ void frmCustMain::StandOn(ResumeNext& on, const std::string& Position) {
 }
 
 void frmCustMain::RecordCancel() {
+  ResumeNext on("frmCustMain.RecordCancel");
   orcussch::App().MousePointer(platform::pointer::Hourglass);
   orcussch::App().DoEvents();
 
@@ -125,11 +126,11 @@ void frmCustMain::RecordCancel() {
   Question += " the " + RecordLabel() + "?";
 
   if (orcussch::App().MsgBox(Question, kYesNoQuestion, Title) == platform::box::Yes) {
-    EditingRecord(false);
+    on([this] { EditingRecord(false); });
     orcussch::App().DoEvents();
-    SSIndexTab1.Page(0);
+    on([this] { SSIndexTab1.Page(0); });
   }
-  TestRecordcount();
+  on([this] { TestRecordcount(); });
   orcussch::App().MousePointer(platform::pointer::Default);
   orcussch::App().DoEvents();
 }

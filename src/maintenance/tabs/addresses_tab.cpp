@@ -20,7 +20,16 @@ class AddressesTab final : public RecordTab {
                 {"City", &s.txtAltCity},
                 {"State", &s.txtAltState},
                 {"Zip", &s.txtAltZip},
-                {"Country", &s.txtAltCountry}}} {}
+                {"Country", &s.txtAltCountry}}},
+        mFields{From("Addr1", s.txtAltAddr1),
+                From("Addr2", s.txtAltAddr2),
+                From("City", s.txtAltCity),
+                From("State", s.txtAltState),
+                From("Zip", s.txtAltZip),
+                From("Country", s.txtAltCountry),
+                From("Comment", s.txtAltComment),
+                {"ActiveMonthLow", [this] { return Value(MonthOf(0)); }},
+                {"ActiveMonthHigh", [this] { return Value(MonthOf(1)); }}} {}
 
   bool Add(ResumeNext&) override {
     s.lblAltAddressID.Caption("");
@@ -54,10 +63,7 @@ class AddressesTab final : public RecordTab {
     } else if (!BeginEdit(on, state)) {
       return false;
     }
-    for (const TextField& text : mTexts) on([&] { rsAddresses->SetField(text.field, text.edit->Text()); });
-    on([&] { rsAddresses->SetField("Comment", s.txtAltComment.Text()); });
-    on([&] { rsAddresses->SetField("ActiveMonthLow", MonthOf(0)); });
-    on([&] { rsAddresses->SetField("ActiveMonthHigh", MonthOf(1)); });
+    Write(on, rsAddresses, mFields);
     on([] { rsAddresses->Update(); });
     on([] { rsAddresses->SetBookmark(rsAddresses->LastModified()); });
     on([&] { state.Position = "[AddressID]=" + std::to_string(LongOf(*rsAddresses, "addressID")); });
@@ -101,30 +107,18 @@ class AddressesTab final : public RecordTab {
 
   bool Valid(const SaveState& state) const {
     if (s.chkDefaultAddr[0].Value() == 0 && s.chkDefaultAddr[1].Value() == 0) return true;
-    const std::pair<const platform::TextBox*, const char*> tests[] = {
-        {&s.txtAltAddr1, "When entering a default address you must enter a Address 1!"},
-        {&s.txtAltCity, "When entering a default address you must enter a City!"},
-        {&s.txtAltState, "When entering a default address you must enter a State!"},
-        {&s.txtAltZip, "When entering a default address you must enter a Zip Code!"},
-    };
-    for (const auto& [edit, message] : tests) {
-      if (!edit->Text().empty()) continue;
-      Refuse(state.Title, message);
-      return false;
-    }
-    return true;
+    return Passes(state, {
+                             {s.txtAltAddr1.Text().empty(), "When entering a default address you must enter a Address 1!"},
+                             {s.txtAltCity.Text().empty(), "When entering a default address you must enter a City!"},
+                             {s.txtAltState.Text().empty(), "When entering a default address you must enter a State!"},
+                             {s.txtAltZip.Text().empty(), "When entering a default address you must enter a Zip Code!"},
+                         });
   }
 
   bool BeginEdit(ResumeNext& on, const SaveState& state) {
     std::int32_t Id = 0;
     on([&] { Id = LongOf(Rows(), "addressID"); });
-    bool Found = false;
-    on([] { rsAddresses->SetIndex("PrimaryKey"); });
-    on([&] {
-      rsAddresses->Seek("=", {Id});
-      Found = !rsAddresses->NoMatch();
-    });
-    if (!Found) {
+    if (!Find(on, rsAddresses, "PrimaryKey", [Id] { return Keys{Id}; })) {
       Refuse(state.Title, "The edited alternate address can no longer be found (Address ID " + std::to_string(Id) +
                               ").  The alternate address changes made can not be saved!");
       return false;
@@ -144,6 +138,7 @@ class AddressesTab final : public RecordTab {
   }
 
   std::array<TextField, 6> mTexts;
+  std::vector<CardField> mFields;
 };
 
 }  // namespace

@@ -15,7 +15,10 @@ class CreditCardsTab final : public RecordTab {
  public:
   explicit CreditCardsTab(frmCustMain& screen)
       : RecordTab(screen, tab::CreditCards),
-        mTexts{{{"CCNumber", &s.txtCCNumber}, {"CCHolder", &s.txtCCHolder}, {"CCMonth", &s.txtCCMonth}, {"CCYear", &s.txtCCYear}}} {}
+        mTexts{{{"CCNumber", &s.txtCCNumber}, {"CCHolder", &s.txtCCHolder}, {"CCMonth", &s.txtCCMonth}, {"CCYear", &s.txtCCYear}}},
+        mFields{From("CCType", s.cboCreditCards), From("CCNumber", s.txtCCNumber), From("CCHolder", s.txtCCHolder),
+                From("CCMonth", s.txtCCMonth),    From("CCYear", s.txtCCYear),     From("CCLimit", s.txtCCLimit),
+                From("CCComment", s.txtCCComment)} {}
 
   bool Add(ResumeNext& on) override {
     on([&] { s.DataCreditCards.Refresh(); });
@@ -49,10 +52,7 @@ class CreditCardsTab final : public RecordTab {
     } else if (!BeginEdit(on, state)) {
       return false;
     }
-    on([&] { rsCustCreditCards->SetField("CCType", s.cboCreditCards.BoundValue()); });
-    for (const TextField& text : mTexts) on([&] { rsCustCreditCards->SetField(text.field, text.edit->Text()); });
-    on([&] { rsCustCreditCards->SetField("CCLimit", s.txtCCLimit.Value()); });
-    on([&] { rsCustCreditCards->SetField("CCComment", s.txtCCComment.Text()); });
+    Write(on, rsCustCreditCards, mFields);
     on([] { rsCustCreditCards->Update(); });
     on([] { rsCustCreditCards->SetBookmark(rsCustCreditCards->LastModified()); });
     on([&] { state.Position = "[CreditCardID]=" + std::to_string(LongOf(*rsCustCreditCards, "CreditCardID")); });
@@ -86,37 +86,20 @@ class CreditCardsTab final : public RecordTab {
   }
 
   bool Valid(const SaveState& state) {
-    struct Test {
-      bool failed;
-      const char* message;
-      platform::Control* focus;
-    };
     const double Month = Val(s.txtCCMonth.Text());
-    const Test tests[] = {
-        {BoundText(s.cboCreditCards).empty(), "You must select a credit card type!", &s.cboCreditCards},
-        {s.txtCCNumber.Text().empty(), "You must enter the credit card number!", &s.txtCCNumber},
-        {Month < 1 || Month > 12, "You must enter an expiration month between 1 and 12!", &s.txtCCMonth},
-        {platform::Len(platform::Trim(s.txtCCYear.Text())) != kYearLength, "You must enter a 4-digit expiration date year!", &s.txtCCYear},
-    };
-    for (const Test& test : tests) {
-      if (!test.failed) continue;
-      Refuse(state.Title, test.message);
-      test.focus->SetFocus();
-      return false;
-    }
-    return true;
+    const int YearLength = platform::Len(platform::Trim(s.txtCCYear.Text()));
+    return Passes(state, {
+                             {BoundText(s.cboCreditCards).empty(), "You must select a credit card type!", &s.cboCreditCards},
+                             {s.txtCCNumber.Text().empty(), "You must enter the credit card number!", &s.txtCCNumber},
+                             {Month < 1 || Month > 12, "You must enter an expiration month between 1 and 12!", &s.txtCCMonth},
+                             {YearLength != kYearLength, "You must enter a 4-digit expiration date year!", &s.txtCCYear},
+                         });
   }
 
   bool BeginEdit(ResumeNext& on, const SaveState& state) {
     std::int32_t Id = 0;
     on([&] { Id = LongOf(Rows(), "CreditCardID"); });
-    bool Found = false;
-    on([] { rsCustCreditCards->SetIndex("PrimaryKey"); });
-    on([&] {
-      rsCustCreditCards->Seek("=", {Id});
-      Found = !rsCustCreditCards->NoMatch();
-    });
-    if (!Found) {
+    if (!Find(on, rsCustCreditCards, "PrimaryKey", [Id] { return Keys{Id}; })) {
       Refuse(state.Title, "The edited credit card can no longer be found (Credit Card ID " + std::to_string(Id) +
                               ").  The credit card changes made can not be saved!");
       return false;
@@ -126,6 +109,7 @@ class CreditCardsTab final : public RecordTab {
   }
 
   std::array<TextField, 4> mTexts;
+  std::vector<CardField> mFields;
 };
 
 }  // namespace

@@ -25,10 +25,7 @@ class CustomerTypesTab final : public RecordTab {
   }
 
   bool Save(ResumeNext& on, SaveState& state) override {
-    if (s.txtCustomerType.Text().empty()) {
-      Refuse(state.Title, "You must enter a customer type description!");
-      return false;
-    }
+    if (!Passes(state, {{s.txtCustomerType.Text().empty(), "You must enter a customer type description!"}})) return false;
     std::int16_t Code = 0;
     if (Adding()) {
       Code = s.NextDataCode();
@@ -37,7 +34,7 @@ class CustomerTypesTab final : public RecordTab {
     } else if (!BeginEdit(on, state, Code)) {
       return false;
     }
-    on([&] { rsDataCodes->SetField("Description", s.txtCustomerType.Text()); });
+    Write(on, rsDataCodes, {From("Description", s.txtCustomerType)});
     on([] { rsDataCodes->Update(); });
     if (s.chkAssignCustType.Value() != 0 && Adding()) {
       on([] { rsCustCodes->AddNew(); });
@@ -58,26 +55,15 @@ class CustomerTypesTab final : public RecordTab {
 
   /// A type that any customer has stays. The work table's row goes with the next load.
   bool Remove(ResumeNext& on, DeleteState& state) override {
-    bool Assigned = false;
-    on([] { rsCustCodes->SetIndex("CustCodes"); });
-    on([&] {
-      rsCustCodes->Seek("=", {Rows().Field("Code")});
-      Assigned = !rsCustCodes->NoMatch();
-    });
-    if (Assigned) {
+    const auto Code = [this] { return Keys{Rows().Field("Code")}; };
+    if (Find(on, rsCustCodes, "CustCodes", Code)) {
       std::string Description;
       on([&] { Description = TextOf(Rows(), "Description"); });
       Refuse(state.Title, "One or more customers have been assigned customer type '" + Description +
                               "'.  You can not delete a customer type if it has been assigned to a customer.");
       return false;
     }
-    bool Found = false;
-    on([] { rsDataCodes->SetIndex("PrimaryKey"); });
-    on([&] {
-      rsDataCodes->Seek("=", {Rows().Field("Code")});
-      Found = !rsDataCodes->NoMatch();
-    });
-    if (Found) on([] { rsDataCodes->Delete(); });
+    if (Find(on, rsDataCodes, "PrimaryKey", Code)) on([] { rsDataCodes->Delete(); });
     s.LoadCustTypes();
     on([&] { s.data[tab::CustomerTypes].Refresh(); });
     return true;
@@ -86,13 +72,7 @@ class CustomerTypesTab final : public RecordTab {
  private:
   bool BeginEdit(ResumeNext& on, const SaveState& state, std::int16_t& Code) {
     on([&] { Code = platform::CInt(Rows().Field("Code")); });
-    bool Found = false;
-    on([] { rsDataCodes->SetIndex("PrimaryKey"); });
-    on([&] {
-      rsDataCodes->Seek("=", {Code});
-      Found = !rsDataCodes->NoMatch();
-    });
-    if (!Found) {
+    if (!Find(on, rsDataCodes, "PrimaryKey", [Code] { return Keys{Code}; })) {
       Refuse(state.Title, "The edited customer type record can no longer be found (Customer Type Code  " + std::to_string(Code) +
                               ").  The customer type changes made can not be saved!");
       return false;

@@ -48,7 +48,7 @@ class CustomersTab final : public RecordTab {
 
   bool Valid(const SaveState& state) const;
   bool AskAboutDuplicates(ResumeNext& on, const SaveState& state, std::int16_t& TaxCount);
-  bool BeginAdd(ResumeNext& on);
+  void BeginAdd(ResumeNext& on);
   bool BeginEdit(ResumeNext& on, const SaveState& state);
   void AskAboutLaborRates(ResumeNext& on, const SaveState& state, std::int32_t Acct);
   void WriteFields(ResumeNext& on);
@@ -147,13 +147,7 @@ void CustomersTab::ShowMapCode(ResumeNext& on, const Recordset& Row) {
     s.lblMapCode[1].Caption("");
     return;
   }
-  bool Found = false;
-  on([&] { rsLocations->SetIndex("MapCode"); });
-  on([&] {
-    rsLocations->Seek("=", {s.lblMapCode[0].Caption()});
-    Found = !rsLocations->NoMatch();
-  });
-  if (!Found) {
+  if (!Find(on, rsLocations, "MapCode", [this] { return Keys{s.lblMapCode[0].Caption()}; })) {
     s.lblMapCode[1].Caption("");
     return;
   }
@@ -198,25 +192,17 @@ void CustomersTab::ShowLaborRate(ResumeNext& on, const Recordset& Row) {
 }
 
 bool CustomersTab::Valid(const SaveState& state) const {
-  struct Test {
-    bool failed;
-    const char* message;
-  };
-  const Test tests[] = {
-      {s.txtLastName.Text().empty(), "You must enter the customer's last name!"},
-      {s.optLaborRate[1].Value() && s.txtLaborRate.Value() == Currency{0},
-       "You must enter the customer's default labor rate or select a different default labor rate option!"},
-      {Val(BoundText(s.cboTerms)) < 1, "You must select the customer's default terms!"},
-      {2 * platform::Len(s.txtComment.Text()) > kGreatestComment,
-       "The customer comment has exceeded the maximum allowed length.  You must reduce the size of the comment field before you can "
-       "save the customer record!"},
-  };
-  for (const Test& test : tests) {
-    if (!test.failed) continue;
-    Refuse(state.Title, test.message);
-    return false;
-  }
-  return true;
+  const bool NoRate = s.optLaborRate[1].Value() && s.txtLaborRate.Value() == Currency{0};
+  return Passes(
+      state,
+      {
+          {s.txtLastName.Text().empty(), "You must enter the customer's last name!"},
+          {NoRate, "You must enter the customer's default labor rate or select a different default labor rate option!"},
+          {Val(BoundText(s.cboTerms)) < 1, "You must select the customer's default terms!"},
+          {2 * platform::Len(s.txtComment.Text()) > kGreatestComment,
+           "The customer comment has exceeded the maximum allowed length.  You must reduce the size of the comment field before you can "
+           "save the customer record!"},
+      });
 }
 
 bool CustomersTab::Save(ResumeNext& on, SaveState& state) {
@@ -281,7 +267,7 @@ bool CustomersTab::AskAboutDuplicates(ResumeNext& on, const SaveState& state, st
   return TaxCount == 0 || Ask(state.Title, Message);
 }
 
-bool CustomersTab::BeginAdd(ResumeNext& on) {
+void CustomersTab::BeginAdd(ResumeNext& on) {
   on([] { rsCustomers->AddNew(); });
   on([] { rsCustomers->SetField("EntryDate", App().System().Today()); });
   for (const char* field : {"CurrFinanceCharge", "CurrBalance", "PaidThisYear", "PaidThisMonth", "PaidLastYear", "PaidToDate"})
@@ -289,19 +275,12 @@ bool CustomersTab::BeginAdd(ResumeNext& on) {
   on([] { rsCustomers->SetField("DefaultBillTo", rsCustomers->Field("AcctNum")); });
   for (const char* field : {"DefaultShipAddress", "DefaultBillAddress", "DefaultPhoneNumber", "DefaultCreditCard", "Latitude", "Longitude"})
     on([&] { rsCustomers->SetField(field, std::int32_t{0}); });
-  return true;
 }
 
 bool CustomersTab::BeginEdit(ResumeNext& on, const SaveState& state) {
   std::int32_t Acct = 0;
   on([&] { Acct = LongOf(Customer(), "AcctNum"); });
-  bool Found = false;
-  on([] { rsCustomers->SetIndex("ByAcct"); });
-  on([&] {
-    rsCustomers->Seek("=", {Acct});
-    Found = !rsCustomers->NoMatch();
-  });
-  if (!Found) {
+  if (!Find(on, rsCustomers, "ByAcct", [Acct] { return Keys{Acct}; })) {
     Refuse(state.Title, "The edited customer can no longer be found (Customer Account No. " + std::to_string(Acct) +
                             ").  The customer changes made can not be saved!");
     return false;
@@ -370,7 +349,9 @@ void CustomersTab::WriteTaxes(ResumeNext& on, const RecordsetRef& Assigned, std:
   on([&] { More = Assigned->RecordCount() != 0; });
   if (More) on([&] { Assigned->MoveFirst(); });
   while (More) {
-    if (++TaxCount > 4) break;
+    // Short like the number of duplicates: after the greatest one the addition is reported and no place is left either.
+    on([&] { TaxCount = platform::CInt(std::int32_t{TaxCount} + 1); });
+    if (TaxCount > 4) break;
     on([&] { rsCustomers->SetField(kTaxFields[TaxCount - 1], Assigned->Field("TaxID")); });
     More = on([&] { Assigned->MoveNext(); }) && !Assigned->Eof();
   }

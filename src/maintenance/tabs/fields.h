@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "maintenance/tabs/record_tab.h"
 #include "platform/controls/combo.h"
 #include "platform/controls/text_box.h"
 #include "platform/convert.h"
@@ -37,7 +38,21 @@ inline void EmptyCombo(platform::ComboBox& combo) { SetCombo(combo, "", ""); }
 /// The bound value as text, "" when there is none.
 inline std::string BoundText(const platform::ComboBox& combo) { return platform::CStr(platform::Concat("", combo.BoundValue())); }
 
-/// A field of a table and the edit that it comes from.
+/// A field that a save takes from a control: the text without its mask, the bound value, the amount.
+inline CardField From(const char* field, const platform::TextBox& edit) {
+  return {field, [&edit] { return platform::Value(edit.Text()); }};
+}
+inline CardField From(const char* field, const platform::ComboBox& combo) {
+  return {field, [&combo] { return combo.BoundValue(); }};
+}
+inline CardField From(const char* field, const platform::NumberEdit& edit) {
+  return {field, [&edit] { return platform::Value(edit.Value()); }};
+}
+inline CardField From(const char* field, const platform::CurrencyEdit& edit) {
+  return {field, [&edit] { return platform::Value(edit.Value()); }};
+}
+
+/// A field of a table and the edit that shows it.
 struct TextField {
   const char* field;
   platform::TextBox* edit;

@@ -27,16 +27,13 @@ class KeyWordsTab final : public RecordTab {
   /// A word that is there already fails at Update on the key, which is reported; the rest goes on. A changed word leaves the
   /// customers' own rows as they are: they name the word by its text.
   bool Save(ResumeNext& on, SaveState& state) override {
-    if (s.txtKeyWord.Text().empty()) {
-      Refuse(state.Title, "You must enter a Key Word!");
-      return false;
-    }
+    if (!Passes(state, {{s.txtKeyWord.Text().empty(), "You must enter a Key Word!"}})) return false;
     if (Adding()) {
       on([] { rsKeywords->AddNew(); });
     } else if (!BeginEdit(on, state)) {
       return false;
     }
-    on([&] { rsKeywords->SetField("Keyword", s.txtKeyWord.Text()); });
+    Write(on, rsKeywords, {From("Keyword", s.txtKeyWord)});
     on([] { rsKeywords->Update(); });
     if (s.chkAssignKeyWord.Value() != 0 && Adding()) {
       on([] { rsLookups->AddNew(); });
@@ -56,40 +53,27 @@ class KeyWordsTab final : public RecordTab {
   }
 
   bool Remove(ResumeNext& on, DeleteState& state) override {
-    bool Assigned = false;
-    on([] { rsLookups->SetIndex("ByWord"); });
-    on([&] {
-      rsLookups->Seek("=", {Rows().Field("Keyword")});
-      Assigned = !rsLookups->NoMatch();
-    });
-    if (Assigned) {
+    if (Find(on, rsLookups, "ByWord", Word())) {
       std::string Keyword;
       on([&] { Keyword = TextOf(Rows(), "Keyword"); });
       Refuse(state.Title, "One or more customers have been assigned key word '" + Keyword +
                               "'.  You can not delete a key word if it has been assigned to a customer.");
       return false;
     }
-    bool Found = false;
-    on([] { rsKeywords->SetIndex("PrimaryKey"); });
-    on([&] {
-      rsKeywords->Seek("=", {Rows().Field("Keyword")});
-      Found = !rsKeywords->NoMatch();
-    });
-    if (Found) on([] { rsKeywords->Delete(); });
+    if (Find(on, rsKeywords, "PrimaryKey", Word())) on([] { rsKeywords->Delete(); });
     s.LoadKeyWords();
     on([&] { s.data[tab::KeyWords].Refresh(); });
     return true;
   }
 
  private:
+  /// The key of the list's current row, the word itself.
+  std::function<Keys()> Word() const {
+    return [this] { return Keys{Rows().Field("Keyword")}; };
+  }
+
   bool BeginEdit(ResumeNext& on, const SaveState& state) {
-    bool Found = false;
-    on([] { rsKeywords->SetIndex("PrimaryKey"); });
-    on([&] {
-      rsKeywords->Seek("=", {Rows().Field("Keyword")});
-      Found = !rsKeywords->NoMatch();
-    });
-    if (Found) {
+    if (Find(on, rsKeywords, "PrimaryKey", Word())) {
       on([] { rsKeywords->Edit(); });
       return true;
     }

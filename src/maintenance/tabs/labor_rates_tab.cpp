@@ -39,20 +39,11 @@ class LaborRatesTab final : public RecordTab {
 
   bool Save(ResumeNext& on, SaveState& state) override {
     const std::string Bound = BoundText(s.cboDepts);
-    if (Bound.empty()) {
-      Refuse(state.Title, "You must select a department!");
-      s.cboDepts.SetFocus();
-      return false;
-    }
+    if (!Passes(state, {{Bound.empty(), "You must select a department!", &s.cboDepts}})) return false;
     std::string Dept = FixedDept(Bound);
     if (!Adding()) on([&] { Dept = FixedDept(TextOf(Rows(), "Dept")); });
 
-    bool Found = false;
-    on([] { rsCustLaborRates->SetIndex("PrimaryKey"); });
-    on([&] {
-      rsCustLaborRates->Seek("=", {Customer().Field("AcctNum"), Bound});
-      Found = !rsCustLaborRates->NoMatch();
-    });
+    const bool Found = Find(on, rsCustLaborRates, "PrimaryKey", [&] { return Keys{Customer().Field("AcctNum"), Bound}; });
     if (Adding() && Found) {
       Refuse(state.Title, "The current customer already has a labor rate for department no. " + Bound + "!");
       return false;
@@ -69,7 +60,7 @@ class LaborRatesTab final : public RecordTab {
     } else {
       on([] { rsCustLaborRates->Edit(); });
     }
-    on([&] { rsCustLaborRates->SetField("Adjustment", s.txtRateAdjustment.Value()); });
+    Write(on, rsCustLaborRates, {From("Adjustment", s.txtRateAdjustment)});
     on([] { rsCustLaborRates->Update(); });
     state.Position = "[Dept]='" + Dept + "'";
     return true;

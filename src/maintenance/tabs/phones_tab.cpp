@@ -11,7 +11,9 @@ class PhonesTab final : public RecordTab {
  public:
   explicit PhonesTab(frmCustMain& screen)
       : RecordTab(screen, tab::Phones),
-        mTexts{{{"Area", &s.txtPhoneArea}, {"Phone", &s.txtPhone}, {"Ext", &s.txtPhoneExt}, {"Comment", &s.txtPhoneComment}}} {}
+        mTexts{{{"Area", &s.txtPhoneArea}, {"Phone", &s.txtPhone}, {"Ext", &s.txtPhoneExt}, {"Comment", &s.txtPhoneComment}}},
+        mFields{From("Area", s.txtPhoneArea), From("Phone", s.txtPhone), From("Ext", s.txtPhoneExt), From("Type", s.cboPhoneTypes),
+                From("Comment", s.txtPhoneComment)} {}
 
   bool Add(ResumeNext& on) override {
     s.lblPhoneRecordID.Caption("");
@@ -41,21 +43,14 @@ class PhonesTab final : public RecordTab {
   }
 
   bool Save(ResumeNext& on, SaveState& state) override {
-    if (BoundText(s.cboPhoneTypes).empty()) {
-      Refuse(state.Title, "You must select a phone number type!");
-      return false;
-    }
+    if (!Passes(state, {{BoundText(s.cboPhoneTypes).empty(), "You must select a phone number type!"}})) return false;
     if (Adding()) {
       on([] { rsPhones->AddNew(); });
       on([&] { rsPhones->SetField("AcctNum", Customer().Field("AcctNum")); });
     } else if (!BeginEdit(on, state)) {
       return false;
     }
-    on([&] { rsPhones->SetField("Area", s.txtPhoneArea.Text()); });
-    on([&] { rsPhones->SetField("Phone", s.txtPhone.Text()); });
-    on([&] { rsPhones->SetField("Ext", s.txtPhoneExt.Text()); });
-    on([&] { rsPhones->SetField("Type", s.cboPhoneTypes.BoundValue()); });
-    on([&] { rsPhones->SetField("Comment", s.txtPhoneComment.Text()); });
+    Write(on, rsPhones, mFields);
     on([] { rsPhones->Update(); });
     on([] { rsPhones->SetBookmark(rsPhones->LastModified()); });
     on([&] { state.Position = "[RecordID]=" + std::to_string(LongOf(*rsPhones, "RecordID")); });
@@ -81,13 +76,7 @@ class PhonesTab final : public RecordTab {
   bool BeginEdit(ResumeNext& on, const SaveState& state) {
     std::int32_t Id = 0;
     on([&] { Id = LongOf(Rows(), "RecordID"); });
-    bool Found = false;
-    on([] { rsPhones->SetIndex("PrimaryKey"); });
-    on([&] {
-      rsPhones->Seek("=", {Id});
-      Found = !rsPhones->NoMatch();
-    });
-    if (!Found) {
+    if (!Find(on, rsPhones, "PrimaryKey", [Id] { return Keys{Id}; })) {
       Refuse(state.Title, "The edited phone number can longer be found (Phone Record ID " + std::to_string(Id) +
                               ").  The phone number changes made can not be saved!");
       return false;
@@ -97,6 +86,7 @@ class PhonesTab final : public RecordTab {
   }
 
   std::array<TextField, 4> mTexts;
+  std::vector<CardField> mFields;
 };
 
 }  // namespace

@@ -1,13 +1,17 @@
 #pragma once
 
 #include <array>
+#include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "platform/data.h"
 #include "session/failures.h"
 
 namespace platform {
-class Recordset;
+class Control;
 }
 
 namespace orcussch {
@@ -31,6 +35,19 @@ struct DeleteState {
     std::string Field;
   };
   std::array<Repair, 2> Repairs;
+};
+
+/// One test of a save: what refuses it, the text of the box, and the control that gets the focus (none: it stays).
+struct SaveTest {
+  bool failed;
+  const char* message;
+  platform::Control* focus = nullptr;
+};
+
+/// A field that a save writes, and where its value comes from.
+struct CardField {
+  const char* field;
+  std::function<platform::Value()> value;
 };
 
 /// One kind of record: the branches of the screen's record operations. Each branch is part of the screen's procedure and
@@ -58,6 +75,13 @@ class RecordTab {
   platform::Recordset& Rows() const;
   platform::Recordset& Customer() const;
   bool Adding() const;
+  /// Shows the first failing test's box. True when the card may be written.
+  bool Passes(const SaveState& state, std::initializer_list<SaveTest> tests) const;
+  /// Looks a row up by its keys in the table itself, apart from any list. A search that fails is reported and finds nothing.
+  using Keys = std::vector<platform::Value>;
+  static bool Find(ResumeNext& on, const platform::RecordsetRef& Table, const char* Index, const std::function<Keys()>& keys);
+  /// Writes the fields in their order into the row that is being added or edited.
+  static void Write(ResumeNext& on, const platform::RecordsetRef& Table, const std::vector<CardField>& fields);
   /// An information box under the title.
   void Refuse(const std::string& title, const std::string& text) const;
   /// A question with No as its default.

@@ -19,6 +19,9 @@ using platform::Aspect;
 
 namespace {
 
+constexpr double kFirstShare = 0.8;
+constexpr QSize kFirstMost(1600, 1000);
+
 /// Counts the time in which the models' changes are shown.
 class Showing {
  public:
@@ -83,8 +86,12 @@ void FormWindow::ShowCaption() {
 
 /// An edit without a name of its own bears the text of the label that leads to it, or of the frame that holds it.
 void FormWindow::NameForAccessibility() {
-  for (const QLabel* label : findChildren<QLabel*>())
-    if (label->buddy() && label->buddy()->accessibleName().isEmpty()) label->buddy()->setAccessibleName(WithoutMnemonic(label->text()));
+  for (const QLabel* label : findChildren<QLabel*>()) {
+    QWidget* edit = label->buddy();
+    if (!edit) continue;
+    if (edit->accessibleName().isEmpty()) edit->setAccessibleName(WithoutMnemonic(label->text()));
+    if (label->property("required").toBool()) edit->setAccessibleDescription(tr("required"));
+  }
 }
 
 void FormWindow::Changed(platform::Control* control, Aspect aspect) {
@@ -148,8 +155,9 @@ void FormWindow::HideScreen() {
 
 void FormWindow::RestorePlace() {
   placed_ = true;
-  const QRect room = screen()->availableGeometry();
-  resize(size().boundedTo(room.size()));
+  const QSize room = screen()->availableGeometry().size();
+  // The first time most of a large screen, so that the lists show much, and never more than there is.
+  resize(size().expandedTo((room * kFirstShare).boundedTo(kFirstMost)).boundedTo(room));
   if (const auto place = services_.Kept().WindowPlace(name_)) restoreGeometry(*place);
 }
 

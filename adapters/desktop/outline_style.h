@@ -4,7 +4,8 @@
 
 namespace desktop {
 
-/// The base style with outlines that can be seen on dark colours too: around edits, check marks and options.
+/// The base style with outlines that can be seen on dark colours too (edits, check marks, options), a focus frame around
+/// boxes of many lines, read-only edits that look it, and edits, lists and buttons of one comfortable height.
 class OutlineStyle final : public QProxyStyle {
   Q_OBJECT
 
@@ -13,6 +14,7 @@ class OutlineStyle final : public QProxyStyle {
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                           const QWidget* widget) const override;
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size, const QWidget* widget) const override;
 };
 
 }  // namespace desktop

@@ -28,6 +28,11 @@ constexpr Tones kLight{"#f3f4f6", "#ffffff", "#f8f9fb", "#1c2127", "#8a929c", "#
 constexpr Tones kDark{"#1f2226", "#2a2e34", "#2e3238", "#e3e6ea", "#8b929c", "#363b43",
                       "#3f7fcb", "#ffffff", "#474d56", "#3a3d42", "#7ab0f0"};
 
+QColor Mixed(const QColor& one, const QColor& other, float share) {
+  const auto mix = [share](float a, float b) { return a * share + b * (1 - share); };
+  return QColor::fromRgbF(mix(one.redF(), other.redF()), mix(one.greenF(), other.greenF()), mix(one.blueF(), other.blueF()));
+}
+
 }  // namespace
 
 bool WantsDark(const std::string& scheme) {
@@ -84,7 +89,15 @@ QColor LineColour(const QPalette& palette) {
   return line;
 }
 
-QColor HintColour(const QPalette& palette) { return palette.color(QPalette::Disabled, QPalette::WindowText); }
+QColor HintColour(const QPalette& palette) {
+  constexpr float kTextShare = 0.68F;
+  return Mixed(palette.color(QPalette::Active, QPalette::WindowText), palette.color(QPalette::Active, QPalette::Window), kTextShare);
+}
+
+QColor SheetColour(const QPalette& palette) {
+  constexpr float kBaseShare = 0.6F;
+  return Mixed(palette.color(QPalette::Active, QPalette::Base), palette.color(QPalette::Active, QPalette::Window), kBaseShare);
+}
 
 QString WindowRules(const QPalette& palette) {
   const QString line = palette.color(QPalette::Mid).name();
@@ -104,9 +117,11 @@ QString WindowRules(const QPalette& palette) {
       "QScrollArea { border: 0; background: transparent; } QScrollArea > QWidget > QWidget { background: transparent; }"
       "QLabel[required=\"true\"] { font-weight: 600; }"
       "QLabel[role=\"value\"] { font-weight: 600; }"
-      "QLabel[role=\"caption\"] { color: %6; }");
+      "QLabel[role=\"caption\"], QLabel[role=\"hint\"] { color: %6; }"
+      "QFrame[role=\"sheet\"] { background: %7; border: 1px solid %1; border-radius: 6px; }"
+      "QFrame#SSPanel1 { border: 1px solid %1; border-radius: 5px; }");
   return rules.arg(line, window, accent, palette.color(QPalette::Base).name(), palette.color(QPalette::HighlightedText).name(),
-                   HintColour(palette).name());
+                   HintColour(palette).name(), SheetColour(palette).name());
 }
 
 }  // namespace desktop::theme

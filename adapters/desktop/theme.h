@@ -24,6 +24,9 @@ bool IsDark(const QPalette& palette);
 
 /// Soft line between cells and around groups.
 QColor LineColour(const QPalette& palette);
+/// Captions and hints: quieter than the text, and still read with ease.
 QColor HintColour(const QPalette& palette);
+/// The ground of a card, between the window's and that of an edit.
+QColor SheetColour(const QPalette& palette);
 
 }  // namespace desktop::theme

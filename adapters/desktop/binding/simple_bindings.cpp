@@ -13,6 +13,14 @@ namespace {
 /// Label texts of the models are plain: an ampersand in a customer's name is no mnemonic.
 QString Literal(const std::string& text) { return ToShown(text).replace('&', QStringLiteral("&&")); }
 
+/// The same, with the letter that the layout's property "mnemonic" names underlined at its first place.
+QString WithMnemonic(const std::string& text, const QWidget& widget) {
+  const QString letter = widget.property("mnemonic").toString();
+  QString shown = Literal(text);
+  const qsizetype at = letter.isEmpty() ? -1 : shown.indexOf(letter, 0, Qt::CaseInsensitive);
+  return at < 0 ? shown : shown.insert(at, '&');
+}
+
 }  // namespace
 
 LabelBinding::LabelBinding(FormWindow& window, platform::Label& control, QLabel* widget) : TypedBinding(window, control, widget) {
@@ -23,6 +31,8 @@ void LabelBinding::Show(Aspect aspect) {
   if (aspect == Aspect::Text) {
     shown().setText(shown().buddy() ? Literal(control().Caption()) : ToShown(control().Caption()));
     if (shown().buddy()) shown().buddy()->setAccessibleName(ToShown(control().Caption()));
+    // A label that gives way may cut its text.
+    if (shown().sizePolicy().horizontalPolicy() == QSizePolicy::Ignored) shown().setToolTip(ToShown(control().Caption()));
   } else {
     Binding::Show(aspect);
   }
@@ -70,7 +80,7 @@ CheckBoxBinding::CheckBoxBinding(FormWindow& window, platform::CheckBox& control
 
 void CheckBoxBinding::Show(Aspect aspect) {
   if (aspect == Aspect::Text) {
-    shown().setText(Literal(control().Caption()));
+    shown().setText(WithMnemonic(control().Caption(), shown()));
     shown().setChecked(control().Value() != 0);
   } else {
     Binding::Show(aspect);
@@ -90,7 +100,7 @@ void OptionBinding::Show(Aspect aspect) {
     Binding::Show(aspect);
     return;
   }
-  shown().setText(Literal(control().Caption()));
+  shown().setText(WithMnemonic(control().Caption(), shown()));
   // The models know which choice is on; the toolkit's own rule would keep one from being turned off.
   shown().setAutoExclusive(false);
   shown().setChecked(control().Value());
@@ -105,7 +115,7 @@ CommandBinding::CommandBinding(FormWindow& window, platform::CommandButton& cont
 
 void CommandBinding::Show(Aspect aspect) {
   if (aspect == Aspect::Text) {
-    shown().setText(Literal(control().Caption()));
+    shown().setText(WithMnemonic(control().Caption(), shown()));
   } else {
     Binding::Show(aspect);
   }

@@ -4,7 +4,9 @@
 #include <QCalendarWidget>
 #include <QFrame>
 #include <QPointer>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/icons.h"
 #include "platform/convert.h"
@@ -21,6 +23,15 @@ QDate DayOf(const platform::DateEdit& model) {
 }
 
 std::string ShortDate(const QDate& day) { return QString("%1/%2/%3").arg(day.month()).arg(day.day()).arg(day.year()).toStdString(); }
+
+/// Below the edit, flush with its right end; above it, or further to the side, where the screen ends.
+QPoint PlaceBelow(const TextEdit& edit, const QSize& size) {
+  const QRect room = edit.screen()->availableGeometry();
+  QPoint at = edit.mapToGlobal(QPoint(edit.width() - size.width(), edit.height()));
+  if (at.y() + size.height() > room.bottom()) at.setY(edit.mapToGlobal(QPoint()).y() - size.height());
+  at.setX(std::clamp(at.x(), room.left(), std::max(room.left(), room.right() - size.width())));
+  return at;
+}
 
 void OpenCalendar(TextEdit& edit, platform::DateEdit& model) {
   auto* popup = NewWidget<QFrame>(static_cast<QWidget*>(&edit));
@@ -43,7 +54,7 @@ void OpenCalendar(TextEdit& edit, platform::DateEdit& model) {
   QObject::connect(calendar, &QCalendarWidget::clicked, popup, take);
   QObject::connect(calendar, &QCalendarWidget::activated, popup, take);
   popup->adjustSize();
-  popup->move(edit.mapToGlobal(QPoint(edit.width() - popup->sizeHint().width(), edit.height())));
+  popup->move(PlaceBelow(edit, popup->sizeHint()));
   popup->show();
   calendar->setFocus();
 }
@@ -52,7 +63,9 @@ void OpenCalendar(TextEdit& edit, platform::DateEdit& model) {
 
 void AddCalendar(TextEdit& edit, platform::DateEdit& model) {
   QAction* open = edit.addAction(DrawnIcon("calendar"), QLineEdit::TrailingPosition);
-  open->setToolTip(QObject::tr("Choose a date"));
+  open->setToolTip(QObject::tr("Choose a date (F4)"));
+  open->setShortcuts({QKeySequence(Qt::Key_F4), QKeySequence(Qt::ALT | Qt::Key_Down)});
+  open->setShortcutContext(Qt::WidgetShortcut);
   QObject::connect(open, &QAction::triggered, &edit, [&edit, &model] {
     if (!edit.Attached() || edit.isReadOnly()) return;
     edit.setFocus(Qt::MouseFocusReason);

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <algorithm>
 
 #include "platform/mask.h"
 #include "platform/text.h"
@@ -16,10 +17,16 @@ namespace desktop {
 
 namespace {
 
+constexpr int kTextMargin = 2;
 constexpr std::size_t kUndoSteps = 100;
 constexpr char32_t kEnter = 13;
 constexpr char32_t kBackspace = 8;
 constexpr char32_t kEscape = 27;
+
+qsizetype DigitPlaces(const platform::TextBox& model) {
+  const std::string& mask = model.Mask();
+  return std::count_if(mask.begin(), mask.end(), [](char place) { return place == '%' || place == '_'; });
+}
 
 }  // namespace
 
@@ -33,7 +40,16 @@ bool TypesCharacter(const QKeyEvent& event) {
          text[0].category() == QChar::Other_Format;
 }
 
-TextEdit::TextEdit(QWidget* parent) : QLineEdit(parent) { setDragEnabled(false); }
+TextEdit::TextEdit(QWidget* parent) : QLineEdit(parent) {
+  setDragEnabled(false);
+  setTextMargins(kTextMargin, 0, kTextMargin, 0);
+}
+
+QSize TextEdit::sizeHint() const {
+  QSize hint = QLineEdit::sizeHint();
+  if (const int preferred = property("preferredWidth").toInt(); preferred > 0) hint.setWidth(preferred);
+  return hint;
+}
 
 void TextEdit::Attach(platform::TextBox& model) {
   model_ = &model;
@@ -67,7 +83,10 @@ void TextEdit::ShowModel() {
   if (composing_ && shown == text()) return;
   if (shown != text()) setText(shown);
   setReadOnly(model_->Locked());
-  if (model_->SelectionLength() > 0) {
+  if (!hasFocus()) {
+    // What nobody edits is read from its beginning.
+    setCursorPosition(0);
+  } else if (model_->SelectionLength() > 0) {
     const int start = ShownPlace(model_->SelectionStart());
     setSelection(start, ShownPlace(model_->SelectionStart() + model_->SelectionLength()) - start);
   } else {
@@ -94,8 +113,34 @@ void TextEdit::Edit(Body&& act) {
 }
 
 void TextEdit::PutIn(const QString& text) {
+  if (PutInPair(text)) return;
   if (text.isEmpty() && !hasSelectedText()) return;
   Edit([&] { model_->UserPaste(ToUtf8(text)); });
+}
+
+/// A number that is kept in two edits comes from the clipboard in one piece: "(612) 555-1234".
+bool TextEdit::PutInPair(const QString& text) {
+  const auto partner = [this](const char* name) {
+    const QString wanted = property(name).toString();
+    return wanted.isEmpty() ? nullptr : window()->findChild<TextEdit*>(wanted);
+  };
+  TextEdit* first = partner("pasteStartsIn");
+  TextEdit* second = first ? this : partner("pasteGoesOnIn");
+  if (!first) first = this;
+  if (!second || !model_ || !first->model_ || !second->model_ || first->isReadOnly() || second->isReadOnly()) return false;
+  const qsizetype whole = DigitPlaces(*first->model_) + DigitPlaces(*second->model_);
+  QString digits;
+  for (const QChar character : text)
+    if (character.isDigit()) digits += character;
+  if (digits.size() == whole + 1 && digits[0] == '1') digits.remove(0, 1);
+  if (digits.size() != whole) return false;
+  first->ReplaceAll(digits.left(DigitPlaces(*first->model_)));
+  second->ReplaceAll(digits.mid(DigitPlaces(*first->model_)));
+  return true;
+}
+
+void TextEdit::ReplaceAll(const QString& text) {
+  Edit([&] { model_->UserReplaceAll(ToUtf8(text), static_cast<std::size_t>(text.size())); });
 }
 
 void TextEdit::Erase() {
@@ -240,6 +285,7 @@ void TextEdit::focusOutEvent(QFocusEvent* event) {
   const bool away = event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason;
   if (away) undo_.clear(), redo_.clear();
   if (model_ && model_->IsNumberEdit()) ShowModel();
+  if (away && model_) home(false);
 }
 
 }  // namespace desktop

@@ -11,6 +11,10 @@ namespace desktop {
 
 /// A one-line edit of a text model. Every key, paste and deletion goes to the model, whose answer is shown; moving,
 /// selecting and copying are the widget's own. Text in composition stays alone until it is committed.
+///
+/// Properties of the layout: "preferredWidth" (pixels), and for a number that is kept in two edits "pasteGoesOnIn" (name of
+/// the second, on the first) and "pasteStartsIn" (name of the first, on the second): a whole number that is pasted into
+/// either fills both.
 class TextEdit final : public QLineEdit {
   Q_OBJECT
 
@@ -23,6 +27,9 @@ class TextEdit final : public QLineEdit {
   void ShowModel();
 
   void PutIn(const QString& text);
+
+  /// As wide as the layout's property "preferredWidth" says, where it says something.
+  QSize sizeHint() const override;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -49,6 +56,8 @@ class TextEdit final : public QLineEdit {
   void Edit(Body&& act);
   bool EditKey(const QKeyEvent& event);
   bool ControlKey(const QKeyEvent& event);
+  bool PutInPair(const QString& text);
+  void ReplaceAll(const QString& text);
   void Erase();
   void Cut();
   void Undo();

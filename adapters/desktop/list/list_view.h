@@ -126,7 +126,8 @@ class ListView final : public QAbstractScrollArea {
   bool TypingKey(QKeyEvent* event);
   void MoveCellCursor(int step);
   std::optional<std::int64_t> OrdinalAt(int y) const;
-  void ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modifiers);
+  /// False when the row did not become the current one.
+  bool ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modifiers);
   void Mark(std::int64_t ordinal, Qt::KeyboardModifiers modifiers, bool plainReplaces);
   void ToggleCheck(int column);
   bool HasOpenColumns() const;

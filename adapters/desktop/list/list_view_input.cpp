@@ -183,25 +183,21 @@ void ListView::mousePressEvent(QMouseEvent* event) {
   }
 }
 
-void ListView::ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modifiers) {
+bool ListView::ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modifiers) {
   const ShownRow* row = rows_.At(ordinal);
-  if (!row) return;
+  if (!row) return false;
   const platform::Bookmark bookmark = row->row.bookmark;
   const bool marks = MarksRows() && (x < MarkerWidth() || (modifiers & (Qt::ControlModifier | Qt::ShiftModifier)) != 0);
   if (marks) {
     Mark(ordinal, modifiers, x < MarkerWidth());
-    return;
+    return false;
   }
   const auto place = columns_.PlaceAt(x - MarkerWidth(), HorizontalOffset());
   const int column = place ? columns_.ColumnAt(*place) : -1;
   if (column >= 0 && HasOpenColumns()) cursorColumn_ = column;
-  bool moved = current_ == bookmark && !currentChanged_;
-  if (moved) {
-    Act([](platform::Grid& grid) { grid.Owner().UserFocus(grid); });
-  } else {
-    Act([&](platform::Grid& grid) { moved = grid.UserRow(bookmark); });
-  }
-  if (!grid_) return;
+  bool moved = false;
+  Act([&](platform::Grid& grid) { moved = grid.UserRow(bookmark); });
+  if (!grid_) return false;
   Sync();
   const bool box = moved && column >= 0 && grid_->Column(column).checkBox && IsOpen(column);
   if (box && currentOrdinal_ &&
@@ -209,6 +205,7 @@ void ListView::ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modif
           .adjusted(-3, -3, 3, 3)
           .contains(QPoint(x, CellRect(*currentOrdinal_, column).center().y())))
     ToggleCheck(column);
+  return moved;
 }
 
 void ListView::ToggleCheck(int column) {
@@ -266,7 +263,7 @@ void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
   const auto place = columns_.PlaceAt(at.x() - MarkerWidth(), HorizontalOffset());
   const int column = place ? columns_.ColumnAt(*place) : -1;
   if (at.x() < MarkerWidth() || !IsOpen(column) || grid_->Column(column).checkBox) return mousePressEvent(event);
-  ClickRow(OrdinalAt(at.y()).value_or(-1), at.x(), Qt::NoModifier);
+  if (!ClickRow(OrdinalAt(at.y()).value_or(-1), at.x(), Qt::NoModifier)) return;
   Later([column](platform::Grid& grid) { grid.UserOpenCell(column); });
 }
 

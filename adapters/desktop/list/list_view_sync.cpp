@@ -163,11 +163,9 @@ void ListView::ScrollToOrdinal(std::int64_t ordinal, bool centre) {
   const std::int64_t y = ordinal * rowHeight_;
   if (y >= top && y + rowHeight_ <= top + height) return;
   const bool far = y < top - height || y > top + 2 * height;
-  if (centre && far) {
-    PutBarAt(y - (height - rowHeight_) / 2);
-  } else {
-    PutBarAt(y < top ? y : y + rowHeight_ - height);
-  }
+  const std::int64_t above = centre && far ? (height - rowHeight_) / 2 : height - rowHeight_;
+  // The first row in view is a whole one.
+  PutBarAt(y < top && !(centre && far) ? y : (y - above + rowHeight_ - 1) / rowHeight_ * rowHeight_);
 }
 
 bool ListView::IdleSlice() {

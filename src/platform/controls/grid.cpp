@@ -171,7 +171,9 @@ bool Grid::UserRow(const Bookmark& bookmark) {
   Act([&] {
     SetFocus();
     if (!TakeOpenCell()) return;
-    data_->Recordset().SetBookmark(bookmark);
+    // Another cell of the row that is being changed: the row is not left.
+    const bool stays = !pending_.empty() && data_->OnRecord() && data_->Recordset().Bookmark() == bookmark;
+    if (!stays) data_->Recordset().SetBookmark(bookmark);
     moved = true;
   });
   return moved;

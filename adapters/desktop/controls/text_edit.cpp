@@ -83,7 +83,8 @@ void TextEdit::ShowModel() {
   if (composing_ && shown == text()) return;
   if (shown != text()) setText(shown);
   setReadOnly(model_->Locked());
-  if (!hasFocus()) {
+  // The window's focus counts, also while another window has the keyboard.
+  if (window()->focusWidget() != this) {
     // What nobody edits is read from its beginning.
     setCursorPosition(0);
   } else if (model_->SelectionLength() > 0) {

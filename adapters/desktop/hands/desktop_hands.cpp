@@ -184,10 +184,12 @@ std::int64_t DesktopHands::ScrollTo(ListView& list, Grid& grid, const Bookmark& 
 void DesktopHands::Row(Grid& grid, const Bookmark& row) {
   ListView& list = ListOf(grid);
   const std::int64_t ordinal = ScrollTo(list, grid, row);
-  // Near the left edge of the first column, where no check mark is.
-  const QRect cell = list.CellRect(ordinal, list.Columns().ColumnAt(0));
+  // Near the edge of the first column in view, where no check mark is.
+  const auto place = list.Columns().PlaceAt(0, list.HorizontalOffset());
+  const QRect cell = place ? list.CellRect(ordinal, list.Columns().ColumnAt(*place)) : QRect();
   if (cell.isEmpty()) throw std::logic_error(grid.FullName() + " does not show the row");
-  input::Click(*list.viewport(), QPoint(cell.left() + 3, cell.center().y()));
+  const int left = std::max(cell.left(), list.MarkerWidth());
+  input::Click(*list.viewport(), QPoint(left + 3, cell.center().y()));
   Settle();
 }
 

@@ -33,10 +33,9 @@ void DesktopHands::MoveColumn(Grid& grid, int column, int place) {
 
 void DesktopHands::Cell(Grid& grid, int column, std::string_view text) {
   ListView& list = ListOf(grid);
-  Row(grid, grid.CurrentBookmark());
+  const std::int64_t ordinal = ScrollTo(list, grid, grid.CurrentBookmark());
   list.ScrollToColumn(column);
-  const auto ordinal = list.Rows().HeldOrdinal(grid.CurrentBookmark());
-  const QRect cell = ordinal ? list.CellRect(*ordinal, column) : QRect();
+  const QRect cell = list.CellRect(ordinal, column);
   if (cell.isEmpty()) throw std::logic_error(grid.FullName() + " does not show the cell");
   if (grid.Column(column).checkBox) {
     const bool on = grid.ShownText(column, grid.ColumnValue(column)) == "True";

@@ -195,16 +195,21 @@ bool ListView::ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modif
   const auto place = columns_.PlaceAt(x - MarkerWidth(), HorizontalOffset());
   const int column = place ? columns_.ColumnAt(*place) : -1;
   if (column >= 0 && HasOpenColumns()) cursorColumn_ = column;
-  bool moved = false;
-  Act([&](platform::Grid& grid) { moved = grid.UserRow(bookmark); });
+  const auto onBox = [&](std::int64_t at) {
+    const bool box = column >= 0 && grid_->Column(column).checkBox && IsOpen(column);
+    const QRect cell = box ? CellRect(at, column) : QRect();
+    return box && CheckRect(cell).adjusted(-3, -3, 3, 3).contains(QPoint(x, cell.center().y()));
+  };
+  bool moved = current_ == bookmark && !currentChanged_ && onBox(ordinal);
+  if (moved) {
+    // A box of the current row is turned over without asking for the row anew.
+    Act([](platform::Grid& grid) { grid.Owner().UserFocus(grid); });
+  } else {
+    Act([&](platform::Grid& grid) { moved = grid.UserRow(bookmark); });
+  }
   if (!grid_) return false;
   Sync();
-  const bool box = moved && column >= 0 && grid_->Column(column).checkBox && IsOpen(column);
-  if (box && currentOrdinal_ &&
-      CheckRect(CellRect(*currentOrdinal_, column))
-          .adjusted(-3, -3, 3, 3)
-          .contains(QPoint(x, CellRect(*currentOrdinal_, column).center().y())))
-    ToggleCheck(column);
+  if (moved && currentOrdinal_ && onBox(*currentOrdinal_)) ToggleCheck(column);
   return moved;
 }
 

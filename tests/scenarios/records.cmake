@@ -2,16 +2,22 @@
 list(APPEND ORCUSSCH_SCENARIOS
   customers/apostrophe-in-the-address-fails-the-duplicate-test
   customers/cancel-asks-first
+  customers/cancel-on-every-tab
   customers/card-shows-the-customer
+  customers/combo-text-that-is-no-row
   customers/comment-box-takes-the-room
   customers/customer-deleted-by-another-user
   customers/default-terms-that-are-unknown-stay-empty
   customers/duplicate-address-is-asked-about
   customers/edit-without-rows-does-nothing
+  customers/edit-without-rows-on-every-tab
+  customers/edit-writes-every-field
   customers/edit-writes-its-fields-and-no-others
   customers/first-four-taxes-are-kept
+  customers/first-phone-of-a-new-customer
   customers/giving-up-departmental-rates-asks
   customers/host-fixes-the-billing-status
+  customers/how-often-lists-are-read
   customers/labor-rate-options
   customers/list-keeps-its-scroll-position
   customers/new-card-starts-with-defaults
@@ -19,10 +25,13 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/null-fields-load-as-their-defaults
   customers/office-day
   customers/save-tests-in-their-order
+  customers/saved-row-leaves-before-the-list-is-read
   customers/several-duplicates-are-counted
+  customers/sign-of-the-percentage
   customers/tax-filter-hides-the-ticks
   customers/typed-lengths-and-masks
   customers/unknown-codes-on-the-card
+  customers/words-of-the-cards
   customers/zip-finds-the-city
   phones/edit-keeps-the-default-box
   phones/first-phone-is-offered-as-default
@@ -54,6 +63,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   laborrates/department-with-an-apostrophe
   laborrates/edit-keeps-the-department
   laborrates/failed-bulk-statement-is-reported
+  laborrates/new-card-empties-the-panel
   laborrates/not-flagged-customer
   laborrates/office-day
   laborrates/one-row-a-department
@@ -71,12 +81,15 @@ list(APPEND ORCUSSCH_SCENARIOS
   types/office-day
   types/vanished-type
   keywords/apostrophe-goes-to-the-last-row
+  keywords/box-is-offered-for-new-entries-alone
   keywords/duplicate-fails-on-the-key
   keywords/new-key-word
   keywords/office-day
+  keywords/renamed-to-a-word-that-is-there
   keywords/renaming-leaves-the-customers-words
   keywords/vanished-word-with-types-loaded
   keywords/vanished-word-without-types-loaded
+  deletion/address-of-both-defaults
   deletion/customer-goes-alone
   deletion/customer-gone-already
   deletion/customer-with-transactions-stays
@@ -88,10 +101,13 @@ list(APPEND ORCUSSCH_SCENARIOS
   deletion/labor-rate-and-its-successor
   deletion/nothing-to-delete-and-no
   deletion/row-gone-already
+  deletion/successor-in-a-descending-list
+  deletion/transactions-that-cannot-be-read
   deletion/type-gone-already
   deletion/type-in-use-stays
   deletion/while-the-file-is-locked
   gridediting/adjustment-must-be-a-number
+  gridediting/card-cells-at-their-limits
   gridediting/cell-is-written-at-once
   gridediting/cell-while-the-file-is-locked
   gridediting/credit-card-cells

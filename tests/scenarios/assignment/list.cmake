@@ -3,6 +3,8 @@ list(APPEND ORCUSSCH_SCENARIOS
   assignment/assign-selected-key-words
   assignment/assign-selected-types
   assignment/assigned-rows-stay-in-the-display
+  assignment/bulk-assignment-yields
+  assignment/cards-assign-nothing
   assignment/customer-types
   assignment/customer-types-filters
   assignment/display-of-taxes-stays

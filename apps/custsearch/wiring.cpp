@@ -62,6 +62,7 @@ Places FindPlaces(const Options& options) {
 std::unique_ptr<platform::DataEngine> MakeEngine(const Options& options, const platform::OperatingSystem& system) {
   engine::EngineOptions engineOptions;
   if (options.threshold) engineOptions.exactRows = *options.threshold;
+  engineOptions.now = [&system] { return system.Now(); };
   engineOptions.hostPath = [&system](std::string_view path) { return system.ToHostPath(path); };
   return engine::MakeEngine(engineOptions);
 }

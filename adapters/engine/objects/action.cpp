@@ -7,6 +7,7 @@
 #include "engine/errors.h"
 #include "engine/store/sqlite/field_values.h"
 #include "engine/translate/translate.h"
+#include "platform/convert.h"
 
 namespace engine {
 namespace {
@@ -79,12 +80,20 @@ class RowByRow {
   }
 
   Value ForField(std::size_t place, const Value& value) const {
-    if (failOnError_) return ConvertForField(Field(place), value);
     try {
       return ConvertForField(Field(place), value);
-    } catch (const platform::Error&) {
-      return platform::Null;
+    } catch (const platform::Error& error) {
+      if (!failOnError_) return platform::Null;
+      // A number for a number field can only be out of its range.
+      const bool number = error.Number() == errors::DataConversion().Number() && platform::IsNumeric(value);
+      if (number && IsNumberField(Field(place).type)) throw errors::NumericOverflow();
+      throw;
     }
+  }
+
+  static bool IsNumberField(FieldType type) {
+    return type == FieldType::Byte || type == FieldType::Short || type == FieldType::Long || type == FieldType::Counter ||
+           type == FieldType::Currency || type == FieldType::Double;
   }
 
   bool WriteRow(const std::vector<Value>& row, std::int64_t key) {

@@ -6,6 +6,7 @@
 
 #include "engine/engine.h"
 #include "engine/errors.h"
+#include "engine/store/sqlite/clock_functions.h"
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/data_files.h"
 #include "engine/translate/dialect.h"
@@ -14,7 +15,9 @@ namespace engine {
 
 /// What all objects of one engine share.
 struct Session {
-  explicit Session(const EngineOptions& given) : options(given), connection(given.lockWait), files(connection, given.onNetwork) {}
+  explicit Session(const EngineOptions& given) : options(given), connection(given.lockWait), files(connection, given.onNetwork) {
+    RegisterClock(connection, given.now ? given.now : LocalNow);
+  }
 
   /// The file that a path of the program's style names, attached.
   std::shared_ptr<DataFile> Open(std::string_view path) {

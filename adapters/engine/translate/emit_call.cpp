@@ -45,6 +45,8 @@ Emitted Emitter::Emit(const sql::Call& call) {
 std::optional<Emitted> Emitter::EmitSpecial(const sql::Call& call) {
   const std::string name = platform::ToLowerAscii(call.name);
   if (name == "iif") return EmitIif(call);
+  if (name == "format") return EmitFormat(call);
+  if (name == "date" || name == "time" || name == "now") return EmitClock(name, call);
   if (name == "instr" && call.arguments.size() == 2) {
     const std::string text = forms_.Text(Emit(call.arguments[0])).sql;
     return forms_.Call(name, {text, forms_.Text(Emit(call.arguments[1])).sql}, SqlType::Long);
@@ -78,6 +80,34 @@ std::optional<Emitted> Emitter::EmitConversion(const std::string& name, const sq
     return forms_.Currency(forms_.Call(name, forms_.Number(value), SqlType::Double));
   }
   return std::nullopt;
+}
+
+Emitted Emitter::EmitFormat(const sql::Call& call) {
+  RequireArguments(call, 1, 2);
+  const Emitted value = Value(call.arguments[0]);
+  const std::string format = call.arguments.size() > 1 ? forms_.Text(Emit(call.arguments[1])).sql : "''";
+  const auto helper = [&] {
+    switch (value.type) {
+      case SqlType::Boolean:
+        return "formatbool";
+      case SqlType::Currency:
+        return "formatcur";
+      case SqlType::Date:
+        return "formatdate";
+      default:
+        return "format";
+    }
+  }();
+  return forms_.Call(helper, {value.sql, format}, SqlType::Text);
+}
+
+// One moment for the whole statement: the store asks for it once, not for each row.
+Emitted Emitter::EmitClock(const std::string& name, const sql::Call& call) {
+  RequireArguments(call, 0, 0);
+  Emitted moment = forms_.Call("now", std::vector<std::string>{}, SqlType::Date);
+  if (name != "now") moment = forms_.Call(name == "date" ? "dayof" : "timeof", moment, SqlType::Date);
+  moment.sql = "(SELECT " + moment.sql + ")";
+  return moment;
 }
 
 Emitted Emitter::EmitIif(const sql::Call& call) {

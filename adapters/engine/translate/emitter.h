@@ -71,6 +71,8 @@ class Emitter {
   // emit_call.cpp, emit_aggregate.cpp
   std::optional<Emitted> EmitSpecial(const sql::Call& call);
   std::optional<Emitted> EmitConversion(const std::string& name, const sql::Call& call);
+  Emitted EmitFormat(const sql::Call& call);
+  Emitted EmitClock(const std::string& name, const sql::Call& call);
   Emitted EmitIif(const sql::Call& call);
   std::optional<Emitted> EmitAggregate(const sql::Call& call);
   Emitted AggregateOf(const std::string& name, const sql::Call& call);

@@ -26,6 +26,7 @@ int CountOf(const StoredValue& value) { return LongOf(value); }
 
 Result Val(Arguments a) { return platform::Val(TextOf(a[0])); }
 Result Len(Arguments a) { return std::int64_t{platform::Len(TextOf(a[0]))}; }
+Result LenB(Arguments a) { return std::int64_t{2} * platform::Len(TextOf(a[0])); }
 Result Left(Arguments a) { return platform::Left(TextOf(a[0]), CountOf(a[1])); }
 Result Right(Arguments a) { return platform::Right(TextOf(a[0]), CountOf(a[1])); }
 Result Mid(Arguments a) {
@@ -102,7 +103,7 @@ Result DateSerial(Arguments a) {
   return IsoOfSerial(first->serial + CountOf(a[2]) - 1);
 }
 
-constexpr std::array<SqlFunction, 33> functions{{
+constexpr std::array<SqlFunction, 34> functions{{
     {"abs", "n", 1, SqlType::Double, NullStays<Abs>},
     {"cbool", "v", 1, SqlType::Boolean, NullStays<CBool>},
     {"cbyte", "v", 1, SqlType::Byte, NullStays<CByte>},
@@ -120,6 +121,7 @@ constexpr std::array<SqlFunction, 33> functions{{
     {"lcase", "t", 1, SqlType::Text, NullStays<LCase>},
     {"left", "tn", 2, SqlType::Text, NullStays<Left>},
     {"len", "t", 1, SqlType::Long, NullStays<Len>},
+    {"lenb", "t", 1, SqlType::Long, NullStays<LenB>},
     {"ltrim", "t", 1, SqlType::Text, NullStays<LTrim>},
     {"mid", "tnn", 2, SqlType::Text, NullStays<Mid>},
     {"minute", "d", 1, SqlType::Short, NullStays<Minute>},

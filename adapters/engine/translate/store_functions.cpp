@@ -7,6 +7,7 @@
 
 #include "engine/translate/functions.h"
 #include "engine/translate/stored_value.h"
+#include "platform/format.h"
 
 namespace engine {
 namespace {
@@ -110,18 +111,45 @@ Result TextCur(Arguments a) {
 Result TextDate(Arguments a) { return platform::CStr(DateOf(a[0])); }
 Result TextBool(Arguments a) { return platform::CStr(RealOf(a[0]) != 0); }
 
+// Format --------------------------------------------------------------------------------------------------------------
+
+// Null shows as nothing, in every format.
+Result FormatAs(Arguments a, const platform::Value& value) {
+  return platform::Format(IsNullArgument(a[0]) ? platform::Value(platform::Null) : value, TextOf(a[1]));
+}
+Result FormatValue(Arguments a) { return FormatAs(a, ValueOf(a[0])); }
+Result FormatBool(Arguments a) { return FormatAs(a, !IsNullArgument(a[0]) && RealOf(a[0]) != 0); }
+Result FormatCur(Arguments a) {
+  const auto* amount = std::get_if<std::int64_t>(&a[0]);
+  return FormatAs(a, amount == nullptr ? ValueOf(a[0]) : platform::Value(platform::Currency{*amount}));
+}
+Result FormatDate(Arguments a) { return FormatAs(a, IsNullArgument(a[0]) ? platform::Date{} : DateOf(a[0])); }
+
+// The moment's parts --------------------------------------------------------------------------------------------------
+
+Result DayOf(Arguments a) { return IsoText({std::floor(DateOf(a[0]).serial)}); }
+Result TimeOf(Arguments a) {
+  const double serial = DateOf(a[0]).serial;
+  return IsoText({serial - std::floor(serial)});
+}
+
 constexpr auto fitByte = Fit<0, 255>;
 constexpr auto fitShort = Fit<std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()>;
 constexpr auto fitLong = Fit<std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()>;
 constexpr auto fitCur = Fit<std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()>;
 
-constexpr std::array<StoreFunction, 18> helpers{{
+constexpr std::array<StoreFunction, 24> helpers{{
     {"concat", -1, Concat},
+    {"dayof", 1, NullStays<DayOf>},
     {"divide", 2, NullStays<Divide>},
     {"fitbyte", 1, NullStays<fitByte>},
     {"fitcur", 1, NullStays<fitCur>},
     {"fitlong", 1, NullStays<fitLong>},
     {"fitshort", 1, NullStays<fitShort>},
+    {"format", 2, FormatValue},
+    {"formatbool", 2, FormatBool},
+    {"formatcur", 2, FormatCur},
+    {"formatdate", 2, FormatDate},
     {"intdiv", 2, NullStays<IntDiv>},
     {"modulo", 2, NullStays<Modulo>},
     {"mulcur", 2, NullStays<MulCur>},
@@ -131,6 +159,7 @@ constexpr std::array<StoreFunction, 18> helpers{{
     {"textcur", 1, NullStays<TextCur>},
     {"textdate", 1, NullStays<TextDate>},
     {"textnum", 1, NullStays<TextNum>},
+    {"timeof", 1, NullStays<TimeOf>},
     {"tocur", 1, NullStays<ToCur>},
     {"todate", 1, NullStays<ToDate>},
     {"toreal", 1, NullStays<ToReal>},

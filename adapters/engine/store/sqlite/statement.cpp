@@ -9,7 +9,7 @@
 
 #include "engine/errors.h"
 #include "engine/store/sqlite/connection.h"
-#include "engine/store/sqlite/stored_values.h"
+#include "engine/translate/iso_date.h"
 
 namespace engine {
 namespace {
@@ -93,7 +93,7 @@ void Query::Bind(int index, const Value& value) {
     case ValueKind::Double:
       return Bind(index, value.As<double>());
     case ValueKind::Date:
-      return Bind(index, std::string_view(StoredDate(value.As<platform::Date>())));
+      return Bind(index, std::string_view(IsoText(value.As<platform::Date>())));
     case ValueKind::Text:
       return Bind(index, std::string_view(value.As<std::string>()));
   }
@@ -181,7 +181,7 @@ void Query::Append(std::vector<Value>& values, int column, FieldType type) const
       values.emplace_back(sqlite3_value_double(value));
       break;
     case FieldType::Date: {
-      const auto date = ParseStoredDate(TextOf(value));
+      const auto date = DateOfIso(TextOf(value));
       date ? values.emplace_back(*date) : values.emplace_back(platform::Null);
       break;
     }

@@ -258,6 +258,42 @@ TEST_F(Objects, ValuesThatDoNotFitBecomeNull) {
   EXPECT_EQ(Table("Phones")->RecordCount(), 2);
 }
 
+TEST_F(Objects, ANumberOutOfItsRangeFailsAsSuch) {
+  const auto execute = [&](const char* sql) { return ErrorOf([&] { db_->Execute(sql, platform::dbFailOnError); }); };
+  EXPECT_EQ(execute("INSERT INTO People (Name, Age) VALUES ('a', 40000)"), 3349);
+  EXPECT_EQ(execute("INSERT INTO People (Name, Age) VALUES ('a', '40000')"), 3349);
+  EXPECT_EQ(execute("INSERT INTO People (Name, Balance) VALUES ('a', 1e20)"), 3349);
+  EXPECT_EQ(execute("INSERT INTO People (Name, Age) VALUES ('a', 'forty')"), 3421);
+  EXPECT_EQ(execute("INSERT INTO People (Name, Age) VALUES ('a', '')"), 3421);
+  EXPECT_EQ(execute("INSERT INTO People (Name, Born) VALUES ('a', 'never')"), 3421);
+  EXPECT_EQ(Table("People")->RecordCount(), 0);
+  EXPECT_EQ(execute("INSERT INTO People (Name, Age) VALUES ('a', 30000)"), 0);
+  EXPECT_EQ(execute("UPDATE People SET Age = Age + 10000"), 3349);
+  EXPECT_EQ(Table("People")->Field("Age"), std::int16_t{30000});
+}
+
+TEST_F(Objects, StatementsAskTheProgramsClock) {
+  engine::EngineOptions options;
+  platform::Date now{45292.75};  // 1 January 2024, six in the evening
+  options.now = [&] { return now; };
+  const auto engine = engine::MakeEngine(options);
+  const auto database = engine->OpenControlDatabase(Path("office.zdb"));
+  AddPeople({"a"});
+  const auto first = [&](const std::string& expression) {
+    return database->OpenRecordset("SELECT " + expression + " FROM People")->Field(0);
+  };
+  EXPECT_EQ(first("Date()"), (platform::Date{45292}));
+  EXPECT_EQ(first("Now()"), now);
+  EXPECT_EQ(first("Time()"), (platform::Date{0.75}));
+  EXPECT_EQ(first("Date() & ''"), "1/1/2024");
+  database->Execute("UPDATE People SET Born = Date()");
+  EXPECT_EQ(database->OpenRecordset("SELECT * FROM People WHERE Born = Date()")->RecordCount(), 1);
+  now.serial += 1;
+  EXPECT_EQ(database->OpenRecordset("SELECT * FROM People WHERE Born = Date()")->RecordCount(), 0);
+  EXPECT_EQ(database->OpenRecordset("SELECT * FROM People WHERE Born = Date() - 1")->RecordCount(), 1);
+  EXPECT_EQ(ErrorOf([&] { first("Date(1)"); }), 3075);
+}
+
 TEST_F(Objects, InsertIntoAnotherFile) {
   AddPeople({"001"});
   db_->Execute("INSERT INTO Departments ( DeptNumber, DeptName ) IN '" + Path("ledger.zdb") +

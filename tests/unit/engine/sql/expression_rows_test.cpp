@@ -246,6 +246,7 @@ TEST_F(ExpressionRows, Dates) {
 }
 
 TEST_F(ExpressionRows, TextFunctions) {
+  EXPECT_EQ(Give("LenB('ab\u00E9')"), "6");
   EXPECT_EQ(Give("Val('24 and 57')"), "24.0");
   EXPECT_EQ(Give("Val('abc')"), "0.0");
   EXPECT_EQ(Give("Val(L)", 2), "10.0");
@@ -265,6 +266,23 @@ TEST_F(ExpressionRows, TextFunctions) {
   EXPECT_EQ(Give("Left(T, 1)", 3), "Null");
   ExpectFailure(5, "Left('abc', -1)");
   ExpectFailure(5, "Mid('abc', 0)");
+}
+
+TEST_F(ExpressionRows, FormatShowsEachType) {
+  EXPECT_EQ(Give("Format(5459.4, '##,##0.00')"), "'5,459.40'");
+  EXPECT_EQ(Give("Format(CCur(1.234), 'Currency')"), "'$1.23'");
+  EXPECT_EQ(Give("Format(-1, 'Currency')"), "'($1.00)'");
+  EXPECT_EQ(Give("Format('6125551234', '(@@@) @@@-@@@@')"), "'(612) 555-1234'");
+  EXPECT_EQ(Give("Format('00001001', '#####-###')"), "'1-001'");
+  EXPECT_EQ(Give("Format(#1/31/1999 10:00:00#, 'Short Date')"), "'1/31/1999'");
+  EXPECT_EQ(Give("Format(1=1, 'Yes/No')"), "'Yes'");
+  EXPECT_EQ(Give("Format(1.5)"), "'1.5'");
+  EXPECT_EQ(Give("Format(Null, '0.00')"), "''");
+  EXPECT_EQ(Give("Format(C, '0.00')", 3), "''");
+  EXPECT_EQ(Give("Format('HELLO', '<') & 'x'"), "'hellox'");
+  EXPECT_TRUE(Selects("Format(ID, '000') = '001'"));
+  ExpectFailure(3075, "Format()");
+  ExpectFailure(3075, "Format(1, '0', 2)");
 }
 
 TEST_F(ExpressionRows, NumberFunctions) {

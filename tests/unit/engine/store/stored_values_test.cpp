@@ -1,5 +1,7 @@
 #include "engine/store/sqlite/stored_values.h"
 
+#include "engine/translate/iso_date.h"
+
 #include <gtest/gtest.h>
 
 namespace engine {
@@ -10,29 +12,29 @@ using platform::Date;
 using platform::FieldType;
 
 TEST(StoredDates, AreIsoTexts) {
-  EXPECT_EQ(StoredDate(Date{0}), "1899-12-30");
-  EXPECT_EQ(StoredDate(Date{36191}), "1999-01-31");
-  EXPECT_EQ(StoredDate(Date{36191.5}), "1999-01-31 12:00:00");
-  EXPECT_EQ(StoredDate(Date{-657434}), "0100-01-01");
-  EXPECT_EQ(StoredDate(Date{2958465}), "9999-12-31");
+  EXPECT_EQ(IsoText(Date{0}), "1899-12-30");
+  EXPECT_EQ(IsoText(Date{36191}), "1999-01-31");
+  EXPECT_EQ(IsoText(Date{36191.5}), "1999-01-31 12:00:00");
+  EXPECT_EQ(IsoText(Date{-657434}), "0100-01-01");
+  EXPECT_EQ(IsoText(Date{2958465}), "9999-12-31");
 }
 
 // Before the epoch the fraction still counts forward from midnight.
 TEST(StoredDates, TimeOfDaysBeforeTheEpoch) {
-  EXPECT_EQ(StoredDate(Date{-1.25}), "1899-12-29 06:00:00");
-  EXPECT_EQ(ParseStoredDate("1899-12-29 06:00:00")->serial, -1.25);
+  EXPECT_EQ(IsoText(Date{-1.25}), "1899-12-29 06:00:00");
+  EXPECT_EQ(DateOfIso("1899-12-29 06:00:00")->serial, -1.25);
 }
 
-TEST(StoredDates, RoundingToTheNextDay) { EXPECT_EQ(StoredDate(Date{36191.999999}), "1999-02-01"); }
+TEST(StoredDates, RoundingToTheNextDay) { EXPECT_EQ(IsoText(Date{36191.999999}), "1999-02-01"); }
 
 TEST(StoredDates, ComeBackAsTheyWere) {
-  for (int day = -657434; day <= 2958465; day += 997) ASSERT_EQ(ParseStoredDate(StoredDate(Date{static_cast<double>(day)}))->serial, day);
-  EXPECT_DOUBLE_EQ(ParseStoredDate("2011-06-30 13:20:34")->serial, 40724 + (13 * 3600 + 20 * 60 + 34) / 86400.0);
+  for (int day = -657434; day <= 2958465; day += 997) ASSERT_EQ(DateOfIso(IsoText(Date{static_cast<double>(day)}))->serial, day);
+  EXPECT_DOUBLE_EQ(DateOfIso("2011-06-30 13:20:34")->serial, 40724 + (13 * 3600 + 20 * 60 + 34) / 86400.0);
 }
 
 TEST(StoredDates, OtherTextsAreNone) {
   for (const char* text : {"", "1999", "1999-1-31", "1999-13-01", "1999-01-32", "1999-01-31T10:00:00", "1999-01-31 25:00:00", "abcd-01-01"})
-    EXPECT_FALSE(ParseStoredDate(text)) << text;
+    EXPECT_FALSE(DateOfIso(text)) << text;
 }
 
 TEST(StoredLiterals, OfEachKind) {

@@ -1,0 +1,46 @@
+#include "engine/store/sqlite/clock_functions.h"
+
+#include <sqlite3.h>
+
+#include <ctime>
+#include <memory>
+#include <string>
+
+#include "engine/store/sqlite/connection.h"
+#include "engine/translate/dialect.h"
+#include "engine/translate/iso_date.h"
+#include "platform/convert.h"
+
+namespace engine {
+namespace {
+
+using Clock = std::function<platform::Date()>;
+
+void Now(sqlite3_context* context, int, sqlite3_value**) {
+  const auto& clock = *static_cast<const Clock*>(sqlite3_user_data(context));
+  try {
+    const std::string now = IsoText(clock());
+    sqlite3_result_text64(context, now.data(), now.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  } catch (const std::exception& failure) {
+    sqlite3_result_error(context, failure.what(), -1);
+  }
+}
+
+}  // namespace
+
+void RegisterClock(Connection& connection, Clock now) {
+  const std::string name = Dialect().functionPrefix + "now";
+  auto clock = std::make_unique<Clock>(std::move(now));
+  sqlite3_create_function_v2(connection.Handle(), name.c_str(), 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, clock.release(), Now, nullptr, nullptr,
+                             [](void* gone) { std::unique_ptr<Clock>(static_cast<Clock*>(gone)); });
+}
+
+platform::Date LocalNow() {
+  const std::time_t seconds = std::time(nullptr);
+  const std::tm local = *std::localtime(&seconds);
+  constexpr double secondsPerDay = 86'400;
+  const platform::Date day = platform::DateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday).value_or(platform::Date{});
+  return {day.serial + (local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec) / secondsPerDay};
+}
+
+}  // namespace engine

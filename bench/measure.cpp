@@ -24,7 +24,21 @@ struct Sample {
   std::uint64_t sum = 0;
 };
 
-Sample Take(const Job::Work& work, int firstCall, int calls) {
+Sample TakeOneByOne(const Job::Work& work, const std::function<void(int)>& ready, int firstCall, int calls) {
+  Sample sample;
+  for (int i = 0; i < calls; ++i) {
+    ready(firstCall + i);
+    const double wall = Now(CLOCK_MONOTONIC);
+    const double cpu = Now(CLOCK_PROCESS_CPUTIME_ID);
+    sample.sum = sample.sum * 31 + work(firstCall + i);
+    sample.cpu += (Now(CLOCK_PROCESS_CPUTIME_ID) - cpu) / calls;
+    sample.wall += (Now(CLOCK_MONOTONIC) - wall) / calls;
+  }
+  return sample;
+}
+
+Sample Take(const Job::Work& work, const std::function<void(int)>& ready, int firstCall, int calls) {
+  if (ready) return TakeOneByOne(work, ready, firstCall, calls);
   Sample sample;
   const double wall = Now(CLOCK_MONOTONIC);
   const double cpu = Now(CLOCK_PROCESS_CPUTIME_ID);
@@ -54,8 +68,8 @@ void Prepare(const Job& job) {
 int CallsFor(const Job& job) {
   if (job.calls > 0) return job.calls;
   Prepare(job);
-  Take(job.raw, 0, 1);
-  const double once = std::max(0.1, Take(job.raw, 1, 1).wall);
+  Take(job.raw, job.readyRaw, 0, 1);
+  const double once = std::max(0.1, Take(job.raw, job.readyRaw, 1, 1).wall);
   return static_cast<int>(std::clamp(sampleMicroseconds / once, 1.0, 2000.0));
 }
 
@@ -88,12 +102,12 @@ Result Measure(const Job& job, std::size_t pairs) {
     // Who goes first finds less of the file in the machine's caches: within a pair each side does so once.
     const int firstCall = static_cast<int>(pair) * 2 * calls;
     Prepare(job);
-    Sample our = Take(job.ours, firstCall, calls);
-    Sample bare = Take(job.raw, firstCall, calls);
+    Sample our = Take(job.ours, job.readyOurs, firstCall, calls);
+    Sample bare = Take(job.raw, job.readyRaw, firstCall, calls);
     RequireSame(job, our, bare);
     Prepare(job);
-    const Sample bareFirst = Take(job.raw, firstCall + calls, calls);
-    const Sample ourSecond = Take(job.ours, firstCall + calls, calls);
+    const Sample bareFirst = Take(job.raw, job.readyRaw, firstCall + calls, calls);
+    const Sample ourSecond = Take(job.ours, job.readyOurs, firstCall + calls, calls);
     RequireSame(job, ourSecond, bareFirst);
     our = Mean(our, ourSecond);
     bare = Mean(bare, bareFirst);

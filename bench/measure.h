@@ -18,7 +18,9 @@ struct Job {
   double mostExtra = 0;           ///< microseconds above the bare program that are allowed as well
   int calls = 0;                  ///< in one sample; 0: as many as give a few milliseconds
   std::function<void()> prepare;  ///< before each sample, not measured
-  bool sameResult = true;         ///< false where the sides deliver different things by nature
+  /// Before each call of that side, not measured.
+  std::function<void(int call)> readyOurs, readyRaw;
+  bool sameResult = true;  ///< false where the sides deliver different things by nature
 };
 
 struct Spread {

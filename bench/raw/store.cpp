@@ -73,6 +73,8 @@ void Statement::Bind(int index, std::string_view text) {
 }
 
 void Statement::Bind(int index, std::int64_t number) { sqlite3_bind_int64(statement_, index, number); }
+void Statement::Bind(int index, double number) { sqlite3_bind_double(statement_, index, number); }
+void Statement::BindNull(int index) { sqlite3_bind_null(statement_, index); }
 
 bool Statement::Step() {
   const int code = sqlite3_step(statement_);

@@ -38,6 +38,8 @@ class Statement {
   /// Texts must live until Reset.
   void Bind(int index, std::string_view text);
   void Bind(int index, std::int64_t number);
+  void Bind(int index, double number);
+  void BindNull(int index);
   bool Step();
   void Reset();
   std::int64_t Int(int column) const;

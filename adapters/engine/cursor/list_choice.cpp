@@ -18,9 +18,18 @@ struct IndexOrder {
   std::vector<OrderColumn> order;
   std::string index;
   bool descending = false;
+  bool behindOthers = false;  ///< the order's field follows others in the index, which the filter may fix
 };
 
 const platform::TableDefinition& TableOf(const SelectPlan& plan) { return plan.tables.front().table->definition; }
+
+// Whether an index has the field behind others: it gives the order where a filter fixes those, as the work tables' lists do.
+bool FollowsInAnIndex(const platform::TableDefinition& table, const std::string& field) {
+  return std::ranges::any_of(table.indexes, [&](const platform::IndexDefinition& index) {
+    const auto found = std::ranges::find_if(index.fields, [&](const auto& name) { return platform::EqualsNoCase(name, field); });
+    return found != index.fields.end() && found != index.fields.begin();
+  });
+}
 
 bool IsOneTable(const SelectPlan& plan) { return plan.tables.size() == 1 && plan.from.find(" JOIN ") == std::string::npos; }
 
@@ -30,10 +39,12 @@ std::optional<IndexOrder> OrderByIndex(const SelectPlan& plan) {
   const PlanOrder& key = plan.order.front();
   if (key.table != 0 || key.field < 0) return {};
   const platform::FieldDefinition& field = TableOf(plan).fields[static_cast<std::size_t>(key.field)];
-  if (field.type == FieldType::Counter) return IndexOrder{{}, "", key.descending};
+  if (field.type == FieldType::Counter) return IndexOrder{{}, "", key.descending, false};
   for (const platform::IndexDefinition& index : TableOf(plan).indexes)
     if (index.fields.size() == 1 && platform::EqualsNoCase(index.fields.front(), field.name))
-      return IndexOrder{{{key.sql, key.type}}, TableOf(plan).name + '.' + index.name, key.descending};
+      return IndexOrder{{{key.sql, key.type}}, TableOf(plan).name + '.' + index.name, key.descending, false};
+  if (!plan.where.empty() && FollowsInAnIndex(TableOf(plan), field.name))
+    return IndexOrder{{{key.sql, key.type}}, "", key.descending, true};
   return {};
 }
 
@@ -93,11 +104,12 @@ std::shared_ptr<RowList> ChooseList(const std::shared_ptr<RowSource>& source) {
   // With a filter the store may know a better index than that of the order alone.
   const std::string index = plan.where.empty() ? byIndex->index : "";
   const bool filtered = !plan.where.empty();
-  if (FitsExact(*source)) return std::make_shared<KeysetList>(source, KeysetList::Walk{byIndex->order, index, byIndex->descending});
+  const auto walked = [&] { return std::make_shared<KeysetList>(source, KeysetList::Walk{byIndex->order, index, byIndex->descending}); };
+  if (!byIndex->behindOthers && FitsExact(*source)) return walked();
   if (filtered) {
     const Density density = DensityOf(*source, *byIndex);
-    if (density == Density::Few) return std::make_shared<KeysetList>(source, KeysetList::Walk{byIndex->order, index, byIndex->descending});
     if (density == Density::Thin) return HeldKeys(source);
+    if (density == Density::Few || byIndex->behindOthers) return walked();
   }
   return std::make_shared<IndexedList>(source, IndexedList::Shape{byIndex->order, byIndex->descending, index, true});
 }

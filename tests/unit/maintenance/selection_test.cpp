@@ -49,6 +49,34 @@ TEST_F(ScreenTest, SelectingWalksTheWholeListAndYieldsOnEachRow) {
   });
 }
 
+/// A long bulk command leaves the user no frozen window: twice as many rows, twice as many yields, both ways.
+TEST_F(ScreenTest, AssigningYieldsForEveryRow) {
+  AddRows(CustomerFile(), "Customers", {"AcctNum", "LastName"}, {{7, "Ames"}});
+  const auto addTypes = [this](std::int16_t from, std::int16_t to) {
+    std::vector<std::vector<platform::Value>> rows;
+    for (std::int16_t code = from; code <= to; ++code) rows.push_back({code, "type " + std::to_string(code)});
+    AddRows(CustomerFile(), "DataCodes", {"Code", "Description"}, rows);
+  };
+  const auto yieldsOf = [this](bool assign) {
+    int yields = 0;
+    Serve([&](frmCustMain& screen) {
+      screen.SSIndexTab1.UserClick(5);
+      screen.Toolbar1.Button("tb_SelectAll").UserClick();
+      yields = frontEnd->yields;
+      screen.Toolbar1.Button(assign ? "tb_AssignSelected" : "tb_UnassignSelected").UserClick();
+      yields = frontEnd->yields - yields;
+    });
+    return yields;
+  };
+  addTypes(1, 20);
+  const int ofTwenty = yieldsOf(true);
+  EXPECT_GE(ofTwenty, 20);
+  EXPECT_EQ(yieldsOf(false), ofTwenty);
+  addTypes(21, 40);
+  EXPECT_GE(yieldsOf(true) - ofTwenty, 20);
+  EXPECT_THAT(Reports(), testing::IsEmpty());
+}
+
 TEST_F(ScreenTest, TheAnswerIsTakenFromTheFirstTabsList) {
   AddRows(CustomerFile(), "Customers", {"AcctNum", "LastName", "Zip"}, {{7, " Ames ", platform::Null}});
   Serve([&](frmCustMain& screen) {

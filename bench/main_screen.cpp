@@ -1,0 +1,122 @@
+#include "main_screen.h"
+
+#include <ctime>
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <stdexcept>
+
+#include "engine/data_file.h"
+#include "engine/engine.h"
+#include "platform/application.h"
+#include "session/CustSearch.h"
+#include "session/ModCustSch.h"
+#include "suite/accounts_lookup.h"
+#include "suite/company_schema.h"
+#include "suite/operating_system.h"
+
+namespace bench {
+namespace {
+
+constexpr int user = 1;
+constexpr int company = 1;
+
+double Milliseconds(clockid_t clock) {
+  timespec time{};
+  clock_gettime(clock, &time);
+  return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+class ErrorsEndTheRun final : public platform::ErrorLog {
+ public:
+  // The report's box comes next and ends the run.
+  void Write(const platform::ErrorRecord&) noexcept override {}
+};
+
+}  // namespace
+
+void YieldWatch::Begin() {
+  on_ = true;
+  gaps_.clear();
+  last_ = {Milliseconds(CLOCK_MONOTONIC), Milliseconds(CLOCK_PROCESS_CPUTIME_ID)};
+}
+
+void YieldWatch::Yield() {
+  if (!on_) return;
+  const Gap now{Milliseconds(CLOCK_MONOTONIC), Milliseconds(CLOCK_PROCESS_CPUTIME_ID)};
+  gaps_.push_back({now.wall - last_.wall, now.cpu - last_.cpu});
+  last_ = now;
+}
+
+double YieldWatch::WorstGap() const { return gaps_.empty() ? 0 : std::ranges::max(gaps_, {}, &Gap::wall).wall; }
+double YieldWatch::WorstWork() const { return gaps_.empty() ? 0 : std::ranges::max(gaps_, {}, &Gap::cpu).cpu; }
+
+double YieldWatch::RareGap() const {
+  if (gaps_.empty()) return 0;
+  std::vector<Gap> sorted = gaps_;
+  std::ranges::sort(sorted, {}, &Gap::wall);
+  return sorted[sorted.size() - 1 - sorted.size() / 1000].wall;
+}
+
+void NoWindows::RunModal(platform::Form& form, const std::function<bool()>& done) {
+  user_(form);
+  if (!done()) form.App().Unload(form);
+}
+
+void NoWindows::DoEvents() { watch.Yield(); }
+
+int NoWindows::MessageBox(const std::string& text, int, const std::string& title) {
+  throw std::runtime_error("the program shows a box, \"" + title + "\": " + text);
+}
+
+std::string TemporaryFileIn(const std::string& folder) {
+  const std::filesystem::path path = std::filesystem::path(folder) / "orvTEMP" / suite::TemporaryFileName(user);
+  if (!std::filesystem::exists(path)) {
+    std::filesystem::create_directories(path.parent_path());
+    engine::CreateDataFile(path.string(), suite::TablesOf(suite::DataFile::Temporary), true);
+  }
+  return path.string();
+}
+
+void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, NoWindows&)>& work) {
+  TemporaryFileIn(folder);
+  std::exception_ptr problem;
+  NoWindows* windows = nullptr;
+  auto frontEnd = std::make_unique<NoWindows>([&](platform::Form& form) {
+    try {
+      work(dynamic_cast<orcussch::frmCustMain&>(form), *windows);
+    } catch (...) {
+      problem = std::current_exception();
+    }
+  });
+  windows = frontEnd.get();
+
+  platform::ApplicationParts parts;
+  parts.engine = engine::MakeEngine();
+  parts.system = suite::MakeNativeSystem(folder);
+  parts.errorLog = std::make_unique<ErrorsEndTheRun>();
+  parts.accounts = suite::MakeMissingAccountsLookup();
+  parts.frontEnd = std::move(frontEnd);
+  parts.path = folder;
+  parts.title = "bench";
+  platform::Application application(std::move(parts));
+  orcussch::AttachApplication(&application);
+  {
+    orcussch::CustSearch host(application);
+    host.UserID(user);
+    host.CompanyID(company);
+    host.ShowUser();
+  }
+  orcussch::AttachApplication(nullptr);
+  if (problem) std::rethrow_exception(problem);
+}
+
+void StandOnCustomer(orcussch::frmCustMain& screen, std::int64_t account) {
+  screen.SSIndexTab1.UserClick(orcussch::tab::Customers);
+  platform::Recordset& customers = screen.data[orcussch::tab::Customers].Recordset();
+  customers.FindFirst("[AcctNum]=" + std::to_string(account));
+  if (customers.NoMatch()) throw std::runtime_error("no customer " + std::to_string(account) + " in the list");
+}
+
+}  // namespace bench

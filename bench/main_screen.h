@@ -1,0 +1,67 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "maintenance/frmCustMain.h"
+#include "platform/front_end.h"
+
+namespace bench {
+
+/// How long a user waits between the moments at which the program serves him, while it is watched.
+class YieldWatch {
+ public:
+  void Begin();
+  void End() noexcept { on_ = false; }
+  void Yield();
+  int Count() const noexcept { return static_cast<int>(gaps_.size()); }
+  /// Milliseconds by the clock, and by this process's processor time.
+  double WorstGap() const;
+  double WorstWork() const;
+  /// The gap that one in a thousand exceeds, by the clock.
+  double RareGap() const;
+
+ private:
+  struct Gap {
+    double wall = 0, cpu = 0;
+  };
+  std::vector<Gap> gaps_;
+  Gap last_;
+  bool on_ = false;
+};
+
+/// A front end without windows, whose user is the bench. A box that the program shows ends the run.
+class NoWindows final : public platform::FrontEnd {
+ public:
+  explicit NoWindows(std::function<void(platform::Form&)> user) : user_(std::move(user)) {}
+
+  void Loaded(platform::Form&) override {}
+  void Shown(platform::Form&) override {}
+  void Hidden(platform::Form&) override {}
+  void Unloaded(platform::Form&) override {}
+  void RunModal(platform::Form& form, const std::function<bool()>& done) override;
+  void DoEvents() override;
+  void ServePainting() override {}
+  int MessageBox(const std::string& text, int style, const std::string& title) override;
+  void Pointer(int) override {}
+  std::optional<platform::PrinterChoice> PrinterDialog(platform::Form&) override { return {}; }
+  void Changed(platform::Form&, platform::Control*, platform::Aspect) override {}
+
+  YieldWatch watch;
+
+ private:
+  std::function<void(platform::Form&)> user_;
+};
+
+/// The user's temporary file of the company in a folder; made when it is missing.
+std::string TemporaryFileIn(const std::string& folder);
+
+/// Opens company 1 of the folder as a host does and shows the main screen; `user` is what is done with it. Throws
+/// std::runtime_error when the program shows a box or reports a failure.
+void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, NoWindows&)>& user);
+
+/// The first tab's list on that customer.
+void StandOnCustomer(orcussch::frmCustMain& screen, std::int64_t account);
+
+}  // namespace bench

@@ -1,0 +1,89 @@
+// The main screen at work beside a bare program that writes the same: saves, the lists of types and key words, bulk
+// assignment. It works in the folder that it is given.
+#include <cstdlib>
+#include <exception>
+#include <iomanip>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "screen_jobs.h"
+
+namespace {
+
+constexpr const char* usage =
+    "bench_records [--pairs N] [--only TEXT] [--types N] [--words N] DIR\n"
+    "Measures the main screen's records on company 1 of the folder, which is changed: give it a copy. Types (1,000) and key\n"
+    "words (10,000) are added until there are so many.\n";
+
+struct Options {
+  std::size_t pairs = 21;
+  std::string only;
+  int types = 1000;
+  int words = 10'000;
+  std::string folder;
+};
+
+Options Read(const std::vector<std::string>& words) {
+  Options options;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const bool more = i + 1 < words.size();
+    if (words[i] == "--pairs" && more)
+      options.pairs = std::stoul(words[++i]);
+    else if (words[i] == "--only" && more)
+      options.only = words[++i];
+    else if (words[i] == "--types" && more)
+      options.types = std::stoi(words[++i]);
+    else if (words[i] == "--words" && more)
+      options.words = std::stoi(words[++i]);
+    else
+      options.folder = words[i];
+  }
+  return options;
+}
+
+void MeasureAll(const bench::ScreenSides& sides, const Options& options) {
+  std::cout << "\n"
+            << sides.company.Rows() << " customers, " << options.pairs << " pairs; \"engine\" is the main screen\n\n"
+            << bench::TableHead() << std::flush;
+  std::vector<bench::Job> jobs = bench::SaveJobs(sides);
+  for (bench::Job& job : bench::AssignmentJobs(sides)) jobs.push_back(std::move(job));
+  for (const bench::Job& job : jobs)
+    if (job.name.find(options.only) != std::string::npos) std::cout << bench::TableLine(bench::Measure(job, options.pairs)) << std::flush;
+}
+
+void ShowYields(const bench::ScreenSides& sides) {
+  std::cout << "\n| command | yields | longest wait for one, ms | all but one in a thousand, ms | most work between two, ms | bar |\n"
+            << "| --- | ---: | ---: | ---: | ---: | ---: |\n"
+            << std::fixed << std::setprecision(2);
+  for (const bench::YieldRow& row : bench::YieldsOfBulkCommands(sides))
+    std::cout << "| " << row.command << " | " << row.yields << " | " << row.worstGap << " | " << row.rareGap << " | " << row.worstWork
+              << " | 50 |\n"
+              << std::flush;
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+  try {
+    const Options options = Read({words + 1, words + count});
+    if (options.folder.empty()) {
+      std::cerr << usage;
+      return 2;
+    }
+    const std::string temporary = bench::TemporaryFileIn(options.folder);
+    bench::Company company(options.folder);
+    bench::raw::Records bare(company.Raw(), temporary);
+    bare.FillUp(bench::raw::Ticked::Types, options.types);
+    bare.FillUp(bench::raw::Ticked::KeyWords, options.words);
+    bench::AtMainScreen(options.folder, [&](orcussch::frmCustMain& screen, bench::NoWindows& windows) {
+      const bench::ScreenSides sides{company, bare, screen, windows};
+      MeasureAll(sides, options);
+      if (options.only.empty()) ShowYields(sides);
+    });
+    return EXIT_SUCCESS;
+  } catch (const std::exception& error) {
+    std::cerr << "bench_records: " << error.what() << "\n";
+    return EXIT_FAILURE;
+  }
+}

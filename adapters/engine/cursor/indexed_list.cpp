@@ -155,7 +155,8 @@ OrderPlace IndexedList::OrderInPage(const RowPage& page, std::size_t row) const 
 }
 
 const IndexedList::Segment& IndexedList::ReadSegment(const Place* from, bool forward, std::int64_t limit) {
-  Transaction oneState(Source().Store(), Transaction::Kind::Read);
+  std::optional<Transaction> oneState;  // rows alone are read in one state anyway
+  if (!pinned_.empty()) oneState.emplace(Source().Store(), Transaction::Kind::Read);
   Segment segment;
   auto page = NewPage();
   bool ended = false;
@@ -165,7 +166,7 @@ const IndexedList::Segment& IndexedList::ReadSegment(const Place* from, bool for
   segment.reachesEnd = forward && ended;
   segment.reachesStart = !forward && ended;
   if (from == nullptr) (forward ? segment.reachesStart : segment.reachesEnd) = true;
-  oneState.Commit();
+  if (oneState) oneState->Commit();
   segments_.push_front(std::move(segment));
   if (segments_.size() > keptSegments) segments_.pop_back();
   return segments_.front();
@@ -257,6 +258,7 @@ int IndexedList::ComparePlaces(const Place& left, const Place& right) const {
 bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
   Segment single;
   auto page = NewPage();
+  page->cells.reserve(page->columns);
   if (!walker_->ReadRow(rowKey, [&](const Query& row) {
         AppendRow(row, *page);
         return true;
@@ -297,9 +299,25 @@ Place IndexedList::PlaceOf(const std::string& key) {
   return place;
 }
 
-bool IndexedList::WindowPlace(const std::string& key, Place& place) { return PlaceByKey(RowKeyIn(key), place); }
+// Windows begin at the row that was just found, more often than not.
+bool IndexedList::WindowPlace(const std::string& key, Place& place) {
+  const std::int64_t rowKey = RowKeyIn(key);
+  if (foundLast_.keys.empty() || foundLast_.keys[0] != rowKey || foundVersion_ != Source().RecentVersion())
+    return PlaceByKey(rowKey, place);
+  place = foundLast_;
+  return true;
+}
 
-bool IndexedList::Find(std::string_view criterion, const Place* after, Place& found) { return search_.Find(criterion, after, found); }
+bool IndexedList::Find(std::string_view criterion, const Place* after, Place& found) {
+  foundLast_.keys.clear();
+  const std::uint64_t version = Source().KnownVersion();
+  if (!search_.Find(criterion, after, found)) return false;
+  foundLast_.keys = found.keys;
+  foundLast_.order = found.order;
+  foundLast_.added = found.added;
+  foundVersion_ = version;
+  return true;
+}
 
 // ---- own changes
 

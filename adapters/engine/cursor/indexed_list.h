@@ -103,6 +103,8 @@ class IndexedList final : public RowList {
   std::list<Segment> segments_;  ///< last used first
   std::uint64_t segmentsVersion_ = 0;
   std::unordered_map<std::int64_t, Pinned> pinned_;
+  Place foundLast_;  ///< without its row
+  std::uint64_t foundVersion_ = 0;
   std::int64_t lastAdded_ = 0;
   int run_ = 0;  ///< pages read one after the other in one direction
   bool runForward_ = true;

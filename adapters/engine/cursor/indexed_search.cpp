@@ -169,7 +169,14 @@ std::optional<std::int64_t> IndexedSearch::Probe(const Place* after, KeyBounds b
   request.equalsOnly = !fromEnd && plan_.shape.kind == SearchShape::Kind::Equals;
   request.limit = 1 + static_cast<std::int64_t>(list_.PinnedRows().size());
   request.keysOnly = true;
-  request.condition = plan_.where;
+  std::string like;
+  if (plan_.shape.kind == SearchShape::Kind::Prefix) {
+    // The pattern apart from the statement, which so need not be prepared for each search.
+    like = list_.Source().OwnSession().dialect.like + '(' + list_.Walker().Order().front().sql + ", ?" +
+           std::to_string(list_.Walker().ConditionTextAt()) + ')';
+    request.conditionText = plan_.shape.pattern;
+  }
+  request.condition = like.empty() ? std::string_view(plan_.where) : like;
   if (bounds.lower || bounds.upper) request.bounds = &bounds;
   std::optional<std::int64_t> hit;
   list_.Walker().Read(request, [&](const Query& row) {

@@ -1,6 +1,8 @@
 #include "engine/cursor/key_feed.h"
 
 #include <algorithm>
+#include <array>
+#include <chrono>
 
 #include "engine/cursor/order_prefix.h"
 
@@ -84,17 +86,64 @@ SortedFeed::SortedFeed(RowSource& source, OrderColumn order, bool descending)
 void SortedFeed::Collect() {
   collected_ = true;
   const SelectPlan& plan = source_.Plan();
-  Query query(source_.Store(), std::string_view("SELECT " + order_.sql + ", " + source_.KeyList() + " FROM " + plan.from +
-                                                (plan.where.empty() ? " NOT INDEXED" : " WHERE " + plan.where)));
+  const std::string select = "SELECT " + order_.sql + ", " + source_.KeyList() + " FROM " + plan.from;
+  constexpr std::int64_t mostReserved = 1 << 23;
+  if (plan.where.empty()) {
+    entries_.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(KeySpan(source_), 0, mostReserved)));
+    SqlText all(select + " NOT INDEXED");
+    CollectFrom(all, 0, 0);
+  } else if (SqlText some(select + " WHERE " + plan.where); LooksAtAllRows(some)) {
+    CollectBySlices(select + " NOT INDEXED WHERE (" + plan.where + ")");
+  } else {
+    CollectFrom(some, 0, 0);
+  }
+  if (!entries_.empty()) ends_.push_back(entries_.size());
+}
+
+void SortedFeed::CollectFrom(SqlText& text, std::int64_t from, std::int64_t to) {
+  Query query(source_.Store(), text);
+  if (from != to) {
+    query.Bind(1, from);
+    query.Bind(2, to);
+  }
   std::int64_t rows = 0;
-  constexpr std::int64_t mostReserved = 1 << 20;
-  if (plan.where.empty()) entries_.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(KeySpan(source_), 0, mostReserved)));
   while (query.Step()) {
     const OrderStart start = OrderStartOf(query, 0, order_.type);
     entries_.emplace_back(start.prefix, query.Int(1), !start.whole);
     if (++rows % rowsBetweenPaints == 0) source_.Store().ServePainting();
   }
-  if (!entries_.empty()) ends_.push_back(entries_.size());
+}
+
+// Whether the store goes through the whole of a long table for a filter. One that asks other tables would ask them anew for
+// each slice and is left whole.
+bool SortedFeed::LooksAtAllRows(const SqlText& some) {
+  if (source_.Plan().where.find("SELECT") != std::string::npos || KeySpan(source_) <= 2 * rowsBetweenPaints) return false;
+  Query way(source_.Store(), std::string_view("EXPLAIN QUERY PLAN " + some.text));
+  return way.Step() && way.Text(3).starts_with("SCAN");
+}
+
+// A filter that few rows pass gives no row to pause at: the table is taken by stretches of row keys.
+void SortedFeed::CollectBySlices(const std::string& filtered) {
+  const std::string rowKey = source_.KeyList();
+  const PlanTable& table = source_.Plan().tables.front();
+  const auto end = [&](const char* function) {
+    return source_.Store()
+        .AskNumber(std::string("SELECT ") + function + "(" + table.table->rowKey + ") FROM " + table.table->storeName)
+        .value_or(0);
+  };
+  SqlText slice(filtered + " AND " + rowKey + " > ?1 AND " + rowKey + " <= ?2");
+  Transaction oneState(source_.Store(), Transaction::Kind::Read);
+  const std::int64_t last = end("max");
+  std::int64_t width = 2 * rowsBetweenPaints;
+  for (std::int64_t from = end("min") - 1; from < last;) {
+    const auto begun = std::chrono::steady_clock::now();
+    CollectFrom(slice, from, from + width);
+    from += width;
+    source_.Store().ServePainting();
+    // Keys can lie thinly: empty stretches are crossed faster.
+    width = std::chrono::steady_clock::now() - begun < std::chrono::milliseconds(1) ? width * 2 : 2 * rowsBetweenPaints;
+  }
+  oneState.Commit();
 }
 
 bool SortedFeed::Before(const Entry& left, const Entry& right) const {
@@ -103,24 +152,40 @@ bool SortedFeed::Before(const Entry& left, const Entry& right) const {
   return descending_ ? !less && !same : less;
 }
 
-// Halves the first unsorted piece until it is short enough to be sorted as a whole. False when it is.
+// The start at one eighth of a piece, near enough: that of a few of its entries.
+std::uint64_t SortedFeed::EighthOf(std::size_t from, std::size_t to) const {
+  std::array<std::uint64_t, 64> some{};
+  for (std::size_t i = 0; i < some.size(); ++i) some[i] = entries_[from + (to - from) * i / some.size()].prefix;
+  const auto eighth = some.begin() + (descending_ ? some.size() - some.size() / 8 : some.size() / 8);
+  std::ranges::nth_element(some, eighth);
+  return *eighth;
+}
+
+// Brings the entries of a piece that stand before a start (or on it) to its front; where the others begin.
+std::size_t SortedFeed::Divide(std::size_t from, std::size_t to, std::uint64_t start, bool withStart) {
+  constexpr std::size_t entriesBetweenPaints = 1 << 19;
+  std::size_t cut = from;
+  for (std::size_t i = from; i < to; ++i) {
+    const std::uint64_t prefix = entries_[i].prefix;
+    if (prefix == start ? withStart : descending_ ? prefix > start : prefix < start) std::swap(entries_[cut++], entries_[i]);
+    // Only before the first rows: later the windows have the list, and would read on in it.
+    if (given_ == 0 && i % entriesBetweenPaints == 0) source_.Store().ServePainting();
+  }
+  return cut;
+}
+
+// Cuts a part off the first unsorted piece until it is short enough to be sorted as a whole. False when it is. Entries of one
+// start stay in one piece, since only their full keys order them.
 bool SortedFeed::SplitFirst() {
   constexpr std::size_t shortPiece = 256;
   if (ends_.empty()) return false;
   const std::size_t end = ends_.back();
   if (end - given_ <= shortPiece) return false;
-  const std::size_t middle = given_ + (end - given_) / 8;
-  const auto at = [&](std::size_t place) { return entries_.begin() + static_cast<std::ptrdiff_t>(place); };
-  std::nth_element(at(given_), at(middle), at(end), [&](const Entry& left, const Entry& right) { return Before(left, right); });
-  // Entries of one prefix stay in one piece, since only their full keys order them.
-  const std::uint64_t prefix = entries_[middle].prefix;
-  const auto cut = std::partition(at(given_), at(middle), [&](const Entry& entry) { return entry.prefix != prefix; });
-  const auto behind = std::partition(at(middle), at(end), [&](const Entry& entry) { return entry.prefix == prefix; });
-  const auto from = static_cast<std::size_t>(cut - entries_.begin());
-  const auto to = static_cast<std::size_t>(behind - entries_.begin());
-  if (from == given_ && to == end) return false;  // one prefix alone
-  if (to != end) ends_.push_back(to);
-  if (from != given_) ends_.push_back(from);
+  const std::uint64_t start = EighthOf(given_, end);
+  std::size_t cut = Divide(given_, end, start, true);
+  if (cut == end) cut = Divide(given_, end, start, false);
+  if (cut == given_) return false;  // one start alone
+  ends_.push_back(cut);
   return true;
 }
 

@@ -73,6 +73,11 @@ class SortedFeed final : public KeyFeed {
     std::int64_t rowKey;
   };
   void Collect();
+  void CollectFrom(SqlText& text, std::int64_t from, std::int64_t to);
+  void CollectBySlices(const std::string& filtered);
+  bool LooksAtAllRows(const SqlText& some);
+  std::uint64_t EighthOf(std::size_t from, std::size_t to) const;
+  std::size_t Divide(std::size_t from, std::size_t to, std::uint64_t start, bool withStart);
   bool Before(const Entry& left, const Entry& right) const;
   bool SplitFirst();
   void OrderTies(std::size_t from, std::size_t to);

@@ -143,6 +143,7 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
       if (request.bounds->lower) query.Bind(more + 2, std::string_view(*request.bounds->lower));
       if (request.bounds->upper) query.Bind(more + 3, std::string_view(*request.bounds->upper));
     }
+    if (request.conditionText) query.Bind(ConditionTextAt(), *request.conditionText);
     while (left > 0 && query.Step()) {
       --left;
       if (!sink(query)) {

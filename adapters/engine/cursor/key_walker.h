@@ -48,7 +48,9 @@ class KeyWalker {
     bool keysOnly = false;       ///< rows without their columns
     bool equalsOnly = false;     ///< only rows whose order columns equal those of `from`
     std::string_view condition;  ///< one more condition on the rows, "" for none
-    std::string_view flag;       ///< an expression delivered behind the keys, "" for none
+    /// The text behind the parameter ConditionTextAt(), if the condition has that.
+    std::optional<std::string_view> conditionText{};
+    std::string_view flag;  ///< an expression delivered behind the keys, "" for none
     const KeyBounds* bounds = nullptr;
   };
   /// Takes one row; false ends the reading. Keys-only rows start with the order columns, others with the columns; then the
@@ -66,6 +68,8 @@ class KeyWalker {
   /// Rows that stand below the place.
   std::int64_t CountBelow(const OrderPlace& place);
   std::int64_t CountAll();
+
+  int ConditionTextAt() const { return static_cast<int>(order_.size()) + 6; }
 
   /// Where the parts stand in a row of a full read.
   int OrderAt(bool keysOnly) const { return keysOnly ? 0 : static_cast<int>(shape_.plan.columns.size()); }

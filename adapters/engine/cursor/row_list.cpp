@@ -8,6 +8,7 @@ namespace engine {
 
 bool RowList::Fetch(Place& place) {
   auto page = std::make_shared<RowPage>(source_->Plan().columns.size(), source_->KeyCount());
+  page->cells.reserve(page->columns);
   if (!source_->Fetch(place.keys.data(), *page)) return false;
   place.page = std::move(page);
   place.row = 0;

@@ -83,6 +83,8 @@ class RowSource {
   std::uint64_t Version();
   /// The same, but in a run of calls without a pause the number found last.
   std::uint64_t RecentVersion();
+  /// The number found last, nobody asked: an older one when others have written since.
+  std::uint64_t KnownVersion() const { return MixedVersion(); }
 
   /// "t0.a, t0.b, ...": the columns of a row, and behind them the row keys.
   const std::string& ColumnList() const noexcept { return shape_->columnList; }

@@ -52,29 +52,48 @@ platform::RecordsetRef OpenDatabase::OpenRecordset(std::string_view source, Reco
     if (table == nullptr) throw errors::ObjectNotFound(source);
     if (table->linked) throw errors::InvalidOperation();
   }
-  auto recordset = table != nullptr && !table->linked ? OpenTable(source, *table) : OpenDynaset(source, type);
-  recordset->StandOnFirst();
-  return Adopt(std::move(recordset));
+  return Adopt(table != nullptr && !table->linked ? OpenTable(source, *table) : OpenDynaset(source, type));
 }
 
 std::shared_ptr<Cursor> OpenDatabase::OpenTable(std::string_view source, const ResolvedTable& table) {
-  return std::make_shared<TableRecordset>(
+  auto recordset = std::make_shared<TableRecordset>(
       *this, std::string(source), std::make_shared<RowSource>(session_, catalogue_, std::make_shared<RowShape>(PlanOfTable(table))));
+  recordset->StandOnFirst();
+  return recordset;
 }
 
 std::shared_ptr<Cursor> OpenDatabase::OpenDynaset(std::string_view source, RecordsetType type) {
-  auto rows = std::make_shared<RowSource>(session_, catalogue_, ShapeOf(source));
+  if (shapes_.contains(source)) {
+    // Whether the tables still are as they were, and the first rows, in one reading.
+    Transaction oneState(session_.connection, Transaction::Kind::Read);
+    if (const auto shape = KnownShape(source)) {
+      auto recordset = OpenShape(source, type, shape);
+      oneState.Commit();
+      return recordset;
+    }
+    oneState.Commit();
+  }
+  return OpenShape(source, type, NewShape(source));
+}
+
+std::shared_ptr<Cursor> OpenDatabase::OpenShape(std::string_view source, RecordsetType type, std::shared_ptr<const RowShape> shape) {
   const RecordsetType kind = type == RecordsetType::Snapshot ? type : RecordsetType::Dynaset;
-  return std::make_shared<DynasetRecordset>(*this, std::string(source), kind, ChooseList(rows));
+  auto list = ChooseList(std::make_shared<RowSource>(session_, catalogue_, std::move(shape)));
+  auto recordset = std::make_shared<DynasetRecordset>(*this, std::string(source), kind, std::move(list));
+  recordset->StandOnFirst();
+  return recordset;
 }
 
 // Lists are opened with the same few statements over and over: what a statement means stays so until its tables change.
-std::shared_ptr<const RowShape> OpenDatabase::ShapeOf(std::string_view source) {
+std::shared_ptr<const RowShape> OpenDatabase::KnownShape(std::string_view source) {
+  const auto known = shapes_.find(source);
+  if (catalogue_->StandsAsPlanned(known->second->plan)) return known->second;
+  shapes_.erase(known);
+  return nullptr;
+}
+
+std::shared_ptr<const RowShape> OpenDatabase::NewShape(std::string_view source) {
   constexpr std::size_t keptShapes = 64;
-  if (const auto known = shapes_.find(source); known != shapes_.end()) {
-    if (catalogue_->StandsAsPlanned(known->second->plan)) return known->second;
-    shapes_.erase(known);
-  }
   auto shape = std::make_shared<const RowShape>(PlanSelect(source, *catalogue_, session_.dialect));
   if (shapes_.size() >= keptShapes) shapes_.clear();
   if (catalogue_->StandsAsPlanned(shape->plan)) shapes_.emplace(source, shape);

@@ -44,7 +44,10 @@ class OpenDatabase final : public platform::Database, public RecordsetOwner {
   std::shared_ptr<Cursor> OpenTable(std::string_view source, const ResolvedTable& table);
   std::shared_ptr<Cursor> OpenDynaset(std::string_view source, platform::RecordsetType type);
 
-  std::shared_ptr<const RowShape> ShapeOf(std::string_view source);
+  std::shared_ptr<Cursor> OpenShape(std::string_view source, platform::RecordsetType type, std::shared_ptr<const RowShape> shape);
+  /// What a statement opened before means; nullptr when its tables have changed.
+  std::shared_ptr<const RowShape> KnownShape(std::string_view source);
+  std::shared_ptr<const RowShape> NewShape(std::string_view source);
 
   Session& session_;
   std::shared_ptr<DatabaseCatalogue> catalogue_;

@@ -93,6 +93,7 @@ struct SearchShape {
   int table = -1;
   int field = -1;
   platform::Value value;  ///< Equals: of the field's own type (Long for Byte to Counter); Prefix: the fixed start as text
+  std::string pattern;    ///< Prefix: the whole pattern
 };
 
 /// A Find criterion against an open SelectPlan's columns.

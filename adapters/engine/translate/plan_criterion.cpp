@@ -85,17 +85,18 @@ class ShapeFinder {
     if (!field || !constant) return {};
     constant = ValueForField(*constant, field->type);
     if (!constant) return {};
-    return {.kind = SearchShape::Kind::Equals, .table = field->table, .field = field->field, .value = *constant};
+    return {.kind = SearchShape::Kind::Equals, .table = field->table, .field = field->field, .value = *constant, .pattern = {}};
   }
 
   SearchShape OfLike(const sql::Like& like) {
     const std::optional<ResolvedField> field = Column(*like.value);
     const auto* literal = std::get_if<sql::Literal>(&like.pattern->node);
     if (like.negated || !field || SqlTypeOf(field->type) != SqlType::Text || literal == nullptr || !literal->value.IsText()) return {};
-    const LikePattern pattern(literal->value.As<std::string>());
+    const std::string& text = literal->value.As<std::string>();
+    const LikePattern pattern(text);
     const std::string_view prefix = WithoutTrailingBlanks(pattern.FixedPrefix());
     if (prefix.empty()) return {};
-    return {.kind = SearchShape::Kind::Prefix, .table = field->table, .field = field->field, .value = Value(prefix)};
+    return {.kind = SearchShape::Kind::Prefix, .table = field->table, .field = field->field, .value = Value(prefix), .pattern = text};
   }
 
   Scope& scope_;

@@ -10,7 +10,7 @@ namespace {
 
 GridColumn Plain(const char* caption, const char* field) { return {caption, field, "", {}, false, true, true, 0}; }
 
-/// Keys, counters, figures of other modules and other tables' fields are not typed over.
+/// Keys, counters, money kept by other modules and other tables' fields are not typed over.
 GridColumn Closed(GridColumn column) {
   column.open = false;
   return column;
@@ -70,10 +70,10 @@ std::vector<GridColumn> CustomerColumns() {
       Closed(Money("Paid This Month", "PaidThisMonth")),
       Closed(Money("Paid Last Year", "PaidLastYear")),
       Closed(Money("Paid To Date", "PaidToDate")),
-      Closed(Plain("Last Statement Date", "LastStateDate")),
-      Closed(Plain("Last Order Date", "LastOrdDate")),
-      Closed(Plain("Last Payment Date", "LastPayDate")),
-      Closed(Plain("Last Transaction Posted Date", "LastTrans")),
+      Plain("Last Statement Date", "LastStateDate"),
+      Plain("Last Order Date", "LastOrdDate"),
+      Plain("Last Payment Date", "LastPayDate"),
+      Plain("Last Transaction Posted Date", "LastTrans"),
       Formatted("Entry Date", "EntryDate", "Short Date"),
       Closed(Plain("Default Bill To Customer", "DefaultBillTo")),
       Plain("Default Ship To Address", "DefaultShipAddress"),

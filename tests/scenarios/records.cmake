@@ -13,6 +13,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/edit-without-rows-on-every-tab
   customers/edit-writes-every-field
   customers/edit-writes-its-fields-and-no-others
+  customers/empty-figures-are-zero
   customers/first-four-taxes-are-kept
   customers/first-phone-of-a-new-customer
   customers/giving-up-departmental-rates-asks
@@ -33,6 +34,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/unknown-codes-on-the-card
   customers/words-of-the-cards
   customers/zip-finds-the-city
+  customers/zip-typed-last-finds-nothing
   phones/edit-keeps-the-default-box
   phones/first-phone-is-offered-as-default
   phones/masks-of-the-card
@@ -110,6 +112,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   gridediting/card-cells-at-their-limits
   gridediting/cell-is-written-at-once
   gridediting/cell-while-the-file-is-locked
+  gridediting/changes-show-in-other-cells
   gridediting/credit-card-cells
   gridediting/customer-cells-that-do-not-fit
   gridediting/phone-type-description
@@ -125,8 +128,11 @@ list(APPEND ORCUSSCH_SCENARIOS
   twousers/file-locked-while-saving
   twousers/last-save-wins-field-by-field
   twousers/same-box-ticked-twice
+  twousers/second-program-changes-sub-records
   twousers/second-program-changes-the-row
+  twousers/second-program-deletes-sub-records
   twousers/second-program-deletes-the-row
+  twousers/second-program-sets-the-defaults
   twousers/second-program-ticks-the-same-box
   twousers/sub-records-while-the-file-is-locked
   twousers/types-added-by-both

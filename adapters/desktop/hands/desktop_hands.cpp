@@ -33,6 +33,14 @@ constexpr std::size_t kMostTypedCharacters = 400;
 /// What the hands can't do is a fault of the layout, told by name.
 [[noreturn]] void NotThere(const Control& control) { throw std::logic_error("the window shows no widget for " + control.FullName()); }
 
+/// A window system gives the keyboard back to the window when a menu closes. Where there is none it stays with nobody, and no
+/// control would be told that it takes the focus.
+void Activate(FormWindow& window) {
+  if (!window.isVisible() || window.isActiveWindow() || QApplication::activePopupWidget()) return;
+  window.activateWindow();
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
 }  // namespace
 
 FormWindow& DesktopHands::WindowOf(const Control& control) const {
@@ -42,8 +50,10 @@ FormWindow& DesktopHands::WindowOf(const Control& control) const {
 }
 
 QWidget& DesktopHands::WidgetOf(const Control& control) const {
-  const Binding* binding = WindowOf(control).BindingOf(control);
+  FormWindow& window = WindowOf(control);
+  const Binding* binding = window.BindingOf(control);
   if (!binding || !binding->Widget()) NotThere(control);
+  Activate(window);
   return *binding->Widget();
 }
 

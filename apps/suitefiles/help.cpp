@@ -14,6 +14,7 @@ constexpr const char* kProgram =
   suitefiles backup DIR TARGET
   suitefiles sql FILE STATEMENT [--csv] [--no-header] [--skip]
   suitefiles help COMMAND
+  suitefiles --help
   suitefiles --version
 
 DIR is the folder of the library, where dat.zdb and the orv<N>.ini files lie.
@@ -64,9 +65,9 @@ work tables. A file that is there already is kept as it is.
 constexpr const char* kCheck =
     R"(suitefiles check DIR [--company N]
 
-Looks through the files of every company (or of company N): whether each file
-is sound, has its tables, fields and indexes, and whether what rows refer to is
-there. Says what is wrong, one sentence a line; the exit status is then 1.
+Looks through the files of every company (or of company N), and through the
+temporary files: whether each file is sound, has its tables, fields and indexes,
+and whether what rows refer to is there. Says what is wrong, one sentence a line; the exit status is then 1.
 Nothing is changed. The orv<N>.ini files in DIR are followed.
 
   --company N   look at this company alone

@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "engine/engine.h"
-#include "engine/store/sqlite/stored_values.h"
+#include "engine/translate/iso_date.h"
 
 namespace bench {
 namespace {
@@ -92,7 +92,7 @@ raw::Cell BareForm(const platform::Value& value) {
     case ValueKind::Double:
       return value.As<double>();
     case ValueKind::Date:
-      return engine::StoredDate(value.As<platform::Date>());
+      return engine::IsoText(value.As<platform::Date>());
     case ValueKind::Text:
       return value.As<std::string>();
     case ValueKind::Empty:

@@ -16,6 +16,7 @@ class Company {
   /// `folder` as the file maker makes it, with company 1. `smallRows`: threshold of the strategies.
   explicit Company(const std::string& folder);
 
+  platform::DataEngine& Engine() { return *engine_; }
   platform::Database& Data() { return *database_; }
   raw::Store& Raw() { return raw_; }
 

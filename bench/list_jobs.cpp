@@ -30,6 +30,7 @@ std::shared_ptr<OpenList> ListWithMarks(Company& company, const std::vector<raw:
   auto list = std::make_shared<OpenList>(company);
   list->Mark(rows);
   RequireSameCells(list->recordset->Window().RowsAfter(list->marks[0], pageRows), company.Raw().After(rows[0], pageRows));
+  RequireSameCells(list->recordset->Window().RowsBefore(list->marks[0], pageRows), company.Raw().Before(rows[0], pageRows));
   return list;
 }
 
@@ -73,6 +74,7 @@ void AddPages(Company& company, const std::string& where, const std::vector<raw:
 
 void AddEnds(Company& company, std::vector<Job>& jobs) {
   const auto list = std::make_shared<OpenList>(company);
+  RequireSameCells(list->recordset->Window().LastRows(pageRows), company.Raw().Last(pageRows));
   Job first;
   first.name = "first page";
   first.ours = [list](int) { return SumOf(list->recordset->Window().RowsAt(0, pageRows)); };
@@ -88,6 +90,8 @@ void AddEnds(Company& company, std::vector<Job>& jobs) {
 
 void AddOrdinals(Company& company, std::vector<Job>& jobs) {
   const auto fresh = std::make_shared<OpenList>(company);
+  const std::int64_t somewhere = company.Ordinals()[0];
+  RequireSameCells(fresh->recordset->Window().RowsAt(somewhere, pageRows), company.Raw().At(somewhere, pageRows));
   Job before;
   before.name = "50 rows at a random position, before idle work";
   before.prepare = [fresh, &company] { fresh->recordset = company.OpenList(); };
@@ -99,6 +103,7 @@ void AddOrdinals(Company& company, std::vector<Job>& jobs) {
 
   const auto ready = std::make_shared<OpenList>(company);
   ready->FinishIdleWork();
+  RequireSameCells(ready->recordset->Window().RowsAt(somewhere, pageRows), company.Raw().At(somewhere, pageRows));
   // The bare program can't know which row stands there: it is told, and has one page to read.
   auto places = std::make_shared<std::vector<raw::NameKey>>();
   for (std::size_t i = 0; i < 64; ++i) {
@@ -118,12 +123,14 @@ void AddOrdinals(Company& company, std::vector<Job>& jobs) {
 }
 
 void AddUnindexedOrder(Company& company, std::vector<Job>& jobs) {
+  const std::string statement = "SELECT * FROM Customers ORDER BY Addr1";
+  RequireSameCells(company.Data().OpenRecordset(statement)->Window().RowsAt(0, pageRows), company.Raw().FirstByAddress(pageRows));
   Job heading;
   heading.name = "order by a field without index, first 50 rows (raw: one scan)";
   heading.calls = 1;
   heading.sameResult = false;
-  heading.ours = [&company](int) {
-    const auto list = company.Data().OpenRecordset("SELECT * FROM Customers ORDER BY Addr1");
+  heading.ours = [&company, statement](int) {
+    const auto list = company.Data().OpenRecordset(statement);
     const auto sum = SumOf(list->Window().RowsAt(0, pageRows));
     list->Close();
     return sum;
@@ -133,23 +140,50 @@ void AddUnindexedOrder(Company& company, std::vector<Job>& jobs) {
   jobs.push_back(heading);
 }
 
+std::uint64_t WalkOn(platform::Recordset& list, std::int64_t rows) {
+  std::uint64_t sum = 0;
+  for (std::int64_t i = 0; i < rows && !list.Eof(); ++i) {
+    sum = sum * 31 + AccountOf(list);
+    list.MoveNext();
+  }
+  return sum;
+}
+
+// A short list is walked whole by each call. Of a long one each call walks the next stretch, on both sides alike: 22 pairs, one
+// of them for warming up, lead from the first row behind the last.
 void AddWalk(Company& company, std::vector<Job>& jobs) {
-  const std::int64_t rows = std::min<std::int64_t>(company.Rows(), 20'000);
+  constexpr std::int64_t shortList = 20'000;
+  constexpr std::int64_t stretches = 44;
   Job walk;
-  walk.name = "MoveNext over " + std::to_string(rows) + " rows (opening counted)";
   walk.calls = 1;
-  walk.ours = [&company, rows](int) {
-    const auto list = company.OpenList();
-    std::uint64_t sum = 0;
-    for (std::int64_t i = 0; i < rows && !list->Eof(); ++i) {
-      sum = sum * 31 + AccountOf(*list);
-      list->MoveNext();
-    }
-    list->Close();
-    return sum;
-  };
-  walk.raw = [&company, rows](int) { return company.Raw().Walk(rows); };
   walk.mostRatio = 1.3;
+  if (company.Rows() <= shortList) {
+    walk.name = "MoveNext through the whole list";
+    walk.ours = [&company](int) {
+      const auto list = company.OpenList();
+      const auto sum = WalkOn(*list, company.Rows() + 1);
+      list->Close();
+      return sum;
+    };
+    walk.raw = [&company](int) {
+      company.Raw().WalkFromStart();
+      return company.Raw().WalkOn(company.Rows() + 1);
+    };
+  } else {
+    const std::int64_t rows = company.Rows() / stretches + 1;
+    const auto list = std::make_shared<platform::RecordsetRef>();
+    // No reading is left open behind the job.
+    const std::shared_ptr<void> closing(nullptr, [&company](void*) { company.Raw().WalkFromStart(); });
+    walk.name = "MoveNext through the whole list, " + std::to_string(rows) + " rows at a time";
+    walk.ours = [list, rows, &company](int call) {
+      if (call % stretches == 0) *list = company.OpenList();
+      return WalkOn(**list, rows);
+    };
+    walk.raw = [rows, &company, closing](int call) {
+      if (call % stretches == 0) company.Raw().WalkFromStart();
+      return company.Raw().WalkOn(rows);
+    };
+  }
   jobs.push_back(walk);
 }
 

@@ -5,17 +5,20 @@
 #include <vector>
 
 #include "company.h"
+#include "waits.h"
 
 namespace {
 
 constexpr const char* usage =
-    "bench_engine [--pairs N] [--only TEXT] DIR...\n"
+    "bench_engine [--pairs N] [--only TEXT] [--waits] DIR...\n"
     "Measures the engine beside a bare program on company 1 of each folder; prints a table for each. With two folders or\n"
-    "more, the last table tells how the engine's times grow from the first to the last.\n";
+    "more, the last table tells how the engine's times grow from the first to the last. --waits: how long painting waits in\n"
+    "long jobs instead.\n";
 
 struct Options {
   std::size_t pairs = 21;
   std::string only;
+  bool waits = false;
   std::vector<std::string> folders;
 };
 
@@ -26,10 +29,19 @@ Options Read(const std::vector<std::string>& words) {
       options.pairs = std::stoul(words[++i]);
     else if (words[i] == "--only" && i + 1 < words.size())
       options.only = words[++i];
+    else if (words[i] == "--waits")
+      options.waits = true;
     else
       options.folders.push_back(words[i]);
   }
   return options;
+}
+
+void PrintWaits(const std::string& folder, const Options& options) {
+  bench::Company company(folder);
+  std::cout << "\n"
+            << company.Rows() << " customers, " << options.pairs << " rounds\n\n"
+            << std::flush << bench::WaitTable(company, options.pairs);
 }
 
 std::vector<bench::Result> MeasureFolder(const std::string& folder, const Options& options) {
@@ -65,6 +77,10 @@ int main(int count, char** words) {
     if (options.folders.empty()) {
       std::cerr << usage;
       return 2;
+    }
+    if (options.waits) {
+      for (const std::string& folder : options.folders) PrintWaits(folder, options);
+      return EXIT_SUCCESS;
     }
     std::vector<std::vector<bench::Result>> all;
     for (const std::string& folder : options.folders) all.push_back(MeasureFolder(folder, options));

@@ -1,3 +1,5 @@
+#include <chrono>
+
 #include "company.h"
 
 namespace bench {
@@ -5,9 +7,20 @@ namespace {
 
 constexpr int pageRows = 50;
 
+void RequireSameSeek(Company& company, platform::Recordset& table) {
+  for (int i = 0; i < 20; ++i) {
+    const auto account = static_cast<std::int32_t>(Pick(company.Somewhere(), i).account);
+    table.Seek("=", {account});
+    platform::ListRow row;
+    for (int field = 0; field < static_cast<int>(table.Fields().size()); ++field) row.cells.push_back(table.Field(field));
+    RequireSameCells({row}, company.Raw().Seek(account));
+  }
+}
+
 void AddSeek(Company& company, std::vector<Job>& jobs) {
   const auto table = company.Data().OpenRecordset("Customers", platform::RecordsetType::Table);
   table->SetIndex("ByAcct");
+  RequireSameSeek(company, *table);
   Job seek;
   seek.name = "Seek, all columns read";
   seek.ours = [table, &company](int call) {
@@ -24,32 +37,34 @@ void AddSeek(Company& company, std::vector<Job>& jobs) {
   jobs.push_back(seek);
 }
 
-// Both sides write the same text, so that the file is the same afterwards.
-std::string TextOf(int call) { return "Suite " + std::to_string(call % 997); }
+// Always of one length and always new, for each side and each run: a row that is as it was would not be written at all.
+std::string NewText(char side) {
+  static const auto run = std::chrono::system_clock::now().time_since_epoch() / std::chrono::seconds(1) % 1'000'000;
+  static std::int64_t number = 0;
+  return "Suite " + std::to_string(1'000'000 + run) + ' ' + std::to_string(1'000'000 + ++number) + side;
+}
 
 void AddSave(Company& company, std::vector<Job>& jobs) {
-  struct State {
-    platform::RecordsetRef list;
-  };
-  auto state = std::make_shared<State>();
-  state->list = company.OpenList();
+  const auto list = std::make_shared<platform::RecordsetRef>(company.OpenList());
+  const auto criterion = [&company](int call) { return "[AcctNum]=" + std::to_string(Pick(company.Somewhere(), call).account); };
   Job save;
   save.name = "a saved change, the list rebuilt, standing on the row again";
   save.calls = 5;
-  save.ours = [state, &company](int call) {
-    const auto account = std::to_string(Pick(company.Somewhere(), call).account);
-    state->list->FindFirst("[AcctNum]=" + account);
-    state->list->Edit();
-    state->list->SetField("Addr2", TextOf(call));
-    state->list->Update();
-    state->list->Close();
-    state->list = company.OpenList();
-    state->list->FindFirst("[AcctNum]=" + account);
-    return SumOf(state->list->Window().RowsAfter(state->list->Bookmark(), pageRows));
+  // Who saves stands on the row already, and has read it.
+  save.readyOurs = [list, criterion](int call) { (*list)->FindFirst(criterion(call)); };
+  save.ours = [list, criterion, &company](int call) {
+    (*list)->Edit();
+    (*list)->SetField("Addr2", NewText('a'));
+    (*list)->Update();
+    (*list)->Close();
+    *list = company.OpenList();
+    (*list)->FindFirst(criterion(call));
+    return SumOf((*list)->Window().RowsAfter((*list)->Bookmark(), pageRows));
   };
+  save.readyRaw = [&company](int call) { company.Raw().Seek(Pick(company.Somewhere(), call).account); };
   save.raw = [&company](int call) {
     const raw::NameKey& row = Pick(company.Somewhere(), call);
-    company.Raw().SaveAddress(row.account, TextOf(call));
+    company.Raw().SaveAddress(row.account, NewText('b'));
     return SumOf(company.Raw().After(row, pageRows));
   };
   save.mostRatio = 1.2;

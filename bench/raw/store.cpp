@@ -273,16 +273,29 @@ std::uint64_t Store::ScanAddresses() {
   return sum;
 }
 
-std::uint64_t Store::Walk(std::int64_t limit) {
+Rows Store::FirstByAddress(int count) {
+  Statement first(db_, "SELECT * FROM f1.Customers ORDER BY Addr1, AcctNum LIMIT ?1");
+  first.Bind(1, std::int64_t{count});
+  return ReadAll(first, count);
+}
+
+void Store::WalkFromStart() {
+  statements_->walk.Reset();
+  walking_ = true;
+}
+
+std::uint64_t Store::WalkOn(std::int64_t rows) {
   Statement& walk = statements_->walk;
   Rows row{static_cast<std::size_t>(walk.Columns()), {}};
   std::uint64_t sum = 0;
-  for (std::int64_t i = 0; i < limit && walk.Step(); ++i) {
+  for (std::int64_t i = 0; i < rows && walking_; ++i) {
+    walking_ = walk.Step();
+    if (!walking_) break;
     row.cells.clear();
     walk.CopyRow(row);
     sum = sum * 31 + static_cast<std::uint64_t>(std::get<std::int64_t>(row.cells[0]));
   }
-  walk.Reset();
+  if (!walking_) walk.Reset();
   return sum;
 }
 

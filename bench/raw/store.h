@@ -90,9 +90,12 @@ class Store {
   std::int64_t ScanForComment(const std::string& pattern);
   /// One scan that looks at Addr1 and the account of every row; its checksum.
   std::uint64_t ScanAddresses();
+  /// The rows that this order puts first, by the store's own sorting: to compare with.
+  Rows FirstByAddress(int count);
 
-  /// One statement through the list; the accounts' checksum over `limit` rows.
-  std::uint64_t Walk(std::int64_t limit);
+  /// One statement through the list, each row copied out: begins it, and goes on by up to `rows`; the accounts' checksum.
+  void WalkFromStart();
+  std::uint64_t WalkOn(std::int64_t rows);
   Rows Seek(std::int64_t account);
   /// One change with its own commit.
   void SaveAddress(std::int64_t account, const std::string& text);
@@ -104,6 +107,7 @@ class Store {
   sqlite3* db_;
   struct Statements;
   std::unique_ptr<Statements> statements_;
+  bool walking_ = false;
 };
 
 }  // namespace bench::raw

@@ -1,4 +1,5 @@
 #include "maintenance/frmCustMain.h"
+#include "maintenance/tabs/fields.h"
 #include "maintenance/tabs/record_tab.h"
 #include "session/ModCustSch.h"
 
@@ -44,7 +45,7 @@ void frmCustMain::RepairDefaults(ResumeNext& on, const DeleteState& state) {
   on([&] { Customer.Edit(); });
   for (const DeleteState::Repair& repair : state.Repairs)
     if (repair.Wanted) on([&] { Customer.SetField(repair.Field, std::int32_t{0}); });
-  on([&] { Customer.Update(); });
+  UpdateOrDrop(on, Customer);
 }
 
 }  // namespace orcussch

@@ -113,7 +113,7 @@ bool frmCustMain::ApplyAdjustment(ResumeNext& on) {
   while (More && !Rs.Eof()) {
     on([&] { Rs.Edit(); });
     on([&] { Rs.SetField("Adjustment", txtAdjustAllDept.Value()); });
-    on([&] { Rs.Update(); });
+    UpdateOrDrop(on, Rs);
     More = on([&] { Rs.MoveNext(); });
     orcussch::App().DoEvents();
   }

@@ -53,6 +53,12 @@ bool Child::ReadLine(std::string& line) {
   }
 }
 
+bool Child::HasEnded() {
+  siginfo_t end{};
+  // The end is left there for Wait.
+  return ::waitid(P_PID, static_cast<id_t>(number_), &end, WEXITED | WNOHANG | WNOWAIT) == 0 && end.si_pid == number_;
+}
+
 void Child::Kill() { ::kill(number_, SIGKILL); }
 
 int Child::Wait() {

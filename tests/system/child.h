@@ -20,6 +20,9 @@ class Child {
 
   /// The next line of its output, waited for; false at its end.
   bool ReadLine(std::string& line);
+  pid_t Number() const { return number_; }
+  /// Whether it has come to its end; Wait then returns at once.
+  bool HasEnded();
   /// SIGKILL.
   void Kill();
   /// Waits for its end: the exit status, or minus the signal's number.

@@ -134,7 +134,7 @@ class AddressesTab final : public RecordTab {
     on([&] { Customer().Edit(); });
     if (Ship) on([&] { Customer().SetField("DefaultShipAddress", rsAddresses->Field("addressID")); });
     if (Bill) on([&] { Customer().SetField("DefaultBillAddress", rsAddresses->Field("addressID")); });
-    on([&] { Customer().Update(); });
+    UpdateCustomer(on);
   }
 
   std::array<TextField, 6> mTexts;

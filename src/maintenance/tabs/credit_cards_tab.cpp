@@ -59,7 +59,7 @@ class CreditCardsTab final : public RecordTab {
     if (s.chkDefaultCC.Value() != 0) {
       on([&] { Customer().Edit(); });
       on([&] { Customer().SetField("DefaultCreditCard", rsCustCreditCards->Field("CreditCardID")); });
-      on([&] { Customer().Update(); });
+      UpdateCustomer(on);
     }
     return true;
   }

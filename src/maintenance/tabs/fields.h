@@ -7,6 +7,7 @@
 #include "platform/controls/text_box.h"
 #include "platform/convert.h"
 #include "platform/data.h"
+#include "session/failures.h"
 
 /// Small reads and writes that the record cards share.
 namespace orcussch {
@@ -27,6 +28,12 @@ inline bool IsNumber(const platform::Value& field, std::int32_t number) { return
 
 /// A department's number in its three places, filled with blanks.
 inline std::string FixedDept(const std::string& number) { return platform::Left(number + "   ", 3); }
+
+/// Writes an edit of a list's row. One that can't be written is reported and dropped: left open, the list would write it by
+/// itself when it moves on, long after the user was told that it failed.
+inline void UpdateOrDrop(ResumeNext& on, platform::Recordset& Rs) {
+  if (!on([&] { Rs.Update(); })) Ignore()([&] { Rs.CancelUpdate(); });
+}
 
 /// Both parts of a combo.
 inline void SetCombo(platform::ComboBox& combo, const platform::Value& bound, const std::string& text) {

@@ -57,7 +57,7 @@ class PhonesTab final : public RecordTab {
     if (s.chkDefaultPhone.Value() != 0) {
       on([&] { Customer().Edit(); });
       on([&] { Customer().SetField("DefaultPhoneNumber", rsPhones->Field("RecordID")); });
-      on([&] { Customer().Update(); });
+      UpdateCustomer(on);
     }
     return true;
   }

@@ -9,6 +9,10 @@ platform::Recordset& RecordTab::Rows() const { return s.data[static_cast<std::si
 
 platform::Recordset& RecordTab::Customer() const { return s.data[tab::Customers].Recordset(); }
 
+void RecordTab::UpdateCustomer(ResumeNext& on) const {
+  if (!on([this] { Customer().Update(); })) Ignore()([this] { Customer().CancelUpdate(); });
+}
+
 bool RecordTab::Adding() const { return s.mRecordMode == "A"; }
 
 bool RecordTab::Passes(const SaveState& state, std::initializer_list<SaveTest> tests) const {

@@ -75,6 +75,8 @@ class RecordTab {
   platform::Recordset& Rows() const;
   platform::Recordset& Customer() const;
   bool Adding() const;
+  /// Writes the edit of the customer list's row; what can't be written is dropped (see UpdateOrDrop).
+  void UpdateCustomer(ResumeNext& on) const;
   /// Shows the first failing test's box. True when the card may be written.
   bool Passes(const SaveState& state, std::initializer_list<SaveTest> tests) const;
   /// Looks a row up by its keys in the table itself, apart from any list. A search that fails is reported and finds nothing.

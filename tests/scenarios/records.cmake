@@ -9,6 +9,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/customer-deleted-by-another-user
   customers/default-terms-that-are-unknown-stay-empty
   customers/duplicate-address-is-asked-about
+  customers/duplicates-beyond-a-short-number
   customers/edit-without-rows-does-nothing
   customers/edit-without-rows-on-every-tab
   customers/edit-writes-every-field
@@ -132,6 +133,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   twousers/second-program-changes-the-row
   twousers/second-program-deletes-sub-records
   twousers/second-program-deletes-the-row
+  twousers/second-program-deletes-what-is-deleted
   twousers/second-program-sets-the-defaults
   twousers/second-program-ticks-the-same-box
   twousers/sub-records-while-the-file-is-locked

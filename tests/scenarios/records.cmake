@@ -22,6 +22,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/how-often-lists-are-read
   customers/labor-rate-options
   customers/list-keeps-its-scroll-position
+  customers/menu-before-any-card
   customers/new-card-starts-with-defaults
   customers/new-customer-is-written
   customers/null-fields-load-as-their-defaults

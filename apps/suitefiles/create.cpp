@@ -13,7 +13,7 @@ int RunCreate(const std::vector<std::string>& words, const Console& console) {
   const CommandLine line(words, {{"--company", true}, {"--name", true}, {"--year", true}});
   line.ExpectOperands({"DIR"});
   CompanyRecord company;
-  company.number = static_cast<int>(line.RequiredNumber("--company", 1, 32767));
+  company.number = static_cast<int>(line.RequiredNumber("--company", 1, 2147483647));
   const int year = static_cast<int>(line.Number("--year", 1900, 9999).value_or(ThisYear()));
   const auto name = platform::Normalise(line.Value("--name").value_or("Company " + std::to_string(company.number)));
   if (!name || platform::CharacterCount(*name) > 40) throw UsageError("option --name needs a text of at most 40 characters");

@@ -41,7 +41,7 @@ int DayFromOption(const std::string& text) {
 
 DemoOptions ReadOptions(const CommandLine& line) {
   DemoOptions options;
-  options.company = static_cast<int>(line.RequiredNumber("--company", 1, 32767));
+  options.company = static_cast<int>(line.RequiredNumber("--company", 1, 2147483647));
   options.customers = static_cast<std::int32_t>(line.RequiredNumber("--customers", 0, 100'000'000));
   options.seed = static_cast<std::uint64_t>(line.Number("--seed", 0, 9'000'000'000'000'000'000LL).value_or(1));
   options.lastDay = DayFromOption(line.Value("--date").value_or("2025-06-30"));

@@ -33,7 +33,7 @@ The new company has the built-in phone types, card types, terms and sales
 rates, ten departments, a chart of accounts with ledger rows of one year, and
 the report catalogue.
 
-  --company N   number of the company, 1 to 32767
+  --company N   number of the company, 1 to 2147483647
   --name TEXT   name of the company, at most 40 characters ("Company N")
   --year YYYY   year of the ledger rows (this year)
 )";
@@ -47,7 +47,7 @@ codes. The company is made when it is missing. One that holds customers or any
 of these codes is left alone and the command fails. The same seed gives the
 same rows.
 
-  --company N        number of the company, 1 to 32767
+  --company N        number of the company, 1 to 2147483647
   --customers COUNT  0 to 100000000
   --seed S           a whole number from 0 on (1)
   --date YYYY-MM-DD  the last day that the invented dates reach (2025-06-30)

@@ -43,6 +43,14 @@ TEST(Suitefiles, WrongWordsAreRefused) {
   }
 }
 
+TEST(Create, CompanyNumbersGoAsFarAsTheirField) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(RunSuitefiles({"create", folder / "new", "--company", "2147483648"}).status, 2);
+  ASSERT_EQ(RunSuitefiles({"create", folder / "new", "--company", "2147483647"}).status, 0);
+  EXPECT_EQ(RunSuitefiles({"check", folder / "new"}).status, 0);
+  EXPECT_EQ(RunSuitefiles({"sql", folder / "new/dat.zdb", "SELECT CompID FROM Company", "--no-header"}).out, "2147483647\n");
+}
+
 TEST(Create, MakesEveryFileWithItsTables) {
   const TemporaryFolder folder;
   const auto outcome = RunSuitefiles({"create", folder / "new", "--company", "3", "--name", "Müller & Sons", "--year", "2004"});

@@ -24,6 +24,14 @@ KeysetList::KeysetList(std::shared_ptr<RowSource> source, Walk walk)
   feed_ = std::make_unique<WalkFeed>(Source(), *walker_, forward_);
 }
 
+KeysetList::KeysetList(std::shared_ptr<RowSource> source, Walk walk, Known known) : KeysetList(std::move(source), std::move(walk)) {
+  keys_ = std::move(known.keys);
+  state_.resize(keys_.size(), State::Alive);
+  filledVersion_ = known.version;
+  complete_ = true;
+  feed_.reset();
+}
+
 KeysetList::KeysetList(std::shared_ptr<RowSource> source, OrderColumn order, bool descending) : RowList(std::move(source)), search_(*this) {
   feed_ = std::make_unique<SortedFeed>(Source(), std::move(order), descending);
 }

@@ -25,9 +25,15 @@ class KeysetList final : public RowList {
     std::string index;
     bool descending = false;
   };
+  /// All keys of a short list that were read in its order before it was made, and the tables' version then.
+  struct Known {
+    std::vector<std::int64_t> keys;
+    std::uint64_t version = 0;
+  };
   /// Any plan, ordered by the store.
   explicit KeysetList(std::shared_ptr<RowSource> source);
   KeysetList(std::shared_ptr<RowSource> source, Walk walk);
+  KeysetList(std::shared_ptr<RowSource> source, Walk walk, Known known);
   /// One table without an index for its order.
   KeysetList(std::shared_ptr<RowSource> source, OrderColumn order, bool descending);
 

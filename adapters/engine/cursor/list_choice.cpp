@@ -61,9 +61,9 @@ bool FitsExact(RowSource& source) {
 }
 
 // Whether the rows of a filter lie so close together in the list's order that pages of it are cheap: the first page is tried
-// with the work of a thousand rows, and the store must not have had to sort.
+// with the work of a thousand rows, and the store must not have had to sort. Few: those are all, and stay in `known`.
 enum class Density { Dense, Few, Thin };
-Density DensityOf(RowSource& source, const IndexOrder& order) {
+Density DensityOf(RowSource& source, const IndexOrder& order, KeysetList::Known& known) {
   constexpr std::int64_t page = 64;
   constexpr int workOfThousandRows = 60'000;
   KeyWalker& walker = *source.Shape().Walker(source.Store(), order.order, "");
@@ -72,10 +72,12 @@ Density DensityOf(RowSource& source, const IndexOrder& order) {
   request.limit = page;
   request.keysOnly = true;
   bool sorted = false;
+  known.version = source.RecentVersion();
   try {
     const WorkLimit limit(source.Store(), workOfThousandRows);
     const std::int64_t read = walker.Read(request, [&](const Query& row) {
       sorted = row.Sorted();
+      known.keys.push_back(row.Int(walker.RowKeyAt(true)));
       return !sorted;
     });
     if (sorted) return Density::Thin;
@@ -104,12 +106,14 @@ std::shared_ptr<RowList> ChooseList(const std::shared_ptr<RowSource>& source) {
   // With a filter the store may know a better index than that of the order alone.
   const std::string index = plan.where.empty() ? byIndex->index : "";
   const bool filtered = !plan.where.empty();
-  const auto walked = [&] { return std::make_shared<KeysetList>(source, KeysetList::Walk{byIndex->order, index, byIndex->descending}); };
-  if (!byIndex->behindOthers && FitsExact(*source)) return walked();
+  const KeysetList::Walk walk{byIndex->order, index, byIndex->descending};
+  if (!byIndex->behindOthers && FitsExact(*source)) return std::make_shared<KeysetList>(source, walk);
   if (filtered) {
-    const Density density = DensityOf(*source, *byIndex);
+    KeysetList::Known known;
+    const Density density = DensityOf(*source, *byIndex, known);
     if (density == Density::Thin) return HeldKeys(source);
-    if (density == Density::Few || byIndex->behindOthers) return walked();
+    if (density == Density::Few) return std::make_shared<KeysetList>(source, walk, std::move(known));
+    if (byIndex->behindOthers) return std::make_shared<KeysetList>(source, walk);
   }
   return std::make_shared<IndexedList>(source, IndexedList::Shape{byIndex->order, byIndex->descending, index, true});
 }

@@ -51,7 +51,7 @@ class PlainFrontEnd final : public platform::FrontEnd {
     events_.Add("box");
     boxes.push_back({text, style, title});
     if (onBox) onBox();
-    return platform::box::Ok;
+    return (style & 0xf) == platform::box::OkOnly ? platform::box::Ok : answer;
   }
   void Pointer(int) override {}
   std::optional<platform::PrinterChoice> PrinterDialog(platform::Form&) override {
@@ -62,6 +62,7 @@ class PlainFrontEnd final : public platform::FrontEnd {
 
   std::function<void(platform::Form&)> serve;
   std::function<void()> onBox;
+  int answer = platform::box::Ok;  ///< to every question
   std::function<platform::PrinterChoice()> printer;
   std::vector<ShownBox> boxes;
   int yields = 0;

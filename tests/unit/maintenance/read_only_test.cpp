@@ -1,0 +1,179 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+
+#include "platform/convert.h"
+#include "unit/maintenance/screen_fixture.h"
+
+// A customer file that can be read and not written: what the main screen's user sees of it.
+namespace {
+
+using orcussch::frmCustMain;
+namespace fs = std::filesystem;
+
+enum class Closed { File, Folder, Both };
+
+constexpr int kReadOnly = 3027;
+constexpr int kNoEdit = 3020;
+constexpr int kNoRow = 3021;
+
+/// This process without the superuser's rights, if it has them, while the object lives.
+class PlainUser {
+ public:
+  PlainUser() : root_(::geteuid() == 0) {
+    if (root_ && ::seteuid(65534) != 0) std::abort();
+  }
+  ~PlainUser() {
+    if (root_ && ::seteuid(0) != 0) std::abort();
+  }
+  PlainUser(const PlainUser&) = delete;
+  PlainUser& operator=(const PlainUser&) = delete;
+
+ private:
+  bool root_;
+};
+
+class ReadOnlyTest : public ScreenTest, public testing::WithParamInterface<Closed> {
+ protected:
+  ReadOnlyTest() {
+    AddRows(CustomerFile(), "Customers", {"LastName", "Terms", "NonBillable", "DefaultPhoneNumber"}, {{"Abel", 2, false, 0}});
+    AddRows(CustomerFile(), "Phones", {"AcctNum", "Type", "Comment"}, {{1, "F", "old"}});
+    // The first session writes what every later one finds: the links and the company's row of receivables.
+    Serve([](frmCustMain&) {});
+    Open();
+  }
+  ~ReadOnlyTest() override { Open(); }
+
+  std::string Folder() const { return folder / "data/orv1"; }
+  /// Everybody may do everything.
+  void Open() const {
+    ::chmod(folder.Path().c_str(), 0777);
+    for (const auto& entry : fs::recursive_directory_iterator(folder.Path()))
+      ::chmod(entry.path().c_str(), entry.is_directory() ? 0777 : 0666);
+  }
+  void Close() const {
+    if (GetParam() != Closed::Folder) ::chmod(CustomerFile().c_str(), 0444);
+    if (GetParam() != Closed::File) ::chmod(Folder().c_str(), 0555);
+  }
+
+  static void Press(frmCustMain& screen, const char* key) { dynamic_cast<platform::ToolbarButton&>(*screen.Find(key)).UserClick(); }
+  static void Enter(platform::TextBox& edit, const char* text) { edit.UserReplaceAll(text, 0); }
+
+  /// One refusal, then what each field, the update and the way back to the row say.
+  void ExpectRefusal(std::size_t fields) {
+    std::vector<int> numbers;
+    for (const auto& record : log->records) {
+      EXPECT_EQ(record.module, "frmCustMain.RecordAdd");
+      numbers.push_back(record.number);
+    }
+    std::vector<int> wanted{kReadOnly};
+    wanted.insert(wanted.end(), fields + 1, kNoEdit);
+    wanted.push_back(kNoRow);
+    EXPECT_EQ(numbers, wanted);
+    EXPECT_EQ(frontEnd->boxes.size(), log->records.size()) << "one box each";
+    log->records.clear();
+    frontEnd->boxes.clear();
+  }
+  static void ExpectCommonEnd(const frmCustMain& screen) {
+    EXPECT_EQ(screen.SSIndexTab1.Page(), 0);
+    EXPECT_TRUE(screen.mToolbarReady);
+    EXPECT_FALSE(screen.Find("tb_SaveRec")->EffectivelyEnabled());
+    EXPECT_TRUE(screen.Find("tb_EditRec")->EffectivelyEnabled());
+    EXPECT_EQ(screen.StatusBar1.Panel(1), "");
+  }
+
+  std::string Stored(const std::string& statement) const {
+    const auto engine = engine::MakeEngine();
+    const auto rows = engine->OpenControlDatabase(CustomerFile())->OpenRecordset(statement);
+    return platform::CStr(rows->Field(0));
+  }
+};
+
+TEST_P(ReadOnlyTest, ASaveIsRefusedAndTheCardKeepsItsContent) {
+  const std::string before = ReadAll(CustomerFile());
+  Close();
+  {
+    const PlainUser user;
+    Serve([&](frmCustMain& screen) {
+      ASSERT_TRUE(log->records.empty()) << log->records[0].module << ' ' << log->records[0].number;
+      Press(screen, "tb_EditRec");
+      Enter(screen.txtLastName, "Abelson");
+      Press(screen, "tb_SaveRec");
+      // 24 fields and four taxes; the exemption's date and the sales rate are empty.
+      ExpectRefusal(28);
+      ExpectCommonEnd(screen);
+      EXPECT_EQ(screen.txtLastName.Text(), "Abelson");
+      EXPECT_EQ(screen.data[0].Recordset().Field("LastName"), platform::Value("Abel"));
+
+      screen.SSIndexTab1.UserClick(orcussch::tab::Phones);
+      Press(screen, "tb_AddRec");
+      screen.cboPhoneTypes.UserPick(screen.cboPhoneTypes.Rows().at(1));
+      Enter(screen.txtPhoneComment, "new");
+      Press(screen, "tb_SaveRec");
+      // The owner and five fields.
+      ExpectRefusal(6);
+      ExpectCommonEnd(screen);
+      EXPECT_EQ(screen.txtPhoneComment.Text(), "new");
+      EXPECT_EQ(screen.data[1].Recordset().RecordCount(), 1);
+    });
+  }
+  EXPECT_EQ(ReadAll(CustomerFile()), before) << "not a byte of the file has changed";
+}
+
+TEST_P(ReadOnlyTest, ADeletionAndACellAreRefused) {
+  Close();
+  {
+    const PlainUser user;
+    frontEnd->answer = platform::box::Yes;
+    Serve([&](frmCustMain& screen) {
+      screen.SSIndexTab1.UserClick(orcussch::tab::Phones);
+      Press(screen, "tb_DeleteRec");
+      ASSERT_EQ(log->records.size(), 1U);
+      EXPECT_EQ(log->records[0].module, "frmCustMain.RecordDelete");
+      EXPECT_EQ(log->records[0].number, kReadOnly);
+      EXPECT_EQ(screen.data[1].Recordset().RecordCount(), 1);
+      EXPECT_TRUE(screen.mToolbarReady);
+      log->records.clear();
+      const int comment = 6;
+      ASSERT_TRUE(screen.grid[1].UserOpenCell(comment));
+      screen.grid[1].UserCellText("typed");
+      screen.grid[1].UserCloseCell();
+      ASSERT_GE(log->records.size(), 1U);
+      EXPECT_EQ(log->records[0].module, "frmCustMain.grid_AfterColEdit");
+      EXPECT_EQ(log->records[0].number, kReadOnly);
+      screen.grid[1].UserEscape();
+    });
+  }
+  EXPECT_EQ(Stored("SELECT Comment FROM Phones"), "old");
+}
+
+TEST_P(ReadOnlyTest, TheNextSessionSavesOnceTheFileIsOpenAgain) {
+  Close();
+  {
+    const PlainUser user;
+    Serve([&](frmCustMain& screen) {
+      Press(screen, "tb_EditRec");
+      Enter(screen.txtLastName, "Refused");
+      Press(screen, "tb_SaveRec");
+    });
+  }
+  Open();
+  log->records.clear();
+  const PlainUser user;
+  Serve([&](frmCustMain& screen) {
+    Press(screen, "tb_EditRec");
+    Enter(screen.txtLastName, "Stored");
+    Press(screen, "tb_SaveRec");
+  });
+  EXPECT_TRUE(log->records.empty());
+  EXPECT_EQ(Stored("SELECT LastName FROM Customers"), "Stored");
+}
+
+INSTANTIATE_TEST_SUITE_P(Closed, ReadOnlyTest, testing::Values(Closed::File, Closed::Folder, Closed::Both), [](const auto& made) {
+  return made.param == Closed::File ? "File" : made.param == Closed::Folder ? "Folder" : "Both";
+});
+
+}  // namespace

@@ -15,6 +15,7 @@ std::string Join(std::initializer_list<std::string_view> parts) {
 }  // namespace
 
 Error TooManyTransactions() { return {3003, "Couldn't start transaction; too many transactions already nested."}; }
+Error TooManyDatabases() { return {3048, "Can't open any more databases."}; }
 Error TableExists(std::string_view name) { return {3010, Join({"Table '", name, "' already exists."})}; }
 Error ObjectNotFound(std::string_view name) {
   return {3011, Join({"The Microsoft Jet database engine could not find the object '", name,

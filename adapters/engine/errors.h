@@ -12,6 +12,7 @@ using platform::Error;
 
 // Transactions and objects.
 Error TooManyTransactions();                  ///< 3003: sixth nested BeginTrans
+Error TooManyDatabases();                     ///< 3048: all files that the store can have attached are in use
 Error TableExists(std::string_view name);     ///< 3010
 Error ObjectNotFound(std::string_view name);  ///< 3011: table not found by its bare name
 Error ObjectExists(std::string_view name);    ///< 3012: appended object's name is taken

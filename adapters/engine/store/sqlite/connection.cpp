@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cassert>
 #include <thread>
 
@@ -131,12 +132,13 @@ std::shared_ptr<StatementSlot> Connection::Slot(std::string_view sql) {
 }
 
 void Connection::Prepare(StatementSlot& slot) {
-  const int code = sqlite3_prepare_v3(db_, slot.sql.c_str(), static_cast<int>(slot.sql.size()) + 1, 0, &slot.statement, nullptr);
+  if (onPrepare_) onPrepare_(slot.sql);
+  const int code = sqlite3_prepare_v3(db_, slot.sql.c_str(), static_cast<int>(slot.sql.size()) + 1, SQLITE_PREPARE_PERSISTENT, &slot.statement, nullptr);
   if (code == SQLITE_OK) return;
   const auto start = std::chrono::steady_clock::now();
   int again = code;
   while ((again & 0xff) == SQLITE_BUSY && WaitForLock(start))
-    again = sqlite3_prepare_v3(db_, slot.sql.c_str(), static_cast<int>(slot.sql.size()) + 1, 0, &slot.statement, nullptr);
+    again = sqlite3_prepare_v3(db_, slot.sql.c_str(), static_cast<int>(slot.sql.size()) + 1, SQLITE_PREPARE_PERSISTENT, &slot.statement, nullptr);
   if (again != SQLITE_OK) RaiseFor(again, slot);
 }
 
@@ -148,6 +150,12 @@ void Connection::DropStatements() {
   }
   bySql_.clear();
   recent_.clear();
+}
+
+bool Connection::Uses(int file) const {
+  const std::string name = "\"f" + std::to_string(file) + "\".";
+  return std::any_of(recent_.begin(), recent_.end(),
+                     [&](const auto& slot) { return slot->inUse && slot->sql.find(name) != std::string::npos; });
 }
 
 bool Connection::WaitForLock(std::chrono::steady_clock::time_point start) {

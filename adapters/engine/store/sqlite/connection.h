@@ -49,6 +49,10 @@ class Connection {
 
   /// Forgets every prepared statement, as a detach demands.
   void DropStatements();
+  /// Whether a statement that names the file is being run.
+  bool Uses(int file) const;
+  /// Called with the text of each statement before it is prepared.
+  void OnPrepare(std::function<void(std::string_view)> prepare) { onPrepare_ = std::move(prepare); }
 
   /// For messages: the path behind a file's number.
   void NameFile(int file, std::string path) { paths_[file] = std::move(path); }
@@ -79,6 +83,7 @@ class Connection {
   sqlite3* db_ = nullptr;
   int lockWait_;
   std::function<void()> servePainting_;
+  std::function<void(std::string_view)> onPrepare_;
   bool painting_ = false;
   Recent recent_;  ///< kept statements, last used first
   std::unordered_map<std::string_view, Recent::iterator> bySql_;

@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+
 #include "engine/errors.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
@@ -53,13 +55,17 @@ std::int64_t AskInfo(Connection& connection, const std::string& alias, std::stri
 
 }  // namespace
 
-DataFile::DataFile(Connection& connection, int number, std::string path, bool readOnly, bool workFile)
+DataFile::DataFile(Connection& connection, int number, std::string path, std::string asked, bool readOnly, bool workFile,
+                   std::shared_ptr<std::uint64_t> uses)
     : connection_(connection),
       number_(number),
       alias_("f" + std::to_string(number)),
       path_(std::move(path)),
+      asked_(std::move(asked)),
       readOnly_(readOnly),
       workFile_(workFile),
+      uses_(std::move(uses)),
+      lastUse_(++*uses_),
       dataVersion_("PRAGMA " + QuoteName(alias_) + ".data_version") {}
 
 DataFile::~DataFile() {
@@ -69,7 +75,9 @@ DataFile::~DataFile() {
 std::int64_t DataFile::OthersVersion() {
   Query query(connection_, dataVersion_);
   query.Step();
-  return query.Int(0);
+  lastUse_ = ++*uses_;
+  // A file that is attached again counts from the start.
+  return query.Int(0) + (returns_ << 32);
 }
 
 std::int64_t DataFile::SchemaVersion() { return connection_.AskNumber("PRAGMA " + QuoteName(alias_) + ".schema_version").value_or(0); }
@@ -97,7 +105,14 @@ void DataFile::AddLink(const StoredLink& link) {
   }
 }
 
-DataFiles::~DataFiles() { *alive_ = false; }
+DataFiles::DataFiles(Connection& connection, NetworkTest onNetwork) : connection_(connection), onNetwork_(std::move(onNetwork)) {
+  connection_.OnPrepare([this](std::string_view sql) { BringBack(sql); });
+}
+
+DataFiles::~DataFiles() {
+  connection_.OnPrepare({});
+  *alive_ = false;
+}
 
 std::shared_ptr<DataFile> DataFiles::Open(std::string_view path, std::string_view asked) {
   const std::string name(asked);
@@ -110,6 +125,7 @@ std::shared_ptr<DataFile> DataFiles::Open(std::string_view path, std::string_vie
 
 std::shared_ptr<DataFile> DataFiles::Attach(const std::string& path, const std::string& asked) {
   RequireDataFile(path, asked);
+  MakeRoom({});
   const int number = ++lastNumber_;
   const std::string alias = "f" + std::to_string(number);
   connection_.NameFile(number, asked);
@@ -121,20 +137,87 @@ std::shared_ptr<DataFile> DataFiles::Attach(const std::string& path, const std::
     if (AskInfo(connection_, alias, "format", asked) > fileFormat) throw NewerFormat(asked);
     if (AskInfo(connection_, alias, "text order", asked) > kTextOrderVersion) throw NewerFormat(asked);
     workFile = connection_.AskText(InfoQuery(alias, "kind")) == "work";
-    connection_.Execute("PRAGMA " + QuoteName(alias) + ".cache_size=" + std::to_string(-cacheKilobytes));
-    connection_.Execute("PRAGMA " + QuoteName(alias) + ".synchronous=" + (workFile ? "OFF" : "FULL"));
-    connection_.Execute("PRAGMA " + QuoteName(alias) + ".mmap_size=0");
+    Configure(alias);
+    SetSafety(alias, workFile);
   } catch (...) {
     Abandon(alias);
     throw;
   }
   const bool readOnly = sqlite3_db_readonly(connection_.Handle(), alias.c_str()) == 1;
-  auto file = std::make_shared<DataFile>(connection_, number, path, readOnly, workFile);
+  auto file = std::make_shared<DataFile>(connection_, number, path, asked, readOnly, workFile, uses_);
   file->onGone_ = [this, alive = alive_](const DataFile& gone) {
     if (*alive) Detach(gone);
   };
   files_[path] = file;
+  byNumber_[number] = file.get();
   return file;
+}
+
+void DataFiles::Configure(const std::string& alias) {
+  connection_.Execute("PRAGMA " + QuoteName(alias) + ".cache_size=" + std::to_string(-cacheKilobytes));
+  connection_.Execute("PRAGMA " + QuoteName(alias) + ".mmap_size=0");
+}
+
+void DataFiles::SetSafety(const std::string& alias, bool workFile) {
+  connection_.Execute("PRAGMA " + QuoteName(alias) + ".synchronous=" + (workFile ? "OFF" : "FULL"));
+}
+
+void DataFiles::BringBack(std::string_view sql) {
+  std::vector<DataFile*> named;
+  bool allThere = true;
+  for (const int number : FilesIn(sql)) {
+    const auto file = byNumber_.find(number);
+    if (file == byNumber_.end()) continue;
+    file->second->lastUse_ = ++*uses_;
+    named.push_back(file->second);
+    allThere = allThere && file->second->attached_ && file->second->safetySet_;
+  }
+  if (allThere) return;
+  for (DataFile* file : named) {
+    if (!file->attached_) {
+      MakeRoom(named);
+      AttachAgain(*file);
+    }
+    // Inside a transaction it can't be set: until then the file is as safe as any.
+    if (file->safetySet_ || connection_.InTransaction()) continue;
+    file->safetySet_ = true;
+    SetSafety(file->alias_, file->workFile_);
+  }
+}
+
+void DataFiles::AttachAgain(DataFile& file) {
+  RequireDataFile(CanonicalPath(file.path_, file.asked_), file.asked_);
+  file.attached_ = true;  // before the statements below, which name it
+  file.safetySet_ = false;
+  ++file.returns_;
+  try {
+    AttachStatement(file.path_, file.alias_, file.asked_);
+    Configure(file.alias_);
+  } catch (...) {
+    file.attached_ = false;
+    Abandon(file.alias_);
+    throw;
+  }
+}
+
+void DataFiles::MakeRoom(const std::vector<DataFile*>& needed) {
+  const auto room = static_cast<std::size_t>(sqlite3_limit(connection_.Handle(), SQLITE_LIMIT_ATTACHED, -1));
+  const auto isAttached = [](const auto& file) { return file.second->attached_; };
+  DetachLeftovers();
+  while (static_cast<std::size_t>(std::count_if(byNumber_.begin(), byNumber_.end(), isAttached)) + leftovers_.size() >= room) {
+    std::vector<DataFile*> idle;
+    for (const auto& [number, file] : byNumber_)
+      if (file->attached_ && std::find(needed.begin(), needed.end(), file) == needed.end() && !connection_.Uses(number))
+        idle.push_back(file);
+    std::sort(idle.begin(), idle.end(), [](const DataFile* a, const DataFile* b) { return a->lastUse_ < b->lastUse_; });
+    connection_.DropStatements();
+    // One with a transaction on it stays where it is.
+    const auto gone = std::find_if(idle.begin(), idle.end(), [&](const DataFile* file) {
+      return sqlite3_exec(connection_.Handle(), ("DETACH " + QuoteName(file->alias_)).c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
+    });
+    if (gone == idle.end()) throw errors::TooManyDatabases();
+    (*gone)->attached_ = false;
+  }
 }
 
 void DataFiles::AttachStatement(const std::string& path, const std::string& alias, const std::string& asked) {
@@ -169,7 +252,8 @@ void DataFiles::Abandon(const std::string& alias) {
 
 void DataFiles::Detach(const DataFile& file) {
   files_.erase(file.Path());
-  Abandon(file.Alias());
+  byNumber_.erase(file.number_);
+  if (file.attached_) Abandon(file.Alias());
 }
 
 // A file can't be detached while a statement on it runs or a transaction is open; it is tried again before the next attach.

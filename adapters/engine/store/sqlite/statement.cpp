@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cassert>
 #include <charconv>
 #include <chrono>
@@ -18,15 +19,10 @@ using platform::FieldType;
 using platform::Value;
 using platform::ValueKind;
 
-// The number of the first file ("f3".) that a statement names: what a write changes, and what an error message is about.
+// What a write changes, and what an error message is about.
 int FirstFile(std::string_view sql) {
-  for (std::size_t at = sql.find("\"f"); at != std::string_view::npos; at = sql.find("\"f", at + 1)) {
-    int number = 0;
-    const char* end = sql.data() + sql.size();
-    const auto result = std::from_chars(sql.data() + at + 2, end, number);
-    if (result.ec == std::errc() && end - result.ptr >= 2 && result.ptr[0] == '"' && result.ptr[1] == '.') return number;
-  }
-  return 0;
+  const std::vector<int> files = FilesIn(sql);
+  return files.empty() ? 0 : files.front();
 }
 
 // As bytes: asked for as a text, the store would first copy it to put an end mark behind it.
@@ -42,6 +38,18 @@ Value WholeNumber(std::int64_t number) {
 }
 
 }  // namespace
+
+std::vector<int> FilesIn(std::string_view sql) {
+  std::vector<int> files;
+  for (std::size_t at = sql.find("\"f"); at != std::string_view::npos; at = sql.find("\"f", at + 1)) {
+    int number = 0;
+    const char* end = sql.data() + sql.size();
+    const auto result = std::from_chars(sql.data() + at + 2, end, number);
+    if (result.ec != std::errc() || end - result.ptr < 2 || result.ptr[0] != '"' || result.ptr[1] != '.') continue;
+    if (std::find(files.begin(), files.end(), number) == files.end()) files.push_back(number);
+  }
+  return files;
+}
 
 StatementSlot::StatementSlot(Connection& connection, std::string_view text) : sql(text), file(FirstFile(text)) {
   connection.Prepare(*this);

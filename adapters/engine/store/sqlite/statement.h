@@ -16,6 +16,9 @@ namespace engine {
 
 class Connection;
 
+/// The numbers of the files that a statement names ("f3".), in the order of their first places.
+std::vector<int> FilesIn(std::string_view sql);
+
 /// A prepared statement as the connection keeps it.
 struct StatementSlot {
   StatementSlot(Connection& connection, std::string_view sql);

@@ -13,6 +13,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   assignment/marked-row-is-gone
   assignment/menu-selection-elsewhere
   assignment/next-type-code
+  assignment/reopened-list-forgets-its-marks
   assignment/select-all-yields
   assignment/select-and-unselect-all
   assignment/select-taxes

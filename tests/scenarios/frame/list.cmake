@@ -8,6 +8,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/browse-assignment-lists
   frame/browse-customers
   frame/browse-sub-records
+  frame/edit-again-from-the-menu
   frame/editing-addresses
   frame/editing-credit-cards
   frame/editing-customers
@@ -35,6 +36,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/phone-not-wanted
   frame/printer-setup
   frame/refresh
+  frame/screen-goes-while-it-works
   frame/start
   frame/status-hints
   frame/tab-refused-while-saving-is-open
@@ -42,5 +44,6 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/texts-of-the-screen
   frame/toolbar-guard
   frame/toolbar-keys
+  frame/toolbar-takes-the-hourglass-away
   frame/two-instances
 )

@@ -14,6 +14,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   search/on-every-tab
   search/open-bracket
   search/open-bracket-report
+  search/order-leaves-the-search-as-it-is
   search/rows-deleted-by-another-user
   search/select-a-deleted-customer
   search/select-from-any-tab

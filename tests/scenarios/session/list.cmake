@@ -95,5 +95,6 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/user-startup-is-read-at-each-show
   session/user-startup-row
   session/user-startup-table-missing
+  session/values-of-the-company-before
   session/wrong-file-of-the-suite
 )

@@ -11,7 +11,7 @@ command -v ccache >/dev/null 2>&1 && launcher="-DCMAKE_CXX_COMPILER_LAUNCHER=cca
 {
   # shellcheck disable=SC2086
   cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORCUSSCH_BENCH=ON -DORCUSSCH_TESTS=OFF -DORCUSSCH_DESKTOP=OFF $launcher &&
-    cmake --build "$build" --target bench_engine bench_memory suitefiles
+    cmake --build "$build" --target bench_engine bench_memory bench_records bench_saves suitefiles
 } >"$log" 2>&1 || { tail -n 30 "$log" >&2; exit 1; }
 
 data=$(mktemp -d)
@@ -20,3 +20,5 @@ trap 'rm -rf "$data"' EXIT
 "$build/bin/suitefiles" demo "$data" --company 1 --customers "${BENCH_CUSTOMERS:-10000}" >>"$log" 2>&1
 "$build/bin/bench_engine" --pairs "${BENCH_PAIRS:-3}" "$data"
 "$build/bin/bench_memory" "$data" --write
+"$build/bin/bench_records" --pairs 1 --types 100 --words 100 "$data"
+"$build/bin/bench_saves" "$data" 200

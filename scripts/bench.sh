@@ -2,12 +2,15 @@
 # The benchmarks whole: companies of 10,000, 1,000,000 and, with "5m", 5,000,000 customers, made once under DATA (default
 # build/bench-data), the engine beside the bare program, memory, and the toolkit's table model. Prints Markdown.
 #
+# The main screen's records are measured on copies, below RECORDS (default: DATA).
+#
 #   scripts/bench.sh [5m]
 set -eu
 cd "$(dirname "$0")/.."
 build=${BENCH_BUILD:-build/bench-full}
 data=${DATA:-build/bench-data}
 pairs=${BENCH_PAIRS:-21}
+records=${RECORDS:-$data}
 sizes="10000 1000000"
 [ "${1:-}" = 5m ] && sizes="$sizes 5000000"
 
@@ -15,7 +18,7 @@ launcher=""
 command -v ccache >/dev/null 2>&1 && launcher="-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"
 # shellcheck disable=SC2086
 cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORCUSSCH_BENCH=ON -DORCUSSCH_TESTS=OFF $launcher >&2
-targets="bench_engine bench_memory suitefiles"
+targets="bench_engine bench_memory bench_records bench_saves suitefiles"
 cmake --build "$build" --target help | grep -q bench_model && targets="$targets bench_model"
 # shellcheck disable=SC2086
 cmake --build "$build" --target $targets >&2
@@ -37,5 +40,14 @@ for folder in $folders; do
   printf '\nMemory, %s customers: ' "$(basename "$folder")"
   "$build/bin/bench_memory" "$folder"
   [ -x "$build/bin/bench_model" ] && "$build/bin/bench_model" "$folder" 5 "open"
+done
+for folder in $folders; do
+  copy=$records/records-$(basename "$folder")
+  rm -rf "$copy"
+  cp -r "$folder" "$copy"
+  "$build/bin/bench_records" --pairs "$pairs" "$copy"
+  printf '\nMemory of saves, %s customers: ' "$(basename "$folder")"
+  "$build/bin/bench_saves" "$copy"
+  rm -rf "$copy"
 done
 exit 0

@@ -172,19 +172,29 @@ std::optional<std::int64_t> ListRows::Find(const platform::Bookmark& row, int ar
   return found;
 }
 
-void ListRows::Reread(const platform::Bookmark& row) {
+bool ListRows::Reread(const platform::Bookmark& row) {
   const auto held = HeldOrdinal(row);
-  if (!held) return;
-  ShownRow& shown = *At(*held);
-  shown.known.clear();
+  if (!held) return true;
+  bool inList = true;
   Try([&](platform::RowWindow& window) {
+    ShownRow& shown = *At(*held);
+    shown.known.clear();
     if (auto now = window.RowOf(row)) {
       shown.row = std::move(*now);
-    } else {
-      shown.row.cells.clear();
+      return true;
     }
+    // One that another user deleted keeps its place in the list; only the program's own delete takes it out.
+    inList = window.OrdinalOf(row).has_value();
+    shown.row.cells.clear();
+    if (!inList) Remove(*held);
     return true;
   });
+  return inList;
+}
+
+void ListRows::Remove(std::int64_t ordinal) {
+  rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(ordinal - base_));
+  if (counted_) count_ = std::max<std::int64_t>(0, count_ - 1);
 }
 
 void ListRows::ForgetTexts() {

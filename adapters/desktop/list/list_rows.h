@@ -50,8 +50,8 @@ class ListRows {
   /// Ordinal of any row, fetching `around` rows before and behind it; nothing when it is not in the list. While the engine
   /// still counts, the ordinal is a guess that Settle puts right.
   std::optional<std::int64_t> Find(const platform::Bookmark& row, int around);
-  /// Reads one held row again.
-  void Reread(const platform::Bookmark& row);
+  /// Reads one held row again. False when the program has deleted it: it is not held any more then, those behind it move up.
+  bool Reread(const platform::Bookmark& row);
   /// Forgets the texts, so that changed columns show.
   void ForgetTexts();
 
@@ -69,6 +69,7 @@ class ListRows {
   bool Jump(platform::RowWindow& window, std::int64_t first, int count);
   std::int64_t End() const noexcept { return base_ + static_cast<std::int64_t>(rows_.size()); }
   void NoteEnd();
+  void Remove(std::int64_t ordinal);
 
   Source source_;
   std::deque<ShownRow> rows_;

@@ -64,7 +64,7 @@ void ListView::Sync() {
     if (listChanged_) SyncList();
     if (contentChanged_) {
       contentChanged_ = false;
-      if (current_) rows_.Reread(*current_);
+      if (current_ && !rows_.Reread(*current_)) currentChanged_ = true;
     }
     UpdateRange();
     if (currentChanged_) SyncCurrent();

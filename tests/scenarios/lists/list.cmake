@@ -6,6 +6,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   lists/customer-added-by-another-user
   lists/customer-deleted-by-another-user
   lists/customers-by-name
+  lists/deleted-row-leaves-the-list
   lists/formats-of-cards
   lists/formats-of-customers
   lists/formats-of-phones

@@ -133,12 +133,12 @@ std::shared_ptr<StatementSlot> Connection::Slot(std::string_view sql) {
 
 void Connection::Prepare(StatementSlot& slot) {
   if (onPrepare_) onPrepare_(slot.sql);
-  const int code = sqlite3_prepare_v3(db_, slot.sql.c_str(), static_cast<int>(slot.sql.size()) + 1, SQLITE_PREPARE_PERSISTENT, &slot.statement, nullptr);
+  const int code = sqlite3_prepare_v3(db_, slot.sql.c_str(), static_cast<int>(slot.sql.size()) + 1, 0, &slot.statement, nullptr);
   if (code == SQLITE_OK) return;
   const auto start = std::chrono::steady_clock::now();
   int again = code;
   while ((again & 0xff) == SQLITE_BUSY && WaitForLock(start))
-    again = sqlite3_prepare_v3(db_, slot.sql.c_str(), static_cast<int>(slot.sql.size()) + 1, SQLITE_PREPARE_PERSISTENT, &slot.statement, nullptr);
+    again = sqlite3_prepare_v3(db_, slot.sql.c_str(), static_cast<int>(slot.sql.size()) + 1, 0, &slot.statement, nullptr);
   if (again != SQLITE_OK) RaiseFor(again, slot);
 }
 

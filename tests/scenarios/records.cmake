@@ -3,6 +3,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/apostrophe-in-the-address-fails-the-duplicate-test
   customers/cancel-asks-first
   customers/cancel-on-every-tab
+  customers/card-forgets-the-customer-before
   customers/card-shows-the-customer
   customers/combo-text-that-is-no-row
   customers/comment-box-takes-the-room
@@ -21,6 +22,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/host-fixes-the-billing-status
   customers/how-often-lists-are-read
   customers/labor-rate-options
+  customers/labor-rates-go-one-by-one
   customers/list-keeps-its-scroll-position
   customers/menu-before-any-card
   customers/new-card-starts-with-defaults
@@ -37,6 +39,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/words-of-the-cards
   customers/zip-finds-the-city
   customers/zip-typed-last-finds-nothing
+  phones/card-forgets-the-phone-before
   phones/edit-keeps-the-default-box
   phones/first-phone-is-offered-as-default
   phones/masks-of-the-card
@@ -44,9 +47,11 @@ list(APPEND ORCUSSCH_SCENARIOS
   phones/office-day
   phones/phones-of-other-customers-stay-theirs
   phones/row-missing-from-the-list
+  phones/steps-of-a-card
   phones/type-is-the-only-test
   phones/type-that-is-gone-stays-empty
   phones/vanished-phone
+  addresses/card-forgets-the-address-before
   addresses/default-address-must-be-complete
   addresses/edit-shows-no-default
   addresses/new-address
@@ -56,6 +61,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   addresses/vanished-address
   creditcards/edit-proposes-a-default-only-without-one
   creditcards/new-card
+  creditcards/new-card-forgets-the-card-before
   creditcards/null-fields-are-reported
   creditcards/office-day
   creditcards/save-tests-in-their-order
@@ -75,6 +81,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   laborrates/percentage-beyond-the-figures
   laborrates/percentage-is-applied-to-all-rows
   laborrates/short-department-number
+  laborrates/steps-of-the-bulk-actions
   laborrates/vanished-row
   types/code-overflow-is-reported
   types/description-is-needed
@@ -105,6 +112,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   deletion/labor-rate-and-its-successor
   deletion/nothing-to-delete-and-no
   deletion/row-gone-already
+  deletion/steps-of-a-deletion
   deletion/successor-in-a-descending-list
   deletion/transactions-that-cannot-be-read
   deletion/type-gone-already

@@ -41,6 +41,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/status-hints
   frame/tab-refused-while-saving-is-open
   frame/tab-visits
+  frame/tabs-come-back-as-they-begin
   frame/texts-of-the-screen
   frame/toolbar-guard
   frame/toolbar-keys

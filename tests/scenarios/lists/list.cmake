@@ -22,6 +22,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   lists/order-of-an-empty-list
   lists/order-of-flags-and-missing-dates
   lists/order-without-customers
+  lists/pending-row-is-written-when-the-list-is-left
   lists/scrolled-sideways
   lists/statements-of-the-tabs
   lists/text-order

@@ -15,6 +15,7 @@ namespace fs = std::filesystem;
 namespace {
 
 std::string FullPath(const std::string& folder) {
+  if (folder.empty()) throw UsageError("the name of a folder is empty");
   std::string path = fs::absolute(folder).lexically_normal().string();
   while (path.size() > 1 && path.back() == '/') path.pop_back();
   return path;

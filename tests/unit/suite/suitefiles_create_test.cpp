@@ -31,6 +31,7 @@ TEST(Suitefiles, WrongWordsAreRefused) {
                                                 {"create", "x", "--company", "0"},
                                                 {"create", "x", "--company", "one"},
                                                 {"create", "x", "y", "--company", "1"},
+                                                {"create", "", "--company", "1"},
                                                 {"temp", "x"},
                                                 {"demo", "x", "--company", "1"},
                                                 {"sql", "x"},

@@ -6,8 +6,11 @@ namespace engine {
 
 bool Fences::Slice(std::uint64_t version) {
   if (Complete(version)) return false;
+  // The first collection is used as it grows; a later one replaces the old when it is whole.
+  std::vector<OrderPlace>& places = done_ ? building_.places : fences_;
   if (buildingVersion_ != version) {
     building_ = {};
+    places.clear();
     buildingVersion_ = version;
   }
   KeyWalker::Request request;
@@ -23,16 +26,13 @@ bool Fences::Slice(std::uint64_t version) {
     ++building_.rows;
     ++number;
     if (isFence || number == sliceRows) building_.last = walker_.PlaceAt(row, true);
-    if (isFence) building_.places.push_back(building_.last);
+    if (isFence) places.push_back(building_.last);
     return true;
   });
   const bool ended = read < sliceRows;
-  // The first collection is used as it grows; a later one replaces the old when it is whole.
-  if (ended || !done_) {
-    fences_ = ended ? std::move(building_.places) : building_.places;
-    rows_ = building_.rows;
-  }
+  if (ended || !done_) rows_ = building_.rows;
   if (ended) {
+    if (done_) fences_ = std::move(building_.places);
     building_ = {};
     done_ = true;
     version_ = version;

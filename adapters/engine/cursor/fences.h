@@ -30,7 +30,7 @@ class Fences {
   static constexpr std::int64_t spacing = 256;
   static constexpr std::int64_t sliceRows = 8192;
   struct Collection {
-    std::vector<OrderPlace> places;
+    std::vector<OrderPlace> places;  ///< of a later collection; the first one is in use already
     OrderPlace last;
     std::int64_t rows = 0;
   };

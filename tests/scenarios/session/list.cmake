@@ -58,6 +58,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/links-are-made-once
   session/links-are-not-refreshed
   session/links-while-customer-file-is-locked
+  session/many-companies-one-after-the-other
   session/non-selection-hides-select
   session/one-session-for-all-objects
   session/paths-by-default-path

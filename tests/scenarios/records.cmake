@@ -7,6 +7,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/card-shows-the-customer
   customers/combo-text-that-is-no-row
   customers/comment-box-takes-the-room
+  customers/comment-shrinks-before-the-card-is-filled
   customers/customer-deleted-by-another-user
   customers/default-terms-that-are-unknown-stay-empty
   customers/duplicate-address-is-asked-about
@@ -34,6 +35,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/several-duplicates-are-counted
   customers/sign-of-the-percentage
   customers/tax-filter-hides-the-ticks
+  customers/terms-of-zero-are-none
   customers/typed-lengths-and-masks
   customers/unknown-codes-on-the-card
   customers/words-of-the-cards

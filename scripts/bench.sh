@@ -1,6 +1,7 @@
 #!/bin/sh
 # The benchmarks whole: companies of 10,000, 1,000,000 and, with "5m", 5,000,000 customers, made once under DATA (default
-# build/bench-data), the engine beside the bare program, memory, and the toolkit's table model. Prints Markdown.
+# build/bench-data), the engine beside the bare program, waits for painting, memory, the toolkit's table model and the main
+# screen's frames. Prints Markdown.
 #
 # The main screen's records are measured on copies, below RECORDS (default: DATA).
 #
@@ -17,9 +18,11 @@ sizes="10000 1000000"
 launcher=""
 command -v ccache >/dev/null 2>&1 && launcher="-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"
 # shellcheck disable=SC2086
-cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORCUSSCH_BENCH=ON -DORCUSSCH_TESTS=OFF $launcher >&2
+cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORCUSSCH_BENCH=ON -DORCUSSCH_TESTS=ON $launcher >&2
 targets="bench_engine bench_memory bench_records bench_saves suitefiles"
-cmake --build "$build" --target help | grep -q bench_model && targets="$targets bench_model"
+for optional in bench_model bench_desktop; do
+  cmake --build "$build" --target help | grep -q "^$optional:" && targets="$targets $optional"
+done
 # shellcheck disable=SC2086
 cmake --build "$build" --target $targets >&2
 
@@ -36,10 +39,16 @@ done
 
 # shellcheck disable=SC2086
 "$build/bin/bench_engine" --pairs "$pairs" $folders
+# shellcheck disable=SC2086
+"$build/bin/bench_engine" --waits --pairs 11 $folders
 for folder in $folders; do
   printf '\nMemory, %s customers: ' "$(basename "$folder")"
   "$build/bin/bench_memory" "$folder"
   [ -x "$build/bin/bench_model" ] && "$build/bin/bench_model" "$folder" 5 "open"
+  if [ -x "$build/bin/bench_desktop" ]; then
+    [ -e "$folder/orvTEMP/orvTemp1.zdb" ] || "$build/bin/suitefiles" temp "$folder" --user 1 >&2
+    QT_QPA_PLATFORM=offscreen "$build/bin/bench_desktop" "$folder" 1
+  fi
 done
 for folder in $folders; do
   copy=$records/records-$(basename "$folder")

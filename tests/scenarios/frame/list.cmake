@@ -47,4 +47,5 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/toolbar-keys
   frame/toolbar-takes-the-hourglass-away
   frame/two-instances
+  frame/where-the-program-yields
 )

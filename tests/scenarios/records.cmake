@@ -112,6 +112,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   deletion/key-word-in-use-stays
   deletion/labels-of-all-tabs
   deletion/labor-rate-and-its-successor
+  deletion/locked-rows-stay-current
   deletion/nothing-to-delete-and-no
   deletion/row-gone-already
   deletion/steps-of-a-deletion

@@ -33,6 +33,9 @@ std::uint64_t PageSum(const raw::Rows& rows) {
   return sum;
 }
 
+// The bar is meant for a company with so many entries; with few of them the tab's own work counts most.
+double BarOfEntering(Ticked list, std::int64_t entries) { return entries >= (list == Ticked::Types ? 1000 : 10'000) ? 2 : 0; }
+
 Job Entering(const ScreenSides& sides, Ticked list, const std::string& name) {
   const auto account = [sides](int call) { return Pick(sides.company.Somewhere(), call).account; };
   Job enter;
@@ -48,7 +51,7 @@ Job Entering(const ScreenSides& sides, Ticked list, const std::string& name) {
     sides.bare.LoadList(list, account(call));
     return PageSum(sides.bare.Page(list, pageRows));
   };
-  enter.mostRatio = 2;
+  enter.mostRatio = BarOfEntering(list, sides.bare.Walk(list));
   return enter;
 }
 

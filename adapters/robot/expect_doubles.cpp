@@ -40,7 +40,7 @@ Value Given(const std::map<int, std::string>& texts, int index) {
   const auto found = texts.find(index);
   return found == texts.end() ? Value(Null) : Value(found->second);
 }
-Value Given(const std::string& text) { return text.empty() ? Value(Null) : Value(text); }
+Value Given(const ReportSetting<std::string>& text) { return text.Given() ? Value(static_cast<const std::string&>(text)) : Value(Null); }
 template <class T>
 Value Given(const ReportSetting<T>& setting) {
   return setting.Given() ? Value(static_cast<std::conditional_t<std::is_same_v<T, bool>, bool, std::int32_t>>(setting)) : Value(Null);

@@ -2,26 +2,28 @@
 
 #include <map>
 #include <string>
+#include <utility>
 
 #include "platform/controls/control.h"
 
 namespace platform {
 
-/// A number of a report, and whether it was given since the last Reset.
+/// A number or a text of a report, and whether it was given since the last Reset.
 template <class T>
 class ReportSetting {
  public:
-  explicit ReportSetting(T atFirst) : value_(atFirst) {}
+  ReportSetting() = default;
+  explicit ReportSetting(T atFirst) : value_(std::move(atFirst)) {}
   ReportSetting& operator=(T value) {
-    value_ = value;
+    value_ = std::move(value);
     given_ = true;
     return *this;
   }
-  operator T() const { return value_; }
+  operator const T&() const { return value_; }
   bool Given() const noexcept { return given_; }
 
  private:
-  T value_;
+  T value_{};
   bool given_ = false;
 };
 
@@ -30,13 +32,13 @@ struct ReportJob {
   ReportSetting<int> WindowState{0};
   ReportSetting<int> CopiesToPrinter{1};
   ReportSetting<bool> DiscardSavedData{false};
-  std::string ReportFileName;
+  ReportSetting<std::string> ReportFileName;
   std::map<int, std::string> DataFiles;
-  std::string WindowTitle;
+  ReportSetting<std::string> WindowTitle;
   std::map<int, std::string> Formulas;
   std::map<int, std::string> SortFields;
   ReportSetting<int> Destination{0};  ///< 0 preview window, 1 printer
-  std::string SelectionFormula;
+  ReportSetting<std::string> SelectionFormula;
   ReportSetting<int> PrinterStartPage{0};
   ReportSetting<int> PrinterStopPage{0};
 };

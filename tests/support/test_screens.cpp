@@ -89,6 +89,7 @@ void frmFirst::AttachButtons() {
   cmdPrint.Click = [this] {
     Report1.Reset();
     Report1.Job.ReportFileName = "List.Rpt";
+    Report1.Job.WindowTitle = "";
     Report1.Job.Formulas[0] = "Title=\"x\"";
     Report1.Job.Destination = 1;
     lblInfo.Caption("Printed " + std::to_string(Report1.PrintReport()));

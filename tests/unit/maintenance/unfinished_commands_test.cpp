@@ -121,7 +121,8 @@ class UnfinishedCommandsTest : public ScreenTest {
     text << "boxes " << frontEnd->boxes.size() << " screens " << otherScreens << " reports " << log->records.size();
     if (!screen.Loaded()) return text.str() + " unloaded";
     text << " tab " << screen.SSIndexTab1.Tab() << " page " << screen.SSIndexTab1.Page() << " status " << screen.StatusBar1.Panel(1);
-    text << " printer " << screen.Report1.Job.CopiesToPrinter.Given() << " report " << screen.Report1.Job.ReportFileName << " lists";
+    text << " printer " << screen.Report1.Job.CopiesToPrinter.Given() << " report " << screen.Report1.Job.ReportFileName.Given()
+         << " lists";
     screen.data.Each([&](const platform::DataControl& data, int) { text << ' ' << data.RefreshCount(); });
     text << " marked";
     screen.grid.Each([&](const platform::Grid& grid, int) { text << ' ' << grid.SelBookmarks.Count(); });

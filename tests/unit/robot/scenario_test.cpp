@@ -328,6 +328,7 @@ TEST(Doubles, Reports) {
           "expect report Runs 0\nexpect report ReportFileName none\nexpect report Destination none\nexpect report DiscardSavedData "
           "none\nclick cmdPrint\nexpect lblInfo \"Printed 0\"\n"
           "expect report ReportFileName List.Rpt\nexpect report frmFirst.Formulas(0) \"Title=\\\"x\\\"\"\nexpect report Formulas(1) none\n"
+          "expect report WindowTitle \"\"\nexpect report SelectionFormula none\n"
           "expect report Destination 1\nanswer report 20507\nclick cmdPrint\nexpect lblInfo \"Printed 20507\"\nexpect report Runs 2"),
       "");
   EXPECT_EQ(InScreen("expect report Runs 1\nexpect report ReportFileName x\nexpect report Color 1\nexpect report frmSecond.Runs 0"),

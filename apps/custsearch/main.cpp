@@ -1,3 +1,4 @@
+#include <csignal>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -28,6 +29,10 @@ int Run(const custsearch::Options& options, const std::string& program) {
 }  // namespace
 
 int main(int count, char** words) {
+#ifdef SIGXFSZ
+  // Where the size of files is limited, a write beyond that is a failure that the user is told of, not the program's end.
+  std::signal(SIGXFSZ, SIG_IGN);
+#endif
   try {
     return Run(custsearch::ParseOptions({words + 1, words + count}), words[0]);
   } catch (const custsearch::UsageError& error) {

@@ -51,6 +51,8 @@ FormWindow::FormWindow(platform::Form& form, const FormDesign* design, Services&
   if (centralWidget()) centralWidget()->setMouseTracking(true);
   setObjectName(name_);
   setStyleSheet(theme::WindowRules(palette()));
+  // The rules make captions bold only when they are first shown, and the layouts would have been measured before.
+  for (QWidget* widget : findChildren<QWidget*>()) widget->ensurePolished();
 }
 
 FormWindow::~FormWindow() = default;

@@ -5,6 +5,7 @@
 #include <QStyleOption>
 #include <algorithm>
 
+#include "desktop/icons.h"
 #include "desktop/theme.h"
 
 namespace desktop {
@@ -77,6 +78,26 @@ void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOption
   QProxyStyle::drawComplexControl(control, option, painter, widget);
   if (control == CC_ComboBox && !option->state.testFlag(State_HasFocus) && theme::IsDark(option->palette))
     DrawOutline(*option, *painter, false);
+}
+
+int OutlineStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const {
+  if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+QIcon OutlineStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
+  switch (which) {
+    case SP_MessageBoxInformation:
+      return DrawnIcon("box_Information");
+    case SP_MessageBoxQuestion:
+      return DrawnIcon("box_Question");
+    case SP_MessageBoxWarning:
+      return DrawnIcon("box_Warning");
+    case SP_MessageBoxCritical:
+      return DrawnIcon("box_Stop");
+    default:
+      return QProxyStyle::standardIcon(which, option, widget);
+  }
 }
 
 QSize OutlineStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size, const QWidget* widget) const {

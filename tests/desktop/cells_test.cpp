@@ -128,5 +128,29 @@ TEST_F(Cells, ARefusedCellKeepsTheFocus) {
   EXPECT_EQ(screen->Focus(), &screen->grid);
 }
 
+TEST_F(Cells, TheSpaceBarTurnsACheckOver) {
+  const bool before = screen->grid.ColumnValue(column::Member).As<bool>();
+  hands->Focus(screen->grid);
+  while (List().CursorColumn() != column::Member) input::Key(*window, Qt::Key_Right, Qt::NoModifier);
+  input::Key(*window, Qt::Key_Space, Qt::NoModifier, " ");
+  Process();
+  EXPECT_EQ(screen->grid.ColumnValue(column::Member).As<bool>(), !before);
+  input::Key(*window, Qt::Key_Space, Qt::NoModifier, " ");
+  Process();
+  EXPECT_EQ(screen->grid.ColumnValue(column::Member).As<bool>(), before);
+  EXPECT_EQ(screen->grid.SelBookmarks.Count(), 0);
+}
+
+/// The row is left, and so written, by going to another one only.
+TEST_F(Cells, AClickInTheSameRowDoesNotLeaveIt) {
+  hands->Cell(screen->grid, column::Name, "Changed");
+  EXPECT_TRUE(screen->grid.DataChanged());
+  hands->Row(screen->grid, screen->grid.CurrentBookmark());
+  EXPECT_TRUE(screen->grid.DataChanged());
+  EXPECT_EQ(table.updates, 0);
+  hands->Row(screen->grid, screen->data.Window()->RowsAt(3, 1).front().bookmark);
+  EXPECT_EQ(table.updates, 1);
+}
+
 }  // namespace
 }  // namespace desktop_test

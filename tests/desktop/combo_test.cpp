@@ -93,5 +93,44 @@ TEST_F(Combos, AWheelOverItChangesNothing) {
   EXPECT_EQ(screen->cboColour.Text(), "Red");
 }
 
+TEST_F(Combos, TheKeyboardOpensTheListAndChooses) {
+  for (const char* key : {"F4", "Alt+Down"}) {
+    hands->ClearCombo(screen->cboColour);
+    hands->Key(screen->cboColour, key);
+    ASSERT_TRUE(Combo().view()->isVisible()) << key;
+    input::Key(*window, Qt::Key_Home, Qt::NoModifier);
+    input::Key(*window, Qt::Key_Down, Qt::NoModifier);
+    input::Key(*window, Qt::Key_Return, Qt::NoModifier, "\r");
+    Process();
+    EXPECT_FALSE(Combo().view()->isVisible());
+    EXPECT_EQ(screen->cboColour.Text(), "Green") << key;
+    EXPECT_EQ(screen->cboColour.BoundValue(), platform::Value(2));
+  }
+}
+
+TEST_F(Combos, TypingInTheOpenListFinds) {
+  hands->Key(screen->cboColour, "F4");
+  input::Type(*window, "grey");
+  input::Key(*window, Qt::Key_Return, Qt::NoModifier, "\r");
+  Process();
+  EXPECT_EQ(screen->cboColour.Text(), "Grey");
+}
+
+TEST_F(Combos, EscapeClosesTheListAndKeepsTheChoice) {
+  hands->Pick(screen->cboColour, screen->cboColour.Rows()[0]);
+  hands->Key(screen->cboColour, "F4");
+  input::Key(*window, Qt::Key_Down, Qt::NoModifier);
+  input::Key(*window, Qt::Key_Escape, Qt::NoModifier, "\x1b");
+  Process();
+  EXPECT_FALSE(Combo().view()->isVisible());
+  EXPECT_EQ(screen->cboColour.Text(), "Red");
+}
+
+TEST_F(Combos, AltWithALetterTypesNothing) {
+  hands->Pick(screen->cboColour, screen->cboColour.Rows()[0]);
+  input::Key(*window, Qt::Key_Q, Qt::AltModifier, "q");
+  EXPECT_EQ(screen->cboColour.Text(), "Red");
+}
+
 }  // namespace
 }  // namespace desktop_test

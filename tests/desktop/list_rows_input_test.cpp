@@ -1,5 +1,7 @@
 #include <QApplication>
+#include <QDialog>
 #include <QScrollBar>
+#include <QTimer>
 #include <QWheelEvent>
 
 #include "desktop/hands/input.h"
@@ -153,6 +155,35 @@ TEST_F(Rows, IdleWorkWaitsWhileAHandlerRuns) {
     for (int i = 0; i < 10; ++i) app->DoEvents();
   });
   EXPECT_EQ(table.slicesToCount, 3);
+}
+
+TEST_F(Rows, AClickOnARowThatAnotherUserDeletedIsReported) {
+  OpenList(20);
+  QTimer closer;
+  QObject::connect(&closer, &QTimer::timeout, [] {
+    if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget())) box->reject();
+  });
+  closer.start(5);
+  const auto click = [this](std::int64_t row) { hands->Row(screen->grid, Mark(row)); };
+  click(4);
+  table.gone.insert(4);
+  click(4);
+  ASSERT_EQ(unhandled.size(), 1u);
+  EXPECT_EQ(unhandled[0].Number(), 3167);
+  EXPECT_EQ(Current(), 5);
+  click(6);
+  EXPECT_EQ(unhandled.size(), 1u);
+  click(4);
+  ASSERT_EQ(unhandled.size(), 2u);
+  EXPECT_EQ(Current(), 7);
+}
+
+TEST_F(Rows, AfterAJumpTheFirstRowInViewIsAWholeOne) {
+  OpenList(kFiveMillion);
+  for (const char* criteria : {"[Number]=3141592", "[Number]=17", "[Number]=40"}) {
+    screen->data.Recordset().FindFirst(criteria);
+    EXPECT_EQ(List().verticalScrollBar()->value() % List().RowHeight(), 0) << criteria;
+  }
 }
 
 }  // namespace

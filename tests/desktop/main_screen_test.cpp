@@ -12,56 +12,11 @@
 #include <set>
 
 #include "desktop/binding/binder.h"
-#include "desktop/front_end.h"
 #include "desktop/list/list_view.h"
-#include "desktop/support/fake_rows.h"
-#include "maintenance/frmCustMain.h"
-#include "session/ModCustSch.h"
-#include "suite/operating_system.h"
+#include "desktop/support/main_screen.h"
 
 namespace desktop_test {
 namespace {
-
-/// The main screen's window without a company behind it: layout alone.
-class MainScreen : public testing::Test {
- protected:
-  MainScreen() {
-    platform::ApplicationParts parts;
-    parts.engine = std::make_unique<FakeEngine>(table);
-    parts.system = suite::MakeNativeSystem("/tmp");
-    auto made = std::make_unique<desktop::DesktopFrontEnd>(desktop::DesktopOptions{});
-    front = made.get();
-    parts.frontEnd = std::move(made);
-    app = std::make_unique<platform::Application>(std::move(parts));
-    orcussch::AttachApplication(app.get());
-    screen = std::make_unique<orcussch::frmCustMain>();
-    front->Loaded(*screen);
-    window = front->WindowOf(*screen);
-  }
-  ~MainScreen() override {
-    front->Unloaded(*screen);
-    screen.reset();
-    orcussch::AttachApplication(nullptr);
-    app.reset();
-  }
-
-  void ShowPage(int tab, int page) {
-    auto* pages = window->findChild<QStackedWidget*>("SSIndexTab1_pages");
-    pages->setCurrentWidget(window->findChild<QWidget*>(QString("tab_%1_page_%2").arg(tab).arg(page)));
-    QApplication::processEvents();
-  }
-  void ShowAt(const QSize& size) {
-    window->resize(size);
-    window->show();
-    QApplication::processEvents();
-  }
-
-  FakeTable table;
-  desktop::DesktopFrontEnd* front = nullptr;
-  std::unique_ptr<platform::Application> app;
-  std::unique_ptr<orcussch::frmCustMain> screen;
-  desktop::FormWindow* window = nullptr;
-};
 
 TEST_F(MainScreen, EveryControlHasItsWidgetOfTheRightClass) {
   for (platform::Control* control : screen->Controls()) {
@@ -168,12 +123,51 @@ TEST_F(MainScreen, TheCommentTakesTheRoomOfWhatItHides) {
   ShowPage(0, 1);
   auto* comment = window->findChild<QWidget*>("fraComment");
   const int before = comment->height();
-  for (platform::Control* control :
-       std::initializer_list<platform::Control*>{&screen->fraStatus, &screen->fraBillingStatus, &screen->fraTaxBasis, &screen->fraTax,
-                                                 &screen->chkAgeMethod, &screen->chkOmitFinChg})
-    window->BindingOf(*control)->Widget()->setVisible(false);
-  QApplication::processEvents();
+  screen->txtComment_GotFocus();
+  ShowWhatIsHidden();
   EXPECT_GT(comment->height(), before * 2);
+}
+
+/// What stays in view stays where it is: the pointer is over the box that was clicked.
+TEST_F(MainScreen, TheCommentMovesNothingElse) {
+  ShowAt({1180, 760});
+  ShowPage(0, 1);
+  const std::vector<const char*> stay = {"txtLastName", "txtCreditLimit", "box_Electronic", "fraLaborRate", "cmdMapCode"};
+  const auto places = [&] {
+    std::vector<QRect> now;
+    for (const char* name : stay) {
+      const auto* widget = window->findChild<QWidget*>(name);
+      now.emplace_back(widget->mapTo(window, QPoint()), widget->size());
+    }
+    return now;
+  };
+  const auto before = places();
+  const QPoint bottom =
+      window->findChild<QWidget*>("fraComment")->mapTo(window, QPoint(5, window->findChild<QWidget*>("fraComment")->height() - 5));
+  screen->txtComment_GotFocus();
+  ShowWhatIsHidden();
+  EXPECT_EQ(places(), before);
+  const auto* comment = window->findChild<QWidget*>("fraComment");
+  EXPECT_TRUE(QRect(comment->mapTo(window, QPoint()), comment->size()).contains(bottom));
+  screen->txtComment_LostFocus();
+  ShowWhatIsHidden();
+  EXPECT_TRUE(window->findChild<QWidget*>("fraTaxBasis")->isVisible());
+  EXPECT_EQ(places(), before);
+}
+
+/// The longest heading as search prompt and in both options still leaves the window its width.
+TEST_F(MainScreen, ALongHeadingDoesNotWidenTheWindow) {
+  ShowAt({1024, 768});
+  screen->lblSearch[0].Caption("Tax Exemption Expiration Date");
+  screen->optOrder0[0].Caption("Ascending Tax Exemption Expiration Date");
+  screen->optOrder0[1].Caption("Descending Tax Exemption Expiration Date");
+  for (const platform::Control* control :
+       std::initializer_list<const platform::Control*>{&screen->lblSearch[0], &screen->optOrder0[0], &screen->optOrder0[1]})
+    window->BindingOf(*control)->ShowAll();
+  QApplication::processEvents();
+  EXPECT_EQ(window->findChild<QLabel*>("lblSearch_0")->text(), "Tax Exemption Expiration Date");
+  EXPECT_EQ(window->width(), 1024);
+  EXPECT_GE(window->findChild<QWidget*>("txtSearch_0")->width(), 100);
 }
 
 }  // namespace

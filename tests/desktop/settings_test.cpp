@@ -1,6 +1,7 @@
 #include "desktop/settings.h"
 
 #include <QDir>
+#include <QScreen>
 
 #include "desktop/support/desk.h"
 
@@ -72,6 +73,15 @@ TEST_F(Places, TheWindowsSizeIsKept) {
   Start(options);
   Open();
   EXPECT_EQ(window->size(), QSize(780, 590));
+}
+
+TEST_F(Places, TheFirstTimeItTakesMostOfTheScreenAndNotMore) {
+  Open();
+  const QSize room = window->screen()->availableGeometry().size();
+  EXPECT_GE(window->width(), std::min(room.width() * 8 / 10, 1600));
+  EXPECT_GE(window->height(), std::min(room.height() * 8 / 10, 1000));
+  EXPECT_LE(window->width(), room.width());
+  EXPECT_LE(window->height(), room.height());
 }
 
 }  // namespace

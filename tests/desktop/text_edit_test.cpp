@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
+#include <QLabel>
 
 #include "desktop/hands/input.h"
 #include "desktop/support/desk.h"
@@ -175,6 +176,58 @@ TEST_F(Edits, ATypeThatWasDroppedLeavesNothing) {
   EXPECT_EQ(screen->txtText.Text(), "onetwo");
   hands->Type(screen->txtText, "", false);
   EXPECT_EQ(screen->txtText.Text(), "");
+}
+
+TEST_F(Edits, BackspaceInTheMiddleStaysInTheMiddle) {
+  hands->Type(screen->txtPhone, "1234567", false);
+  EXPECT_EQ(Edit("txtPhone").text(), "123-4567");
+  Edit("txtPhone").setCursorPosition(4);  // behind the line
+  Press(Qt::Key_Backspace);
+  EXPECT_EQ(screen->txtPhone.Text(), "124567");
+  EXPECT_EQ(Edit("txtPhone").text().left(7), "124-567");
+  input::Type(*window, "9");
+  EXPECT_EQ(screen->txtPhone.Text(), "1294567");
+  Edit("txtPhone").setCursorPosition(6);
+  Press(Qt::Key_Backspace);
+  EXPECT_EQ(screen->txtPhone.Text(), "129467");
+  EXPECT_EQ(Edit("txtPhone").cursorPosition(), 5);
+}
+
+TEST_F(Edits, PasteReplacesWhatIsSelected) {
+  hands->Type(screen->txtPhone, "5551234", false);
+  Edit("txtPhone").selectAll();
+  QApplication::clipboard()->setText("612 - 9999");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Edit("txtPhone").text(), "612-9999");
+}
+
+TEST_F(Edits, AltWithALetterThatNothingKnowsTypesNothing) {
+  hands->Type(screen->txtText, "abc", false);
+  input::Key(*window, Qt::Key_Q, Qt::AltModifier, "q");
+  EXPECT_EQ(screen->txtText.Text(), "abc");
+  hands->Type(screen->txtMemo, "abc", false);
+  input::Key(*window, Qt::Key_Q, Qt::AltModifier, "q");
+  EXPECT_EQ(screen->txtMemo.Text(), "abc");
+}
+
+TEST_F(Edits, ACaptionsLetterLeadsToItsEdit) {
+  auto* label = window->findChild<QLabel*>("caption_txtPhone");
+  label->setText("&Phone:");
+  hands->Focus(screen->txtText);
+  input::Key(*window, Qt::Key_P, Qt::AltModifier, "p");
+  Process();
+  EXPECT_EQ(screen->Focus(), &screen->txtPhone);
+}
+
+TEST_F(Edits, WhatNobodyEditsIsReadFromItsBeginning) {
+  hands->Focus(screen->txtPhone);
+  screen->txtText.Text("0123456789");
+  EXPECT_EQ(Edit("txtText").cursorPosition(), 0);
+  hands->Focus(screen->txtText);
+  hands->Key(screen->txtText, "End");
+  EXPECT_EQ(Edit("txtText").cursorPosition(), 10);
+  hands->Focus(screen->txtPhone);
+  EXPECT_EQ(Edit("txtText").cursorPosition(), 0);
 }
 
 }  // namespace

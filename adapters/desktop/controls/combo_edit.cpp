@@ -5,9 +5,11 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QStandardItemModel>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 #include <QWheelEvent>
 
+#include "desktop/controls/text_edit.h"
 #include "platform/text.h"
 
 namespace desktop {
@@ -15,6 +17,17 @@ namespace desktop {
 namespace {
 constexpr int kColumnGap = 16;
 constexpr int kShownRows = 14;
+constexpr int kRowGap = 8;
+
+/// Rows with room to be read and hit.
+class ListRowDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QSize hint = QStyledItemDelegate::sizeHint(option, index);
+    return {hint.width(), hint.height() + kRowGap};
+  }
+};
 }  // namespace
 
 ComboEdit::ComboEdit(QWidget* parent) : QComboBox(parent) {
@@ -31,6 +44,7 @@ ComboEdit::ComboEdit(QWidget* parent) : QComboBox(parent) {
   list->setEditTriggers(QAbstractItemView::NoEditTriggers);
   setModel(NewWidget<QStandardItemModel>(static_cast<QObject*>(this)));
   setView(list);
+  list->setItemDelegate(NewWidget<ListRowDelegate>(static_cast<QObject*>(this)));
 }
 
 void ComboEdit::Attach(platform::ComboBox& model) {
@@ -143,7 +157,7 @@ void ComboEdit::keyPressEvent(QKeyEvent* event) {
     return event->accept();
   }
   if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
-      (commands && event->key() == Qt::Key_Tab))
+      (commands && event->key() == Qt::Key_Tab) || IsStrayLetter(*event))
     return event->ignore();
   Rows();
   erasing_ = event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete;

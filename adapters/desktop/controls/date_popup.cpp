@@ -5,6 +5,8 @@
 #include <QFrame>
 #include <QPointer>
 #include <QScreen>
+#include <QTextCharFormat>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -33,6 +35,21 @@ QPoint PlaceBelow(const TextEdit& edit, const QSize& size) {
   return at;
 }
 
+/// In our colours: plain arrows, and no red days, which dark colours swallow.
+void Plain(QCalendarWidget& calendar) {
+  QTextCharFormat weekend;
+  weekend.setForeground(calendar.palette().color(QPalette::Active, QPalette::Text));
+  for (const auto day : {Qt::Saturday, Qt::Sunday}) calendar.setWeekdayTextFormat(day, weekend);
+  const auto arrow = [&](const char* name, Qt::ArrowType type) {
+    if (auto* button = calendar.findChild<QToolButton*>(name)) {
+      button->setIcon({});
+      button->setArrowType(type);
+    }
+  };
+  arrow("qt_calendar_prevmonth", Qt::LeftArrow);
+  arrow("qt_calendar_nextmonth", Qt::RightArrow);
+}
+
 void OpenCalendar(TextEdit& edit, platform::DateEdit& model) {
   auto* popup = NewWidget<QFrame>(static_cast<QWidget*>(&edit));
   popup->setWindowFlags(Qt::Popup);
@@ -44,6 +61,7 @@ void OpenCalendar(TextEdit& edit, platform::DateEdit& model) {
   calendar->setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
   calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
   calendar->setSelectedDate(DayOf(model));
+  Plain(*calendar);
   layout->addWidget(calendar);
   const auto take = [&edit, &model, popup](const QDate& day) {
     popup->close();

@@ -150,6 +150,7 @@ void MemoEdit::keyPressEvent(QKeyEvent* event) {
     }
     return event->accept();
   }
+  if (IsStrayLetter(*event)) return event->ignore();
   QPlainTextEdit::keyPressEvent(event);
 }
 

@@ -40,6 +40,8 @@ bool TypesCharacter(const QKeyEvent& event) {
          text[0].category() == QChar::Other_Format;
 }
 
+bool IsStrayLetter(const QKeyEvent& event) { return !event.text().isEmpty() && event.text()[0].isPrint() && !TypesCharacter(event); }
+
 TextEdit::TextEdit(QWidget* parent) : QLineEdit(parent) {
   setDragEnabled(false);
   setTextMargins(kTextMargin, 0, kTextMargin, 0);
@@ -211,7 +213,7 @@ void TextEdit::keyPressEvent(QKeyEvent* event) {
     for (const char32_t character : characters) Edit([&] { model_->UserKey(character); });
     return event->accept();
   }
-  if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) return event->ignore();
+  if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down || IsStrayLetter(*event)) return event->ignore();
   QLineEdit::keyPressEvent(event);
 }
 

@@ -72,5 +72,7 @@ class TextEdit final : public QLineEdit {
 
 /// Whether the key types a character (and is no command).
 bool TypesCharacter(const QKeyEvent& event);
+/// Whether the key has a printable text that is not meant as such: Alt with a letter that no menu or caption knows.
+bool IsStrayLetter(const QKeyEvent& event);
 
 }  // namespace desktop

@@ -3,6 +3,7 @@
 #include <QCompleter>
 #include <QKeyEvent>
 
+#include "desktop/controls/text_edit.h"
 #include "desktop/toolkit.h"
 
 namespace desktop {
@@ -44,6 +45,7 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
     if (onLeave) onLeave(Leave::Drop);
     return event->accept();
   }
+  if (IsStrayLetter(*event)) return event->ignore();
   QLineEdit::keyPressEvent(event);
   // Nothing typed here is a command of the screen.
   if (!event->text().isEmpty()) event->accept();

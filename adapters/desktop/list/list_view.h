@@ -43,6 +43,8 @@ class ListView final : public QAbstractScrollArea {
   bool IdleSlice();
 
   // For the heading, the hands and tests.
+  /// The column of the cell that keys act on; -1 without any.
+  int CursorColumn() const noexcept { return cursorColumn_; }
   const ColumnLayout& Columns() const noexcept { return columns_; }
   ListRows& Rows() noexcept { return rows_; }
   ListHeader& Header() const noexcept { return *header_; }

@@ -200,10 +200,13 @@ bool ListView::ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modif
     const QRect cell = box ? CellRect(at, column) : QRect();
     return box && CheckRect(cell).adjusted(-3, -3, 3, 3).contains(QPoint(x, cell.center().y()));
   };
-  bool moved = current_ == bookmark && !currentChanged_ && onBox(ordinal);
-  if (moved) {
-    // A box of the current row is turned over without asking for the row anew.
-    Act([](platform::Grid& grid) { grid.Owner().UserFocus(grid); });
+  bool moved = false;
+  if (current_ == bookmark && !currentChanged_ && IsOpen(column) && (!grid_->Column(column).checkBox || onBox(ordinal))) {
+    // A cell that can be changed, of the row on which the user stands: the row does not become current once more.
+    Act([&](platform::Grid& grid) {
+      grid.Owner().UserFocus(grid);
+      moved = !grid.OpenCell() || grid.UserCloseCell();
+    });
   } else {
     Act([&](platform::Grid& grid) { moved = grid.UserRow(bookmark); });
   }

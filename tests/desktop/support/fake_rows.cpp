@@ -112,7 +112,11 @@ class FakeRecordset final : public Recordset {
     if (Bof() || Eof()) throw Error(3021, "No current record.");
     return {set_, KeyOf(at_)};
   }
-  void SetBookmark(const platform::Bookmark& bookmark) override { at_ = std::stoll(bookmark.key); }
+  void SetBookmark(const platform::Bookmark& bookmark) override {
+    const std::int64_t row = std::stoll(bookmark.key);
+    if (table_.gone.count(row) > 0) throw Error(3167, "Record is deleted.");
+    at_ = row;
+  }
   platform::Bookmark LastModified() const override { return Bookmark(); }
   RecordsetRef Clone() override {
     clones_.push_back(std::make_shared<FakeRecordset>(table_, source_, set_));

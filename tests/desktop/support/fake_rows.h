@@ -20,6 +20,7 @@ struct FakeTable {
   std::int64_t estimate = 0;          ///< what Count says till then
   bool broken = false;                ///< every read raises
   std::set<std::int64_t> unreadable;  ///< rows that are in the list and can't be read
+  std::set<std::int64_t> gone;        ///< rows that another user has deleted: nobody can stand on them again
   std::map<std::pair<std::int64_t, int>, platform::Value> edits;
   std::function<void()> onRead;  ///< runs inside each read, as a slow engine does
 

@@ -1,0 +1,114 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QStyleOption>
+#include <cmath>
+
+#include "desktop/outline_style.h"
+#include "desktop/support/desk.h"
+#include "desktop/theme.h"
+
+namespace desktop_test {
+namespace {
+
+class Style : public Desk {
+ protected:
+  void SetUp() override { Start(); }
+};
+
+double Light(const QColor& colour) {
+  const auto part = [](double value) { return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4); };
+  return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+}
+
+double Contrast(const QColor& one, const QColor& other) {
+  const double a = Light(one);
+  const double b = Light(other);
+  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+TEST_F(Style, TextsAndHintsCanBeReadInBothSchemes) {
+  constexpr double kReadable = 4.5;
+  for (const bool dark : {false, true}) {
+    const QPalette colours = desktop::theme::Colours(dark);
+    const QColor ground = colours.color(QPalette::Window);
+    EXPECT_GE(Contrast(colours.color(QPalette::WindowText), ground), kReadable);
+    EXPECT_GE(Contrast(colours.color(QPalette::Text), colours.color(QPalette::Base)), kReadable);
+    EXPECT_GE(Contrast(colours.color(QPalette::Text), desktop::theme::SheetColour(colours)), kReadable);
+    EXPECT_GE(Contrast(desktop::theme::HintColour(colours), ground), kReadable);
+    EXPECT_GE(Contrast(colours.color(QPalette::ButtonText), colours.color(QPalette::Button)), kReadable);
+    EXPECT_GE(Contrast(colours.color(QPalette::HighlightedText), colours.color(QPalette::Highlight)), 3.0);
+  }
+}
+
+TEST_F(Style, UncheckedMarksHaveAnOutlineThatShows) {
+  const desktop::OutlineStyle style;
+  for (const bool dark : {false, true}) {
+    QStyleOptionButton option;
+    option.palette = desktop::theme::Colours(dark);
+    option.rect = QRect(0, 0, 16, 16);
+    option.state = QStyle::State_Enabled | QStyle::State_Off;
+    for (const auto element : {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton}) {
+      const QColor ground = option.palette.color(QPalette::Window);
+      QImage picture(16, 16, QImage::Format_RGB32);
+      picture.fill(ground);
+      QPainter painter(&picture);
+      style.drawPrimitive(element, &option, &painter, nullptr);
+      painter.end();
+      double most = 1;
+      for (int x = 0; x < 4; ++x) most = std::max(most, Contrast(picture.pixelColor(x, 8), ground));
+      EXPECT_GT(most, 1.6) << dark << " " << element;
+    }
+  }
+}
+
+TEST_F(Style, EditsListsAndButtonsAreOfOneHeight) {
+  const desktop::OutlineStyle style;
+  QStyleOptionFrame edit;
+  QStyleOptionComboBox combo;
+  QStyleOptionButton button;
+  const QSize text(60, 14);
+  const int height = style.sizeFromContents(QStyle::CT_LineEdit, &edit, text, nullptr).height();
+  EXPECT_GE(height, 24);
+  EXPECT_EQ(style.sizeFromContents(QStyle::CT_ComboBox, &combo, text, nullptr).height(), height);
+  EXPECT_EQ(style.sizeFromContents(QStyle::CT_PushButton, &button, text, nullptr).height(), height);
+}
+
+TEST_F(Style, ABoxOfManyLinesShowsItsFocus) {
+  const desktop::OutlineStyle style;
+  QPlainTextEdit box;
+  QStyleOptionFrame option;
+  option.palette = desktop::theme::Colours(false);
+  option.rect = QRect(0, 0, 40, 40);
+  option.lineWidth = 1;
+  const auto drawn = [&](QStyle::State state) {
+    option.state = state;
+    QImage picture(40, 40, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    style.drawPrimitive(QStyle::PE_Frame, &option, &painter, &box);
+    return picture.pixelColor(0, 20);
+  };
+  const QColor without = drawn(QStyle::State_Enabled);
+  const QColor with = drawn(QStyle::State_Enabled | QStyle::State_HasFocus);
+  EXPECT_GT(Contrast(with, without), 2.0);
+}
+
+TEST_F(Style, BoxesBearOurDrawingsAndPlainButtons) {
+  const desktop::OutlineStyle style;
+  EXPECT_EQ(style.styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons, nullptr, nullptr, nullptr), 0);
+  std::vector<QImage> seen;
+  for (const auto which :
+       {QStyle::SP_MessageBoxInformation, QStyle::SP_MessageBoxQuestion, QStyle::SP_MessageBoxWarning, QStyle::SP_MessageBoxCritical}) {
+    const QImage picture = style.standardIcon(which, nullptr, nullptr).pixmap(48, 48).toImage();
+    ASSERT_FALSE(picture.isNull());
+    EXPECT_GT(picture.pixelColor(24, 40).alpha(), 200);
+    for (const QImage& other : seen) EXPECT_NE(picture, other);
+    seen.push_back(picture);
+  }
+}
+
+}  // namespace
+}  // namespace desktop_test

@@ -20,6 +20,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   assignment/tax-list-orders-and-displays
   assignment/tax-list-without-rows
   assignment/tax-work-table-missing
+  assignment/tax-number-zero-is-none
   assignment/taxes-of-the-customer
   assignment/tick-a-tax-by-hand
   assignment/ticked-tax-is-gone

@@ -152,40 +152,46 @@ bool SortedFeed::Before(const Entry& left, const Entry& right) const {
   return descending_ ? !less && !same : less;
 }
 
-// The start at one eighth of a piece, near enough: that of a few of its entries.
-std::uint64_t SortedFeed::EighthOf(std::size_t from, std::size_t to) const {
-  std::array<std::uint64_t, 64> some{};
-  for (std::size_t i = 0; i < some.size(); ++i) some[i] = entries_[from + (to - from) * i / some.size()].prefix;
+// Brings the entries of a piece that stand in its first eighth, near enough, to its front, by what `key` takes of them; where
+// the others begin. Entries of one key stay together, and so some may be all.
+template <class Key>
+std::size_t SortedFeed::Divide(std::size_t from, std::size_t to, Key key) {
+  constexpr std::size_t entriesBetweenPaints = 1 << 19;
+  std::array<decltype(key(entries_[from])), 64> some{};
+  for (std::size_t i = 0; i < some.size(); ++i) some[i] = key(entries_[from + (to - from) * i / some.size()]);
   const auto eighth = some.begin() + (descending_ ? some.size() - some.size() / 8 : some.size() / 8);
   std::ranges::nth_element(some, eighth);
-  return *eighth;
+  const auto bringForward = [&](bool withEighth) {
+    std::size_t cut = from;
+    for (std::size_t i = from; i < to; ++i) {
+      const auto own = key(entries_[i]);
+      if (own == *eighth ? withEighth : descending_ ? own > *eighth : own < *eighth) std::swap(entries_[cut++], entries_[i]);
+      // Only before the first rows: later the windows have the list, and would read on in it.
+      if (given_ == 0 && i % entriesBetweenPaints == 0) source_.Store().ServePainting();
+    }
+    return cut;
+  };
+  const std::size_t cut = bringForward(true);
+  return cut == to ? bringForward(false) : cut;
 }
 
-// Brings the entries of a piece that stand before a start (or on it) to its front; where the others begin.
-std::size_t SortedFeed::Divide(std::size_t from, std::size_t to, std::uint64_t start, bool withStart) {
-  constexpr std::size_t entriesBetweenPaints = 1 << 19;
-  std::size_t cut = from;
-  for (std::size_t i = from; i < to; ++i) {
-    const std::uint64_t prefix = entries_[i].prefix;
-    if (prefix == start ? withStart : descending_ ? prefix > start : prefix < start) std::swap(entries_[cut++], entries_[i]);
-    // Only before the first rows: later the windows have the list, and would read on in it.
-    if (given_ == 0 && i % entriesBetweenPaints == 0) source_.Store().ServePainting();
-  }
-  return cut;
-}
-
-// Cuts a part off the first unsorted piece until it is short enough to be sorted as a whole. False when it is. Entries of one
-// start stay in one piece, since only their full keys order them.
+// Cuts a part off the first unsorted piece until it is short enough to be sorted as a whole. False when it is.
 bool SortedFeed::SplitFirst() {
   constexpr std::size_t shortPiece = 256;
   if (ends_.empty()) return false;
   const std::size_t end = ends_.back();
   if (end - given_ <= shortPiece) return false;
-  const std::uint64_t start = EighthOf(given_, end);
-  std::size_t cut = Divide(given_, end, start, true);
-  if (cut == end) cut = Divide(given_, end, start, false);
-  if (cut == given_) return false;  // one start alone
-  ends_.push_back(cut);
+  const auto all = [&](auto test) {
+    return std::all_of(entries_.begin() + static_cast<std::ptrdiff_t>(given_), entries_.begin() + static_cast<std::ptrdiff_t>(end), test);
+  };
+  const std::uint64_t start = entries_[given_].prefix;
+  if (!all([start](const Entry& entry) { return entry.prefix == start; })) {
+    ends_.push_back(Divide(given_, end, [](const Entry& entry) { return entry.prefix; }));
+    return true;
+  }
+  // Equal keys stand by their row keys; where the start is not the whole key, only the full keys order them.
+  if (!PrefixDecides(order_.type) && !all([](const Entry& entry) { return !entry.Partial(); })) return false;
+  ends_.push_back(Divide(given_, end, [](const Entry& entry) { return entry.RowKey(); }));
   return true;
 }
 

@@ -76,8 +76,8 @@ class SortedFeed final : public KeyFeed {
   void CollectFrom(SqlText& text, std::int64_t from, std::int64_t to);
   void CollectBySlices(const std::string& filtered);
   bool LooksAtAllRows(const SqlText& some);
-  std::uint64_t EighthOf(std::size_t from, std::size_t to) const;
-  std::size_t Divide(std::size_t from, std::size_t to, std::uint64_t start, bool withStart);
+  template <class Key>
+  std::size_t Divide(std::size_t from, std::size_t to, Key key);
   bool Before(const Entry& left, const Entry& right) const;
   bool SplitFirst();
   void OrderTies(std::size_t from, std::size_t to);

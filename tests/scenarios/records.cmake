@@ -82,6 +82,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   laborrates/panel-computes-the-customers-rate
   laborrates/percentage-beyond-the-figures
   laborrates/percentage-is-applied-to-all-rows
+  laborrates/row-deleted-while-applying
   laborrates/short-department-number
   laborrates/steps-of-the-bulk-actions
   laborrates/vanished-row

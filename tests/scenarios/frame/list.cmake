@@ -8,6 +8,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/browse-assignment-lists
   frame/browse-customers
   frame/browse-sub-records
+  frame/cell-of-the-current-row-changes-no-row
   frame/edit-again-from-the-menu
   frame/editing-addresses
   frame/editing-credit-cards

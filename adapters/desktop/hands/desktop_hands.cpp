@@ -137,8 +137,9 @@ void DesktopHands::Type(Control& control, std::string_view text, bool append) {
 void DesktopHands::Key(Control& control, std::string_view key) {
   FormWindow& window = WindowOf(control);
   const Binding* binding = window.BindingOf(control);
-  // An open cell keeps the keys of its list.
-  const auto* list = binding ? dynamic_cast<ListView*>(binding->Widget()) : nullptr;
+  // An open cell keeps the keys of its list; the editor of one that was closed just now goes first.
+  auto* list = binding ? dynamic_cast<ListView*>(binding->Widget()) : nullptr;
+  if (list) list->Sync();
   if (!list || !list->Editor()) Focus(control);
   const input::NamedKey named = input::KeyByName(key);
   if (named.key == Qt::Key_unknown && named.text.isEmpty()) throw std::logic_error("no key " + std::string(key));

@@ -16,6 +16,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   lists/headings-of-credit-cards
   lists/headings-of-phones
   lists/headings-of-types-and-key-words
+  lists/list-goes-on-behind-a-cell
   lists/list-that-can-no-longer-be-built
   lists/name-follows-the-row
   lists/name-of-the-current-customer

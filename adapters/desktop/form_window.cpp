@@ -9,6 +9,7 @@
 #include <QStyle>
 
 #include "desktop/binding/binder.h"
+#include "desktop/mnemonics.h"
 #include "desktop/theme.h"
 #include "platform/controls/buttons.h"
 #include "platform/controls/grid.h"
@@ -47,6 +48,8 @@ FormWindow::FormWindow(platform::Form& form, const FormDesign* design, Services&
     : form_(&form), app_(form.App()), services_(services), name_(ToShown(form.Name())) {
   setAttribute(Qt::WA_QuitOnClose, false);
   if (design) design->setUp(*this);
+  for (QLabel* label : findChildren<QLabel*>())
+    if (label->buddy()) label->setText(WithMnemonic(label->text(), *label));
   setMouseTracking(true);
   if (centralWidget()) centralWidget()->setMouseTracking(true);
   setObjectName(name_);
@@ -188,6 +191,8 @@ void FormWindow::changeEvent(QEvent* event) {
 
 bool FormWindow::focusNextPrevChild(bool next) {
   if (!form_) return QMainWindow::focusNextPrevChild(next);
+  // Buttons, checks and options draw their focus only where the keyboard has moved it.
+  setAttribute(Qt::WA_KeyboardFocusChange);
   Safely(app_, [&] {
     const Binding* here = BindingAround(focusWidget());
     platform::Control* to = form_->NextInTabOrder(here ? &here->Model() : form_->Focus(), !next);

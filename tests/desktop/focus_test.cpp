@@ -1,4 +1,6 @@
 #include <QApplication>
+#include <QImage>
+#include <QPushButton>
 
 #include "desktop/controls/text_edit.h"
 #include "desktop/hands/input.h"
@@ -71,6 +73,18 @@ TEST_F(Focus, AWindowSwitchFiresNothing) {
   window->activateWindow();
   Process();
   EXPECT_TRUE(screen->seen.empty());
+}
+
+TEST_F(Focus, WhereTheKeyboardMovesItTheFocusShowsOnButtonsToo) {
+  screen->SSIndexTab1.Tab(1);
+  Process();
+  hands->Focus(screen->chkOn);
+  auto& go = Widget<QPushButton>("cmdGo");
+  const QImage without = go.grab().toImage();
+  for (int i = 0; i < 12 && screen->Focus() != &screen->cmdGo; ++i) desktop::input::Key(*window, Qt::Key_Tab, Qt::NoModifier, "\t");
+  Process();
+  ASSERT_EQ(screen->Focus(), &screen->cmdGo);
+  EXPECT_NE(go.grab().toImage(), without);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QSignalBlocker>
 
 #include "desktop/form_window.h"
+#include "desktop/mnemonics.h"
 
 namespace desktop {
 
@@ -12,14 +13,6 @@ namespace {
 
 /// Label texts of the models are plain: an ampersand in a customer's name is no mnemonic.
 QString Literal(const std::string& text) { return ToShown(text).replace('&', QStringLiteral("&&")); }
-
-/// The same, with the letter that the layout's property "mnemonic" names underlined at its first place.
-QString WithMnemonic(const std::string& text, const QWidget& widget) {
-  const QString letter = widget.property("mnemonic").toString();
-  QString shown = Literal(text);
-  const qsizetype at = letter.isEmpty() ? -1 : shown.indexOf(letter, 0, Qt::CaseInsensitive);
-  return at < 0 ? shown : shown.insert(at, '&');
-}
 
 }  // namespace
 
@@ -80,7 +73,7 @@ CheckBoxBinding::CheckBoxBinding(FormWindow& window, platform::CheckBox& control
 
 void CheckBoxBinding::Show(Aspect aspect) {
   if (aspect == Aspect::Text) {
-    shown().setText(WithMnemonic(control().Caption(), shown()));
+    shown().setText(WithMnemonic(ToShown(control().Caption()), shown()));
     shown().setChecked(control().Value() != 0);
   } else {
     Binding::Show(aspect);
@@ -100,7 +93,7 @@ void OptionBinding::Show(Aspect aspect) {
     Binding::Show(aspect);
     return;
   }
-  shown().setText(WithMnemonic(control().Caption(), shown()));
+  shown().setText(WithMnemonic(ToShown(control().Caption()), shown()));
   // The models know which choice is on; the toolkit's own rule would keep one from being turned off.
   shown().setAutoExclusive(false);
   shown().setChecked(control().Value());
@@ -115,7 +108,7 @@ CommandBinding::CommandBinding(FormWindow& window, platform::CommandButton& cont
 
 void CommandBinding::Show(Aspect aspect) {
   if (aspect == Aspect::Text) {
-    shown().setText(WithMnemonic(control().Caption(), shown()));
+    shown().setText(WithMnemonic(ToShown(control().Caption()), shown()));
   } else {
     Binding::Show(aspect);
   }

@@ -7,6 +7,7 @@ namespace {
 
 constexpr int kTypes = 5;
 constexpr int kWords = 6;
+constexpr std::size_t kFewest = 4;  ///< entries that are left, so that there are some to tick together
 constexpr std::size_t kMost = 14;
 
 /// A list of the company and the table of what customers have of it.
@@ -91,12 +92,12 @@ std::optional<Operation> Clerk::RenameTypeInTheList() {
 std::optional<Operation> Clerk::DeleteType() {
   const std::string acct = Choose("Customers");
   const std::string code = Choose("DataCodes", [this](const Row& row) { return !HasAnybody(kTypes, row.at("Code")); });
-  if (acct.empty() || code.empty()) return std::nullopt;
+  if (acct.empty() || code.empty() || Table("DataCodes").size() <= kFewest) return std::nullopt;
   Operation act = At(acct, kTypes);
   act.before.push_back("row grid(5) where Code " + code);
   DeleteCurrent(act);
-  // The rules compare the code with a text to find the successor, if there are any rows, and say so.
-  if (Table("DataCodes").size() > 1) act.after.push_back("expect log frmCustMain.RecordDelete 3464");
+  // The rules compare the code with a text to find the successor, and say so.
+  act.after.push_back("expect log frmCustMain.RecordDelete 3464");
   act.steps.push_back(Remove("DataCodes", code));
   return act;
 }
@@ -140,7 +141,7 @@ std::optional<Operation> Clerk::ChangeWord() {
 std::optional<Operation> Clerk::DeleteWord() {
   const std::string acct = Choose("Customers");
   const std::string word = Choose("Keywords", [this](const Row& row) { return !HasAnybody(kWords, row.at("Keyword")); });
-  if (acct.empty() || word.empty()) return std::nullopt;
+  if (acct.empty() || word.empty() || Table("Keywords").size() <= kFewest) return std::nullopt;
   Operation act = At(acct, kWords);
   act.before.push_back("row grid(6) where Keyword " + word);
   DeleteCurrent(act);

@@ -61,7 +61,7 @@ class ScreenKillTest {
   int Run() {
     Undisturbed(kFirstActs);
     while (!failed_ && (kills_ < options_.kills || Rarest() < options_.acts)) {
-      if (rounds_ % kRoundsBetweenClearings == 0) ClearOrphans();
+      if (rounds_ % kRoundsBetweenClearings == 0) ClearAway();
       Round();
     }
     if (!failed_) Undisturbed(kFirstActs);
@@ -104,8 +104,9 @@ class ScreenKillTest {
     books_ = ReadBooks(CustomerFile());
   }
 
-  /// Other programs of the suite clear away what belonged to deleted customers, so that the file stays small.
-  void ClearOrphans() {
+  /// Other programs of the suite clear away what belonged to deleted customers, so that the file stays small, and take every other
+  /// type and word from all customers, so that some can be deleted.
+  void ClearAway() {
     struct Owned {
       const char* table;
       const char* owner;
@@ -118,6 +119,11 @@ class ScreenKillTest {
       for (const std::string& acct : gone)
         RunStatement(CustomerFile(), std::string("DELETE FROM ") + owned.table + " WHERE " + owned.owner + " = " + acct);
     }
+    bool other = false;
+    for (const auto& [code, row] : books_.tables["DataCodes"])
+      if ((other = !other)) RunStatement(CustomerFile(), "DELETE FROM CustCodes WHERE CustCodes = " + code);
+    for (const auto& [word, row] : books_.tables["Keywords"])
+      if ((other = !other)) RunStatement(CustomerFile(), "DELETE FROM Lookups WHERE [Text] = '" + word + "'");
     books_ = ReadBooks(CustomerFile());
   }
 

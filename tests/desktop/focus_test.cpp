@@ -76,6 +76,7 @@ TEST_F(Focus, AWindowSwitchFiresNothing) {
 }
 
 TEST_F(Focus, WhereTheKeyboardMovesItTheFocusShowsOnButtonsToo) {
+  screen->SSIndexTab1.Page(0);
   screen->SSIndexTab1.Tab(1);
   Process();
   hands->Focus(screen->chkOn);

@@ -14,7 +14,7 @@ void frmCustMain::RecordDelete() {
 
   // Without rows, and after No, the hourglass stays until the next operation sets the pointer back.
   bool Records = false;
-  on([&] { Records = data[n].Recordset().RecordCount() != 0; });
+  on([&] { Records = data[n].Recordset().HasRows(); });
   if (!Records) return;
   DeleteState state;
   state.Title = "Delete " + RecordLabel();

@@ -6,7 +6,7 @@
 // The screen's life and its modes: what is enabled when.
 namespace orcussch {
 
-bool HasRecords(const platform::DataControl& Data) { return Data.HasRecordset() && Data.Recordset().RecordCount() != 0; }
+bool HasRecords(const platform::DataControl& Data) { return Data.HasRecordset() && Data.Recordset().HasRows(); }
 
 std::string TrimmedCaption(const frmCustMain& Screen, int Tab) { return platform::Trim(Screen.SSIndexTab1.TabCaption(Tab)); }
 
@@ -162,7 +162,7 @@ void frmCustMain::EditSetup() {
 void frmCustMain::TestRecordcount() {
   Trap("frmCustMain.TestRecordCount", [this] {
     const auto Current = static_cast<std::size_t>(Tab());
-    const bool Records = data[Current].Recordset().RecordCount() != 0;
+    const bool Records = data[Current].Recordset().HasRows();
     orcussch::App().DoEvents();
     for (const char* key : {"tb_Print", "tb_Preview", "tb_Select", "tb_EditRec", "tb_DeleteRec"}) tb(key).Enabled(Records);
     tb("tb_Find").Enabled(!txtSearch[Current].Text().empty());

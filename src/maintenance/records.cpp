@@ -48,7 +48,7 @@ void frmCustMain::RecordAdd() {
 void frmCustMain::RecordEdit() {
   ResumeNext on("frmCustMain.RecordEdit");
   bool Records = false;
-  on([&] { Records = data[static_cast<std::size_t>(Tab())].Recordset().RecordCount() != 0; });
+  on([&] { Records = data[static_cast<std::size_t>(Tab())].Recordset().HasRows(); });
   if (!Records) return;
   BeginWork();
   mRecordMode = "E";
@@ -101,7 +101,7 @@ void frmCustMain::ShowSaved(ResumeNext& on, const SaveState& state) {
 void frmCustMain::StandOn(ResumeNext& on, const std::string& Position) {
   const auto n = static_cast<std::size_t>(Tab());
   bool Records = false;
-  on([&] { Records = data[n].Recordset().RecordCount() != 0; });
+  on([&] { Records = data[n].Recordset().HasRows(); });
   if (!Records) return;
   bool NoMatch = false;
   on([&] {

@@ -94,6 +94,8 @@ class Recordset {
   virtual bool NoMatch() const = 0;
   /// 0 exactly when no row is left; else at least 1, and final after MoveLast.
   virtual std::int32_t RecordCount() = 0;
+  /// Whether a row is left: what RecordCount tells from 0, without the counting that it may need after MoveLast.
+  virtual bool HasRows() { return RecordCount() != 0; }
 
   virtual void MoveFirst() = 0;
   virtual void MoveLast() = 0;

@@ -28,7 +28,7 @@ void Cursor::StandOnFirst() {
 
 void Cursor::BeginNowhere() {
   standing_ = Standing::Nowhere;
-  bof_ = eof_ = list_->RowsReached() == 0;
+  bof_ = eof_ = !list_->AnyRow();
 }
 
 void Cursor::BecomeCurrent(Place place) {

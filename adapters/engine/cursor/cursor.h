@@ -36,6 +36,7 @@ class Cursor : public platform::Recordset {
   bool Eof() const override { return eof_; }
   bool NoMatch() const override { return noMatch_; }
   std::int32_t RecordCount() override;
+  bool HasRows() override { return list_->AnyRow(); }
 
   void MoveFirst() override;
   void MoveLast() override;

@@ -43,6 +43,7 @@ class IndexedList final : public RowList {
   bool WindowPlace(const std::string& key, Place& place) override;
   bool Find(std::string_view criterion, const Place* after, Place& found) override;
   std::int64_t RowsReached() override;
+  bool AnyRow() override;
   Place Added(const std::vector<std::int64_t>& keys) override;
   void Changed(Place& place) override;
   void Deleted(const Place& place) override;

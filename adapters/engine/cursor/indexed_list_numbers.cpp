@@ -7,11 +7,14 @@ namespace engine {
 
 std::int64_t IndexedList::RowsReached() {
   if (!shape_.keepsPlaces || lastReached_) return CountNow();
-  Place place;
+  return AnyRow() ? std::max<std::int64_t>(1, reached_) : 0;
+}
+
+bool IndexedList::AnyRow() {
   DropStalePages();
   const Segment* start = SegmentAtEnd(true);
   if (start == nullptr) start = &ReadSegment(nullptr, true, 1);
-  return start->page->Rows() == 0 ? 0 : std::max<std::int64_t>(1, reached_);
+  return start->page->Rows() != 0;
 }
 
 std::int64_t IndexedList::CountNow() {

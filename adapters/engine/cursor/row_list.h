@@ -58,6 +58,8 @@ class RowList {
 
   /// Rows reached so far; final once the last was reached. 0 exactly when there is no row.
   virtual std::int64_t RowsReached() = 0;
+  /// Whether there is a row at all.
+  virtual bool AnyRow() { return RowsReached() != 0; }
 
   /// Before this recordset writes: a list that reads on as it is walked settles which rows it has.
   virtual void Settle() {}

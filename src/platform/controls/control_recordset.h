@@ -18,6 +18,7 @@ class ControlRecordset final : public Recordset {
   bool Eof() const override { return rows_->Eof(); }
   bool NoMatch() const override { return rows_->NoMatch(); }
   std::int32_t RecordCount() override { return rows_->RecordCount(); }
+  bool HasRows() override { return rows_->HasRows(); }
 
   void MoveFirst() override;
   void MoveLast() override;

@@ -88,7 +88,7 @@ Recordset& DataControl::Recordset() const {
 bool DataControl::OnRecord() const {
   if (!recordset_) return false;
   try {
-    return recordset_->RecordCount() > 0 && !recordset_->Bof() && !recordset_->Eof();
+    return !recordset_->Bof() && !recordset_->Eof() && recordset_->HasRows();
   } catch (const Error&) {
     return false;
   }

@@ -201,7 +201,7 @@ void Grid::LeaveVanishedRow(bool forward) {
     rows.MoveNext();
   else
     rows.MovePrevious();
-  if (rows.RecordCount() == 0) return;
+  if (!rows.HasRows()) return;
   if (rows.Eof()) rows.MoveLast();
   if (rows.Bof()) rows.MoveFirst();
 }

@@ -137,4 +137,26 @@ TEST_P(FixedStart, AFewRowsThatOthersChangeShowIt) {
   EXPECT_EQ(TextOf(rows->Field("Dept")), "020");
 }
 
+TEST_P(FixedStart, WhetherThereIsARowIsKnownBeforeAndAfterTheLast) {
+  const auto rows = Few();
+  EXPECT_TRUE(rows->HasRows());
+  rows->MoveLast();
+  EXPECT_TRUE(rows->HasRows());
+  for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext()) rows->Delete();
+  EXPECT_FALSE(rows->HasRows());
+  EXPECT_EQ(rows->RecordCount(), 0);
+  EXPECT_TRUE(Table("Rates")->HasRows());
+  EXPECT_FALSE(Table("Words")->HasRows());
+  const auto all = Dynaset("SELECT * FROM People ORDER BY Name");
+  EXPECT_FALSE(all->HasRows());
+  AddPeople({"Ames", "Bell"});
+  const auto people = Dynaset("SELECT * FROM People ORDER BY Name");
+  people->MoveLast();
+  people->Delete();
+  EXPECT_TRUE(people->HasRows());
+  people->MoveFirst();
+  people->Delete();
+  EXPECT_FALSE(people->HasRows());
+}
+
 }  // namespace

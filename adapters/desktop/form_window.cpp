@@ -191,8 +191,6 @@ void FormWindow::changeEvent(QEvent* event) {
 
 bool FormWindow::focusNextPrevChild(bool next) {
   if (!form_) return QMainWindow::focusNextPrevChild(next);
-  // Buttons, checks and options draw their focus only where the keyboard has moved it.
-  setAttribute(Qt::WA_KeyboardFocusChange);
   Safely(app_, [&] {
     const Binding* here = BindingAround(focusWidget());
     platform::Control* to = form_->NextInTabOrder(here ? &here->Model() : form_->Focus(), !next);

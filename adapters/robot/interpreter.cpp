@@ -130,7 +130,9 @@ void Interpreter::ReportUnreached() {
   for (const Pending& pending : active_) {
     const std::string wanted = pending.yield == 0 ? "a box" : "yield " + std::to_string(pending.yield);
     const std::string was = pending.yield == 0 ? "none" : std::to_string(yields_) + " in all";
-    Fail(pending.line, "expected " + wanted + " for " + Written(pending.command) + ", was " + was);
+    std::string message = "expected ";
+    message.append(wanted).append(" for ").append(Written(pending.command)).append(", was ").append(was);
+    Fail(pending.line, message);
   }
   active_.clear();
 }

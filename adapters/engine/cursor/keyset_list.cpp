@@ -18,13 +18,13 @@ KeysetList::KeysetList(std::shared_ptr<RowSource> source) : RowList(std::move(so
   feed_ = std::make_unique<QueryFeed>(Source());
 }
 
-KeysetList::KeysetList(std::shared_ptr<RowSource> source, Walk walk)
+KeysetList::KeysetList(std::shared_ptr<RowSource> source, const Walk& walk)
     : RowList(std::move(source)), forward_(walk.descending ? Direction::Down : Direction::Up), search_(*this) {
   walker_ = Source().Shape().Walker(Source().Store(), walk.order, walk.index);
   feed_ = std::make_unique<WalkFeed>(Source(), *walker_, forward_);
 }
 
-KeysetList::KeysetList(std::shared_ptr<RowSource> source, Walk walk, Known known) : KeysetList(std::move(source), std::move(walk)) {
+KeysetList::KeysetList(std::shared_ptr<RowSource> source, const Walk& walk, Known known) : KeysetList(std::move(source), walk) {
   keys_ = std::move(known.keys);
   state_.resize(keys_.size(), State::Alive);
   filledVersion_ = known.version;

@@ -32,8 +32,8 @@ class KeysetList final : public RowList {
   };
   /// Any plan, ordered by the store.
   explicit KeysetList(std::shared_ptr<RowSource> source);
-  KeysetList(std::shared_ptr<RowSource> source, Walk walk);
-  KeysetList(std::shared_ptr<RowSource> source, Walk walk, Known known);
+  KeysetList(std::shared_ptr<RowSource> source, const Walk& walk);
+  KeysetList(std::shared_ptr<RowSource> source, const Walk& walk, Known known);
   /// One table without an index for its order.
   KeysetList(std::shared_ptr<RowSource> source, OrderColumn order, bool descending);
 

@@ -27,7 +27,7 @@ int Collate(void*, int leftSize, const void* left, int rightSize, const void* ri
 }
 
 // The store's functions can't throw: the error waits in the connection until the statement has failed.
-void Fail(sqlite3_context* context, Connection& connection, std::exception_ptr failure) {
+void Fail(sqlite3_context* context, Connection& connection, const std::exception_ptr& failure) {
   try {
     std::rethrow_exception(failure);
   } catch (const platform::Error& error) {

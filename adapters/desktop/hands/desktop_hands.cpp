@@ -182,14 +182,16 @@ ListView& DesktopHands::ListOf(const Grid& grid) const {
   return list;
 }
 
-std::int64_t DesktopHands::ScrollTo(ListView& list, Grid& grid, const Bookmark& row) const {
-  RowWindow* window = grid.Data() ? grid.Data()->Window() : nullptr;
-  const auto ordinal = window ? window->OrdinalOf(row) : std::nullopt;
-  if (!ordinal) throw std::logic_error(grid.FullName() + " has no such row");
-  list.ScrollToOrdinal(*ordinal, true);
-  QCoreApplication::processEvents();
-  list.Rows().Need(*ordinal, 1);
-  return *ordinal;
+std::int64_t DesktopHands::ScrollTo(ListView& list, const Grid& grid, const Bookmark& row) const {
+  // A user looks for the row itself: its number is a guess while the engine counts, and idle work may put it right meanwhile.
+  constexpr int attempts = 4;
+  for (int i = 0; i < attempts; ++i) {
+    const auto ordinal = list.ScrollToRow(row);
+    if (!ordinal) break;
+    QCoreApplication::processEvents();
+    if (list.Rows().HeldOrdinal(row) == ordinal) return *ordinal;
+  }
+  throw std::logic_error(grid.FullName() + " shows no such row");
 }
 
 void DesktopHands::Row(Grid& grid, const Bookmark& row) {

@@ -42,7 +42,7 @@ class DesktopHands final : public platform::UserHands {
   QWidget& WidgetOf(const platform::Control& control) const;
   ListView& ListOf(const platform::Grid& grid) const;
   /// Shows the row by the scroll bar; its ordinal.
-  std::int64_t ScrollTo(ListView& list, platform::Grid& grid, const platform::Bookmark& row) const;
+  std::int64_t ScrollTo(ListView& list, const platform::Grid& grid, const platform::Bookmark& row) const;
   void ClickMarker(platform::Grid& grid, const platform::Bookmark& row, Qt::KeyboardModifiers modifiers);
   bool ClickInBar(platform::Control& control);
 

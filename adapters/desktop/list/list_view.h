@@ -59,6 +59,8 @@ class ListView final : public QAbstractScrollArea {
   /// Brings what was changed in the models into view now.
   void Sync();
   void ScrollToOrdinal(std::int64_t ordinal, bool centre);
+  /// Brings a row into view and returns its place in what is held; nothing when it is not in the list.
+  std::optional<std::int64_t> ScrollToRow(const platform::Bookmark& row);
   void ScrollToColumn(int column);
   /// Where a cell is shown in the viewport; empty when it is out of view.
   QRect CellRect(std::int64_t ordinal, int column) const;

@@ -112,13 +112,16 @@ void ListView::SyncCurrent() {
     // No row to stand on.
   }
   if (!current_) return;
-  const int shown = WholeRowsShown() + kSpareRows;
-  if (rows_.Held() == 0) rows_.Need(0, shown);
-  const auto held = rows_.HeldOrdinal(*current_);
-  currentOrdinal_ = held ? held : rows_.Find(*current_, shown);
-  UpdateRange();
-  if (currentOrdinal_) ScrollToOrdinal(*currentOrdinal_, true);
+  if (rows_.Held() == 0) rows_.Need(0, WholeRowsShown() + kSpareRows);
+  currentOrdinal_ = ScrollToRow(*current_);
   TellAccessibility();
+}
+
+std::optional<std::int64_t> ListView::ScrollToRow(const platform::Bookmark& row) {
+  const auto ordinal = rows_.Find(row, WholeRowsShown() + kSpareRows);
+  UpdateRange();
+  if (ordinal) ScrollToOrdinal(*ordinal, true);
+  return ordinal;
 }
 
 void ListView::TellAccessibility() {

@@ -136,8 +136,8 @@ class ScreenKillTest {
 
   std::vector<std::string> VictimOptions() {
     std::vector<std::string> words{"--front", options_.front};
-    // Every other one without windows uses the lists for large files.
-    if (rounds_ % 2 == 1 && options_.front == "robot") words.insert(words.end(), {"--threshold", "0"});
+    // Every other one uses the lists for large files.
+    if (rounds_ % 2 == 1) words.insert(words.end(), {"--threshold", "0"});
     return words;
   }
 

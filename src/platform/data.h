@@ -74,7 +74,7 @@ class RowWindow {
   virtual std::vector<ListRow> RowsBefore(const Bookmark& row, int count) = 0;
   virtual std::vector<ListRow> LastRows(int count) = 0;
   virtual std::optional<ListRow> RowOf(const Bookmark& row) = 0;
-  /// Place of that row in the list; nothing when it is not in the list any more.
+  /// Place of that row in the list, a guess while idle work is left; nothing when it is not in the list any more.
   virtual std::optional<std::int64_t> OrdinalOf(const Bookmark& row) = 0;
   /// One slice (under 5 ms) of counting, fences and keys; false when nothing is left to do. Called in idle time.
   virtual bool IdleSlice() = 0;

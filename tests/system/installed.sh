@@ -11,7 +11,7 @@ for file in bin/custsearch bin/suitefiles include/orcussch.h share/man/man1/cust
   [ -s "$here/prefix/$file" ] || { echo "$file was not installed"; exit 1; }
 done
 
-cmake -S "$host" -B "$here/cmake" -DCMAKE_PREFIX_PATH="$here/prefix" >"$here/configure.log" || { cat "$here/configure.log"; exit 1; }
+cmake -S "$host" -B "$here/cmake" -G Ninja -DCMAKE_PREFIX_PATH="$here/prefix" >"$here/configure.log" || { cat "$here/configure.log"; exit 1; }
 cmake --build "$here/cmake" >"$here/build.log" || { cat "$here/build.log"; exit 1; }
 by_cmake=$("$here/cmake/installed_host")
 

@@ -40,7 +40,9 @@ pictures=$PWD/run/pictures
 mkdir -p "$pictures"
 build/default/bin/suitefiles temp "$data" --user 1
 sed "s|@PICTURES@|$pictures|g" scripts/main-job.scn >"$LOGS/main-job.scn"
-QT_QPA_PLATFORM=offscreen build/default/bin/custsearch --scenario "$LOGS/main-job.scn" --front desktop \
+printf '{"screens": [{"name": "office", "x": 0, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}' \
+  >"$LOGS/screen.json"
+QT_QPA_PLATFORM="offscreen:configfile=$LOGS/screen.json" build/default/bin/custsearch --scenario "$LOGS/main-job.scn" --front desktop \
   --data "$data" --local "$data" --company 1 --user 1
 say "The pictures are in $pictures:"
 ls "$pictures"

@@ -42,17 +42,17 @@ run_ctest() {
 run_fuzzers() {
   for fuzzer in build/fuzz/bin/fuzz_*; do
     [ -x "$fuzzer" ] || continue
-    name=$(basename "$fuzzer")
-    corpus=build/fuzz/corpus/$name
+    which=$(basename "$fuzzer")
+    corpus=build/fuzz/corpus/$which
     mkdir -p "$corpus"
-    seeds=tests/fuzz/corpus/$name
+    seeds=tests/fuzz/corpus/$which
     [ -d "$seeds" ] || seeds=""
     # shellcheck disable=SC2086
-    "$fuzzer" -max_total_time="$fuzz_seconds" -timeout=10 -print_final_stats=0 -verbosity=0 "$corpus" $seeds >"$LOGS/$name.log" 2>&1 || {
-      tail -n 40 "$LOGS/$name.log"
+    "$fuzzer" -max_total_time="$fuzz_seconds" -timeout=10 -print_final_stats=0 -verbosity=0 "$corpus" $seeds >"$LOGS/$which.log" 2>&1 || {
+      tail -n 40 "$LOGS/$which.log"
       return 1
     }
-    say "   $name: nothing found in $fuzz_seconds s"
+    say "   $which: nothing found in $fuzz_seconds s"
   done
 }
 

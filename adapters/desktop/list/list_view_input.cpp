@@ -229,6 +229,7 @@ void ListView::Mark(std::int64_t ordinal, Qt::KeyboardModifiers modifiers, bool 
   const ShownRow* row = rows_.At(ordinal);
   if (!row) return;
   std::vector<platform::Bookmark> marked;
+  marked.reserve(static_cast<std::size_t>(grid_->SelBookmarks.Count()) + 1);
   for (int i = 0; i < grid_->SelBookmarks.Count(); ++i) marked.push_back(grid_->SelBookmarks.Item(i));
   const platform::Bookmark bookmark = row->row.bookmark;
   if (modifiers.testFlag(Qt::ShiftModifier) && markAnchor_) {

@@ -42,7 +42,7 @@ std::vector<std::string> Names(std::string_view path) {
 /// name itself for a file that is still to come.
 fs::path EntryOf(const fs::path& folder, const std::string& name) {
   std::error_code problem;
-  const fs::path exact = folder / name;
+  fs::path exact = folder / name;
   if (fs::exists(exact, problem)) return exact;
   std::string best;
   for (fs::directory_iterator entry(folder, problem), end; !problem && entry != end; entry.increment(problem)) {

@@ -62,6 +62,7 @@ int ListView::DefaultWidth(int column) const {
 
 std::vector<ColumnSpec> ListView::Specs() const {
   std::vector<ColumnSpec> specs;
+  specs.reserve(static_cast<std::size_t>(grid_->ColumnCount()));
   for (int column = 0; column < grid_->ColumnCount(); ++column)
     specs.push_back({grid_->Column(column).dataField, DefaultWidth(column), grid_->Column(column).visible});
   return specs;

@@ -34,6 +34,8 @@ TEST_PACKAGES="libbenchmark-dev clang libclang-rt-14-dev pkgconf sqlite3 xvfb"
 if command -v ccache >/dev/null 2>&1; then
   export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
   export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
+  # What a cache needs to know of precompiled headers.
+  export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
 fi
 
 # build PRESET [TARGET...]

@@ -64,7 +64,7 @@ void EnterUnticked(const ScreenSides& sides, std::int64_t account) {
   sides.bare.Unassign(Ticked::KeyWords, account);
   // The user has been at the end of the customers, so that their number is asked for.
   sides.screen.SSIndexTab1.UserClick(orcussch::tab::Customers);
-  sides.screen.data[orcussch::tab::Customers].Recordset().MoveLast();
+  sides.screen.data[orcussch::tab::Customers].Recordset()->MoveLast();
   StandOnCustomer(sides.screen, account);
   sides.screen.SSIndexTab1.UserClick(bulkTab);
 }

@@ -114,9 +114,9 @@ void AtMainScreen(const std::string& folder, const std::function<void(orcussch::
 
 void StandOnCustomer(orcussch::frmCustMain& screen, std::int64_t account) {
   screen.SSIndexTab1.UserClick(orcussch::tab::Customers);
-  platform::Recordset& customers = screen.data[orcussch::tab::Customers].Recordset();
-  customers.FindFirst("[AcctNum]=" + std::to_string(account));
-  if (customers.NoMatch()) throw std::runtime_error("no customer " + std::to_string(account) + " in the list");
+  const platform::RecordsetRef customers = screen.data[orcussch::tab::Customers].Recordset();
+  customers->FindFirst("[AcctNum]=" + std::to_string(account));
+  if (customers->NoMatch()) throw std::runtime_error("no customer " + std::to_string(account) + " in the list");
 }
 
 }  // namespace bench

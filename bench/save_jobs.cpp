@@ -17,17 +17,17 @@ std::uint64_t SumWith(std::int64_t account, std::uint64_t below) { return below 
 std::uint64_t SaveOnTheCard(const ScreenSides& sides, int call) {
   orcussch::frmCustMain& screen = sides.screen;
   screen.Toolbar1.Button("tb_SaveRec").UserClick();
-  const platform::Recordset& row = screen.data[0].Recordset();
-  const bool saved = screen.SSIndexTab1.Page() == 0 && row.Field("Addr2").As<std::string>() == OurAddress(call);
+  const platform::RecordsetRef row = screen.data[0].Recordset();
+  const bool saved = screen.SSIndexTab1.Page() == 0 && row->Field("Addr2").As<std::string>() == OurAddress(call);
   if (!saved) throw std::runtime_error("the card was not saved");
-  return SumWith(row.Field("AcctNum").As<std::int32_t>(), SumOf(screen.data[0].Window()->RowsAfter(row.Bookmark(), pageRows - 1)));
+  return SumWith(row->Field("AcctNum").As<std::int32_t>(), SumOf(screen.data[0].Window()->RowsAfter(row->Bookmark(), pageRows - 1)));
 }
 
 std::uint64_t SaveBare(const ScreenSides& sides, int call) {
   constexpr std::size_t addressColumn = 5;
   const raw::NameKey& row = Pick(sides.company.Somewhere(), call);
-  sides.bare.SaveCard(row.account, BareAddress(call));
-  const raw::Rows here = sides.company.Raw().Seek(row.account);
+  sides.bare.SaveCard(row->account, BareAddress(call));
+  const raw::Rows here = sides.company.Raw().Seek(row->account);
   if (std::get<std::string>(here.Row(0)[addressColumn]) != BareAddress(call)) throw std::runtime_error("the bare row was not saved");
   return SumWith(std::get<std::int64_t>(here.Row(0)[0]), SumOf(sides.company.Raw().After(row, pageRows - 1)));
 }

@@ -230,12 +230,7 @@ void FormWindow::TookFocus(Binding& binding, Qt::FocusReason reason) {
   if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason) return;
   if (!binding.Model().TakesFocus() || form_->Focus() == &binding.Model()) return;
   platform::Form& form = *form_;
-  Safely(app_, [&] {
-    // A cell that the user leaves open is taken before its list loses the focus; a refused one keeps it.
-    auto* list = dynamic_cast<platform::Grid*>(form.Focus());
-    if (list && list->OpenCell() && !list->UserCloseCell()) return;
-    if (form_) form.UserFocus(binding.Model());
-  });
+  Safely(app_, [&] { form.UserFocus(binding.Model()); });
   if (form_) SyncFocus();
 }
 

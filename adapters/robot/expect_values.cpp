@@ -38,7 +38,7 @@ void Field(Interpreter& run, const Arguments& words) {
   platform::DataControl& data = DataOf(run.ControlNamed(words.Text(0)));
   const std::string what = "at " + words.Text(0) + " " + words.Text(1);
   try {
-    Demand(what, data.Recordset().Field(words.Text(1)), words.At(2));
+    Demand(what, data.Recordset()->Field(words.Text(1)), words.At(2));
   } catch (const platform::Error& error) {
     throw Unmet(what + " " + Wanted(words.At(2)), ErrorText(error));
   }

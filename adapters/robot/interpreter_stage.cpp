@@ -65,7 +65,7 @@ void Interpreter::CloseWithoutSaving(platform::Form& form) {
     auto* data = dynamic_cast<platform::DataControl*>(control);
     if (data == nullptr || !data->HasRecordset()) continue;
     try {
-      if (data->Recordset().Mode() != platform::EditMode::None) data->Recordset().CancelUpdate();
+      if (data->Recordset()->Mode() != platform::EditMode::None) data->Recordset()->CancelUpdate();
     } catch (const platform::Error&) {
       // The list goes with its screen.
     }

@@ -36,12 +36,18 @@ Outcome Row(Interpreter& run, const Arguments& words) {
     row = FirstRowWith(data, words.Text(2), words.At(3));
   }
   run.Hands().Row(grid, row.bookmark);
-  const bool there = data.OnRecord() && data.Recordset().Bookmark() == row.bookmark;
+  const bool there = data.OnRecord() && data.Recordset()->Bookmark() == row.bookmark;
   return there ? Outcome::Done : Outcome::StayedAsItWas;
 }
 
+Grid& MarkedGrid(const Interpreter& run, const std::string& name) {
+  Grid& grid = UsableGrid(run, name);
+  if (!grid.MarksRows()) throw Refused(name + " a list that marks no rows");
+  return grid;
+}
+
 Outcome Mark(Interpreter& run, const Arguments& words) {
-  Grid& grid = UsableGrid(run, words.Text(0));
+  Grid& grid = MarkedGrid(run, words.Text(0));
   std::vector<Bookmark> rows;
   for (std::size_t i = 1; i < words.Count(); ++i) rows.push_back(RowAt(RowsOf(DataOf(grid)), words.Number(i)).bookmark);
   run.Hands().Mark(grid, rows);
@@ -49,7 +55,7 @@ Outcome Mark(Interpreter& run, const Arguments& words) {
 }
 
 Outcome Unmark(Interpreter& run, const Arguments& words) {
-  run.Hands().Mark(UsableGrid(run, words.Text(0)), {});
+  run.Hands().Mark(MarkedGrid(run, words.Text(0)), {});
   return Outcome::Done;
 }
 

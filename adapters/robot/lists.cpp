@@ -55,7 +55,7 @@ ListRow RowAt(RowWindow& rows, int ordinal) {
 
 ListRow FirstRowWith(DataControl& data, const std::string& field, const Word& value) {
   RowWindow& rows = RowsOf(data);
-  const auto column = static_cast<std::size_t>(data.Recordset().FieldIndex(field));
+  const auto column = static_cast<std::size_t>(data.Recordset()->FieldIndex(field));
   for (std::vector<ListRow> page = rows.RowsAt(0, kRowsAtOnce); !page.empty(); page = rows.RowsAfter(page.back().bookmark, kRowsAtOnce)) {
     for (const ListRow& row : page)
       if (column < row.cells.size() && Meets(row.cells[column], value)) return row;
@@ -71,7 +71,7 @@ int ColumnWith(const Grid& grid, const std::string& caption) {
 
 std::string CellText(Grid& grid, int column, const ListRow& row) {
   const DataControl& data = DataOf(grid);
-  if (grid.DataChanged() && data.OnRecord() && data.Recordset().Bookmark() == row.bookmark) {
+  if (grid.DataChanged() && data.OnRecord() && data.Recordset()->Bookmark() == row.bookmark) {
     return grid.ShownText(column, grid.ColumnValue(column));
   }
   const int field = grid.FieldIndexOf(column);

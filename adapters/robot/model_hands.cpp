@@ -23,6 +23,12 @@ bool ClickAs(Control& control) {
   return true;
 }
 
+/// Moves the focus there; false when a refused cell keeps it.
+bool TakesTheFocus(Control& control) {
+  control.Owner().UserFocus(control);
+  return !control.TakesFocus() || control.Owner().Focus() == &control;
+}
+
 class ModelHands final : public UserHands {
  public:
   void Click(Control& control) override {
@@ -43,7 +49,7 @@ class ModelHands final : public UserHands {
   void Focus(Control& control) override { control.Owner().UserFocus(control); }
 
   void Type(Control& control, std::string_view text, bool append) override {
-    control.Owner().UserFocus(control);
+    if (!TakesTheFocus(control)) return;
     if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
       combo->UserType(append ? combo->Text() + std::string(text) : std::string(text));
       return;
@@ -62,8 +68,7 @@ class ModelHands final : public UserHands {
   }
 
   void Key(Control& control, std::string_view key) override {
-    control.Owner().UserFocus(control);
-    PressKey(control, key);
+    if (TakesTheFocus(control)) PressKey(control, key);
   }
 
   void Pick(ComboBox& combo, const ComboRow& row) override { combo.UserPick(row); }

@@ -126,10 +126,10 @@ Found OfData(const DataControl& data, const Property& p) {
   if (Is(p, "RecordSource")) return Value(data.RecordSource());
   if (Is(p, "DatabaseName")) return Value(data.DatabaseName());
   if (p.size() != 2 || p[1].index >= 0 || !EqualsNoCase(p[0].name, "Recordset")) return {};
-  if (EqualsNoCase(p[1].name, "RecordCount")) return Value(data.Recordset().RecordCount());
-  if (EqualsNoCase(p[1].name, "Bof")) return Value(data.Recordset().Bof());
-  if (EqualsNoCase(p[1].name, "Eof")) return Value(data.Recordset().Eof());
-  if (EqualsNoCase(p[1].name, "NoMatch")) return Value(data.Recordset().NoMatch());
+  if (EqualsNoCase(p[1].name, "RecordCount")) return Value(data.Recordset()->RecordCount());
+  if (EqualsNoCase(p[1].name, "Bof")) return Value(data.Recordset()->Bof());
+  if (EqualsNoCase(p[1].name, "Eof")) return Value(data.Recordset()->Eof());
+  if (EqualsNoCase(p[1].name, "NoMatch")) return Value(data.Recordset()->NoMatch());
   return {};
 }
 

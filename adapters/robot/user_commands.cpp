@@ -1,5 +1,7 @@
 #include "platform/controls/buttons.h"
 #include "platform/controls/combo.h"
+#include "platform/controls/form.h"
+#include "platform/controls/grid.h"
 #include "platform/controls/lists.h"
 #include "platform/controls/tab_control.h"
 #include "platform/controls/text_box.h"
@@ -40,13 +42,22 @@ std::string TypedText(const Arguments& words) {
   return text;
 }
 
+/// A cell that was refused keeps the focus: what was meant for another control did not get there.
+Outcome FocusOutcome(const Control& control) {
+  for (const Control* other : control.Owner().Controls()) {
+    const auto* grid = dynamic_cast<const Grid*>(other);
+    if (grid && grid != &control && grid->OpenCell()) return Outcome::StayedAsItWas;
+  }
+  return Outcome::Done;
+}
+
 Outcome TypeInto(Interpreter& run, const Arguments& words, bool append) {
   Control& control = run.Usable(words.Text(0));
   auto* box = dynamic_cast<TextBox*>(&control);
   if (box == nullptr && dynamic_cast<ComboBox*>(&control) == nullptr) throw ActionFailed(words.Text(0) + " no text to type");
   if (box != nullptr && box->Locked()) throw Refused(words.Text(0) + " locked");
   run.Hands().Type(control, TypedText(words), append);
-  return Outcome::Done;
+  return FocusOutcome(control);
 }
 
 Outcome Type(Interpreter& run, const Arguments& words) { return TypeInto(run, words, false); }
@@ -72,13 +83,15 @@ Control& UsableWithFocus(const Interpreter& run, const std::string& name) {
 }
 
 Outcome Key(Interpreter& run, const Arguments& words) {
-  run.Hands().Key(UsableWithFocus(run, words.Text(0)), words.Text(1));
-  return Outcome::Done;
+  Control& control = UsableWithFocus(run, words.Text(0));
+  run.Hands().Key(control, words.Text(1));
+  return FocusOutcome(control);
 }
 
 Outcome Focus(Interpreter& run, const Arguments& words) {
-  run.Hands().Focus(UsableWithFocus(run, words.Text(0)));
-  return Outcome::Done;
+  Control& control = UsableWithFocus(run, words.Text(0));
+  run.Hands().Focus(control);
+  return FocusOutcome(control);
 }
 
 Outcome Pick(Interpreter& run, const Arguments& words) {

@@ -31,21 +31,21 @@ void frmCustMain::LoadTaxBasis(bool Customer) {
                         ";");
     SQLTaxBasis();
     if (Customer && data[tab::Customers].OnRecord()) TickCustomersTaxes();
-    if (HasRecords(DataTaxBasis)) DataTaxBasis.Recordset().MoveFirst();
+    if (HasRecords(DataTaxBasis)) DataTaxBasis.Recordset()->MoveFirst();
     orcussch::App().DoEvents();
   });
 }
 
 void frmCustMain::TickCustomersTaxes() {
-  platform::Recordset& Taxes = DataTaxBasis.Recordset();
+  const platform::RecordsetRef Taxes = DataTaxBasis.Recordset();
   for (const char* Field : {"TaxBasisA", "TaxBasisB", "TaxBasisC", "TaxBasisD"}) {
-    const platform::Value Tax = data[tab::Customers].Recordset().Field(Field);
+    const platform::Value Tax = data[tab::Customers].Recordset()->Field(Field);
     if (Tax.IsNull() || platform::CLng(Tax) <= 0) continue;
-    Taxes.FindFirst("[TaxID]=" + platform::CStr(Tax));
-    if (Taxes.NoMatch()) continue;
-    Taxes.Edit();
-    Taxes.SetField("Assign", true);
-    Taxes.Update();
+    Taxes->FindFirst("[TaxID]=" + platform::CStr(Tax));
+    if (Taxes->NoMatch()) continue;
+    Taxes->Edit();
+    Taxes->SetField("Assign", true);
+    Taxes->Update();
   }
 }
 
@@ -55,8 +55,10 @@ void frmCustMain::LoadCustTypes() {
     const std::string Head = "INSERT INTO CU_AssignDataCodes ( Instance, Assign, Code, Description ) IN '" + gTempPath + "'";
     orcussch::App().DoEvents();
     Run(dbTemp, "Delete * From CU_AssignDataCodes Where (Instance = " + Instance + ");");
+    mAssignAcct[tab::CustomerTypes].reset();
     if (data[tab::Customers].OnRecord()) {
-      const std::int32_t Acct = platform::CLng(data[tab::Customers].Recordset().Field("AcctNum"));
+      const std::int32_t Acct = platform::CLng(data[tab::Customers].Recordset()->Field("AcctNum"));
+      mAssignAcct[tab::CustomerTypes] = Acct;
       Run(dbCustomer, Head + " SELECT " + Instance +
                           " As Instance, True AS Assign, DataCodes.Code, DataCodes.Description"
                           " FROM DataCodes INNER JOIN CustCodes ON DataCodes.Code = CustCodes.CustCodes"
@@ -77,8 +79,10 @@ void frmCustMain::LoadKeyWords() {
     const std::string Head = "INSERT INTO CU_AssignKeywords ( Instance, Assign, Keyword ) IN '" + gTempPath + "'";
     orcussch::App().DoEvents();
     Run(dbTemp, "Delete * From CU_AssignKeywords Where (Instance = " + Instance + ");");
+    mAssignAcct[tab::KeyWords].reset();
     if (data[tab::Customers].OnRecord()) {
-      const std::int32_t Acct = platform::CLng(data[tab::Customers].Recordset().Field("AcctNum"));
+      const std::int32_t Acct = platform::CLng(data[tab::Customers].Recordset()->Field("AcctNum"));
+      mAssignAcct[tab::KeyWords] = Acct;
       Run(dbCustomer, Head + " SELECT " + Instance +
                           " As Instance, True AS Assign, Keyword"
                           " FROM KeyWords INNER JOIN Lookups ON KeyWords.KeyWord = Lookups.Text"
@@ -100,8 +104,10 @@ void frmCustMain::SelectedAssignment(bool Assign) {
     const int Current = Tab();
     platform::Grid& Grid = OnList ? grid[static_cast<std::size_t>(Current)] : grdTaxBasis;
     if (Grid.SelBookmarks.Count() == 0) return;
-    for (int i = 0; i < Grid.SelBookmarks.Count(); ++i) {
-      Grid.CurrentBookmark(Grid.SelBookmarks.Item(i));
+    // The rows that the user saw marked; a list that is opened anew in a yield does not know them any more (error 3159).
+    const std::vector<platform::Bookmark> Selected = Grid.SelBookmarks.All();
+    for (const platform::Bookmark& Row : Selected) {
+      Grid.CurrentBookmark(Row);
       Grid.ColumnValue(0, Assign);
       if (Current > tab::LaborRates) grid_AfterColUpdate(Current, 0);
       orcussch::App().DoEvents();

@@ -28,8 +28,8 @@ void frmCustMain::txtZip_LostFocus() {
   rsCustomers->SetIndex("Zip");
   rsCustomers->Seek("=", {txtZip.Text()});
   if (rsCustomers->NoMatch()) return;
-  txtCity.Text(TextOf(*rsCustomers, "City"));
-  if (txtState.Text().empty()) txtState.Text(TextOf(*rsCustomers, "State"));
+  txtCity.Text(TextOf(rsCustomers, "City"));
+  if (txtState.Text().empty()) txtState.Text(TextOf(rsCustomers, "State"));
 }
 
 void frmCustMain::cmdPlusMinus_Click() { cmdPlusMinus.Caption(cmdPlusMinus.Caption() == "+" ? "-" : "+"); }

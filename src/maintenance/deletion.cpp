@@ -14,7 +14,7 @@ void frmCustMain::RecordDelete() {
 
   // Without rows, and after No, the hourglass stays until the next operation sets the pointer back.
   bool Records = false;
-  on([&] { Records = data[n].Recordset().HasRows(); });
+  on([&] { Records = data[n].Recordset()->HasRows(); });
   if (!Records) return;
   DeleteState state;
   state.Title = "Delete " + RecordLabel();
@@ -41,10 +41,10 @@ void frmCustMain::RepairDefaults(ResumeNext& on, const DeleteState& state) {
   bool Records = false;
   on([&] { Records = HasRecords(data[tab::Customers]); });
   if (!Records) return;
-  platform::Recordset& Customer = data[tab::Customers].Recordset();
-  on([&] { Customer.Edit(); });
+  const platform::RecordsetRef Customer = data[tab::Customers].Recordset();
+  on([&] { Customer->Edit(); });
   for (const DeleteState::Repair& repair : state.Repairs)
-    if (repair.Wanted) on([&] { Customer.SetField(repair.Field, std::int32_t{0}); });
+    if (repair.Wanted) on([&] { Customer->SetField(repair.Field, std::int32_t{0}); });
   UpdateOrDrop(on, Customer);
 }
 

@@ -247,6 +247,9 @@ void frmCustMain::DesignListPages() {
     for (Control* control : {static_cast<Control*>(&options[0]), static_cast<Control*>(&options[1])}) control->Container(fraOrder[n]);
     for (Control* control : {static_cast<Control*>(&lblSearch[n]), static_cast<Control*>(&txtSearch[n])}) control->Container(fraSearch[n]);
     grid[n].BindTo(data[n]);
+    grid[n].MarksRows(i > tab::LaborRates);
+    // The customers stay on the screen when they can't be read anew; another list would stand under the wrong customer's name.
+    data[n].EmptyAfterFailure(i != tab::Customers);
   }
   CaptionOptions(optCustTypeDisp, kDisplayFilters);
   CaptionOptions(optKeyWordDisp, kDisplayFilters);
@@ -291,6 +294,7 @@ void frmCustMain::DesignCards() {
   chkHoldCredit.ToolTipText("Hold Customer Credit");
   grdTaxBasis.Tag("Assign, Description");
   grdTaxBasis.BindTo(DataTaxBasis);
+  grdTaxBasis.MarksRows(true);
 
   onCard(tab::Phones, {&lblPhoneRecordID, &txtPhoneArea, &txtPhone, &txtPhoneExt, &cboPhoneTypes, &txtPhoneComment, &chkDefaultPhone});
 

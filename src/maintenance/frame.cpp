@@ -6,7 +6,7 @@
 // The screen's life and its modes: what is enabled when.
 namespace orcussch {
 
-bool HasRecords(const platform::DataControl& Data) { return Data.HasRecordset() && Data.Recordset().HasRows(); }
+bool HasRecords(const platform::DataControl& Data) { return Data.HasRecordset() && Data.Recordset()->HasRows(); }
 
 std::string TrimmedCaption(const frmCustMain& Screen, int Tab) { return platform::Trim(Screen.SSIndexTab1.TabCaption(Tab)); }
 
@@ -80,8 +80,8 @@ void frmCustMain::Form_Activate() {
 void frmCustMain::StandOnHostAccount() {
   platform::DataControl& customers = data[tab::Customers];
   if (!HasRecords(customers) || gHostAcctNum <= 0) return;
-  customers.Recordset().FindFirst("[AcctNum]=" + std::to_string(gHostAcctNum));
-  if (customers.Recordset().NoMatch()) customers.Recordset().MoveFirst();
+  customers.Recordset()->FindFirst("[AcctNum]=" + std::to_string(gHostAcctNum));
+  if (customers.Recordset()->NoMatch()) customers.Recordset()->MoveFirst();
 }
 
 void frmCustMain::Form_Unload() {
@@ -162,7 +162,7 @@ void frmCustMain::EditSetup() {
 void frmCustMain::TestRecordcount() {
   Trap("frmCustMain.TestRecordCount", [this] {
     const auto Current = static_cast<std::size_t>(Tab());
-    const bool Records = data[Current].Recordset().HasRows();
+    const bool Records = data[Current].Recordset()->HasRows();
     orcussch::App().DoEvents();
     for (const char* key : {"tb_Print", "tb_Preview", "tb_Select", "tb_EditRec", "tb_DeleteRec"}) tb(key).Enabled(Records);
     tb("tb_Find").Enabled(!txtSearch[Current].Text().empty());

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "maintenance/tabs/record_tab.h"
@@ -69,7 +70,7 @@ class frmCustMain final : public platform::Form {
   // Search and selection.
   void SearchRecord(int Tab);
   void SelectCustomer();
-  void SelectAllRecords(platform::Grid& Grid, platform::Recordset& Rs);
+  void SelectAllRecords(platform::Grid& Grid, platform::RecordsetRef Rs);
   void UnselectAllRecords(platform::Grid& Grid);
   void TestGridSelection(platform::Grid& Grid);
 
@@ -267,8 +268,8 @@ class frmCustMain final : public platform::Form {
   void optLaborRate_Click(int Index);
   void optAllDept_Click(int Index);
   void cmdAddAllDepts_Click();
-  void AddAllDepartments(ResumeNext& on);
-  bool ApplyAdjustment(ResumeNext& on);
+  void AddAllDepartments(ResumeNext& on, std::int32_t Acct);
+  bool ApplyAdjustment(ResumeNext& on, const platform::RecordsetRef& Rates);
   void StandOnDepartment(ResumeNext& on, const std::string& Dept);
 
   // card_handlers.cpp
@@ -289,6 +290,9 @@ class frmCustMain final : public platform::Form {
   void optCustTypeDisp_Click(int Index);
   void optKeyWordDisp_Click(int Index);
   void CaptionFilteredList(int Tab, int Index);
+
+  /// The customer for whom the list of types (key words) was filled last; nothing while there was none.
+  std::array<std::optional<std::int32_t>, tab::Count> mAssignAcct{};
 
   platform::ToolbarButton& tb(const char* Key) const { return Toolbar1.Button(Key); }
 

@@ -90,12 +90,13 @@ void frmCustMain::grid_AfterColUpdate(int Index, int ColIndex) {
   });
 }
 
-/// A tick adds the current customer's row, taking it away deletes that row.
+/// A tick adds the customer's row, taking it away deletes that row. The customer is the one for whom the list was filled: in a
+/// yield of a longer command the customers' list may have moved on.
 void frmCustMain::Assign(int Tab) {
   const auto n = static_cast<std::size_t>(Tab);
   const AssignmentTables tables = TablesOf(Tab);
-  const Value Acct = data[tab::Customers].Recordset().Field("AcctNum");
-  const Value Key = data[n].Recordset().Field(tables.keyField);
+  const Value Acct = mAssignAcct[n] ? Value(*mAssignAcct[n]) : data[tab::Customers].Recordset()->Field("AcctNum");
+  const Value Key = data[n].Recordset()->Field(tables.keyField);
   tables.assigned->SetIndex(tables.assignedIndex);
   tables.assigned->Seek("=", {Acct, Key});
   const bool Found = !tables.assigned->NoMatch();
@@ -120,7 +121,7 @@ void frmCustMain::Rename(int Tab) {
   if (platform::CStr(platform::Concat("", Cell)).empty()) return;
   const AssignmentTables tables = TablesOf(Tab);
   tables.entries->SetIndex("PrimaryKey");
-  tables.entries->Seek("=", {data[n].Recordset().Field(tables.keyField)});
+  tables.entries->Seek("=", {data[n].Recordset()->Field(tables.keyField)});
   if (tables.entries->NoMatch()) return;
   tables.entries->Edit();
   tables.entries->SetField(tables.entryField, Cell);
@@ -131,16 +132,16 @@ void frmCustMain::Rename(int Tab) {
 /// Writes the changed row when the cell is left, not only when the list moves on.
 void frmCustMain::grid_AfterColEdit(int Index) {
   Trap("frmCustMain.grid_AfterColEdit", [&] {
-    platform::Recordset& Rs = data[static_cast<std::size_t>(Index)].Recordset();
-    Rs.Edit();
-    Rs.Update();
+    const platform::RecordsetRef Rs = data[static_cast<std::size_t>(Index)].Recordset();
+    Rs->Edit();
+    Rs->Update();
   });
 }
 
 void frmCustMain::grdTaxBasis_AfterColUpdate() {
   Trap("frmCustMain.gridTaxBasis_AfterColEdit", [this] {
-    DataTaxBasis.Recordset().Edit();
-    DataTaxBasis.Recordset().Update();
+    DataTaxBasis.Recordset()->Edit();
+    DataTaxBasis.Recordset()->Update();
   });
 }
 

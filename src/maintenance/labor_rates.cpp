@@ -24,11 +24,11 @@ void frmCustMain::DeptChange() {
     txtDeptRate.Value(Currency{0});
     const std::string Bound = BoundText(cboDepts);
     if (!Bound.empty() && HasRecords(DataDepts)) {
-      platform::Recordset& Rs = DataDepts.Recordset();
-      Rs.FindFirst("[DeptNumber]='" + Bound + "'");
-      if (!Rs.NoMatch()) {
+      const platform::RecordsetRef Rs = DataDepts.Recordset();
+      Rs->FindFirst("[DeptNumber]='" + Bound + "'");
+      if (!Rs->NoMatch()) {
         txtDeptNo.Text(Bound + " - " + cboDepts.Text());
-        const platform::Value Rate = Rs.Field("DefaultLaborRate");
+        const platform::Value Rate = Rs->Field("DefaultLaborRate");
         txtDeptRate.Value(Rate.IsNull() ? Currency{0} : platform::CCur(Rate));
       }
     }
@@ -63,21 +63,25 @@ void frmCustMain::cmdAddAllDepts_Click() {
   bool Departmental = false;
   on([&] { Departmental = CustomerDeptLaborRate(); });
   if (!Departmental) return;
+  // The customer and the list that the user sees now; a yield may show others.
+  std::int32_t Acct = 0;
+  if (!on([&] { Acct = LongOf(data[tab::Customers].Recordset(), "AcctNum"); })) return;
+  const platform::RecordsetRef Rates = data[tab::LaborRates].Recordset();
   cmdAddAllDepts.Enabled(false);
   orcussch::App().MousePointer(platform::pointer::Hourglass);
   orcussch::App().DoEvents();
 
   std::string Remembered = FixedDept("");
-  on([&] {
-    if (HasRecords(data[tab::LaborRates])) Remembered = FixedDept(TextOf(data[tab::LaborRates].Recordset(), "Dept"));
+  const bool Stands = on([&] {
+    if (Rates->HasRows()) Remembered = FixedDept(TextOf(Rates, "Dept"));
   });
   if (txtAdjustAllDept.Text().empty()) txtAdjustAllDept.Value(0.0);
 
-  bool Done = true;
+  bool Done = Stands;
   if (optAllDept[0].Value())
-    AddAllDepartments(on);
-  else
-    Done = ApplyAdjustment(on);
+    AddAllDepartments(on, Acct);
+  else if (Stands)
+    Done = ApplyAdjustment(on, Rates);
   if (Done) StandOnDepartment(on, Remembered);
 
   cmdAddAllDepts.Enabled(true);
@@ -86,52 +90,50 @@ void frmCustMain::cmdAddAllDepts_Click() {
 }
 
 /// One statement, run where the departments lie. A department that the customer has already is left out by the table's key.
-void frmCustMain::AddAllDepartments(ResumeNext& on) {
-  std::string SQL;
-  on([&] {
-    SQL = "INSERT INTO CustLaborRates ( AcctNum, Dept, Adjustment ) IN '" + gCustomerPath + "' SELECT " +
-          std::to_string(LongOf(data[tab::Customers].Recordset(), "AcctNum")) + " AS AcctNum, Departments.DeptNumber, " +
-          platform::CStr(txtAdjustAllDept.Value()) + " AS Adjustment FROM Departments;";
-  });
+void frmCustMain::AddAllDepartments(ResumeNext& on, std::int32_t Acct) {
+  const std::string SQL = "INSERT INTO CustLaborRates ( AcctNum, Dept, Adjustment ) IN '" + gCustomerPath + "' SELECT " +
+                          std::to_string(Acct) + " AS AcctNum, Departments.DeptNumber, " + platform::CStr(txtAdjustAllDept.Value()) +
+                          " AS Adjustment FROM Departments;";
   bool ErrorFlag = false;
   ExecuteSQLStmt(dbGL, SQL, false, ErrorFlag);
   orcussch::App().DoEvents();
   on([&] { data[tab::LaborRates].Refresh(); });
 }
 
-/// The percentage replaces the old one in every row. False when there is none.
-bool frmCustMain::ApplyAdjustment(ResumeNext& on) {
-  bool Records = false;
-  on([&] { Records = data[tab::LaborRates].Recordset().RecordCount() != 0; });
-  if (!Records) {
+/// The percentage replaces the old one in every row. False when there is none, or when the list went away on the way: one that
+/// was opened anew in a yield is reported once, and the rows that are left stay as they are.
+bool frmCustMain::ApplyAdjustment(ResumeNext& on, const platform::RecordsetRef& Rates) {
+  if (!Rates->HasRows()) {
     orcussch::App().MsgBox("The current customer has no departmental labor rate records setup to apply the adjustment % to!",
                            platform::box::Information + platform::box::OkOnly, cmdAddAllDepts.Caption());
     return false;
   }
-  platform::Recordset& Rs = data[tab::LaborRates].Recordset();
-  bool More = on([&] { Rs.MoveFirst(); });
-  while (More && !Rs.Eof()) {
-    on([&] { Rs.Edit(); });
-    on([&] { Rs.SetField("Adjustment", txtAdjustAllDept.Value()); });
-    UpdateOrDrop(on, Rs);
-    More = on([&] { Rs.MoveNext(); });
+  const double Adjustment = txtAdjustAllDept.Value();
+  bool More = on([&] { Rates->MoveFirst(); });
+  while (More) {
+    if (on([&] { Rates->Edit(); })) {
+      on([&] { Rates->SetField("Adjustment", Adjustment); });
+      UpdateOrDrop(on, Rates);
+    }
+    More = on([&] { Rates->MoveNext(); });
     orcussch::App().DoEvents();
+    if (More && !on([&] { More = !Rates->Eof(); })) return false;
   }
   return true;
 }
 
 void frmCustMain::StandOnDepartment(ResumeNext& on, const std::string& Dept) {
+  const platform::RecordsetRef Rs = data[tab::LaborRates].Recordset();
   bool Records = false;
-  on([&] { Records = data[tab::LaborRates].Recordset().RecordCount() != 0; });
+  on([&] { Records = Rs->HasRows(); });
   if (!Records) return;
-  platform::Recordset& Rs = data[tab::LaborRates].Recordset();
   bool Found = false;
   if (Dept != FixedDept(""))
     on([&] {
-      Rs.FindFirst("[Dept]='" + Dept + "'");
-      Found = !Rs.NoMatch();
+      Rs->FindFirst("[Dept]='" + Dept + "'");
+      Found = !Rs->NoMatch();
     });
-  if (!Found) on([&] { Rs.MoveFirst(); });
+  if (!Found) on([&] { Rs->MoveFirst(); });
 }
 
 }  // namespace orcussch

@@ -11,8 +11,8 @@ using platform::Value;
 namespace {
 
 /// A field of the current row without Null and outer blanks.
-std::string TrimmedField(const platform::Recordset& Rs, const char* Name) {
-  return platform::Trim(platform::CStr(platform::Concat("", Rs.Field(Name))));
+std::string TrimmedField(const platform::RecordsetRef& Rs, const char* Name) {
+  return platform::Trim(platform::CStr(platform::Concat("", Rs->Field(Name))));
 }
 
 std::string AssignFilter(const platform::ControlArray<platform::OptionButton, 3>& Display) {
@@ -32,7 +32,7 @@ void frmCustMain::SQLData(int Tab) {
 
   std::int32_t Acct = 0;
   on([&] {
-    if (HasRecords(customers)) Acct = CLng(customers.Recordset().Field("AcctNum"));
+    if (HasRecords(customers)) Acct = CLng(customers.Recordset()->Field("AcctNum"));
   });
 
   const int LeftCol = grid[tab::Customers].LeftCol(1);
@@ -141,7 +141,7 @@ void frmCustMain::ShowCustomerName() {
     lblCustomer.Caption("");
     return;
   }
-  const platform::Recordset& Rs = data[tab::Customers].Recordset();
+  const platform::RecordsetRef Rs = data[tab::Customers].Recordset();
   const std::string Title = TrimmedField(Rs, "Title");
   const std::string FirstName = TrimmedField(Rs, "FirstName");
   std::string Name = FirstName.empty() ? Title : Title + " " + FirstName;
@@ -152,7 +152,7 @@ void frmCustMain::ShowCustomerName() {
 /// A non-billable customer has neither alternate addresses nor credit cards.
 void frmCustMain::CloseTabsOfNonBillable() {
   if (!data[tab::Customers].OnRecord()) return;
-  const Value NonBillable = data[tab::Customers].Recordset().Field("NonBillable");
+  const Value NonBillable = data[tab::Customers].Recordset()->Field("NonBillable");
   const bool Billable = NonBillable.IsNull() || !platform::CBool(NonBillable);
   SSIndexTab1.TabEnabled(tab::Addresses, Billable);
   SSIndexTab1.TabEnabled(tab::CreditCards, Billable);
@@ -161,8 +161,8 @@ void frmCustMain::CloseTabsOfNonBillable() {
 void frmCustMain::grid_LostFocus(int Index) {
   const auto n = static_cast<std::size_t>(Index);
   if (!grid[n].DataChanged() || !data[n].OnRecord()) return;
-  data[n].Recordset().Edit();
-  data[n].Recordset().Update();
+  data[n].Recordset()->Edit();
+  data[n].Recordset()->Update();
 }
 
 }  // namespace orcussch

@@ -48,7 +48,7 @@ void frmCustMain::RecordAdd() {
 void frmCustMain::RecordEdit() {
   ResumeNext on("frmCustMain.RecordEdit");
   bool Records = false;
-  on([&] { Records = data[static_cast<std::size_t>(Tab())].Recordset().HasRows(); });
+  on([&] { Records = data[static_cast<std::size_t>(Tab())].Recordset()->HasRows(); });
   if (!Records) return;
   BeginWork();
   mRecordMode = "E";
@@ -101,14 +101,14 @@ void frmCustMain::ShowSaved(ResumeNext& on, const SaveState& state) {
 void frmCustMain::StandOn(ResumeNext& on, const std::string& Position) {
   const auto n = static_cast<std::size_t>(Tab());
   bool Records = false;
-  on([&] { Records = data[n].Recordset().HasRows(); });
+  on([&] { Records = data[n].Recordset()->HasRows(); });
   if (!Records) return;
   bool NoMatch = false;
   on([&] {
-    data[n].Recordset().FindFirst(Position);
-    NoMatch = data[n].Recordset().NoMatch();
+    data[n].Recordset()->FindFirst(Position);
+    NoMatch = data[n].Recordset()->NoMatch();
   });
-  if (NoMatch) on([&] { data[n].Recordset().MoveLast(); });
+  if (NoMatch) on([&] { data[n].Recordset()->MoveLast(); });
 }
 
 void frmCustMain::RecordCancel() {

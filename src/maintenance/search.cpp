@@ -32,17 +32,17 @@ void frmCustMain::SearchRecord(int Tab) {
   orcussch::App().MousePointer(platform::pointer::Hourglass);
 
   const std::string Criteria = "([" + fraSearch[n].Tag() + "] Like '" + SearchValue(Tab) + "*')";
-  platform::Recordset& Rs = data[n].Recordset();
+  const platform::RecordsetRef Rs = data[n].Recordset();
   std::string Word;
   if (fraSearch[n].Caption() == kSearchNext) {
     Word = "No more ";
-    Rs.FindNext(Criteria);
+    Rs->FindNext(Criteria);
   } else {
     Word = "No ";
-    Rs.FindFirst(Criteria);
+    Rs->FindFirst(Criteria);
   }
 
-  if (Rs.NoMatch()) {
+  if (Rs->NoMatch()) {
     orcussch::App().MsgBox(Word + lblSearch[n].Caption() + "'s beginning with '" + txtSearch[n].Text() + "' can be found!",
                            platform::box::Information + platform::box::OkOnly, SSIndexTab1.TabCaption(SSIndexTab1.Tab()) + " Search");
     fraSearch[n].Caption(kSearchFirst);

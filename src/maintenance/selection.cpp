@@ -19,10 +19,10 @@ void frmCustMain::SelectCustomer() {
   const AnswerText texts[] = {
       {"FirstName", &gCustomerFirstName}, {"LastName", &gCustomerLastName}, {"Title", &gCustomerTitle}, {"Addr1", &gCustomerAddr1},
       {"Addr2", &gCustomerAddr2},         {"City", &gCustomerCity},         {"State", &gCustomerState}, {"Zip", &gCustomerZip}};
-  platform::Recordset& Rs = data[tab::Customers].Recordset();
-  if (Rs.HasRows()) {
-    gSelAcctNum = platform::CLng(Rs.Field("AcctNum"));
-    for (const AnswerText& text : texts) *text.answer = platform::Trim(platform::CStr(platform::Concat("", Rs.Field(text.field))));
+  const platform::RecordsetRef Rs = data[tab::Customers].Recordset();
+  if (Rs->HasRows()) {
+    gSelAcctNum = platform::CLng(Rs->Field("AcctNum"));
+    for (const AnswerText& text : texts) *text.answer = platform::Trim(platform::CStr(platform::Concat("", Rs->Field(text.field))));
   } else {
     gSelAcctNum = 0;
     for (const AnswerText& text : texts) text.answer->clear();
@@ -30,18 +30,18 @@ void frmCustMain::SelectCustomer() {
   orcussch::App().Unload(*this);
 }
 
-void frmCustMain::SelectAllRecords(platform::Grid& Grid, platform::Recordset& Rs) {
+void frmCustMain::SelectAllRecords(platform::Grid& Grid, platform::RecordsetRef Rs) {
   Trap("frmCustMain,SelectAllRecords", [&] {
     orcussch::App().MousePointer(platform::pointer::Hourglass);
     orcussch::App().DoEvents();
-    if (Rs.RecordCount() != 0) {
-      Rs.MoveFirst();
-      while (!Rs.Eof()) {
-        Grid.SelBookmarks.Add(Rs.Bookmark());
-        Rs.MoveNext();
+    if (Rs->RecordCount() != 0) {
+      Rs->MoveFirst();
+      while (!Rs->Eof()) {
+        Grid.SelBookmarks.Add(Rs->Bookmark());
+        Rs->MoveNext();
         orcussch::App().DoEvents();
       }
-      Rs.MoveFirst();
+      Rs->MoveFirst();
     }
     TestGridSelection(Grid);
     orcussch::App().MousePointer(platform::pointer::Default);

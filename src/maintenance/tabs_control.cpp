@@ -13,15 +13,17 @@ void frmCustMain::SSIndexTab1_Click() {
   const int NewTab = Tab();
   const auto n = static_cast<std::size_t>(NewTab);
   if (NewTab != tab::Customers) {
-    const std::int32_t Acct = platform::CLng(data[tab::Customers].Recordset().Field("AcctNum"));
+    const std::int32_t Acct = platform::CLng(data[tab::Customers].Recordset()->Field("AcctNum"));
     if (mTabAcct[n] != Acct)
       LoadTab(NewTab);
     else
       TestRecordcount();
+    if (Tab() != NewTab) return;  // another tab was chosen in a yield, and its own click has set what follows
     tb("tb_Queries").Enabled(false);
     miQueries.Enabled(false);
   } else {
     TestRecordcount();
+    if (Tab() != NewTab) return;
     tb("tb_Queries").Enabled(true);
     miQueries.Enabled(true);
   }

@@ -68,15 +68,10 @@ void Application::Hide(Form& form) {
 void Application::Unload(Form& form) {
   if (!form.loaded_ || form.unloading_) return;
   form.unloading_ = true;
-  // What the user has typed into a list is written before the screen goes.
+  // What the user has typed into a list is written before the screen goes; what is refused goes with it.
   for (Control* control : form.controls_) {
     auto* grid = dynamic_cast<Grid*>(control);
-    if (!grid) continue;
-    try {
-      if (grid->TakeOpenCell() && grid->DataChanged()) grid->WritePendingRow();
-    } catch (const Error& error) {
-      Unhandled(error);
-    }
+    if (grid && !grid->TakeOpenCell()) grid->DropPending();
   }
   try {
     form.Form_Unload();

@@ -13,7 +13,9 @@ Error ObjectNotSet() { return {91, "Object variable or With block variable not s
 Error InvalidPattern() { return {93, "Invalid pattern string"}; }
 Error InvalidUseOfNull() { return {94, "Invalid use of Null"}; }
 Error ObjectRequired() { return {424, "Object required"}; }
+Error NoCurrentRecord() { return {3021, "No current record."}; }
 Error ItemNotFound() { return {3265, "Item not found in this collection."}; }
 Error ObjectClosed() { return {3420, "Object invalid or no longer set."}; }
+Error ActionCancelled() { return {3426, "The action was cancelled by an associated object."}; }
 
 }  // namespace platform::error

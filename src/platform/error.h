@@ -35,8 +35,10 @@ Error ObjectNotSet();         ///< 91
 Error InvalidPattern();       ///< 93
 Error InvalidUseOfNull();     ///< 94
 Error ObjectRequired();       ///< 424
+Error NoCurrentRecord();      ///< 3021
 Error ItemNotFound();         ///< 3265, member of a collection
 Error ObjectClosed();         ///< 3420
+Error ActionCancelled();      ///< 3426, an event's handler or an open cell stopped a move or a write
 }  // namespace error
 
 }  // namespace platform

@@ -57,7 +57,7 @@ TEST_F(Rows, HomeAndEndGoToTheEndsAndShowThem) {
 
 TEST_F(Rows, ARowThatCodeFindsComesIntoView) {
   OpenList(kFiveMillion);
-  screen->data.Recordset().FindFirst("[Number]=3141592");
+  screen->data.Recordset()->FindFirst("[Number]=3141592");
   EXPECT_TRUE(Shown(3'141'591));
 }
 
@@ -113,7 +113,7 @@ TEST_F(Rows, ARefusedSelectionChangeMarksNothing) {
 
 TEST_F(Rows, AListThatDoesNotMarkHasNoMarkers) {
   OpenList(50);
-  List().setProperty("marksRows", false);
+  screen->grid.MarksRows(false);
   EXPECT_EQ(List().MarkerWidth(), 0);
   hands->Key(screen->grid, "Insert");
   EXPECT_TRUE(Marked().empty());
@@ -135,7 +135,7 @@ TEST_F(Rows, WhileTheEngineCountsTheListWorksAndThenKnows) {
   table.slicesToCount = 5;
   table.estimate = 1'000'000;
   OpenList(kFiveMillion);
-  screen->data.Recordset().FindFirst("[Number]=4000000");
+  screen->data.Recordset()->FindFirst("[Number]=4000000");
   List();
   for (int i = 0; i < 50 && !table.counted; ++i) Process();
   EXPECT_TRUE(table.counted) << "idle time runs the slices";
@@ -181,7 +181,7 @@ TEST_F(Rows, AClickOnARowThatAnotherUserDeletedIsReported) {
 TEST_F(Rows, AfterAJumpTheFirstRowInViewIsAWholeOne) {
   OpenList(kFiveMillion);
   for (const char* criteria : {"[Number]=3141592", "[Number]=17", "[Number]=40"}) {
-    screen->data.Recordset().FindFirst(criteria);
+    screen->data.Recordset()->FindFirst(criteria);
     EXPECT_EQ(List().verticalScrollBar()->value() % List().RowHeight(), 0) << criteria;
   }
 }

@@ -16,5 +16,7 @@ set(ORCUSSCH_SCENARIOS
   search/find-needs-a-text
   search/hit-next-and-miss
   search/status-letters
+  selection/list-read-anew-while-selecting
   selection/mark-customer-types
+  selection/only-lists-with-ticks-mark-rows
 )

@@ -81,6 +81,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   laborrates/one-row-a-department
   laborrates/panel-computes-the-customers-rate
   laborrates/percentage-beyond-the-figures
+  laborrates/percentage-ends-when-the-list-is-read-anew
   laborrates/percentage-is-applied-to-all-rows
   laborrates/row-deleted-while-applying
   laborrates/short-department-number
@@ -125,6 +126,9 @@ list(APPEND ORCUSSCH_SCENARIOS
   gridediting/adjustment-must-be-a-number
   gridediting/card-cells-at-their-limits
   gridediting/cell-is-written-at-once
+  gridediting/cell-that-could-not-be-written
+  gridediting/cells-hold-stored-values
+  gridediting/refused-cell-stops-what-comes-next
   gridediting/cell-while-the-file-is-locked
   gridediting/changes-show-in-other-cells
   gridediting/credit-card-cells

@@ -118,6 +118,7 @@ void DesktopHands::Focus(Control& control) {
 void DesktopHands::Type(Control& control, std::string_view text, bool append) {
   FormWindow& window = WindowOf(control);
   Focus(control);
+  if (control.Owner().Focus() != &control) return;  // a refused cell keeps the focus
   if (append) {
     input::Key(window, Qt::Key_End, Qt::ControlModifier);
     input::Key(window, Qt::Key_End, Qt::NoModifier);
@@ -141,6 +142,7 @@ void DesktopHands::Key(Control& control, std::string_view key) {
   auto* list = binding ? dynamic_cast<ListView*>(binding->Widget()) : nullptr;
   if (list) list->Sync();
   if (!list || !list->Editor()) Focus(control);
+  if (control.TakesFocus() && control.Owner().Focus() != &control) return;
   const input::NamedKey named = input::KeyByName(key);
   if (named.key == Qt::Key_unknown && named.text.isEmpty()) throw std::logic_error("no key " + std::string(key));
   input::Key(window, named.key, named.modifiers, named.text);

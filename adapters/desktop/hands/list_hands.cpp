@@ -42,7 +42,7 @@ void DesktopHands::Cell(Grid& grid, int column, std::string_view text) {
     if (on != EqualsNoCase(text, "True")) input::Click(*list.viewport(), cell.center());
     return Settle();
   }
-  input::DoubleClick(*list.viewport(), cell.center());
+  if (grid.OpenCell() != column) input::DoubleClick(*list.viewport(), cell.center());
   Settle();
   list.Sync();
   CellEditor* editor = list.Editor();

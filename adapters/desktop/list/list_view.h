@@ -27,8 +27,7 @@ class Services;
 /// and resize. It holds no state per row beyond the window, never measures the list by its content, and its painting asks
 /// the engine only for the window, never raises and never opens a box.
 ///
-/// Properties of the layout: "fixedColumns" (number), "marksRows" (several rows can be marked), "searchBox" (name of the edit
-/// that typing goes to).
+/// Properties of the layout: "fixedColumns" (number), "searchBox" (name of the edit that typing goes to).
 class ListView final : public QAbstractScrollArea {
   Q_OBJECT
 
@@ -51,7 +50,7 @@ class ListView final : public QAbstractScrollArea {
   int HorizontalOffset() const;
   int MarkerWidth() const;
   int RowHeight() const noexcept { return rowHeight_; }
-  bool MarksRows() const { return property("marksRows").toBool(); }
+  bool MarksRows() const { return grid_ && grid_->MarksRows(); }
   const std::optional<SortHint>& Sorted() const noexcept { return sorted_; }
   std::string FieldOf(int column) const;
   QString CaptionOf(int column) const;

@@ -45,7 +45,7 @@ int ListView::DefaultWidth(int column) const {
   int characters = kFigureCharacters;
   const auto at = static_cast<std::size_t>(column);
   if (hasList_ && at < fieldOf_.size() && fieldOf_[at] >= 0) {
-    const platform::FieldInfo& field = grid_->Data()->Recordset().Fields()[static_cast<std::size_t>(fieldOf_[at])];
+    const platform::FieldInfo& field = grid_->Data()->Recordset()->Fields()[static_cast<std::size_t>(fieldOf_[at])];
     using platform::FieldType;
     if (field.type == FieldType::Text) characters = std::clamp(field.size, kLeastTextCharacters, kMostTextCharacters);
     if (field.type == FieldType::Memo) characters = kMostTextCharacters;

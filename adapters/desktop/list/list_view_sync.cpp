@@ -83,7 +83,7 @@ void ListView::SyncList() {
   fieldOf_.assign(count, -1);
   figure_.assign(count, false);
   if (hasList_) {
-    const auto& fields = grid_->Data()->Recordset().Fields();
+    const auto& fields = grid_->Data()->Recordset()->Fields();
     for (std::size_t column = 0; column < count; ++column) {
       const int field = grid_->FieldIndexOf(static_cast<int>(column));
       fieldOf_[column] = field;

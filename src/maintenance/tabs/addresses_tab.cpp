@@ -59,14 +59,14 @@ class AddressesTab final : public RecordTab {
     if (!Valid(state)) return false;
     if (Adding()) {
       on([] { rsAddresses->AddNew(); });
-      on([&] { rsAddresses->SetField("Customer", Customer().Field("AcctNum")); });
+      on([&] { rsAddresses->SetField("Customer", Customer()->Field("AcctNum")); });
     } else if (!BeginEdit(on, state)) {
       return false;
     }
     Write(on, rsAddresses, mFields);
     on([] { rsAddresses->Update(); });
     on([] { rsAddresses->SetBookmark(rsAddresses->LastModified()); });
-    on([&] { state.Position = "[AddressID]=" + std::to_string(LongOf(*rsAddresses, "addressID")); });
+    on([&] { state.Position = "[AddressID]=" + std::to_string(LongOf(rsAddresses, "addressID")); });
     WriteDefaults(on);
     return true;
   }
@@ -76,8 +76,8 @@ class AddressesTab final : public RecordTab {
     on([&] { Id = LongOf(Rows(), "addressID"); });
     bool Ship = false;
     bool Bill = false;
-    on([&] { Ship = IsNumber(Customer().Field("DefaultShipAddress"), Id); });
-    on([&] { Bill = IsNumber(Customer().Field("DefaultBillAddress"), Id); });
+    on([&] { Ship = IsNumber(Customer()->Field("DefaultShipAddress"), Id); });
+    on([&] { Bill = IsNumber(Customer()->Field("DefaultBillAddress"), Id); });
     if (Ship) state.Repairs[0] = {true, "DefaultShipAddress"};
     // The shipping field too: the suite's billing keeps the number of the deleted address until someone chooses another.
     if (Bill) state.Repairs[1] = {true, "DefaultShipAddress"};
@@ -93,7 +93,7 @@ class AddressesTab final : public RecordTab {
 
   void LoadMonth(ResumeNext& on, int which, const char* field) {
     on([&] {
-      const Value stored = Rows().Field(field);
+      const Value stored = Rows()->Field(field);
       const std::int16_t month = stored.IsNull() ? std::int16_t{0} : platform::CInt(stored);
       ShowMonth(which, month > 0 && month <= kMonths ? month : std::int16_t{0});
     });
@@ -131,9 +131,9 @@ class AddressesTab final : public RecordTab {
     const bool Ship = s.chkDefaultAddr[0].Value() != 0;
     const bool Bill = s.chkDefaultAddr[1].Value() != 0;
     if (!Ship && !Bill) return;
-    on([&] { Customer().Edit(); });
-    if (Ship) on([&] { Customer().SetField("DefaultShipAddress", rsAddresses->Field("addressID")); });
-    if (Bill) on([&] { Customer().SetField("DefaultBillAddress", rsAddresses->Field("addressID")); });
+    on([&] { Customer()->Edit(); });
+    if (Ship) on([&] { Customer()->SetField("DefaultShipAddress", rsAddresses->Field("addressID")); });
+    if (Bill) on([&] { Customer()->SetField("DefaultBillAddress", rsAddresses->Field("addressID")); });
     UpdateCustomer(on);
   }
 

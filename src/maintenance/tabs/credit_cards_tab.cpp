@@ -36,10 +36,10 @@ class CreditCardsTab final : public RecordTab {
   void Edit(ResumeNext& on) override {
     on([&] { s.DataCreditCards.Refresh(); });
     EmptyCombo(s.cboCreditCards);
-    on([&] { s.cboCreditCards.BoundValue(Rows().Field("CCType")); });
+    on([&] { s.cboCreditCards.BoundValue(Rows()->Field("CCType")); });
     on([&] { s.cboCreditCards.Text(TextUnguarded(Rows(), "CreditCardName")); });
     for (const TextField& text : mTexts) on([&] { text.edit->Text(TextUnguarded(Rows(), text.field)); });
-    on([&] { s.txtCCLimit.Value(platform::CCur(Rows().Field("CCLimit"))); });
+    on([&] { s.txtCCLimit.Value(platform::CCur(Rows()->Field("CCLimit"))); });
     on([&] { s.txtCCComment.Text(TextUnguarded(Rows(), "CCComment")); });
     ProposeDefault(on);
   }
@@ -48,17 +48,17 @@ class CreditCardsTab final : public RecordTab {
     if (!Valid(state)) return false;
     if (Adding()) {
       on([] { rsCustCreditCards->AddNew(); });
-      on([&] { rsCustCreditCards->SetField("AcctNum", Customer().Field("AcctNum")); });
+      on([&] { rsCustCreditCards->SetField("AcctNum", Customer()->Field("AcctNum")); });
     } else if (!BeginEdit(on, state)) {
       return false;
     }
     Write(on, rsCustCreditCards, mFields);
     on([] { rsCustCreditCards->Update(); });
     on([] { rsCustCreditCards->SetBookmark(rsCustCreditCards->LastModified()); });
-    on([&] { state.Position = "[CreditCardID]=" + std::to_string(LongOf(*rsCustCreditCards, "CreditCardID")); });
+    on([&] { state.Position = "[CreditCardID]=" + std::to_string(LongOf(rsCustCreditCards, "CreditCardID")); });
     if (s.chkDefaultCC.Value() != 0) {
-      on([&] { Customer().Edit(); });
-      on([&] { Customer().SetField("DefaultCreditCard", rsCustCreditCards->Field("CreditCardID")); });
+      on([&] { Customer()->Edit(); });
+      on([&] { Customer()->SetField("DefaultCreditCard", rsCustCreditCards->Field("CreditCardID")); });
       UpdateCustomer(on);
     }
     return true;
@@ -68,7 +68,7 @@ class CreditCardsTab final : public RecordTab {
     std::int32_t Id = 0;
     on([&] { Id = LongOf(Rows(), "CreditCardID"); });
     bool Default = false;
-    on([&] { Default = IsNumber(Customer().Field("DefaultCreditCard"), Id); });
+    on([&] { Default = IsNumber(Customer()->Field("DefaultCreditCard"), Id); });
     if (Default) state.Repairs[0] = {true, "DefaultCreditCard"};
     state.Position = "[CreditCardID]>=" + std::to_string(Id);
     return true;
@@ -79,7 +79,7 @@ class CreditCardsTab final : public RecordTab {
   void ProposeDefault(ResumeNext& on) {
     bool HasDefault = false;
     on([&] {
-      const platform::Value card = Customer().Field("DefaultCreditCard");
+      const platform::Value card = Customer()->Field("DefaultCreditCard");
       HasDefault = !card.IsNull() && platform::CLng(card) > 0;
     });
     s.chkDefaultCC.Value(HasDefault ? 0 : 1);

@@ -38,7 +38,7 @@ class CustomerTypesTab final : public RecordTab {
     on([] { rsDataCodes->Update(); });
     if (s.chkAssignCustType.Value() != 0 && Adding()) {
       on([] { rsCustCodes->AddNew(); });
-      on([&] { rsCustCodes->SetField("AcctNum", Customer().Field("AcctNum")); });
+      on([&] { rsCustCodes->SetField("AcctNum", Customer()->Field("AcctNum")); });
       on([&] { rsCustCodes->SetField("CustCodes", Code); });
       on([] { rsCustCodes->Update(); });
     }
@@ -55,7 +55,7 @@ class CustomerTypesTab final : public RecordTab {
 
   /// A type that any customer has stays. The work table's row goes with the next load.
   bool Remove(ResumeNext& on, DeleteState& state) override {
-    const auto Code = [this] { return Keys{Rows().Field("Code")}; };
+    const auto Code = [this] { return Keys{Rows()->Field("Code")}; };
     if (Find(on, rsCustCodes, "CustCodes", Code)) {
       std::string Description;
       on([&] { Description = TextOf(Rows(), "Description"); });
@@ -71,7 +71,7 @@ class CustomerTypesTab final : public RecordTab {
 
  private:
   bool BeginEdit(ResumeNext& on, const SaveState& state, std::int16_t& Code) {
-    on([&] { Code = platform::CInt(Rows().Field("Code")); });
+    on([&] { Code = platform::CInt(Rows()->Field("Code")); });
     if (!Find(on, rsDataCodes, "PrimaryKey", [Code] { return Keys{Code}; })) {
       Refuse(state.Title, "The edited customer type record can no longer be found (Customer Type Code  " + std::to_string(Code) +
                               ").  The customer type changes made can not be saved!");

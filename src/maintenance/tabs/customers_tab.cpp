@@ -11,7 +11,6 @@ using platform::CBool;
 using platform::CStr;
 using platform::Currency;
 using platform::Null;
-using platform::Recordset;
 using platform::RecordsetRef;
 using platform::Val;
 using platform::Value;
@@ -42,9 +41,9 @@ class CustomersTab final : public RecordTab {
 
  private:
   void ShowTerms(ResumeNext& on, const std::string& Terms, const Value& Bound);
-  void ShowSalesRate(ResumeNext& on, const Recordset& Row);
-  void ShowLaborRate(ResumeNext& on, const Recordset& Row);
-  void ShowMapCode(ResumeNext& on, const Recordset& Row);
+  void ShowSalesRate(ResumeNext& on, const RecordsetRef& Row);
+  void ShowLaborRate(ResumeNext& on, const RecordsetRef& Row);
+  void ShowMapCode(ResumeNext& on, const RecordsetRef& Row);
 
   bool Valid(const SaveState& state) const;
   bool AskAboutDuplicates(ResumeNext& on, const SaveState& state, std::int16_t& TaxCount);
@@ -90,9 +89,9 @@ void CustomersTab::ShowTerms(ResumeNext& on, const std::string& Terms, const Val
   bool Records = false;
   on([&] { Records = !Bound.IsNull() && HasRecords(s.DataTerms); });
   if (!Records) return;
-  on([&] { s.DataTerms.Recordset().FindFirst("[Terms]=" + Terms); });
-  if (s.DataTerms.Recordset().NoMatch()) {
-    on([&] { s.DataTerms.Recordset().MoveFirst(); });
+  on([&] { s.DataTerms.Recordset()->FindFirst("[Terms]=" + Terms); });
+  if (s.DataTerms.Recordset()->NoMatch()) {
+    on([&] { s.DataTerms.Recordset()->MoveFirst(); });
     return;
   }
   on([&] { SetCombo(s.cboTerms, Bound, TextOf(s.DataTerms.Recordset(), "Message")); });
@@ -100,48 +99,48 @@ void CustomersTab::ShowTerms(ResumeNext& on, const std::string& Terms, const Val
 
 void CustomersTab::Edit(ResumeNext& on) {
   s.txtComment_LostFocus();
-  Recordset& Row = Customer();
+  const RecordsetRef Row = Customer();
   for (const TextField& text : mTexts) on([&] { text.edit->Text(TextOf(Row, text.field)); });
 
   Value Terms = Null;
-  on([&] { Terms = Row.Field("Terms"); });
+  on([&] { Terms = Row->Field("Terms"); });
   ShowTerms(on, Terms.IsNull() ? "" : CStr(Terms), Terms);
 
   std::int16_t Status = 0;
   on([&] {
-    const Value value = Row.Field("Status");
+    const Value value = Row->Field("Status");
     if (!value.IsNull()) Status = platform::CInt(value);
   });
   s.optStatus[Status == 1 || Status == 2 ? static_cast<std::size_t>(Status) : 0].Value(true);
   bool NonBillable = false;
-  on([&] { NonBillable = IsTrue(Row.Field("NonBillable")); });
+  on([&] { NonBillable = IsTrue(Row->Field("NonBillable")); });
   s.optBillingStatus[NonBillable ? 1 : 0].Value(true);
 
   on([&] { s.txtComment.Text(TextOf(Row, "Comments")); });
   on([&] { s.txtTaxID.Text(TextOf(Row, "TaxID")); });
   on([&] {
-    const Value expires = Row.Field("ExemptExpireDate");
+    const Value expires = Row->Field("ExemptExpireDate");
     if (expires.IsNull())
       s.txtExemptExpireDate.Text("");
     else
       s.txtExemptExpireDate.Value(expires);
   });
   on([&] {
-    const Value byInvoice = Row.Field("AgeMethod");
+    const Value byInvoice = Row->Field("AgeMethod");
     s.chkAgeMethod.Value(byInvoice.IsNull() || CBool(byInvoice) ? 1 : 0);
   });
-  on([&] { s.chkOmitFinChg.Value(IsTrue(Row.Field("OmitFinanceCharge")) ? 1 : 0); });
-  on([&] { s.txtCreditLimit.Value(platform::CCur(Row.Field("Creditlimit"))); });
+  on([&] { s.chkOmitFinChg.Value(IsTrue(Row->Field("OmitFinanceCharge")) ? 1 : 0); });
+  on([&] { s.txtCreditLimit.Value(platform::CCur(Row->Field("Creditlimit"))); });
   on([&] { s.txtEMail.Text(TextOf(Row, "EMail")); });
   on([&] { s.txtWebSite.Text(TextOf(Row, "WebSite")); });
   ShowMapCode(on, Row);
-  on([&] { s.chkHoldCredit.Value(IsTrue(Row.Field("CreditHold")) ? 1 : 0); });
+  on([&] { s.chkHoldCredit.Value(IsTrue(Row->Field("CreditHold")) ? 1 : 0); });
   ShowSalesRate(on, Row);
   ShowLaborRate(on, Row);
   s.LoadTaxBasis(true);
 }
 
-void CustomersTab::ShowMapCode(ResumeNext& on, const Recordset& Row) {
+void CustomersTab::ShowMapCode(ResumeNext& on, const RecordsetRef& Row) {
   on([&] { s.lblMapCode[0].Caption(TextOf(Row, "MapCode")); });
   if (s.lblMapCode[0].Caption().empty()) {
     s.lblMapCode[1].Caption("");
@@ -151,20 +150,20 @@ void CustomersTab::ShowMapCode(ResumeNext& on, const Recordset& Row) {
     s.lblMapCode[1].Caption("");
     return;
   }
-  on([&] { s.lblMapCode[1].Caption(TextOf(*rsLocations, "Location")); });
+  on([&] { s.lblMapCode[1].Caption(TextOf(rsLocations, "Location")); });
 }
 
 /// The combo is filled only for a code that the table of rates lacks. A valid code leaves it empty, and a save does not write
 /// an empty combo: that is how the customer's code survives an edit.
-void CustomersTab::ShowSalesRate(ResumeNext& on, const Recordset& Row) {
+void CustomersTab::ShowSalesRate(ResumeNext& on, const RecordsetRef& Row) {
   EmptyCombo(s.cboSalesRate);
   std::string SalesRate;
   on([&] { SalesRate = TextOf(Row, "SalesRate"); });
   if (!SalesRate.empty()) {
     bool Unknown = false;
     on([&] {
-      s.DataSalesRate.Recordset().FindFirst("[SalesRate]='" + SalesRate + "'");
-      Unknown = s.DataSalesRate.Recordset().NoMatch();
+      s.DataSalesRate.Recordset()->FindFirst("[SalesRate]='" + SalesRate + "'");
+      Unknown = s.DataSalesRate.Recordset()->NoMatch();
     });
     if (Unknown) {
       on([&] { s.cboSalesRate.BoundValue(SalesRate); });
@@ -172,17 +171,17 @@ void CustomersTab::ShowSalesRate(ResumeNext& on, const Recordset& Row) {
     }
   }
   Value SalesRatePer = Null;
-  on([&] { SalesRatePer = Row.Field("SalesRatePer"); });
+  on([&] { SalesRatePer = Row->Field("SalesRatePer"); });
   on([&] { s.txtSalesRatePer.Value(std::abs(platform::CDbl(SalesRatePer))); });
   s.cmdPlusMinus.Caption(!SalesRatePer.IsNull() && platform::CDbl(SalesRatePer) < 0 ? "-" : "+");
 }
 
-void CustomersTab::ShowLaborRate(ResumeNext& on, const Recordset& Row) {
+void CustomersTab::ShowLaborRate(ResumeNext& on, const RecordsetRef& Row) {
   std::string Type;
   on([&] { Type = TextOf(Row, "LaborRateType"); });
   if (Type == "C") {
     s.optLaborRate[1].Value(true);
-    on([&] { s.txtLaborRate.Value(platform::CCur(Row.Field("LaborRate"))); });
+    on([&] { s.txtLaborRate.Value(platform::CCur(Row->Field("LaborRate"))); });
     s.txtLaborRate.Enabled(true);
     return;
   }
@@ -229,7 +228,7 @@ bool CustomersTab::Save(ResumeNext& on, SaveState& state) {
   WriteTaxes(on, Assigned, TaxCount);
   on([&] { rsCustomers->Update(); });
   on([&] { rsCustomers->SetBookmark(rsCustomers->LastModified()); });
-  on([&] { state.Position = "[AcctNum]=" + std::to_string(LongOf(*rsCustomers, "AcctNum")); });
+  on([&] { state.Position = "[AcctNum]=" + std::to_string(LongOf(rsCustomers, "AcctNum")); });
   if (!Assigned.IsNothing()) on([&] { Assigned->Close(); });
   return true;
 }
@@ -251,9 +250,9 @@ bool CustomersTab::AskAboutDuplicates(ResumeNext& on, const SaveState& state, st
   on([&] { Records = Same->RecordCount() != 0; });
   if (Records) {
     std::string AcctNum, LastName, FirstName;
-    on([&] { AcctNum = TextOf(*Same, "AcctNum"); });
-    on([&] { LastName = TextOf(*Same, "LastName"); });
-    on([&] { FirstName = TextOf(*Same, "FirstName"); });
+    on([&] { AcctNum = TextOf(Same, "AcctNum"); });
+    on([&] { LastName = TextOf(Same, "LastName"); });
+    on([&] { FirstName = TextOf(Same, "FirstName"); });
     on([&] { Same->MoveLast(); });
     on([&] { TaxCount = platform::CInt(Same->RecordCount()); });
     Message = "The following Customer already exists with the same address:\r\r";

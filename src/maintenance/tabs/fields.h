@@ -13,14 +13,14 @@
 namespace orcussch {
 
 /// A field as text, "" for Null.
-inline std::string TextOf(const platform::Recordset& Rs, const char* Field) {
-  return platform::CStr(platform::Concat("", Rs.Field(Field)));
+inline std::string TextOf(const platform::RecordsetRef& Rs, const char* Field) {
+  return platform::CStr(platform::Concat("", Rs->Field(Field)));
 }
 
 /// A field as text without a guard: Null raises 94.
-inline std::string TextUnguarded(const platform::Recordset& Rs, const char* Field) { return platform::CStr(Rs.Field(Field)); }
+inline std::string TextUnguarded(const platform::RecordsetRef& Rs, const char* Field) { return platform::CStr(Rs->Field(Field)); }
 
-inline std::int32_t LongOf(const platform::Recordset& Rs, const char* Field) { return platform::CLng(Rs.Field(Field)); }
+inline std::int32_t LongOf(const platform::RecordsetRef& Rs, const char* Field) { return platform::CLng(Rs->Field(Field)); }
 
 /// A condition on a field: Null is neither True nor equal to anything, and no failure.
 inline bool IsTrue(const platform::Value& field) { return !field.IsNull() && platform::CBool(field); }
@@ -31,8 +31,8 @@ inline std::string FixedDept(const std::string& number) { return platform::Left(
 
 /// Writes an edit of a list's row. One that can't be written is reported and dropped: left open, the list would write it by
 /// itself when it moves on, long after the user was told that it failed.
-inline void UpdateOrDrop(ResumeNext& on, platform::Recordset& Rs) {
-  if (!on([&] { Rs.Update(); })) Ignore()([&] { Rs.CancelUpdate(); });
+inline void UpdateOrDrop(ResumeNext& on, const platform::RecordsetRef& Rs) {
+  if (!on([&] { Rs->Update(); })) Ignore()([&] { Rs->CancelUpdate(); });
 }
 
 /// Both parts of a combo.

@@ -38,7 +38,7 @@ class KeyWordsTab final : public RecordTab {
     if (s.chkAssignKeyWord.Value() != 0 && Adding()) {
       on([] { rsLookups->AddNew(); });
       on([&] { rsLookups->SetField("Text", s.txtKeyWord.Text()); });
-      on([&] { rsLookups->SetField("AcctNum", Customer().Field("AcctNum")); });
+      on([&] { rsLookups->SetField("AcctNum", Customer()->Field("AcctNum")); });
       on([] { rsLookups->Update(); });
     }
     s.LoadKeyWords();
@@ -69,7 +69,7 @@ class KeyWordsTab final : public RecordTab {
  private:
   /// The key of the list's current row, the word itself.
   std::function<Keys()> Word() const {
-    return [this] { return Keys{Rows().Field("Keyword")}; };
+    return [this] { return Keys{Rows()->Field("Keyword")}; };
   }
 
   bool BeginEdit(ResumeNext& on, const SaveState& state) {

@@ -29,9 +29,9 @@ class LaborRatesTab final : public RecordTab {
 
   void Edit(ResumeNext& on) override {
     on([&] { s.DataDepts.Refresh(); });
-    on([&] { s.cboDepts.BoundValue(Rows().Field("Dept")); });
+    on([&] { s.cboDepts.BoundValue(Rows()->Field("Dept")); });
     on([&] { s.cboDepts.Text(TextOf(Rows(), "DeptDescription")); });
-    on([&] { s.txtRateAdjustment.Value(platform::CDbl(Rows().Field("Adjustment"))); });
+    on([&] { s.txtRateAdjustment.Value(platform::CDbl(Rows()->Field("Adjustment"))); });
     s.DeptChange();
     // A row can't change its department.
     s.cboDepts.Enabled(false);
@@ -43,7 +43,7 @@ class LaborRatesTab final : public RecordTab {
     std::string Dept = FixedDept(Bound);
     if (!Adding()) on([&] { Dept = FixedDept(TextOf(Rows(), "Dept")); });
 
-    const bool Found = Find(on, rsCustLaborRates, "PrimaryKey", [&] { return Keys{Customer().Field("AcctNum"), Bound}; });
+    const bool Found = Find(on, rsCustLaborRates, "PrimaryKey", [&] { return Keys{Customer()->Field("AcctNum"), Bound}; });
     if (Adding() && Found) {
       Refuse(state.Title, "The current customer already has a labor rate for department no. " + Bound + "!");
       return false;
@@ -55,7 +55,7 @@ class LaborRatesTab final : public RecordTab {
     }
     if (Adding()) {
       on([] { rsCustLaborRates->AddNew(); });
-      on([&] { rsCustLaborRates->SetField("AcctNum", Customer().Field("AcctNum")); });
+      on([&] { rsCustLaborRates->SetField("AcctNum", Customer()->Field("AcctNum")); });
       on([&] { rsCustLaborRates->SetField("Dept", s.cboDepts.BoundValue()); });
     } else {
       on([] { rsCustLaborRates->Edit(); });

@@ -21,7 +21,7 @@ class PhonesTab final : public RecordTab {
     EmptyCombo(s.cboPhoneTypes);
     // A customer's first phone proposes itself as the default.
     bool First = false;
-    on([&] { First = Rows().RecordCount() == 0; });
+    on([&] { First = Rows()->RecordCount() == 0; });
     s.chkDefaultPhone.Value(First ? 1 : 0);
     return true;
   }
@@ -34,11 +34,11 @@ class PhonesTab final : public RecordTab {
     bool Found = false;
     on([&] {
       if (!HasRecords(s.DataPhoneTypes)) return;
-      s.DataPhoneTypes.Recordset().FindFirst("[Type]='" + TextOf(Rows(), "Type") + "'");
-      Found = !s.DataPhoneTypes.Recordset().NoMatch();
+      s.DataPhoneTypes.Recordset()->FindFirst("[Type]='" + TextOf(Rows(), "Type") + "'");
+      Found = !s.DataPhoneTypes.Recordset()->NoMatch();
     });
     if (!Found) return;
-    on([&] { s.cboPhoneTypes.BoundValue(s.DataPhoneTypes.Recordset().Field("Type")); });
+    on([&] { s.cboPhoneTypes.BoundValue(s.DataPhoneTypes.Recordset()->Field("Type")); });
     on([&] { s.cboPhoneTypes.Text(TextOf(s.DataPhoneTypes.Recordset(), "TypeDescription")); });
   }
 
@@ -46,17 +46,17 @@ class PhonesTab final : public RecordTab {
     if (!Passes(state, {{BoundText(s.cboPhoneTypes).empty(), "You must select a phone number type!"}})) return false;
     if (Adding()) {
       on([] { rsPhones->AddNew(); });
-      on([&] { rsPhones->SetField("AcctNum", Customer().Field("AcctNum")); });
+      on([&] { rsPhones->SetField("AcctNum", Customer()->Field("AcctNum")); });
     } else if (!BeginEdit(on, state)) {
       return false;
     }
     Write(on, rsPhones, mFields);
     on([] { rsPhones->Update(); });
     on([] { rsPhones->SetBookmark(rsPhones->LastModified()); });
-    on([&] { state.Position = "[RecordID]=" + std::to_string(LongOf(*rsPhones, "RecordID")); });
+    on([&] { state.Position = "[RecordID]=" + std::to_string(LongOf(rsPhones, "RecordID")); });
     if (s.chkDefaultPhone.Value() != 0) {
-      on([&] { Customer().Edit(); });
-      on([&] { Customer().SetField("DefaultPhoneNumber", rsPhones->Field("RecordID")); });
+      on([&] { Customer()->Edit(); });
+      on([&] { Customer()->SetField("DefaultPhoneNumber", rsPhones->Field("RecordID")); });
       UpdateCustomer(on);
     }
     return true;
@@ -66,7 +66,7 @@ class PhonesTab final : public RecordTab {
     std::int32_t Id = 0;
     on([&] { Id = LongOf(Rows(), "RecordID"); });
     bool Default = false;
-    on([&] { Default = IsNumber(Customer().Field("DefaultPhoneNumber"), Id); });
+    on([&] { Default = IsNumber(Customer()->Field("DefaultPhoneNumber"), Id); });
     if (Default) state.Repairs[0] = {true, "DefaultPhoneNumber"};
     state.Position = "[RecordID]>=" + std::to_string(Id);
     return true;

@@ -5,12 +5,12 @@
 
 namespace orcussch {
 
-platform::Recordset& RecordTab::Rows() const { return s.data[static_cast<std::size_t>(mTab)].Recordset(); }
+platform::RecordsetRef RecordTab::Rows() const { return s.data[static_cast<std::size_t>(mTab)].Recordset(); }
 
-platform::Recordset& RecordTab::Customer() const { return s.data[tab::Customers].Recordset(); }
+platform::RecordsetRef RecordTab::Customer() const { return s.data[tab::Customers].Recordset(); }
 
 void RecordTab::UpdateCustomer(ResumeNext& on) const {
-  if (!on([this] { Customer().Update(); })) Ignore()([this] { Customer().CancelUpdate(); });
+  if (!on([this] { Customer()->Update(); })) Ignore()([this] { Customer()->CancelUpdate(); });
 }
 
 bool RecordTab::Adding() const { return s.mRecordMode == "A"; }
@@ -48,7 +48,7 @@ bool RecordTab::Ask(const std::string& title, const std::string& text) const {
 }
 
 bool RecordTab::Remove(ResumeNext& on, DeleteState&) {
-  on([&] { Rows().Delete(); });
+  on([&] { Rows()->Delete(); });
   return true;
 }
 

@@ -72,8 +72,8 @@ class RecordTab {
 
  protected:
   /// The rows of this tab's list, of the customer list.
-  platform::Recordset& Rows() const;
-  platform::Recordset& Customer() const;
+  platform::RecordsetRef Rows() const;
+  platform::RecordsetRef Customer() const;
   bool Adding() const;
   /// Writes the edit of the customer list's row; what can't be written is dropped (see UpdateOrDrop).
   void UpdateCustomer(ResumeNext& on) const;

@@ -17,7 +17,7 @@ void CommandButton::Caption(std::string caption) {
 }
 
 void CommandButton::UserClick() {
-  Act([this] {
+  UserCommand([this] {
     SetFocus();
     Click.Fire();
   });
@@ -42,7 +42,7 @@ void CheckBox::Value(int value) {
 }
 
 void CheckBox::UserClick() {
-  Act([this] {
+  UserCommand([this] {
     SetFocus();
     Value(value_ == 0 ? 1 : 0);
   });
@@ -75,7 +75,7 @@ void OptionButton::Value(bool on) {
 }
 
 void OptionButton::UserClick() {
-  Act([this] {
+  UserCommand([this] {
     SetFocus();
     Value(true);
   });

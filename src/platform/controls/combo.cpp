@@ -38,7 +38,7 @@ std::vector<ComboRow> ComboBox::Rows() const {
   std::vector<ComboRow> rows;
   try {
     if (!source_->HasRecordset()) return rows;
-    RecordsetRef clone = source_->Recordset().Clone();
+    RecordsetRef clone = source_->Recordset()->Clone();
     if (clone->RecordCount() != 0) {
       for (clone->MoveFirst(); !clone->Eof(); clone->MoveNext()) {
         ComboRow row;
@@ -59,14 +59,14 @@ std::vector<ComboRow> ComboBox::Rows() const {
 }
 
 void ComboBox::UserPick(const ComboRow& row) {
-  Act([&] {
+  UserCommand([&] {
     SetFocus();
     Take(row.key, row.shown);
   });
 }
 
 void ComboBox::UserClear() {
-  Act([&] {
+  UserCommand([&] {
     SetFocus();
     Take("", "");
   });

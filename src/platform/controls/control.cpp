@@ -56,6 +56,8 @@ void Control::UserHover() {
 
 void Control::Act(const std::function<void()>& body) { form_.Act(body); }
 
+void Control::UserCommand(const std::function<void()>& body) { form_.UserCommand(body); }
+
 void Control::Changed(Aspect aspect) { form_.App().Changed(form_, this, aspect); }
 
 }  // namespace platform

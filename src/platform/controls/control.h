@@ -82,6 +82,8 @@ class Control {
   void Changed(Aspect aspect);
   /// Runs what a user's act does: whatever no handler caught ends here, the screen stays usable.
   void Act(const std::function<void()>& body);
+  /// The same for an act that starts a command. See Form::UserCommand.
+  void UserCommand(const std::function<void()>& body);
 
  private:
   Form& form_;

@@ -7,6 +7,7 @@ namespace platform {
 
 void ControlRecordset::SavePending() {
   Grid* grid = control_.grid_;
+  if (grid && !grid->UserCloseCell()) throw error::ActionCancelled();
   if (grid && grid->DataChanged()) {
     grid->WritePendingRow();
   } else if (rows_->Mode() != EditMode::None) {
@@ -72,7 +73,7 @@ void ControlRecordset::Update() {
   if (pending) {
     bool cancel = false;
     grid->BeforeUpdate.Fire(cancel);
-    if (cancel) throw Error(3426, "The action was cancelled by an associated object.");
+    if (cancel) throw error::ActionCancelled();
     for (const auto& [column, value] : grid->Pending()) rows_->SetField(grid->FieldIndexOf(column), value);
   }
   rows_->Update();

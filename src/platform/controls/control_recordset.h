@@ -5,8 +5,9 @@
 
 namespace platform {
 
-/// A data control's recordset: the engine's, with what the control adds. A pending edit is saved by every move instead of
-/// being dropped, a row that became current fires Reposition, and Update takes the grid's pending cells along.
+/// A data control's recordset: the engine's, with what the control adds. An open cell is taken and a pending edit is saved by
+/// every move instead of being dropped (a refused cell stops the move with error 3426), a row that became current fires
+/// Reposition, and Update takes the grid's pending cells along.
 class ControlRecordset final : public Recordset {
  public:
   ControlRecordset(DataControl& control, RecordsetRef rows) : control_(control), rows_(std::move(rows)) {}

@@ -8,6 +8,7 @@
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
 #include "platform/convert.h"
+#include "platform/empty_recordset.h"
 #include "platform/error.h"
 
 namespace platform {
@@ -29,8 +30,17 @@ void DataControl::RecordSource(std::string source) { recordSource_ = std::move(s
 void DataControl::Refresh() {
   assert(!inReposition_ && "a list must not be refreshed by its own Reposition");
   if (recordSource_.empty()) return;
-  Open();
+  try {
+    Open();
+  } catch (const Error&) {
+    if (emptyAfterFailure_) ShowNoRows();
+    throw;
+  }
   ++refreshCount_;
+  ShowOpened();
+}
+
+void DataControl::ShowOpened() {
   if (grid_) grid_->ListOpened();
   for (ComboBox* combo : combos_) combo->SourceRefreshed();
   if (Owner().App().OnRefreshed) Owner().App().OnRefreshed(*this);
@@ -39,7 +49,7 @@ void DataControl::Refresh() {
 
 void DataControl::Open() {
   Application& app = Owner().App();
-  // The new list is opened before the old one goes, so that a failure leaves the old one in use.
+  // The new list is opened before the old one goes, so that a failure can leave the old one in use.
   DatabaseRef database = database_;
   const bool otherFile = database_.IsNothing() || openName_ != databaseName_;
   if (otherFile) database = app.Engine().OpenControlDatabase(databaseName_);
@@ -52,15 +62,26 @@ void DataControl::Open() {
     if (otherFile) database->Close();
     throw;
   }
-  if (grid_) grid_->DropPending();
-  CloseList();
   if (otherFile) {
+    CloseList();
     if (!database_.IsNothing()) database_->Close();
     database_ = database;
     openName_ = databaseName_;
   }
-  recordset_ = std::make_unique<ControlRecordset>(*this, rows);
+  Take(rows, listRows);
+}
+
+void DataControl::Take(const RecordsetRef& rows, const RecordsetRef& listRows) {
+  if (grid_) grid_->DropPending();
+  CloseList();
+  recordset_ = std::make_shared<ControlRecordset>(*this, rows);
   listRows_ = listRows;
+}
+
+void DataControl::ShowNoRows() {
+  noRows_ = std::make_shared<EmptyRecordset>(recordSource_);
+  Take(RecordsetRef(noRows_), RecordsetRef(noRows_));
+  ShowOpened();
 }
 
 void DataControl::CloseList() noexcept {
@@ -80,10 +101,7 @@ void DataControl::UpdateControls() {
   Changed(Aspect::CurrentRow);
 }
 
-Recordset& DataControl::Recordset() const {
-  if (!recordset_) throw error::ObjectNotSet();
-  return *recordset_;
-}
+RecordsetRef DataControl::Recordset() const { return RecordsetRef(std::shared_ptr<platform::Recordset>(recordset_)); }
 
 bool DataControl::OnRecord() const {
   if (!recordset_) return false;
@@ -91,6 +109,17 @@ bool DataControl::OnRecord() const {
     return !recordset_->Bof() && !recordset_->Eof() && recordset_->HasRows();
   } catch (const Error&) {
     return false;
+  }
+}
+
+bool DataControl::RowHasGone() const {
+  constexpr int kRecordDeleted = 3167;
+  if (!OnRecord()) return true;
+  try {
+    listRows_->SetBookmark(recordset_->Bookmark());
+    return false;
+  } catch (const Error& error) {
+    return error.Number() == kRecordDeleted;
   }
 }
 

@@ -29,16 +29,24 @@ class DataControl final : public Control {
   const std::string& RecordSource() const noexcept { return recordSource_; }
   void RecordSource(std::string source);
 
-  /// Opens the statement anew: pending cells are dropped, bookmarks and selections are worthless. Without a RecordSource it
-  /// has no effect. When it fails the old recordset and its list stay in use.
+  /// Opens the statement anew: pending cells are dropped, bookmarks and selections are worthless, and a handle to the rows of
+  /// before raises 3420 from now on. Without a RecordSource it has no effect. When it fails the error reaches the caller, and
+  /// EmptyAfterFailure says what stands then.
   void Refresh();
+  /// A list that belongs to the current row of another one: after a Refresh that failed it is empty, since the old rows would
+  /// stand under another owner's name. Otherwise (the default) the old recordset and its list stay in use.
+  void EmptyAfterFailure(bool empty) noexcept { emptyAfterFailure_ = empty; }
   /// Throws away what the bound controls hold unsaved and shows the current row again.
   void UpdateControls();
-  /// The live rows. Raises 91 while there was no successful Refresh.
-  platform::Recordset& Recordset() const;
+  /// The live rows, as they were opened last: a handle that is kept over a Refresh raises 3420. Its use raises 91 while there
+  /// was no successful Refresh.
+  RecordsetRef Recordset() const;
   bool HasRecordset() const noexcept { return recordset_ != nullptr; }
   /// Neither BOF nor EOF nor without rows; false without a recordset. Never raises.
   bool OnRecord() const;
+  /// Whether the current row is there no more, in the list or in the file. Never raises: a row that can't be looked at now may
+  /// come back.
+  bool RowHasGone() const;
   /// The list's own look at the rows, nullptr without a recordset.
   RowWindow* Window() const;
 
@@ -56,6 +64,9 @@ class DataControl final : public Control {
   void RowBecameCurrent();
   void RowWritten();
   void Open();
+  void ShowOpened();
+  void ShowNoRows();
+  void Take(const RecordsetRef& rows, const RecordsetRef& listRows);
   void CloseList() noexcept;
 
  public:
@@ -73,8 +84,10 @@ class DataControl final : public Control {
   std::string openName_;
   std::string recordSource_;
   DatabaseRef database_;
-  std::unique_ptr<ControlRecordset> recordset_;
+  std::shared_ptr<ControlRecordset> recordset_;  ///< owned here alone; others hold handles
+  std::shared_ptr<platform::Recordset> noRows_;  ///< stands in for rows that could not be opened
   RecordsetRef listRows_;
+  bool emptyAfterFailure_ = false;
   Grid* grid_ = nullptr;
   std::vector<ComboBox*> combos_;
   std::vector<BoundLabel> labels_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/application.h"
+#include "platform/controls/grid.h"
 #include "platform/text.h"
 
 namespace platform {
@@ -48,8 +49,17 @@ void Form::MoveFocus(Control* to) {
     Moving moving(focusMoving_);
     Control* from = focus_;
     focus_ = to;
-    if (from) from->LostFocus.Fire();
-    if (to) to->GotFocus.Fire();
+    // Events of their own: one that fails is told and ends there, so that whoever moved the focus (a tab that was turned, a
+    // procedure) goes on as if it had not failed.
+    const auto fire = [this](Event<>& event) {
+      try {
+        event.Fire();
+      } catch (const Error& error) {
+        application_.Unhandled(error);
+      }
+    };
+    if (from) fire(from->LostFocus);
+    if (to) fire(to->GotFocus);
     if (loaded_) application_.Changed(*this, to, Aspect::Focus);
   }
   if (!focusWanted_) return;
@@ -78,11 +88,27 @@ void Form::CheckFocus() {
 }
 
 void Form::UserFocus(Control& control) {
-  Act([&] { control.SetFocus(); });
+  Act([&] {
+    if (focus_ == &control || TakeOpenCells()) control.SetFocus();
+  });
+}
+
+bool Form::TakeOpenCells() {
+  const std::vector<Control*> controls = controls_;
+  return std::all_of(controls.begin(), controls.end(), [](Control* control) {
+    auto* grid = dynamic_cast<Grid*>(control);
+    return !grid || grid->TakeOpenCell();
+  });
 }
 
 void Form::UserClose() { application_.Close(*this); }
 
 void Form::Act(const std::function<void()>& body) { application_.Act(*this, body); }
+
+void Form::UserCommand(const std::function<void()>& body) {
+  Act([&] {
+    if (TakeOpenCells()) body();
+  });
+}
 
 }  // namespace platform

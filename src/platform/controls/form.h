@@ -47,8 +47,11 @@ class Form {
   /// The next (previous) control in the tab order that can take the focus.
   Control* NextInTabOrder(const Control* from, bool backwards = false) const;
 
-  /// The user moves the focus (click or Tab key).
+  /// The user moves the focus (click or Tab key). A cell that is left open is taken first; a refused one keeps the focus.
   void UserFocus(Control& control);
+  /// Takes every open cell and writes every pending row of the screen's lists. False when one is refused or can't be written,
+  /// which the user has been told: what he wanted to do then does not start.
+  bool TakeOpenCells();
   /// The user closes the window by its frame.
   void UserClose();
 
@@ -57,6 +60,8 @@ class Form {
 
   /// Runs one act of the user. See Application::Act.
   void Act(const std::function<void()>& body);
+  /// Runs an act that starts a command: open cells are taken first, and one that is refused keeps the command from starting.
+  void UserCommand(const std::function<void()>& body);
 
  private:
   friend class Application;

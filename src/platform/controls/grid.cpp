@@ -66,7 +66,8 @@ GridColumn& Grid::DesignColumn(int index) { return const_cast<GridColumn&>(Colum
 int Grid::FieldIndexOf(int column) const {
   const std::string& field = Column(column).dataField;
   if (!data_ || !data_->HasRecordset()) return -1;
-  const auto& fields = data_->Recordset().Fields();
+  const RecordsetRef rows = data_->Recordset();
+  const auto& fields = rows->Fields();
   for (std::size_t i = 0; i < fields.size(); ++i)
     if (EqualsNoCase(fields[i].name, field)) return static_cast<int>(i);
   return -1;
@@ -76,7 +77,7 @@ Value Grid::ColumnValue(int column) const {
   if (const auto pending = pending_.find(column); pending != pending_.end()) return pending->second;
   const int field = FieldIndexOf(column);
   if (field < 0 || !data_->OnRecord()) return Null;
-  return data_->Recordset().Field(field);
+  return data_->Recordset()->Field(field);
 }
 
 void Grid::ColumnValue(int column, const Value& value) {
@@ -107,12 +108,12 @@ void Grid::LeftCol(int split, int column) {
 
 Bookmark Grid::CurrentBookmark() const {
   if (!data_) throw error::ObjectNotSet();
-  return data_->Recordset().Bookmark();
+  return data_->Recordset()->Bookmark();
 }
 
 void Grid::CurrentBookmark(const Bookmark& bookmark) {
   if (!data_) throw error::ObjectNotSet();
-  data_->Recordset().SetBookmark(bookmark);
+  data_->Recordset()->SetBookmark(bookmark);
 }
 
 void Grid::Row(int ordinal) {
@@ -121,48 +122,30 @@ void Grid::Row(int ordinal) {
   RowWindow* window = data_->Window();
   if (!window) throw error::ObjectNotSet();
   const std::vector<ListRow> rows = window->RowsAt(ordinal, 1);
-  if (!rows.empty()) data_->Recordset().SetBookmark(rows.front().bookmark);
-}
-
-void Grid::WritePendingRow() {
-  if (pending_.empty()) return;
-  if (!data_->OnRecord()) throw Error(3426, "The action was cancelled by an associated object.");
-  auto& rows = data_->Recordset();
-  if (rows.Mode() == EditMode::None) rows.Edit();
-  rows.Update();
-}
-
-void Grid::PendingWritten() {
-  writing_ = false;
-  pending_.clear();
-  AfterUpdate.Fire();
-  Changed(Aspect::RowContent);
-}
-
-void Grid::DropPending() {
-  openCell_.reset();
-  if (pending_.empty()) return;
-  pending_.clear();
-  Changed(Aspect::RowContent);
+  if (!rows.empty()) data_->Recordset()->SetBookmark(rows.front().bookmark);
 }
 
 void Grid::ListOpened() {
   openCell_.reset();
   pending_.clear();
+  ++listNumber_;
   SelBookmarks.Replace({});
   leftCol_[0] = 0;
   if (splits_ > 1) leftCol_[1] = 0;
   Changed(Aspect::List);
 }
 
-void Grid::RowBecameCurrent() { Changed(Aspect::CurrentRow); }
-
-bool Grid::TakeOpenCell() { return !openCell_ || UserCloseCell(); }
+/// Cells belong to one row: whoever moves on has taken them, and what is left over now would go to another row.
+void Grid::RowBecameCurrent() {
+  DropPending();
+  Changed(Aspect::CurrentRow);
+}
 
 void Grid::UserHeadClick(int column) {
   Act([&] {
+    if (!TakeOpenCell()) return;
     SetFocus();
-    if (TakeOpenCell()) HeadClick.Fire(column);
+    HeadClick.Fire(column);
   });
 }
 
@@ -170,10 +153,10 @@ bool Grid::UserRow(const Bookmark& bookmark) {
   bool moved = false;
   Act([&] {
     SetFocus();
-    if (!TakeOpenCell()) return;
+    if (!UserCloseCell()) return;
     // Another cell of the row that is being changed: the row is not left.
-    const bool stays = !pending_.empty() && data_->OnRecord() && data_->Recordset().Bookmark() == bookmark;
-    if (!stays) data_->Recordset().SetBookmark(bookmark);
+    const bool stays = !pending_.empty() && data_->OnRecord() && data_->Recordset()->Bookmark() == bookmark;
+    if (!stays) data_->Recordset()->SetBookmark(bookmark);
     moved = true;
   });
   return moved;
@@ -184,37 +167,37 @@ void Grid::UserMove(std::int32_t rows) {
     if (!data_ || !data_->OnRecord() || !TakeOpenCell()) return;
     RowWindow* window = data_->Window();
     if (!window || rows == 0) return;
-    const Bookmark here = data_->Recordset().Bookmark();
+    const Bookmark here = data_->Recordset()->Bookmark();
     const auto found = rows > 0 ? window->RowsAfter(here, rows) : window->RowsBefore(here, -rows);
     if (found.empty()) {
       if (!window->RowOf(here)) LeaveVanishedRow(rows > 0);
       return;
     }
-    data_->Recordset().SetBookmark(rows > 0 ? found.back().bookmark : found.front().bookmark);
+    data_->Recordset()->SetBookmark(rows > 0 ? found.back().bookmark : found.front().bookmark);
   });
 }
 
 /// From a row that another user has deleted only the recordset itself knows the way on.
 void Grid::LeaveVanishedRow(bool forward) {
-  auto& rows = data_->Recordset();
+  const RecordsetRef rows = data_->Recordset();
   if (forward)
-    rows.MoveNext();
+    rows->MoveNext();
   else
-    rows.MovePrevious();
-  if (!rows.HasRows()) return;
-  if (rows.Eof()) rows.MoveLast();
-  if (rows.Bof()) rows.MoveFirst();
+    rows->MovePrevious();
+  if (!rows->HasRows()) return;
+  if (rows->Eof()) rows->MoveLast();
+  if (rows->Bof()) rows->MoveFirst();
 }
 
 void Grid::UserFirst() {
   Act([&] {
-    if (data_ && data_->OnRecord() && TakeOpenCell()) data_->Recordset().MoveFirst();
+    if (data_ && data_->OnRecord() && TakeOpenCell()) data_->Recordset()->MoveFirst();
   });
 }
 
 void Grid::UserLast() {
   Act([&] {
-    if (data_ && data_->OnRecord() && TakeOpenCell()) data_->Recordset().MoveLast();
+    if (data_ && data_->OnRecord() && TakeOpenCell()) data_->Recordset()->MoveLast();
   });
 }
 
@@ -232,93 +215,6 @@ void Grid::UserMark(std::vector<Bookmark> rows) {
 
 void Grid::UserScroll(int split, int column) {
   Act([&] { LeftCol(split, column); });
-}
-
-bool Grid::UserOpenCell(int column) {
-  bool opened = false;
-  Act([&] {
-    SetFocus();
-    if (!TakeOpenCell()) return;
-    if (!Column(column).open || !data_ || !data_->OnRecord()) return;
-    bool cancel = false;
-    BeforeColEdit.Fire(column, cancel);
-    if (cancel) return;
-    openCell_ = column;
-    openText_ = openedText_ = ShownText(column, ColumnValue(column));
-    ColEdit.Fire(column);
-    opened = true;
-    Changed(Aspect::OpenCell);
-  });
-  return opened;
-}
-
-void Grid::UserCellText(std::string text) {
-  if (openCell_) openText_ = std::move(text);
-}
-
-Value Grid::ParseCell(int column, const std::string& text) const {
-  const GridColumn& shown = Column(column);
-  if (shown.checkBox) return Value(EqualsNoCase(text, "True"));
-  for (const auto& [code, item] : shown.valueItems)
-    if (EqualsNoCase(item, text)) return code;
-  return Value(text);
-}
-
-bool Grid::UserCloseCell() {
-  if (!openCell_) return true;
-  bool closed = false;
-  Act([&] {
-    const int column = *openCell_;
-    if (openText_ == openedText_) {
-      openCell_.reset();
-      Changed(Aspect::OpenCell);
-      closed = true;
-      return;
-    }
-    const Value oldValue = ColumnValue(column);
-    const auto held = pending_;
-    pending_[column] = ParseCell(column, openText_);
-    bool cancel = false;
-    BeforeColUpdate.Fire(column, oldValue, cancel);
-    if (cancel) {
-      pending_ = held;
-      openText_ = openedText_;
-      Changed(Aspect::OpenCell);
-      return;
-    }
-    openCell_.reset();
-    Changed(Aspect::OpenCell);
-    writing_ = false;
-    AfterColUpdate.Fire(column);
-    AfterColEdit.Fire(column);
-    closed = !writing_;
-    if (closed) return;
-    // The row's write was tried and failed: the user is back in the cell, with what was typed.
-    writing_ = false;
-    pending_ = held;
-    auto& rows = data_->Recordset();
-    if (rows.Mode() != EditMode::None) rows.CancelUpdate();  // the next move must not try it again
-    openCell_ = column;
-    Changed(Aspect::OpenCell);
-  });
-  return closed;
-}
-
-void Grid::UserEscape() {
-  Act([&] {
-    if (openCell_) {
-      openCell_.reset();
-      Changed(Aspect::OpenCell);
-    } else {
-      DropPending();
-    }
-  });
-}
-
-void Grid::UserLeaveRow() {
-  Act([&] {
-    if (TakeOpenCell() && DataChanged()) WritePendingRow();
-  });
 }
 
 }  // namespace platform

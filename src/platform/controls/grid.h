@@ -34,6 +34,7 @@ class SelectedBookmarks {
   explicit SelectedBookmarks(class Grid& grid) : grid_(grid) {}
   int Count() const noexcept { return static_cast<int>(items_.size()); }
   const Bookmark& Item(int index) const;
+  std::vector<Bookmark> All() const { return {items_.begin(), items_.end()}; }
   /// A row that is marked already stays where it is.
   void Add(Bookmark bookmark);
   void Remove(int index);
@@ -54,6 +55,9 @@ class SelectedBookmarks {
 /// AfterColEdit. A cancelled BeforeColUpdate leaves the cell open on its old value and neither After comes. When a handler of
 /// the After events writes the row and that fails, the cell is open again with what was typed. An unchanged
 /// cell fires nothing when it is left. The row buffer is written when the row is left, or at Update of the recordset.
+///
+/// An open cell and a pending row belong to the row on which they were typed, and never reach another: TakeOpenCell writes
+/// them before every move, page change, command and card, the control's own recordset included.
 class Grid final : public Control {
  public:
   Grid(Form& form, std::string name);
@@ -95,6 +99,9 @@ class Grid final : public Control {
   void RefreshRow() { Changed(Aspect::RowContent); }
 
   bool TakesFocus() const override { return true; }
+  /// Whether the user can mark rows of this list (SelBookmarks).
+  bool MarksRows() const noexcept { return marksRows_; }
+  void MarksRows(bool marks) noexcept { marksRows_ = marks; }
 
   Event<int> HeadClick;                             ///< (column)
   Event<bool&> SelChange;                           ///< (cancel)
@@ -117,11 +124,12 @@ class Grid final : public Control {
   /// The selection becomes these rows, in this order: one SelChange, which may cancel.
   void UserMark(std::vector<Bookmark> rows);
   void UserScroll(int split, int column);
-  /// Opens a cell of the current row; false when the column is not open or a handler refuses.
+  /// Opens a cell of the current row with its stored value (a check column: "True", "False"; a value list: its shown text); the
+  /// cell that is open already stays as it is. False when the column is not open or a handler refuses.
   bool UserOpenCell(int column);
-  /// The text in the open cell, as the user has it now (a check column: "True", "False"; a value list: its shown text).
+  /// The text in the open cell, as the user has it now.
   void UserCellText(std::string text);
-  /// Leaves the open cell; false when it was refused and stays open.
+  /// Leaves the open cell; false when it was refused and stays open. True without an open cell.
   bool UserCloseCell();
   void UserEscape();
   /// Writes the pending row and stays on it.
@@ -133,9 +141,11 @@ class Grid final : public Control {
   void ListOpened();
   void DropPending();
   void RowBecameCurrent();
-  /// Takes an open cell, so that an unload loses nothing. False when it is refused.
+  /// Takes the open cell and writes the pending row, with the cell's own events and no LostFocus. False when the cell was refused
+  /// or could not be written, which the user has been told: it stays open, or pending. Only where its row has gone it is dropped.
   bool TakeOpenCell();
-  /// Writes pending cells through the recordset; error of the engine reaches the caller, the buffer stays.
+  /// Writes pending cells through the recordset; an error of the engine reaches the caller, the buffer stays unless its row has
+  /// gone.
   void WritePendingRow();
 
  private:
@@ -145,7 +155,10 @@ class Grid final : public Control {
   void WriteBegins() noexcept { writing_ = true; }
   void PendingWritten();
   void LeaveVanishedRow(bool forward);
+  std::string EditText(int column, const Value& value) const;
   Value ParseCell(int column, const std::string& text) const;
+  bool TakeCell(int column);
+  void ReopenCell(int column, std::map<int, Value> held);
 
   DataControl* data_ = nullptr;
   std::string caption_;
@@ -154,6 +167,9 @@ class Grid final : public Control {
   int leftCol_[2] = {0, 0};
   std::map<int, Value> pending_;  ///< by column
   bool writing_ = false;          ///< the pending row's write has begun and not ended
+  bool taking_ = false;           ///< the open cell's events run
+  int listNumber_ = 0;            ///< rises with each opening of the list
+  bool marksRows_ = false;
   std::optional<int> openCell_;
   std::string openText_;
   std::string openedText_;

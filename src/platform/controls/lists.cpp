@@ -25,7 +25,7 @@ void ListBox::ListIndex(int index) {
 }
 
 void ListBox::UserSelect(int index) {
-  Act([&] {
+  UserCommand([&] {
     SetFocus();
     listIndex_ = index;
     Changed(Aspect::CurrentRow);
@@ -34,7 +34,7 @@ void ListBox::UserSelect(int index) {
 }
 
 void ListBox::UserDblClick() {
-  Act([&] { DblClick.Fire(); });
+  UserCommand([&] { DblClick.Fire(); });
 }
 
 void ScrollBar::Min(int min) {
@@ -57,14 +57,14 @@ void ScrollBar::Value(int value) {
 }
 
 void ScrollBar::UserSlide(int value) {
-  Act([&] {
+  UserCommand([&] {
     SetFocus();
     Value(std::clamp(value, min_, max_));
   });
 }
 
 void SpinButton::UserSpin(bool up) {
-  Act([&] { up ? SpinUp.Fire() : SpinDown.Fire(); });
+  UserCommand([&] { up ? SpinUp.Fire() : SpinDown.Fire(); });
 }
 
 }  // namespace platform

@@ -47,7 +47,7 @@ void TabControl::Switch(int tab) {
 bool TabControl::UserClick(int tab) {
   if (tab == tab_ || !TabEnabled(tab)) return false;
   bool changed = false;
-  Act([&] {
+  UserCommand([&] {
     bool cancel = false;
     BeforeTabClick.Fire(tab, cancel);
     if (cancel) {

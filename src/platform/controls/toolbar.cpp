@@ -13,7 +13,7 @@ ToolbarButton::ToolbarButton(Form& form, Toolbar& toolbar, std::string key, std:
 }
 
 void ToolbarButton::UserClick() {
-  Act([this] { toolbar_.ButtonClick.Fire(Name()); });
+  UserCommand([this] { toolbar_.ButtonClick.Fire(Name()); });
 }
 
 Toolbar::Toolbar(Form& form, std::string name, std::vector<Key> keys) : Control(form, std::move(name)), keys_(std::move(keys)) {
@@ -34,7 +34,7 @@ void MenuItem::Caption(std::string caption) {
 }
 
 void MenuItem::UserClick() {
-  Act([this] { Click.Fire(); });
+  UserCommand([this] { Click.Fire(); });
 }
 
 Menu::Menu(Form& form, std::string name, std::string caption, std::vector<MenuItem*> items)

@@ -133,7 +133,7 @@ class Measurement {
     for (int i = 0; i < kRounds; ++i) {
       platform::RowWindow& rows = *screen.data[0].Window();
       const auto any = rows.RowsAt(static_cast<std::int64_t>(random() % static_cast<unsigned>(rows.Count())), 1);
-      const platform::Value& name = any.front().cells.at(static_cast<std::size_t>(screen.data[0].Recordset().FieldIndex("LastName")));
+      const platform::Value& name = any.front().cells.at(static_cast<std::size_t>(screen.data[0].Recordset()->FieldIndex("LastName")));
       screen.txtSearch[0].Text(name.As<std::string>().substr(0, 4));
       box->setFocus();
       Watch timer;

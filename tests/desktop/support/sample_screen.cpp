@@ -13,6 +13,7 @@ frmSample::frmSample(Application& app) : Form(app, "frmSample", "Sample Screen")
                       {"Member", "Member", "", {}, true, true, true, 0},
                       {"Grade", "Grade", "", {{"A", "First"}, {"B", "Second"}}, false, true, true, 0}});
   grid.Splits(2);
+  grid.MarksRows(true);
   grid.BindTo(data);
   txtMemo.MultiLine(true);
   for (Control* control : {static_cast<Control*>(&txtSearch), static_cast<Control*>(&grid)}) control->PutOnTab(SSIndexTab1, 0, 0);

@@ -31,7 +31,7 @@ class HostileDataTest : public ScreenTest {
     WriteRawAddress(CustomerFile(), 3, std::string("1\0 B St", 7));
     WriteRawAddress(CustomerFile(), 4, "\xc3");
   }
-  int AccountOf(const frmCustMain& screen) const { return screen.data[0].Recordset().Field("AcctNum").As<std::int32_t>(); }
+  int AccountOf(const frmCustMain& screen) const { return screen.data[0].Recordset()->Field("AcctNum").As<std::int32_t>(); }
 };
 
 TEST_F(HostileDataTest, EveryRowIsThereInEveryOrder) {

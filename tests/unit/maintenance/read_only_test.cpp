@@ -84,12 +84,6 @@ class ReadOnlyTest : public ScreenTest, public testing::WithParamInterface<Close
     EXPECT_TRUE(screen.Find("tb_EditRec")->EffectivelyEnabled());
     EXPECT_EQ(screen.StatusBar1.Panel(1), "");
   }
-
-  std::string Stored(const std::string& statement) const {
-    const auto engine = engine::MakeEngine();
-    const auto rows = engine->OpenControlDatabase(CustomerFile())->OpenRecordset(statement);
-    return platform::CStr(rows->Field(0));
-  }
 };
 
 TEST_P(ReadOnlyTest, ASaveIsRefusedAndTheCardKeepsItsContent) {
@@ -106,7 +100,7 @@ TEST_P(ReadOnlyTest, ASaveIsRefusedAndTheCardKeepsItsContent) {
       ExpectRefusal(28);
       ExpectCommonEnd(screen);
       EXPECT_EQ(screen.txtLastName.Text(), "Abelson");
-      EXPECT_EQ(screen.data[0].Recordset().Field("LastName"), platform::Value("Abel"));
+      EXPECT_EQ(screen.data[0].Recordset()->Field("LastName"), platform::Value("Abel"));
 
       screen.SSIndexTab1.UserClick(orcussch::tab::Phones);
       Press(screen, "tb_AddRec");
@@ -117,7 +111,7 @@ TEST_P(ReadOnlyTest, ASaveIsRefusedAndTheCardKeepsItsContent) {
       ExpectRefusal(6);
       ExpectCommonEnd(screen);
       EXPECT_EQ(screen.txtPhoneComment.Text(), "new");
-      EXPECT_EQ(screen.data[1].Recordset().RecordCount(), 1);
+      EXPECT_EQ(screen.data[1].Recordset()->RecordCount(), 1);
     });
   }
   EXPECT_EQ(ReadAll(CustomerFile()), before) << "not a byte of the file has changed";
@@ -134,7 +128,7 @@ TEST_P(ReadOnlyTest, ADeletionAndACellAreRefused) {
       ASSERT_EQ(log->records.size(), 1U);
       EXPECT_EQ(log->records[0].module, "frmCustMain.RecordDelete");
       EXPECT_EQ(log->records[0].number, kReadOnly);
-      EXPECT_EQ(screen.data[1].Recordset().RecordCount(), 1);
+      EXPECT_EQ(screen.data[1].Recordset()->RecordCount(), 1);
       EXPECT_TRUE(screen.mToolbarReady);
       log->records.clear();
       const int comment = 6;

@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "engine/data_file.h"
+#include "engine/engine.h"
 #include "maintenance/frmCustMain.h"
+#include "platform/convert.h"
 #include "unit/session/session_fixture.h"
 
 /// A company with the main screen up: `Serve` is what the user does with it.
@@ -21,6 +23,13 @@ class ScreenTest : public SessionTest {
     const auto writer = engine::OpenBulkWriter(file, table, fields);
     for (const auto& row : rows) writer->Add(row);
     writer->Finish();
+  }
+
+  /// First field of a statement's first row in the customer file, over a session of its own.
+  std::string Stored(const std::string& statement) const {
+    const auto engine = engine::MakeEngine();
+    const auto rows = engine->OpenControlDatabase(CustomerFile())->OpenRecordset(statement);
+    return platform::CStr(platform::Concat("", rows->Field(0)));
   }
 
   /// Opens the company, shows the main screen, and takes it down when the user has done his part.

@@ -9,7 +9,7 @@ TEST_F(ScreenTest, SelectingFromAClosedListIsReportedUnderItsLiteral) {
   Serve([&](frmCustMain& screen) {
     const platform::RecordsetRef types = orcussch::dbCustomer->OpenRecordset("SELECT * FROM DataCodes");
     types->Close();
-    screen.SelectAllRecords(screen.grid[5], *types);
+    screen.SelectAllRecords(screen.grid[5], types);
     ASSERT_EQ(log->records.size(), 1U);
     EXPECT_EQ(log->records[0].module, "frmCustMain,SelectAllRecords");
     EXPECT_EQ(log->records[0].number, 3420);
@@ -22,7 +22,7 @@ TEST_F(ScreenTest, SelectingFromAnEmptyListSelectsNothing) {
   Serve([&](frmCustMain& screen) {
     const platform::RecordsetRef types = orcussch::dbCustomer->OpenRecordset("SELECT * FROM DataCodes");
     screen.miUnselectAll.Enabled(true);
-    screen.SelectAllRecords(screen.grid[5], *types);
+    screen.SelectAllRecords(screen.grid[5], types);
     EXPECT_EQ(screen.grid[5].SelBookmarks.Count(), 0);
     EXPECT_FALSE(screen.miUnselectAll.Enabled());
     EXPECT_EQ(app->MousePointer(), 0);
@@ -39,7 +39,7 @@ TEST_F(ScreenTest, SelectingWalksTheWholeListAndYieldsOnEachRow) {
     const platform::RecordsetRef types = orcussch::dbCustomer->OpenRecordset("SELECT * FROM DataCodes");
     types->MoveLast();
     const int before = frontEnd->yields;
-    screen.SelectAllRecords(screen.grid[5], *types);
+    screen.SelectAllRecords(screen.grid[5], types);
     EXPECT_EQ(frontEnd->yields - before, 42);
     EXPECT_EQ(screen.grid[5].SelBookmarks.Count(), 40);
     EXPECT_EQ(platform::CLng(types->Field("Code")), 1);

@@ -32,7 +32,7 @@ void OnCard(frmCustMain& screen) { screen.miAddRec.UserClick(); }
 void OnTypes(frmCustMain& screen) { screen.SSIndexTab1.UserClick(orcussch::tab::CustomerTypes); }
 void OnMarkedTypes(frmCustMain& screen) {
   OnTypes(screen);
-  screen.grid[orcussch::tab::CustomerTypes].UserMark({screen.data[orcussch::tab::CustomerTypes].Recordset().Bookmark()});
+  screen.grid[orcussch::tab::CustomerTypes].UserMark({screen.data[orcussch::tab::CustomerTypes].Recordset()->Bookmark()});
 }
 void OnAssignedTypes(frmCustMain& screen) {
   OnMarkedTypes(screen);

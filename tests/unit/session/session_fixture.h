@@ -45,7 +45,11 @@ class PlainFrontEnd final : public platform::FrontEnd {
     if (serve) serve(form);
     if (!done()) form.App().Unload(form);
   }
-  void DoEvents() override { ++yields; }
+  void DoEvents() override {
+    ++yields;
+    const auto act = onYield;  // it may replace itself
+    if (act) act();
+  }
   void ServePainting() override {}
   int MessageBox(const std::string& text, int style, const std::string& title) override {
     events_.Add("box");
@@ -62,6 +66,7 @@ class PlainFrontEnd final : public platform::FrontEnd {
 
   std::function<void(platform::Form&)> serve;
   std::function<void()> onBox;
+  std::function<void()> onYield;
   int answer = platform::box::Ok;  ///< to every question
   std::function<platform::PrinterChoice()> printer;
   std::vector<ShownBox> boxes;

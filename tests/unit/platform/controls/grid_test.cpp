@@ -36,7 +36,7 @@ TEST_F(Grids, OneCellInItsOrder) {
   EXPECT_TRUE(screen->grid.UserCloseCell());
   EXPECT_THAT(screen->Seen(), ElementsAre("BeforeColEdit", "ColEdit", "BeforeColUpdate Adams", "AfterColUpdate Able", "AfterColEdit"));
   EXPECT_TRUE(screen->grid.DataChanged());
-  EXPECT_EQ(Text(screen->data.Recordset().Field("Name")), "Adams") << "the row holds the old value until it is written";
+  EXPECT_EQ(Text(screen->data.Recordset()->Field("Name")), "Adams") << "the row holds the old value until it is written";
   EXPECT_EQ(First(), "Adams");
 }
 
@@ -72,8 +72,8 @@ TEST_F(Grids, AnUnchangedCellFiresNothing) {
 
 TEST_F(Grids, AHandlerMayWriteTheCellAtOnce) {
   screen->grid.AfterColEdit = [this](int) {
-    screen->data.Recordset().Edit();
-    screen->data.Recordset().Update();
+    screen->data.Recordset()->Edit();
+    screen->data.Recordset()->Update();
   };
   Type("Able");
   EXPECT_TRUE(screen->grid.UserCloseCell());
@@ -88,7 +88,7 @@ TEST_F(Grids, ARowThatCanNotBeWrittenKeepsItsCells) {
   ASSERT_EQ(boxes.size(), 1U) << "the list shows the error itself";
   EXPECT_TRUE(boxes[0].starts_with("The changes you requested to the table were not successful"));
   EXPECT_TRUE(screen->grid.DataChanged());
-  EXPECT_EQ(Text(screen->data.Recordset().Field("Name")), "Baker");
+  EXPECT_EQ(Text(screen->data.Recordset()->Field("Name")), "Baker");
   screen->grid.UserEscape();
   EXPECT_FALSE(screen->grid.DataChanged());
   EXPECT_EQ(First(), "Adams");
@@ -107,13 +107,13 @@ TEST_F(Grids, ARefusedRowWriteStopsTheMove) {
   screen->grid.BeforeUpdate = [](bool& cancel) { cancel = true; };
   screen->grid.ColumnValue(0, "Able");
   try {
-    screen->data.Recordset().MoveNext();
+    screen->data.Recordset()->MoveNext();
     FAIL();
   } catch (const platform::Error& error) {
     EXPECT_EQ(error.Number(), 3426);
     EXPECT_EQ(error.Description(), "The action was cancelled by an associated object.");
   }
-  EXPECT_EQ(Text(screen->data.Recordset().Field("Number")), "-");
+  EXPECT_EQ(Text(screen->data.Recordset()->Field("Number")), "-");
   EXPECT_EQ(First(), "Adams");
 }
 
@@ -129,13 +129,13 @@ TEST_F(Grids, MarksKeepTheirOrderAndOnlyTheUsersFire) {
   screen->grid.UserMark({rows[1].bookmark, rows[0].bookmark});
   EXPECT_THAT(screen->Seen(), ElementsAre("SelChange"));
   EXPECT_EQ(screen->grid.SelBookmarks.Count(), 2);
-  EXPECT_EQ(Text(screen->data.Recordset().Field("Name")), "Adams") << "the current row stays";
+  EXPECT_EQ(Text(screen->data.Recordset()->Field("Name")), "Adams") << "the current row stays";
 }
 
 TEST_F(Grids, AHeadingSortsNothingByItself) {
   screen->grid.UserHeadClick(1);
   EXPECT_THAT(screen->Seen(), ElementsAre("HeadClick 1"));
-  EXPECT_EQ(Text(screen->data.Recordset().Field("Name")), "Adams");
+  EXPECT_EQ(Text(screen->data.Recordset()->Field("Name")), "Adams");
 }
 
 TEST_F(Grids, TheLastOpenCellIsWrittenBeforeTheScreenGoes) {

@@ -1,6 +1,7 @@
 #include "maintenance/frmCustMain.h"
 #include "maintenance/tabs/fields.h"
 #include "platform/convert.h"
+#include "platform/currency.h"
 #include "session/ModCustSch.h"
 
 // Departmental labor rates: the panel of the card, and the two bulk actions of the list page.
@@ -48,7 +49,7 @@ void frmCustMain::ShowAdjustedRate() {
   const Currency Rate = platform::IsNumeric(txtDeptRate.Text()) ? platform::CCur(txtDeptRate.Text()) : Currency{0};
   const double Adjustment = platform::IsNumeric(txtRateAdjustment.Text()) ? platform::CDbl(txtRateAdjustment.Text()) : 0.0;
   const Currency Part = platform::CCur(platform::CDbl(Rate) * Adjustment / 100);
-  txtDeptAdjustRate.Value(Currency{Rate.tenThousandths + Part.tenThousandths});
+  txtDeptAdjustRate.Value(Rate + Part);
 }
 
 void frmCustMain::optLaborRate_Click(int Index) {
@@ -88,13 +89,13 @@ void frmCustMain::cmdAddAllDepts_Click() {
 /// One statement, run where the departments lie. A department that the customer has already is left out by the table's key.
 void frmCustMain::AddAllDepartments(ResumeNext& on) {
   std::string SQL;
-  on([&] {
-    SQL = "INSERT INTO CustLaborRates ( AcctNum, Dept, Adjustment ) IN '" + gCustomerPath + "' SELECT " +
+  const bool Built = on([&] {
+    SQL = "INSERT INTO CustLaborRates ( AcctNum, Dept, Adjustment )" + InFile(gCustomerPath) + " SELECT " +
           std::to_string(LongOf(data[tab::Customers].Recordset(), "AcctNum")) + " AS AcctNum, Departments.DeptNumber, " +
           platform::CStr(txtAdjustAllDept.Value()) + " AS Adjustment FROM Departments;";
   });
   bool ErrorFlag = false;
-  ExecuteSQLStmt(dbGL, SQL, false, ErrorFlag);
+  if (Built) ExecuteSQLStmt(dbGL, SQL, false, ErrorFlag);
   orcussch::App().DoEvents();
   on([&] { data[tab::LaborRates].Refresh(); });
 }
@@ -111,9 +112,10 @@ bool frmCustMain::ApplyAdjustment(ResumeNext& on) {
   platform::Recordset& Rs = data[tab::LaborRates].Recordset();
   bool More = on([&] { Rs.MoveFirst(); });
   while (More && !Rs.Eof()) {
-    on([&] { Rs.Edit(); });
-    on([&] { Rs.SetField("Adjustment", txtAdjustAllDept.Value()); });
-    UpdateOrDrop(on, Rs);
+    RowWrite row(on);
+    row.Must([&] { Rs.Edit(); });
+    row([&] { Rs.SetField("Adjustment", txtAdjustAllDept.Value()); });
+    if (row.Going()) UpdateOrDrop(on, Rs);
     More = on([&] { Rs.MoveNext(); });
     orcussch::App().DoEvents();
   }

@@ -32,6 +32,9 @@ class DataControl final : public Control {
   /// Opens the statement anew: pending cells are dropped, bookmarks and selections are worthless. Without a RecordSource it
   /// has no effect. When it fails the old recordset and its list stay in use.
   void Refresh();
+  /// Fetches the current row again, so that it shows what others have written since. One that is gone stays readable; a
+  /// pending edit or cell stays as it is. Nothing is written, nothing fires.
+  void ReadAnew();
   /// Throws away what the bound controls hold unsaved and shows the current row again.
   void UpdateControls();
   /// The live rows. Raises 91 while there was no successful Refresh.

@@ -94,8 +94,8 @@ backslashes in texts print as \t, \r, \n and \\.
 
   --csv         comma separated, texts quoted where needed
   --no-header   leaves out the line of field names
-  --skip        rows that can't be written are passed over; without it the first
-                such row fails and nothing is written
+  --skip        rows that can't be written whole are left alone; without it the
+                first such row fails and nothing is written
 )";
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <iostream>
 #include <iterator>
 
+#include "engine/engine.h"
 #include "platform/convert.h"
 #include "platform/text.h"
 #include "suitefiles/command_line.h"
@@ -55,7 +56,7 @@ int RunSql(const std::vector<std::string>& words, const Console& console) {
   Session session;
   const auto database = session.Open(line.Operands()[0]);
   if (IsAction(*statement)) {
-    database->Execute(*statement, line.Has("--skip") ? 0 : platform::dbFailOnError);
+    database->Execute(*statement, line.Has("--skip") ? engine::executeWholeRows : platform::dbFailOnError);
     console.out << database->RecordsAffected() << (database->RecordsAffected() == 1 ? " row\n" : " rows\n");
     return kDone;
   }

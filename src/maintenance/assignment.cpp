@@ -8,29 +8,34 @@ namespace orcussch {
 
 namespace {
 
-/// Runs one statement of a load; a failure is reported there and the list shows what got in.
-void Run(const platform::DatabaseRef& Db, const std::string& SQL) {
+/// Runs one statement of a load; a failure is reported there and the list shows what got in. False after one.
+bool Run(const platform::DatabaseRef& Db, const std::string& SQL) {
   bool ErrorFlag = false;
   ExecuteSQLStmt(Db, SQL, false, ErrorFlag);
+  return !ErrorFlag;
 }
 
 }  // namespace
 
 void frmCustMain::LoadTaxBasis(bool Customer) {
+  mTaxesLoaded = false;
   Trap("frmCustMain.LoadAvailableKeyWords", [&] {
     const std::string Instance = std::to_string(mInstance);
     orcussch::App().DoEvents();
-    Run(dbTemp, "Delete * From CU_AssignTaxes Where (Instance = " + Instance + ");");
+    bool Loaded = Run(dbTemp, "Delete * From CU_AssignTaxes Where (Instance = " + Instance + ");");
     // The right joins keep a tax that has no type or entity.
-    Run(dbCustomer, "INSERT INTO CU_AssignTaxes ( Instance, TaxID, Assign, Description, TypeDescription, EntityDescription ) IN '" +
-                        gTempPath + "'" + " SELECT " + Instance +
-                        " As Instance, TaxGrid.TaxID, False AS Assign, TaxGrid.Description, TaxTypes.TypeDescription, "
-                        "TaxEntities.EntityDescription"
-                        " FROM TaxTypes RIGHT JOIN (TaxEntities RIGHT JOIN TaxGrid ON TaxEntities.TaxEntity = TaxGrid.TaxEntity) ON "
-                        "TaxTypes.TaxType = TaxGrid.TaxType"
-                        ";");
-    SQLTaxBasis();
+    Loaded =
+        Run(dbCustomer, "INSERT INTO CU_AssignTaxes ( Instance, TaxID, Assign, Description, TypeDescription, EntityDescription )" +
+                            InFile(gTempPath) + " SELECT " + Instance +
+                            " As Instance, TaxGrid.TaxID, False AS Assign, TaxGrid.Description, TaxTypes.TypeDescription, "
+                            "TaxEntities.EntityDescription"
+                            " FROM TaxTypes RIGHT JOIN (TaxEntities RIGHT JOIN TaxGrid ON TaxEntities.TaxEntity = TaxGrid.TaxEntity) ON "
+                            "TaxTypes.TaxType = TaxGrid.TaxType"
+                            ";") &&
+        Loaded;
+    Loaded = SQLTaxBasis() && Loaded;
     if (Customer && data[tab::Customers].OnRecord()) TickCustomersTaxes();
+    mTaxesLoaded = Loaded;
     if (HasRecords(DataTaxBasis)) DataTaxBasis.Recordset()->MoveFirst();
     orcussch::App().DoEvents();
   });
@@ -52,7 +57,7 @@ void frmCustMain::TickCustomersTaxes() {
 void frmCustMain::LoadCustTypes() {
   Trap("frmCustMain.LoadCustTypes", [this] {
     const std::string Instance = std::to_string(mInstance);
-    const std::string Head = "INSERT INTO CU_AssignDataCodes ( Instance, Assign, Code, Description ) IN '" + gTempPath + "'";
+    const std::string Head = "INSERT INTO CU_AssignDataCodes ( Instance, Assign, Code, Description )" + InFile(gTempPath);
     orcussch::App().DoEvents();
     Run(dbTemp, "Delete * From CU_AssignDataCodes Where (Instance = " + Instance + ");");
     mAssignAcct[tab::CustomerTypes].reset();
@@ -76,7 +81,7 @@ void frmCustMain::LoadCustTypes() {
 void frmCustMain::LoadKeyWords() {
   Trap("frmCustMain.LoadKeywords", [this] {
     const std::string Instance = std::to_string(mInstance);
-    const std::string Head = "INSERT INTO CU_AssignKeywords ( Instance, Assign, Keyword ) IN '" + gTempPath + "'";
+    const std::string Head = "INSERT INTO CU_AssignKeywords ( Instance, Assign, Keyword )" + InFile(gTempPath);
     orcussch::App().DoEvents();
     Run(dbTemp, "Delete * From CU_AssignKeywords Where (Instance = " + Instance + ");");
     mAssignAcct[tab::KeyWords].reset();

@@ -42,10 +42,11 @@ void frmCustMain::RepairDefaults(ResumeNext& on, const DeleteState& state) {
   on([&] { Records = HasRecords(data[tab::Customers]); });
   if (!Records) return;
   const platform::RecordsetRef Customer = data[tab::Customers].Recordset();
-  on([&] { Customer->Edit(); });
+  RowWrite row(on);
+  row.Must([&] { Customer->Edit(); });
   for (const DeleteState::Repair& repair : state.Repairs)
-    if (repair.Wanted) on([&] { Customer->SetField(repair.Field, std::int32_t{0}); });
-  UpdateOrDrop(on, Customer);
+    if (repair.Wanted) row([&] { Customer->SetField(repair.Field, std::int32_t{0}); });
+  if (row.Going()) UpdateOrDrop(on, Customer);
 }
 
 }  // namespace orcussch

@@ -63,7 +63,7 @@ class frmCustMain final : public platform::Form {
 
   // Lists.
   void SQLData(int Tab);
-  void SQLTaxBasis();
+  bool SQLTaxBasis();  ///< whether it ran to its end
   void grid_HeadClick(int Index, int ColIndex);
   void grdTaxBasis_HeadClick(int ColIndex);
 
@@ -103,6 +103,7 @@ class frmCustMain final : public platform::Form {
   int Tab() const { return SSIndexTab1.Tab(); }
 
   std::int32_t mInstance = 0;                       ///< marks this screen's rows in the work tables
+  bool mTaxesLoaded = false;                        ///< the list of taxes shows what the customer of the card has
   std::string mRecordMode;                          ///< "A" adding, "E" editing; keeps its last value
   bool mToolbarReady = false;                       ///< the toolbar does nothing while this is false
   bool mFormActive = false;                         ///< false until the first Form_Activate; row changes are not looked at before

@@ -1,6 +1,7 @@
 #include "maintenance/frmCustMain.h"
 #include "maintenance/tabs/fields.h"
 #include "platform/convert.h"
+#include "platform/currency.h"
 #include "session/ModCustSch.h"
 
 // Departmental labor rates: the panel of the card, and the two bulk actions of the list page.
@@ -48,7 +49,7 @@ void frmCustMain::ShowAdjustedRate() {
   const Currency Rate = platform::IsNumeric(txtDeptRate.Text()) ? platform::CCur(txtDeptRate.Text()) : Currency{0};
   const double Adjustment = platform::IsNumeric(txtRateAdjustment.Text()) ? platform::CDbl(txtRateAdjustment.Text()) : 0.0;
   const Currency Part = platform::CCur(platform::CDbl(Rate) * Adjustment / 100);
-  txtDeptAdjustRate.Value(Currency{Rate.tenThousandths + Part.tenThousandths});
+  txtDeptAdjustRate.Value(Rate + Part);
 }
 
 void frmCustMain::optLaborRate_Click(int Index) {
@@ -91,7 +92,7 @@ void frmCustMain::cmdAddAllDepts_Click() {
 
 /// One statement, run where the departments lie. A department that the customer has already is left out by the table's key.
 void frmCustMain::AddAllDepartments(ResumeNext& on, std::int32_t Acct) {
-  const std::string SQL = "INSERT INTO CustLaborRates ( AcctNum, Dept, Adjustment ) IN '" + gCustomerPath + "' SELECT " +
+  const std::string SQL = "INSERT INTO CustLaborRates ( AcctNum, Dept, Adjustment )" + InFile(gCustomerPath) + " SELECT " +
                           std::to_string(Acct) + " AS AcctNum, Departments.DeptNumber, " + platform::CStr(txtAdjustAllDept.Value()) +
                           " AS Adjustment FROM Departments;";
   bool ErrorFlag = false;
@@ -111,10 +112,10 @@ bool frmCustMain::ApplyAdjustment(ResumeNext& on, const platform::RecordsetRef& 
   const double Adjustment = txtAdjustAllDept.Value();
   bool More = on([&] { Rates->MoveFirst(); });
   while (More) {
-    if (on([&] { Rates->Edit(); })) {
-      on([&] { Rates->SetField("Adjustment", Adjustment); });
-      UpdateOrDrop(on, Rates);
-    }
+    RowWrite row(on);
+    row.Must([&] { Rates->Edit(); });
+    row([&] { Rates->SetField("Adjustment", Adjustment); });
+    if (row.Going()) UpdateOrDrop(on, Rates);
     More = on([&] { Rates->MoveNext(); });
     orcussch::App().DoEvents();
     if (More && !on([&] { More = !Rates->Eof(); })) return false;

@@ -112,8 +112,8 @@ std::string frmCustMain::CustomersStatement() {
   return SQL;
 }
 
-void frmCustMain::SQLTaxBasis() {
-  Trap("frmCustMain.SQLTaxBasis", [this] {
+bool frmCustMain::SQLTaxBasis() {
+  return Trap("frmCustMain.SQLTaxBasis", [this] {
     orcussch::App().DoEvents();
     const int LeftCol = HasRecords(DataTaxBasis) ? grdTaxBasis.LeftCol(0) : 0;
     std::string SQL = "SELECT * FROM CU_AssignTaxes WHERE (Instance = " + std::to_string(mInstance) + ")" + AssignFilter(optTaxDisp);

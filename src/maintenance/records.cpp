@@ -52,6 +52,8 @@ void frmCustMain::RecordEdit() {
   if (!Records) return;
   BeginWork();
   mRecordMode = "E";
+  on([&] { data[static_cast<std::size_t>(Tab())].ReadAnew(); });
+  if (Tab() == tab::Customers) on([this] { ShowCustomerName(); });
   CurrentRecord().Edit(on);
   OpenCard();
   EndWork();
@@ -97,9 +99,11 @@ void frmCustMain::ShowSaved(ResumeNext& on, const SaveState& state) {
     txtSearch[n].SetFocus();
 }
 
-/// Finds the row of the position text; when there is none the list goes to its last row.
+/// Finds the row of the position text; when there is none the list goes to its last row. A row that was not stored has no
+/// position: the list stays where it was opened.
 void frmCustMain::StandOn(ResumeNext& on, const std::string& Position) {
   const auto n = static_cast<std::size_t>(Tab());
+  if (Position.empty()) return;
   bool Records = false;
   on([&] { Records = data[n].Recordset()->HasRows(); });
   if (!Records) return;

@@ -52,7 +52,11 @@ void ReadDefaultTerms() {
 void LetCompanyID(const Value& value) {
   TrapWith([] { return "CustSearch.CompanyID[PropertyLet] " + gWorkspaceName; },
            [&] {
-             gCompanyID = CLng(value);
+             const std::int32_t company = CLng(value);
+             // A procedure that waits in one of its yields would go on in the other company's files.
+             if (running) throw platform::error::InvalidCall();
+             ReleaseFiles();
+             gCompanyID = company;
              gTempPath = gTempDir + "orvTemp" + std::to_string(gUserID) + ".zdb";
              gIniPath = gTempDir + "orvwin.ini";
              OpenFiles();

@@ -75,6 +75,13 @@ void Main();
 /// failure, which is reported.
 std::string GetDataPath(std::int32_t CompanyID, const std::string& FileName);
 
+/// Lets go of all that was opened for a company: the screens, the recordsets, databases and the workspace, and what was read
+/// from them. Nothing of one company can be met in the session of the next.
+void ReleaseFiles();
+
+/// Empties the variables of the opened objects, which stay as they are.
+void ForgetFiles();
+
 /// Opens workspace, databases and the session's recordsets, reads the company, links the two tables of other files.
 void OpenFiles();
 void CloseFiles();
@@ -88,6 +95,10 @@ void ExecuteSQLStmt(const platform::DatabaseRef& Db, const std::string& SQL, boo
 
 /// Empties a work table of the temporary database.
 void ClearORVTempTable(const std::string& TableName, bool& ErrorFlag);
+
+/// The clause that sends a statement's rows to another file: IN 'path', with a blank in front. An apostrophe of the path is
+/// doubled, as the statement's texts demand.
+std::string InFile(const std::string& Path);
 
 /// Every apostrophe becomes a question mark, the engine's wildcard for one character: criteria quote texts in apostrophes.
 std::string FixQuotes(const std::string& Text);

@@ -1,6 +1,7 @@
 #include "platform/convert.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
+#include "session/modAppShutdown.h"
 
 namespace orcussch {
 
@@ -20,6 +21,10 @@ struct SessionTable {
   const char* table;
   platform::RecordsetRef* rows;
 };
+
+platform::RecordsetRef* const kSessionRows[] = {&rsCustomers, &rsLookups,         &rsPhones,         &rsKeywords,       &rsLocations,
+                                                &rsTaxGrid,   &rsCustCodes,       &rsDataCodes,      &rsSuperCustomers, &rsTerms,
+                                                &rsAddresses, &rsCustCreditCards, &rsCustLaborRates, &rsUserStartup,    &rsAR};
 
 void OpenWorkspace() {
   gWorkspaceName = "CustomerSearch#" + std::to_string(App().ThreadID());
@@ -95,6 +100,22 @@ std::string GetDataPath(std::int32_t CompanyID, const std::string& FileName) {
   return path;
 }
 
+void ForgetFiles() {
+  for (platform::RecordsetRef* rows : kSessionRows) rows->Reset();
+  for (DatabaseRef* database : {&dbCustomer, &dbDat, &dbARTrans, &dbGL, &dbTemp}) database->Reset();
+  wsCustomer.Reset();
+}
+
+void ReleaseFiles() {
+  if (App().FormCount() > 0) SafeAppUnloadAllForms();
+  if (!wsCustomer.IsNothing()) Ignore()([] { wsCustomer->Close(); });
+  ForgetFiles();
+  gCustomerPath = gARTransPath = gGLPath = "";
+  gCompany = CompanyRecord{};
+  gRightsMask = "";
+  gDefaultTerms = 0;
+}
+
 void OpenFiles() {
   Trap("modCustSch.OpenFiles", [] {
     if (gFilesOpen) return;
@@ -120,10 +141,7 @@ void CloseFiles() {
   if (!gFilesOpen) return;
   const Ignore on;
   on([] { App().DoEvents(); });
-  for (platform::RecordsetRef* rows :
-       {&rsCustomers, &rsLookups, &rsPhones, &rsKeywords, &rsLocations, &rsTaxGrid, &rsCustCodes, &rsDataCodes, &rsSuperCustomers, &rsTerms,
-        &rsAddresses, &rsCustCreditCards, &rsCustLaborRates, &rsUserStartup, &rsAR})
-    on([&] { (*rows)->Close(); });
+  for (platform::RecordsetRef* rows : kSessionRows) on([&] { (*rows)->Close(); });
   for (DatabaseRef* database : {&dbARTrans, &dbDat, &dbCustomer, &dbGL}) on([&] { (*database)->Close(); });
   on([] { App().DoEvents(); });
   for (DatabaseRef* database : {&dbARTrans, &dbDat, &dbCustomer, &dbGL}) database->Reset();

@@ -20,12 +20,7 @@ void ForgetModule() {
         &gCustomerCity, &gCustomerState, &gCustomerZip,       &gQuerySQL,         &gCustomerPath,  &gARTransPath,   &gGLPath,
         &gTempPath,     &gTempDir,       &gSysModsDir,        &gUpdateDir,        &gIniPath,       &gWorkspaceName})
     text->clear();
-  wsCustomer.Reset();
-  for (platform::DatabaseRef* database : {&dbCustomer, &dbDat, &dbARTrans, &dbGL, &dbTemp}) database->Reset();
-  for (platform::RecordsetRef* rows :
-       {&rsCustomers, &rsLookups, &rsPhones, &rsKeywords, &rsLocations, &rsTaxGrid, &rsCustCodes, &rsDataCodes, &rsSuperCustomers, &rsTerms,
-        &rsAddresses, &rsCustCreditCards, &rsCustLaborRates, &rsUserStartup, &rsAR})
-    rows->Reset();
+  ForgetFiles();
   mainDone = false;
 }
 }  // namespace
@@ -76,6 +71,15 @@ void ProgramError(const std::string& Module, bool Terminate) {
       "An error occurred in module: " + Module + "\r\r" + "Error: " + std::to_string(number) + "\r" + description + "\r\r";
   message += Terminate ? "This program will now terminate." : "This program will now attempt to resume.";
   App().MsgBox(message, platform::box::Exclamation, "Program Execution Error");
+}
+
+std::string InFile(const std::string& Path) {
+  std::string clause = " IN '";
+  for (const char character : Path) {
+    if (character == '\'') clause += character;
+    clause += character;
+  }
+  return clause + "'";
 }
 
 std::string FixQuotes(const std::string& Text) {

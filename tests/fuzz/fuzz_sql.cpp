@@ -87,15 +87,20 @@ class Company final : public engine::Catalogue {
 class Store {
  public:
   explicit Store(const Company& company) {
-    const engine::Dialect dialect;
+    const engine::Dialect plain;
     if (sqlite3_open(":memory:", &db_) != SQLITE_OK) std::abort();
     const auto nothing = [](sqlite3_context* context, int, sqlite3_value**) { sqlite3_result_null(context); };
-    for (const engine::StoreFunction& function : engine::StoreFunctions()) {
-      sqlite3_create_function(db_, (dialect.functionPrefix + std::string(function.name)).c_str(), function.arguments, SQLITE_UTF8, nullptr,
-                              nothing, nullptr, nullptr);
+    const auto create = [&](const std::string& name, int arguments) {
+      sqlite3_create_function(db_, name.c_str(), arguments, SQLITE_UTF8, nullptr, nothing, nullptr, nullptr);
+    };
+    for (const engine::Dialect& dialect : {plain, plain.ForCells()}) {
+      for (const engine::StoreFunction& function : engine::StoreFunctions())
+        create(dialect.functionPrefix + std::string(function.name), function.arguments);
+      create(dialect.like, 2);
     }
-    sqlite3_create_function(db_, dialect.like.c_str(), 2, SQLITE_UTF8, nullptr, nothing, nullptr, nullptr);
-    sqlite3_create_collation(db_, dialect.collation.c_str(), SQLITE_UTF8, nullptr,
+    create(plain.cellPrefix + plain.cellBegin, 0);
+    create(plain.cellPrefix + plain.cell, 2);
+    sqlite3_create_collation(db_, plain.collation.c_str(), SQLITE_UTF8, nullptr,
                              [](void*, int, const void*, int, const void*) { return 0; });
     for (const ResolvedTable& table : company.Tables()) Create(table);
   }

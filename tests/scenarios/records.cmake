@@ -1,6 +1,7 @@
 # The record cards, each kind in a folder of its own: every scenario by its file's name without ".scn".
 list(APPEND ORCUSSCH_SCENARIOS
   customers/apostrophe-in-the-address-fails-the-duplicate-test
+  customers/apostrophe-in-the-temporary-folder
   customers/cancel-asks-first
   customers/cancel-on-every-tab
   customers/card-forgets-the-customer-before
@@ -17,6 +18,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/edit-writes-every-field
   customers/edit-writes-its-fields-and-no-others
   customers/empty-figures-are-zero
+  customers/figures-beyond-the-amounts
   customers/first-four-taxes-are-kept
   customers/first-phone-of-a-new-customer
   customers/giving-up-departmental-rates-asks
@@ -35,6 +37,8 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/several-duplicates-are-counted
   customers/sign-of-the-percentage
   customers/tax-filter-hides-the-ticks
+  customers/taxes-that-cannot-be-read-stay
+  customers/taxes-that-were-not-loaded-stay
   customers/terms-of-zero-are-none
   customers/typed-lengths-and-masks
   customers/unknown-codes-on-the-card
@@ -48,7 +52,9 @@ list(APPEND ORCUSSCH_SCENARIOS
   phones/null-fields-read-as-empty
   phones/office-day
   phones/phones-of-other-customers-stay-theirs
+  phones/refused-phone-is-no-default
   phones/row-missing-from-the-list
+  phones/search-that-fails-is-told-once
   phones/steps-of-a-card
   phones/type-is-the-only-test
   phones/type-that-is-gone-stays-empty
@@ -71,6 +77,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   creditcards/type-added-meanwhile-is-there
   creditcards/vanished-card
   laborrates/all-departments-are-added
+  laborrates/apostrophe-in-the-customer-path
   laborrates/bulk-action-yields
   laborrates/department-with-an-apostrophe
   laborrates/edit-keeps-the-department
@@ -83,6 +90,8 @@ list(APPEND ORCUSSCH_SCENARIOS
   laborrates/percentage-beyond-the-figures
   laborrates/percentage-ends-when-the-list-is-read-anew
   laborrates/percentage-is-applied-to-all-rows
+  laborrates/percentage-that-overflows-one-row
+  laborrates/rate-beyond-the-amounts
   laborrates/row-deleted-while-applying
   laborrates/short-department-number
   laborrates/steps-of-the-bulk-actions
@@ -94,6 +103,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   types/key-refuses-a-second-row
   types/new-type-takes-the-next-code
   types/office-day
+  types/refused-type-is-assigned-to-nobody
   types/vanished-type
   keywords/apostrophe-goes-to-the-last-row
   keywords/box-is-offered-for-new-entries-alone
@@ -117,6 +127,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   deletion/locked-rows-stay-current
   deletion/nothing-to-delete-and-no
   deletion/row-gone-already
+  deletion/search-that-fails-deletes-nothing
   deletion/steps-of-a-deletion
   deletion/successor-in-a-descending-list
   deletion/transactions-that-cannot-be-read
@@ -139,6 +150,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   gridediting/tick-while-the-file-is-locked
   gridediting/ticking-a-type
   gridediting/ticking-and-renaming-a-key-word
+  twousers/card-shows-a-colleagues-save
   twousers/changed-sub-records-are-overwritten
   twousers/customer-gone-under-a-new-phone
   twousers/default-fields-of-both
@@ -154,5 +166,6 @@ list(APPEND ORCUSSCH_SCENARIOS
   twousers/second-program-sets-the-defaults
   twousers/second-program-ticks-the-same-box
   twousers/sub-records-while-the-file-is-locked
+  twousers/type-of-a-phone-changed-meanwhile
   twousers/types-added-by-both
 )

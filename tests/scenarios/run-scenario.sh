@@ -79,6 +79,9 @@ data=$here/suite
 local=$data
 [ "$paths" = windows ] && data=$here/c/suite && local=$here/c
 mkdir -p "$data"
+# "NAME": a local root of that name, beside the data.
+beside=$(header local)
+[ -n "$beside" ] && local=$here/$beside
 
 fresh=$(header data)
 [ -n "$fresh" ] || fresh=create
@@ -144,6 +147,7 @@ while read -r name bytes; do
 done <"$here/cut.lines"
 
 set -- --scenario "$scenario" --data "$data" "$@"
+[ -n "$beside" ] && set -- "$@" --local "$local"
 [ "$paths" = windows ] && set -- "$@" --paths windows --drive "C=$here/c"
 # "D": a further drive, the folder ../../d seen from the library's.
 for letter in $(header drive); do

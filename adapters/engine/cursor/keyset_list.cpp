@@ -193,9 +193,11 @@ bool KeysetList::Visit(std::int64_t ordinal, Place& place, bool forward) {
   if (block == nullptr) block = &ReadBlock(ordinal, forward);
   const int row = block->rows[static_cast<std::size_t>(ordinal - block->first)];
   if (row < 0) return false;
-  SetPlace(place, ordinal);
   place.page = block->page;
   place.row = static_cast<std::size_t>(row);
+  place.ordinal = ordinal;
+  // As they were read: what follows from the row's fields may have changed since the list was opened.
+  place.keys.assign(place.page->KeysOf(place.row), place.page->KeysOf(place.row) + Source().KeyCount());
   return true;
 }
 
@@ -271,7 +273,8 @@ Place KeysetList::Added(const std::vector<std::int64_t>& keys) {
 }
 
 void KeysetList::Changed(Place& place) {
-  Fetch(place);
+  // A row whose own change has left its partner in the join stays what it was written as.
+  FetchRow(place, RowSource::Missing::Null);
   if (std::ranges::find(ownRows_, place.ordinal) == ownRows_.end()) ownRows_.push_back(place.ordinal);
 }
 

@@ -9,8 +9,12 @@
 namespace engine {
 namespace {
 
-std::string KeyText(const std::int64_t* keys, std::size_t count) {
-  return {reinterpret_cast<const char*>(keys), sizeof(std::int64_t) * count};
+// What a row of a join is known by.
+std::string KeyText(const RowSource& source, const std::int64_t* keys) {
+  std::string text;
+  for (std::size_t i = 0; i < source.KeyCount(); ++i)
+    if (source.Shape().IsKnownByKey(i)) text.append(reinterpret_cast<const char*>(keys + i), sizeof(std::int64_t));
+  return text;
 }
 
 // How many rows are looked at one by one. Of one table the one statement over all of them says the same, and is quicker
@@ -140,7 +144,7 @@ std::optional<bool> KeysetSearch::WalkAhead(std::int64_t from, std::int64_t& hit
 
 bool KeysetSearch::IsHit(const std::int64_t* keys) const {
   const std::size_t count = list_.Source().KeyCount();
-  return count == 1 ? hits_.contains(*keys) : joinedHits_.contains(KeyText(keys, count));
+  return count == 1 ? hits_.contains(*keys) : joinedHits_.contains(KeyText(list_.Source(), keys));
 }
 
 // All rows that fit, in whatever order the store finds them. Of one table its filter need not be asked again: which rows
@@ -163,7 +167,7 @@ void KeysetSearch::CollectHits() {
     if (source.KeyCount() == 1)
       hits_.insert(*row.KeysOf(0));
     else
-      joinedHits_.insert(KeyText(row.KeysOf(0), source.KeyCount()));
+      joinedHits_.insert(KeyText(source, row.KeysOf(0)));
     if (rows % 8192 == 0) source.Store().ServePainting();
   }
   hitsKnown_ = true;

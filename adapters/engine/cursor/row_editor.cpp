@@ -21,14 +21,6 @@ std::string CountersOf(const ResolvedTable& table) { return QuoteName(FileOf(tab
 
 std::string HighestOf(const ResolvedTable& table) { return "(SELECT ifnull(max(" + table.rowKey + "), 0) FROM " + table.storeName + ")"; }
 
-// The number that would be given next, without taking it.
-std::int64_t NumberToCome(Connection& connection, const ResolvedTable& table) {
-  const std::string given = "ifnull((SELECT seq FROM " + CountersOf(table) + " WHERE name = " + QuoteText(table.definition.name) + "), 0)";
-  const std::int64_t number = connection.AskNumber("SELECT max(" + given + ", " + HighestOf(table) + ") + 1").value_or(1);
-  if (number > INT32_MAX) throw errors::NumericOverflow();
-  return number;
-}
-
 }  // namespace
 
 std::int64_t NextCounter(Connection& connection, const ResolvedTable& table) {
@@ -55,7 +47,7 @@ void RowEditor::BeginAdd() {
   Drop();
   const SelectPlan& plan = source_.Plan();
   const ResolvedTable& table = *plan.tables[static_cast<std::size_t>(plan.driving)].table;
-  if (HasCounter(table)) TakeNumber(table);
+  if (HasCounter(table)) counter_ = NextCounter(source_.Store(), table);
   values_.assign(plan.columns.size(), platform::Null);
   assigned_.assign(plan.columns.size(), false);
   for (std::size_t i = 0; i < plan.columns.size(); ++i) {
@@ -64,21 +56,6 @@ void RowEditor::BeginAdd() {
     values_[i] = field->type == FieldType::Counter ? Value(static_cast<std::int32_t>(*counter_)) : field->defaultValue;
   }
   mode_ = EditMode::Add;
-}
-
-// A row begins without a lock: while others keep the file locked, or the disk is full, the row begins with the number that
-// comes next, and Insert takes that number or fails.
-void RowEditor::TakeNumber(const ResolvedTable& table) {
-  constexpr int locked = 3218;
-  constexpr int disk = 3043;
-  try {
-    counter_ = NextCounter(source_.Store(), table);
-    numberIsOurs_ = true;
-  } catch (const platform::Error& error) {
-    if (error.Number() != locked && error.Number() != disk) throw;
-    counter_ = NumberToCome(source_.Store(), table);
-    numberIsOurs_ = false;
-  }
 }
 
 void RowEditor::BeginEdit(const Place& row) {
@@ -109,14 +86,7 @@ void RowEditor::Drop() {
 std::vector<std::int64_t> RowEditor::Insert() {
   const SelectPlan& plan = source_.Plan();
   const ResolvedTable& table = *plan.tables[static_cast<std::size_t>(plan.driving)].table;
-  if (counter_ && !numberIsOurs_) {
-    Transaction together(source_.Store(), Transaction::Kind::Write);
-    if (NextCounter(source_.Store(), table) != *counter_) throw errors::DuplicateKey();
-    InsertRow(table);
-    together.Commit();
-  } else {
-    InsertRow(table);
-  }
+  InsertRow(table);
   auto keys = KeysOfNewRow(counter_ ? *counter_ : source_.Store().LastRowKey());
   Drop();
   return keys;

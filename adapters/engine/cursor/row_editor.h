@@ -19,8 +19,8 @@ class RowEditor {
   platform::EditMode Mode() const noexcept { return mode_; }
   const platform::Value& Field(int index) const { return values_[static_cast<std::size_t>(index)]; }
 
-  /// Opens the buffer for a new row: defaults, else Null; a Counter gets its number by a commit of its own. Raises 3027. A
-  /// file that can't be written just now is met at Insert, not here: the number is then only looked up.
+  /// Opens the buffer for a new row: defaults, else Null; a Counter gets its number by a commit of its own, so that nobody else
+  /// is ever given it. Raises 3027, 3218 after the wait for a lock, 3043; no buffer is open then.
   void BeginAdd();
   /// Opens it with the row's present fields.
   void BeginEdit(const Place& row);
@@ -28,8 +28,7 @@ class RowEditor {
   void Set(int index, const platform::Value& value);
   void Drop();
 
-  /// Writes the new row; its keys. The buffer stays open when that fails. Raises 3022 when a number that was only looked up has
-  /// been given to another row meanwhile.
+  /// Writes the new row; its keys. The buffer stays open when that fails.
   std::vector<std::int64_t> Insert();
   /// Writes the assigned fields, each to the table that owns it. Raises 3167 when the row is gone.
   void Write();
@@ -37,7 +36,6 @@ class RowEditor {
   void Delete(const Place& row);
 
  private:
-  void TakeNumber(const ResolvedTable& table);
   void InsertRow(const ResolvedTable& table);
   std::vector<std::int64_t> KeysOfNewRow(std::int64_t driving);
   void WriteTable(std::size_t table);
@@ -48,7 +46,6 @@ class RowEditor {
   std::vector<bool> assigned_;
   std::vector<std::int64_t> keys_;
   std::optional<std::int64_t> counter_;
-  bool numberIsOurs_ = false;  ///< nobody else gets the counter's number any more
 };
 
 /// The table's next number, used up whether or not a row ever gets it.

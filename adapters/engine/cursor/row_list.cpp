@@ -6,10 +6,13 @@
 
 namespace engine {
 
-bool RowList::Fetch(Place& place) {
+bool RowList::Fetch(Place& place) { return FetchRow(place, RowSource::Missing::Gone); }
+
+bool RowList::FetchRow(Place& place, RowSource::Missing missing) {
   auto page = std::make_shared<RowPage>(source_->Plan().columns.size(), source_->KeyCount());
   page->cells.reserve(page->columns);
-  if (!source_->Fetch(place.keys.data(), *page)) return false;
+  if (!source_->Fetch(place.keys.data(), *page, missing)) return false;
+  place.keys = page->keys;
   place.page = std::move(page);
   place.row = 0;
   return true;

@@ -81,6 +81,9 @@ class RowList {
   /// A slice of work for idle time; false when none is left.
   virtual bool IdleSlice() = 0;
 
+ protected:
+  bool FetchRow(Place& place, RowSource::Missing missing);
+
  private:
   std::shared_ptr<RowSource> source_;
 };

@@ -60,10 +60,16 @@ std::string RowShape::FromByKeys() const {
     return plan.tables[i].alias + '.' + plan.tables[i].table->rowKey + " = ?" + std::to_string(i + 1);
   };
   const auto named = [&](std::size_t i) { return plan.tables[i].table->storeName + " AS " + plan.tables[i].alias; };
-  if (plan.tables.size() == 1) return named(0) + " WHERE " + byKey(0);
-  std::string from = "(SELECT 1)";
-  for (std::size_t i = 0; i < plan.tables.size(); ++i) from += " LEFT JOIN " + named(i) + " ON " + byKey(i);
-  return from + " WHERE 1";
+  const auto driving = static_cast<std::size_t>(plan.driving);
+  std::string from = named(driving);
+  for (const int next : plan.fetchOrder) {
+    const auto i = static_cast<std::size_t>(next);
+    if (i == driving) continue;
+    const PlanTable& table = plan.tables[i];
+    const std::string join = table.tie.empty() ? "" : '(' + table.tie + ')';
+    from += " LEFT JOIN " + named(i) + " ON " + (table.follows ? join : byKey(i) + (join.empty() ? "" : " AND " + join));
+  }
+  return from + " WHERE " + byKey(driving);
 }
 
 const std::shared_ptr<KeyWalker>& RowShape::Walker(Connection& connection, const std::vector<OrderColumn>& order,
@@ -84,13 +90,19 @@ RowSource::RowSource(Session& session, std::shared_ptr<DatabaseCatalogue> catalo
       others_(shape_->files.size()) {}
 
 void RowSource::BindKeys(Query& query, const std::int64_t* keys) const {
-  for (std::size_t i = 0; i < Plan().tables.size(); ++i)
+  for (std::size_t i = 0; i < Plan().tables.size(); ++i) {
+    if (!shape_->IsKnownByKey(i)) continue;
     keys[i] != noRowKey ? query.Bind(static_cast<int>(i) + 1, keys[i]) : query.BindNull(static_cast<int>(i) + 1);
+  }
 }
 
+// A table that follows in an outer join may have found, lost or changed its row. A row that came without a partner needs none.
 bool RowSource::AllThere(const Query& query, int first, const std::int64_t* keys) const {
-  for (std::size_t i = 0; i < Plan().tables.size(); ++i)
-    if (keys[i] != noRowKey && query.IsNull(first + static_cast<int>(i))) return false;
+  for (std::size_t i = 0; i < Plan().tables.size(); ++i) {
+    const PlanTable& table = Plan().tables[i];
+    const bool needed = keys[i] != noRowKey && !(table.follows && table.nullable);
+    if (needed && query.IsNull(first + static_cast<int>(i))) return false;
+  }
   return true;
 }
 
@@ -132,11 +144,11 @@ void RowSource::ReadKeys(const Query& query, int first, RowPage& page) const {
   }
 }
 
-bool RowSource::Fetch(const std::int64_t* keys, RowPage& page) {
+bool RowSource::Fetch(const std::int64_t* keys, RowPage& page, Missing missing) {
   Query query(Store(), fetch_);
   BindKeys(query, keys);
   const int keysAt = static_cast<int>(Plan().columns.size());
-  if (!query.Step() || !AllThere(query, keysAt, keys)) return false;
+  if (!query.Step() || (missing == Missing::Gone && !AllThere(query, keysAt, keys))) return false;
   ReadCells(query, 0, page);
   ReadKeys(query, keysAt, page);
   return true;

@@ -40,8 +40,11 @@ class RowShape {
   std::string fetchText;   ///< the row with given keys
   std::vector<std::shared_ptr<DataFile>> files;
 
-  /// A join's row put together from its tables by their keys alone: it stays the same row whatever its fields say now.
+  /// One row of a join: the driving table's by its key, the others' as the join ties them to it now, so that code and name
+  /// always stand for the same thing. Tables that no unique field ties are found by their own keys, too.
   std::string FromByKeys() const;
+  /// Whether a row's key of that table is part of its identity; the others follow from these.
+  bool IsKnownByKey(std::size_t table) const { return !plan.tables[table].follows; }
   /// Whether the plan's one table was too long once for its keys to be held; it is not asked again.
   mutable bool knownLong = false;
   /// The way through the plan's one table in that order, with its statements.
@@ -93,8 +96,10 @@ class RowSource {
   void ReadCells(const Query& query, int first, RowPage& page) const;
   void ReadKeys(const Query& query, int first, RowPage& page) const;
 
-  /// Adds the row with these keys to the page; false when one of its rows is gone.
-  bool Fetch(const std::int64_t* keys, RowPage& page);
+  /// What a row is of which the join finds a part no more.
+  enum class Missing { Gone, Null };
+  /// Adds the row with these keys to the page, with the keys that its tables' rows have now; false when it is gone.
+  bool Fetch(const std::int64_t* keys, RowPage& page, Missing missing = Missing::Gone);
   /// Whether the row with these keys is there and the criterion is true of it.
   bool Test(const std::int64_t* keys, SqlText& test);
   /// The statement that Test runs.

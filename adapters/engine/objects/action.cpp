@@ -18,8 +18,8 @@ using platform::Value;
 std::int32_t RowCount(std::int64_t rows) { return static_cast<std::int32_t>(std::min<std::int64_t>(rows, INT32_MAX)); }
 
 // One statement of the store does it all, and undoes it all when it fails.
-std::int32_t RunDirect(Connection& connection, const ActionPlan& plan, bool failOnError) {
-  Query query(connection, std::string_view(failOnError ? plan.sql : plan.lenientSql));
+std::int32_t RunDirect(Connection& connection, const ActionPlan& plan, Unfit unfit) {
+  Query query(connection, std::string_view(unfit == Unfit::Raise ? plan.sql : plan.lenientSql));
   query.Run();
   return RowCount(connection.Changes());
 }
@@ -27,8 +27,7 @@ std::int32_t RunDirect(Connection& connection, const ActionPlan& plan, bool fail
 // Rows whose values must first become those of their fields: read, converted and written one by one, all or none.
 class RowByRow {
  public:
-  RowByRow(Connection& connection, const ActionPlan& plan, bool failOnError)
-      : connection_(connection), plan_(plan), failOnError_(failOnError) {
+  RowByRow(Connection& connection, const ActionPlan& plan, Unfit unfit) : connection_(connection), plan_(plan), unfit_(unfit) {
     isUpdate_ = plan.kind == ActionPlan::Kind::Update;
     write_.text = isUpdate_ ? UpdateText() : InsertText();
   }
@@ -83,7 +82,7 @@ class RowByRow {
     try {
       return ConvertForField(Field(place), value);
     } catch (const platform::Error& error) {
-      if (!failOnError_) return platform::Null;
+      if (unfit_ == Unfit::Null) return platform::Null;
       // A number for a number field can only be out of its range.
       const bool number = error.Number() == errors::DataConversion().Number() && platform::IsNumeric(value);
       if (number && IsNumberField(Field(place).type)) throw errors::NumericOverflow();
@@ -98,32 +97,37 @@ class RowByRow {
 
   bool WriteRow(const std::vector<Value>& row, std::int64_t key) {
     Query query(connection_, write_);
-    for (std::size_t i = 0; i < row.size(); ++i) query.Bind(static_cast<int>(i) + 1, ForField(i, row[i]));
+    try {
+      for (std::size_t i = 0; i < row.size(); ++i) query.Bind(static_cast<int>(i) + 1, ForField(i, row[i]));
+    } catch (const platform::Error&) {
+      if (unfit_ != Unfit::Leave) throw;
+      return false;
+    }
     if (isUpdate_) query.Bind(static_cast<int>(row.size()) + 1, key);
     try {
       query.Run();
       return true;
     } catch (const platform::Error& error) {
       const bool breaksKey = error.Number() == errors::DuplicateKey().Number() || error.Number() == errors::NullInKey().Number();
-      if (failOnError_ || !breaksKey) throw;
+      if (unfit_ == Unfit::Raise || !breaksKey) throw;
       return false;
     }
   }
 
   Connection& connection_;
   const ActionPlan& plan_;
-  bool failOnError_;
+  Unfit unfit_;
   bool isUpdate_ = false;
   SqlText write_;
 };
 
 }  // namespace
 
-std::int32_t RunAction(Session& session, DatabaseCatalogue& catalogue, std::string_view sql, bool failOnError) {
+std::int32_t RunAction(Session& session, DatabaseCatalogue& catalogue, std::string_view sql, Unfit unfit) {
   const ActionPlan plan = PlanAction(sql, catalogue, session.dialect);
   if (FileOf(*plan.target).ReadOnly()) throw errors::ReadOnly();
-  if (plan.direct) return RunDirect(session.connection, plan, failOnError);
-  return RowByRow(session.connection, plan, failOnError).Run();
+  if (plan.direct) return RunDirect(session.connection, plan, unfit);
+  return RowByRow(session.connection, plan, unfit).Run();
 }
 
 }  // namespace engine

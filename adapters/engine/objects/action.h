@@ -8,8 +8,14 @@
 
 namespace engine {
 
-/// Runs an action statement and returns how many rows it wrote. With `failOnError` the first row that fails raises its error
-/// and nothing stays; without it rows that break a key are left out, and what can't become a field's value is Null.
-std::int32_t RunAction(Session& session, DatabaseCatalogue& catalogue, std::string_view sql, bool failOnError);
+/// What becomes of a row that can't be written as the statement says.
+enum class Unfit {
+  Raise,  ///< the first one raises its error, and nothing stays
+  Null,   ///< a value that can't become its field's is Null there; a row that breaks a key is left out
+  Leave,  ///< the row is left out
+};
+
+/// Runs an action statement and returns how many rows it wrote.
+std::int32_t RunAction(Session& session, DatabaseCatalogue& catalogue, std::string_view sql, Unfit unfit);
 
 }  // namespace engine

@@ -102,7 +102,8 @@ std::shared_ptr<const RowShape> OpenDatabase::NewShape(std::string_view source) 
 
 void OpenDatabase::Execute(std::string_view sql, int options) {
   recordsAffected_ = 0;
-  recordsAffected_ = RunAction(session_, *catalogue_, sql, (options & platform::dbFailOnError) != 0);
+  const Unfit lenient = (options & executeWholeRows) != 0 ? Unfit::Leave : Unfit::Null;
+  recordsAffected_ = RunAction(session_, *catalogue_, sql, (options & platform::dbFailOnError) != 0 ? Unfit::Raise : lenient);
 }
 
 platform::TableDef OpenDatabase::TableDefAt(int index) {

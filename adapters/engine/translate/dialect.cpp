@@ -17,6 +17,14 @@ std::string Quoted(std::string_view content, char quote) {
 
 }  // namespace
 
+Dialect Dialect::ForCells() const {
+  Dialect cells = *this;
+  cells.functionPrefix = cellPrefix;
+  cells.like = cellPrefix + like;
+  ++cells.nesting;  // the cell itself
+  return cells;
+}
+
 std::string QuoteName(std::string_view name) { return Quoted(name, '"'); }
 
 std::string QuoteText(std::string_view text) { return Quoted(text, '\''); }

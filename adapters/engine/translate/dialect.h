@@ -14,6 +14,11 @@ struct Dialect {
   /// Stands in front of the names of the dialect's functions and of the helpers in store_functions.h ("f_val", "f_ccur"),
   /// so that they never meet the store's own.
   std::string functionPrefix = "f_";
+  /// The same functions for a computed cell: one that fails gives Null and leaves a mark instead of failing its statement.
+  std::string cellPrefix = "c_";
+  /// Names of two more of these: cell(begin(), expression) is the expression, or Null when a function left its mark in it.
+  std::string cellBegin = "begin";
+  std::string cell = "cell";
   /// The smallest and the greatest of their arguments, Null if one is Null.
   std::string least = "min";
   std::string greatest = "max";
@@ -27,6 +32,9 @@ struct Dialect {
   std::string same = "IS";
   /// How deep calls and parentheses of an expression may nest; deeper ones raise 3360.
   int nesting = 20;
+
+  /// The dialect in which the columns of a list are written: its functions are those of cells.
+  Dialect ForCells() const;
 };
 
 /// A name in the store's quotes: "Customers", with its own quotes doubled.

@@ -93,6 +93,15 @@ Emitted Forms::Call(std::string_view name, const Emitted& argument, SqlType type
   return Call(name, std::vector<std::string>{argument.sql}, type);
 }
 
+Emitted Forms::Cell(Emitted expression) const {
+  if (expression.IsLiteral() || dialect_.functionPrefix != dialect_.cellPrefix) return expression;
+  const Emitted begin = Call(dialect_.cellBegin, std::vector<std::string>{}, SqlType::Null);
+  Emitted cell = Call(dialect_.cell, {begin.sql, expression.sql}, expression.type);
+  cell.size = expression.size;
+  cell.memo = expression.memo;
+  return cell;
+}
+
 Emitted Forms::Stored(Emitted expression) const {
   if (expression.truth) {
     expression.sql = '-' + (IsNegativeText(expression.sql) ? '(' + expression.sql + ')' : Wrap(expression, Tightness::Atom));

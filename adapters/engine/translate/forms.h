@@ -24,6 +24,9 @@ class Forms {
   Emitted Call(std::string_view name, const std::vector<std::string>& arguments, SqlType type) const;
   Emitted Call(std::string_view name, const Emitted& argument, SqlType type) const;
 
+  /// As a cell of a list, in a dialect for cells: Null where it can't be computed. Constants stay as they are.
+  Emitted Cell(Emitted expression) const;
+
   /// Range tested, -1/0 instead of 1/0: what a column shows.
   Emitted Stored(Emitted expression) const;
   /// As a condition; a text: 3464.

@@ -20,6 +20,8 @@ struct PlanTable {
   std::string alias;      ///< "t0", "t1" ... in the order of the statement
   std::string name;       ///< the statement's own name for it
   bool nullable = false;  ///< an outer join can leave it without a row
+  bool follows = false;   ///< in a row that is read anew: found by `tie` alone, not by its key
+  std::string tie = {};   ///< condition that ties it to the tables before it in `fetchOrder`; "" for none
 };
 
 /// One column that the recordset shows.
@@ -58,6 +60,8 @@ struct SelectPlan {
   /// the "many" side (no other table is joined to it by a unique field of its own), whose row a Delete removes. Never one
   /// that an outer join can leave without a row.
   int driving = 0;
+  /// In which order the tables of one row are found when it is read anew, the driving table first. Empty for a bare table.
+  std::vector<int> fetchOrder;
 };
 
 /// INSERT, DELETE or UPDATE as the store runs it.

@@ -54,7 +54,7 @@ class InsertPlanner {
 
   // Fills `values_` from a SELECT. Without names its columns go to the fields of their names.
   void FromSelect(const sql::Select& select) {
-    rows_ = SelectPlanner(select, catalogue_, dialect_).Run();
+    rows_ = SelectPlanner(select, catalogue_, dialect_, SelectPlanner::Cells::Raise).Run();
     if (!insert_.fields) {
       for (const PlanColumn& column : rows_->columns) AddField(column.name);
     }

@@ -58,7 +58,7 @@ SelectPlan PlanSelect(std::string_view source, Catalogue& catalogue, const Diale
   const sql::Statement statement = sql::ParseStatement(source);
   const auto* select = std::get_if<sql::Select>(&statement);
   if (select == nullptr) throw errors::InvalidOperation();
-  return SelectPlanner(*select, catalogue, dialect).Run();
+  return SelectPlanner(*select, catalogue, dialect, SelectPlanner::Cells::Empty).Run();
 }
 
 }  // namespace engine

@@ -23,12 +23,13 @@ bool IsUnique(const platform::TableDefinition& definition, int field) {
 
 }  // namespace
 
-SelectPlanner::SelectPlanner(const sql::Select& select, Catalogue& catalogue, const Dialect& dialect)
+SelectPlanner::SelectPlanner(const sql::Select& select, Catalogue& catalogue, const Dialect& dialect, Cells cells)
     : select_(select),
       dialect_(dialect),
+      cellDialect_(cells == Cells::Empty ? dialect.ForCells() : dialect),
       sources_(select.sources, catalogue, select.inFile),
       emitter_(sources_.Names(), dialect),
-      outputEmitter_(sources_.Names(), dialect) {
+      outputEmitter_(sources_.Names(), cellDialect_) {
   outputEmitter_.AllowAggregates();
 }
 
@@ -43,6 +44,7 @@ SelectPlan SelectPlanner::Run() {
   FillOrder();
   Names().RequireAllKnown();
   plan_.driving = DrivingTable(kept);
+  FillFetch(kept);
   plan_.updatable = !plan_.distinct && !plan_.aggregate;
   CheckDepth();
   return std::move(plan_);
@@ -112,7 +114,7 @@ PlanColumn SelectPlanner::ColumnOf(const Output& output) {
     return column;
   }
   if (output.expression == nullptr) throw errors::NotInAggregate(output.name);
-  const Emitted value = outputEmitter_.Value(*output.expression);
+  const Emitted value = outputEmitter_.GetForms().Cell(outputEmitter_.Value(*output.expression));
   column.type = value.memo ? platform::FieldType::Memo : FieldTypeOf(value.type);
   if (column.type == platform::FieldType::Text) column.size = value.size > 0 ? std::min(value.size, widestText) : widestText;
   // Equal texts are one row only where the text order says so.
@@ -161,7 +163,7 @@ PlanOrder SelectPlanner::OrderOf(const sql::OrderKey& key) {
     order.field = field->field;
     return order;
   }
-  const Emitted value = outputEmitter_.Value(*expression);
+  const Emitted value = outputEmitter_.GetForms().Cell(outputEmitter_.Value(*expression));
   if (value.IsLiteral()) return order;
   order.sql = value.type == SqlType::Text ? outputEmitter_.GetForms().Collated(value) : value.sql;
   order.type = FieldTypeOf(value.type);
@@ -210,11 +212,69 @@ int SelectPlanner::DrivingTable(TableSet kept) {
   return 0;
 }
 
+// Reading one row anew ------------------------------------------------------------------------------------------------
+
+// The conditions that tie the tables of a row to one another.
+std::vector<const sql::Expression*> SelectPlanner::Ties(TableSet kept) {
+  std::vector<const sql::Expression*> ties;
+  for (const sql::Expression* condition : sources_.Conditions()) SplitConjuncts(*condition, ties);
+  std::vector<const sql::Expression*> tests;
+  if (select_.where) SplitConjuncts(*select_.where, tests);
+  for (const sql::Expression* test : tests) {
+    const std::optional<FieldEquality> equality = FieldEqualityOf(*test, Names());
+    if (equality && equality->left.table != equality->right.table) ties.push_back(test);
+  }
+  std::erase_if(ties, [&](const sql::Expression* tie) { return (TablesOf(*tie, Names()) & ~kept) != 0; });
+  return ties;
+}
+
+// From the driving table's row to the others': a table that a unique field of its own ties to one before it follows, whatever
+// row that gives now; any other is known by its own key.
+void SelectPlanner::FillFetch(TableSet kept) {
+  const std::vector<const sql::Expression*> ties = Ties(kept);
+  TableSet placed = 0;
+  const auto place = [&](int table, bool follows) {
+    const TableSet own = TableBit(table);
+    placed |= own;
+    const int planned = PlanTableOf(table);
+    PlanTable& entry = plan_.tables[static_cast<std::size_t>(planned)];
+    entry.follows = follows;
+    plan_.fetchOrder.push_back(planned);
+    for (const sql::Expression* tie : ties) {
+      const TableSet named = TablesOf(*tie, Names());
+      if ((named & own) == 0 || (named & ~placed) != 0) continue;
+      entry.tie += (entry.tie.empty() ? "" : " AND ") + emitter_.Conjunct(*tie);
+    }
+  };
+  const auto follower = [&]() -> int {
+    for (const sql::Expression* tie : ties) {
+      const std::optional<FieldEquality> equality = FieldEqualityOf(*tie, Names());
+      if (!equality) continue;
+      for (const auto& [one, other] : {std::pair{equality->left, equality->right}, std::pair{equality->right, equality->left}}) {
+        const auto& definition = Names().Tables()[static_cast<std::size_t>(one.table)].table->definition;
+        const bool open = (placed & TableBit(one.table)) == 0 && (placed & TableBit(other.table)) != 0;
+        if (open && IsUnique(definition, one.field)) return one.table;
+      }
+    }
+    return -1;
+  };
+  for (int i = 0; i < sources_.TableCount(); ++i)
+    if ((kept & TableBit(i)) != 0 && PlanTableOf(i) == plan_.driving) place(i, false);
+  for (;;) {
+    int next = follower();
+    const bool follows = next >= 0;
+    for (int i = 0; next < 0 && i < sources_.TableCount(); ++i)
+      if ((kept & ~placed & TableBit(i)) != 0) next = i;
+    if (next < 0) return;
+    place(next, follows);
+  }
+}
+
 void SelectPlanner::CheckDepth() const {
   CheckNesting(plan_.from, dialect_);
   CheckNesting(plan_.where, dialect_);
-  for (const PlanColumn& column : plan_.columns) CheckNesting(column.sql, dialect_);
-  for (const PlanOrder& order : plan_.order) CheckNesting(order.sql, dialect_);
+  for (const PlanColumn& column : plan_.columns) CheckNesting(column.sql, cellDialect_);
+  for (const PlanOrder& order : plan_.order) CheckNesting(order.sql, cellDialect_);
 }
 
 // Text ------------------------------------------------------------------------------------------------------------------

@@ -16,7 +16,12 @@ namespace engine {
 /// Makes the plan of one SELECT.
 class SelectPlanner {
  public:
-  SelectPlanner(const sql::Select& select, Catalogue& catalogue, const Dialect& dialect);
+  /// What becomes of a column's expression that fails for a row.
+  enum class Cells {
+    Empty,  ///< the cell is Null: rows that are shown
+    Raise,  ///< the statement fails: rows that are written
+  };
+  SelectPlanner(const sql::Select& select, Catalogue& catalogue, const Dialect& dialect, Cells cells);
 
   SelectPlan Run();
 
@@ -32,6 +37,8 @@ class SelectPlanner {
   const Output* OutputAt(const sql::Expression& ordinal) const;
   void RequireSelected(const sql::Expression& key);
   int DrivingTable(TableSet kept);
+  void FillFetch(TableSet kept);
+  std::vector<const sql::Expression*> Ties(TableSet kept);
   TableSet OneSides();
   void CheckDepth() const;
 
@@ -40,6 +47,7 @@ class SelectPlanner {
 
   const sql::Select& select_;
   const Dialect& dialect_;
+  const Dialect cellDialect_;
   BoundSources sources_;
   Emitter emitter_;        ///< conditions and orders: no aggregates
   Emitter outputEmitter_;  ///< columns

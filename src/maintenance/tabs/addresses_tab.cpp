@@ -57,17 +57,16 @@ class AddressesTab final : public RecordTab {
 
   bool Save(ResumeNext& on, SaveState& state) override {
     if (!Valid(state)) return false;
+    RowWrite row(on);
     if (Adding()) {
-      on([] { rsAddresses->AddNew(); });
-      on([&] { rsAddresses->SetField("Customer", Customer()->Field("AcctNum")); });
-    } else if (!BeginEdit(on, state)) {
+      row.Must([] { rsAddresses->AddNew(); });
+      row([&] { rsAddresses->SetField("Customer", Customer()->Field("AcctNum")); });
+    } else if (!BeginEdit(row, rsAddresses, "AddressID", state, kGone)) {
       return false;
     }
-    Write(on, rsAddresses, mFields);
-    on([] { rsAddresses->Update(); });
-    on([] { rsAddresses->SetBookmark(rsAddresses->LastModified()); });
-    on([&] { state.Position = "[AddressID]=" + std::to_string(LongOf(rsAddresses, "addressID")); });
-    WriteDefaults(on);
+    Write(row, rsAddresses, mFields);
+    Store(row, rsAddresses, "AddressID", state);
+    WriteDefaults(row);
     return true;
   }
 
@@ -115,26 +114,18 @@ class AddressesTab final : public RecordTab {
                          });
   }
 
-  bool BeginEdit(ResumeNext& on, const SaveState& state) {
-    std::int32_t Id = 0;
-    on([&] { Id = LongOf(Rows(), "addressID"); });
-    if (!Find(on, rsAddresses, "PrimaryKey", [Id] { return Keys{Id}; })) {
-      Refuse(state.Title, "The edited alternate address can no longer be found (Address ID " + std::to_string(Id) +
-                              ").  The alternate address changes made can not be saved!");
-      return false;
-    }
-    on([] { rsAddresses->Edit(); });
-    return true;
-  }
+  static constexpr GoneText kGone{"The edited alternate address can no longer be found (Address ID ",
+                                  ").  The alternate address changes made can not be saved!"};
 
-  void WriteDefaults(ResumeNext& on) {
+  void WriteDefaults(const RowWrite& row) const {
     const bool Ship = s.chkDefaultAddr[0].Value() != 0;
     const bool Bill = s.chkDefaultAddr[1].Value() != 0;
-    if (!Ship && !Bill) return;
-    on([&] { Customer()->Edit(); });
-    if (Ship) on([&] { Customer()->SetField("DefaultShipAddress", rsAddresses->Field("addressID")); });
-    if (Bill) on([&] { Customer()->SetField("DefaultBillAddress", rsAddresses->Field("addressID")); });
-    UpdateCustomer(on);
+    if (Ship && Bill)
+      MakeDefault(row, rsAddresses, "AddressID", {"DefaultShipAddress", "DefaultBillAddress"});
+    else if (Ship)
+      MakeDefault(row, rsAddresses, "AddressID", {"DefaultShipAddress"});
+    else if (Bill)
+      MakeDefault(row, rsAddresses, "AddressID", {"DefaultBillAddress"});
   }
 
   std::array<TextField, 6> mTexts;

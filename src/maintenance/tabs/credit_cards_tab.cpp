@@ -46,21 +46,16 @@ class CreditCardsTab final : public RecordTab {
 
   bool Save(ResumeNext& on, SaveState& state) override {
     if (!Valid(state)) return false;
+    RowWrite row(on);
     if (Adding()) {
-      on([] { rsCustCreditCards->AddNew(); });
-      on([&] { rsCustCreditCards->SetField("AcctNum", Customer()->Field("AcctNum")); });
-    } else if (!BeginEdit(on, state)) {
+      row.Must([] { rsCustCreditCards->AddNew(); });
+      row([&] { rsCustCreditCards->SetField("AcctNum", Customer()->Field("AcctNum")); });
+    } else if (!BeginEdit(row, rsCustCreditCards, "CreditCardID", state, kGone)) {
       return false;
     }
-    Write(on, rsCustCreditCards, mFields);
-    on([] { rsCustCreditCards->Update(); });
-    on([] { rsCustCreditCards->SetBookmark(rsCustCreditCards->LastModified()); });
-    on([&] { state.Position = "[CreditCardID]=" + std::to_string(LongOf(rsCustCreditCards, "CreditCardID")); });
-    if (s.chkDefaultCC.Value() != 0) {
-      on([&] { Customer()->Edit(); });
-      on([&] { Customer()->SetField("DefaultCreditCard", rsCustCreditCards->Field("CreditCardID")); });
-      UpdateCustomer(on);
-    }
+    Write(row, rsCustCreditCards, mFields);
+    Store(row, rsCustCreditCards, "CreditCardID", state);
+    if (s.chkDefaultCC.Value() != 0) MakeDefault(row, rsCustCreditCards, "CreditCardID", {"DefaultCreditCard"});
     return true;
   }
 
@@ -96,17 +91,8 @@ class CreditCardsTab final : public RecordTab {
                          });
   }
 
-  bool BeginEdit(ResumeNext& on, const SaveState& state) {
-    std::int32_t Id = 0;
-    on([&] { Id = LongOf(Rows(), "CreditCardID"); });
-    if (!Find(on, rsCustCreditCards, "PrimaryKey", [Id] { return Keys{Id}; })) {
-      Refuse(state.Title, "The edited credit card can no longer be found (Credit Card ID " + std::to_string(Id) +
-                              ").  The credit card changes made can not be saved!");
-      return false;
-    }
-    on([] { rsCustCreditCards->Edit(); });
-    return true;
-  }
+  static constexpr GoneText kGone{"The edited credit card can no longer be found (Credit Card ID ",
+                                  ").  The credit card changes made can not be saved!"};
 
   std::array<TextField, 4> mTexts;
   std::vector<CardField> mFields;

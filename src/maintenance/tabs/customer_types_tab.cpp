@@ -26,25 +26,23 @@ class CustomerTypesTab final : public RecordTab {
 
   bool Save(ResumeNext& on, SaveState& state) override {
     if (!Passes(state, {{s.txtCustomerType.Text().empty(), "You must enter a customer type description!"}})) return false;
+    RowWrite row(on);
     std::int16_t Code = 0;
     if (Adding()) {
       Code = s.NextDataCode();
-      on([] { rsDataCodes->AddNew(); });
-      on([&] { rsDataCodes->SetField("Code", Code); });
-    } else if (!BeginEdit(on, state, Code)) {
+      row.Must([] { rsDataCodes->AddNew(); });
+      row([&] { rsDataCodes->SetField("Code", Code); });
+    } else if (!BeginEdit(row, rsDataCodes, "Code", state, kGone)) {
       return false;
     }
-    Write(on, rsDataCodes, {From("Description", s.txtCustomerType)});
-    on([] { rsDataCodes->Update(); });
-    if (s.chkAssignCustType.Value() != 0 && Adding()) {
-      on([] { rsCustCodes->AddNew(); });
-      on([&] { rsCustCodes->SetField("AcctNum", Customer()->Field("AcctNum")); });
-      on([&] { rsCustCodes->SetField("CustCodes", Code); });
-      on([] { rsCustCodes->Update(); });
+    Write(row, rsDataCodes, {From("Description", s.txtCustomerType)});
+    row.Must([] { rsDataCodes->Update(); });
+    if (Adding()) {
+      state.Position = "[Code]=" + std::to_string(Code);
+      if (s.chkAssignCustType.Value() != 0 && (row.Going() || IsThere(on, Code))) Assign(on, Code);
     }
     s.LoadCustTypes();
     on([&] { s.data[tab::CustomerTypes].Refresh(); });
-    state.Position = "[Code]=" + std::to_string(Code);
     return true;
   }
 
@@ -56,29 +54,37 @@ class CustomerTypesTab final : public RecordTab {
   /// A type that any customer has stays. The work table's row goes with the next load.
   bool Remove(ResumeNext& on, DeleteState& state) override {
     const auto Code = [this] { return Keys{Rows()->Field("Code")}; };
-    if (Find(on, rsCustCodes, "CustCodes", Code)) {
+    const Search assigned = Find(on, rsCustCodes, "CustCodes", Code);
+    if (assigned == Search::Failed) return false;
+    if (assigned == Search::Found) {
       std::string Description;
       on([&] { Description = TextOf(Rows(), "Description"); });
       Refuse(state.Title, "One or more customers have been assigned customer type '" + Description +
                               "'.  You can not delete a customer type if it has been assigned to a customer.");
       return false;
     }
-    if (Find(on, rsDataCodes, "PrimaryKey", Code)) on([] { rsDataCodes->Delete(); });
+    if (Find(on, rsDataCodes, "PrimaryKey", Code) == Search::Found) on([] { rsDataCodes->Delete(); });
     s.LoadCustTypes();
     on([&] { s.data[tab::CustomerTypes].Refresh(); });
     return true;
   }
 
  private:
-  bool BeginEdit(ResumeNext& on, const SaveState& state, std::int16_t& Code) {
-    on([&] { Code = platform::CInt(Rows()->Field("Code")); });
-    if (!Find(on, rsDataCodes, "PrimaryKey", [Code] { return Keys{Code}; })) {
-      Refuse(state.Title, "The edited customer type record can no longer be found (Customer Type Code  " + std::to_string(Code) +
-                              ").  The customer type changes made can not be saved!");
-      return false;
-    }
-    on([] { rsDataCodes->Edit(); });
-    return true;
+  static constexpr GoneText kGone{"The edited customer type record can no longer be found (Customer Type Code  ",
+                                  ").  The customer type changes made can not be saved!"};
+
+  /// Where the key refused the type, the code is another one's, and the assignment that was asked for is still made. A code that
+  /// no type has is given to the next one: it must not be anybody's by then.
+  static bool IsThere(ResumeNext& on, std::int16_t Code) {
+    return Find(on, rsDataCodes, "PrimaryKey", [Code] { return Keys{Code}; }) == Search::Found;
+  }
+
+  void Assign(ResumeNext& on, std::int16_t Code) const {
+    RowWrite row(on);
+    row.Must([] { rsCustCodes->AddNew(); });
+    row([&] { rsCustCodes->SetField("AcctNum", Customer()->Field("AcctNum")); });
+    row([&] { rsCustCodes->SetField("CustCodes", Code); });
+    row.Must([] { rsCustCodes->Update(); });
   }
 };
 

@@ -45,13 +45,15 @@ class CustomersTab final : public RecordTab {
   void ShowLaborRate(ResumeNext& on, const RecordsetRef& Row);
   void ShowMapCode(ResumeNext& on, const RecordsetRef& Row);
 
-  bool Valid(const SaveState& state) const;
+  bool Valid(ResumeNext& on, const SaveState& state) const;
   bool AskAboutDuplicates(ResumeNext& on, const SaveState& state, std::int16_t& TaxCount);
-  void BeginAdd(ResumeNext& on);
-  bool BeginEdit(ResumeNext& on, const SaveState& state);
+  void BeginAdd(RowWrite& row);
+  bool BeginCustomer(RowWrite& row, SaveState& state);
   void AskAboutLaborRates(ResumeNext& on, const SaveState& state, std::int32_t Acct);
-  void WriteFields(ResumeNext& on);
-  void WriteTaxes(ResumeNext& on, const RecordsetRef& Assigned, std::int16_t TaxCount);
+  void WriteFields(RowWrite& row);
+  using Taxes = std::array<Value, 4>;
+  bool ReadTaxes(ResumeNext& on, const RecordsetRef& Assigned, std::int16_t TaxCount, Taxes& taxes) const;
+  void WriteTaxes(RowWrite& row, const RecordsetRef& Assigned, std::int16_t TaxCount);
 
   std::array<TextField, 9> mTexts;
 };
@@ -146,7 +148,7 @@ void CustomersTab::ShowMapCode(ResumeNext& on, const RecordsetRef& Row) {
     s.lblMapCode[1].Caption("");
     return;
   }
-  if (!Find(on, rsLocations, "MapCode", [this] { return Keys{s.lblMapCode[0].Caption()}; })) {
+  if (Find(on, rsLocations, "MapCode", [this] { return Keys{s.lblMapCode[0].Caption()}; }) != Search::Found) {
     s.lblMapCode[1].Caption("");
     return;
   }
@@ -190,8 +192,9 @@ void CustomersTab::ShowLaborRate(ResumeNext& on, const RecordsetRef& Row) {
   s.txtLaborRate.Enabled(false);
 }
 
-bool CustomersTab::Valid(const SaveState& state) const {
-  const bool NoRate = s.optLaborRate[1].Value() && s.txtLaborRate.Value() == Currency{0};
+bool CustomersTab::Valid(ResumeNext& on, const SaveState& state) const {
+  bool NoRate = false;
+  on([&] { NoRate = s.optLaborRate[1].Value() && s.txtLaborRate.Value() == Currency{0}; });
   return Passes(
       state,
       {
@@ -205,7 +208,7 @@ bool CustomersTab::Valid(const SaveState& state) const {
 }
 
 bool CustomersTab::Save(ResumeNext& on, SaveState& state) {
-  if (!Valid(state)) return false;
+  if (!Valid(on, state)) return false;
 
   RecordsetRef Assigned;
   on([&] {
@@ -218,17 +221,16 @@ bool CustomersTab::Save(ResumeNext& on, SaveState& state) {
   App().DoEvents();
   state.LeftCol = s.grid[tab::Customers].LeftCol(1);
 
+  RowWrite row(on);
   if (Adding()) {
     if (!AskAboutDuplicates(on, state, TaxCount)) return false;
-    BeginAdd(on);
-  } else if (!BeginEdit(on, state)) {
+    BeginAdd(row);
+  } else if (!BeginCustomer(row, state)) {
     return false;
   }
-  WriteFields(on);
-  WriteTaxes(on, Assigned, TaxCount);
-  on([&] { rsCustomers->Update(); });
-  on([&] { rsCustomers->SetBookmark(rsCustomers->LastModified()); });
-  on([&] { state.Position = "[AcctNum]=" + std::to_string(LongOf(rsCustomers, "AcctNum")); });
+  WriteFields(row);
+  if (row.Going()) WriteTaxes(row, Assigned, TaxCount);
+  Store(row, rsCustomers, "AcctNum", state);
   if (!Assigned.IsNothing()) on([&] { Assigned->Close(); });
   return true;
 }
@@ -266,26 +268,29 @@ bool CustomersTab::AskAboutDuplicates(ResumeNext& on, const SaveState& state, st
   return TaxCount == 0 || Ask(state.Title, Message);
 }
 
-void CustomersTab::BeginAdd(ResumeNext& on) {
-  on([] { rsCustomers->AddNew(); });
-  on([] { rsCustomers->SetField("EntryDate", App().System().Today()); });
+void CustomersTab::BeginAdd(RowWrite& row) {
+  row.Must([] { rsCustomers->AddNew(); });
+  row([] { rsCustomers->SetField("EntryDate", App().System().Today()); });
   for (const char* field : {"CurrFinanceCharge", "CurrBalance", "PaidThisYear", "PaidThisMonth", "PaidLastYear", "PaidToDate"})
-    on([&] { rsCustomers->SetField(field, Currency{0}); });
-  on([] { rsCustomers->SetField("DefaultBillTo", rsCustomers->Field("AcctNum")); });
+    row([&] { rsCustomers->SetField(field, Currency{0}); });
+  row([] { rsCustomers->SetField("DefaultBillTo", rsCustomers->Field("AcctNum")); });
   for (const char* field : {"DefaultShipAddress", "DefaultBillAddress", "DefaultPhoneNumber", "DefaultCreditCard", "Latitude", "Longitude"})
-    on([&] { rsCustomers->SetField(field, std::int32_t{0}); });
+    row([&] { rsCustomers->SetField(field, std::int32_t{0}); });
 }
 
-bool CustomersTab::BeginEdit(ResumeNext& on, const SaveState& state) {
+bool CustomersTab::BeginCustomer(RowWrite& row, SaveState& state) {
   std::int32_t Acct = 0;
-  on([&] { Acct = LongOf(Customer(), "AcctNum"); });
-  if (!Find(on, rsCustomers, "ByAcct", [Acct] { return Keys{Acct}; })) {
+  const Search search = Find(row.Reports(), rsCustomers, "ByAcct", [&] {
+    Acct = LongOf(Customer(), "AcctNum");
+    return Keys{Acct};
+  });
+  if (search == Search::Missing)
     Refuse(state.Title, "The edited customer can no longer be found (Customer Account No. " + std::to_string(Acct) +
                             ").  The customer changes made can not be saved!");
-    return false;
-  }
-  if (!s.optLaborRate[2].Value()) AskAboutLaborRates(on, state, Acct);
-  on([] { rsCustomers->Edit(); });
+  if (search != Search::Found) return false;
+  state.Position = "[AcctNum]=" + std::to_string(Acct);
+  if (!s.optLaborRate[2].Value()) AskAboutLaborRates(row.Reports(), state, Acct);
+  row.Must([] { rsCustomers->Edit(); });
   return true;
 }
 
@@ -314,8 +319,10 @@ void CustomersTab::AskAboutLaborRates(ResumeNext& on, const SaveState& state, st
   on([&] { Rates->Close(); });
 }
 
-void CustomersTab::WriteFields(ResumeNext& on) {
-  const auto write = [&](const char* field, const Value& value) { on([&] { rsCustomers->SetField(field, value); }); };
+void CustomersTab::WriteFields(RowWrite& row) {
+  const auto write = [&](const char* field, const Value& value) { row([&] { rsCustomers->SetField(field, value); }); };
+  // A figure can be one that no amount holds: it is reported here, and its field keeps what it held.
+  const auto take = [&](const char* field, const auto& figure) { row([&] { rsCustomers->SetField(field, figure()); }); };
   for (const TextField& text : mTexts) write(text.field, text.edit->Text());
   write("Terms", s.cboTerms.BoundValue());
   write("Status", static_cast<std::int16_t>(s.optStatus[1].Value() ? 1 : s.optStatus[2].Value() ? 2 : 0));
@@ -327,33 +334,49 @@ void CustomersTab::WriteFields(ResumeNext& on) {
     write("ExemptExpireDate", platform::CDate(s.txtExemptExpireDate.DisplayText()));
   write("AgeMethod", s.chkAgeMethod.Value() != 0);
   write("OmitFinanceCharge", s.chkOmitFinChg.Value() != 0);
-  write("Creditlimit", s.txtCreditLimit.Value());
+  take("Creditlimit", [this] { return s.txtCreditLimit.Value(); });
   write("EMail", s.txtEMail.Text());
   write("WebSite", s.txtWebSite.Text());
   write("MapCode", s.lblMapCode[0].Caption());
   write("CreditHold", s.chkHoldCredit.Value() != 0);
   if (!BoundText(s.cboSalesRate).empty()) write("SalesRate", s.cboSalesRate.BoundValue());
-  write("SalesRatePer", s.txtSalesRatePer.Value());
+  take("SalesRatePer", [this] { return s.txtSalesRatePer.Value(); });
   if (s.cmdPlusMinus.Caption() == "-")
-    on([] { rsCustomers->SetField("SalesRatePer", platform::CDbl(rsCustomers->Field("SalesRatePer")) * -1); });
+    row([] { rsCustomers->SetField("SalesRatePer", platform::CDbl(rsCustomers->Field("SalesRatePer")) * -1); });
   write("LaborRateType", s.optLaborRate[1].Value() ? "C" : s.optLaborRate[2].Value() ? "D" : "N");
-  write("LaborRate", s.optLaborRate[1].Value() ? s.txtLaborRate.Value() : Currency{0});
+  take("LaborRate", [this] { return s.optLaborRate[1].Value() ? s.txtLaborRate.Value() : Currency{0}; });
 }
 
-/// The first four assigned taxes are kept, without a word about others.
-void CustomersTab::WriteTaxes(ResumeNext& on, const RecordsetRef& Assigned, std::int16_t TaxCount) {
-  for (const char* field : kTaxFields) on([&] { rsCustomers->SetField(field, std::int32_t{0}); });
-  if (Assigned.IsNothing()) return;
+/// The first four assigned taxes are kept, without a word about others. False when they could not be read.
+bool CustomersTab::ReadTaxes(ResumeNext& on, const RecordsetRef& Assigned, std::int16_t TaxCount, Taxes& taxes) const {
+  if (Assigned.IsNothing()) return false;
   bool More = false;
-  on([&] { More = Assigned->RecordCount() != 0; });
-  if (More) on([&] { Assigned->MoveFirst(); });
+  if (!on([&] {
+        More = Assigned->RecordCount() != 0;
+        if (More) Assigned->MoveFirst();
+      }))
+    return false;
   while (More) {
     // Short like the number of duplicates: after the greatest one the addition is reported and no place is left either.
     on([&] { TaxCount = platform::CInt(std::int32_t{TaxCount} + 1); });
     if (TaxCount > 4) break;
-    on([&] { rsCustomers->SetField(kTaxFields[TaxCount - 1], Assigned->Field("TaxID")); });
-    More = on([&] { Assigned->MoveNext(); }) && !Assigned->Eof();
+    if (!on([&] {
+          taxes[static_cast<std::size_t>(TaxCount - 1)] = Assigned->Field("TaxID");
+          Assigned->MoveNext();
+          More = !Assigned->Eof();
+        }))
+      return false;
   }
+  return true;
+}
+
+/// A customer whose ticks could not be loaded or read keeps the taxes that the table holds.
+void CustomersTab::WriteTaxes(RowWrite& row, const RecordsetRef& Assigned, std::int16_t TaxCount) {
+  Taxes taxes;
+  taxes.fill(std::int32_t{0});
+  const bool Known = ReadTaxes(row.Reports(), Assigned, TaxCount, taxes) && s.mTaxesLoaded;
+  if (!Known && !Adding()) return;
+  for (std::size_t i = 0; i < taxes.size(); ++i) row([&] { rsCustomers->SetField(kTaxFields[i], taxes[i]); });
 }
 
 bool CustomersTab::MayDelete(ResumeNext& on, DeleteState& state) {

@@ -28,19 +28,15 @@ class KeyWordsTab final : public RecordTab {
   /// customers' own rows as they are: they name the word by its text.
   bool Save(ResumeNext& on, SaveState& state) override {
     if (!Passes(state, {{s.txtKeyWord.Text().empty(), "You must enter a Key Word!"}})) return false;
+    RowWrite row(on);
     if (Adding()) {
-      on([] { rsKeywords->AddNew(); });
-    } else if (!BeginEdit(on, state)) {
+      row.Must([] { rsKeywords->AddNew(); });
+    } else if (!BeginWord(row, state)) {
       return false;
     }
-    Write(on, rsKeywords, {From("Keyword", s.txtKeyWord)});
-    on([] { rsKeywords->Update(); });
-    if (s.chkAssignKeyWord.Value() != 0 && Adding()) {
-      on([] { rsLookups->AddNew(); });
-      on([&] { rsLookups->SetField("Text", s.txtKeyWord.Text()); });
-      on([&] { rsLookups->SetField("AcctNum", Customer()->Field("AcctNum")); });
-      on([] { rsLookups->Update(); });
-    }
+    Write(row, rsKeywords, {From("Keyword", s.txtKeyWord)});
+    row.Must([] { rsKeywords->Update(); });
+    if (s.chkAssignKeyWord.Value() != 0 && Adding()) Assign(on);
     s.LoadKeyWords();
     on([&] { s.data[tab::KeyWords].Refresh(); });
     state.Position = "[Keyword]='" + FixQuotes(s.txtKeyWord.Text()) + "'";
@@ -53,14 +49,16 @@ class KeyWordsTab final : public RecordTab {
   }
 
   bool Remove(ResumeNext& on, DeleteState& state) override {
-    if (Find(on, rsLookups, "ByWord", Word())) {
+    const Search assigned = Find(on, rsLookups, "ByWord", Word());
+    if (assigned == Search::Failed) return false;
+    if (assigned == Search::Found) {
       std::string Keyword;
       on([&] { Keyword = TextOf(Rows(), "Keyword"); });
       Refuse(state.Title, "One or more customers have been assigned key word '" + Keyword +
                               "'.  You can not delete a key word if it has been assigned to a customer.");
       return false;
     }
-    if (Find(on, rsKeywords, "PrimaryKey", Word())) on([] { rsKeywords->Delete(); });
+    if (Find(on, rsKeywords, "PrimaryKey", Word()) == Search::Found) on([] { rsKeywords->Delete(); });
     s.LoadKeyWords();
     on([&] { s.data[tab::KeyWords].Refresh(); });
     return true;
@@ -72,9 +70,21 @@ class KeyWordsTab final : public RecordTab {
     return [this] { return Keys{Rows()->Field("Keyword")}; };
   }
 
-  bool BeginEdit(ResumeNext& on, const SaveState& state) {
-    if (Find(on, rsKeywords, "PrimaryKey", Word())) {
-      on([] { rsKeywords->Edit(); });
+  /// A row of its own: the word may be there already, and is the customer's then.
+  void Assign(ResumeNext& on) const {
+    RowWrite row(on);
+    row.Must([] { rsLookups->AddNew(); });
+    row([&] { rsLookups->SetField("Text", s.txtKeyWord.Text()); });
+    row([&] { rsLookups->SetField("AcctNum", Customer()->Field("AcctNum")); });
+    row.Must([] { rsLookups->Update(); });
+  }
+
+  bool BeginWord(RowWrite& row, const SaveState& state) {
+    ResumeNext& on = row.Reports();
+    const Search search = Find(on, rsKeywords, "PrimaryKey", Word());
+    if (search == Search::Failed) return false;
+    if (search == Search::Found) {
+      row.Must([] { rsKeywords->Edit(); });
       return true;
     }
     // The word is asked of the customer types' list, which has no such field: the report names the failure, the box stays

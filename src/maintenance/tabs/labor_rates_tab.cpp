@@ -43,25 +43,27 @@ class LaborRatesTab final : public RecordTab {
     std::string Dept = FixedDept(Bound);
     if (!Adding()) on([&] { Dept = FixedDept(TextOf(Rows(), "Dept")); });
 
-    const bool Found = Find(on, rsCustLaborRates, "PrimaryKey", [&] { return Keys{Customer()->Field("AcctNum"), Bound}; });
-    if (Adding() && Found) {
+    const Search search = Find(on, rsCustLaborRates, "PrimaryKey", [&] { return Keys{Customer()->Field("AcctNum"), Bound}; });
+    if (search == Search::Failed) return false;
+    if (Adding() && search == Search::Found) {
       Refuse(state.Title, "The current customer already has a labor rate for department no. " + Bound + "!");
       return false;
     }
-    if (!Adding() && !Found) {
+    if (!Adding() && search == Search::Missing) {
       Refuse(state.Title, "The edited deparment labor rate record can no longer be found (Department No.  " + Dept +
                               ").  The labor rate changes made can not be saved!");
       return false;
     }
+    RowWrite row(on);
     if (Adding()) {
-      on([] { rsCustLaborRates->AddNew(); });
-      on([&] { rsCustLaborRates->SetField("AcctNum", Customer()->Field("AcctNum")); });
-      on([&] { rsCustLaborRates->SetField("Dept", s.cboDepts.BoundValue()); });
+      row.Must([] { rsCustLaborRates->AddNew(); });
+      row([&] { rsCustLaborRates->SetField("AcctNum", Customer()->Field("AcctNum")); });
+      row([&] { rsCustLaborRates->SetField("Dept", s.cboDepts.BoundValue()); });
     } else {
-      on([] { rsCustLaborRates->Edit(); });
+      row.Must([] { rsCustLaborRates->Edit(); });
     }
-    Write(on, rsCustLaborRates, {From("Adjustment", s.txtRateAdjustment)});
-    on([] { rsCustLaborRates->Update(); });
+    Write(row, rsCustLaborRates, {From("Adjustment", s.txtRateAdjustment)});
+    row.Must([] { rsCustLaborRates->Update(); });
     state.Position = "[Dept]='" + Dept + "'";
     return true;
   }

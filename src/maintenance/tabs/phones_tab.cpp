@@ -44,21 +44,16 @@ class PhonesTab final : public RecordTab {
 
   bool Save(ResumeNext& on, SaveState& state) override {
     if (!Passes(state, {{BoundText(s.cboPhoneTypes).empty(), "You must select a phone number type!"}})) return false;
+    RowWrite row(on);
     if (Adding()) {
-      on([] { rsPhones->AddNew(); });
-      on([&] { rsPhones->SetField("AcctNum", Customer()->Field("AcctNum")); });
-    } else if (!BeginEdit(on, state)) {
+      row.Must([] { rsPhones->AddNew(); });
+      row([&] { rsPhones->SetField("AcctNum", Customer()->Field("AcctNum")); });
+    } else if (!BeginEdit(row, rsPhones, "RecordID", state, kGone)) {
       return false;
     }
-    Write(on, rsPhones, mFields);
-    on([] { rsPhones->Update(); });
-    on([] { rsPhones->SetBookmark(rsPhones->LastModified()); });
-    on([&] { state.Position = "[RecordID]=" + std::to_string(LongOf(rsPhones, "RecordID")); });
-    if (s.chkDefaultPhone.Value() != 0) {
-      on([&] { Customer()->Edit(); });
-      on([&] { Customer()->SetField("DefaultPhoneNumber", rsPhones->Field("RecordID")); });
-      UpdateCustomer(on);
-    }
+    Write(row, rsPhones, mFields);
+    Store(row, rsPhones, "RecordID", state);
+    if (s.chkDefaultPhone.Value() != 0) MakeDefault(row, rsPhones, "RecordID", {"DefaultPhoneNumber"});
     return true;
   }
 
@@ -73,17 +68,8 @@ class PhonesTab final : public RecordTab {
   }
 
  private:
-  bool BeginEdit(ResumeNext& on, const SaveState& state) {
-    std::int32_t Id = 0;
-    on([&] { Id = LongOf(Rows(), "RecordID"); });
-    if (!Find(on, rsPhones, "PrimaryKey", [Id] { return Keys{Id}; })) {
-      Refuse(state.Title, "The edited phone number can longer be found (Phone Record ID " + std::to_string(Id) +
-                              ").  The phone number changes made can not be saved!");
-      return false;
-    }
-    on([] { rsPhones->Edit(); });
-    return true;
-  }
+  static constexpr GoneText kGone{"The edited phone number can longer be found (Phone Record ID ",
+                                  ").  The phone number changes made can not be saved!"};
 
   std::array<TextField, 4> mTexts;
   std::vector<CardField> mFields;

@@ -1,6 +1,7 @@
 #include "maintenance/tabs/record_tab.h"
 
 #include "maintenance/frmCustMain.h"
+#include "platform/convert.h"
 #include "session/ModCustSch.h"
 
 namespace orcussch {
@@ -25,18 +26,49 @@ bool RecordTab::Passes(const SaveState& state, std::initializer_list<SaveTest> t
   return true;
 }
 
-bool RecordTab::Find(ResumeNext& on, const platform::RecordsetRef& Table, const char* Index, const std::function<Keys()>& keys) {
-  bool Found = false;
-  on([&] { Table->SetIndex(Index); });
+RecordTab::Search RecordTab::Find(ResumeNext& on, const platform::RecordsetRef& Table, const char* Index,
+                                  const std::function<Keys()>& keys) {
+  Search result = Search::Failed;
   on([&] {
+    Table->SetIndex(Index);
     Table->Seek("=", keys());
-    Found = !Table->NoMatch();
+    result = Table->NoMatch() ? Search::Missing : Search::Found;
   });
-  return Found;
+  return result;
 }
 
-void RecordTab::Write(ResumeNext& on, const platform::RecordsetRef& Table, const std::vector<CardField>& fields) {
-  for (const CardField& field : fields) on([&] { Table->SetField(field.field, field.value()); });
+bool RecordTab::BeginEdit(RowWrite& row, const platform::RecordsetRef& Table, const char* Key, SaveState& state,
+                          const GoneText& gone) const {
+  std::string Id;
+  const Search search = Find(row.Reports(), Table, "PrimaryKey", [&] {
+    const platform::Value key = Rows()->Field(Key);
+    Id = std::to_string(platform::CLng(key));
+    return Keys{key};
+  });
+  if (search == Search::Missing) Refuse(state.Title, gone.before + Id + gone.behind);
+  if (search != Search::Found) return false;
+  state.Position = std::string("[") + Key + "]=" + Id;
+  row.Must([&] { Table->Edit(); });
+  return true;
+}
+
+void RecordTab::Write(RowWrite& row, const platform::RecordsetRef& Table, const std::vector<CardField>& fields) {
+  for (const CardField& field : fields) row([&] { Table->SetField(field.field, field.value()); });
+}
+
+void RecordTab::Store(RowWrite& row, const platform::RecordsetRef& Table, const char* Key, SaveState& state) {
+  row.Must([&] { Table->Update(); });
+  row.Must([&] { Table->SetBookmark(Table->LastModified()); });
+  row([&] { state.Position = std::string("[") + Key + "]=" + std::to_string(platform::CLng(Table->Field(Key))); });
+}
+
+void RecordTab::MakeDefault(const RowWrite& stored, const platform::RecordsetRef& Table, const char* Key,
+                            std::initializer_list<const char*> fields) const {
+  if (!stored.Going()) return;
+  RowWrite customer(stored.Reports());
+  customer.Must([this] { Customer()->Edit(); });
+  for (const char* field : fields) customer([&] { Customer()->SetField(field, Table->Field(Key)); });
+  if (customer.Going()) UpdateCustomer(stored.Reports());
 }
 
 void RecordTab::Refuse(const std::string& title, const std::string& text) const {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "maintenance/tabs/row_write.h"
 #include "platform/data.h"
 #include "session/failures.h"
 
@@ -79,11 +80,26 @@ class RecordTab {
   void UpdateCustomer(ResumeNext& on) const;
   /// Shows the first failing test's box. True when the card may be written.
   bool Passes(const SaveState& state, std::initializer_list<SaveTest> tests) const;
-  /// Looks a row up by its keys in the table itself, apart from any list. A search that fails is reported and finds nothing.
+  /// Looks a row up by its keys in the table itself, apart from any list. A search that fails has been reported: nothing is
+  /// known of the row then, so nothing is written and nobody is told that it is gone.
   using Keys = std::vector<platform::Value>;
-  static bool Find(ResumeNext& on, const platform::RecordsetRef& Table, const char* Index, const std::function<Keys()>& keys);
+  enum class Search { Found, Missing, Failed };
+  static Search Find(ResumeNext& on, const platform::RecordsetRef& Table, const char* Index, const std::function<Keys()>& keys);
+
+  /// What a user is told whose edited row has gone; its number stands between the two.
+  struct GoneText {
+    const char* before;
+    const char* behind;
+  };
+  /// Begins the edit of the list's current row, looked up in the table by its number. False: the branch ends.
+  bool BeginEdit(RowWrite& row, const platform::RecordsetRef& Table, const char* Key, SaveState& state, const GoneText& gone) const;
   /// Writes the fields in their order into the row that is being added or edited.
-  static void Write(ResumeNext& on, const platform::RecordsetRef& Table, const std::vector<CardField>& fields);
+  static void Write(RowWrite& row, const platform::RecordsetRef& Table, const std::vector<CardField>& fields);
+  /// Stores the row and stands on it; the list will find it by its number. A new row that was not stored has no position.
+  static void Store(RowWrite& row, const platform::RecordsetRef& Table, const char* Key, SaveState& state);
+  /// Points default fields of the customer at the row that was just stored, if it was. What can't be written is dropped.
+  void MakeDefault(const RowWrite& stored, const platform::RecordsetRef& Table, const char* Key,
+                   std::initializer_list<const char*> fields) const;
   /// An information box under the title.
   void Refuse(const std::string& title, const std::string& text) const;
   /// A question with No as its default.

@@ -55,6 +55,8 @@ class ControlRecordset final : public Recordset {
   RowWindow& Window() override { return rows_->Window(); }
   void Close() override { rows_->Close(); }
 
+  /// Fetches the current row again; no move of the control, so nothing is saved and nothing fires.
+  void FetchAgain() { rows_->Move(0); }
   /// Writes what is pending, as every move of a data control does.
   void SavePending();
 

@@ -95,6 +95,18 @@ void DataControl::CloseList() noexcept {
   recordset_.reset();
 }
 
+void DataControl::ReadAnew() {
+  if (!OnRecord() || recordset_->Mode() != EditMode::None || (grid_ && grid_->DataChanged())) return;
+  try {
+    recordset_->FetchAgain();
+  } catch (const Error& error) {
+    constexpr int deleted = 3167;
+    if (error.Number() != deleted) throw;
+    return;
+  }
+  RowWritten();
+}
+
 void DataControl::UpdateControls() {
   if (grid_) grid_->DropPending();
   ShowBoundLabels();

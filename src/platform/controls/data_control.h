@@ -36,6 +36,9 @@ class DataControl final : public Control {
   /// A list that belongs to the current row of another one: after a Refresh that failed it is empty, since the old rows would
   /// stand under another owner's name. Otherwise (the default) the old recordset and its list stay in use.
   void EmptyAfterFailure(bool empty) noexcept { emptyAfterFailure_ = empty; }
+  /// Fetches the current row again, so that it shows what others have written since. One that is gone stays readable; a
+  /// pending edit or cell stays as it is. Nothing is written, nothing fires.
+  void ReadAnew();
   /// Throws away what the bound controls hold unsaved and shows the current row again.
   void UpdateControls();
   /// The live rows, as they were opened last: a handle that is kept over a Refresh raises 3420. Its use raises 91 while there

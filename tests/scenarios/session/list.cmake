@@ -23,6 +23,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/company-row-missing
   session/company-set-twice
   session/company-table-missing
+  session/company-while-a-screen-is-up
   session/company-without-ar-row-gets-one
   session/company-without-files
   session/customer-file-cut-to-its-first-bytes
@@ -81,6 +82,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/rights-table-missing
   session/same-file-for-several-names
   session/second-company-that-fails
+  session/second-company-without-a-file
   session/show-user-without-company
   session/sound-company-is-not-written
   session/table-missing-in-the-middle

@@ -17,8 +17,6 @@ namespace fs = std::filesystem;
 enum class Closed { File, Folder, Both };
 
 constexpr int kReadOnly = 3027;
-constexpr int kNoEdit = 3020;
-constexpr int kNoRow = 3021;
 
 /// This process without the superuser's rights, if it has them, while the object lives.
 class PlainUser {
@@ -62,17 +60,11 @@ class ReadOnlyTest : public ScreenTest, public testing::WithParamInterface<Close
   static void Press(frmCustMain& screen, const char* key) { dynamic_cast<platform::ToolbarButton&>(*screen.Find(key)).UserClick(); }
   static void Enter(platform::TextBox& edit, const char* text) { edit.UserReplaceAll(text, 0); }
 
-  /// One refusal, then what each field, the update and the way back to the row say.
-  void ExpectRefusal(std::size_t fields) {
-    std::vector<int> numbers;
-    for (const auto& record : log->records) {
-      EXPECT_EQ(record.module, "frmCustMain.RecordAdd");
-      numbers.push_back(record.number);
-    }
-    std::vector<int> wanted{kReadOnly};
-    wanted.insert(wanted.end(), fields + 1, kNoEdit);
-    wanted.push_back(kNoRow);
-    EXPECT_EQ(numbers, wanted);
+  /// One refusal, and nothing about the fields of a row that was not begun.
+  void ExpectRefusal() {
+    ASSERT_EQ(log->records.size(), 1U);
+    EXPECT_EQ(log->records[0].module, "frmCustMain.RecordAdd");
+    EXPECT_EQ(log->records[0].number, kReadOnly);
     EXPECT_EQ(frontEnd->boxes.size(), log->records.size()) << "one box each";
     log->records.clear();
     frontEnd->boxes.clear();
@@ -96,8 +88,7 @@ TEST_P(ReadOnlyTest, ASaveIsRefusedAndTheCardKeepsItsContent) {
       Press(screen, "tb_EditRec");
       Enter(screen.txtLastName, "Abelson");
       Press(screen, "tb_SaveRec");
-      // 24 fields and four taxes; the exemption's date and the sales rate are empty.
-      ExpectRefusal(28);
+      ExpectRefusal();
       ExpectCommonEnd(screen);
       EXPECT_EQ(screen.txtLastName.Text(), "Abelson");
       EXPECT_EQ(screen.data[0].Recordset()->Field("LastName"), platform::Value("Abel"));
@@ -107,8 +98,7 @@ TEST_P(ReadOnlyTest, ASaveIsRefusedAndTheCardKeepsItsContent) {
       screen.cboPhoneTypes.UserPick(screen.cboPhoneTypes.Rows().at(1));
       Enter(screen.txtPhoneComment, "new");
       Press(screen, "tb_SaveRec");
-      // The owner and five fields.
-      ExpectRefusal(6);
+      ExpectRefusal();
       ExpectCommonEnd(screen);
       EXPECT_EQ(screen.txtPhoneComment.Text(), "new");
       EXPECT_EQ(screen.data[1].Recordset()->RecordCount(), 1);

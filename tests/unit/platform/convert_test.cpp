@@ -4,7 +4,9 @@
 
 #include <cmath>
 #include <functional>
+#include <limits>
 
+#include "platform/currency.h"
 #include "platform/error.h"
 
 namespace platform {
@@ -341,6 +343,16 @@ TEST(TextFunctions, LenAndFixedText) {
   EXPECT_EQ(FixedText("abcdef", 5), "abcde");
   EXPECT_EQ(FixedText("\u00E9t\u00E9", 2), "\u00E9t");
   EXPECT_EQ(FixedText("", 2), "  ");
+}
+
+TEST(Amounts, AreAddedExactlyOrOverflow) {
+  constexpr std::int64_t greatest = std::numeric_limits<std::int64_t>::max();
+  constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
+  EXPECT_EQ(Money(1'2345) + Money(-5), Money(1'2340));
+  EXPECT_EQ(Money(greatest - 1) + Money(1), Money(greatest));
+  EXPECT_EQ(Money(least) + Money(greatest), Money(-1));
+  EXPECT_EQ(ErrorOf([] { Money(greatest) + Money(1); }), 6);
+  EXPECT_EQ(ErrorOf([] { Money(least) + Money(-1); }), 6);
 }
 
 }  // namespace

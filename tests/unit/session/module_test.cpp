@@ -15,6 +15,11 @@ TEST_F(ModuleTest, FixQuotesTurnsApostrophesIntoQuestionMarks) {
   EXPECT_EQ(FixQuotes("l\xE2\x80\x99\xC3\xA9t\xC3\xA9 d'or"), "l\xE2\x80\x99\xC3\xA9t\xC3\xA9 d?or");
 }
 
+TEST_F(ModuleTest, InFileDoublesApostrophes) {
+  EXPECT_EQ(InFile("C:\\orvTEMP\\orvTemp1.zdb"), " IN 'C:\\orvTEMP\\orvTemp1.zdb'");
+  EXPECT_EQ(InFile("/home/o'neill/it''s.zdb"), " IN '/home/o''neill/it''''s.zdb'");
+}
+
 TEST_F(ModuleTest, FileExists) {
   EXPECT_FALSE(FileExists(""));
   EXPECT_FALSE(FileExists(folder / "none.txt"));

@@ -58,11 +58,17 @@ TEST_F(ShutdownTest, OtherWorkspacesOfTheHostAreLeftAlone) {
   EXPECT_TRUE(events.all.empty());
 }
 
-TEST_F(ShutdownTest, ASessionThatWasOpenedTwiceIsClosedTwice) {
+TEST_F(ShutdownTest, TheSecondOpeningLetsGoOfTheFirst) {
   Open();
+  const platform::RecordsetRef customers = rsCustomers;
   Open();
-  EXPECT_EQ(app->Engine().WorkspaceCount(), 3) << "nothing stops the second opening";
-  EXPECT_EQ(app->Engine().WorkspaceAt(1)->Name(), app->Engine().WorkspaceAt(2)->Name());
+  EXPECT_EQ(app->Engine().WorkspaceCount(), 2) << "nothing stops the second opening, and nothing is left of the first";
+  try {
+    customers->MoveFirst();
+    FAIL() << "the first session's recordset is still open";
+  } catch (const platform::Error& error) {
+    EXPECT_EQ(error.Number(), 3420);
+  }
   host.reset();
   EXPECT_EQ(app->Engine().WorkspaceCount(), 1);
   EXPECT_TRUE(events.all.empty());

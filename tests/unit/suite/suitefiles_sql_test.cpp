@@ -57,6 +57,20 @@ TEST_F(Sql, ARowThatCantBeWrittenFailsOrIsSkipped) {
   EXPECT_EQ(RunSuitefiles({"sql", "--skip", file, statement}).out, "4 rows\n");
 }
 
+TEST_F(Sql, ARowThatCantBeWrittenWholeIsLeftAlone) {
+  Execute(file, "INSERT INTO Customers (LastName, Creditlimit, City) VALUES ('Small', 5, 'Ely')");
+  Execute(file, "INSERT INTO Customers (LastName, Creditlimit, City) VALUES ('Large', 900000000000, 'Cook')");
+  EXPECT_EQ(RunSuitefiles({"sql", "--skip", file, "UPDATE Customers SET Creditlimit = Creditlimit * 2.5E3, City = 'Tower'"}).out,
+            "1 row\n");
+  EXPECT_EQ(Select(file, "SELECT LastName, Creditlimit, City FROM Customers ORDER BY LastName"),
+            "Large\t900000000000\tCook\nSmall\t12500\tTower\n");
+  // A key word has twenty characters.
+  Execute(file, "INSERT INTO DataCodes (Code, Description) VALUES (1, 'short')");
+  Execute(file, "INSERT INTO DataCodes (Code, Description) VALUES (2, 'a good deal longer than that')");
+  EXPECT_EQ(RunSuitefiles({"sql", "--skip", file, "INSERT INTO Keywords (Keyword) SELECT Description FROM DataCodes"}).out, "1 row\n");
+  EXPECT_EQ(Select(file, "SELECT Keyword FROM Keywords"), "short\n");
+}
+
 TEST_F(Sql, ErrorsAreTold) {
   const auto syntax = RunSuitefiles({"sql", file, "SELECT * FROM Customers WHERE (AcctNum=)"});
   EXPECT_EQ(syntax.status, 1);

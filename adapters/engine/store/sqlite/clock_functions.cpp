@@ -28,11 +28,13 @@ void Now(sqlite3_context* context, int, sqlite3_value**) {
 
 }  // namespace
 
-void RegisterClock(Connection& connection, Clock now) {
-  const std::string name = Dialect().functionPrefix + "now";
-  auto clock = std::make_unique<Clock>(std::move(now));
-  sqlite3_create_function_v2(connection.Handle(), name.c_str(), 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, clock.release(), Now, nullptr, nullptr,
-                             [](void* gone) { std::unique_ptr<Clock>(static_cast<Clock*>(gone)); });
+void RegisterClock(Connection& connection, const Clock& now) {
+  for (const Dialect& dialect : {Dialect(), Dialect().ForCells()}) {
+    const std::string name = dialect.functionPrefix + "now";
+    auto clock = std::make_unique<Clock>(now);
+    sqlite3_create_function_v2(connection.Handle(), name.c_str(), 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, clock.release(), Now, nullptr, nullptr,
+                               [](void* gone) { std::unique_ptr<Clock>(static_cast<Clock*>(gone)); });
+  }
 }
 
 platform::Date LocalNow() {

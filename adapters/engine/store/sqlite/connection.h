@@ -60,6 +60,9 @@ class Connection {
 
   /// An error that a function of ours raised inside a statement; it replaces the store's own.
   void PendingError(platform::Error error) { pendingError_ = std::move(error); }
+  /// Whether something failed in the computed cell that a statement is at.
+  void MarkCell(bool failed) noexcept { cellMarked_ = failed; }
+  bool CellMarked() const noexcept { return cellMarked_; }
 
   sqlite3* Handle() const noexcept { return db_; }
 
@@ -90,6 +93,7 @@ class Connection {
   std::map<int, std::string> paths_;
   std::vector<std::uint64_t> writes_;  ///< by file number
   std::optional<platform::Error> pendingError_;
+  bool cellMarked_ = false;
   bool wroteInTransaction_ = false;
   int depth_ = 0;  ///< transactions inside one another
 };

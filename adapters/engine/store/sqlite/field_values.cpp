@@ -93,6 +93,8 @@ Value ConvertForField(const platform::FieldDefinition& field, const Value& value
       throw errors::DataConversion();
     }
   }
+  // A number without end or none at all can't be read back as what it was.
+  if (converted.Kind() == ValueKind::Double && !std::isfinite(converted.As<double>())) throw errors::DataConversion();
   if (converted.IsText()) {
     const std::string& text = converted.As<std::string>();
     if (!platform::IsValidUtf8(text) || text.find('\0') != std::string::npos) throw errors::DataConversion();

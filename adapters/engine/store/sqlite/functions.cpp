@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <cmath>
 #include <exception>
 #include <memory>
 #include <string>
@@ -26,12 +27,25 @@ int Collate(void*, int leftSize, const void* left, int rightSize, const void* ri
                      {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
 }
 
+// What a registered function needs when it is called.
+struct Helper {
+  Connection* connection;
+  const StoreFunction* function;
+  bool inCell;  ///< one that fails leaves its mark and is Null
+};
+
+const Helper& HelperOf(sqlite3_context* context) { return *static_cast<const Helper*>(sqlite3_user_data(context)); }
+
 // The store's functions can't throw: the error waits in the connection until the statement has failed.
-void Fail(sqlite3_context* context, Connection& connection, const std::exception_ptr& failure) {
+void Fail(sqlite3_context* context, const Helper& helper, const std::exception_ptr& failure) {
   try {
     std::rethrow_exception(failure);
   } catch (const platform::Error& error) {
-    connection.PendingError(error);
+    if (helper.inCell) {
+      helper.connection->MarkCell(true);
+      return sqlite3_result_null(context);
+    }
+    helper.connection->PendingError(error);
     sqlite3_result_error(context, error.what(), -1);
   } catch (const std::bad_alloc&) {
     sqlite3_result_error_nomem(context);
@@ -46,7 +60,6 @@ const LikePattern& PatternOf(sqlite3_context* context, sqlite3_value* argument, 
 }
 
 void Like(sqlite3_context* context, int, sqlite3_value** arguments) {
-  auto& connection = *static_cast<Connection*>(sqlite3_user_data(context));
   if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || sqlite3_value_type(arguments[1]) == SQLITE_NULL)
     return sqlite3_result_null(context);
   try {
@@ -55,7 +68,7 @@ void Like(sqlite3_context* context, int, sqlite3_value** arguments) {
     if (own)
       sqlite3_set_auxdata(context, 1, own.release(), [](void* gone) { std::unique_ptr<LikePattern>(static_cast<LikePattern*>(gone)); });
   } catch (...) {
-    Fail(context, connection, std::current_exception());
+    Fail(context, HelperOf(context), std::current_exception());
   }
 }
 
@@ -80,38 +93,58 @@ void Answer(sqlite3_context* context, const StoredValue& value) {
   sqlite3_result_null(context);
 }
 
-// What a registered helper needs when it is called.
-struct Helper {
-  Connection* connection;
-  const StoreFunction* function;
-};
-
 void CallHelper(sqlite3_context* context, int count, sqlite3_value** arguments) {
-  const auto& helper = *static_cast<const Helper*>(sqlite3_user_data(context));
+  const Helper& helper = HelperOf(context);
   try {
     std::vector<StoredValue> values;
     values.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) values.push_back(ArgumentOf(arguments[i]));
     Answer(context, helper.function->call(values));
   } catch (...) {
-    Fail(context, *helper.connection, std::current_exception());
+    Fail(context, helper, std::current_exception());
   }
+}
+
+// A cell's expression is computed between these two, as the store computes arguments in their order. Whatever failed in it
+// makes the whole cell Null; so does a number without end, which the store's own operators give.
+void BeginCell(sqlite3_context* context, int, sqlite3_value**) {
+  HelperOf(context).connection->MarkCell(false);
+  sqlite3_result_null(context);
+}
+
+void EndCell(sqlite3_context* context, int, sqlite3_value** arguments) {
+  const bool endless = sqlite3_value_type(arguments[1]) == SQLITE_FLOAT && !std::isfinite(sqlite3_value_double(arguments[1]));
+  if (endless || HelperOf(context).connection->CellMarked()) return sqlite3_result_null(context);
+  sqlite3_result_value(context, arguments[1]);
+}
+
+using Function = void (*)(sqlite3_context*, int, sqlite3_value**);
+
+void Register(const Helper& helper, const std::string& name, int arguments, int flags, Function function) {
+  sqlite3_create_function_v2(helper.connection->Handle(), name.c_str(), arguments, flags, std::make_unique<Helper>(helper).release(),
+                             function, nullptr, nullptr, [](void* gone) { std::unique_ptr<Helper>(static_cast<Helper*>(gone)); });
+}
+
+// Those of cells are not deterministic for the store: it would compute one of constants alone before the cell begins.
+void RegisterAll(Connection& connection, const Dialect& dialect, bool inCell) {
+  const int flags = SQLITE_UTF8 | SQLITE_INNOCUOUS | (inCell ? 0 : SQLITE_DETERMINISTIC);
+  Register({&connection, nullptr, inCell}, dialect.like, 2, flags, Like);
+  for (const StoreFunction& function : StoreFunctions())
+    Register({&connection, &function, inCell}, dialect.functionPrefix + std::string(function.name), function.arguments, flags, CallHelper);
 }
 
 }  // namespace
 
 void RegisterFunctions(Connection& connection) {
   const Dialect dialect;
-  constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-  sqlite3* db = connection.Handle();
-  sqlite3_create_collation_v2(db, dialect.collation.c_str(), SQLITE_UTF8, nullptr, Collate, nullptr);
-  sqlite3_create_function_v2(db, dialect.like.c_str(), 2, flags, &connection, Like, nullptr, nullptr, nullptr);
-  for (const StoreFunction& function : StoreFunctions()) {
-    auto helper = std::make_unique<Helper>(Helper{&connection, &function});
-    const std::string name = dialect.functionPrefix + std::string(function.name);
-    sqlite3_create_function_v2(db, name.c_str(), function.arguments, flags, helper.release(), CallHelper, nullptr, nullptr,
-                               [](void* gone) { std::unique_ptr<Helper>(static_cast<Helper*>(gone)); });
-  }
+  const Dialect cells = dialect.ForCells();
+  sqlite3_create_collation_v2(connection.Handle(), dialect.collation.c_str(), SQLITE_UTF8, nullptr, Collate, nullptr);
+  RegisterAll(connection, dialect, false);
+  RegisterAll(connection, cells, true);
+  const Helper helper{&connection, nullptr, true};
+  constexpr int flags = SQLITE_UTF8 | SQLITE_INNOCUOUS;
+  Register(helper, cells.functionPrefix + cells.cellBegin, 0, flags, BeginCell);
+  Register(helper, cells.functionPrefix + cells.cell, 2, flags, EndCell);
 }
 
 }  // namespace engine

@@ -424,15 +424,6 @@ TEST_P(Dynasets, FindInAJoin) {
   EXPECT_TRUE(rows->NoMatch());
 }
 
-TEST_P(Dynasets, ARowOfAJoinStaysWhenItsPartnerChanges) {
-  AddPhones();
-  auto rows = Dynaset(phoneList);
-  db_->Execute("UPDATE Phones SET Kind='H' WHERE Number='30'");
-  rows->MoveLast();
-  EXPECT_EQ(rows->Field("Number"), "30");
-  EXPECT_EQ(rows->Field("Kind"), "H");
-}
-
 TEST_P(Dynasets, OuterJoinShowsRowsWithoutPartner) {
   AddPhones();
   auto rows = Dynaset("SELECT Phones.Number, Kinds.Title FROM Kinds RIGHT JOIN Phones ON Kinds.Kind = Phones.Kind ORDER BY Number");

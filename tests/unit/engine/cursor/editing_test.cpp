@@ -1,5 +1,7 @@
 // The copy buffer: AddNew, Edit, field writes, Update, and what a failure
 // leaves.
+#include <limits>
+
 #include "unit/engine/support/office.h"
 
 namespace {
@@ -282,46 +284,78 @@ struct Locker {
   platform::DatabaseRef database;
 };
 
-TEST_P(Editing, ANewRowMeetsALockAtUpdateAlone) {
+TEST_P(Editing, ANewRowTakesItsNumberByACommitOfItsOwn) {
+  AddPeople({"a"});
+  auto rows = Open();
+  rows->AddNew();
+  ASSERT_EQ(rows->Field("ID"), 2);
+  auto elsewhere = NewEngine();
+  auto others = elsewhere->OpenControlDatabase(Path("office.zdb"))->OpenRecordset("People", platform::RecordsetType::Table);
+  others->AddNew();
+  EXPECT_EQ(others->Field("ID"), 3) << "a number that was lent is never given out again";
+}
+
+TEST_P(Editing, ANewRowOfALockedFileDoesNotBegin) {
   AddPeople({"a"});
   auto rows = Open();
   Locker other(NewEngine(), Path("office.zdb"));
+  int painted = 0;
+  engine_->OnWait([&] { ++painted; });
+  EXPECT_EQ(ErrorOf([&] { rows->AddNew(); }), 3218);
+  EXPECT_GT(painted, 2) << "the lock is waited for";
+  EXPECT_EQ(rows->Mode(), EditMode::None);
+  EXPECT_EQ(ErrorOf([&] { rows->SetField("Name", "b"); }), 3020);
+  EXPECT_EQ(ErrorOf([&] { rows->Update(); }), 3020);
+  EXPECT_EQ(rows->Field("Name"), "a") << "the current row stays current";
+  other.workspace->CommitTrans();
   rows->AddNew();
   EXPECT_EQ(rows->Field("ID"), 2);
   rows->SetField("Name", "b");
-  EXPECT_EQ(ErrorOf([&] { rows->Update(); }), 3218);
-  EXPECT_EQ(rows->Mode(), EditMode::Add);
-  other.workspace->CommitTrans();
   rows->Update();
-  rows->SetBookmark(rows->LastModified());
-  EXPECT_EQ(rows->Field("ID"), 2);
-  EXPECT_EQ(rows->Field("Name"), "b");
-  rows->AddNew();
-  EXPECT_EQ(rows->Field("ID"), 3) << "the number is used up";
+  EXPECT_EQ(Texts(Table("People"), "Name"), (std::vector<std::string>{"a", "b"}));
 }
 
-TEST_P(Editing, ANumberOfALockedFileThatOthersTookMeanwhile) {
+TEST_P(Editing, ARowThatCouldNotBeStoredKeepsItsNumberFromOthers) {
   AddPeople({"a"});
   auto rows = Open();
-  Locker other(NewEngine(), Path("office.zdb"));
   rows->AddNew();
-  rows->SetField("Name", "late");
   ASSERT_EQ(rows->Field("ID"), 2);
-  other.workspace->CommitTrans();
-  auto others = other.database->OpenRecordset("People", platform::RecordsetType::Table);
-  others->AddNew();
-  ASSERT_EQ(others->Field("ID"), 2);
-  // Taken is taken, also before the other's row is there.
-  EXPECT_EQ(ErrorOf([&] { rows->Update(); }), 3022);
-  others->SetField("Name", "first");
-  others->Update();
-  EXPECT_EQ(ErrorOf([&] { rows->Update(); }), 3022);
-  EXPECT_EQ(Texts(Table("People"), "Name"), (std::vector<std::string>{"a", "first"}));
-  rows->AddNew();
-  EXPECT_EQ(rows->Field("ID"), 3);
+  rows->SetField("Name", "late");
+  {
+    Locker other(NewEngine(), Path("office.zdb"));
+    EXPECT_EQ(ErrorOf([&] { rows->Update(); }), 3218);
+    EXPECT_EQ(rows->Mode(), EditMode::Add);
+    other.workspace->CommitTrans();
+    auto others = other.database->OpenRecordset("People", platform::RecordsetType::Table);
+    others->AddNew();
+    EXPECT_EQ(others->Field("ID"), 3);
+    others->SetField("Name", "first");
+    others->Update();
+  }
+  rows->Update();
+  EXPECT_EQ(Texts(Table("People"), "ID"), (std::vector<std::string>{"1", "2", "3"}));
 }
 
 // ---- values
+
+TEST_P(Editing, NumbersOutOfAFieldsRangeAreRefusedAtTheAssignment) {
+  AddPeople({"a"});
+  auto rows = Open();
+  rows->Edit();
+  rows->SetField("Balance", 5);
+  EXPECT_EQ(ErrorOf([&] { rows->SetField("Balance", 1e15); }), 3421);
+  EXPECT_EQ(ErrorOf([&] { rows->SetField("Balance", "99999999999999999999"); }), 3421);
+  EXPECT_EQ(ErrorOf([&] { rows->SetField("Age", 32768); }), 3421);
+  EXPECT_EQ(rows->Field("Balance"), Currency{50000});
+  rows->Update();
+  EXPECT_EQ(rows->Field("Balance"), Currency{50000});
+  AddRows("Rates", {"ID", "Dept", "Adjustment"}, {{Value(1), Value("1"), Value(5.0)}});
+  auto rates = Open("Rates");
+  rates->Edit();
+  EXPECT_EQ(ErrorOf([&] { rates->SetField("Adjustment", std::numeric_limits<double>::infinity()); }), 3421);
+  EXPECT_EQ(ErrorOf([&] { rates->SetField("Adjustment", std::numeric_limits<double>::quiet_NaN()); }), 3421);
+  EXPECT_EQ(rates->Field("Adjustment"), 5.0);
+}
 
 TEST_P(Editing, ValuesBecomeTheFieldsType) {
   auto rows = Open();

@@ -21,9 +21,16 @@ class ExpressionRows : public ::testing::Test {
     return company_.Query("SELECT ID FROM Numbers WHERE ID=" + std::to_string(id) + " And (" + condition + ")").size() == 1;
   }
 
+  // What fails in a condition.
   void ExpectFailure(int number, const std::string& expression, int id = 1) {
     SCOPED_TRACE(expression);
-    ExpectError(number, "", [&] { Give(expression, id); });
+    ExpectError(number, "", [&] { Selects("(" + expression + ") Is Null", id); });
+  }
+
+  // What fails for a row: as a cell it is empty.
+  void ExpectEmptyCell(int number, const std::string& expression, int id = 1) {
+    ExpectFailure(number, expression, id);
+    EXPECT_EQ(Give(expression, id), "Null") << expression;
   }
 
   CorpusCompany company_;
@@ -60,7 +67,7 @@ TEST_F(ExpressionRows, LikeVectors) {
   EXPECT_EQ(Give("Null Like '*'"), "Null");
   EXPECT_EQ(Give("T Like '*'", 3), "Null");
   ExpectFailure(93, "'x' Like 'a [*'");
-  ExpectFailure(93, "'x' Like 'a' & '[*'");
+  ExpectEmptyCell(93, "'x' Like 'a' & '[*'");
   ExpectFailure(93, "T Like '[z-a]'");
 }
 
@@ -116,20 +123,20 @@ TEST_F(ExpressionRows, ArithmeticTypes) {
 }
 
 TEST_F(ExpressionRows, Overflow) {
-  ExpectFailure(6, "L + 1");
-  ExpectFailure(6, "S + S");
-  ExpectFailure(6, "B + B", 2);
-  ExpectFailure(6, "B - 255 * 2 - 2147483647");
-  ExpectFailure(6, "L * L");
-  ExpectFailure(6, "10 ^ 400");
+  ExpectEmptyCell(6, "L + 1");
+  ExpectEmptyCell(6, "S + S");
+  ExpectEmptyCell(6, "B + B", 2);
+  ExpectEmptyCell(6, "B - 255 * 2 - 2147483647");
+  ExpectEmptyCell(6, "L * L");
+  ExpectEmptyCell(6, "10 ^ 400");
 }
 
 TEST_F(ExpressionRows, DivisionByZero) {
-  ExpectFailure(11, "1 / 0");
-  ExpectFailure(11, "L / (ID - 1)");
-  ExpectFailure(11, "1 \\ 0");
-  ExpectFailure(11, "1 Mod 0");
-  ExpectFailure(11, "1 \\ 0.4");
+  ExpectEmptyCell(11, "1 / 0");
+  ExpectEmptyCell(11, "L / (ID - 1)");
+  ExpectEmptyCell(11, "1 \\ 0");
+  ExpectEmptyCell(11, "1 Mod 0");
+  ExpectEmptyCell(11, "1 \\ 0.4");
   EXPECT_EQ(Give("1 / L", 3), "Null");
 }
 
@@ -220,7 +227,7 @@ TEST_F(ExpressionRows, Concatenation) {
   EXPECT_EQ(Give("T + 'x'"), "'34x'");
   EXPECT_EQ(Give("T + '6'"), "'346'");
   EXPECT_EQ(Give("T + 6"), "40.0");
-  ExpectFailure(13, "'x' + 6");
+  ExpectEmptyCell(13, "'x' + 6");
 }
 
 TEST_F(ExpressionRows, Dates) {
@@ -242,7 +249,7 @@ TEST_F(ExpressionRows, Dates) {
   EXPECT_EQ(Give("Weekday(#1/3/1999#)"), "1");
   EXPECT_EQ(Give("Hour(W)", 2), "18");
   EXPECT_EQ(Give("DateSerial(1999, 14, 0)"), "#1/31/2000#");
-  ExpectFailure(6, "#12/31/9999# + 1");
+  ExpectEmptyCell(6, "#12/31/9999# + 1");
 }
 
 TEST_F(ExpressionRows, TextFunctions) {
@@ -264,8 +271,8 @@ TEST_F(ExpressionRows, TextFunctions) {
   EXPECT_EQ(Give("Str(459)"), "' 459'");
   EXPECT_EQ(Give("Space(3) & '.'"), "'   .'");
   EXPECT_EQ(Give("Left(T, 1)", 3), "Null");
-  ExpectFailure(5, "Left('abc', -1)");
-  ExpectFailure(5, "Mid('abc', 0)");
+  ExpectEmptyCell(5, "Left('abc', -1)");
+  ExpectEmptyCell(5, "Mid('abc', 0)");
 }
 
 TEST_F(ExpressionRows, FormatShowsEachType) {
@@ -308,9 +315,9 @@ TEST_F(ExpressionRows, NumberFunctions) {
   EXPECT_EQ(Give("IIf(ID = 1, 'one', 'more')"), "'one'");
   EXPECT_EQ(Give("IIf(ID = 1, 1, CCur(2.5))"), "$1");
   EXPECT_EQ(Give("IIf(Null, 1, 2)"), "2");
-  ExpectFailure(6, "CInt('32768')");
-  ExpectFailure(13, "CLng('')");
-  ExpectFailure(5, "Sqr(-1)");
+  ExpectEmptyCell(6, "CInt('32768')");
+  ExpectEmptyCell(13, "CLng('')");
+  ExpectEmptyCell(5, "Sqr(-1)");
 }
 
 TEST_F(ExpressionRows, UnlikeTypes) {
@@ -369,7 +376,7 @@ TEST_F(ExpressionRows, DeepConditions) {
       } catch (const platform::Error& error) {
         EXPECT_TRUE(error.Number() == 3360 || error.Number() == 6)
             << open << ' ' << times << ' ' << error.Number() << ' ' << error.Description();
-        EXPECT_GT(times, 8) << open;
+        EXPECT_GE(times, 8) << open;  // a cell of a list takes one level itself
         break;
       }
     }

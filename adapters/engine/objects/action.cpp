@@ -81,7 +81,7 @@ class RowByRow {
 
   Value ForField(std::size_t place, const Value& value) const {
     try {
-      return ConvertForField(Field(place), value);
+      return ConvertForField(connection_, Field(place), value);
     } catch (const platform::Error& error) {
       if (!failOnError_) return platform::Null;
       // A number for a number field can only be out of its range.

@@ -23,6 +23,8 @@ class Forms {
   /// A call of one of the store's helpers or of the dialect's functions.
   Emitted Call(std::string_view name, const std::vector<std::string>& arguments, SqlType type) const;
   Emitted Call(std::string_view name, const Emitted& argument, SqlType type) const;
+  /// The present moment, which the store asks for once in a statement, not for each row.
+  Emitted Moment() const;
 
   /// Range tested, -1/0 instead of 1/0: what a column shows.
   Emitted Stored(Emitted expression) const;

@@ -4,6 +4,7 @@
 #include "maintenance/tabs/fields.h"
 #include "maintenance/tabs/record_tab.h"
 #include "session/ModCustSch.h"
+#include "session/opened.h"
 
 namespace orcussch {
 
@@ -12,7 +13,6 @@ using platform::CStr;
 using platform::Currency;
 using platform::Null;
 using platform::Recordset;
-using platform::RecordsetRef;
 using platform::Val;
 using platform::Value;
 
@@ -48,11 +48,12 @@ class CustomersTab final : public RecordTab {
 
   bool Valid(const SaveState& state) const;
   bool AskAboutDuplicates(ResumeNext& on, const SaveState& state, std::int16_t& TaxCount);
+  std::string CountDuplicates(ResumeNext& on, std::int16_t& Count);
   void BeginAdd(ResumeNext& on);
   bool BeginEdit(ResumeNext& on, const SaveState& state);
   void AskAboutLaborRates(ResumeNext& on, const SaveState& state, std::int32_t Acct);
   void WriteFields(ResumeNext& on);
-  void WriteTaxes(ResumeNext& on, const RecordsetRef& Assigned, std::int16_t TaxCount);
+  void WriteTaxes(ResumeNext& on, const Opened& Assigned, std::int16_t TaxCount);
 
   std::array<TextField, 9> mTexts;
 };
@@ -192,7 +193,8 @@ void CustomersTab::ShowLaborRate(ResumeNext& on, const Recordset& Row) {
 }
 
 bool CustomersTab::Valid(const SaveState& state) const {
-  const bool NoRate = s.optLaborRate[1].Value() && s.txtLaborRate.Value() == Currency{0};
+  bool NoRate = false;
+  Ignore()([&] { NoRate = s.optLaborRate[1].Value() && s.txtLaborRate.Value() == Currency{0}; });  // an amount beyond all fields is not 0
   return Passes(
       state,
       {
@@ -208,7 +210,7 @@ bool CustomersTab::Valid(const SaveState& state) const {
 bool CustomersTab::Save(ResumeNext& on, SaveState& state) {
   if (!Valid(state)) return false;
 
-  RecordsetRef Assigned;
+  Opened Assigned;
   on([&] {
     Assigned = dbTemp->OpenRecordset("Select * From CU_AssignTaxes Where (Assign=True) And (Instance = " + std::to_string(s.mInstance) +
                                      ") Order By TaxID;");
@@ -230,21 +232,26 @@ bool CustomersTab::Save(ResumeNext& on, SaveState& state) {
   on([&] { rsCustomers->Update(); });
   on([&] { rsCustomers->SetBookmark(rsCustomers->LastModified()); });
   on([&] { state.Position = "[AcctNum]=" + std::to_string(LongOf(*rsCustomers, "AcctNum")); });
-  if (!Assigned.IsNothing()) on([&] { Assigned->Close(); });
   return true;
 }
 
-/// True to go on. The address goes into the statement as it was typed: one with an apostrophe makes it fail, which is
-/// reported, and the save goes on without the question.
+/// True to go on.
 bool CustomersTab::AskAboutDuplicates(ResumeNext& on, const SaveState& state, std::int16_t& TaxCount) {
-  RecordsetRef Same;
+  const std::string Message = CountDuplicates(on, TaxCount);
+  return TaxCount == 0 || Ask(state.Title, Message);
+}
+
+/// The question about them. The address goes into the statement as it was typed: one with an apostrophe makes it fail, which is
+/// reported, and the save goes on without the question.
+std::string CustomersTab::CountDuplicates(ResumeNext& on, std::int16_t& Count) {
+  Opened Same;
   const bool opened = on([&] {
     Same = dbCustomer->OpenRecordset("Select AcctNum, FirstName, LastName From Customers Where (Addr1 = '" + s.txtAddr1.Text() +
                                      "') AND (Addr2 = '" + s.txtAddr2.Text() + "') AND (City = '" + s.txtCity.Text() + "') AND (State = '" +
                                      s.txtState.Text() + "');");
   });
   App().DoEvents();
-  if (!opened) return true;
+  if (!opened) return "";
 
   std::string Message;
   bool Records = false;
@@ -255,16 +262,15 @@ bool CustomersTab::AskAboutDuplicates(ResumeNext& on, const SaveState& state, st
     on([&] { LastName = TextOf(*Same, "LastName"); });
     on([&] { FirstName = TextOf(*Same, "FirstName"); });
     on([&] { Same->MoveLast(); });
-    on([&] { TaxCount = platform::CInt(Same->RecordCount()); });
+    on([&] { Count = platform::CInt(Same->RecordCount()); });
     Message = "The following Customer already exists with the same address:\r\r";
     Message += "  Account No " + AcctNum + "\r";
     Message += "  Last Name " + LastName + "\r";
     Message += "  First Name " + FirstName + "\r\r";
-    if (TaxCount > 1) Message += "There are also " + std::to_string(TaxCount - 1) + " customers with the same address.\r\r";
+    if (Count > 1) Message += "There are also " + std::to_string(Count - 1) + " customers with the same address.\r\r";
     Message += "Are you sure you want to add another customer with the same address?";
   }
-  on([&] { Same->Close(); });
-  return TaxCount == 0 || Ask(state.Title, Message);
+  return Message;
 }
 
 void CustomersTab::BeginAdd(ResumeNext& on) {
@@ -291,7 +297,7 @@ bool CustomersTab::BeginEdit(ResumeNext& on, const SaveState& state) {
 }
 
 void CustomersTab::AskAboutLaborRates(ResumeNext& on, const SaveState& state, std::int32_t Acct) {
-  RecordsetRef Rates;
+  Opened Rates;
   const bool opened =
       on([&] { Rates = dbCustomer->OpenRecordset("Select * From CustLaborRates Where (AcctNum=" + std::to_string(Acct) + ");"); });
   App().DoEvents();
@@ -312,7 +318,6 @@ void CustomersTab::AskAboutLaborRates(ResumeNext& on, const SaveState& state, st
       if (More) More = !Rates->Eof();
     }
   }
-  on([&] { Rates->Close(); });
 }
 
 void CustomersTab::WriteFields(ResumeNext& on) {
@@ -324,25 +329,24 @@ void CustomersTab::WriteFields(ResumeNext& on) {
   write("Comments", s.txtComment.Text());
   write("TaxID", s.txtTaxID.Text());
   // Clearing the control keeps the old date.
-  if (platform::IsDate(s.txtExemptExpireDate.DisplayText()))
-    write("ExemptExpireDate", platform::CDate(s.txtExemptExpireDate.DisplayText()));
+  if (const auto expires = s.txtExemptExpireDate.Value()) write("ExemptExpireDate", *expires);
   write("AgeMethod", s.chkAgeMethod.Value() != 0);
   write("OmitFinanceCharge", s.chkOmitFinChg.Value() != 0);
-  write("Creditlimit", s.txtCreditLimit.Value());
+  on([&] { rsCustomers->SetField("Creditlimit", s.txtCreditLimit.Value()); });
   write("EMail", s.txtEMail.Text());
   write("WebSite", s.txtWebSite.Text());
   write("MapCode", s.lblMapCode[0].Caption());
   write("CreditHold", s.chkHoldCredit.Value() != 0);
   if (!BoundText(s.cboSalesRate).empty()) write("SalesRate", s.cboSalesRate.BoundValue());
-  write("SalesRatePer", s.txtSalesRatePer.Value());
+  on([&] { rsCustomers->SetField("SalesRatePer", s.txtSalesRatePer.Value()); });
   if (s.cmdPlusMinus.Caption() == "-")
     on([] { rsCustomers->SetField("SalesRatePer", platform::CDbl(rsCustomers->Field("SalesRatePer")) * -1); });
   write("LaborRateType", s.optLaborRate[1].Value() ? "C" : s.optLaborRate[2].Value() ? "D" : "N");
-  write("LaborRate", s.optLaborRate[1].Value() ? s.txtLaborRate.Value() : Currency{0});
+  on([&] { rsCustomers->SetField("LaborRate", s.optLaborRate[1].Value() ? s.txtLaborRate.Value() : Currency{0}); });
 }
 
 /// The first four assigned taxes are kept, without a word about others.
-void CustomersTab::WriteTaxes(ResumeNext& on, const RecordsetRef& Assigned, std::int16_t TaxCount) {
+void CustomersTab::WriteTaxes(ResumeNext& on, const Opened& Assigned, std::int16_t TaxCount) {
   for (const char* field : kTaxFields) on([&] { rsCustomers->SetField(field, std::int32_t{0}); });
   if (Assigned.IsNothing()) return;
   bool More = false;
@@ -360,14 +364,11 @@ void CustomersTab::WriteTaxes(ResumeNext& on, const RecordsetRef& Assigned, std:
 bool CustomersTab::MayDelete(ResumeNext& on, DeleteState& state) {
   std::string Acct;
   on([&] { Acct = std::to_string(LongOf(Rows(), "AcctNum")); });
-  RecordsetRef Transactions;
+  Opened Transactions;
   std::int32_t Count = 0;
   const bool opened = on([&] { Transactions = dbARTrans->OpenRecordset("Select * From Transactions Where (AcctNum = " + Acct + ");"); });
   App().DoEvents();
-  if (opened) {
-    on([&] { Count = Transactions->RecordCount(); });
-    on([&] { Transactions->Close(); });
-  }
+  if (opened) on([&] { Count = Transactions->RecordCount(); });
   if (Count > 0) {
     Refuse(state.Title,
            "Accounts Receivable Transactions exist for Customer Account No. " + Acct + " exist.  This Customer can not be deleted!");

@@ -20,7 +20,8 @@ struct EngineOptions {
   std::function<std::string(std::string_view path)> hostPath;
   /// Whether a file lies on a file system that other machines share; empty: the system is asked.
   std::function<bool(const std::string& path)> onNetwork;
-  /// The present moment for Date(), Time() and Now() in statements; empty: the machine's clock.
+  /// The present moment for Date(), Time() and Now() in statements, and for the year of texts with month and day alone; empty:
+  /// the machine's clock.
   std::function<platform::Date()> now;
   /// In a run of moves without a pause, rows read ahead are taken as they are for this long before the file is asked again
   /// whether someone has changed it, in microseconds.

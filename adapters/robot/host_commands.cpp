@@ -33,7 +33,7 @@ Outcome Host(Interpreter& run, const Arguments& words) {
 }
 
 Outcome Today(Interpreter& run, const Arguments& words) {
-  run.App().System().SetToday(platform::CDate(platform::Value(words.Text(0))));
+  run.App().System().SetToday(platform::CDate(platform::Value(words.Text(0)), run.App().ThisYear()));
   return Outcome::Done;
 }
 

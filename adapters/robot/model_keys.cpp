@@ -80,18 +80,21 @@ bool KeyInGrid(Grid& grid, const std::string& key) {
 /// Moves the caret; text edits of one line leave Up and Down alone.
 bool CaretKey(TextBox& box, const std::string& key) {
   const std::size_t length = CharacterCount(box.Text());
-  if (key == "Left")
-    box.Select(box.Caret() == 0 ? 0 : box.Caret() - 1, 0);
-  else if (key == "Right")
-    box.Select(box.Caret() + 1, 0);
-  else if (key == "Home")
+  const std::size_t caret = box.Caret();
+  if (key == "Left") {
+    box.Select(caret == 0 ? 0 : caret - 1, 0);
+  } else if (key == "Right") {
+    box.Select(caret + 1, 0);
+    if (box.Caret() == caret) box.Select(caret + 2, 0);  // a line end is passed as one
+  } else if (key == "Home") {
     box.Select(0, 0);
-  else if (key == "End")
+  } else if (key == "End") {
     box.Select(length, 0);
-  else if (key == "Ctrl+A")
+  } else if (key == "Ctrl+A") {
     box.Select(0, length);
-  else
+  } else {
     return false;
+  }
   return true;
 }
 

@@ -1,6 +1,7 @@
 #include "maintenance/frmCustMain.h"
 #include "platform/convert.h"
 #include "session/ModCustSch.h"
+#include "session/opened.h"
 
 // The lists of customer types and key words with a check column: copies in the temporary database, marked with this
 // screen's instance, in which the current customer's entries are ticked.
@@ -127,14 +128,13 @@ void frmCustMain::SelectedAssignment(bool Assign) {
 std::int16_t frmCustMain::NextDataCode() {
   std::int16_t Next = 0;
   Trap("frmCustMain.NextDataCode", [&] {
-    const platform::RecordsetRef Codes = dbCustomer->OpenRecordset("SELECT Max([Code]) AS MaxCode FROM DataCodes WHERE [Code]>0;");
+    const Opened Codes(dbCustomer->OpenRecordset("SELECT Max([Code]) AS MaxCode FROM DataCodes WHERE [Code]>0;"));
     if (Codes->RecordCount() == 0) {
       Next = 1;
     } else {
       const platform::Value MaxCode = Codes->Field("MaxCode");
       Next = MaxCode.IsNull() ? std::int16_t{1} : platform::CInt(platform::CLng(MaxCode) + 1);
     }
-    Codes->Close();
   });
   return Next;
 }

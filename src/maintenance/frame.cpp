@@ -161,9 +161,11 @@ void frmCustMain::EditSetup() {
 
 void frmCustMain::TestRecordcount() {
   Trap("frmCustMain.TestRecordCount", [this] {
+    orcussch::App().DoEvents();
+    // The user may have been to another tab meanwhile, or have left.
+    if (!Loaded()) return;
     const auto Current = static_cast<std::size_t>(Tab());
     const bool Records = data[Current].Recordset()->HasRows();
-    orcussch::App().DoEvents();
     for (const char* key : {"tb_Print", "tb_Preview", "tb_Select", "tb_EditRec", "tb_DeleteRec"}) tb(key).Enabled(Records);
     tb("tb_Find").Enabled(!txtSearch[Current].Text().empty());
     EnableSelectionKeys();

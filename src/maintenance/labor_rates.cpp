@@ -46,9 +46,8 @@ void frmCustMain::txtRateAdjustment_Change() {
 
 /// The product is formed in double precision, the quotient becomes currency and is added as currency.
 void frmCustMain::ShowAdjustedRate() {
-  const Currency Rate = platform::IsNumeric(txtDeptRate.Text()) ? platform::CCur(txtDeptRate.Text()) : Currency{0};
-  const double Adjustment = platform::IsNumeric(txtRateAdjustment.Text()) ? platform::CDbl(txtRateAdjustment.Text()) : 0.0;
-  const Currency Part = platform::CCur(platform::CDbl(Rate) * Adjustment / 100);
+  const Currency Rate = txtDeptRate.Value();
+  const Currency Part = platform::CCur(platform::CDbl(Rate) * txtRateAdjustment.Value() / 100);
   txtDeptAdjustRate.Value(Rate + Part);
 }
 

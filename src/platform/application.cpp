@@ -5,6 +5,7 @@
 
 #include "platform/controls/grid.h"
 #include "platform/controls/toolbar.h"
+#include "platform/convert.h"
 
 namespace platform {
 
@@ -14,6 +15,8 @@ Application::Application(ApplicationParts parts) : parts_(std::move(parts)) {
 }
 
 Application::~Application() = default;
+
+int Application::ThisYear() const { return CalendarOf(System().Today()).year; }
 
 Form& Application::FormAt(int index) const {
   if (index < 0 || index >= FormCount()) throw error::SubscriptOutOfRange();

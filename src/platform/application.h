@@ -48,6 +48,8 @@ class Application {
   std::int32_t ThreadID() const noexcept { return threadId_; }
   DataEngine& Engine() const { return *parts_.engine; }
   OperatingSystem& System() const { return *parts_.system; }
+  /// The year of a date that is written without one.
+  int ThisYear() const;
   platform::ErrorLog& ErrorLog() const { return *parts_.errorLog; }
   AccountsLookup* Accounts() const { return parts_.accounts.get(); }
   ReportEngine* Reports() const { return parts_.reports.get(); }

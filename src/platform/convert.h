@@ -17,15 +17,18 @@ std::int32_t CLng(const Value& value);  ///< rounds half to even
 double CDbl(const Value& value);
 Currency CCur(const Value& value);  ///< rounds half to even at the 4th decimal
 bool CBool(const Value& value);     ///< texts "True", "False" and numbers
-/// Texts as IsDate accepts them, numbers are serials. `thisYear` completes texts without a year; 0: the machine's year.
+/// Texts as IsDate accepts them, numbers are serials. `thisYear` is the year of a text that names month and day alone, the
+/// program's own; 0: there is none, and such a text is no date.
 Date CDate(const Value& value, int thisYear = 0);
 std::string CStr(const Value& value);  ///< no leading blank; Boolean "True"/"False"; dates as short date and time; up to 15 digits
 std::string Str(const Value& value);   ///< as CStr for numbers, with one leading blank for numbers not below 0
 
 /// The number at the start of a text, 0 if there is none; blanks are skipped anywhere; "&H"/"&O" prefixes.
 double Val(const Value& value);
+/// The start of a text that Val reads, without blanks: "12.5" of " 12.5 x"; "" if there is none.
+std::string ValText(std::string_view text);
 bool IsNumeric(const Value& value);
-bool IsDate(const Value& value);
+bool IsDate(const Value& value, int thisYear = 0);
 
 /// `a & b`: both as text, Null as "" unless both are Null. For plain texts use std::string's +.
 Value Concat(const Value& left, const Value& right);
@@ -63,8 +66,8 @@ std::string ShortDate(Date date);
 std::string GeneralDate(Date date);
 
 /// A text with a date, a time or both, in en-US order: month/day/year; where that is impossible year/month/day, then
-/// day/month/year; month names in full or by their first three letters. Years 0 to 29 are 20xx, 30 to 99 are 19xx. Nothing
-/// when the text is no date.
+/// day/month/year; month names in full or by their first three letters. Years 0 to 29 are 20xx, 30 to 99 are 19xx. Month and
+/// day alone are of `thisYear`, and no date when that is 0. Nothing when the text is no date.
 std::optional<Date> ParseDate(std::string_view text, int thisYear);
 /// The number that the whole text is, as IsNumeric and CDbl see it; nothing when it is none or too large for a Double.
 std::optional<double> ParseNumber(std::string_view text);

@@ -62,6 +62,12 @@ std::size_t NumberLength(std::string_view dense) {
 
 }  // namespace
 
+std::string ValText(std::string_view text) {
+  std::string dense = WithoutBlanks(text);
+  dense.resize(NumberLength(dense));
+  return dense;
+}
+
 double Val(const Value& value) {
   const std::string dense = WithoutBlanks(CStr(value));
   if (!dense.empty() && dense[0] == '&') return BitsAtStart(dense);

@@ -1,5 +1,4 @@
 #include <array>
-#include <chrono>
 #include <cmath>
 #include <vector>
 
@@ -90,7 +89,7 @@ TimeReading ReadTime(const std::vector<Token>& tokens, std::size_t& at) {
   time.possible = hour < 24 && minute < 60 && second < 60;
   if (half(at)) {
     const bool afternoon = tokens[at++].text[0] == 'p';
-    if (!afternoon && hour > 12) time.possible = false;
+    if (hour > 12) time.possible = false;
     if (afternoon && hour < 12)
       hour += 12;
     else if (!afternoon && hour == 12)
@@ -140,11 +139,12 @@ std::optional<Date> ThreeParts(const Part& a, const Part& b, const Part& c) {
   return DateOf(c, b, a);
 }
 
-/// Month and day of this year, or a month and a year of at least three digits.
+/// Month and day of this year, if there is one, or a month and a year of at least three digits.
 std::optional<Date> TwoParts(const Part& a, const Part& b, int thisYear) {
   const Part firstDay{1, 1, false};
   if (b.IsLongYear()) return DateOf(b, a, firstDay);
   if (a.IsLongYear()) return DateOf(a, b, firstDay);
+  if (thisYear == 0) return {};
   const Part year{thisYear, 4, false};
   if (!b.isMonth)
     if (auto date = DateOf(year, a, b)) return date;
@@ -178,11 +178,6 @@ Date Together(Date day, int seconds) {
   return {day.serial < 0 ? day.serial - time : day.serial + time};
 }
 
-int MachineYear() {
-  const auto today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
-  return int{std::chrono::year_month_day{today}.year()};
-}
-
 }  // namespace
 
 std::optional<Date> ParseDate(std::string_view text, int thisYear) {
@@ -214,7 +209,7 @@ std::optional<Date> ParseDate(std::string_view text, int thisYear) {
 Date CDate(const Value& value, int thisYear) {
   if (value.Kind() == ValueKind::Date) return value.As<Date>();
   if (value.IsText()) {
-    const auto date = ParseDate(value.As<std::string>(), thisYear ? thisYear : MachineYear());
+    const auto date = ParseDate(value.As<std::string>(), thisYear);
     if (!date) throw error::TypeMismatch();
     return *date;
   }
@@ -225,9 +220,9 @@ Date CDate(const Value& value, int thisYear) {
   return {serial};
 }
 
-bool IsDate(const Value& value) {
+bool IsDate(const Value& value, int thisYear) {
   if (value.Kind() == ValueKind::Date) return true;
-  return value.IsText() && ParseDate(value.As<std::string>(), MachineYear()).has_value();
+  return value.IsText() && ParseDate(value.As<std::string>(), thisYear).has_value();
 }
 
 }  // namespace platform

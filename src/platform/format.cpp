@@ -31,9 +31,10 @@ struct NamedAnswer {
 };
 constexpr NamedAnswer kAnswers[] = {{"True/False", "False", "True"}, {"Yes/No", "No", "Yes"}, {"On/Off", "Off", "On"}};
 
-std::string FormatDate(const Value& value, DatePart part) {
-  if (value.IsText() && !IsDate(value) && !IsNumeric(value)) return value.As<std::string>();
-  const Date date = value.IsText() && !IsDate(value) ? CDate(CDbl(value)) : CDate(value);
+std::string FormatDate(const Value& value, DatePart part, int thisYear) {
+  const bool isDate = IsDate(value, thisYear);
+  if (value.IsText() && !isDate && !IsNumeric(value)) return value.As<std::string>();
+  const Date date = value.IsText() && !isDate ? CDate(CDbl(value)) : CDate(value, thisYear);
   return part == DatePart::Short ? ShortDate(date) : GeneralDate(date);
 }
 
@@ -52,12 +53,12 @@ std::string FormatNothing(std::string_view format) {
 
 }  // namespace
 
-std::string Format(const Value& value, std::string_view format) {
+std::string Format(const Value& value, std::string_view format, int thisYear) {
   const bool nothing = value.IsNull() || value.IsEmpty() || (value.IsText() && value.As<std::string>().empty());
   if (nothing) return FormatNothing(format);
   if (format.empty() || EqualsNoCase(format, "General Number")) return CStr(value);
-  if (EqualsNoCase(format, "Short Date")) return FormatDate(value, DatePart::Short);
-  if (EqualsNoCase(format, "General Date")) return FormatDate(value, DatePart::General);
+  if (EqualsNoCase(format, "Short Date")) return FormatDate(value, DatePart::Short, thisYear);
+  if (EqualsNoCase(format, "General Date")) return FormatDate(value, DatePart::General, thisYear);
   for (const auto& [name, no, yes] : kAnswers)
     if (EqualsNoCase(format, name)) {
       const auto number = DecimalOf(value);

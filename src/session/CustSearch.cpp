@@ -8,6 +8,7 @@
 #include "session/ModCustSch.h"
 #include "session/failures.h"
 #include "session/modAppShutdown.h"
+#include "session/opened.h"
 
 namespace orcussch {
 
@@ -25,13 +26,12 @@ bool running = false;
 std::string AsText(const Value& value) { return value.IsEmpty() ? std::string() : CStr(value); }
 
 void ReadRights() {
-  platform::RecordsetRef rsRights = dbDat->OpenRecordset("Rights", platform::RecordsetType::Table);
+  const Opened rsRights(dbDat->OpenRecordset("Rights", platform::RecordsetType::Table));
   rsRights->SetIndex("Program");
   rsRights->Seek("=", {"CUSTSCH", gUserID});
   const std::string blanks(kRightsMaskLength, ' ');
   gRightsMask =
       rsRights->NoMatch() ? blanks : platform::Right(blanks + CStr(platform::Concat("", rsRights->Field("Mask"))), kRightsMaskLength);
-  rsRights->Close();
 }
 
 /// A company that has no receivables row yet gets one at first use.

@@ -1,6 +1,7 @@
 #include "platform/convert.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
+#include "session/opened.h"
 
 namespace orcussch {
 
@@ -64,25 +65,28 @@ void ReadCompanyTexts(const platform::Recordset& rsCompany) {
     gCompany.*text.member = platform::FixedText(platform::CStr(platform::Concat("", rsCompany.Field(text.field))), text.length);
 }
 
+void ReadCompanyRow() {
+  const Opened rsCompany(dbDat->OpenRecordset("Company", platform::RecordsetType::Table));
+  App().DoEvents();
+  rsCompany->SetIndex("CompID");
+  rsCompany->Seek("=", {gCompanyID});
+  if (rsCompany->NoMatch()) {
+    BlankCompany();
+    return;
+  }
+  RepairCompany(*rsCompany);
+  ReadCompanyTexts(*rsCompany);
+  const Value entity = rsCompany->Field("AccountingEntity");
+  gCompany.AccountingEntity = entity.IsNull() ? std::uint8_t{0} : static_cast<std::uint8_t>(CLng(entity));
+}
+
 }  // namespace
 
 void GetCompanyRecord() {
   Trap(
       "modCustSch.GetCompanyRecord",
       [] {
-        platform::RecordsetRef rsCompany = dbDat->OpenRecordset("Company", platform::RecordsetType::Table);
-        App().DoEvents();
-        rsCompany->SetIndex("CompID");
-        rsCompany->Seek("=", {gCompanyID});
-        if (rsCompany->NoMatch()) {
-          BlankCompany();
-        } else {
-          RepairCompany(*rsCompany);
-          ReadCompanyTexts(*rsCompany);
-          const Value entity = rsCompany->Field("AccountingEntity");
-          gCompany.AccountingEntity = entity.IsNull() ? std::uint8_t{0} : static_cast<std::uint8_t>(CLng(entity));
-        }
-        rsCompany->Close();
+        ReadCompanyRow();
         App().DoEvents();
       },
       true);

@@ -118,6 +118,33 @@ TEST_F(Columns, ARebuildThatRestoresTheColumnDoesNotJump) {
   EXPECT_EQ(List().HorizontalOffset(), offset);
 }
 
+TEST_F(Columns, ARebuildLeavesTheListWhereItWasScrolled) {
+  Begin();
+  List().resize(260, 300);
+  Process();
+  hands->Scroll(screen->grid, 1, column::Amount);
+  List().horizontalScrollBar()->setValue(List().HorizontalOffset() + 7);
+  const int offset = List().HorizontalOffset();
+  screen->data.Refresh();
+  Process();
+  List();
+  EXPECT_EQ(screen->grid.LeftCol(1), column::Amount);
+  EXPECT_EQ(List().HorizontalOffset(), offset);
+}
+
+TEST_F(Columns, AListWithoutFixedColumnsStaysInsideItsFirstColumn) {
+  Begin();
+  screen->grid.Splits(1);
+  screen->data.Refresh();
+  List().resize(260, 300);
+  Process();
+  List().horizontalScrollBar()->setValue(9);
+  screen->data.Refresh();
+  Process();
+  List();
+  EXPECT_EQ(List().HorizontalOffset(), 9);
+}
+
 TEST_F(Columns, AnyColumnCanBeTheFirstToTheLeftAlsoWhenAllFit) {
   Begin();
   hands->Scroll(screen->grid, 1, column::Grade);

@@ -160,5 +160,48 @@ TEST_F(Painting, FramesAreFastAtAnyLength) {
   EXPECT_LT(frames[frames.size() / 2], 16'000);
 }
 
+// As a command does that ticks the marked rows one after the other: many rows are written before the window paints again.
+TEST_F(Painting, EveryRowThatIsWrittenBetweenTwoFramesIsShownAsItIs) {
+  OpenList(100);
+  Picture();
+  screen->Act([this] {
+    const auto rows = screen->data.Window()->RowsAt(1, 6);
+    for (const platform::ListRow& row : rows) {
+      screen->grid.CurrentBookmark(row.bookmark);
+      screen->grid.ColumnValue(column::Member, true);
+      screen->data.Recordset()->Edit();
+      screen->data.Recordset()->Update();
+    }
+    screen->grid.Row(0);
+  });
+  EXPECT_EQ(table.updates, 6);
+  const QImage shown = Picture();
+  for (std::int64_t row = 1; row <= 6; ++row) {
+    const desktop::ShownRow* held = List().Rows().At(row);
+    ASSERT_NE(held, nullptr);
+    EXPECT_EQ(held->row.cells[column::Member], platform::Value(true)) << row;
+    EXPECT_EQ(held->texts[column::Member], QString("True")) << row;
+  }
+  screen->data.Refresh();
+  EXPECT_EQ(shown, Picture()) << "the same as after the list was read anew";
+}
+
+TEST_F(Painting, ARowThatIsWrittenAndLeftIsReadAgainOnce) {
+  OpenList(100);
+  Picture();
+  const int before = table.fetches;
+  screen->Act([this] {
+    const auto row = screen->data.Window()->RowsAt(4, 1).front().bookmark;
+    for (int time = 0; time < 50; ++time) {
+      screen->grid.CurrentBookmark(row);
+      screen->grid.ColumnValue(column::Member, time % 2 == 0);
+      screen->data.Recordset()->Edit();
+      screen->data.Recordset()->Update();
+    }
+  });
+  Picture();
+  EXPECT_LE(table.fetches - before, 10);
+}
+
 }  // namespace
 }  // namespace desktop_test

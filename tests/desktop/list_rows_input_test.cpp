@@ -1,8 +1,10 @@
 #include <QApplication>
 #include <QDialog>
 #include <QScrollBar>
+#include <QThread>
 #include <QTimer>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "desktop/hands/input.h"
 #include "desktop/list/list_header.h"
@@ -30,6 +32,17 @@ class Rows : public Desk {
     for (int i = 0; i < screen->grid.SelBookmarks.Count(); ++i) keys.push_back(screen->grid.SelBookmarks.Item(i).key);
     return keys;
   }
+};
+
+/// Counts how often a widget is painted.
+class Paints : public QObject {
+ public:
+  explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return false;
+  }
+  int count = 0;
 };
 
 TEST_F(Rows, ArrowAndPageKeysMoveTheCurrentRow) {
@@ -94,6 +107,57 @@ TEST_F(Rows, AMarkerClickMarksAloneControlAddsShiftTakesARange) {
   hands->Mark(screen->grid, {});
   EXPECT_TRUE(Marked().empty());
   EXPECT_TRUE(Saw("SelChange"));
+}
+
+TEST_F(Rows, AShiftRangeTakesAllItsRowsHoweverManyTheyAre) {
+  constexpr int kFirst = 3;
+  constexpr int kLast = 4500;
+  OpenList(5000);
+  for (const auto& [from, to] : {std::pair(kFirst, kLast), std::pair(kLast, kFirst)}) {
+    screen->seen.clear();
+    hands->Mark(screen->grid, {Mark(from)});
+    ASSERT_TRUE(List().ScrollToRow(Mark(to)));
+    input::Click(*List().viewport(), List().MarkerRect(to).center(), Qt::ShiftModifier);
+    const std::vector<std::string> marked = Marked();
+    ASSERT_EQ(marked.size(), static_cast<std::size_t>(kLast - kFirst + 1));
+    for (int row = kFirst; row <= kLast; ++row) ASSERT_EQ(marked[static_cast<std::size_t>(row - kFirst)], std::to_string(row));
+    EXPECT_EQ(std::count(screen->seen.begin(), screen->seen.end(), "SelChange"), 2) << "one for each click";
+  }
+  EXPECT_LE(table.mostRowsAtOnce, 1000) << "in slices";
+}
+
+TEST_F(Rows, ALongShiftRangeLetsTheWindowPaint) {
+  OpenList(5000);
+  hands->Mark(screen->grid, {Mark(0)});
+  ASSERT_TRUE(List().ScrollToRow(Mark(4999)));
+  const QPoint last = List().MarkerRect(4999).center();
+  Paints paints(*List().viewport());
+  table.onRead = [this] {
+    QThread::msleep(10);
+    List().viewport()->update();
+  };
+  input::Click(*List().viewport(), last, Qt::ShiftModifier);
+  table.onRead = nullptr;
+  EXPECT_GT(paints.count, 2);
+  EXPECT_EQ(Marked().size(), 5000u);
+}
+
+TEST_F(Rows, AShiftRangeBeginsAtTheRowMarkedLastWhereverItWasThoughtToStand) {
+  table.counted = false;
+  table.slicesToCount = 1'000'000;
+  table.estimate = 100;
+  OpenList(1000);
+  ASSERT_TRUE(List().ScrollToRow(Mark(700)));
+  const auto thought = List().Rows().HeldOrdinal(Mark(700));
+  ASSERT_TRUE(thought);
+  input::Click(*List().viewport(), List().MarkerRect(*thought).center());
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"700"}));
+  table.slicesToCount = 1;
+  for (int i = 0; i < 50 && !table.counted; ++i) Process();
+  for (int i = 0; i < 5; ++i) Process();
+  ASSERT_TRUE(List().ScrollToRow(Mark(703)));
+  input::Click(*List().viewport(), List().MarkerRect(703).center(), Qt::ShiftModifier);
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"700", "701", "702", "703"}));
 }
 
 TEST_F(Rows, InsertMarksAndGoesOn) {

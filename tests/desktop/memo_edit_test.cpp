@@ -42,8 +42,17 @@ TEST_F(Memo, TypingInTheMiddleKeepsTheRest) {
 TEST_F(Memo, ANewLineIsALineForBoth) {
   hands->Type(screen->txtMemo, "a\rb", false);
   EXPECT_EQ(Edit().toPlainText(), "a\nb");
-  EXPECT_EQ(screen->txtMemo.Text().front(), 'a');
-  EXPECT_EQ(screen->txtMemo.Text().back(), 'b');
+  EXPECT_EQ(screen->txtMemo.Text(), "a\r\nb") << "as a paste stores it";
+}
+
+TEST_F(Memo, OneBackspaceTakesALineEnd) {
+  hands->Type(screen->txtMemo, "a\rb", false);
+  QTextCursor cursor = Edit().textCursor();
+  cursor.setPosition(2);
+  Edit().setTextCursor(cursor);
+  input::Key(*window, Qt::Key_Backspace, Qt::NoModifier, "\b");
+  EXPECT_EQ(screen->txtMemo.Text(), "ab");
+  EXPECT_EQ(Edit().textCursor().position(), 1);
 }
 
 TEST_F(Memo, DeletingALineEndTakesBothOfItsCharacters) {

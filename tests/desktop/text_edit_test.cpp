@@ -230,5 +230,31 @@ TEST_F(Edits, WhatNobodyEditsIsReadFromItsBeginning) {
   EXPECT_EQ(Edit("txtText").cursorPosition(), 0);
 }
 
+TEST_F(Edits, FiguresTakeOnePointAndAMinusInFront) {
+  hands->Type(screen->txtMoney, "-7.5.", false);
+  EXPECT_EQ(Edit("txtMoney").text(), "-7.5");
+  Press(Qt::Key_Home);
+  input::Type(*window, "3");
+  EXPECT_EQ(Edit("txtMoney").text(), "-7.5");
+  Press(Qt::Key_Right);
+  input::Type(*window, "1-2.");
+  EXPECT_EQ(Edit("txtMoney").text(), "-127.5");
+  EXPECT_EQ(screen->txtMoney.Value(), platform::Currency{-1'275'000});
+  Edit("txtMoney").setSelection(2, 2);
+  input::Type(*window, ".");
+  EXPECT_EQ(Edit("txtMoney").text(), "-127.5") << "the point behind the selection stays the only one";
+}
+
+TEST_F(Edits, FiguresArePasted) {
+  for (const auto& [text, amount] :
+       {std::pair("$1,234.50", 12'345'000), std::pair("2.500.00", 25'000), std::pair("--5", -50'000), std::pair("($3.25)", -32'500)}) {
+    QApplication::clipboard()->setText(text);
+    hands->Focus(screen->txtMoney);
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(screen->txtMoney.Value(), platform::Currency{amount}) << text;
+  }
+}
+
 }  // namespace
 }  // namespace desktop_test

@@ -7,9 +7,11 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/card-forgets-the-customer-before
   customers/card-shows-the-customer
   customers/combo-text-that-is-no-row
+  customers/comment-of-several-lines
   customers/comment-box-takes-the-room
   customers/comment-shrinks-before-the-card-is-filled
   customers/customer-deleted-by-another-user
+  customers/date-without-a-year
   customers/default-terms-that-are-unknown-stay-empty
   customers/duplicate-address-is-asked-about
   customers/duplicates-beyond-a-short-number
@@ -18,6 +20,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/edit-writes-every-field
   customers/edit-writes-its-fields-and-no-others
   customers/empty-figures-are-zero
+  customers/figures-as-people-type-them
   customers/figures-beyond-the-amounts
   customers/first-four-taxes-are-kept
   customers/first-phone-of-a-new-customer

@@ -18,9 +18,7 @@ namespace desktop {
 namespace {
 
 QDate DayOf(const platform::DateEdit& model) {
-  const auto value = model.Value();
-  if (!value) return QDate::currentDate();
-  const platform::CalendarDay day = platform::CalendarOf(*value);
+  const platform::CalendarDay day = platform::CalendarOf(model.Value().value_or(model.Owner().App().System().Today()));
   return QDate(day.year, day.month, day.day);
 }
 

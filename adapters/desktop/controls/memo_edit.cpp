@@ -15,12 +15,6 @@ namespace {
 constexpr char32_t kEnter = 13;
 constexpr char32_t kBackspace = 8;
 
-/// The model's line ends for text that the widget brings.
-QString WithCarriageReturns(QString text) {
-  text = WithLineBreaks(std::move(text));
-  return text.replace(QChar('\n'), QStringLiteral("\r\n"));
-}
-
 bool EndsLine(char32_t character) { return character == U'\r' || character == U'\n'; }
 
 /// Characters that one shown position takes at `at` of the model's text: two for "\r\n".
@@ -118,7 +112,7 @@ void MemoEdit::Changed(int, int, int) {
     if (added.isEmpty()) {
       model_->UserDelete();
     } else {
-      model_->UserPaste(ToUtf8(WithCarriageReturns(added)));
+      model_->UserPaste(ToUtf8(WithLineBreaks(added)));
     }
   });
   if (!model_) return;
@@ -159,7 +153,7 @@ void MemoEdit::inputMethodEvent(QInputMethodEvent* event) {
   if (!model_ || isReadOnly() || commit.isEmpty()) return QPlainTextEdit::inputMethodEvent(event);
   QInputMethodEvent nothing;
   QPlainTextEdit::inputMethodEvent(&nothing);
-  Edit([&] { model_->UserPaste(ToUtf8(WithCarriageReturns(commit))); });
+  Edit([&] { model_->UserPaste(ToUtf8(WithLineBreaks(commit))); });
   if (!model_) return;
   QInputMethodEvent preedit(event->preeditString(), event->attributes());
   QPlainTextEdit::inputMethodEvent(&preedit);
@@ -170,7 +164,7 @@ bool MemoEdit::canInsertFromMimeData(const QMimeData* source) const { return sou
 
 void MemoEdit::insertFromMimeData(const QMimeData* source) {
   if (!model_ || isReadOnly() || !source->hasText()) return;
-  const std::string text = ToUtf8(WithCarriageReturns(source->text()));
+  const std::string text = ToUtf8(WithLineBreaks(source->text()));
   Edit([&] { model_->UserPaste(text); });
 }
 

@@ -143,6 +143,13 @@ std::optional<std::int64_t> ListRows::HeldOrdinal(const platform::Bookmark& row)
   return {};
 }
 
+std::vector<platform::Bookmark> ListRows::HeldRows() const {
+  std::vector<platform::Bookmark> rows;
+  rows.reserve(rows_.size());
+  for (const ShownRow& row : rows_) rows.push_back(row.row.bookmark);
+  return rows;
+}
+
 std::optional<std::int64_t> ListRows::Find(const platform::Bookmark& row, int around) {
   if (const auto held = HeldOrdinal(row)) return held;
   Count();

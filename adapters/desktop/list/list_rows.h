@@ -47,6 +47,8 @@ class ListRows {
 
   /// Ordinal of a row that is held.
   std::optional<std::int64_t> HeldOrdinal(const platform::Bookmark& row) const;
+  /// All that are held, in the list's order.
+  std::vector<platform::Bookmark> HeldRows() const;
   /// Ordinal of any row, fetching `around` rows before and behind it; nothing when it is not in the list. While the engine
   /// still counts, the ordinal is a guess that Settle puts right.
   std::optional<std::int64_t> Find(const platform::Bookmark& row, int around);

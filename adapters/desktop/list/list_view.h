@@ -104,8 +104,10 @@ class ListView final : public QAbstractScrollArea {
   // What changed since the last Sync.
   void Wish();
   void SyncList();
+  void SyncContent();
   void SyncCurrent();
   void SyncOpenCell();
+  void NoteWrittenRow();
   void TellAccessibility();
   void UpdateRange();
   void PutBarAt(std::int64_t pixels);
@@ -132,6 +134,9 @@ class ListView final : public QAbstractScrollArea {
   /// False when the row did not become the current one.
   bool ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modifiers);
   void Mark(std::int64_t ordinal, Qt::KeyboardModifiers modifiers, bool plainReplaces);
+  std::vector<platform::Bookmark> Marked() const;
+  std::vector<platform::Bookmark> RowsBetween(const platform::Bookmark& one, const platform::Bookmark& other) const;
+  std::vector<platform::Bookmark> RowsDownTo(const platform::Bookmark& first, const platform::Bookmark& last) const;
   void ToggleCheck(int column);
   bool HasOpenColumns() const;
   bool IsOpen(int column) const;
@@ -147,7 +152,7 @@ class ListView final : public QAbstractScrollArea {
   std::optional<SortHint> sorted_;
   std::optional<platform::Bookmark> current_;
   std::optional<std::int64_t> currentOrdinal_;
-  std::optional<std::int64_t> markAnchor_;
+  std::optional<platform::Bookmark> markAnchor_;  ///< the row marked last, where a range begins
   int cursorColumn_ = -1;
   QPointer<QWidget> editor_;
   int editorColumn_ = -1;
@@ -156,7 +161,8 @@ class ListView final : public QAbstractScrollArea {
   int rowHeight_ = 22;
   bool listChanged_ = false;
   bool currentChanged_ = false;
-  bool contentChanged_ = false;
+  std::vector<platform::Bookmark> written_;  ///< since the last Sync
+  bool anyWritten_ = false;                  ///< there may be others that were written
   bool cellChanged_ = false;
   bool adjusting_ = false;  ///< scroll bars are being set by us
   bool hasList_ = false;

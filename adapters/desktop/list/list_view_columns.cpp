@@ -145,7 +145,7 @@ void ListView::TakeLeftColumn() {
   const int split = grid_->SplitCount() - 1;
   const auto wanted = grid_->LeftCol(split);
   const auto place = wanted < grid_->ColumnCount() ? columns_.PlaceOf(wanted) : std::nullopt;
-  const bool start = wanted == 0 || !place || columns_.IsFixed(*place);
+  const bool start = !place || columns_.IsFixed(*place);
   if (!start && columns_.ScrolledPlaceAt(HorizontalOffset()) == *place) return;
   adjusting_ = true;
   horizontalScrollBar()->setValue(start ? 0 : columns_.LeftInGroup(*place));

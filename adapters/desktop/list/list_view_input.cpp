@@ -6,20 +6,13 @@
 #include <algorithm>
 
 #include "desktop/controls/text_edit.h"
-#include "desktop/list/list_view.h"
+#include "desktop/list/list_act.h"
 #include "desktop/services.h"
 #include "desktop/toolkit.h"
 #include "platform/text.h"
 
 // What keys and clicks in a list ask of its model.
 namespace desktop {
-
-template <class Body>
-void ListView::Act(Body&& body) {
-  if (!grid_ || services_->PaintingOnly() || !grid_->EffectivelyEnabled()) return;
-  Safely(App(), [&] { body(*grid_); });
-  if (grid_) Wish();
-}
 
 void ListView::Later(std::function<void(platform::Grid&)> act) {
   if (!grid_) return;
@@ -222,40 +215,6 @@ void ListView::ToggleCheck(int column) {
     grid.UserCellText(grid.OpenText() == "True" ? "False" : "True");
     grid.UserCloseCell();
   });
-}
-
-/// Control turns one row over, Shift marks from the row marked last, a plain click on the marker leaves that row alone marked.
-void ListView::Mark(std::int64_t ordinal, Qt::KeyboardModifiers modifiers, bool plainReplaces) {
-  const ShownRow* row = rows_.At(ordinal);
-  if (!row) return;
-  std::vector<platform::Bookmark> marked;
-  marked.reserve(static_cast<std::size_t>(grid_->SelBookmarks.Count()) + 1);
-  for (int i = 0; i < grid_->SelBookmarks.Count(); ++i) marked.push_back(grid_->SelBookmarks.Item(i));
-  const platform::Bookmark bookmark = row->row.bookmark;
-  if (modifiers.testFlag(Qt::ShiftModifier) && markAnchor_) {
-    const std::int64_t first = std::min(*markAnchor_, ordinal);
-    const auto count = static_cast<int>(std::min<std::int64_t>(std::max(*markAnchor_, ordinal) - first + 1, ListRows::kMost));
-    platform::RowWindow* window = grid_->Data() ? grid_->Data()->Window() : nullptr;
-    if (!window) return;
-    Act([&](platform::Grid& grid) {
-      marked.clear();
-      for (const platform::ListRow& one : window->RowsAt(first, count)) marked.push_back(one.bookmark);
-      grid.UserMark(marked);
-    });
-    return;
-  }
-  markAnchor_ = ordinal;
-  if (modifiers.testFlag(Qt::ControlModifier) || !plainReplaces) {
-    const auto found = std::find(marked.begin(), marked.end(), bookmark);
-    if (found == marked.end()) {
-      marked.push_back(bookmark);
-    } else {
-      marked.erase(found);
-    }
-  } else {
-    marked = {bookmark};
-  }
-  Act([&](platform::Grid& grid) { grid.UserMark(marked); });
 }
 
 /// The bar's range reaches beyond what a narrow list needs, so a sideways wheel counts only where the bar is shown.

@@ -3,6 +3,7 @@
 #include <QScrollBar>
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "desktop/list/cell_editor.h"
 #include "desktop/list/list_header.h"
@@ -37,7 +38,7 @@ void ListView::Show(Aspect aspect) {
       currentChanged_ = true;
       break;
     case Aspect::RowContent:
-      contentChanged_ = true;
+      NoteWrittenRow();
       break;
     case Aspect::Columns:
       if (columns_.PlaceCount() == 0) DefineColumns();
@@ -62,19 +63,38 @@ void ListView::Sync() {
   if (!grid_ || !services_ || services_->PaintingOnly()) return;
   Safely(App(), [this] {
     if (listChanged_) SyncList();
-    if (contentChanged_) {
-      contentChanged_ = false;
-      if (current_ && !rows_.Reread(*current_)) currentChanged_ = true;
-    }
+    SyncContent();
     UpdateRange();
     if (currentChanged_) SyncCurrent();
     if (cellChanged_) SyncOpenCell();
   });
 }
 
+/// The list may stand on another row by the next frame, and on many before that.
+void ListView::NoteWrittenRow() {
+  if (anyWritten_) return;
+  try {
+    if (!grid_->Data() || !grid_->Data()->HasRecordset()) return;
+    platform::Bookmark row = grid_->CurrentBookmark();
+    if (written_.empty() || written_.back() != row) written_.push_back(std::move(row));
+    anyWritten_ = written_.size() > ListRows::kMost;
+  } catch (const platform::Error&) {
+    anyWritten_ = true;  // a row that was deleted has no bookmark any more
+  }
+}
+
+void ListView::SyncContent() {
+  std::vector<platform::Bookmark> rows = std::exchange(written_, {});
+  if (std::exchange(anyWritten_, false)) rows = rows_.HeldRows();
+  for (const platform::Bookmark& row : rows)
+    if (!rows_.Reread(row)) currentChanged_ = true;
+}
+
 void ListView::SyncList() {
   listChanged_ = false;
   rows_.Forget();
+  written_.clear();
+  anyWritten_ = false;
   current_.reset();
   currentOrdinal_.reset();
   markAnchor_.reset();

@@ -143,7 +143,8 @@ bool IndexedSearch::BoundsFor(const Place* after, KeyBounds& bounds, bool& fromE
   const bool up = list_.Forward() == Direction::Up;
   if (plan_.shape.kind == SearchShape::Kind::Equals) {
     const auto& table = list_.Source().Plan().tables.front().table->definition;
-    const Value wanted = ConvertForField(table.fields[static_cast<std::size_t>(plan_.shape.field)], plan_.shape.value);
+    const Value wanted =
+        ConvertForField(list_.Source().Store(), table.fields[static_cast<std::size_t>(plan_.shape.field)], plan_.shape.value);
     const int order = CompareStored(type, here, wanted);
     if (up ? order > 0 : order < 0) return false;
     fromEnd = order != 0;

@@ -74,7 +74,7 @@ void RowEditor::Set(int index, const Value& value) {
   if (field == nullptr || field->type == FieldType::Counter) throw errors::FieldLocked();
   const auto table = static_cast<std::size_t>(source_.Plan().columns[place].table);
   if (mode_ == EditMode::Edit && keys_[table] == noRowKey) throw errors::FieldLocked();
-  values_[place] = ConvertForField(*field, value);
+  values_[place] = ConvertForField(source_.Store(), *field, value);
   assigned_[place] = true;
 }
 

@@ -80,7 +80,7 @@ class RowByRow {
 
   Value ForField(std::size_t place, const Value& value) const {
     try {
-      return ConvertForField(Field(place), value);
+      return ConvertForField(connection_, Field(place), value);
     } catch (const platform::Error& error) {
       if (unfit_ == Unfit::Null) return platform::Null;
       // A number for a number field can only be out of its range.

@@ -17,6 +17,7 @@ namespace engine {
 struct Session {
   explicit Session(const EngineOptions& given) : options(given), connection(given.lockWait), files(connection, given.onNetwork) {
     RegisterClock(connection, given.now ? given.now : LocalNow);
+    connection.Clock(given.now);
   }
 
   /// The file that a path of the program's style names, attached.

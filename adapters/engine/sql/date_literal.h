@@ -8,9 +8,8 @@
 
 namespace engine::sql {
 
-/// The date between the marks of #..#, whatever the machine's locale: month/day/year (day/month where the month is
-/// impossible), year-month-day with four digits first (exactly as written), month names, a time of day behind it or
-/// alone. Two-digit years up to 29 are 20xx. Nothing when it is no date.
+/// The date between the marks of #..#, read as any text is (platform::ParseDate), but always with its year: a statement means
+/// the same next year. Nothing when it is no date.
 std::optional<platform::Date> ReadDateLiteral(std::string_view text);
 
 /// The date as month/day/year, with the time when it has one; ReadDateLiteral reads it back.

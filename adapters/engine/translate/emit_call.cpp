@@ -66,7 +66,10 @@ std::optional<Emitted> Emitter::EmitConversion(const std::string& name, const sq
   if (name == "cdate") return forms_.Date(argument());
   if (name == "isnumeric" || name == "isdate") {
     const Emitted value = argument();
-    if (value.type == SqlType::Text || value.type == SqlType::Null) return std::nullopt;
+    if (value.type == SqlType::Text || value.type == SqlType::Null) {
+      if (name == "isnumeric") return std::nullopt;
+      return forms_.Call(name, {value.sql, forms_.Moment().sql}, SqlType::Boolean);
+    }
     const bool fits = (name == "isdate") == (value.type == SqlType::Date);
     return fits ? ConditionText(Wrap(value, Tightness::Sum) + " IS NOT NULL") : EmitConstant(false);
   }
@@ -86,16 +89,16 @@ Emitted Emitter::EmitFormat(const sql::Call& call) {
   RequireArguments(call, 1, 2);
   const Emitted value = Value(call.arguments[0]);
   const std::string format = call.arguments.size() > 1 ? forms_.Text(Emit(call.arguments[1])).sql : "''";
+  if (value.type != SqlType::Boolean && value.type != SqlType::Currency && value.type != SqlType::Date)
+    return forms_.Call("format", {value.sql, format, forms_.Moment().sql}, SqlType::Text);
   const auto helper = [&] {
     switch (value.type) {
       case SqlType::Boolean:
         return "formatbool";
       case SqlType::Currency:
         return "formatcur";
-      case SqlType::Date:
-        return "formatdate";
       default:
-        return "format";
+        return "formatdate";
     }
   }();
   return forms_.Call(helper, {value.sql, format}, SqlType::Text);

@@ -102,6 +102,12 @@ Emitted Forms::Cell(Emitted expression) const {
   return cell;
 }
 
+Emitted Forms::Moment() const {
+  Emitted moment = Call("now", std::vector<std::string>{}, SqlType::Date);
+  moment.sql = "(SELECT " + moment.sql + ")";
+  return moment;
+}
+
 Emitted Forms::Stored(Emitted expression) const {
   if (expression.truth) {
     expression.sql = '-' + (IsNegativeText(expression.sql) ? '(' + expression.sql + ')' : Wrap(expression, Tightness::Atom));
@@ -192,7 +198,7 @@ Emitted Forms::Text(Emitted expression, bool forLike) const {
 
 Emitted Forms::Date(Emitted expression) const {
   if (expression.type == SqlType::Date || expression.type == SqlType::Null) return expression;
-  if (expression.type == SqlType::Text) return Call("cdate", expression, SqlType::Date);
+  if (expression.type == SqlType::Text) return Call("cdate", {expression.sql, Moment().sql}, SqlType::Date);
   return Call("todate", Number(std::move(expression)), SqlType::Date);
 }
 

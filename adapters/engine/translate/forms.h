@@ -23,6 +23,8 @@ class Forms {
   /// A call of one of the store's helpers or of the dialect's functions.
   Emitted Call(std::string_view name, const std::vector<std::string>& arguments, SqlType type) const;
   Emitted Call(std::string_view name, const Emitted& argument, SqlType type) const;
+  /// The present moment, which the store asks for once in a statement, not for each row.
+  Emitted Moment() const;
 
   /// As a cell of a list, in a dialect for cells: Null where it can't be computed. Constants stay as they are.
   Emitted Cell(Emitted expression) const;

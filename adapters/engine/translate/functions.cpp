@@ -52,7 +52,6 @@ Result Space(Arguments a) {
   return std::string(static_cast<std::size_t>(count), ' ');
 }
 Result IsNumeric(Arguments a) { return Truth(platform::IsNumeric(ValueOf(a[0]))); }
-Result IsDate(Arguments a) { return Truth(platform::IsDate(ValueOf(a[0]))); }
 
 // Numbers -------------------------------------------------------------------------------------------------------------
 
@@ -64,7 +63,6 @@ Result CByte(Arguments a) {
 Result CInt(Arguments a) { return std::int64_t{platform::CInt(ValueOf(a[0]))}; }
 Result CLng(Arguments a) { return std::int64_t{LongOf(a[0])}; }
 Result CBool(Arguments a) { return Truth(platform::CBool(ValueOf(a[0]))); }
-Result CDate(Arguments a) { return IsoOfSerial(platform::CDate(ValueOf(a[0])).serial); }
 Result Int(Arguments a) { return std::floor(RealOf(a[0])); }
 Result Fix(Arguments a) { return std::trunc(RealOf(a[0])); }
 Result Abs(Arguments a) {
@@ -103,11 +101,10 @@ Result DateSerial(Arguments a) {
   return IsoOfSerial(first->serial + CountOf(a[2]) - 1);
 }
 
-constexpr std::array<SqlFunction, 34> functions{{
-    {"abs", "n", 1, SqlType::Double, NullStays<Abs>},
+constexpr std::array<SqlFunction, 32> functions{{
+    {"abs", "n", 1, SqlType::Double, NullStays<Abs>},  //
     {"cbool", "v", 1, SqlType::Boolean, NullStays<CBool>},
     {"cbyte", "v", 1, SqlType::Byte, NullStays<CByte>},
-    {"cdate", "v", 1, SqlType::Date, NullStays<CDate>},
     {"cint", "v", 1, SqlType::Short, NullStays<CInt>},
     {"clng", "v", 1, SqlType::Long, NullStays<CLng>},
     {"dateserial", "nnn", 3, SqlType::Date, NullStays<DateSerial>},
@@ -116,7 +113,6 @@ constexpr std::array<SqlFunction, 34> functions{{
     {"hour", "d", 1, SqlType::Short, NullStays<Hour>},
     {"instr", "vtt", 2, SqlType::Long, NullStays<InStr>},
     {"int", "n", 1, SqlType::Double, NullStays<Int>},
-    {"isdate", "v", 1, SqlType::Boolean, IsDate},
     {"isnumeric", "v", 1, SqlType::Boolean, IsNumeric},
     {"lcase", "t", 1, SqlType::Text, NullStays<LCase>},
     {"left", "tn", 2, SqlType::Text, NullStays<Left>},

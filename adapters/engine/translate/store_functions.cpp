@@ -111,13 +111,18 @@ Result TextCur(Arguments a) {
 Result TextDate(Arguments a) { return platform::CStr(DateOf(a[0])); }
 Result TextBool(Arguments a) { return platform::CStr(RealOf(a[0]) != 0); }
 
+// A text with month and day alone is of the moment's year.
+int YearOf(const StoredValue& moment) { return platform::CalendarOf(DateOf(moment)).year; }
+Result CDate(Arguments a) { return IsoOfSerial(platform::CDate(ValueOf(a[0]), YearOf(a[1])).serial); }
+Result IsDate(Arguments a) { return std::int64_t{platform::IsDate(ValueOf(a[0]), YearOf(a[1])) ? -1 : 0}; }
+
 // Format --------------------------------------------------------------------------------------------------------------
 
 // Null shows as nothing, in every format.
-Result FormatAs(Arguments a, const platform::Value& value) {
-  return platform::Format(IsNullArgument(a[0]) ? platform::Value(platform::Null) : value, TextOf(a[1]));
+Result FormatAs(Arguments a, const platform::Value& value, int thisYear = 0) {
+  return platform::Format(IsNullArgument(a[0]) ? platform::Value(platform::Null) : value, TextOf(a[1]), thisYear);
 }
-Result FormatValue(Arguments a) { return FormatAs(a, ValueOf(a[0])); }
+Result FormatValue(Arguments a) { return FormatAs(a, ValueOf(a[0]), YearOf(a[2])); }
 Result FormatBool(Arguments a) { return FormatAs(a, !IsNullArgument(a[0]) && RealOf(a[0]) != 0); }
 Result FormatCur(Arguments a) {
   const auto* amount = std::get_if<std::int64_t>(&a[0]);
@@ -138,7 +143,8 @@ constexpr auto fitShort = Fit<std::numeric_limits<std::int16_t>::min(), std::num
 constexpr auto fitLong = Fit<std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()>;
 constexpr auto fitCur = Fit<std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()>;
 
-constexpr std::array<StoreFunction, 24> helpers{{
+constexpr std::array<StoreFunction, 26> helpers{{
+    {"cdate", 2, NullStays<CDate>},
     {"concat", -1, Concat},
     {"dayof", 1, NullStays<DayOf>},
     {"divide", 2, NullStays<Divide>},
@@ -146,10 +152,11 @@ constexpr std::array<StoreFunction, 24> helpers{{
     {"fitcur", 1, NullStays<fitCur>},
     {"fitlong", 1, NullStays<fitLong>},
     {"fitshort", 1, NullStays<fitShort>},
-    {"format", 2, FormatValue},
+    {"format", 3, FormatValue},
     {"formatbool", 2, FormatBool},
     {"formatcur", 2, FormatCur},
     {"formatdate", 2, FormatDate},
+    {"isdate", 2, IsDate},
     {"intdiv", 2, NullStays<IntDiv>},
     {"modulo", 2, NullStays<Modulo>},
     {"mulcur", 2, NullStays<MulCur>},

@@ -4,6 +4,7 @@
 #include "maintenance/tabs/fields.h"
 #include "maintenance/tabs/record_tab.h"
 #include "session/ModCustSch.h"
+#include "session/opened.h"
 
 namespace orcussch {
 
@@ -47,13 +48,15 @@ class CustomersTab final : public RecordTab {
 
   bool Valid(ResumeNext& on, const SaveState& state) const;
   bool AskAboutDuplicates(ResumeNext& on, const SaveState& state, std::int16_t& TaxCount);
+  std::string CountDuplicates(ResumeNext& on, std::int16_t& Count);
   void BeginAdd(RowWrite& row);
   bool BeginCustomer(RowWrite& row, SaveState& state);
+  bool StandOnCustomer(RowWrite& row, const SaveState& state, std::int32_t Acct);
   void AskAboutLaborRates(ResumeNext& on, const SaveState& state, std::int32_t Acct);
   void WriteFields(RowWrite& row);
   using Taxes = std::array<Value, 4>;
-  bool ReadTaxes(ResumeNext& on, const RecordsetRef& Assigned, std::int16_t TaxCount, Taxes& taxes) const;
-  void WriteTaxes(RowWrite& row, const RecordsetRef& Assigned, std::int16_t TaxCount);
+  bool ReadTaxes(ResumeNext& on, const Opened& Assigned, std::int16_t TaxCount, Taxes& taxes) const;
+  void WriteTaxes(RowWrite& row, const Opened& Assigned, std::int16_t TaxCount);
 
   std::array<TextField, 9> mTexts;
 };
@@ -210,7 +213,7 @@ bool CustomersTab::Valid(ResumeNext& on, const SaveState& state) const {
 bool CustomersTab::Save(ResumeNext& on, SaveState& state) {
   if (!Valid(on, state)) return false;
 
-  RecordsetRef Assigned;
+  Opened Assigned;
   on([&] {
     Assigned = dbTemp->OpenRecordset("Select * From CU_AssignTaxes Where (Assign=True) And (Instance = " + std::to_string(s.mInstance) +
                                      ") Order By TaxID;");
@@ -231,21 +234,26 @@ bool CustomersTab::Save(ResumeNext& on, SaveState& state) {
   WriteFields(row);
   if (row.Going()) WriteTaxes(row, Assigned, TaxCount);
   Store(row, rsCustomers, "AcctNum", state);
-  if (!Assigned.IsNothing()) on([&] { Assigned->Close(); });
   return true;
 }
 
-/// True to go on. The address goes into the statement as it was typed: one with an apostrophe makes it fail, which is
-/// reported, and the save goes on without the question.
+/// True to go on.
 bool CustomersTab::AskAboutDuplicates(ResumeNext& on, const SaveState& state, std::int16_t& TaxCount) {
-  RecordsetRef Same;
+  const std::string Message = CountDuplicates(on, TaxCount);
+  return TaxCount == 0 || Ask(state.Title, Message);
+}
+
+/// The question about them. The address goes into the statement as it was typed: one with an apostrophe makes it fail, which is
+/// reported, and the save goes on without the question.
+std::string CustomersTab::CountDuplicates(ResumeNext& on, std::int16_t& Count) {
+  Opened Same;
   const bool opened = on([&] {
     Same = dbCustomer->OpenRecordset("Select AcctNum, FirstName, LastName From Customers Where (Addr1 = '" + s.txtAddr1.Text() +
                                      "') AND (Addr2 = '" + s.txtAddr2.Text() + "') AND (City = '" + s.txtCity.Text() + "') AND (State = '" +
                                      s.txtState.Text() + "');");
   });
   App().DoEvents();
-  if (!opened) return true;
+  if (!opened) return "";
 
   std::string Message;
   bool Records = false;
@@ -256,16 +264,15 @@ bool CustomersTab::AskAboutDuplicates(ResumeNext& on, const SaveState& state, st
     on([&] { LastName = TextOf(Same, "LastName"); });
     on([&] { FirstName = TextOf(Same, "FirstName"); });
     on([&] { Same->MoveLast(); });
-    on([&] { TaxCount = platform::CInt(Same->RecordCount()); });
+    on([&] { Count = platform::CInt(Same->RecordCount()); });
     Message = "The following Customer already exists with the same address:\r\r";
     Message += "  Account No " + AcctNum + "\r";
     Message += "  Last Name " + LastName + "\r";
     Message += "  First Name " + FirstName + "\r\r";
-    if (TaxCount > 1) Message += "There are also " + std::to_string(TaxCount - 1) + " customers with the same address.\r\r";
+    if (Count > 1) Message += "There are also " + std::to_string(Count - 1) + " customers with the same address.\r\r";
     Message += "Are you sure you want to add another customer with the same address?";
   }
-  on([&] { Same->Close(); });
-  return TaxCount == 0 || Ask(state.Title, Message);
+  return Message;
 }
 
 void CustomersTab::BeginAdd(RowWrite& row) {
@@ -280,22 +287,27 @@ void CustomersTab::BeginAdd(RowWrite& row) {
 
 bool CustomersTab::BeginCustomer(RowWrite& row, SaveState& state) {
   std::int32_t Acct = 0;
-  const Search search = Find(row.Reports(), rsCustomers, "ByAcct", [&] {
-    Acct = LongOf(Customer(), "AcctNum");
-    return Keys{Acct};
-  });
-  if (search == Search::Missing)
-    Refuse(state.Title, "The edited customer can no longer be found (Customer Account No. " + std::to_string(Acct) +
-                            ").  The customer changes made can not be saved!");
-  if (search != Search::Found) return false;
+  if (!row.Must([&] { Acct = LongOf(Customer(), "AcctNum"); }) || !StandOnCustomer(row, state, Acct)) return false;
   state.Position = "[AcctNum]=" + std::to_string(Acct);
-  if (!s.optLaborRate[2].Value()) AskAboutLaborRates(row.Reports(), state, Acct);
+  if (!s.optLaborRate[2].Value()) {
+    AskAboutLaborRates(row.Reports(), state, Acct);
+    // The question and the yields behind it may have moved the table.
+    if (!StandOnCustomer(row, state, Acct)) return false;
+  }
   row.Must([] { rsCustomers->Edit(); });
   return true;
 }
 
+bool CustomersTab::StandOnCustomer(RowWrite& row, const SaveState& state, std::int32_t Acct) {
+  const Search search = Find(row.Reports(), rsCustomers, "ByAcct", [Acct] { return Keys{Acct}; });
+  if (search == Search::Missing)
+    Refuse(state.Title, "The edited customer can no longer be found (Customer Account No. " + std::to_string(Acct) +
+                            ").  The customer changes made can not be saved!");
+  return search == Search::Found;
+}
+
 void CustomersTab::AskAboutLaborRates(ResumeNext& on, const SaveState& state, std::int32_t Acct) {
-  RecordsetRef Rates;
+  Opened Rates;
   const bool opened =
       on([&] { Rates = dbCustomer->OpenRecordset("Select * From CustLaborRates Where (AcctNum=" + std::to_string(Acct) + ");"); });
   App().DoEvents();
@@ -313,10 +325,9 @@ void CustomersTab::AskAboutLaborRates(ResumeNext& on, const SaveState& state, st
       on([&] { Rates->Delete(); });
       More = on([&] { Rates->MoveNext(); });
       App().DoEvents();
-      if (More) More = !Rates->Eof();
+      if (More) on([&] { More = !Rates->Eof(); });
     }
   }
-  on([&] { Rates->Close(); });
 }
 
 void CustomersTab::WriteFields(RowWrite& row) {
@@ -330,8 +341,7 @@ void CustomersTab::WriteFields(RowWrite& row) {
   write("Comments", s.txtComment.Text());
   write("TaxID", s.txtTaxID.Text());
   // Clearing the control keeps the old date.
-  if (platform::IsDate(s.txtExemptExpireDate.DisplayText()))
-    write("ExemptExpireDate", platform::CDate(s.txtExemptExpireDate.DisplayText()));
+  if (const auto expires = s.txtExemptExpireDate.Value()) write("ExemptExpireDate", *expires);
   write("AgeMethod", s.chkAgeMethod.Value() != 0);
   write("OmitFinanceCharge", s.chkOmitFinChg.Value() != 0);
   take("Creditlimit", [this] { return s.txtCreditLimit.Value(); });
@@ -348,7 +358,7 @@ void CustomersTab::WriteFields(RowWrite& row) {
 }
 
 /// The first four assigned taxes are kept, without a word about others. False when they could not be read.
-bool CustomersTab::ReadTaxes(ResumeNext& on, const RecordsetRef& Assigned, std::int16_t TaxCount, Taxes& taxes) const {
+bool CustomersTab::ReadTaxes(ResumeNext& on, const Opened& Assigned, std::int16_t TaxCount, Taxes& taxes) const {
   if (Assigned.IsNothing()) return false;
   bool More = false;
   if (!on([&] {
@@ -382,14 +392,11 @@ void CustomersTab::WriteTaxes(RowWrite& row, const RecordsetRef& Assigned, std::
 bool CustomersTab::MayDelete(ResumeNext& on, DeleteState& state) {
   std::string Acct;
   on([&] { Acct = std::to_string(LongOf(Rows(), "AcctNum")); });
-  RecordsetRef Transactions;
+  Opened Transactions;
   std::int32_t Count = 0;
   const bool opened = on([&] { Transactions = dbARTrans->OpenRecordset("Select * From Transactions Where (AcctNum = " + Acct + ");"); });
   App().DoEvents();
-  if (opened) {
-    on([&] { Count = Transactions->RecordCount(); });
-    on([&] { Transactions->Close(); });
-  }
+  if (opened) on([&] { Count = Transactions->RecordCount(); });
   if (Count > 0) {
     Refuse(state.Title,
            "Accounts Receivable Transactions exist for Customer Account No. " + Acct + " exist.  This Customer can not be deleted!");

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/application.h"
 #include "platform/controls/control_recordset.h"
 #include "platform/controls/data_control.h"
 #include "platform/controls/form.h"
@@ -92,7 +93,7 @@ std::string Grid::ShownText(int column, const Value& value) const {
   if (value.IsNull() || value.IsEmpty()) return "";
   for (const auto& [code, text] : shown.valueItems)
     if (CStr(code) == (value.Kind() == ValueKind::Boolean ? CStr(CInt(value)) : CStr(value))) return text;
-  return shown.numberFormat.empty() ? CStr(value) : Format(value, shown.numberFormat);
+  return shown.numberFormat.empty() ? CStr(value) : Format(value, shown.numberFormat, Owner().App().ThisYear());
 }
 
 void Grid::Splits(int count) noexcept { splits_ = std::clamp(count, 1, 2); }
@@ -130,8 +131,6 @@ void Grid::ListOpened() {
   pending_.clear();
   ++listNumber_;
   SelBookmarks.Replace({});
-  leftCol_[0] = 0;
-  if (splits_ > 1) leftCol_[1] = 0;
   Changed(Aspect::List);
 }
 

@@ -84,6 +84,7 @@ class Grid final : public Control {
 
   int SplitCount() const noexcept { return splits_; }
   void Splits(int count) noexcept;
+  /// The first column of a split that is in view; a list that is opened anew stays there.
   int LeftCol(int split) const;
   void LeftCol(int split, int column);
 

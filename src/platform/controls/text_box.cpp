@@ -7,6 +7,15 @@
 
 namespace platform {
 
+namespace {
+
+constexpr int kBackspace = 8;
+constexpr char32_t kEnter = 13;
+
+bool EndsLine(char32_t character) { return character == U'\r' || character == U'\n'; }
+
+}  // namespace
+
 TextBox::TextBox(Form& form, std::string name, int maxLength, std::string mask)
     : Control(form, std::move(name)), mask_(std::move(mask)), maxLength_(maxLength) {}
 
@@ -33,13 +42,38 @@ void TextBox::Locked(bool locked) {
 }
 
 void TextBox::Select(std::size_t start, std::size_t length) {
-  const std::size_t end = CharacterCount(text_);
-  selectionStart_ = std::min(start, end);
-  selectionLength_ = std::min(length, end - selectionStart_);
-  caret_ = selectionStart_ + selectionLength_;
+  const std::u32string text = ToCodePoints(text_);
+  const auto outside = [&](std::size_t place) {
+    place = std::min(place, text.size());
+    return place > 0 && LineEndAt(text, place - 1) == 2 ? place - 1 : place;
+  };
+  selectionStart_ = outside(start);
+  caret_ = outside(selectionStart_ + std::min(length, text.size() - selectionStart_));
+  selectionLength_ = caret_ - selectionStart_;
 }
 
-bool TextBox::Accepts(char32_t character) const { return character >= U' ' || (multiLine_ && (character == U'\r' || character == U'\n')); }
+std::size_t TextBox::LineEndAt(std::u32string_view text, std::size_t place) {
+  if (place >= text.size() || !EndsLine(text[place])) return 0;
+  return text[place] == U'\r' && place + 1 < text.size() && text[place + 1] == U'\n' ? 2 : 1;
+}
+
+std::size_t TextBox::LineEndBefore(std::u32string_view text, std::size_t place) {
+  if (place >= 2 && LineEndAt(text, place - 2) == 2) return 2;
+  return place >= 1 && EndsLine(text[place - 1]) ? 1 : 0;
+}
+
+bool TextBox::Accepts(char32_t character) const { return character >= U' '; }
+
+std::u32string TextBox::Taken(std::u32string_view text, std::string_view, std::string_view) const {
+  std::u32string taken;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t lineEnd = LineEndAt(text, at);
+    if (lineEnd > 0 && multiLine_) taken += U"\r\n";
+    if (lineEnd == 0 && Accepts(text[at])) taken += text[at];
+    at += std::max<std::size_t>(lineEnd, 1);
+  }
+  return taken;
+}
 
 void TextBox::Take(std::string text, std::size_t caret) {
   caret_ = caret;
@@ -60,44 +94,48 @@ bool TextBox::Edit(const MaskedText& after) {
   return changed;
 }
 
+bool TextBox::PutIn(std::u32string_view text) {
+  const std::size_t start = selectionLength_ > 0 ? selectionStart_ : caret_;
+  const std::string_view all = text_;
+  const std::u32string taken = Taken(text, all.substr(0, ByteOffset(all, start)), all.substr(ByteOffset(all, start + selectionLength_)));
+  if (taken.empty()) return false;
+  return Edit(MaskInsert(mask_, {text_, start}, selectionLength_, FromCodePoints(taken), static_cast<std::size_t>(maxLength_)));
+}
+
 bool TextBox::UserKey(char32_t character) {
   bool changed = false;
   Act([&] {
     int key = static_cast<int>(character);
     KeyPress.Fire(key);
     if (key == 0 || locked_) return;
-    const std::size_t start = selectionLength_ > 0 ? selectionStart_ : caret_;
-    const MaskedText before{text_, start};
-    if (key == 8) {
-      changed = Edit(MaskBackspace(before, selectionLength_));
+    if (key != kBackspace) {
+      const auto typed = static_cast<char32_t>(key);
+      changed = PutIn(std::u32string_view(&typed, 1));
       return;
     }
-    const auto typed = static_cast<char32_t>(key);
-    if (!Accepts(typed)) return;
-    const std::string one = FromCodePoints(std::u32string_view(&typed, 1));
-    changed = Edit(MaskInsert(mask_, before, selectionLength_, one, static_cast<std::size_t>(maxLength_)));
+    if (selectionLength_ == 0 && LineEndBefore(ToCodePoints(text_), caret_) == 2) Select(caret_ - 2, 2);
+    const std::size_t start = selectionLength_ > 0 ? selectionStart_ : caret_;
+    changed = Edit(MaskBackspace({text_, start}, selectionLength_));
   });
   return changed;
 }
 
 void TextBox::UserType(std::string_view text) {
-  for (const char32_t character : ToCodePoints(text)) UserKey(character);
+  const std::u32string characters = ToCodePoints(text);
+  for (std::size_t at = 0; at < characters.size(); at += std::max<std::size_t>(LineEndAt(characters, at), 1))
+    UserKey(EndsLine(characters[at]) ? kEnter : characters[at]);
 }
 
 void TextBox::UserPaste(std::string_view text) {
   Act([&] {
-    if (locked_) return;
-    std::u32string accepted;
-    for (const char32_t character : ToCodePoints(NormaliseLossy(text)))
-      if (Accepts(character)) accepted += character;
-    const std::size_t start = selectionLength_ > 0 ? selectionStart_ : caret_;
-    Edit(MaskInsert(mask_, {text_, start}, selectionLength_, FromCodePoints(accepted), static_cast<std::size_t>(maxLength_)));
+    if (!locked_) PutIn(ToCodePoints(NormaliseLossy(text)));
   });
 }
 
 void TextBox::UserDelete() {
   Act([&] {
     if (locked_) return;
+    if (selectionLength_ == 0 && LineEndAt(ToCodePoints(text_), caret_) == 2) Select(caret_, 2);
     const std::size_t start = selectionLength_ > 0 ? selectionStart_ : caret_;
     Edit(MaskDelete({text_, start}, selectionLength_));
   });
@@ -106,7 +144,8 @@ void TextBox::UserDelete() {
 void TextBox::UserReplaceAll(std::string_view text, std::size_t caret) {
   Act([&] {
     if (locked_) return;
-    MaskedText after = MaskInsert(mask_, {"", 0}, 0, NormaliseLossy(text), static_cast<std::size_t>(maxLength_));
+    const std::string taken = FromCodePoints(Taken(ToCodePoints(NormaliseLossy(text)), {}, {}));
+    MaskedText after = MaskInsert(mask_, {"", 0}, 0, taken, static_cast<std::size_t>(maxLength_));
     after.caret = std::min(caret, CharacterCount(after.raw));
     Edit(after);
   });

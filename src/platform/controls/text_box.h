@@ -12,6 +12,9 @@ namespace platform {
 
 /// A text edit. Assignments and the user's accepted changes fire Change when the text really changes; each key of the user
 /// fires KeyPress first (setting the key to 0 drops it).
+///
+/// In an edit of several lines every line end that the user makes, by key or by paste, is carriage return and line feed. It is
+/// two characters of the text and one for caret, Backspace and Delete.
 class TextBox : public Control {
  public:
   TextBox(Form& form, std::string name, int maxLength = 0, std::string mask = "");
@@ -39,6 +42,7 @@ class TextBox : public Control {
   std::size_t Caret() const noexcept { return caret_; }
   std::size_t SelectionStart() const noexcept { return selectionStart_; }
   std::size_t SelectionLength() const noexcept { return selectionLength_; }
+  /// A place inside a line end stands for the one before it.
   void Select(std::size_t start, std::size_t length);
 
   Event<> Change;
@@ -46,22 +50,29 @@ class TextBox : public Control {
 
   /// One character key (13 is Enter, 8 is Backspace, 27 is Escape). Returns whether the text changed.
   bool UserKey(char32_t character);
-  /// A run of characters, as a user types them, each with its KeyPress.
+  /// A run of characters, as a user types them, each with its KeyPress; a line end of two characters is one key.
   void UserType(std::string_view text);
   /// Text from the clipboard or an input method, put in at once over the selection.
   void UserPaste(std::string_view text);
   void UserDelete();
-  /// The whole text was replaced in one go by a widget's own editing (cut, undo); passes the mask.
+  /// The whole text was replaced in one go by a widget's own editing (cut, undo); passes as a paste does.
   void UserReplaceAll(std::string_view text, std::size_t caret);
 
  protected:
   /// Which characters the edit takes beyond its mask.
   virtual bool Accepts(char32_t character) const;
+  /// What the edit takes of a text that is put in between `front` and `back`, in its own form.
+  virtual std::u32string Taken(std::u32string_view text, std::string_view front, std::string_view back) const;
   /// Stores and tells; fires Change when the text differs.
   virtual void Take(std::string text, std::size_t caret);
 
  private:
   bool Edit(const MaskedText& after);
+  /// Puts in what is taken of the text, over the selection. Returns whether the text changed.
+  bool PutIn(std::u32string_view text);
+  /// Characters of the line end that stands behind (before) that place: 2, 1, or 0 when there is none.
+  static std::size_t LineEndAt(std::u32string_view text, std::size_t place);
+  static std::size_t LineEndBefore(std::u32string_view text, std::size_t place);
   std::string text_;
   std::string mask_;
   int maxLength_ = 0;
@@ -72,10 +83,13 @@ class TextBox : public Control {
   std::size_t selectionLength_ = 0;
 };
 
-/// A number edit: Value follows the text, an empty (or unfinished) text has the value 0.
+/// A number edit. The user can enter one sign in front, a currency sign, digits with thousands marks, and one decimal point;
+/// parentheses, and a sign behind a pasted figure, become the minus in front. Value is the number at the text's start (Val), the
+/// currency sign and the thousands marks left out: 0 for an empty or unfinished text.
 class NumberEdit : public TextBox {
  public:
   NumberEdit(Form& form, std::string name, int decimals = 4);
+  /// Raises 6 for a number that no field can take.
   double Value() const;
   /// Change when the text really changes.
   void Value(double value);
@@ -84,7 +98,11 @@ class NumberEdit : public TextBox {
   bool IsNumberEdit() const override { return true; }
 
  protected:
-  bool Accepts(char32_t character) const override;
+  std::u32string Taken(std::u32string_view text, std::string_view front, std::string_view back) const override;
+  /// The number that the text begins with, "" when there is none.
+  std::string Figure() const;
+
+ private:
   int decimals_;
 };
 
@@ -92,6 +110,7 @@ class NumberEdit : public TextBox {
 class CurrencyEdit final : public NumberEdit {
  public:
   CurrencyEdit(Form& form, std::string name);
+  /// Raises 6 for an amount that no field can take.
   Currency Value() const;
   void Value(Currency value);
   std::string DisplayText() const override;

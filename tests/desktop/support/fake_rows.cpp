@@ -51,6 +51,7 @@ class FakeWindow final : public RowWindow {
       rows.push_back(std::move(made));
     }
     table_.rowsFetched += static_cast<std::int64_t>(rows.size());
+    table_.mostRowsAtOnce = std::max(table_.mostRowsAtOnce, static_cast<std::int64_t>(rows.size()));
     return rows;
   }
   FakeTable& table_;

@@ -26,6 +26,7 @@ struct FakeTable {
 
   int fetches = 0;
   std::int64_t rowsFetched = 0;
+  std::int64_t mostRowsAtOnce = 0;
   int updates = 0;
 };
 

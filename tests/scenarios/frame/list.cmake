@@ -36,6 +36,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/phone-not-on-other-tabs
   frame/phone-not-wanted
   frame/printer-setup
+  frame/records-are-tested-after-the-yield
   frame/refresh
   frame/screen-goes-while-it-works
   frame/start

@@ -25,6 +25,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   lists/order-without-customers
   lists/pending-row-is-written-when-the-list-is-left
   lists/scrolled-sideways
+  lists/scrolled-sideways-on-every-tab
   lists/statements-of-the-tabs
   lists/text-order
   lists/texts-of-other-scripts

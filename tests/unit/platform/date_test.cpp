@@ -97,6 +97,19 @@ TEST(IsDate, TwoPartsAreOfThisYear) {
   EXPECT_FALSE(Serial("13/32"));
 }
 
+TEST(IsDate, WithoutAYearToBelongToTwoPartsAreNoDate) {
+  for (const char* text : {"1/2", "31/1", "Jan 5", "5 Jan", "1/2 6:00"}) {
+    EXPECT_FALSE(ParseDate(text, 0)) << text;
+    EXPECT_FALSE(IsDate(text)) << text;
+    EXPECT_TRUE(IsDate(text, 2001)) << text;
+    EXPECT_THROW(CDate(text), Error) << text;
+  }
+  EXPECT_TRUE(ParseDate("1/1999", 0));
+  EXPECT_TRUE(ParseDate("6:00", 0));
+  EXPECT_FALSE(IsDate("2/29", 2031));
+  EXPECT_TRUE(IsDate("2/29", 2028));
+}
+
 TEST(IsDate, TakesTimes) {
   EXPECT_EQ(Serial("00:00 pm"), 0.5);
   EXPECT_EQ(Serial("6:00"), 0.25);
@@ -107,6 +120,7 @@ TEST(IsDate, TakesTimes) {
   EXPECT_FALSE(Serial("12:60"));
   EXPECT_FALSE(Serial("12:00:60"));
   EXPECT_FALSE(Serial("13:00 AM"));
+  EXPECT_FALSE(Serial("13:00 PM"));
   EXPECT_FALSE(Serial("12:"));
   EXPECT_FALSE(Serial("1:2:3:4"));
 }

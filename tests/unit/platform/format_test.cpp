@@ -160,5 +160,11 @@ TEST(Format, LowerAndUpperCase) {
   EXPECT_EQ(Format("\u00E9a", ">@-@"), "\u00C9-A");
 }
 
+TEST(Format, ADateWithoutAYearIsOfTheYearGiven) {
+  EXPECT_EQ(Format("7/4", "Short Date", 2031), "7/4/2031");
+  EXPECT_EQ(Format("7/4", "General Date", 2031), "7/4/2031");
+  EXPECT_EQ(Format("7/4", "Short Date"), "7/4");
+}
+
 }  // namespace
 }  // namespace platform

@@ -35,7 +35,7 @@ class TableBulkWriter final : public BulkWriter {
 
   void Add(std::span<const platform::Value> row) override {
     assert(row.size() == fields_.size());
-    for (std::size_t i = 0; i < row.size(); ++i) insert_->Bind(static_cast<int>(i) + 1, ConvertForField(*fields_[i], row[i]));
+    for (std::size_t i = 0; i < row.size(); ++i) insert_->Bind(static_cast<int>(i) + 1, ConvertForField(connection_, *fields_[i], row[i]));
     insert_->Run();
     insert_->Again();
   }

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "engine/errors.h"
+#include "engine/store/sqlite/connection.h"
 #include "platform/convert.h"
 #include "platform/text.h"
 
@@ -24,15 +25,15 @@ Value ToByte(const Value& value) {
   return static_cast<std::uint8_t>(number);
 }
 
-Value ToDate(const Value& value) {
-  const platform::Date date = platform::CDate(value);
+Value ToDate(const Connection& connection, const Value& value) {
+  const platform::Date date = platform::CDate(value, value.IsText() ? connection.ThisYear() : 0);
   if (!(date.serial >= firstDate && date.serial < afterLastDate)) throw errors::DataConversion();
   return date;
 }
 
 Value ToText(const Value& value) { return value.IsText() ? value : Value(platform::CStr(value)); }
 
-Value Convert(FieldType type, const Value& value) {
+Value Convert(const Connection& connection, FieldType type, const Value& value) {
   switch (type) {
     case FieldType::Boolean:
       return platform::CBool(value);
@@ -48,7 +49,7 @@ Value Convert(FieldType type, const Value& value) {
     case FieldType::Double:
       return platform::CDbl(value);
     case FieldType::Date:
-      return ToDate(value);
+      return ToDate(connection, value);
     case FieldType::Text:
     case FieldType::Memo:
       return ToText(value);
@@ -82,13 +83,13 @@ bool HasTypeAlready(FieldType type, ValueKind kind) {
 
 }  // namespace
 
-Value ConvertForField(const platform::FieldDefinition& field, const Value& value) {
+Value ConvertForField(const Connection& connection, const platform::FieldDefinition& field, const Value& value) {
   // A variable that never held anything leaves nothing behind.
   if (value.IsNull() || value.IsEmpty()) return platform::Null;
   Value converted = value;
   if (!HasTypeAlready(field.type, value.Kind())) {
     try {
-      converted = Convert(field.type, value);
+      converted = Convert(connection, field.type, value);
     } catch (const platform::Error&) {
       throw errors::DataConversion();
     }

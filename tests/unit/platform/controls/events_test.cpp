@@ -1,3 +1,4 @@
+#include "platform/convert.h"
 #include "platform/error.h"
 #include "unit/platform/controls/screen_fixture.h"
 
@@ -72,6 +73,11 @@ TEST_F(Events, DateEdits) {
   EXPECT_EQ(date.Text(), "2/3/2025") << "the slashes are a part of the text";
   ASSERT_TRUE(date.Value());
   EXPECT_EQ(date.Value()->serial, 45691);
+  app->System().SetToday(platform::DateSerial(2031, 6, 15));
+  date.Text("7/4");
+  EXPECT_EQ(date.Value(), platform::DateSerial(2031, 7, 4)) << "of the program's year";
+  date.Value("7/5");
+  EXPECT_EQ(date.Text(), "7/5/2031");
   date.Text("");
   EXPECT_FALSE(date.Value());
   try {

@@ -1,0 +1,30 @@
+#include "desktop/display_probe.h"
+
+#include <sys/resource.h>
+
+#include <QGuiApplication>
+#include <cstdio>
+#include <string_view>
+
+namespace {
+
+/// The reason alone: what follows it is advice for whoever starts a program from a shell.
+void Say(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  const bool ofThePlatform = context.category != nullptr && std::string_view(context.category).starts_with("qt.qpa");
+  if (!ofThePlatform && type != QtCriticalMsg && type != QtFatalMsg) return;
+  std::fputs((text.section('\n', 0, 0) + '\n').toUtf8().constData(), stdout);
+  std::fflush(stdout);
+}
+
+}  // namespace
+
+/// Opens the display that the environment and the words name, says so and ends; or says why not and ends somehow.
+int main(int count, char** words) {
+  const rlimit noDump{0, 0};
+  ::setrlimit(RLIMIT_CORE, &noDump);
+  qInstallMessageHandler(Say);
+  const QGuiApplication opened(count, words);
+  std::fputs(desktop::kProbeOpened, stdout);
+  std::fflush(stdout);
+  return 0;
+}

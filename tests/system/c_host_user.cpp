@@ -37,7 +37,14 @@ class User {
   }
 
   void TryWhatIsRefused() {
+    orcussch_options options{};
+    orcussch_handle* other = handle_;
+    int32_t number = 0;
+    char text[10];
+    refusals_ += orcussch_create(&options, &other) == ORCUSSCH_BUSY && other == nullptr ? 1 : 0;
     refusals_ += orcussch_set_number(handle_, "UserID", 99) == ORCUSSCH_BUSY ? 1 : 0;
+    refusals_ += orcussch_get_number(handle_, "UserID", &number) == ORCUSSCH_BUSY ? 1 : 0;
+    refusals_ += orcussch_get_text(handle_, "UserID", text, sizeof text, nullptr) == ORCUSSCH_BUSY ? 1 : 0;
     refusals_ += orcussch_show_user(handle_) == ORCUSSCH_BUSY ? 1 : 0;
     refusals_ += orcussch_release(handle_) == ORCUSSCH_BUSY ? 1 : 0;
   }
@@ -53,6 +60,14 @@ class User {
 std::unique_ptr<User> user;
 int refusals = 0;
 
+struct HostApplication {
+  int count = 1;
+  char name[5] = "host";
+  char* words[2] = {name, nullptr};
+  QApplication application{count, words};
+};
+std::unique_ptr<HostApplication> hostApplication;
+
 }  // namespace
 
 void user_begins(orcussch_handle* handle, user_task task) { user = std::make_unique<User>(handle, task); }
@@ -65,3 +80,7 @@ int user_ends() {
 }
 
 int user_refusals() { return refusals; }
+
+void host_application_begins() { hostApplication = std::make_unique<HostApplication>(); }
+
+void host_application_ends() { hostApplication.reset(); }

@@ -14,8 +14,12 @@ typedef enum user_task { USER_READS_BOXES, USER_SELECTS, USER_EXITS } user_task;
 void user_begins(orcussch_handle* handle, user_task task);
 /* Ends that; how many message boxes there were. */
 int user_ends(void);
-/* Calls that were refused as busy while the screen was up: a let, a second show_user, a release. */
+/* Calls that were refused as busy while the screen was up: a creation, a let, two gets, a second show_user, a release. */
 int user_refusals(void);
+
+/* An application object of the host's own. */
+void host_application_begins(void);
+void host_application_ends(void);
 
 #ifdef __cplusplus
 }

@@ -8,10 +8,15 @@
 
 namespace {
 
-/// The reason alone: what follows it is advice for whoever starts a program from a shell.
+bool said = false;
+
+/// The reason alone: what the toolkit says at its very end is advice for whoever starts a program from a shell, and of use only
+/// when nothing was said before.
 void Say(QtMsgType type, const QMessageLogContext& context, const QString& text) {
   const bool ofThePlatform = context.category != nullptr && std::string_view(context.category).starts_with("qt.qpa");
   if (!ofThePlatform && type != QtCriticalMsg && type != QtFatalMsg) return;
+  if (type == QtFatalMsg && said) return;
+  said = true;
   std::fputs((text.section('\n', 0, 0) + '\n').toUtf8().constData(), stdout);
   std::fflush(stdout);
 }

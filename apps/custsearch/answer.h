@@ -10,7 +10,7 @@ namespace custsearch {
 
 /// What the host reads when the screen is closed.
 struct Answer {
-  std::int32_t customer = 0;                                ///< the account number, 0 when nobody was chosen
+  std::int32_t customer = 0;                               ///< the account number, 0 when nobody was chosen
   std::vector<std::pair<std::string, std::string>> texts;  ///< the customer's, by property, in their order
 };
 

@@ -50,8 +50,8 @@ orcussch_result Refuse(orcussch_result result, std::string_view why) noexcept {
   lastError[length] = '\0';
   if (!platform::IsValidUtf8({lastError.data(), length}))
     std::replace_if(
-        lastError.begin(), lastError.begin() + static_cast<std::ptrdiff_t>(length), [](char c) { return static_cast<unsigned char>(c) >= 0x80; },
-        '?');
+        lastError.begin(), lastError.begin() + static_cast<std::ptrdiff_t>(length),
+        [](char c) { return static_cast<unsigned char>(c) >= 0x80; }, '?');
   return result;
 }
 

@@ -62,7 +62,8 @@ DefaultApplicationOptions ReadOptions(const orcussch_options& given) {
   for (const char* const* drive = options.drives; drive && *drive; ++drive) read.places.drives.push_back(Text(*drive, "a drive"));
   if (!read.places.drives.empty() && read.places.localFolder) throw OptionError("with drives, drive C is the local folder");
 
-  if (!options.settings_folder || *options.settings_folder) read.settingsFolder = File(options.settings_folder, "the settings' folder", state);
+  if (!options.settings_folder || *options.settings_folder)
+    read.settingsFolder = File(options.settings_folder, "the settings' folder", state);
   read.title = options.title ? *platform::Normalise(Text(options.title, "the title")) : std::string();
   if (read.title.empty()) read.title = "ORCusSch";
   read.errorLog = File(options.log_file, "the log's name", state + "orcussch-errors.log");

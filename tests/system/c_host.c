@@ -209,6 +209,15 @@ static void the_user_selects(orcussch_handle* handle) {
   EXPECT(strcmp(text_of(handle, "CustomerLastName"), "") == 0);
 }
 
+/* What the host's own code raises while the screen is up comes back as a code, and the next screen is whole. */
+static void the_host_throws(orcussch_handle* handle) {
+  user_begins(handle, USER_THROWS);
+  EXPECT(orcussch_show_user(handle) == ORCUSSCH_FAILED);
+  EXPECT(strcmp(orcussch_last_error(), "raised by the host's timer") == 0);
+  user_ends();
+  the_user_selects(handle);
+}
+
 static void a_released_handle_is_no_handle(orcussch_handle* handle) {
   int32_t number = 0;
   EXPECT(orcussch_release(handle) == ORCUSSCH_INVALID_HANDLE);
@@ -292,6 +301,7 @@ int main(int count, char** words) {
   EXPECT(strcmp(text_of(handle, "UserID"), "0") == 0);
   EXPECT(orcussch_set_number(handle, "UserID", 1) == ORCUSSCH_OK);
   the_user_selects(handle);
+  the_host_throws(handle);
   EXPECT(orcussch_release(handle) == ORCUSSCH_OK);
   a_released_handle_is_no_handle(handle);
   the_hosts_application_object(words[1], words[2]);

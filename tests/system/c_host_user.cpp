@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QTimer>
 #include <memory>
+#include <stdexcept>
 
 namespace {
 
@@ -27,9 +28,10 @@ class User {
     if (task_ == USER_READS_BOXES || done_) return;
     for (QWidget* window : QApplication::topLevelWidgets()) {
       if (!window->isVisible()) continue;
-      auto* action = window->findChild<QAction*>(task_ == USER_SELECTS ? "tb_Select" : "miExit");
+      auto* action = window->findChild<QAction*>(task_ == USER_EXITS ? "miExit" : "tb_Select");
       if (action == nullptr || !action->isEnabled()) continue;
       done_ = true;
+      if (task_ == USER_THROWS) throw std::runtime_error("raised by the host's timer");
       TryWhatIsRefused();
       action->trigger();
       return;

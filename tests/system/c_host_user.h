@@ -8,7 +8,7 @@
 extern "C" {
 #endif
 
-typedef enum user_task { USER_READS_BOXES, USER_SELECTS, USER_EXITS } user_task;
+typedef enum user_task { USER_READS_BOXES, USER_SELECTS, USER_EXITS, USER_THROWS } user_task;
 
 /* From here on, while a call of the library shows windows, the user does the task; message boxes are read and closed. */
 void user_begins(orcussch_handle* handle, user_task task);

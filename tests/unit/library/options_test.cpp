@@ -114,8 +114,9 @@ TEST_F(OptionsTest, MissingFoldersAreTold) {
 TEST_F(OptionsTest, TextsAreUtf8) {
   const std::string path = folder.Path();
   const char* const drives[] = {"C=\xFF", nullptr};
-  for (const char* orcussch_options::*text : {&orcussch_options::library_folder, &orcussch_options::local_folder, &orcussch_options::settings_folder,
-                                              &orcussch_options::title, &orcussch_options::log_file, &orcussch_options::support_log}) {
+  for (const char* orcussch_options::*text :
+       {&orcussch_options::library_folder, &orcussch_options::local_folder, &orcussch_options::settings_folder, &orcussch_options::title,
+        &orcussch_options::log_file, &orcussch_options::support_log}) {
     orcussch_options options = Options();
     options.*text = "a\xC3";
     EXPECT_EQ(CreateWith(options), ORCUSSCH_INVALID_ARGUMENT);

@@ -73,14 +73,19 @@ TEST(Options, WhatDoesNotGoTogether) {
 }
 
 Answer Found() {
-  return {17, {{"CustomerLastName", "O'Brien \"Bob\""}, {"CustomerAddr1", "1 Main St\r\nBack"}, {"CustomerCity", "M\xC3\xBCnchen"}, {"CustomerZip", "a\\b"}}};
+  return {17,
+          {{"CustomerLastName", "O'Brien \"Bob\""},
+           {"CustomerAddr1", "1 Main St\r\nBack"},
+           {"CustomerCity", "M\xC3\xBCnchen"},
+           {"CustomerZip", "a\\b"}}};
 }
 
 TEST(AnswerTest, OneLineEach) {
   std::ostringstream out;
   PrintAnswer(Found(), out);
-  EXPECT_EQ(out.str(),
-            "Customer=17\nCustomerLastName=O'Brien \"Bob\"\nCustomerAddr1=1 Main St  Back\nCustomerCity=M\xC3\xBCnchen\nCustomerZip=a\\b\n");
+  EXPECT_EQ(
+      out.str(),
+      "Customer=17\nCustomerLastName=O'Brien \"Bob\"\nCustomerAddr1=1 Main St  Back\nCustomerCity=M\xC3\xBCnchen\nCustomerZip=a\\b\n");
 }
 
 TEST(AnswerTest, AsJson) {

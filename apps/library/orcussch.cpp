@@ -8,6 +8,7 @@
 #include "library/windows.h"
 #include "platform/convert.h"
 #include "platform/text.h"
+#include "session/failures.h"
 
 using library::Enter;
 using library::Entry;
@@ -54,7 +55,9 @@ orcussch_result Let(library::Session& session, const char* property, const platf
   if (!Fits(property, value)) return Refuse(ORCUSSCH_INVALID_ARGUMENT, std::string("the value does not fit ") + property);
   if (session.makeTemporaryFile && platform::EqualsNoCase(property, "CompanyID"))
     library::MakeTemporaryFile(session.application->System(), User(session));
+  const int lackedBefore = orcussch::gMemoryLacked;
   session.object->Let(property, value);
+  if (orcussch::gMemoryLacked != lackedBefore) return Refuse(ORCUSSCH_FAILED, "out of memory");
   return ORCUSSCH_OK;
 }
 

@@ -15,8 +15,14 @@ namespace orcussch {
 /// Reports the pending error under a procedure's literal: one log record, one box.
 void ReportFailure(const platform::Error& error, const std::string& literal, bool terminate);
 
+/// How often memory lacked: the user is told each time, and the host, who can do something about it, at the end of its let.
+inline int gMemoryLacked = 0;
+
 /// The lack of memory is a failure of the statement that needed it, like any other.
-inline platform::Error OutOfMemory() { return {7, "Out of memory"}; }
+inline platform::Error OutOfMemory() {
+  ++gMemoryLacked;
+  return {7, "Out of memory"};
+}
 
 /// Runs a procedure's body; a failure is reported under the literal and ends the body. Returns whether it ran to its end.
 template <class Body>

@@ -18,8 +18,16 @@ struct DesktopOptions {
 };
 
 /// The front end that shows every screen as a window. Makes the toolkit's application object when the host has none; must be
-/// called, used and destroyed on the host's main thread (error 5 with a description otherwise, or when there is no display).
+/// called, used and destroyed on the host's main thread (error 5 with a description otherwise, or when there is no display that
+/// can be opened). A host's own application object must outlive the front end; when it does not, CanShow tells.
 std::unique_ptr<platform::FrontEnd> MakeFrontEnd(const DesktopOptions& options);
+
+/// From here on the settings of that user are kept, in the folder of the options. For front ends from MakeFrontEnd, while no
+/// screen is loaded; others are left alone.
+void KeepSettingsOf(platform::FrontEnd& frontEnd, const std::string& user);
+
+/// Whether the application object with which the front end was made is there still. True for others than MakeFrontEnd's.
+bool CanShow(const platform::FrontEnd& frontEnd);
 
 /// Hands that send real key and mouse events to the windows of `frontEnd`, which must come from MakeFrontEnd and outlive them.
 std::unique_ptr<platform::UserHands> MakeHands(platform::FrontEnd& frontEnd);

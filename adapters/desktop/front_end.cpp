@@ -19,7 +19,9 @@ constexpr int kPaintingPauseMs = 16;
 }
 
 DesktopFrontEnd::DesktopFrontEnd(const DesktopOptions& options)
-    : toolkit_(options.offscreenIfNoDisplay), services_(std::make_unique<Services>(options.settingsFolder, options.user)) {
+    : toolkit_(options.offscreenIfNoDisplay),
+      settingsFolder_(options.settingsFolder),
+      services_(std::make_unique<Services>(options.settingsFolder, options.user)) {
   LoadResources();
   if (toolkit_.Own()) theme::Install(theme::WantsDark(options.colorScheme));
   designs_ = LibraryDesigns();
@@ -39,6 +41,10 @@ DesktopFrontEnd::~DesktopFrontEnd() {
   for (const auto& [form, window] : windows_) window->Drop();
   windows_.clear();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void DesktopFrontEnd::KeepSettingsOf(const std::string& user) {
+  if (windows_.empty()) services_->Kept() = Settings(settingsFolder_, user);
 }
 
 void DesktopFrontEnd::AddDesign(FormDesign design) { designs_.push_back(std::move(design)); }
@@ -101,12 +107,12 @@ void DesktopFrontEnd::RunModal(platform::Form&, const std::function<bool()>& don
 }
 
 void DesktopFrontEnd::DoEvents() {
-  if (services_->PaintingOnly()) return;
+  if (services_->PaintingOnly() || !CanShow()) return;
   QCoreApplication::processEvents(QEventLoop::AllEvents);
 }
 
 void DesktopFrontEnd::ServePainting() {
-  if (services_->PaintingOnly() || lastPainting_.elapsed() < kPaintingPauseMs) return;
+  if (services_->PaintingOnly() || !CanShow() || lastPainting_.elapsed() < kPaintingPauseMs) return;
   const Services::Painting painting(*services_);
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
   lastPainting_.restart();
@@ -120,6 +126,7 @@ QWidget* DesktopFrontEnd::BoxParent() const {
 }
 
 int DesktopFrontEnd::MessageBox(const std::string& text, int style, const std::string& title) {
+  if (!CanShow()) return (style & 0xF) == platform::box::YesNo ? platform::box::No : platform::box::Ok;
   const bool wait = hourglass_;
   if (wait) QApplication::setOverrideCursor(Qt::ArrowCursor);
   const int answer = RunMessageBox(text, style, title, BoxParent());
@@ -152,5 +159,14 @@ void DesktopFrontEnd::Changed(platform::Form& form, platform::Control* control, 
 }
 
 std::unique_ptr<platform::FrontEnd> MakeFrontEnd(const DesktopOptions& options) { return std::make_unique<DesktopFrontEnd>(options); }
+
+void KeepSettingsOf(platform::FrontEnd& frontEnd, const std::string& user) {
+  if (auto* windows = dynamic_cast<DesktopFrontEnd*>(&frontEnd)) windows->KeepSettingsOf(user);
+}
+
+bool CanShow(const platform::FrontEnd& frontEnd) {
+  const auto* windows = dynamic_cast<const DesktopFrontEnd*>(&frontEnd);
+  return windows == nullptr || windows->CanShow();
+}
 
 }  // namespace desktop

@@ -28,6 +28,9 @@ class DesktopFrontEnd final : public platform::FrontEnd {
   /// The window of a loaded screen; nullptr if it has none.
   FormWindow* WindowOf(const platform::Form& form) const;
   Services& Shared() noexcept { return *services_; }
+  /// See desktop.h.
+  void KeepSettingsOf(const std::string& user);
+  bool CanShow() const noexcept { return toolkit_.Lives(); }
   /// The window that a message box belongs to now; nullptr while no screen is up.
   QWidget* BoxParent() const;
 
@@ -53,6 +56,7 @@ class DesktopFrontEnd final : public platform::FrontEnd {
   bool AnyScreenBusy() const;
 
   ToolkitApplication toolkit_;
+  std::string settingsFolder_;
   std::unique_ptr<Services> services_;
   std::vector<FormDesign> designs_;
   std::map<const platform::Form*, WindowPointer> windows_;

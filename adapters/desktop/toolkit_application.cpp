@@ -2,6 +2,7 @@
 
 #include <QThread>
 
+#include "desktop/display.h"
 #include "platform/error.h"
 
 #ifdef __linux__
@@ -24,15 +25,6 @@ bool OnMainThread() {
 #endif
 }
 
-bool DisplayIsThere() {
-#if defined(__unix__) && !defined(__APPLE__)
-  return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY") ||
-         !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-#else
-  return true;
-#endif
-}
-
 }  // namespace
 
 ToolkitApplication::ToolkitApplication(bool offscreenIfNoDisplay) {
@@ -40,17 +32,21 @@ ToolkitApplication::ToolkitApplication(bool offscreenIfNoDisplay) {
   if (QCoreApplication::instance() != nullptr) {
     if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
       throw platform::Error(kInvalidCall, "The host's application object can't show windows.");
+    used_ = QCoreApplication::instance();
     return;
   }
   words_ = {"orcussch"};
-  if (!DisplayIsThere()) {
+  if (!DisplayIsNamed()) {
     if (!offscreenIfNoDisplay) throw platform::Error(kInvalidCall, "There is no display to show the screens on.");
     words_.insert(words_.end(), {"-platform", "offscreen"});
   }
+  if (const std::string why = WhyNoDisplay(words_); !why.empty())
+    throw platform::Error(kInvalidCall, "The display to show the screens on can't be opened: " + why);
   for (std::string& word : words_) arguments_.push_back(word.data());
   arguments_.push_back(nullptr);
   argumentCount_ = static_cast<int>(words_.size());
   own_ = std::make_unique<QApplication>(argumentCount_, arguments_.data());
+  used_ = own_.get();
   QApplication::setQuitOnLastWindowClosed(false);
 }
 

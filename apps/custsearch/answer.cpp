@@ -1,14 +1,7 @@
 #include "custsearch/answer.h"
 
-#include <string>
-
-#include "platform/convert.h"
-
 namespace custsearch {
 namespace {
-
-constexpr const char* kProperties[] = {"Customer",      "CustomerLastName", "CustomerFirstName", "CustomerTitle", "CustomerAddr1",
-                                       "CustomerAddr2", "CustomerCity",     "CustomerState",     "CustomerZip"};
 
 bool IsControl(char c) { return static_cast<unsigned char>(c) < 0x20; }
 
@@ -38,18 +31,20 @@ std::string JsonText(const std::string& text) {
 
 }  // namespace
 
-void PrintAnswer(const orcussch::CustSearch& host, std::ostream& out) {
-  for (const char* property : kProperties) out << property << '=' << OneLine(platform::CStr(host.Get(property))) << '\n';
+const std::vector<std::string>& AnswerTexts() {
+  static const std::vector<std::string> properties = {"CustomerLastName", "CustomerFirstName", "CustomerTitle", "CustomerAddr1",
+                                                      "CustomerAddr2",    "CustomerCity",      "CustomerState", "CustomerZip"};
+  return properties;
 }
 
-void PrintAnswerAsJson(const orcussch::CustSearch& host, std::ostream& out) {
-  out << '{';
-  bool first = true;
-  for (const char* property : kProperties) {
-    const platform::Value value = host.Get(property);
-    out << (first ? "" : ",") << JsonText(property) << ':' << (value.IsText() ? JsonText(platform::CStr(value)) : platform::CStr(value));
-    first = false;
-  }
+void PrintAnswer(const Answer& answer, std::ostream& out) {
+  out << "Customer=" << answer.customer << '\n';
+  for (const auto& [property, text] : answer.texts) out << property << '=' << OneLine(text) << '\n';
+}
+
+void PrintAnswerAsJson(const Answer& answer, std::ostream& out) {
+  out << "{\"Customer\":" << answer.customer;
+  for (const auto& [property, text] : answer.texts) out << ',' << JsonText(property) << ':' << JsonText(text);
   out << "}\n";
 }
 

@@ -7,7 +7,7 @@
 
 #include "custsearch/options.h"
 #include "custsearch/tasks.h"
-#include "platform/error.h"
+#include "library/places.h"
 
 namespace {
 
@@ -26,6 +26,11 @@ int Run(const custsearch::Options& options, const std::string& program) {
   }
 }
 
+int WrongUsage(const char* why) {
+  std::cerr << "custsearch: " << why << "\n\"custsearch --help\" tells how it is used.\n";
+  return custsearch::kWrongUsage;
+}
+
 }  // namespace
 
 int main(int count, char** words) {
@@ -36,11 +41,9 @@ int main(int count, char** words) {
   try {
     return Run(custsearch::ParseOptions({words + 1, words + count}), words[0]);
   } catch (const custsearch::UsageError& error) {
-    std::cerr << "custsearch: " << error.what() << "\n\"custsearch --help\" tells how it is used.\n";
-    return custsearch::kWrongUsage;
-  } catch (const platform::Error& error) {
-    std::cerr << "custsearch: " << error.Description() << '\n';
-    return custsearch::kFailed;
+    return WrongUsage(error.what());
+  } catch (const library::OptionError& error) {
+    return WrongUsage(error.what());
   } catch (const std::exception& error) {
     std::cerr << "custsearch: " << error.what() << '\n';
     return custsearch::kFailed;

@@ -103,6 +103,8 @@ void CheckTogether(const Options& options, bool frontGiven) {
       throw UsageError(std::string("option ") + useless + " has no meaning with --scenario, whose host commands say it");
   } else if (frontGiven && options.task == Task::Work) {
     throw UsageError("option --front is for --scenario");
+  } else if (options.threshold && options.task == Task::Work) {
+    throw UsageError("option --threshold is for --scenario");
   }
   if (options.windowsPaths && options.drives.empty()) throw UsageError("option --paths windows needs --drive C=DIR");
   if (!options.windowsPaths && !options.drives.empty()) throw UsageError("option --drive is for --paths windows");
@@ -144,7 +146,7 @@ std::string HelpText() {
          "  --drive C=DIR         the folder of a drive letter; can be given several times\n"
          "  --scenario FILE       run the scripted user in FILE (- for standard input)\n"
          "  --front robot|desktop how a scenario acts: on the screens' models, or on real windows\n"
-         "  --threshold N         rows up to which a list is read at once (default: 20000), for tests\n"
+         "  --threshold N         rows up to which a scenario's lists are read at once (default: 20000)\n"
          "  --help, --version     print this text, the version\n"
          "\n"
          "Exit status: 0 a customer was selected, 3 none was, 1 something failed, 2 wrong usage.\n"

@@ -4,9 +4,9 @@
 #include <iostream>
 
 #include "custsearch/tasks.h"
-#include "custsearch/windows.h"
-#include "custsearch/wiring.h"
 #include "engine/data_file.h"
+#include "library/places.h"
+#include "library/windows.h"
 #include "maintenance/frmCustMain.h"
 #include "robot/interpreter.h"
 #include "robot/model_hands.h"
@@ -67,7 +67,19 @@ struct Late {
   platform::Application* app = nullptr;
 };
 
-robot::Surroundings Around(const Options& options, const Places& places, const Late& late, const std::string& program) {
+/// Scenarios keep their temporary files beside the data, so that they leave nothing behind elsewhere. They make no folder
+/// either: one that is missing is a missing temporary folder.
+library::Places FindPlaces(const Options& options) {
+  library::PlaceOptions places;
+  places.libraryFolder = options.data;
+  std::error_code told;
+  if (!options.windowsPaths) places.localFolder = options.local ? *options.local : fs::canonical(options.data, told).string();
+  places.missingLocal = library::MissingLocal::Leave;
+  places.drives = options.drives;
+  return library::FindPlaces(places);
+}
+
+robot::Surroundings Around(const Options& options, const library::Places& places, const Late& late, const std::string& program) {
   robot::Surroundings around;
   around.directory = places.dataFolder;
   around.localRoot = places.localFolder;
@@ -80,8 +92,8 @@ robot::Surroundings Around(const Options& options, const Places& places, const L
     return main != nullptr && main->Loaded() ? std::optional<bool>(main->mToolbarReady) : std::nullopt;
   };
   around.dataPath = [](std::int32_t company, std::string_view file) { return orcussch::GetDataPath(company, std::string(file)); };
-  around.tempPath = [&late](std::int32_t user) { return TemporaryFile(late.app->System(), user); };
-  around.makeEngine = [&options, &late] { return MakeEngine(options, late.app->System()); };
+  around.tempPath = [&late](std::int32_t user) { return library::TemporaryFile(late.app->System(), user); };
+  around.makeEngine = [&options, &late] { return library::MakeEngine(late.app->System(), options.threshold); };
   around.dropTable = [&late](const std::string& path, const std::string& table) {
     engine::DropTable(late.app->System().ToHostPath(path), table);
   };
@@ -112,18 +124,18 @@ std::optional<robot::Script> Read(const std::string& file) {
 int RunScenario(const Options& options, const std::string& program) {
   auto script = Read(options.scenario);
   if (!script) return kWrongUsage;
-  Places places = FindPlaces(options);
+  library::Places places = FindPlaces(options);
   Late late;
   robot::Interpreter interpreter(std::move(*script), Around(options, places, late, program), std::cout);
 
   std::unique_ptr<platform::FrontEnd> windows = std::make_unique<robot::NoWindows>();
   std::unique_ptr<platform::UserHands> hands;
   if (options.front == Front::Desktop) {
-    windows = MakeWindows("", std::to_string(options.user), true);
-    hands = MakeWindowHands(*windows);
+    windows = library::MakeWindows("", true);
+    hands = library::MakeWindowHands(*windows);
   }
   platform::ApplicationParts parts;
-  parts.engine = MakeEngine(options, *places.system);
+  parts.engine = library::MakeEngine(*places.system, options.threshold);
   parts.system = std::move(places.system);
   parts.errorLog = interpreter.RecordLog(nullptr);
   parts.reports = interpreter.MakeReports();

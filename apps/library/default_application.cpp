@@ -1,31 +1,23 @@
 #include "library/default_application.h"
 
-#include "desktop/desktop.h"
-#include "engine/engine.h"
+#include "library/windows.h"
 #include "suite/accounts_lookup.h"
 #include "suite/error_log.h"
-#include "suite/operating_system.h"
 
-namespace orcussch {
+namespace library {
 
 std::unique_ptr<platform::Application> MakeDefaultApplication(const DefaultApplicationOptions& options) {
-  const std::string state = suite::UserStateFolder();
-
-  desktop::DesktopOptions windows;
-  if (options.keepSettings) windows.settingsFolder = options.settingsFolder.empty() ? state : options.settingsFolder;
-
+  Places places = FindPlaces(options.places);
   platform::ApplicationParts parts;
-  parts.frontEnd = desktop::MakeFrontEnd(windows);
-  parts.system = suite::MakeNativeSystem(options.localFolder);
-  engine::EngineOptions engineOptions;
-  engineOptions.hostPath = [system = parts.system.get()](std::string_view path) { return system->ToHostPath(path); };
-  parts.engine = engine::MakeEngine(engineOptions);
-  parts.errorLog = suite::MakeErrorLog(options.logFile.empty() ? state + "orcussch-errors.log" : options.logFile);
-  parts.diagnosticLog = suite::MakeDiagnosticLog(state + "orcussch-support.log");
+  parts.frontEnd = MakeWindows(options.settingsFolder, false);
+  parts.engine = MakeEngine(*places.system);
+  parts.system = std::move(places.system);
+  parts.errorLog = suite::MakeErrorLog(options.errorLog);
+  if (!options.supportLog.empty()) parts.diagnosticLog = suite::MakeDiagnosticLog(options.supportLog);
   parts.accounts = suite::MakeMissingAccountsLookup();
-  parts.path = options.libraryFolder;
-  parts.title = options.title.empty() ? "ORCusSch" : options.title;
+  parts.path = places.libraryFolder;
+  parts.title = options.title;
   return std::make_unique<platform::Application>(std::move(parts));
 }
 
-}  // namespace orcussch
+}  // namespace library

@@ -1,24 +1,27 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "library/places.h"
 #include "platform/application.h"
 
-namespace orcussch {
+namespace library {
 
-/// How a real host's application is put together. Folders are host paths; empty ones take their default.
+/// How a real host's application is put together. Files and folders are the host's, absolute.
 struct DefaultApplicationOptions {
-  std::string libraryFolder;   ///< dat.zdb, orv<n>.ini
-  std::string localFolder;     ///< below it orvTEMP lies; default: the user's state folder
-  std::string settingsFolder;  ///< default: the user's state folder
-  bool keepSettings = true;
-  std::string title;    ///< default: "ORCusSch"
-  std::string logFile;  ///< default: in the user's state folder
+  PlaceOptions places;
+  std::string settingsFolder;  ///< window sizes, column layouts; "" keeps nothing
+  std::string title;           ///< for the log
+  std::string errorLog;
+  std::string supportLog;  ///< "" keeps none
+  bool makeTemporaryFile = false;
 };
 
-/// The default wiring: SQLite engine, native paths, log files, windows. Raises platform::Error when there is no display or
-/// the caller is not on the main thread.
+/// The default wiring: SQLite engine, paths, log files, windows. Raises platform::Error when there is no display that can be
+/// opened or the caller is not on the main thread, OptionError for places.
 std::unique_ptr<platform::Application> MakeDefaultApplication(const DefaultApplicationOptions& options);
 
-}  // namespace orcussch
+}  // namespace library

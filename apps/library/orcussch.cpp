@@ -1,65 +1,31 @@
 #include "library/orcussch.h"
 
 #include <cstring>
-#include <exception>
-#include <memory>
 #include <string>
-#include <thread>
 
-#include "library/default_application.h"
+#include "library/entry.h"
+#include "library/options.h"
+#include "library/windows.h"
 #include "platform/convert.h"
-#include "platform/error.h"
 #include "platform/text.h"
-#include "session/CustSearch.h"
-#include "session/ModCustSch.h"
+#include "session/failures.h"
 
-struct orcussch_handle {
-  std::unique_ptr<platform::Application> application;
-  std::unique_ptr<orcussch::CustSearch> session;
-  std::thread::id thread;
-};
+using library::Enter;
+using library::Entry;
+using library::Refuse;
 
 namespace {
 
-thread_local std::string lastError;
-bool open = false;
-
-orcussch_result Refuse(orcussch_result result, const std::string& why) {
-  lastError = why;
-  return result;
-}
-
-/// Nothing that a call raises reaches the host's frames.
+/// A call about one property.
 template <class Body>
-orcussch_result Guarded(Body&& body) {
-  try {
-    lastError.clear();
-    return body();
-  } catch (const platform::Error& error) {
-    return Refuse(ORCUSSCH_FAILED, error.Description());
-  } catch (const std::exception& error) {
-    return Refuse(ORCUSSCH_FAILED, error.what());
-  } catch (...) {
-    return Refuse(ORCUSSCH_FAILED, "unknown failure");
-  }
-}
-
-template <class Body>
-orcussch_result WithHandle(orcussch_handle* handle, Body&& body) {
-  return Guarded([&]() -> orcussch_result {
-    if (!handle) return Refuse(ORCUSSCH_INVALID_ARGUMENT, "the handle is NULL");
-    if (handle->thread != std::this_thread::get_id()) return Refuse(ORCUSSCH_WRONG_THREAD, "another thread made the handle");
-    return body();
-  });
-}
-
-template <class Body>
-orcussch_result WithProperty(orcussch_handle* handle, const char* property, Body&& body) {
-  return WithHandle(handle, [&]() -> orcussch_result {
+orcussch_result WithProperty(orcussch_handle* handle, const char* property, Body&& body) noexcept {
+  const Entry entry(handle);
+  return Enter(entry, [&]() -> orcussch_result {
     if (!property) return Refuse(ORCUSSCH_INVALID_ARGUMENT, "the property's name is NULL");
+    if (!platform::IsValidUtf8(property)) return Refuse(ORCUSSCH_INVALID_ARGUMENT, "the property's name is no UTF-8 text");
     if (!orcussch::CustSearch::IsProperty(property))
       return Refuse(ORCUSSCH_UNKNOWN_PROPERTY, std::string("there is no property ") + property);
-    return body();
+    return body(*handle->session);
   });
 }
 
@@ -76,60 +42,63 @@ bool Fits(std::string_view property, const platform::Value& value) {
   }
 }
 
-orcussch_result Let(orcussch_handle* handle, const char* property, const platform::Value& value) {
-  if (orcussch::CustSearch::Running()) return Refuse(ORCUSSCH_BUSY, "a ShowUser is running");
-  if (!Fits(property, value)) return Refuse(ORCUSSCH_INVALID_ARGUMENT, std::string("the value does not fit ") + property);
-  handle->session->Let(property, value);
-  return ORCUSSCH_OK;
+bool CanShow(const library::Session& session) { return library::CanShow(session.application->FrontEnd()); }
+
+orcussch_result RefuseWithoutWindows() {
+  return Refuse(ORCUSSCH_FAILED, "the application object with which the library showed its windows has gone");
 }
 
-std::string TextOr(const char* text, const char* otherwise) { return text ? text : otherwise; }
+std::int32_t User(const library::Session& session) { return platform::CLng(session.object->UserID()); }
+
+orcussch_result Let(library::Session& session, const char* property, const platform::Value& value) {
+  if (!CanShow(session)) return RefuseWithoutWindows();
+  if (!Fits(property, value)) return Refuse(ORCUSSCH_INVALID_ARGUMENT, std::string("the value does not fit ") + property);
+  if (session.makeTemporaryFile && platform::EqualsNoCase(property, "CompanyID"))
+    library::MakeTemporaryFile(session.application->System(), User(session));
+  const int lackedBefore = orcussch::gMemoryLacked;
+  session.object->Let(property, value);
+  if (orcussch::gMemoryLacked != lackedBefore) return Refuse(ORCUSSCH_FAILED, "out of memory");
+  return ORCUSSCH_OK;
+}
 
 }  // namespace
 
 const char* orcussch_version(void) { return ORCUSSCH_VERSION; }
 
-const char* orcussch_last_error(void) { return lastError.c_str(); }
+const char* orcussch_last_error(void) { return library::LastError(); }
 
 orcussch_result orcussch_create(const orcussch_options* options, orcussch_handle** handle) {
-  return Guarded([&]() -> orcussch_result {
-    if (!options || !handle || options->size != sizeof(orcussch_options) || !options->library_folder)
-      return Refuse(ORCUSSCH_INVALID_ARGUMENT, "options, their size, the library's folder and the handle are required");
-    *handle = nullptr;
-    if (open) return Refuse(ORCUSSCH_ALREADY_OPEN, "there is one session a process");
-    orcussch::DefaultApplicationOptions wiring;
-    wiring.libraryFolder = options->library_folder;
-    wiring.localFolder = TextOr(options->local_folder, "");
-    wiring.settingsFolder = TextOr(options->settings_folder, "");
-    wiring.keepSettings = !options->settings_folder || *options->settings_folder;
-    wiring.title = TextOr(options->title, "");
-    wiring.logFile = TextOr(options->log_file, "");
-    auto made = std::make_unique<orcussch_handle>();
-    made->application = orcussch::MakeDefaultApplication(wiring);
-    made->session = std::make_unique<orcussch::CustSearch>(*made->application);
-    made->thread = std::this_thread::get_id();
-    open = true;
-    *handle = made.release();
+  if (handle) *handle = nullptr;
+  const Entry entry;
+  return Enter(entry, [&]() -> orcussch_result {
+    if (!options || !handle) return Refuse(ORCUSSCH_INVALID_ARGUMENT, "the options and the place of the handle are required");
+    const library::DefaultApplicationOptions read = library::ReadOptions(*options);
+    if (library::HasLiveHandle()) return Refuse(ORCUSSCH_ALREADY_OPEN, "there is one session a process");
+    auto session = std::make_unique<library::Session>();
+    session->makeTemporaryFile = read.makeTemporaryFile;
+    session->application = library::MakeApplication(read);
+    session->object = std::make_unique<orcussch::CustSearch>(*session->application);
+    *handle = library::AddHandle(std::move(session));
     return ORCUSSCH_OK;
   });
 }
 
 orcussch_result orcussch_set_text(orcussch_handle* handle, const char* property, const char* value) {
-  return WithProperty(handle, property, [&]() -> orcussch_result {
+  return WithProperty(handle, property, [&](library::Session& session) -> orcussch_result {
     if (!value) return Refuse(ORCUSSCH_INVALID_ARGUMENT, "the value is NULL");
     const auto text = platform::Normalise(value);
     if (!text) return Refuse(ORCUSSCH_INVALID_ARGUMENT, "the value is no UTF-8 text");
-    return Let(handle, property, *text);
+    return Let(session, property, *text);
   });
 }
 
 orcussch_result orcussch_set_number(orcussch_handle* handle, const char* property, int32_t value) {
-  return WithProperty(handle, property, [&] { return Let(handle, property, platform::Value(value)); });
+  return WithProperty(handle, property, [&](library::Session& session) { return Let(session, property, platform::Value(value)); });
 }
 
 orcussch_result orcussch_get_text(orcussch_handle* handle, const char* property, char* buffer, size_t size, size_t* needed) {
-  return WithProperty(handle, property, [&]() -> orcussch_result {
-    const platform::Value value = handle->session->Get(property);
+  return WithProperty(handle, property, [&](const library::Session& session) -> orcussch_result {
+    const platform::Value value = session.object->Get(property);
     const std::string text = value.IsEmpty() ? std::string() : platform::CStr(value);
     if (needed) *needed = text.size() + 1;
     if (!buffer || size < text.size() + 1) return Refuse(ORCUSSCH_BUFFER_TOO_SMALL, "the buffer is too small");
@@ -139,31 +108,30 @@ orcussch_result orcussch_get_text(orcussch_handle* handle, const char* property,
 }
 
 orcussch_result orcussch_get_number(orcussch_handle* handle, const char* property, int32_t* value) {
-  return WithProperty(handle, property, [&]() -> orcussch_result {
+  return WithProperty(handle, property, [&](const library::Session& session) -> orcussch_result {
     if (!value) return Refuse(ORCUSSCH_INVALID_ARGUMENT, "the value is NULL");
-    const platform::Value held = handle->session->Get(property);
+    const platform::Value held = session.object->Get(property);
     *value = held.IsEmpty() ? 0 : platform::CLng(held);
     return ORCUSSCH_OK;
   });
 }
 
 orcussch_result orcussch_show_user(orcussch_handle* handle) {
-  return WithHandle(handle, [&]() -> orcussch_result {
-    if (orcussch::CustSearch::Running()) return Refuse(ORCUSSCH_BUSY, "a ShowUser is running");
-    handle->session->ShowUser();
+  const Entry entry(handle);
+  return Enter(entry, [&]() -> orcussch_result {
+    library::Session& session = *handle->session;
+    if (!CanShow(session)) return RefuseWithoutWindows();
+    library::KeepSettingsOf(session.application->FrontEnd(), std::to_string(User(session)));
+    session.object->ShowUser();
     return ORCUSSCH_OK;
   });
 }
 
 orcussch_result orcussch_release(orcussch_handle* handle) {
   if (!handle) return ORCUSSCH_OK;
-  return WithHandle(handle, [&]() -> orcussch_result {
-    if (orcussch::CustSearch::Running()) return Refuse(ORCUSSCH_BUSY, "a ShowUser is running");
-    const std::unique_ptr<orcussch_handle> released(handle);
-    released->session.reset();
-    orcussch::AttachApplication(nullptr);
-    released->application.reset();
-    open = false;
+  const Entry entry(handle);
+  return Enter(entry, [&]() -> orcussch_result {
+    handle->session.reset();
     return ORCUSSCH_OK;
   });
 }

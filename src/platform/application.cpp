@@ -2,12 +2,40 @@
 
 #include <algorithm>
 #include <cassert>
+#include <exception>
+#include <new>
+#include <utility>
 
 #include "platform/controls/grid.h"
 #include "platform/controls/toolbar.h"
 #include "platform/convert.h"
 
 namespace platform {
+
+namespace {
+
+constexpr int kOutOfMemory = 7;
+
+/// Steps that are all done, whatever one of them raises; the first such failure goes on when they are through.
+class AllSteps {
+ public:
+  template <class Step>
+  void operator()(Step&& step) {
+    try {
+      step();
+    } catch (...) {
+      if (!failure_) failure_ = std::current_exception();
+    }
+  }
+  void End() const {
+    if (failure_) std::rethrow_exception(failure_);
+  }
+
+ private:
+  std::exception_ptr failure_;
+};
+
+}  // namespace
 
 Application::Application(ApplicationParts parts) : parts_(std::move(parts)) {
   threadId_ = parts_.threadId.value_or(parts_.system->ProcessNumber());
@@ -33,24 +61,39 @@ void Application::Load(Form& form) {
   if (form.loaded_ || form.loading_ || form.unloading_) return;
   form.loading_ = true;
   forms_.push_back(&form);
-  parts_.frontEnd->Loaded(form);
-  form.loaded_ = true;
   try {
-    form.Form_Load();
-  } catch (const Error& error) {
-    Unhandled(error);
+    parts_.frontEnd->Loaded(form);
+    form.loaded_ = true;
+    try {
+      form.Form_Load();
+    } catch (const Error& error) {
+      Unhandled(error);
+    }
+  } catch (...) {
+    // A screen without its window, or half set up, is none.
+    form.loaded_ = form.loading_ = false;
+    std::erase(forms_, &form);
+    AllSteps()([&] { parts_.frontEnd->Unloaded(form); });
+    throw;
   }
   form.loading_ = false;
 }
 
 void Application::Show(Form& form) {
   modal_.push_back(&form);
-  Load(form);
-  if (form.loaded_) {
-    form.visible_ = true;
-    parts_.frontEnd->Shown(form);
-    Activate(form);
-    if (form.visible_) parts_.frontEnd->RunModal(form, [&form] { return !form.visible_; });
+  try {
+    Load(form);
+    if (form.loaded_) {
+      form.visible_ = true;
+      parts_.frontEnd->Shown(form);
+      Activate(form);
+      if (form.visible_) parts_.frontEnd->RunModal(form, [&form] { return !form.visible_; });
+    }
+  } catch (...) {
+    // It has left the frames of all handlers of this screen, so the screen goes with it.
+    AllSteps()([&] { Unload(form); });
+    std::erase(modal_, &form);
+    throw;
   }
   std::erase(modal_, &form);
   // The screen below comes forward, unless it is hidden by now or is not up yet: then nothing has become the active one.
@@ -71,22 +114,32 @@ void Application::Hide(Form& form) {
 void Application::Unload(Form& form) {
   if (!form.loaded_ || form.unloading_) return;
   form.unloading_ = true;
+  AllSteps step;
+  const auto told = [&](auto&& body) {
+    step([&] {
+      try {
+        body();
+      } catch (const Error& error) {
+        Unhandled(error);
+      }
+    });
+  };
   // What the user has typed into a list is written before the screen goes; what is refused goes with it.
   for (Control* control : form.controls_) {
     auto* grid = dynamic_cast<Grid*>(control);
-    if (grid && !grid->TakeOpenCell()) grid->DropPending();
+    if (!grid) continue;
+    told([&] {
+      if (!grid->TakeOpenCell()) grid->DropPending();
+    });
   }
-  try {
-    form.Form_Unload();
-  } catch (const Error& error) {
-    Unhandled(error);
-  }
-  Hide(form);
+  told([&] { form.Form_Unload(); });
+  step([&] { Hide(form); });
   form.loaded_ = false;
   std::erase(forms_, &form);
-  parts_.frontEnd->Unloaded(form);
+  step([&] { parts_.frontEnd->Unloaded(form); });
   form.unloading_ = false;
   form.closePending_ = false;
+  step.End();
 }
 
 void Application::Bury(std::unique_ptr<Form> form) {
@@ -135,14 +188,23 @@ void Application::Act(Form& form, const std::function<void()>& body) {
       auto* bar = dynamic_cast<Toolbar*>(control);
       if (bar && bar->Enabled()) enabledBars.push_back(bar);
     }
-    try {
-      body();
-    } catch (const Error& error) {
-      // The handler that set the pointer and disabled the toolbar can't undo it any more.
+    // The handler that set the pointer and disabled the toolbar can't undo it any more.
+    const auto putBack = [&] {
       if (form.loaded_)
         for (Toolbar* bar : enabledBars) bar->Enabled(true);
       if (pointer_ != pointerBefore) MousePointer(pointerBefore);
+    };
+    try {
+      body();
+    } catch (const Error& error) {
+      putBack();
       Unhandled(error);
+    } catch (const std::bad_alloc&) {
+      putBack();
+      Unhandled({kOutOfMemory, "Out of memory"});
+    } catch (...) {
+      putBack();
+      throw;
     }
   }
   if (form.closePending_ && form.handlers_ == 0) {

@@ -113,6 +113,21 @@ const Property& PropertyOrRaise(std::string_view name) {
   return *property;
 }
 
+/// After a failure that left the frames of the screens: what is still loaded goes, and the next ShowUser begins with a fresh
+/// screen.
+void AbandonScreens() noexcept {
+  try {
+    SafeAppUnloadAllForms();
+  } catch (...) {
+    App().Log(platform::LogLevel::Warning, "a screen can't be unloaded");
+  }
+  try {
+    screens::frmCustMain.release();
+  } catch (...) {
+    App().Log(platform::LogLevel::Warning, "the screen can't be given up");
+  }
+}
+
 /// What no handler took ends at the border of the library: the host never sees an error of ours.
 template <class Body>
 void AtBorder(Body&& body) {
@@ -149,9 +164,12 @@ void Class_Terminate() {
 CustSearch::~CustSearch() {
   try {
     Class_Terminate();
-  } catch (const platform::Error& error) {
+  } catch (const std::exception& error) {
     // Not even the report could be shown: the host's end must not fail for that.
-    App().Log(platform::LogLevel::Failure, "release: " + std::to_string(error.Number()) + " " + error.Description());
+    App().Log(platform::LogLevel::Failure, "release failed:");
+    App().Log(platform::LogLevel::Failure, error.what());
+  } catch (...) {
+    App().Log(platform::LogLevel::Failure, "release failed");
   }
 }
 
@@ -168,13 +186,23 @@ bool CustSearch::Running() noexcept { return running; }
 
 void CustSearch::ShowUser() {
   if (running) return;
-  running = true;
+  struct Run {
+    Run() noexcept { running = true; }
+    ~Run() { running = false; }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+  };
+  const Run run;
   AtBorder([] {
     ClearAnswer();
     SetUserStartup();
-    screens::frmCustMain.Show();
+    try {
+      screens::frmCustMain.Show();
+    } catch (...) {
+      AbandonScreens();
+      throw;
+    }
   });
-  running = false;
 }
 
 }  // namespace orcussch

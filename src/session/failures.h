@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -14,6 +15,15 @@ namespace orcussch {
 /// Reports the pending error under a procedure's literal: one log record, one box.
 void ReportFailure(const platform::Error& error, const std::string& literal, bool terminate);
 
+/// How often memory lacked: the user is told each time, and the host, who can do something about it, at the end of its let.
+inline int gMemoryLacked = 0;
+
+/// The lack of memory is a failure of the statement that needed it, like any other.
+inline platform::Error OutOfMemory() {
+  ++gMemoryLacked;
+  return {7, "Out of memory"};
+}
+
 /// Runs a procedure's body; a failure is reported under the literal and ends the body. Returns whether it ran to its end.
 template <class Body>
 bool Trap(const std::string& literal, Body&& body, bool terminate = false) {
@@ -22,6 +32,9 @@ bool Trap(const std::string& literal, Body&& body, bool terminate = false) {
     return true;
   } catch (const platform::Error& error) {
     ReportFailure(error, literal, terminate);
+    return false;
+  } catch (const std::bad_alloc&) {
+    ReportFailure(OutOfMemory(), literal, terminate);
     return false;
   }
 }
@@ -34,6 +47,9 @@ bool TrapWith(const std::function<std::string()>& literal, Body&& body) {
     return true;
   } catch (const platform::Error& error) {
     ReportFailure(error, literal(), false);
+    return false;
+  } catch (const std::bad_alloc&) {
+    ReportFailure(OutOfMemory(), literal(), false);
     return false;
   }
 }
@@ -52,13 +68,19 @@ class ResumeNext {
       std::forward<Statement>(statement)();
       return true;
     } catch (const platform::Error& error) {
-      ReportFailure(error, literal_, false);
-      if (onFailure_) onFailure_();
-      return false;
+      return Fail(error);
+    } catch (const std::bad_alloc&) {
+      return Fail(OutOfMemory());
     }
   }
 
  private:
+  bool Fail(const platform::Error& error) {
+    ReportFailure(error, literal_, false);
+    if (onFailure_) onFailure_();
+    return false;
+  }
+
   std::string literal_;
   std::function<void()> onFailure_;
 };
@@ -72,6 +94,8 @@ class Ignore {
       std::forward<Statement>(statement)();
       return true;
     } catch (const platform::Error&) {
+      return false;
+    } catch (const std::bad_alloc&) {
       return false;
     }
   }

@@ -46,6 +46,11 @@ static void creation_is_checked(const char* folder) {
   options.library_folder = NULL;
   EXPECT(orcussch_create(&options, &handle) == ORCUSSCH_INVALID_ARGUMENT);
   EXPECT(handle == NULL);
+  options.library_folder = "/there/is/no/such/folder";
+  handle = (orcussch_handle*)&options;
+  EXPECT(orcussch_create(&options, &handle) == ORCUSSCH_NO_FOLDER);
+  EXPECT(handle == NULL);
+  EXPECT(strstr(orcussch_last_error(), "/there/is/no/such/folder") != NULL);
   EXPECT(orcussch_release(NULL) == ORCUSSCH_OK);
 }
 
@@ -66,11 +71,12 @@ static void creation_needs_the_main_thread(const char* folder) {
 
 /* Without a display the library refuses instead of ending the host. */
 static int without_a_display(const char* folder) {
-  orcussch_handle* handle = NULL;
   orcussch_options options = options_for(folder, NULL);
+  orcussch_handle* handle = (orcussch_handle*)&options;
   EXPECT(orcussch_create(&options, &handle) == ORCUSSCH_FAILED);
   EXPECT(handle == NULL);
   EXPECT(strstr(orcussch_last_error(), "display") != NULL);
+  puts(orcussch_last_error());
   return failures == 0 ? 0 : 1;
 }
 
@@ -191,7 +197,7 @@ static void the_user_selects(orcussch_handle* handle) {
   user_begins(handle, USER_SELECTS);
   EXPECT(orcussch_show_user(handle) == ORCUSSCH_OK);
   EXPECT(user_ends() == 0);
-  EXPECT(user_refusals() == 3);
+  EXPECT(user_refusals() == 6);
   EXPECT(orcussch_get_number(handle, "Customer", &number) == ORCUSSCH_OK && number == 1);
   EXPECT(strcmp(text_of(handle, "CustomerLastName"), "Smith") == 0);
   EXPECT(strcmp(text_of(handle, "CustomerCity"), "K\xC3\xB6ln") == 0);
@@ -203,12 +209,73 @@ static void the_user_selects(orcussch_handle* handle) {
   EXPECT(strcmp(text_of(handle, "CustomerLastName"), "") == 0);
 }
 
+/* What the host's own code raises while the screen is up comes back as a code, and the next screen is whole. */
+static void the_host_throws(orcussch_handle* handle) {
+  user_begins(handle, USER_THROWS);
+  EXPECT(orcussch_show_user(handle) == ORCUSSCH_FAILED);
+  EXPECT(strcmp(orcussch_last_error(), "raised by the host's timer") == 0);
+  user_ends();
+  the_user_selects(handle);
+}
+
+static void a_released_handle_is_no_handle(orcussch_handle* handle) {
+  int32_t number = 0;
+  EXPECT(orcussch_release(handle) == ORCUSSCH_INVALID_HANDLE);
+  EXPECT(orcussch_show_user(handle) == ORCUSSCH_INVALID_HANDLE);
+  EXPECT(orcussch_get_number(handle, "UserID", &number) == ORCUSSCH_INVALID_HANDLE);
+  EXPECT(orcussch_release((orcussch_handle*)&number) == ORCUSSCH_INVALID_HANDLE);
+}
+
+/* A host that uses the toolkit itself. */
+static void the_hosts_application_object(const char* folder, const char* log_file) {
+  orcussch_handle* handle = NULL;
+  int32_t number = 0;
+  orcussch_options options = options_for(folder, log_file);
+  host_application_begins();
+  EXPECT(orcussch_create(&options, &handle) == ORCUSSCH_OK);
+  if (handle == NULL) return;
+  EXPECT(orcussch_set_number(handle, "UserID", 1) == ORCUSSCH_OK);
+  the_user_selects(handle);
+  /* It goes before the handle: nothing can be shown any more, all else holds. */
+  host_application_ends();
+  EXPECT(orcussch_show_user(handle) == ORCUSSCH_FAILED);
+  EXPECT(strstr(orcussch_last_error(), "application object") != NULL);
+  EXPECT(orcussch_set_number(handle, "CompanyID", 99) == ORCUSSCH_FAILED);
+  EXPECT(orcussch_get_number(handle, "UserID", &number) == ORCUSSCH_OK && number == 1);
+  /* One that comes after it is not the one with which the windows were set up. */
+  host_application_begins();
+  EXPECT(orcussch_show_user(handle) == ORCUSSCH_FAILED);
+  EXPECT(orcussch_release(handle) == ORCUSSCH_OK);
+  handle = NULL;
+  EXPECT(orcussch_create(&options, &handle) == ORCUSSCH_OK);
+  if (handle == NULL) return;
+  EXPECT(orcussch_set_number(handle, "UserID", 1) == ORCUSSCH_OK);
+  the_user_selects(handle);
+  EXPECT(orcussch_release(handle) == ORCUSSCH_OK);
+  host_application_ends();
+}
+
+/* Window sizes and column layouts are kept for the user who worked. */
+static void settings_are_kept_by_user(const char* folder, const char* log_file, const char* settings) {
+  orcussch_handle* handle = NULL;
+  orcussch_options options = options_for(folder, log_file);
+  options.settings_folder = settings;
+  options.make_temporary_file = 1;
+  EXPECT(orcussch_create(&options, &handle) == ORCUSSCH_OK);
+  if (handle == NULL) return;
+  for (int user = 31; user <= 32; ++user) {
+    EXPECT(orcussch_set_number(handle, "UserID", user) == ORCUSSCH_OK);
+    the_user_selects(handle);
+  }
+  EXPECT(orcussch_release(handle) == ORCUSSCH_OK);
+}
+
 int main(int count, char** words) {
   orcussch_handle* handle = NULL;
   orcussch_handle* second = NULL;
   orcussch_options options;
   if (count == 2) return without_a_display(words[1]);
-  if (count != 3) return 2;
+  if (count != 4) return 2;
   EXPECT(strlen(orcussch_version()) > 0);
   creation_is_checked(words[1]);
   creation_needs_the_main_thread(words[1]);
@@ -234,7 +301,11 @@ int main(int count, char** words) {
   EXPECT(strcmp(text_of(handle, "UserID"), "0") == 0);
   EXPECT(orcussch_set_number(handle, "UserID", 1) == ORCUSSCH_OK);
   the_user_selects(handle);
+  the_host_throws(handle);
   EXPECT(orcussch_release(handle) == ORCUSSCH_OK);
+  a_released_handle_is_no_handle(handle);
+  the_hosts_application_object(words[1], words[2]);
+  settings_are_kept_by_user(words[1], words[2], words[3]);
 
   if (failures == 0) puts("all held");
   return failures == 0 ? 0 : 1;

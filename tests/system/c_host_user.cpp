@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QTimer>
 #include <memory>
+#include <stdexcept>
 
 namespace {
 
@@ -27,9 +28,10 @@ class User {
     if (task_ == USER_READS_BOXES || done_) return;
     for (QWidget* window : QApplication::topLevelWidgets()) {
       if (!window->isVisible()) continue;
-      auto* action = window->findChild<QAction*>(task_ == USER_SELECTS ? "tb_Select" : "miExit");
+      auto* action = window->findChild<QAction*>(task_ == USER_EXITS ? "miExit" : "tb_Select");
       if (action == nullptr || !action->isEnabled()) continue;
       done_ = true;
+      if (task_ == USER_THROWS) throw std::runtime_error("raised by the host's timer");
       TryWhatIsRefused();
       action->trigger();
       return;
@@ -37,7 +39,14 @@ class User {
   }
 
   void TryWhatIsRefused() {
+    orcussch_options options{};
+    orcussch_handle* other = handle_;
+    int32_t number = 0;
+    char text[10];
+    refusals_ += orcussch_create(&options, &other) == ORCUSSCH_BUSY && other == nullptr ? 1 : 0;
     refusals_ += orcussch_set_number(handle_, "UserID", 99) == ORCUSSCH_BUSY ? 1 : 0;
+    refusals_ += orcussch_get_number(handle_, "UserID", &number) == ORCUSSCH_BUSY ? 1 : 0;
+    refusals_ += orcussch_get_text(handle_, "UserID", text, sizeof text, nullptr) == ORCUSSCH_BUSY ? 1 : 0;
     refusals_ += orcussch_show_user(handle_) == ORCUSSCH_BUSY ? 1 : 0;
     refusals_ += orcussch_release(handle_) == ORCUSSCH_BUSY ? 1 : 0;
   }
@@ -53,6 +62,14 @@ class User {
 std::unique_ptr<User> user;
 int refusals = 0;
 
+struct HostApplication {
+  int count = 1;
+  char name[5] = "host";
+  char* words[2] = {name, nullptr};
+  QApplication application{count, words};
+};
+std::unique_ptr<HostApplication> hostApplication;
+
 }  // namespace
 
 void user_begins(orcussch_handle* handle, user_task task) { user = std::make_unique<User>(handle, task); }
@@ -65,3 +82,7 @@ int user_ends() {
 }
 
 int user_refusals() { return refusals; }
+
+void host_application_begins() { hostApplication = std::make_unique<HostApplication>(); }
+
+void host_application_ends() { hostApplication.reset(); }

@@ -4,10 +4,6 @@
 
 #include "custsearch/answer.h"
 #include "custsearch/options.h"
-#include "engine/engine.h"
-#include "robot/scripted_front_end.h"
-#include "session/CustSearch.h"
-#include "suite/operating_system.h"
 
 /// The sample host's command line and its answer.
 namespace custsearch {
@@ -69,49 +65,40 @@ TEST(Options, WhatDoesNotGoTogether) {
             "option --customer has no meaning with --scenario, whose host commands say it");
   EXPECT_EQ(UsageMistake({"--scenario", "x", "--json"}), "option --json has no meaning with --scenario, whose host commands say it");
   EXPECT_EQ(UsageMistake({"--front", "robot"}), "option --front is for --scenario");
+  EXPECT_EQ(UsageMistake({"--threshold", "5"}), "option --threshold is for --scenario");
   EXPECT_EQ(UsageMistake({"--paths", "windows"}), "option --paths windows needs --drive C=DIR");
   EXPECT_EQ(UsageMistake({"--drive", "C=x"}), "option --drive is for --paths windows");
   EXPECT_EQ(UsageMistake({"--paths", "windows", "--drive", "C=x", "--local", "y"}),
             "with --paths windows the local root is drive C; --local has no meaning");
 }
 
-class Answer : public testing::Test {
- protected:
-  static platform::ApplicationParts Parts() {
-    platform::ApplicationParts parts;
-    parts.engine = engine::MakeEngine();
-    parts.system = suite::MakeNativeSystem("/");
-    parts.frontEnd = std::make_unique<robot::NoWindows>();
-    parts.path = "/";
-    parts.title = "Test";
-    return parts;
-  }
-  void SetUp() override {
-    host_.Let("CustomerLastName", "O'Brien \"Bob\"");
-    host_.Let("CustomerAddr1", "1 Main St\r\nBack");
-    host_.Let("CustomerCity", "M\xC3\xBCnchen");
-    host_.Let("CustomerZip", "a\\b");
-  }
-  platform::Application app_{Parts()};
-  orcussch::CustSearch host_{app_};
-};
-
-TEST_F(Answer, OneLineEach) {
-  std::ostringstream out;
-  PrintAnswer(host_, out);
-  EXPECT_EQ(
-      out.str(),
-      "Customer=0\nCustomerLastName=O'Brien \"Bob\"\nCustomerFirstName=\nCustomerTitle=\nCustomerAddr1=1 Main St  Back\nCustomerAddr2=\n"
-      "CustomerCity=M\xC3\xBCnchen\nCustomerState=\nCustomerZip=a\\b\n");
+Answer Found() {
+  return {17,
+          {{"CustomerLastName", "O'Brien \"Bob\""},
+           {"CustomerAddr1", "1 Main St\r\nBack"},
+           {"CustomerCity", "M\xC3\xBCnchen"},
+           {"CustomerZip", "a\\b"}}};
 }
 
-TEST_F(Answer, AsJson) {
+TEST(AnswerTest, OneLineEach) {
   std::ostringstream out;
-  PrintAnswerAsJson(host_, out);
+  PrintAnswer(Found(), out);
+  EXPECT_EQ(
+      out.str(),
+      "Customer=17\nCustomerLastName=O'Brien \"Bob\"\nCustomerAddr1=1 Main St  Back\nCustomerCity=M\xC3\xBCnchen\nCustomerZip=a\\b\n");
+}
+
+TEST(AnswerTest, AsJson) {
+  std::ostringstream out;
+  PrintAnswerAsJson(Found(), out);
   EXPECT_EQ(out.str(),
-            "{\"Customer\":0,\"CustomerLastName\":\"O'Brien \\\"Bob\\\"\",\"CustomerFirstName\":\"\",\"CustomerTitle\":\"\","
-            "\"CustomerAddr1\":\"1 Main St\\u000d\\u000aBack\",\"CustomerAddr2\":\"\",\"CustomerCity\":\"M\xC3\xBCnchen\","
-            "\"CustomerState\":\"\",\"CustomerZip\":\"a\\\\b\"}\n");
+            "{\"Customer\":17,\"CustomerLastName\":\"O'Brien \\\"Bob\\\"\",\"CustomerAddr1\":\"1 Main St\\u000d\\u000aBack\","
+            "\"CustomerCity\":\"M\xC3\xBCnchen\",\"CustomerZip\":\"a\\\\b\"}\n");
+}
+
+TEST(AnswerTest, ItsTextsAreThoseOfTheCustomer) {
+  EXPECT_EQ(AnswerTexts(), (std::vector<std::string>{"CustomerLastName", "CustomerFirstName", "CustomerTitle", "CustomerAddr1",
+                                                     "CustomerAddr2", "CustomerCity", "CustomerState", "CustomerZip"}));
 }
 
 }  // namespace

@@ -107,6 +107,22 @@ TEST_F(FailuresTest, TrapWithTakesTheLiteralOfTheMomentOfFailure) {
   EXPECT_EQ(asked, 0);
 }
 
+TEST_F(FailuresTest, LackOfMemoryIsAFailureLikeAnyOther) {
+  const auto lack = [] { throw std::bad_alloc(); };
+  EXPECT_FALSE(Trap("trap", lack));
+  EXPECT_FALSE(TrapWith([] { return std::string("trap with"); }, lack));
+  int flagged = 0;
+  ResumeNext on("resume", [&] { ++flagged; });
+  EXPECT_FALSE(on(lack));
+  EXPECT_EQ(flagged, 1);
+  EXPECT_FALSE(Ignore()(lack));
+  EXPECT_THAT(Reports(), testing::ElementsAre("trap", "trap with", "resume"));
+  for (const auto& record : log->records) {
+    EXPECT_EQ(record.number, 7);
+    EXPECT_EQ(record.description, "Out of memory");
+  }
+}
+
 TEST_F(FailuresTest, ResumeNextGoesOnAfterEachFailure) {
   int flagged = 0;
   ResumeNext on("a.b", [&] { ++flagged; });

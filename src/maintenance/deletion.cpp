@@ -8,16 +8,20 @@ namespace orcussch {
 
 void frmCustMain::RecordDelete() {
   ResumeNext on("frmCustMain.RecordDelete");
-  const auto n = static_cast<std::size_t>(Tab());
   orcussch::App().MousePointer(platform::pointer::Hourglass);
   orcussch::App().DoEvents();
 
   // Without rows, and after No, the hourglass stays until the next operation sets the pointer back.
+  const int Tab = this->Tab();
   bool Records = false;
-  on([&] { Records = data[n].Recordset()->HasRows(); });
-  if (!Records) return;
+  on([&] { Records = data[static_cast<std::size_t>(Tab)].Recordset()->HasRows(); });
+  if (!Records || !Loaded()) return;
+  RecordTab& record = CurrentRecord();
   DeleteState state;
   state.Title = "Delete " + RecordLabel();
+  state.Rows = data[static_cast<std::size_t>(Tab)].Recordset();
+  state.Record = record.RecordAtHand(true);
+  Ignore()([&] { state.Row = state.Rows->Bookmark(); });
   if (orcussch::App().MsgBox("Are you sure you delete the current " + RecordLabel() + "?", kYesNoQuestion, state.Title) !=
       platform::box::Yes)
     return;
@@ -25,14 +29,22 @@ void frmCustMain::RecordDelete() {
   mToolbarReady = false;
   orcussch::App().MousePointer(platform::pointer::Hourglass);
   StatusBar1.Panel(1, "Delete " + RecordLabel() + ", please wait!");
-  if (CurrentRecord().MayDelete(on, state) && CurrentRecord().Remove(on, state)) {
+  // Behind a box and behind each yield the list is led back to the row that the user was asked about.
+  if (StandOnDeleted(on, state) && record.MayDelete(on, state) && StandOnDeleted(on, state) && record.Remove(on, state)) {
     RepairDefaults(on, state);
     orcussch::App().DoEvents();
-    StandOn(on, state.Position);
+    StandOn(on, Tab, state.Position);
     TestRecordcount();
   }
   StatusBar1.Panel(1, "");
   EndWork();
+}
+
+/// False when the list was opened anew meanwhile, which is reported: nothing is deleted then.
+bool frmCustMain::StandOnDeleted(ResumeNext& on, const DeleteState& state) {
+  return !state.Row || on([&] {
+    if (state.Rows->Bookmark() != *state.Row) state.Rows->SetBookmark(*state.Row);
+  });
 }
 
 /// Default fields of the customer that pointed at the deleted row.
@@ -40,7 +52,7 @@ void frmCustMain::RepairDefaults(ResumeNext& on, const DeleteState& state) {
   if (!state.Repairs[0].Wanted && !state.Repairs[1].Wanted) return;
   bool Records = false;
   on([&] { Records = HasRecords(data[tab::Customers]); });
-  if (!Records) return;
+  if (!Records || !CurrentRecord().CustomerIs(state.Record.Owner)) return;
   const platform::RecordsetRef Customer = data[tab::Customers].Recordset();
   RowWrite row(on);
   row.Must([&] { Customer->Edit(); });

@@ -105,6 +105,7 @@ class frmCustMain final : public platform::Form {
   std::int32_t mInstance = 0;                       ///< marks this screen's rows in the work tables
   bool mTaxesLoaded = false;                        ///< the list of taxes shows what the customer of the card has
   std::string mRecordMode;                          ///< "A" adding, "E" editing; keeps its last value
+  int mCardNumber = 0;                              ///< rises whenever a card is opened or closed
   bool mToolbarReady = false;                       ///< the toolbar does nothing while this is false
   bool mFormActive = false;                         ///< false until the first Form_Activate; row changes are not looked at before
   std::array<std::int32_t, tab::Count> mTabAcct{};  ///< the account a tab was last loaded for; 0 reloads at each visit
@@ -251,8 +252,11 @@ class frmCustMain final : public platform::Form {
   void BeginWork();
   void EndWork();
   void OpenCard();
-  void ShowSaved(ResumeNext& on, const SaveState& state);
-  void StandOn(ResumeNext& on, const std::string& Position);
+  void CloseCard();
+  bool CardIs(int Tab, int Number) const;
+  void ShowSaved(ResumeNext& on, const SaveState& state, int Tab);
+  void StandOn(ResumeNext& on, int Tab, const std::string& Position);
+  bool StandOnDeleted(ResumeNext& on, const DeleteState& state);
   void RepairDefaults(ResumeNext& on, const DeleteState& state);
 
   // grid_editing.cpp

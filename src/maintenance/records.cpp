@@ -25,23 +25,40 @@ void frmCustMain::EndWork() {
   orcussch::App().DoEvents();
 }
 
+/// A card is known by its number: whoever goes on behind a yield sees by it whether the card is still the one that he meant.
 void frmCustMain::OpenCard() {
+  const int Number = ++mCardNumber;
   EditingRecord(true);
   orcussch::App().DoEvents();
-  EditSetup();
+  if (mCardNumber == Number) EditSetup();
 }
+
+void frmCustMain::CloseCard() {
+  ++mCardNumber;
+  SSIndexTab1.Page(0);
+}
+
+bool frmCustMain::CardIs(int Tab, int Number) const { return Loaded() && this->Tab() == Tab && mCardNumber == Number; }
 
 void frmCustMain::RecordAdd() {
   ResumeNext on("frmCustMain.RecordAdd");
   BeginWork();
+  const int Tab = this->Tab();
+  const int Number = mCardNumber;
+  RecordTab& record = CurrentRecord();
   mRecordMode = "A";
-  if (!CurrentRecord().Add(on)) {
+  const CardRecord card = record.RecordAtHand(false);
+  if (!record.Add(on)) {
     // The toolbar stays shut until a menu command has brought a record operation to its end: the refused user has been told
     // to change the customer first, and finds that in the menu.
     orcussch::App().MousePointer(platform::pointer::Default);
     return;
   }
-  OpenCard();
+  // In a yield the user may have gone to another tab or customer, or opened another card: this one is not opened then.
+  if (CardIs(Tab, Number) && record.StandsOn(card)) {
+    record.OpenedFor(card);
+    OpenCard();
+  }
   EndWork();
 }
 
@@ -51,45 +68,58 @@ void frmCustMain::RecordEdit() {
   on([&] { Records = data[static_cast<std::size_t>(Tab())].Recordset()->HasRows(); });
   if (!Records) return;
   BeginWork();
+  const int Tab = this->Tab();
+  const int Number = mCardNumber;
+  RecordTab& record = CurrentRecord();
   mRecordMode = "E";
-  on([&] { data[static_cast<std::size_t>(Tab())].ReadAnew(); });
-  if (Tab() == tab::Customers) on([this] { ShowCustomerName(); });
-  CurrentRecord().Edit(on);
-  OpenCard();
+  on([&] { data[static_cast<std::size_t>(Tab)].ReadAnew(); });
+  if (Tab == tab::Customers) on([this] { ShowCustomerName(); });
+  const CardRecord card = record.RecordAtHand(true);
+  record.Edit(on);
+  if (CardIs(Tab, Number) && record.StandsOn(card)) {
+    record.OpenedFor(card);
+    OpenCard();
+  }
   EndWork();
 }
 
 void frmCustMain::RecordSave() {
   // The literal names the add, as the log is searched for both under one name.
   ResumeNext on("frmCustMain.RecordAdd");
+  const int Tab = this->Tab();
   SaveState state;
+  state.Card = mCardNumber;
   state.Title = "Delete " + RecordLabel();
   mToolbarReady = false;
   orcussch::App().MousePointer(platform::pointer::Hourglass);
   StatusBar1.Panel(1, "Saving" + RecordLabel() + ", please wait!");
   orcussch::App().DoEvents();
-  if (CurrentRecord().Save(on, state)) ShowSaved(on, state);
+  if (state.Card == mCardNumber && mRecords[static_cast<std::size_t>(Tab)]->Save(on, state)) ShowSaved(on, state, Tab);
   StatusBar1.Panel(1, "");
   EndWork();
 }
 
-/// The common end of a save: the list is rebuilt and stands on the saved row.
-void frmCustMain::ShowSaved(ResumeNext& on, const SaveState& state) {
-  const auto n = static_cast<std::size_t>(Tab());
+/// The common end of a save: the list is rebuilt and stands on the saved row. A card that was opened in one of the yields stays.
+void frmCustMain::ShowSaved(ResumeNext& on, const SaveState& state, int Tab) {
+  const auto n = static_cast<std::size_t>(Tab);
   orcussch::App().DoEvents();
   on([&] { data[n].Refresh(); });
   orcussch::App().DoEvents();
+  if (mCardNumber != state.Card) return;
   // First, since it also decides whether the user may leave the tab.
   tb("tb_SaveRec").Enabled(false);
-  SSIndexTab1.Page(0);
+  CloseCard();
+  const int Closed = mCardNumber;
   orcussch::App().DoEvents();
   SSIndexTab1.Redraw();
 
-  StandOn(on, state.Position);
+  if (mCardNumber != Closed) return;
+  StandOn(on, Tab, state.Position);
   orcussch::App().DoEvents();
+  if (mCardNumber != Closed) return;
   EditingRecord(false);
   orcussch::App().DoEvents();
-  if (Tab() == tab::Customers) grid[n].LeftCol(1, state.LeftCol);
+  if (Tab == tab::Customers) grid[n].LeftCol(1, state.LeftCol);
 
   bool Records = false;
   on([&] { Records = HasRecords(data[n]); });
@@ -101,8 +131,8 @@ void frmCustMain::ShowSaved(ResumeNext& on, const SaveState& state) {
 
 /// Finds the row of the position text; when there is none the list goes to its last row. A row that was not stored has no
 /// position: the list stays where it was opened.
-void frmCustMain::StandOn(ResumeNext& on, const std::string& Position) {
-  const auto n = static_cast<std::size_t>(Tab());
+void frmCustMain::StandOn(ResumeNext& on, int Tab, const std::string& Position) {
+  const auto n = static_cast<std::size_t>(Tab);
   if (Position.empty()) return;
   bool Records = false;
   on([&] { Records = data[n].Recordset()->HasRows(); });
@@ -117,6 +147,7 @@ void frmCustMain::StandOn(ResumeNext& on, const std::string& Position) {
 
 void frmCustMain::RecordCancel() {
   ResumeNext on("frmCustMain.RecordCancel");
+  const int Number = mCardNumber;
   orcussch::App().MousePointer(platform::pointer::Hourglass);
   orcussch::App().DoEvents();
 
@@ -129,10 +160,11 @@ void frmCustMain::RecordCancel() {
   }
   Question += " the " + RecordLabel() + "?";
 
-  if (orcussch::App().MsgBox(Question, kYesNoQuestion, Title) == platform::box::Yes) {
+  const bool Asked = mCardNumber == Number;  // a card that was closed or changed in the yield is not the one to be left
+  if (Asked && orcussch::App().MsgBox(Question, kYesNoQuestion, Title) == platform::box::Yes) {
     on([this] { EditingRecord(false); });
     orcussch::App().DoEvents();
-    on([this] { SSIndexTab1.Page(0); });
+    if (mCardNumber == Number) on([this] { CloseCard(); });
   }
   on([this] { TestRecordcount(); });
   orcussch::App().MousePointer(platform::pointer::Default);

@@ -33,10 +33,10 @@ void BlankCompany() {
 }
 
 /// Mends both fields in the table too, so that all later sessions find them sound.
-void RepairCompany(platform::Recordset& rsCompany) {
+void RepairCompany(const platform::RecordsetRef& rsCompany) {
   bool Repair = false;
 
-  const Value entity = rsCompany.Field("AccountingEntity");
+  const Value entity = rsCompany->Field("AccountingEntity");
   if (entity.IsNull() || CLng(entity) < 0 || CLng(entity) > kHighestEntity) {
     gCompany.AccountingEntity = 0;
     Repair = true;
@@ -44,7 +44,7 @@ void RepairCompany(platform::Recordset& rsCompany) {
     gCompany.AccountingEntity = static_cast<std::uint8_t>(CLng(entity));
   }
 
-  const Value month = rsCompany.Field("BeginningMonth");
+  const Value month = rsCompany->Field("BeginningMonth");
   if (!month.IsNull() && (CLng(month) == 0 || CLng(month) > kMonths)) {
     gCompany.BeginningMonth = 1;
     Repair = true;
@@ -53,16 +53,16 @@ void RepairCompany(platform::Recordset& rsCompany) {
   }
 
   if (!Repair) return;
-  rsCompany.Edit();
-  rsCompany.SetField("BeginningMonth", gCompany.BeginningMonth);
-  rsCompany.SetField("AccountingEntity", gCompany.AccountingEntity);
-  rsCompany.Update();
-  rsCompany.SetBookmark(rsCompany.LastModified());
+  rsCompany->Edit();
+  rsCompany->SetField("BeginningMonth", gCompany.BeginningMonth);
+  rsCompany->SetField("AccountingEntity", gCompany.AccountingEntity);
+  rsCompany->Update();
+  rsCompany->SetBookmark(rsCompany->LastModified());
 }
 
-void ReadCompanyTexts(const platform::Recordset& rsCompany) {
+void ReadCompanyTexts(const platform::RecordsetRef& rsCompany) {
   for (const CompanyText& text : kFirstTexts)
-    gCompany.*text.member = platform::FixedText(platform::CStr(platform::Concat("", rsCompany.Field(text.field))), text.length);
+    gCompany.*text.member = platform::FixedText(platform::CStr(platform::Concat("", rsCompany->Field(text.field))), text.length);
 }
 
 void ReadCompanyRow() {
@@ -74,8 +74,8 @@ void ReadCompanyRow() {
     BlankCompany();
     return;
   }
-  RepairCompany(*rsCompany);
-  ReadCompanyTexts(*rsCompany);
+  RepairCompany(rsCompany);
+  ReadCompanyTexts(rsCompany);
   const Value entity = rsCompany->Field("AccountingEntity");
   gCompany.AccountingEntity = entity.IsNull() ? std::uint8_t{0} : static_cast<std::uint8_t>(CLng(entity));
 }

@@ -14,7 +14,7 @@ constexpr std::int16_t kMonths = 12;
 class AddressesTab final : public RecordTab {
  public:
   explicit AddressesTab(frmCustMain& screen)
-      : RecordTab(screen, tab::Addresses),
+      : RecordTab(screen, tab::Addresses, "addressID"),
         mTexts{{{"Addr1", &s.txtAltAddr1},
                 {"Addr2", &s.txtAltAddr2},
                 {"City", &s.txtAltCity},
@@ -60,7 +60,7 @@ class AddressesTab final : public RecordTab {
     RowWrite row(on);
     if (Adding()) {
       row.Must([] { rsAddresses->AddNew(); });
-      row([&] { rsAddresses->SetField("Customer", Customer()->Field("AcctNum")); });
+      row([&] { rsAddresses->SetField("Customer", Owner()); });
     } else if (!BeginEdit(row, rsAddresses, "AddressID", state, kGone)) {
       return false;
     }

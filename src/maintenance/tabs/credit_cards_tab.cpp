@@ -14,7 +14,7 @@ constexpr int kYearLength = 4;
 class CreditCardsTab final : public RecordTab {
  public:
   explicit CreditCardsTab(frmCustMain& screen)
-      : RecordTab(screen, tab::CreditCards),
+      : RecordTab(screen, tab::CreditCards, "CreditCardID"),
         mTexts{{{"CCNumber", &s.txtCCNumber}, {"CCHolder", &s.txtCCHolder}, {"CCMonth", &s.txtCCMonth}, {"CCYear", &s.txtCCYear}}},
         mFields{From("CCType", s.cboCreditCards), From("CCNumber", s.txtCCNumber), From("CCHolder", s.txtCCHolder),
                 From("CCMonth", s.txtCCMonth),    From("CCYear", s.txtCCYear),     From("CCLimit", s.txtCCLimit),
@@ -49,7 +49,7 @@ class CreditCardsTab final : public RecordTab {
     RowWrite row(on);
     if (Adding()) {
       row.Must([] { rsCustCreditCards->AddNew(); });
-      row([&] { rsCustCreditCards->SetField("AcctNum", Customer()->Field("AcctNum")); });
+      row([&] { rsCustCreditCards->SetField("AcctNum", Owner()); });
     } else if (!BeginEdit(row, rsCustCreditCards, "CreditCardID", state, kGone)) {
       return false;
     }

@@ -9,7 +9,7 @@ namespace {
 
 class CustomerTypesTab final : public RecordTab {
  public:
-  explicit CustomerTypesTab(frmCustMain& screen) : RecordTab(screen, tab::CustomerTypes) {}
+  explicit CustomerTypesTab(frmCustMain& screen) : RecordTab(screen, tab::CustomerTypes, "Code") {}
 
   bool Add(ResumeNext&) override {
     s.txtCustomerType.Text("");
@@ -82,7 +82,7 @@ class CustomerTypesTab final : public RecordTab {
   void Assign(ResumeNext& on, std::int16_t Code) const {
     RowWrite row(on);
     row.Must([] { rsCustCodes->AddNew(); });
-    row([&] { rsCustCodes->SetField("AcctNum", Customer()->Field("AcctNum")); });
+    row([&] { rsCustCodes->SetField("AcctNum", Owner()); });
     row([&] { rsCustCodes->SetField("CustCodes", Code); });
     row.Must([] { rsCustCodes->Update(); });
   }

@@ -24,7 +24,7 @@ constexpr const char* kTaxFields[4] = {"TaxBasisA", "TaxBasisB", "TaxBasisC", "T
 class CustomersTab final : public RecordTab {
  public:
   explicit CustomersTab(frmCustMain& screen)
-      : RecordTab(screen, tab::Customers),
+      : RecordTab(screen, tab::Customers, "AcctNum"),
         mTexts{{{"LastName", &s.txtLastName},
                 {"FirstName", &s.txtFirstName},
                 {"Title", &s.txtTitle},
@@ -226,7 +226,7 @@ bool CustomersTab::Save(ResumeNext& on, SaveState& state) {
 
   RowWrite row(on);
   if (Adding()) {
-    if (!AskAboutDuplicates(on, state, TaxCount)) return false;
+    if (!AskAboutDuplicates(on, state, TaxCount) || CardHasGone(state)) return false;
     BeginAdd(row);
   } else if (!BeginCustomer(row, state)) {
     return false;
@@ -287,12 +287,13 @@ void CustomersTab::BeginAdd(RowWrite& row) {
 
 bool CustomersTab::BeginCustomer(RowWrite& row, SaveState& state) {
   std::int32_t Acct = 0;
-  if (!row.Must([&] { Acct = LongOf(Customer(), "AcctNum"); }) || !StandOnCustomer(row, state, Acct)) return false;
+  if (CardHasGone(state)) return false;
+  if (!row.Must([&] { Acct = platform::CLng(CardKey()); }) || !StandOnCustomer(row, state, Acct)) return false;
   state.Position = "[AcctNum]=" + std::to_string(Acct);
   if (!s.optLaborRate[2].Value()) {
     AskAboutLaborRates(row.Reports(), state, Acct);
     // The question and the yields behind it may have moved the table.
-    if (!StandOnCustomer(row, state, Acct)) return false;
+    if (CardHasGone(state) || !StandOnCustomer(row, state, Acct)) return false;
   }
   row.Must([] { rsCustomers->Edit(); });
   return true;
@@ -381,7 +382,7 @@ bool CustomersTab::ReadTaxes(ResumeNext& on, const Opened& Assigned, std::int16_
 }
 
 /// A customer whose ticks could not be loaded or read keeps the taxes that the table holds.
-void CustomersTab::WriteTaxes(RowWrite& row, const RecordsetRef& Assigned, std::int16_t TaxCount) {
+void CustomersTab::WriteTaxes(RowWrite& row, const Opened& Assigned, std::int16_t TaxCount) {
   Taxes taxes;
   taxes.fill(std::int32_t{0});
   const bool Known = ReadTaxes(row.Reports(), Assigned, TaxCount, taxes) && s.mTaxesLoaded;

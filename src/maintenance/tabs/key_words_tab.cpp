@@ -9,7 +9,7 @@ namespace {
 
 class KeyWordsTab final : public RecordTab {
  public:
-  explicit KeyWordsTab(frmCustMain& screen) : RecordTab(screen, tab::KeyWords) {}
+  explicit KeyWordsTab(frmCustMain& screen) : RecordTab(screen, tab::KeyWords, "Keyword") {}
 
   bool Add(ResumeNext&) override {
     s.txtKeyWord.Text("");
@@ -75,13 +75,13 @@ class KeyWordsTab final : public RecordTab {
     RowWrite row(on);
     row.Must([] { rsLookups->AddNew(); });
     row([&] { rsLookups->SetField("Text", s.txtKeyWord.Text()); });
-    row([&] { rsLookups->SetField("AcctNum", Customer()->Field("AcctNum")); });
+    row([&] { rsLookups->SetField("AcctNum", Owner()); });
     row.Must([] { rsLookups->Update(); });
   }
 
   bool BeginWord(RowWrite& row, const SaveState& state) {
     ResumeNext& on = row.Reports();
-    const Search search = Find(on, rsKeywords, "PrimaryKey", Word());
+    const Search search = Find(on, rsKeywords, "PrimaryKey", [this] { return Keys{CardKey()}; });
     if (search == Search::Failed) return false;
     if (search == Search::Found) {
       row.Must([] { rsKeywords->Edit(); });

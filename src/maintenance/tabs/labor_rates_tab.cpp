@@ -11,7 +11,7 @@ namespace {
 
 class LaborRatesTab final : public RecordTab {
  public:
-  explicit LaborRatesTab(frmCustMain& screen) : RecordTab(screen, tab::LaborRates) {}
+  explicit LaborRatesTab(frmCustMain& screen) : RecordTab(screen, tab::LaborRates, "Dept") {}
 
   bool Add(ResumeNext& on) override {
     bool Departmental = false;
@@ -41,9 +41,9 @@ class LaborRatesTab final : public RecordTab {
     const std::string Bound = BoundText(s.cboDepts);
     if (!Passes(state, {{Bound.empty(), "You must select a department!", &s.cboDepts}})) return false;
     std::string Dept = FixedDept(Bound);
-    if (!Adding()) on([&] { Dept = FixedDept(TextOf(Rows(), "Dept")); });
+    if (!Adding()) on([&] { Dept = FixedDept(platform::CStr(platform::Concat("", CardKey()))); });
 
-    const Search search = Find(on, rsCustLaborRates, "PrimaryKey", [&] { return Keys{Customer()->Field("AcctNum"), Bound}; });
+    const Search search = Find(on, rsCustLaborRates, "PrimaryKey", [&] { return Keys{Owner(), Bound}; });
     if (search == Search::Failed) return false;
     if (Adding() && search == Search::Found) {
       Refuse(state.Title, "The current customer already has a labor rate for department no. " + Bound + "!");
@@ -57,7 +57,7 @@ class LaborRatesTab final : public RecordTab {
     RowWrite row(on);
     if (Adding()) {
       row.Must([] { rsCustLaborRates->AddNew(); });
-      row([&] { rsCustLaborRates->SetField("AcctNum", Customer()->Field("AcctNum")); });
+      row([&] { rsCustLaborRates->SetField("AcctNum", Owner()); });
       row([&] { rsCustLaborRates->SetField("Dept", s.cboDepts.BoundValue()); });
     } else {
       row.Must([] { rsCustLaborRates->Edit(); });

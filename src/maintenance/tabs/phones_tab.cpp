@@ -10,7 +10,7 @@ namespace {
 class PhonesTab final : public RecordTab {
  public:
   explicit PhonesTab(frmCustMain& screen)
-      : RecordTab(screen, tab::Phones),
+      : RecordTab(screen, tab::Phones, "RecordID"),
         mTexts{{{"Area", &s.txtPhoneArea}, {"Phone", &s.txtPhone}, {"Ext", &s.txtPhoneExt}, {"Comment", &s.txtPhoneComment}}},
         mFields{From("Area", s.txtPhoneArea), From("Phone", s.txtPhone), From("Ext", s.txtPhoneExt), From("Type", s.cboPhoneTypes),
                 From("Comment", s.txtPhoneComment)} {}
@@ -47,7 +47,7 @@ class PhonesTab final : public RecordTab {
     RowWrite row(on);
     if (Adding()) {
       row.Must([] { rsPhones->AddNew(); });
-      row([&] { rsPhones->SetField("AcctNum", Customer()->Field("AcctNum")); });
+      row([&] { rsPhones->SetField("AcctNum", Owner()); });
     } else if (!BeginEdit(row, rsPhones, "RecordID", state, kGone)) {
       return false;
     }

@@ -16,6 +16,26 @@ void RecordTab::UpdateCustomer(ResumeNext& on) const {
 
 bool RecordTab::Adding() const { return s.mRecordMode == "A"; }
 
+CardRecord RecordTab::RecordAtHand(bool existing) const {
+  CardRecord record;
+  Ignore()([&] { record.Owner = Customer()->Field("AcctNum"); });
+  if (existing) Ignore()([&] { record.Key = Rows()->Field(mKey); });
+  return record;
+}
+
+bool RecordTab::StandsOn(const CardRecord& record) const {
+  const CardRecord now = RecordAtHand(!record.Key.IsNull());
+  return now.Owner == record.Owner && now.Key == record.Key;
+}
+
+bool RecordTab::CustomerIs(const platform::Value& owner) const { return RecordAtHand(false).Owner == owner; }
+
+platform::Value RecordTab::Owner() const { return mCard.Owner.IsNull() ? Customer()->Field("AcctNum") : mCard.Owner; }
+
+platform::Value RecordTab::CardKey() const { return mCard.Key.IsNull() ? Rows()->Field(mKey) : mCard.Key; }
+
+bool RecordTab::CardHasGone(const SaveState& state) const { return state.Card != s.mCardNumber; }
+
 bool RecordTab::Passes(const SaveState& state, std::initializer_list<SaveTest> tests) const {
   for (const SaveTest& test : tests) {
     if (!test.failed) continue;
@@ -41,7 +61,7 @@ bool RecordTab::BeginEdit(RowWrite& row, const platform::RecordsetRef& Table, co
                           const GoneText& gone) const {
   std::string Id;
   const Search search = Find(row.Reports(), Table, "PrimaryKey", [&] {
-    const platform::Value key = Rows()->Field(Key);
+    const platform::Value key = CardKey();
     Id = std::to_string(platform::CLng(key));
     return Keys{key};
   });
@@ -64,7 +84,8 @@ void RecordTab::Store(RowWrite& row, const platform::RecordsetRef& Table, const 
 
 void RecordTab::MakeDefault(const RowWrite& stored, const platform::RecordsetRef& Table, const char* Key,
                             std::initializer_list<const char*> fields) const {
-  if (!stored.Going()) return;
+  // Another customer's row must not get the number, and the own one can't be reached from where the list stands.
+  if (!stored.Going() || !CustomerIs(Owner())) return;
   RowWrite customer(stored.Reports());
   customer.Must([this] { Customer()->Edit(); });
   for (const char* field : fields) customer([&] { Customer()->SetField(field, Table->Field(Key)); });

@@ -4,6 +4,7 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,8 +20,15 @@ namespace orcussch {
 
 class frmCustMain;
 
+/// The record that a card was opened for. It stays the same while the card is open, wherever the lists stand by then.
+struct CardRecord {
+  platform::Value Owner = platform::Null;  ///< the customer's account number
+  platform::Value Key = platform::Null;    ///< an existing record's key field; Null for a new one
+};
+
 /// What a save leaves for its common end.
 struct SaveState {
+  int Card = 0;          ///< the card that is saved, see frmCustMain::mCardNumber
   std::string Title;     ///< of every box of this save: "Delete Customer Record" ...
   std::string Position;  ///< criterion that finds the saved row in the rebuilt list
   int LeftCol = 0;       ///< customers: first column of the list's second split
@@ -30,6 +38,10 @@ struct SaveState {
 struct DeleteState {
   std::string Title;
   std::string Position;  ///< criterion that finds the deleted row's successor
+  /// The list and its row as the user was asked about them.
+  platform::RecordsetRef Rows;
+  std::optional<platform::Bookmark> Row;
+  CardRecord Record;
   /// Fields of the customer that point at the deleted row and are set to 0 after it.
   struct Repair {
     bool Wanted = false;
@@ -55,10 +67,19 @@ struct CardField {
 /// gets its failure object: a failing statement is reported there and the next one runs.
 class RecordTab {
  public:
-  RecordTab(frmCustMain& screen, int tab) : s(screen), mTab(tab) {}
+  /// `key` is the field by which the record's table finds a row again.
+  RecordTab(frmCustMain& screen, int tab, const char* key) : s(screen), mTab(tab), mKey(key) {}
   virtual ~RecordTab() = default;
   RecordTab(const RecordTab&) = delete;
   RecordTab& operator=(const RecordTab&) = delete;
+
+  /// The current customer and, of an existing record, the list's current row; Null where there is none to read.
+  CardRecord RecordAtHand(bool existing) const;
+  /// Whether the lists still stand on that record.
+  bool StandsOn(const CardRecord& record) const;
+  bool CustomerIs(const platform::Value& owner) const;
+  /// The card that is open now was made ready for that record.
+  void OpenedFor(CardRecord record) { mCard = std::move(record); }
 
   /// Makes the card ready for a new record. False: no add, the screen stays in its list.
   virtual bool Add(ResumeNext& on) = 0;
@@ -76,6 +97,11 @@ class RecordTab {
   platform::RecordsetRef Rows() const;
   platform::RecordsetRef Customer() const;
   bool Adding() const;
+  /// The customer and the key of the record for which the card was opened; of the lists' rows where that could not be read.
+  platform::Value Owner() const;
+  platform::Value CardKey() const;
+  /// Whether the card that is being saved was closed, or opened for another record, in a yield: it is not written then.
+  bool CardHasGone(const SaveState& state) const;
   /// Writes the edit of the customer list's row; what can't be written is dropped (see UpdateOrDrop).
   void UpdateCustomer(ResumeNext& on) const;
   /// Shows the first failing test's box. True when the card may be written.
@@ -107,6 +133,8 @@ class RecordTab {
 
   frmCustMain& s;
   int mTab;
+  const char* mKey;
+  CardRecord mCard;
 };
 
 std::unique_ptr<RecordTab> MakeCustomersTab(frmCustMain& screen);

@@ -111,4 +111,78 @@ TEST_F(VanishingLists, ATabThatWasLeftWhileItLoadedDoesNotCloseTheQueries) {
   EXPECT_THAT(Reports(), testing::IsEmpty());
 }
 
+/// A second key press in the first one's yield: one customer is added, not two.
+TEST_F(VanishingLists, ASaveInTheMiddleOfASaveWritesOnce) {
+  Serve([&](frmCustMain& screen) {
+    screen.miAddRec.UserClick();
+    screen.txtLastName.Text("Tran");
+    screen.cboTerms.BoundValue(2);
+    AtYield(1, [&] { screen.miSaveRec.UserClick(); });
+    screen.miSaveRec.UserClick();
+    EXPECT_EQ(screen.SSIndexTab1.Page(), 0);
+    EXPECT_FALSE(screen.Toolbar1.Button("tb_SaveRec").Enabled());
+    EXPECT_TRUE(screen.mToolbarReady);
+  });
+  EXPECT_THAT(Reports(), testing::IsEmpty());
+  EXPECT_EQ(Stored("SELECT Count(*) FROM Customers WHERE LastName='Tran'"), "1");
+}
+
+/// Between the lines of a save stands the question about departmental rates, with yields of its own.
+TEST_F(VanishingLists, ASaveWritesTheCustomerOfItsCard) {
+  frontEnd->answer = platform::box::Yes;
+  Serve([&](frmCustMain& screen) {
+    screen.miEditRec.UserClick();
+    screen.cboTerms.BoundValue(2);
+    screen.txtCity.Text("Duluth");
+    screen.optLaborRate[0].UserClick();
+    frontEnd->onBox = [&] {
+      frontEnd->onBox = nullptr;
+      screen.data[tab::Customers].Recordset()->MoveLast();
+      orcussch::rsCustomers->SetIndex("ByAcct");
+      orcussch::rsCustomers->Seek("=", {2});
+    };
+    screen.miSaveRec.UserClick();
+  });
+  EXPECT_EQ(Stored("SELECT City FROM Customers WHERE AcctNum=1"), "Duluth");
+  EXPECT_EQ(Stored("SELECT City FROM Customers WHERE AcctNum=2"), "");
+  EXPECT_EQ(Stored("SELECT LastName FROM Customers WHERE AcctNum=2"), "Reed");
+}
+
+TEST_F(VanishingLists, AnEditThatLosesItsRowOpensNoCard) {
+  Serve([&](frmCustMain& screen) {
+    AtYield(3, [&] { screen.grid[tab::Customers].UserMove(1); });  // while the taxes are loaded
+    screen.miEditRec.UserClick();
+    EXPECT_EQ(screen.SSIndexTab1.Page(), 0);
+    EXPECT_FALSE(screen.Toolbar1.Button("tb_SaveRec").Enabled());
+    EXPECT_TRUE(screen.mToolbarReady);
+    EXPECT_EQ(screen.lblCustomer.Caption(), "Reed");
+  });
+  EXPECT_THAT(Reports(), testing::IsEmpty());
+}
+
+TEST_F(VanishingLists, ADeletionTakesTheRowThatWasAskedAbout) {
+  frontEnd->answer = platform::box::Yes;
+  Serve([&](frmCustMain& screen) {
+    const int yields = frontEnd->yields;
+    frontEnd->onBox = [&] {
+      frontEnd->onBox = nullptr;
+      screen.data[tab::Customers].Recordset()->MoveLast();
+    };
+    screen.miDeleteRec.UserClick();
+    EXPECT_GT(frontEnd->yields, yields);
+  });
+  EXPECT_EQ(Stored("SELECT LastName FROM Customers"), "Reed");
+}
+
+TEST_F(VanishingLists, ADeletionFromAListThatWasReadAnewIsReportedAndDeletesNothing) {
+  frontEnd->answer = platform::box::Yes;
+  Serve([&](frmCustMain& screen) {
+    AtYield(2, [&] { screen.data[tab::Customers].Refresh(); });  // behind the look at the transactions
+    screen.miDeleteRec.UserClick();
+    EXPECT_TRUE(screen.mToolbarReady);
+  });
+  ExpectOneReport("frmCustMain.RecordDelete", 3420);
+  EXPECT_EQ(Stored("SELECT Count(*) FROM Customers"), "2");
+}
+
 }  // namespace

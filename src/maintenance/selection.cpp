@@ -20,7 +20,7 @@ void frmCustMain::SelectCustomer() {
       {"FirstName", &gCustomerFirstName}, {"LastName", &gCustomerLastName}, {"Title", &gCustomerTitle}, {"Addr1", &gCustomerAddr1},
       {"Addr2", &gCustomerAddr2},         {"City", &gCustomerCity},         {"State", &gCustomerState}, {"Zip", &gCustomerZip}};
   const platform::RecordsetRef Rs = data[tab::Customers].Recordset();
-  if (Rs->HasRows()) {
+  if (HasRecords(data[tab::Customers])) {
     gSelAcctNum = platform::CLng(Rs->Field("AcctNum"));
     for (const AnswerText& text : texts) *text.answer = platform::Trim(platform::CStr(platform::Concat("", Rs->Field(text.field))));
   } else {

@@ -32,6 +32,7 @@ frmFirst::frmFirst(platform::Application& app) : Form(app, "frmFirst", "First") 
   grid.DesignColumn(2).numberFormat = "Currency";
   grid.DesignColumn(3).open = grid.DesignColumn(3).checkBox = true;
   grid.Splits(2);
+  grid.MarksRows(true);
   AttachEdits();
   AttachButtons();
   AttachList();

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTimer>
 #include <memory>
@@ -30,6 +31,9 @@ class User {
       if (!window->isVisible()) continue;
       auto* action = window->findChild<QAction*>(task_ == USER_EXITS ? "miExit" : "tb_Select");
       if (action == nullptr || !action->isEnabled()) continue;
+      // The window is up before its list is: a user waits until he sees the customer.
+      const auto* account = window->findChild<QLabel*>("lblAcctNum");
+      if (account == nullptr || account->text().isEmpty()) continue;
       done_ = true;
       if (task_ == USER_THROWS) throw std::runtime_error("raised by the host's timer");
       TryWhatIsRefused();

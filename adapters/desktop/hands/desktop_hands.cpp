@@ -11,6 +11,7 @@
 #include <QTabBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 #include <stdexcept>
 
 #include "desktop/binding/bar_bindings.h"
@@ -115,10 +116,23 @@ void DesktopHands::Focus(Control& control) {
   Settle();
 }
 
+namespace {
+
+/// A cell that was refused stays open and keeps the keyboard.
+bool CellKeepsFocusFrom(const Control& control) {
+  const auto& controls = control.Owner().Controls();
+  return std::any_of(controls.begin(), controls.end(), [&](const Control* other) {
+    const auto* grid = dynamic_cast<const Grid*>(other);
+    return grid && grid != &control && grid->OpenCell();
+  });
+}
+
+}  // namespace
+
 void DesktopHands::Type(Control& control, std::string_view text, bool append) {
   FormWindow& window = WindowOf(control);
   Focus(control);
-  if (control.Owner().Focus() != &control) return;  // a refused cell keeps the focus
+  if (CellKeepsFocusFrom(control)) return;
   if (append) {
     input::Key(window, Qt::Key_End, Qt::ControlModifier);
     input::Key(window, Qt::Key_End, Qt::NoModifier);
@@ -142,7 +156,7 @@ void DesktopHands::Key(Control& control, std::string_view key) {
   auto* list = binding ? dynamic_cast<ListView*>(binding->Widget()) : nullptr;
   if (list) list->Sync();
   if (!list || !list->Editor()) Focus(control);
-  if (control.TakesFocus() && control.Owner().Focus() != &control) return;
+  if (CellKeepsFocusFrom(control)) return;
   const input::NamedKey named = input::KeyByName(key);
   if (named.key == Qt::Key_unknown && named.text.isEmpty()) throw std::logic_error("no key " + std::string(key));
   input::Key(window, named.key, named.modifiers, named.text);

@@ -82,7 +82,7 @@ if [ "$mode" != quick ]; then
   step "build under sanitizers, with the fuzzers" build instrumented $SANITIZED $FUZZERS custsearch suitefiles
   step "core alone" core_alone
   step "units and engine under sanitizers" run_ctest instrumented -R "^($(printf '%s' "$SANITIZED" | tr ' \n' '||'))$"
-  step "robot scenarios under sanitizers" scripts/sanitize-scenarios.sh "${SANITIZED_SCENARIOS:-60}"
+  step "robot scenarios under sanitizers" scripts/sanitize-scenarios.sh "${SANITIZED_SCENARIOS:-all}"
   step "fuzzers" run_fuzzers
   step "bench, short form" scripts/bench-short.sh
 fi

@@ -15,10 +15,13 @@ records=${RECORDS:-$data}
 sizes="10000 1000000"
 [ "${1:-}" = 5m ] && sizes="$sizes 5000000"
 
-launcher=""
-command -v ccache >/dev/null 2>&1 && launcher="-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"
+mkdir -p build/logs
+LOGS=$PWD/build/logs
+. scripts/prepare.sh
 # shellcheck disable=SC2086
-cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORCUSSCH_BENCH=ON -DORCUSSCH_TESTS=ON $launcher >&2
+install_missing $BUILD_PACKAGES $BENCH_PACKAGES >&2
+# What is measured is what is installed: without assertions.
+cmake --preset release -B "$build" -DORCUSSCH_BENCH=ON -DORCUSSCH_TESTS=ON >&2
 targets="bench_engine bench_memory bench_records bench_saves suitefiles"
 for optional in bench_model bench_desktop; do
   cmake --build "$build" --target help | grep -q "^$optional:" && targets="$targets $optional"

@@ -1,3 +1,6 @@
+#include <cstdint>
+#include <limits>
+
 #include "platform/convert.h"
 #include "platform/text.h"
 #include "robot/failure.h"
@@ -7,10 +10,11 @@
 namespace robot {
 namespace {
 
-/// Statements of other users follow the host's company and user.
+/// Statements of other users follow the host's company and user. A number that no property can hold is refused there.
 void FollowHost(Interpreter& run, const std::string& property, const std::string& value) {
+  using Limits = std::numeric_limits<std::int32_t>;
   double number = 0;
-  if (!PlainNumber(value, number)) return;
+  if (!PlainNumber(value, number) || number < Limits::min() || number > Limits::max()) return;
   if (platform::EqualsNoCase(property, "CompanyID")) run.Others().Company(static_cast<std::int32_t>(number));
   if (platform::EqualsNoCase(property, "UserID")) run.Others().User(static_cast<std::int32_t>(number));
 }

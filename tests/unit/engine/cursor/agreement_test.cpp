@@ -168,7 +168,8 @@ TEST_P(Agreement, SeekFindsTheFirstOfItsGroup) {
              {"=", [](int c) { return c == 0; }}, {">=", [](int c) { return c >= 0; }}, {">", [](int c) { return c > 0; }}}) {
       SCOPED_TRACE(sign + " " + key);
       rows->Seek(sign, {Value(key)});
-      const int place = Place(list, 0, {"", [&](const Person& one) { return one.name && holds(engine::CompareText(*one.name, key)); }});
+      const auto fits = [&key, &compare = holds](const Person& one) { return one.name && compare(engine::CompareText(*one.name, key)); };
+      const int place = Place(list, 0, {"", fits});
       ASSERT_EQ(rows->NoMatch(), place < 0);
       if (place >= 0) {
         ASSERT_EQ(rows->Field("ID"), Value(list[static_cast<std::size_t>(place)].id));

@@ -1,0 +1,241 @@
+#include "hostile/case.h"
+
+#include "engine/engine.h"
+#include "hostile/checks.h"
+#include "robot/failure.h"
+#include "session/CustSearch.h"
+#include "session/ModCustSch.h"
+#include "suite/operating_system.h"
+
+namespace hostile {
+namespace {
+
+constexpr int kPaintedRows = 20;
+constexpr int kMostReports = 40;
+constexpr int kObjectNotSet = 91;
+constexpr int kObjectClosed = 3420;
+constexpr std::int32_t kThread = 4711;
+
+class KeptReports final : public platform::ErrorLog {
+ public:
+  explicit KeptReports(std::vector<platform::ErrorRecord>& records) : records_(records) {}
+  void Write(const platform::ErrorRecord& record) noexcept override { records_.push_back(record); }
+
+ private:
+  std::vector<platform::ErrorRecord>& records_;
+};
+
+class Running {
+ public:
+  Running(const Image& image, const Case& one, const Books* before) : image_(image), case_(one), before_(before) {}
+  Outcome Go();
+
+ private:
+  void Build();
+  void Show();
+  void Serve(platform::Form& form);
+  void Arm();
+  void Interrupt();
+  void Allow(bool alsoTab);
+  void Paint() const;
+  void LookAt(const std::string& when);
+  void GoOn();
+  void AfterTheScreen();
+  void CountReports();
+  void Fault(const std::string& what) { outcome_.faults.push_back(what); }
+
+  const Image& image_;
+  const Case& case_;
+  const Books* before_;
+  Outcome outcome_;
+  Allowed allowed_;
+  std::vector<platform::ErrorRecord> reports_;
+  InterruptingFrontEnd* frontEnd_ = nullptr;
+  std::unique_ptr<platform::Application> app_;
+  std::unique_ptr<Desk> desk_;
+  std::unique_ptr<orcussch::CustSearch> host_;
+};
+
+void Running::Build() {
+  image_.Restore();
+  platform::ApplicationParts parts;
+  auto frontEnd = std::make_unique<InterruptingFrontEnd>();
+  frontEnd_ = frontEnd.get();
+  engine::EngineOptions options;
+  if (case_.live) options.exactRows = 0;
+  parts.engine = engine::MakeEngine(options);
+  parts.system = suite::MakeNativeSystem(image_.Folder());
+  parts.errorLog = std::make_unique<KeptReports>(reports_);
+  parts.frontEnd = std::move(frontEnd);
+  parts.path = image_.Folder();
+  parts.title = "The host";
+  parts.threadId = kThread;
+  app_ = std::make_unique<platform::Application>(std::move(parts));
+  app_->OnUnhandled = [this](const platform::Error& error) {
+    ++outcome_.notes["unhandled " + std::to_string(error.Number()) + " " + error.Description()];
+  };
+  desk_ = std::make_unique<Desk>(*app_);
+  frontEnd_->answerYes = case_.yes;
+  frontEnd_->keepPlaces = case_.act == nullptr;
+  frontEnd_->paint = [this] { Paint(); };
+  frontEnd_->serve = [this](platform::Form& form) { Serve(form); };
+  // What is asked about is what the user then deletes, whichever row stands there by now.
+  frontEnd_->onQuestion = [this](const std::string& text) {
+    if (text.starts_with("Are you sure you delete the current ")) Allow(true);
+  };
+}
+
+/// The customer named now, and the tab, may be written to.
+void Running::Allow(bool alsoTab) {
+  const orcussch::frmCustMain* screen = desk_->Screen();
+  if (screen == nullptr) return;
+  allowed_.customers.insert(NamedAccount(*screen));
+  if (alsoTab) allowed_.tabs.insert(screen->Tab());
+}
+
+void Running::Arm() {
+  Allow(false);
+  if (case_.procedure->writes >= 0) allowed_.tabs.insert(case_.procedure->writes);
+  if (case_.act == nullptr) outcome_.before = Books::Of(image_.CustomerFile());
+  frontEnd_->Arm(case_.yield, [this] { Interrupt(); });
+}
+
+void Running::Interrupt() {
+  try {
+    if (case_.act->release) {
+      outcome_.performed = host_ != nullptr;
+      host_.reset();
+      return;
+    }
+    if (case_.act->writes) Allow(true);
+    case_.act->run(*desk_);
+    outcome_.performed = true;
+  } catch (const robot::ActionFailed&) {
+    // The screen refuses it at this yield.
+  }
+}
+
+/// A window reads the rows that it shows.
+void Running::Paint() const {
+  const orcussch::frmCustMain* screen = desk_->Screen();
+  if (screen == nullptr || !screen->Visible()) return;
+  const auto& grid = screen->grid[static_cast<std::size_t>(screen->Tab())];
+  if (platform::RowWindow* window = grid.Data()->Window()) {
+    try {
+      window->RowsAt(0, kPaintedRows);
+    } catch (const platform::Error&) {
+      // A list that can't be read stays as it was.
+    }
+  }
+}
+
+void Running::Serve(platform::Form& form) {
+  if (dynamic_cast<orcussch::frmCustMain*>(&form) == nullptr) return;  // closed at once
+  if (case_.procedure->run) {
+    try {
+      case_.procedure->situation(*desk_);
+      Arm();
+      case_.procedure->run(*desk_);
+    } catch (const robot::ActionFailed& refused) {
+      Fault(std::string("the procedure can't be set off: ") + refused.what());
+    }
+  }
+  frontEnd_->Disarm();
+  outcome_.asked = frontEnd_->asked;
+  LookAt("");
+  GoOn();
+}
+
+void Running::LookAt(const std::string& when) {
+  const orcussch::frmCustMain* screen = desk_->Screen();
+  if (screen == nullptr) return;
+  for (const std::string& mismatch : Mismatches(*screen, Books::Of(image_.CustomerFile()))) Fault(when + mismatch);
+  if (!Writable(image_.CustomerFile())) Fault(when + "the file stays locked");
+}
+
+/// The user goes on as he would: out of the card, a refresh, another tab and back.
+void Running::GoOn() {
+  frontEnd_->answerYes = true;
+  const auto step = [this](const auto& act) {
+    try {
+      act();
+    } catch (const robot::ActionFailed&) {
+      // Not to be reached here.
+    }
+  };
+  if (desk_->CanUse("tb_CancelRec")) step([this] { desk_->Click("miCancelRec"); });
+  if (desk_->CanUse("tb_CancelRec")) return;  // the card stays open
+  step([this] { desk_->Click("miRefresh"); });
+  step([this] { desk_->Tab(orcussch::tab::Customers); });
+  step([this] { desk_->Click("miRefresh"); });
+  step([this] { desk_->Tab(orcussch::tab::Phones); });
+  LookAt("when the user goes on: ");
+}
+
+void Running::Show() {
+  host_ = std::make_unique<orcussch::CustSearch>(*app_);
+  host_->Let("UserID", 1);
+  host_->Let("CompanyID", 1);
+  host_->Let("Customer", case_.procedure->customer);
+  host_->Let("BillingStatus", case_.procedure->billing);
+  if (!case_.procedure->run) Arm();
+  orcussch::CustSearch* host = host_.get();
+  host->ShowUser();
+}
+
+void Running::AfterTheScreen() {
+  frontEnd_->Disarm();
+  if (frontEnd_->wouldNotGo) Fault("the screen does not close");
+  if (app_->FormCount() != 0) Fault("a screen stays loaded: " + app_->FormAt(0).Name());
+  if (app_->ActiveForm() != nullptr) Fault("a screen stays up");
+  if (orcussch::CustSearch::Running()) Fault("ShowUser counts as running");
+  if (orcussch::screens::frmCustMain.peek() != nullptr) {
+    Fault("the screen is not given up");
+    orcussch::screens::frmCustMain.release();
+  }
+  host_.reset();
+  if (app_->Engine().WorkspaceCount() != 1) Fault("a workspace stays open");
+  if (!Writable(image_.CustomerFile())) Fault("the file stays locked after the end");
+  const Books after = Books::Of(image_.CustomerFile());
+  if (const Books* before = before_ != nullptr ? before_ : outcome_.before ? &*outcome_.before : nullptr)
+    for (const std::string& stray : Strays(*before, after, allowed_)) Fault(stray);
+}
+
+void Running::CountReports() {
+  std::map<std::string, int> gone;
+  for (const platform::ErrorRecord& report : reports_) {
+    const std::string key = report.module + " " + std::to_string(report.number);
+    ++outcome_.notes["report " + key];
+    if (report.number == kObjectClosed || report.number == kObjectNotSet) ++gone[key];
+  }
+  for (const auto& [key, count] : gone)
+    if (case_.procedure->loop && count > 1) Fault(std::to_string(count) + " reports of a list that has gone: " + key);
+  if (reports_.size() > kMostReports) Fault(std::to_string(reports_.size()) + " reports");
+}
+
+Outcome Running::Go() {
+  try {
+    Build();
+    Show();
+    AfterTheScreen();
+  } catch (const std::exception& error) {
+    Fault(std::string("an exception left the program: ") + error.what());
+  }
+  if (frontEnd_ != nullptr) outcome_.places = frontEnd_->Places();
+  CountReports();
+  host_.reset();
+  orcussch::AttachApplication(nullptr);
+  return std::move(outcome_);
+}
+
+}  // namespace
+
+std::string Words(const Case& one) {
+  std::string words = "--only " + one.procedure->name;
+  if (one.act != nullptr) words += " --act " + one.act->name + " --yield " + std::to_string(one.yield);
+  return words + (one.yes ? "" : " --no") + (one.live ? " --live" : " --exact");
+}
+
+Outcome Run(const Image& image, const Case& one, const Books* before) { return Running(image, one, before).Go(); }
+
+}  // namespace hostile

@@ -163,8 +163,12 @@ void Running::GoOn() {
       // Not to be reached here.
     }
   };
-  if (desk_->CanUse("tb_CancelRec")) step([this] { desk_->Click("miCancelRec"); });
-  if (desk_->CanUse("tb_CancelRec")) return;  // the card stays open
+  const auto cardOpen = [this] { return desk_->Screen() != nullptr && desk_->Screen()->SSIndexTab1.Page() != 0; };
+  if (cardOpen()) step([this] { desk_->Click("miCancelRec"); });
+  if (cardOpen()) {
+    Fault("the card can't be left");
+    return;
+  }
   step([this] { desk_->Click("miRefresh"); });
   step([this] { desk_->Tab(orcussch::tab::Customers); });
   step([this] { desk_->Click("miRefresh"); });

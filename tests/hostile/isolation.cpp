@@ -14,7 +14,7 @@ namespace hostile {
 namespace {
 
 constexpr unsigned kSecondsForACase = 120;
-constexpr int kTellingFrames = 12;
+constexpr int kTellingFrames = 4;
 
 /// The first lines of a sanitizer's report: what happened, and the frames of our own.
 std::string TellingLines(const std::string& file) {

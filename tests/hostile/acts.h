@@ -13,7 +13,7 @@ struct Act {
   std::string name;
   bool writes = false;  ///< may change the records of the customer named at that moment
   void (*run)(const Desk& desk) = nullptr;
-  bool release = false;  ///< the host gives the object up; `run` is not called
+  bool release = false;  ///< the host calls in to give the session up; `run` is not called
 };
 
 const std::vector<Act>& Acts();

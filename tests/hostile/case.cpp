@@ -2,9 +2,10 @@
 
 #include "engine/engine.h"
 #include "hostile/checks.h"
+#include "library/entry.h"
+#include "library/orcussch.h"
 #include "robot/failure.h"
 #include "session/CustSearch.h"
-#include "session/ModCustSch.h"
 #include "suite/operating_system.h"
 
 namespace hostile {
@@ -31,8 +32,10 @@ class Running {
   Outcome Go();
 
  private:
-  void Build();
+  std::unique_ptr<platform::Application> Build();
+  void Demand(orcussch_result result, orcussch_result wanted, const char* call);
   void Show();
+  void HostRelease();
   void Serve(platform::Form& form);
   void Arm();
   void Interrupt();
@@ -51,13 +54,12 @@ class Running {
   Allowed allowed_;
   std::vector<platform::ErrorRecord> reports_;
   InterruptingFrontEnd* frontEnd_ = nullptr;
-  std::unique_ptr<platform::Application> app_;
+  platform::Application* app_ = nullptr;
   std::unique_ptr<Desk> desk_;
-  std::unique_ptr<orcussch::CustSearch> host_;
+  orcussch_handle* host_ = nullptr;
 };
 
-void Running::Build() {
-  image_.Restore();
+std::unique_ptr<platform::Application> Running::Build() {
   platform::ApplicationParts parts;
   auto frontEnd = std::make_unique<InterruptingFrontEnd>();
   frontEnd_ = frontEnd.get();
@@ -70,7 +72,8 @@ void Running::Build() {
   parts.path = image_.Folder();
   parts.title = "The host";
   parts.threadId = kThread;
-  app_ = std::make_unique<platform::Application>(std::move(parts));
+  auto application = std::make_unique<platform::Application>(std::move(parts));
+  app_ = application.get();
   app_->OnUnhandled = [this](const platform::Error& error) {
     ++outcome_.notes["unhandled " + std::to_string(error.Number()) + " " + error.Description()];
   };
@@ -83,6 +86,11 @@ void Running::Build() {
   frontEnd_->onQuestion = [this](const std::string& text) {
     if (text.starts_with("Are you sure you delete the current ")) Allow(true);
   };
+  return application;
+}
+
+void Running::Demand(orcussch_result result, orcussch_result wanted, const char* call) {
+  if (result != wanted) Fault(std::string(call) + " gave " + std::to_string(result) + ", not " + std::to_string(wanted) + ": " + orcussch_last_error());
 }
 
 /// The customer named now, and the tab, may be written to.
@@ -103,8 +111,7 @@ void Running::Arm() {
 void Running::Interrupt() {
   try {
     if (case_.act->release) {
-      outcome_.performed = host_ != nullptr;
-      host_.reset();
+      HostRelease();
       return;
     }
     if (case_.act->writes) Allow(true);
@@ -113,6 +120,14 @@ void Running::Interrupt() {
   } catch (const robot::ActionFailed&) {
     // The screen refuses it at this yield.
   }
+}
+
+/// From a timer of his own the host gives the session up, shows it again, sets another company: all refused with a code.
+void Running::HostRelease() {
+  Demand(orcussch_release(host_), ORCUSSCH_BUSY, "release");
+  Demand(orcussch_show_user(host_), ORCUSSCH_BUSY, "show_user");
+  Demand(orcussch_set_number(host_, "CompanyID", 1), ORCUSSCH_BUSY, "set_number");
+  outcome_.performed = true;
 }
 
 /// A window reads the rows that it shows.
@@ -177,14 +192,21 @@ void Running::GoOn() {
 }
 
 void Running::Show() {
-  host_ = std::make_unique<orcussch::CustSearch>(*app_);
-  host_->Let("UserID", 1);
-  host_->Let("CompanyID", 1);
-  host_->Let("Customer", case_.procedure->customer);
-  host_->Let("BillingStatus", case_.procedure->billing);
+  image_.Restore();
+  library::MakeApplicationsBy([this](const library::DefaultApplicationOptions&) { return Build(); });
+  const std::string folder = image_.Folder();
+  orcussch_options options{};
+  options.size = sizeof options;
+  options.library_folder = options.local_folder = folder.c_str();
+  options.settings_folder = "";
+  Demand(orcussch_create(&options, &host_), ORCUSSCH_OK, "create");
+  if (host_ == nullptr) throw std::runtime_error("no session");
+  Demand(orcussch_set_number(host_, "UserID", 1), ORCUSSCH_OK, "set UserID");
+  Demand(orcussch_set_number(host_, "CompanyID", 1), ORCUSSCH_OK, "set CompanyID");
+  Demand(orcussch_set_number(host_, "Customer", case_.procedure->customer), ORCUSSCH_OK, "set Customer");
+  Demand(orcussch_set_text(host_, "BillingStatus", case_.procedure->billing.c_str()), ORCUSSCH_OK, "set BillingStatus");
   if (!case_.procedure->run) Arm();
-  orcussch::CustSearch* host = host_.get();
-  host->ShowUser();
+  Demand(orcussch_show_user(host_), ORCUSSCH_OK, "show_user");
 }
 
 void Running::AfterTheScreen() {
@@ -197,8 +219,9 @@ void Running::AfterTheScreen() {
     Fault("the screen is not given up");
     orcussch::screens::frmCustMain.release();
   }
-  host_.reset();
-  if (app_->Engine().WorkspaceCount() != 1) Fault("a workspace stays open");
+  outcome_.places = frontEnd_->Places();
+  Demand(orcussch_release(host_), ORCUSSCH_OK, "release");
+  host_ = nullptr;
   if (!Writable(image_.CustomerFile())) Fault("the file stays locked after the end");
   const Books after = Books::Of(image_.CustomerFile());
   if (const Books* before = before_ != nullptr ? before_ : outcome_.before ? &*outcome_.before : nullptr)
@@ -219,16 +242,14 @@ void Running::CountReports() {
 
 Outcome Running::Go() {
   try {
-    Build();
     Show();
     AfterTheScreen();
   } catch (const std::exception& error) {
     Fault(std::string("an exception left the program: ") + error.what());
   }
-  if (frontEnd_ != nullptr) outcome_.places = frontEnd_->Places();
   CountReports();
-  host_.reset();
-  orcussch::AttachApplication(nullptr);
+  orcussch_release(host_);
+  library::MakeApplicationsBy({});
   return std::move(outcome_);
 }
 

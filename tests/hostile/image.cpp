@@ -55,7 +55,7 @@ void AddSubRecords(const std::string& file) {
     for (std::int32_t i = 1; i <= 3; ++i) {
       const std::string nth = std::to_string(i);
       phones.push_back({acct * 10 + i, acct, "61" + nth, "555" + number + "00" + nth, "", i == 2 ? "H" : "W", "Phone of " + number});
-      addresses.push_back({acct * 10 + i, acct, nth + " Side St", "Of " + number, "Town " + nth, "WI", "5400" + nth, std::int16_t{0}, std::int16_t{0}});
+      addresses.push_back({acct * 10 + i, acct, nth + " Side St", "Of " + number, "Town " + nth, "WI", "5400" + nth, "USA", "None", std::int16_t{0}, std::int16_t{0}});
       cards.push_back({acct * 10 + i, acct, i == 1 ? "M" : "V", "400000000" + number + nth, "Holder " + number, "12", "2030", Value(platform::Currency{0}), ""});
     }
     if (acct != kCustomerWithoutRates)
@@ -66,7 +66,7 @@ void AddSubRecords(const std::string& file) {
       if (acct % 2 == 1 || *word == 'S') words.push_back({acct, word});
   }
   Add(file, "Phones", {"RecordID", "AcctNum", "Area", "Phone", "Ext", "Type", "Comment"}, phones);
-  Add(file, "Addresses", {"addressID", "Customer", "Addr1", "Addr2", "City", "State", "Zip", "ActiveMonthLow", "ActiveMonthHigh"}, addresses);
+  Add(file, "Addresses", {"addressID", "Customer", "Addr1", "Addr2", "City", "State", "Zip", "Country", "Comment", "ActiveMonthLow", "ActiveMonthHigh"}, addresses);
   Add(file, "CustCreditCards", {"CreditCardID", "AcctNum", "CCType", "CCNumber", "CCHolder", "CCMonth", "CCYear", "CCLimit", "CCComment"}, cards);
   Add(file, "CustLaborRates", {"AcctNum", "Dept", "Adjustment"}, rates);
   Add(file, "CustCodes", {"AcctNum", "CustCodes"}, codes);

@@ -5,8 +5,8 @@
 
 namespace hostile {
 
-/// The small company on which every case runs: eight customers with sub-records, types, key words and taxes, two files of which
-/// a plain refresh changes the row. Made once, put back for each case.
+/// The small company on which every case runs: eight customers with sub-records, types, key words and taxes, each customer's of
+/// their own content. Made once, put back for each case.
 class Image {
  public:
   /// Makes the company in a new folder, in memory where the machine has such a place.

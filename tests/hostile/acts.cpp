@@ -24,8 +24,9 @@ void Order(const Desk& desk) {
 /// Another choice of what the types, the key words, the taxes of the card show.
 void Filter(const Desk& desk) {
   const int tab = desk.UpScreen().Tab();
-  const std::string options =
-      tab == orcussch::tab::CustomerTypes ? "optCustTypeDisp" : tab == orcussch::tab::KeyWords ? "optKeyWordDisp" : "optTaxDisp";
+  const std::string options = tab == orcussch::tab::CustomerTypes ? "optCustTypeDisp"
+                              : tab == orcussch::tab::KeyWords    ? "optKeyWordDisp"
+                                                                  : "optTaxDisp";
   const auto* assigned = dynamic_cast<platform::OptionButton*>(desk.UpScreen().Find(options, 1));
   desk.Click(Indexed(options, assigned != nullptr && assigned->Value() ? 2 : 1));
 }

@@ -90,7 +90,8 @@ std::unique_ptr<platform::Application> Running::Build() {
 }
 
 void Running::Demand(orcussch_result result, orcussch_result wanted, const char* call) {
-  if (result != wanted) Fault(std::string(call) + " gave " + std::to_string(result) + ", not " + std::to_string(wanted) + ": " + orcussch_last_error());
+  if (result != wanted)
+    Fault(std::string(call) + " gave " + std::to_string(result) + ", not " + std::to_string(wanted) + ": " + orcussch_last_error());
 }
 
 /// The customer named now, and the tab, may be written to.

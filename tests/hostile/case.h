@@ -26,12 +26,12 @@ struct Case {
 std::string Words(const Case& one);
 
 struct Outcome {
-  bool performed = false;             ///< the act could be done there
-  bool asked = false;                 ///< a question was answered
-  std::vector<Place> places;          ///< of a procedure that ran through: its yields
-  std::optional<Books> before;        ///< of a procedure that ran through: the books when it began
-  std::vector<std::string> faults;    ///< what must not be
-  std::map<std::string, int> notes;   ///< reports by literal and number, errors that nobody handled
+  bool performed = false;            ///< the act could be done there
+  bool asked = false;                ///< a question was answered
+  std::vector<Place> places;         ///< of a procedure that ran through: its yields
+  std::optional<Books> before;       ///< of a procedure that ran through: the books when it began
+  std::vector<std::string> faults;   ///< what must not be
+  std::map<std::string, int> notes;  ///< reports by literal and number, errors that nobody handled
 };
 
 /// Runs it in this process on the restored company. `before` are the books when the procedure begins.

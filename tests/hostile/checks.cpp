@@ -31,7 +31,8 @@ void CheckHead(const frmCustMain& screen, const Books& books, Faults& faults) {
   const std::int32_t named = NamedAccount(screen);
   if (!customers.OnRecord()) {
     if (named != 0 || !screen.lblCustomer.Caption().empty())
-      faults.push_back("names " + screen.lblAcctNum.Caption() + " \"" + screen.lblCustomer.Caption() + "\" while the list stands on no row");
+      faults.push_back("names " + screen.lblAcctNum.Caption() + " \"" + screen.lblCustomer.Caption() +
+                       "\" while the list stands on no row");
     return;
   }
   const platform::Recordset& row = RowsOf(customers.Recordset());
@@ -65,7 +66,8 @@ void CheckDependent(const frmCustMain& screen, int tab, Faults& faults) {
         faults.push_back(list + " has a row of customer " + Shown(row.cells[at]) + " under the name of " + std::to_string(named));
   }
   const std::string caption = screen.lblCustomer.Caption() + " - " + TrimmedCaption(screen, tab);
-  if (screen.grid[n].Caption() != caption) faults.push_back(list + " is headed \"" + screen.grid[n].Caption() + "\", not \"" + caption + "\"");
+  if (screen.grid[n].Caption() != caption)
+    faults.push_back(list + " is headed \"" + screen.grid[n].Caption() + "\", not \"" + caption + "\"");
 }
 
 /// The ticks of types and key words against what the named customer has.

@@ -42,8 +42,8 @@ Rows Customers() {
     const std::string last = kLastNames[acct - 1];
     rows.push_back({acct, last, kFirstNames[acct - 1], acct % 2 == 0 ? "Mr." : "Ms.", std::to_string(acct) + " Main St", "Suite " + last,
                     "City " + last, "MN", "5540" + std::to_string(acct), std::int32_t{1}, std::int16_t{0}, acct == kNonBillable,
-                    acct == kCustomerWithoutRates ? "N" : "D", std::int32_t{1}, std::int32_t{2}, acct * 10 + 1, acct * 10 + 1, acct * 10 + 1,
-                    "Memo of " + last});
+                    acct == kCustomerWithoutRates ? "N" : "D", std::int32_t{1}, std::int32_t{2}, acct * 10 + 1, acct * 10 + 1,
+                    acct * 10 + 1, "Memo of " + last});
   }
   return rows;
 }
@@ -55,8 +55,10 @@ void AddSubRecords(const std::string& file) {
     for (std::int32_t i = 1; i <= 3; ++i) {
       const std::string nth = std::to_string(i);
       phones.push_back({acct * 10 + i, acct, "61" + nth, "555" + number + "00" + nth, "", i == 2 ? "H" : "W", "Phone of " + number});
-      addresses.push_back({acct * 10 + i, acct, nth + " Side St", "Of " + number, "Town " + nth, "WI", "5400" + nth, "USA", "None", std::int16_t{0}, std::int16_t{0}});
-      cards.push_back({acct * 10 + i, acct, i == 1 ? "M" : "V", "400000000" + number + nth, "Holder " + number, "12", "2030", Value(platform::Currency{0}), ""});
+      addresses.push_back({acct * 10 + i, acct, nth + " Side St", "Of " + number, "Town " + nth, "WI", "5400" + nth, "USA", "None",
+                           std::int16_t{0}, std::int16_t{0}});
+      cards.push_back({acct * 10 + i, acct, i == 1 ? "M" : "V", "400000000" + number + nth, "Holder " + number, "12", "2030",
+                       Value(platform::Currency{0}), ""});
     }
     if (acct != kCustomerWithoutRates)
       for (const char* dept : {"100", "110", "200"}) rates.push_back({acct, dept, static_cast<double>(acct)});
@@ -66,8 +68,11 @@ void AddSubRecords(const std::string& file) {
       if (acct % 2 == 1 || *word == 'S') words.push_back({acct, word});
   }
   Add(file, "Phones", {"RecordID", "AcctNum", "Area", "Phone", "Ext", "Type", "Comment"}, phones);
-  Add(file, "Addresses", {"addressID", "Customer", "Addr1", "Addr2", "City", "State", "Zip", "Country", "Comment", "ActiveMonthLow", "ActiveMonthHigh"}, addresses);
-  Add(file, "CustCreditCards", {"CreditCardID", "AcctNum", "CCType", "CCNumber", "CCHolder", "CCMonth", "CCYear", "CCLimit", "CCComment"}, cards);
+  Add(file, "Addresses",
+      {"addressID", "Customer", "Addr1", "Addr2", "City", "State", "Zip", "Country", "Comment", "ActiveMonthLow", "ActiveMonthHigh"},
+      addresses);
+  Add(file, "CustCreditCards", {"CreditCardID", "AcctNum", "CCType", "CCNumber", "CCHolder", "CCMonth", "CCYear", "CCLimit", "CCComment"},
+      cards);
   Add(file, "CustLaborRates", {"AcctNum", "Dept", "Adjustment"}, rates);
   Add(file, "CustCodes", {"AcctNum", "CustCodes"}, codes);
   Add(file, "Lookups", {"AcctNum", "Text"}, words);
@@ -99,8 +104,8 @@ void MakeCompany(const std::string& folder) {
   suitefiles::AddCompanyRow(folder + "dat.zdb", company);
   const std::string file = books + "/customer.zdb";
   Add(file, "Customers",
-      {"AcctNum", "LastName", "FirstName", "Title", "Addr1", "Addr2", "City", "State", "Zip", "Terms", "Status", "NonBillable", "LaborRateType",
-       "TaxBasisA", "TaxBasisB", "DefaultPhoneNumber", "DefaultShipAddress", "DefaultCreditCard", "Comments"},
+      {"AcctNum", "LastName", "FirstName", "Title", "Addr1", "Addr2", "City", "State", "Zip", "Terms", "Status", "NonBillable",
+       "LaborRateType", "TaxBasisA", "TaxBasisB", "DefaultPhoneNumber", "DefaultShipAddress", "DefaultCreditCard", "Comments"},
       Customers());
   AddSubRecords(file);
   AddCodes(file);

@@ -40,8 +40,8 @@ class InterruptingFrontEnd final : public platform::FrontEnd {
   std::function<void()> paint;
   bool keepPlaces = false;
   bool answerYes = true;
-  bool asked = false;        ///< a question came since Arm
-  bool wouldNotGo = false;   ///< a screen that the user closed stayed up
+  bool asked = false;       ///< a question came since Arm
+  bool wouldNotGo = false;  ///< a screen that the user closed stayed up
 
  private:
   bool armed_ = false;

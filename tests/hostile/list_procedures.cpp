@@ -108,10 +108,12 @@ void AddBulk(Procedures& all) {
   Procedure addAll{"rates/add-all-departments", GoTo(tab::LaborRates), Click("cmdAddAllDepts"), tab::LaborRates};
   addAll.loop = true;
   all.push_back(addAll);
-  Procedure apply{"rates/apply-adjustment", Then(GoTo(tab::LaborRates), [](const Desk& desk) {
-                    desk.Click("optAllDept(1)");
-                    desk.Type("txtAdjustAllDept", "25");
-                  }),
+  Procedure apply{"rates/apply-adjustment",
+                  Then(GoTo(tab::LaborRates),
+                       [](const Desk& desk) {
+                         desk.Click("optAllDept(1)");
+                         desk.Type("txtAdjustAllDept", "25");
+                       }),
                   Click("cmdAddAllDepts"), tab::LaborRates};
   apply.loop = true;
   all.push_back(apply);

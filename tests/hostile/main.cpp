@@ -31,8 +31,8 @@ class Program {
   const Options options_;
   Image image_;
   Summary summary_;
-  int begun_ = 0;         ///< cases begun of the procedure that runs, the first without interruption
-  std::string current_;   ///< the case that runs
+  int begun_ = 0;        ///< cases begun of the procedure that runs, the first without interruption
+  std::string current_;  ///< the case that runs
   bool ended_ = false;
 };
 
@@ -117,7 +117,8 @@ void Program::RunProcedure(const Procedure& procedure) {
   begun_ = 0;
   for (int from = 0;; from = begun_) {
     const Ending ending = InProcessOfItsOwn(
-        image_, [&](const Teller& tell) { RunCases(procedure, from, tell); }, [this](char kind, const std::string& text) { Hear(kind, text); });
+        image_, [&](const Teller& tell) { RunCases(procedure, from, tell); },
+        [this](char kind, const std::string& text) { Hear(kind, text); });
     if (ending.well) return;
     ++summary_.crashes;
     std::printf("CRASH %s: %s\n%s", current_.c_str(), ending.how.c_str(), ending.messages.c_str());

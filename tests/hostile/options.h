@@ -11,13 +11,13 @@ struct Options {
   std::uint64_t seed = 1;
   std::string only;  ///< procedures whose names begin so
   std::string act;
-  int yield = 0;                ///< 0: the chosen ones
-  std::optional<bool> live;     ///< else a coin decides for each case
-  bool no = false;              ///< questions are answered No at once
-  int part = 0, parts = 1;      ///< every `parts`th procedure from `part` on
-  bool fork = true;             ///< each procedure in a process of its own
-  bool list = false;            ///< tells the procedures and acts
-  bool notes = false;           ///< tells what was reported how often
+  int yield = 0;             ///< 0: the chosen ones
+  std::optional<bool> live;  ///< else a coin decides for each case
+  bool no = false;           ///< questions are answered No at once
+  int part = 0, parts = 1;   ///< every `parts`th procedure from `part` on
+  bool fork = true;          ///< each procedure in a process of its own
+  bool list = false;         ///< tells the procedures and acts
+  bool notes = false;        ///< tells what was reported how often
 };
 
 /// Reads the command line; what is wrong with it in `mistake`.

@@ -50,8 +50,10 @@ void AddKind(Procedures& all, int tab, const Way& way) {
     procedure.writes = writes ? tab : -1;
     all.push_back(std::move(procedure));
   };
-  add("add", [tab](const Desk& desk) { GoTo(desk, tab); }, "AddRec", false);
-  add("edit", [tab](const Desk& desk) { GoTo(desk, tab); }, "EditRec", false);
+  add(
+      "add", [tab](const Desk& desk) { GoTo(desk, tab); }, "AddRec", false);
+  add(
+      "edit", [tab](const Desk& desk) { GoTo(desk, tab); }, "EditRec", false);
   for (const bool isNew : {true, false}) {
     const char* open = isNew ? "miAddRec" : "miEditRec";
     const auto filled = [tab, open](const Desk& desk) {
@@ -67,9 +69,11 @@ void AddKind(Procedures& all, int tab, const Way& way) {
     add(isNew ? "save-new-refused" : "save-edited-refused", spoilt, "SaveRec", true);
     add(isNew ? "cancel-new" : "cancel-edited", filled, "CancelRec", false);
   }
-  add("delete", [tab](const Desk& desk) { StandOnFree(desk, tab); }, "DeleteRec", true);
+  add(
+      "delete", [tab](const Desk& desk) { StandOnFree(desk, tab); }, "DeleteRec", true);
   if (tab == orcussch::tab::CustomerTypes || tab == orcussch::tab::KeyWords)
-    add("delete-refused", [tab](const Desk& desk) { StandOnUsed(desk, tab); }, "DeleteRec", true);
+    add(
+        "delete-refused", [tab](const Desk& desk) { StandOnUsed(desk, tab); }, "DeleteRec", true);
 }
 
 /// What only some customers or cards come to.

@@ -10,9 +10,9 @@ namespace hostile {
 struct Summary {
   int procedures = 0;
   int withoutYields = 0;
-  int yields = 0;      ///< of all procedures that ran through
-  int cases = 0;       ///< that were run, those that ran through without interruption among them
-  int refused = 0;     ///< where the screen refused the act
+  int yields = 0;   ///< of all procedures that ran through
+  int cases = 0;    ///< that were run, those that ran through without interruption among them
+  int refused = 0;  ///< where the screen refused the act
   int crashes = 0;
   std::set<std::string> faulty;      ///< the cases with faults
   std::map<std::string, int> notes;  ///< reports and unhandled errors

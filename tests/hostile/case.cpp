@@ -1,5 +1,7 @@
 #include "hostile/case.h"
 
+#include <algorithm>
+
 #include "engine/engine.h"
 #include "hostile/checks.h"
 #include "library/entry.h"
@@ -166,6 +168,10 @@ void Running::LookAt(const std::string& when) {
   const orcussch::frmCustMain* screen = desk_->Screen();
   if (screen == nullptr) return;
   for (const std::string& mismatch : Mismatches(*screen, Books::Of(image_.CustomerFile()))) Fault(when + mismatch);
+  // After its own report the toolbar stays shut, and the menu is there for the user.
+  const bool told =
+      std::any_of(reports_.begin(), reports_.end(), [](const auto& report) { return report.module == "frmCustMain.Toolbar1_ButtonClick"; });
+  if (!told && !screen->Toolbar1.Enabled()) Fault(when + "the toolbar stays shut");
   if (!Writable(image_.CustomerFile())) Fault(when + "the file stays locked");
 }
 

@@ -137,7 +137,6 @@ std::vector<std::string> Mismatches(const frmCustMain& screen, const Books& book
   } catch (const platform::Error& error) {
     faults.push_back("what stands there can't be read: " + std::to_string(error.Number()) + " " + error.Description());
   }
-  if (!screen.Toolbar1.Enabled()) faults.push_back("the toolbar stays shut");
   return faults;
 }
 

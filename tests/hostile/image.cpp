@@ -1,0 +1,133 @@
+#include "hostile/image.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <stdexcept>
+#include <vector>
+
+#include "engine/data_file.h"
+#include "suite/company_schema.h"
+#include "suitefiles/company_maker.h"
+
+namespace hostile {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::Value;
+using Rows = std::vector<std::vector<Value>>;
+
+constexpr std::int32_t kCustomers = 8;
+constexpr const char* kLastNames[kCustomers] = {"Ames", "Bell", "Cole", "Dunn", "Estes", "Ford", "Gray", "Hale"};
+constexpr const char* kFirstNames[kCustomers] = {"Ann", "Bob", "Cara", "Dan", "Eve", "Fay", "Gus", "Hal"};
+
+/// A folder in memory is some ten times as fast as a disk.
+std::string NewFolder() {
+  const fs::path memory = "/dev/shm";
+  const bool usable = ::access(memory.c_str(), W_OK | X_OK) == 0;
+  std::string name = ((usable ? memory : fs::temp_directory_path()) / "hostile-XXXXXX").string();
+  if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  return fs::canonical(name).string();
+}
+
+void Add(const std::string& file, const std::string& table, const std::vector<std::string>& fields, const Rows& rows) {
+  const auto writer = engine::OpenBulkWriter(file, table, fields);
+  for (const auto& row : rows) writer->Add(row);
+  writer->Finish();
+}
+
+Rows Customers() {
+  Rows rows;
+  for (std::int32_t acct = 1; acct <= kCustomers; ++acct) {
+    const std::string last = kLastNames[acct - 1];
+    rows.push_back({acct, last, kFirstNames[acct - 1], acct % 2 == 0 ? "Mr." : "Ms.", std::to_string(acct) + " Main St", "Suite " + last,
+                    "City " + last, "MN", "5540" + std::to_string(acct), std::int32_t{1}, std::int16_t{0}, acct == kNonBillable,
+                    acct == kCustomerWithoutRates ? "N" : "D", std::int32_t{1}, std::int32_t{2}, acct * 10 + 1, acct * 10 + 1,
+                    acct * 10 + 1, "Memo of " + last});
+  }
+  return rows;
+}
+
+void AddSubRecords(const std::string& file) {
+  Rows phones, addresses, cards, rates, codes, words;
+  for (std::int32_t acct = 1; acct <= kCustomers; ++acct) {
+    const std::string number = std::to_string(acct);
+    for (std::int32_t i = 1; i <= 3; ++i) {
+      const std::string nth = std::to_string(i);
+      phones.push_back({acct * 10 + i, acct, "61" + nth, "555" + number + "00" + nth, "", i == 2 ? "H" : "W", "Phone of " + number});
+      addresses.push_back({acct * 10 + i, acct, nth + " Side St", "Of " + number, "Town " + nth, "WI", "5400" + nth, "USA", "None",
+                           std::int16_t{0}, std::int16_t{0}});
+      cards.push_back({acct * 10 + i, acct, i == 1 ? "M" : "V", "400000000" + number + nth, "Holder " + number, "12", "2030",
+                       Value(platform::Currency{0}), ""});
+    }
+    if (acct != kCustomerWithoutRates)
+      for (const char* dept : {"100", "110", "200"}) rates.push_back({acct, dept, static_cast<double>(acct)});
+    for (std::int16_t code = 1; code < kFreeType; ++code)
+      if ((acct + code) % 2 == 0) codes.push_back({acct, code});
+    for (const char* word : {"Boiler", "Sink"})
+      if (acct % 2 == 1 || *word == 'S') words.push_back({acct, word});
+  }
+  Add(file, "Phones", {"RecordID", "AcctNum", "Area", "Phone", "Ext", "Type", "Comment"}, phones);
+  Add(file, "Addresses",
+      {"addressID", "Customer", "Addr1", "Addr2", "City", "State", "Zip", "Country", "Comment", "ActiveMonthLow", "ActiveMonthHigh"},
+      addresses);
+  Add(file, "CustCreditCards", {"CreditCardID", "AcctNum", "CCType", "CCNumber", "CCHolder", "CCMonth", "CCYear", "CCLimit", "CCComment"},
+      cards);
+  Add(file, "CustLaborRates", {"AcctNum", "Dept", "Adjustment"}, rates);
+  Add(file, "CustCodes", {"AcctNum", "CustCodes"}, codes);
+  Add(file, "Lookups", {"AcctNum", "Text"}, words);
+}
+
+void AddCodes(const std::string& file) {
+  Rows types;
+  for (std::int16_t code = 1; code <= kFreeType; ++code) types.push_back({code, "Type " + std::to_string(code)});
+  Add(file, "DataCodes", {"Code", "Description"}, types);
+  Add(file, "Keywords", {"Keyword"}, {{"Boiler"}, {"Drain"}, {"Pump"}, {"Sink"}, {kFreeWord}});
+  Add(file, "TaxTypes", {"TaxType", "TypeDescription", "TypeCode"}, {{std::int32_t{1}, "Sales", "S"}});
+  Add(file, "TaxEntities", {"TaxEntity", "EntityDescription"}, {{std::int32_t{1}, "State"}});
+  Rows taxes;
+  for (std::int32_t tax = 1; tax <= 5; ++tax) taxes.push_back({tax, "Tax " + std::to_string(tax), std::int32_t{1}, std::int32_t{1}});
+  Add(file, "TaxGrid", {"TaxID", "Description", "TaxType", "TaxEntity"}, taxes);
+  // After a new customer the screen goes on to his first phone.
+  Add(file, "UserStartup", {"UserNum", "StartGrid", "QueryTab", "QueryField", "AddPhone"},
+      {{std::int32_t{1}, false, std::int16_t{0}, std::int16_t{0}, true}});
+}
+
+void MakeCompany(const std::string& folder) {
+  const std::string books = folder + "data/orv1";
+  fs::create_directories(books);
+  fs::create_directories(folder + "orvTEMP");
+  suitefiles::MakeCompanyFiles(books, 2025);
+  engine::CreateDataFile(folder + "orvTEMP/orvTemp1.zdb", suite::TablesOf(suite::DataFile::Temporary), true);
+  suitefiles::CompanyRecord company;
+  company.name = "Company 1";
+  suitefiles::AddCompanyRow(folder + "dat.zdb", company);
+  const std::string file = books + "/customer.zdb";
+  Add(file, "Customers",
+      {"AcctNum", "LastName", "FirstName", "Title", "Addr1", "Addr2", "City", "State", "Zip", "Terms", "Status", "NonBillable",
+       "LaborRateType", "TaxBasisA", "TaxBasisB", "DefaultPhoneNumber", "DefaultShipAddress", "DefaultCreditCard", "Comments"},
+      Customers());
+  AddSubRecords(file);
+  AddCodes(file);
+  Add(books + "/artrans.zdb", "Transactions", {"AcctNum", "TranType", "InvChkCredNo", "AltInvNo"},
+      {{kCustomerWithTransactions, "I", "1001", std::int32_t{1}}});
+}
+
+}  // namespace
+
+Image::Image() : root_(NewFolder()) {
+  MakeCompany(Pattern());
+  Restore();
+}
+
+Image::~Image() {
+  std::error_code ignored;
+  fs::remove_all(root_, ignored);
+}
+
+void Image::Restore() const {
+  fs::remove_all(Folder());
+  fs::copy(Pattern(), Folder(), fs::copy_options::recursive);
+}
+
+}  // namespace hostile

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "hostile/desk.h"
+#include "hostile/image.h"
+
+namespace hostile {
+
+/// A procedure that yields: what stands on the screen before it begins, and what sets it off. The tables below are all that
+/// a new procedure needs.
+struct Procedure {
+  std::string name;  ///< "phones/save-new/key"
+  /// What the user has done before; must succeed.
+  std::function<void(const Desk&)> situation;
+  /// Sets it off; empty: the showing of the screen itself is looked at.
+  std::function<void(const Desk&)> run;
+  int writes = -1;                    ///< the tab whose records it writes; -1: none
+  std::int32_t customer = kCustomer;  ///< the account that the host asks for
+  std::string billing = "";           ///< the host's billing status
+  bool loop = false;                  ///< runs through a list: one that has gone is reported once
+};
+
+using Procedures = std::vector<Procedure>;
+
+/// The folders of the table.
+Procedures RecordProcedures();
+Procedures ListProcedures();
+Procedures AllProcedures();
+
+}  // namespace hostile

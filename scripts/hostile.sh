@@ -10,7 +10,7 @@ mkdir -p build/logs
 LOGS=$PWD/build/logs
 . scripts/prepare.sh
 
-preset=${HOSTILE_PRESET:-asan-ubsan}
+preset=${HOSTILE_PRESET:-instrumented}
 parts=${HOSTILE_PARTS:-$(nproc)}
 build "$preset" hostile_yields || exit 1
 

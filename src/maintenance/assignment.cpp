@@ -142,23 +142,24 @@ std::int16_t frmCustMain::NextDataCode() {
 /// The list of taxes keeps its caption.
 void frmCustMain::optTaxDisp_Click() { SQLTaxBasis(); }
 
-void frmCustMain::optCustTypeDisp_Click(int Index) {
+void frmCustMain::optCustTypeDisp_Click() {
   SQLData(tab::CustomerTypes);
-  CaptionFilteredList(tab::CustomerTypes, Index);
+  CaptionFilteredList(tab::CustomerTypes, optCustTypeDisp);
 }
 
-void frmCustMain::optKeyWordDisp_Click(int Index) {
+void frmCustMain::optKeyWordDisp_Click() {
   SQLData(tab::KeyWords);
-  CaptionFilteredList(tab::KeyWords, Index);
+  CaptionFilteredList(tab::KeyWords, optKeyWordDisp);
 }
 
-void frmCustMain::CaptionFilteredList(int Tab, int Index) {
+/// By the filter that is on now: another one may have been chosen while the list was built.
+void frmCustMain::CaptionFilteredList(int Tab, const Array<platform::OptionButton, 3>& Display) {
   const std::string List = TrimmedCaption(*this, Tab);
   const std::string Customer = lblCustomer.Caption();
   platform::Grid& list = grid[static_cast<std::size_t>(Tab)];
-  if (Index == 1)
+  if (Display[1].Value())
     list.Caption(Customer + " assigned " + List);
-  else if (Index == 2)
+  else if (Display[2].Value())
     list.Caption(List + "  not assigned to " + Customer);
   else
     list.Caption("All " + List);

@@ -8,6 +8,7 @@ namespace orcussch {
 
 void frmCustMain::RecordDelete() {
   ResumeNext on("frmCustMain.RecordDelete");
+  const int Card = mCardNumber;
   orcussch::App().MousePointer(platform::pointer::Hourglass);
   orcussch::App().DoEvents();
 
@@ -15,7 +16,7 @@ void frmCustMain::RecordDelete() {
   const int Tab = this->Tab();
   bool Records = false;
   on([&] { Records = data[static_cast<std::size_t>(Tab)].Recordset()->HasRows(); });
-  if (!Records || !Loaded()) return;
+  if (!Records || !Loaded() || mCardNumber != Card) return;
   RecordTab& record = CurrentRecord();
   DeleteState state;
   state.Title = "Delete " + RecordLabel();
@@ -30,10 +31,13 @@ void frmCustMain::RecordDelete() {
   orcussch::App().MousePointer(platform::pointer::Hourglass);
   StatusBar1.Panel(1, "Delete " + RecordLabel() + ", please wait!");
   // Behind a box and behind each yield the list is led back to the row that the user was asked about.
-  if (StandOnDeleted(on, state) && record.MayDelete(on, state) && StandOnDeleted(on, state) && record.Remove(on, state)) {
+  const auto May = [&] { return mCardNumber == Card && StandOnDeleted(on, state); };
+  if (May() && record.MayDelete(on, state) && May() && record.Remove(on, state)) {
     RepairDefaults(on, state);
     orcussch::App().DoEvents();
-    StandOn(on, Tab, state.Position);
+    if (mCardNumber == Card) StandOn(on, Tab, state.Position);
+    if (Tab == tab::Customers) FollowCustomer();
+    if (!HasRecords(data[tab::Customers])) ShowCustomerName();  // the last one's name went with him
     TestRecordcount();
   }
   StatusBar1.Panel(1, "");

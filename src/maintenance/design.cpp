@@ -362,8 +362,8 @@ void frmCustMain::AttachHandlers() {
   grdTaxBasis.AfterColUpdate = [this](int) { grdTaxBasis_AfterColUpdate(); };
   grdTaxBasis.SelChange = [this](bool&) { TestGridSelection(grdTaxBasis); };
   optTaxDisp.Each([this](platform::OptionButton& option, int) { option.Click = [this] { optTaxDisp_Click(); }; });
-  optCustTypeDisp.Each([this](platform::OptionButton& option, int i) { option.Click = [this, i] { optCustTypeDisp_Click(i); }; });
-  optKeyWordDisp.Each([this](platform::OptionButton& option, int i) { option.Click = [this, i] { optKeyWordDisp_Click(i); }; });
+  optCustTypeDisp.Each([this](platform::OptionButton& option, int) { option.Click = [this] { optCustTypeDisp_Click(); }; });
+  optKeyWordDisp.Each([this](platform::OptionButton& option, int) { option.Click = [this] { optKeyWordDisp_Click(); }; });
 
   optLaborRate.Each([this](platform::OptionButton& option, int i) {
     option.Click = [this, i] { optLaborRate_Click(i); };

@@ -69,8 +69,10 @@ void frmCustMain::TakeHostBillingStatus() {
 void frmCustMain::Form_Activate() {
   if (!gFirstActivate) return;
   mFormActive = true;
+  const int Card = mCardNumber;
   SQLData(tab::Customers);
   gFirstActivate = false;
+  if (mCardNumber != Card) return;  // a card that was opened in a yield stays up, on its record
   if (Tab() != tab::Customers) SSIndexTab1.Tab(tab::Customers);
   txtSearch[tab::Customers].SetFocus();
   StandOnHostAccount();

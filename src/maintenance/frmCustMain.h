@@ -225,6 +225,7 @@ class frmCustMain final : public platform::Form {
   void SSIndexTab1_BeforeTabClick(bool& Cancel);
   void SSIndexTab1_Click();
   void LoadTab(int Tab);
+  void FollowCustomer();
 
   // commands.cpp
   void Toolbar1_ButtonClick(const std::string& Key);
@@ -251,7 +252,7 @@ class frmCustMain final : public platform::Form {
   RecordTab& CurrentRecord() const;
   void BeginWork();
   void EndWork();
-  void OpenCard();
+  void OpenCard(RecordTab& record, const CardRecord& card);
   void CloseCard();
   bool CardIs(int Tab, int Number) const;
   void ShowSaved(ResumeNext& on, const SaveState& state, int Tab);
@@ -292,9 +293,9 @@ class frmCustMain final : public platform::Form {
   // assignment.cpp
   void TickCustomersTaxes();
   void optTaxDisp_Click();
-  void optCustTypeDisp_Click(int Index);
-  void optKeyWordDisp_Click(int Index);
-  void CaptionFilteredList(int Tab, int Index);
+  void optCustTypeDisp_Click();
+  void optKeyWordDisp_Click();
+  void CaptionFilteredList(int Tab, const Array<platform::OptionButton, 3>& Display);
 
   /// The customer for whom the list of types (key words) was filled last; nothing while there was none.
   std::array<std::optional<std::int32_t>, tab::Count> mAssignAcct{};

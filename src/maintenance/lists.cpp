@@ -50,6 +50,7 @@ void frmCustMain::SQLData(int Tab) {
     bool Customers = false;
     on([&] { Customers = HasRecords(customers); });
     for (int other = tab::Phones; other <= tab::LaborRates; ++other) SSIndexTab1.TabEnabled(other, Customers);
+    FollowCustomer();
   }
   orcussch::App().DoEvents();
   TestRecordcount();

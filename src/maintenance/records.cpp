@@ -26,11 +26,16 @@ void frmCustMain::EndWork() {
 }
 
 /// A card is known by its number: whoever goes on behind a yield sees by it whether the card is still the one that he meant.
-void frmCustMain::OpenCard() {
+void frmCustMain::OpenCard(RecordTab& record, const CardRecord& card) {
+  record.OpenedFor(card);
   const int Number = ++mCardNumber;
   EditingRecord(true);
   orcussch::App().DoEvents();
-  if (mCardNumber == Number) EditSetup();
+  if (mCardNumber != Number) return;
+  if (record.StandsOn(card)) return EditSetup();
+  // The list was led to another row before the card covered it.
+  CloseCard();
+  EditingRecord(false);
 }
 
 void frmCustMain::CloseCard() {
@@ -55,10 +60,7 @@ void frmCustMain::RecordAdd() {
     return;
   }
   // In a yield the user may have gone to another tab or customer, or opened another card: this one is not opened then.
-  if (CardIs(Tab, Number) && record.StandsOn(card)) {
-    record.OpenedFor(card);
-    OpenCard();
-  }
+  if (CardIs(Tab, Number) && record.StandsOn(card)) OpenCard(record, card);
   EndWork();
 }
 
@@ -76,10 +78,7 @@ void frmCustMain::RecordEdit() {
   if (Tab == tab::Customers) on([this] { ShowCustomerName(); });
   const CardRecord card = record.RecordAtHand(true);
   record.Edit(on);
-  if (CardIs(Tab, Number) && record.StandsOn(card)) {
-    record.OpenedFor(card);
-    OpenCard();
-  }
+  if (CardIs(Tab, Number) && record.StandsOn(card)) OpenCard(record, card);
   EndWork();
 }
 

@@ -32,6 +32,12 @@ void frmCustMain::SSIndexTab1_Click() {
   txtSearch[n].SetFocus();
 }
 
+/// The customers' list has moved by itself while another tab was up, which can only have come up in a yield: that tab's list
+/// belongs to the customer of before.
+void frmCustMain::FollowCustomer() {
+  if (Tab() != tab::Customers && HasRecords(data[tab::Customers])) LoadTab(Tab());
+}
+
 void frmCustMain::LoadTab(int Tab) {
   const std::string Caption = TrimmedCaption(*this, Tab);
   platform::Grid& list = grid[static_cast<std::size_t>(Tab)];

@@ -1,17 +1,25 @@
 #include "desktop/form_window.h"
 
 #include <QApplication>
+#include <QBoxLayout>
 #include <QCloseEvent>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QIcon>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
 #include <QScreen>
 #include <QScrollArea>
 #include <QStatusBar>
 #include <QStyle>
 
 #include "desktop/binding/binder.h"
+#include "desktop/controls/text_edit.h"
 #include "desktop/mnemonics.h"
 #include "desktop/theme.h"
 #include "platform/controls/buttons.h"
+#include "platform/controls/card_screen.h"
 #include "platform/controls/grid.h"
 
 namespace desktop {
@@ -35,6 +43,12 @@ class Showing {
   int& depth_;
 };
 
+void SelectWhole(QWidget* widget) {
+  auto* combo = qobject_cast<QComboBox*>(widget);
+  auto* edit = combo ? combo->lineEdit() : qobject_cast<TextEdit*>(widget);
+  if (edit) edit->selectAll();
+}
+
 QString WithoutMnemonic(QString text) {
   text.remove('&');
   text = text.trimmed();
@@ -48,8 +62,12 @@ FormWindow::FormWindow(platform::Form& form, const FormDesign* design, Services&
     : form_(&form), app_(form.App()), services_(services), name_(ToShown(form.Name())) {
   setAttribute(Qt::WA_QuitOnClose, false);
   if (design) design->setUp(*this);
-  for (QLabel* label : findChildren<QLabel*>())
-    if (label->buddy()) label->setText(WithMnemonic(label->text(), *label));
+  for (QLabel* label : findChildren<QLabel*>()) {
+    if (!label->buddy()) continue;
+    label->setText(WithMnemonic(label->text(), *label));
+    label->installEventFilter(this);
+  }
+  setWindowIcon(QIcon(QStringLiteral(":/desktop/icons/window.svg")));
   setMouseTracking(true);
   if (centralWidget()) centralWidget()->setMouseTracking(true);
   setObjectName(name_);
@@ -76,10 +94,12 @@ void FormWindow::Bind() {
   for (const auto& binding : bindings_) binding->ShowAll();
   NameForAccessibility();
   ShowCaption();
+  extras_.emplace(*this, *form_, services_);
 }
 
 void FormWindow::Drop() {
   form_ = nullptr;
+  extras_.reset();
   for (const auto& binding : bindings_) binding->Drop();
   byControl_.clear();
   byWidget_.clear();
@@ -107,10 +127,14 @@ void FormWindow::Changed(platform::Control* control, Aspect aspect) {
     return;
   }
   if (aspect == Aspect::Focus) {
+    const QWidget* before = focusWidget();
     SyncFocus();
+    // Code that leads the user to a box, as after a refused entry, wants it typed anew.
+    if (focusWidget() == before && !takingFocus_) SelectWhole(focusWidget());
     return;
   }
   if (Binding* binding = BindingOf(*control)) Safely(app_, [&] { binding->Show(aspect); });
+  if (extras_) Safely(app_, [&] { extras_->Changed(*control, aspect); });
 }
 
 Binding* FormWindow::BindingOf(const platform::Control& control) const {
@@ -141,6 +165,7 @@ bool FormWindow::IdleSlice() {
   bool left = false;
   for (const auto& binding : bindings_)
     if (!binding->Dropped() && binding->IdleSlice()) left = true;
+  if (!left && extras_) extras_->Settled();
   return left;
 }
 
@@ -161,9 +186,32 @@ void FormWindow::HideScreen() {
 void FormWindow::RestorePlace() {
   placed_ = true;
   const QSize room = screen()->availableGeometry().size();
+  FitInto(room);
   // The first time most of a large screen, so that the lists show much, and never more than there is.
   resize(size().expandedTo((room * kFirstShare).boundedTo(kFirstMost)).boundedTo(room));
   if (const auto place = services_.Kept().WindowPlace(name_)) restoreGeometry(*place);
+}
+
+/// With larger letters than the layout was made for, or on a smaller screen, what does not fit is scrolled to.
+void FormWindow::FitInto(const QSize& room) {
+  const auto fits = [&] {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    const QSize needed = minimumSizeHint();
+    return needed.width() <= room.width() && needed.height() <= room.height();
+  };
+  if (!centralWidget() || fits()) return;
+  for (const QGroupBox* group : findChildren<QGroupBox*>())
+    if (auto* row = group->property("stacksWhenNarrow").toBool() ? qobject_cast<QBoxLayout*>(group->layout()) : nullptr)
+      row->setDirection(QBoxLayout::TopToBottom);
+  if (fits()) return;
+  QWidget* content = takeCentralWidget();
+  auto* area = NewWidget<QScrollArea>(static_cast<QWidget*>(this));
+  area->setObjectName("windowScroll");
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidget(content);
+  setCentralWidget(area);
 }
 
 void FormWindow::KeepPlace() {
@@ -173,7 +221,27 @@ void FormWindow::KeepPlace() {
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (!form_) return;
-  Safely(app_, [this] { form_->UserClose(); });
+  const QPointer<FormWindow> alive(this);
+  Safely(app_, [&] {
+    if (MayClose() && alive && form_) form_->UserClose();
+  });
+}
+
+/// What stands on an open card would be lost: the user is asked once. A close by code does not come here.
+bool FormWindow::MayClose() {
+  const auto* cards = dynamic_cast<const platform::CardScreen*>(form_);
+  if (!cards) return true;
+  if (asking_) return false;
+  constexpr int kQuestion = platform::box::Question + platform::box::YesNo + platform::box::SecondButtonDefault;
+  bool may = true;
+  asking_ = true;
+  const QPointer<FormWindow> alive(this);
+  form_->Act([&] {
+    if (cards->HasUnsavedEntries())
+      may = app_.MsgBox("Close without saving the changes?", kQuestion, form_->Caption()) == platform::box::Yes;
+  });
+  if (alive) asking_ = false;
+  return may;
 }
 
 void FormWindow::showEvent(QShowEvent* event) {
@@ -202,7 +270,11 @@ bool FormWindow::focusNextPrevChild(bool next) {
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (!form_) return false;
-  if (event->type() == QEvent::FocusIn) {
+  if (event->type() == QEvent::Shortcut) {
+    // Its letter pressed again in the box itself moves nothing, and selects the box as coming to it does.
+    const auto* label = qobject_cast<QLabel*>(watched);
+    if (label && label->buddy() && label->buddy() == focusWidget()) SelectWhole(label->buddy());
+  } else if (event->type() == QEvent::FocusIn) {
     if (const auto found = byWidget_.find(watched); found != byWidget_.end())
       TookFocus(*found->second, static_cast<QFocusEvent*>(event)->reason());
   } else if (event->type() == QEvent::MouseMove) {
@@ -230,7 +302,9 @@ void FormWindow::TookFocus(Binding& binding, Qt::FocusReason reason) {
   if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason) return;
   if (!binding.Model().TakesFocus() || form_->Focus() == &binding.Model()) return;
   platform::Form& form = *form_;
+  takingFocus_ = true;
   Safely(app_, [&] { form.UserFocus(binding.Model()); });
+  takingFocus_ = false;
   if (form_) SyncFocus();
 }
 

@@ -3,12 +3,14 @@
 #include <QMainWindow>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
 #include "desktop/binding/binding.h"
 #include "desktop/services.h"
+#include "desktop/window_extras.h"
 #include "platform/controls/form.h"
 
 namespace desktop {
@@ -58,6 +60,7 @@ class FormWindow final : public QMainWindow {
   void showEvent(QShowEvent* event) override;
 
  private:
+  bool MayClose();
   void ShowCaption();
   void NameForAccessibility();
   void TookFocus(Binding& binding, Qt::FocusReason reason);
@@ -67,6 +70,7 @@ class FormWindow final : public QMainWindow {
   bool ShortcutKey(const QKeyEvent& event);
   void KeepPlace();
   void RestorePlace();
+  void FitInto(const QSize& room);
 
   platform::Form* form_;
   platform::Application& app_;
@@ -75,8 +79,11 @@ class FormWindow final : public QMainWindow {
   std::vector<std::unique_ptr<Binding>> bindings_;
   std::unordered_map<const platform::Control*, Binding*> byControl_;
   std::unordered_map<const QObject*, Binding*> byWidget_;
+  std::optional<WindowExtras> extras_;
   int showing_ = 0;  ///< changes of the models are being shown: focus moves of the toolkit are not the user's
   bool placed_ = false;
+  bool asking_ = false;       ///< whether to close; a second wish to close asks nothing
+  bool takingFocus_ = false;  ///< the user has put the keyboard there: what he selected stays
 };
 
 /// "Ctrl+Shift+P" for a key event, in the words of the table of shortcuts; "" for a key that the table can't name.

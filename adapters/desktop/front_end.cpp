@@ -1,6 +1,8 @@
 #include "desktop/front_end.h"
 
+#include <QAbstractButton>
 #include <QAbstractEventDispatcher>
+#include <QDialogButtonBox>
 #include <QEventLoop>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -16,6 +18,15 @@ namespace desktop {
 
 namespace {
 constexpr int kPaintingPauseMs = 16;
+
+/// What is chosen is for the reports to come: nothing is printed when the dialog closes, and it doesn't say so.
+void SayThatItSetsUp(QPrintDialog& dialog) {
+  dialog.setWindowTitle(QObject::tr("Printer Setup"));
+  for (const QDialogButtonBox* box : dialog.findChildren<QDialogButtonBox*>())
+    for (QAbstractButton* button : box->buttons())
+      if (box->buttonRole(button) == QDialogButtonBox::AcceptRole) button->setText(QObject::tr("OK"));
+}
+
 }
 
 DesktopFrontEnd::DesktopFrontEnd(const DesktopOptions& options)
@@ -150,6 +161,7 @@ std::optional<platform::PrinterChoice> DesktopFrontEnd::PrinterDialog(platform::
   QPrintDialog dialog(&printer, WindowOf(form));
   dialog.setOption(QAbstractPrintDialog::PrintPageRange);
   dialog.setOption(QAbstractPrintDialog::PrintCollateCopies, false);
+  SayThatItSetsUp(dialog);
   if (dialog.exec() != QDialog::Accepted) return {};
   return platform::PrinterChoice{printer.fromPage(), printer.toPage(), printer.copyCount()};
 }

@@ -107,6 +107,7 @@ QString WindowRules(const QPalette& palette) {
       "QToolBar { border: 0; border-bottom: 1px solid %1; padding: 3px 6px; spacing: 1px; }"
       "QToolBar::separator { background: %1; width: 1px; margin: 5px 5px; }"
       "QToolButton { padding: 4px; border: 1px solid transparent; border-radius: 4px; }"
+      "QToolButton#qt_toolbar_ext_button { padding: 0; }"
       "QToolButton:hover:enabled { background: %4; border-color: %1; }"
       "QToolButton:pressed:enabled { background: %1; }"
       "QMenuBar { background: %2; padding: 1px 4px; } QMenuBar::item { padding: 4px 9px; border-radius: 4px; }"
@@ -117,6 +118,7 @@ QString WindowRules(const QPalette& palette) {
       "QScrollArea { border: 0; background: transparent; } QScrollArea > QWidget > QWidget { background: transparent; }"
       "QLabel[required=\"true\"] { font-weight: 600; }"
       "QLabel[role=\"value\"] { font-weight: 600; }"
+      "QLabel[role=\"badge\"] { background: %3; color: %5; border-radius: 9px; padding: 2px 10px; font-weight: 600; }"
       "QLabel[role=\"caption\"], QLabel[role=\"hint\"] { color: %6; }"
       "QFrame[role=\"sheet\"] { background: %7; border: 1px solid %1; border-radius: 6px; }"
       "QFrame#SSPanel1 { border: 1px solid %1; border-radius: 5px; }");

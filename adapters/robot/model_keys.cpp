@@ -216,9 +216,14 @@ void PressKey(Control& control, std::string_view name) {
   const std::string key = ProperKey(name);
   Form& form = control.Owner();
   if (OwnKey(control, key)) return;
-  if (Control* command = ShortcutTarget(form, key)) {
+  Control* command = ShortcutTarget(form, key);
+  if (command != nullptr) {
+    // A key that is only told why it does nothing is still the control's.
+    const bool refused = WouldRefuse(command);
     PressCommand(*command);
-  } else if (key == "Tab" || key == "Shift+Tab") {
+    if (!refused) return;
+  }
+  if (key == "Tab" || key == "Shift+Tab") {
     if (Control* next = form.NextInTabOrder(&control, key != "Tab")) form.UserFocus(*next);
   } else if (!TabsKey(form, key) && key == "Escape") {
     if (auto* box = dynamic_cast<TextBox*>(&control)) box->UserKey(27);

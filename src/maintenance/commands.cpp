@@ -41,20 +41,31 @@ void frmCustMain::AttachCommands() {
       {&miUnassignSelected, "tb_UnassignSelected"},
       {&miAssignSelected, "tb_AssignSelected"},
   };
-  for (const auto& [item, key] : sameAsKey) item->Click = [this, command = std::string(key)] { RunCommand(command); };
+  for (const auto& [item, key] : sameAsKey)
+    item->Click = [this, command = std::string(key)] { UserRuns(command, [&] { RunCommand(command); }); };
 
   miExit.Click = [this] { orcussch::App().Unload(*this); };
   // The menu's save has no follow-on, its refresh is the fuller one.
-  miSaveRec.Click = [this] { RecordSave(); };
+  miSaveRec.Click = [this] { UserRuns("tb_SaveRec", [this] { RecordSave(); }); };
   miRefresh.Click = [this] { RefreshRecords(); };
   miSetupMapCodes.Click = [this] { cmdMapCode.Tag(""); };
+  miTypedBack.Click = [this] { mDesk.BringBack(); };
+  mDesk.AttachRefusals();
+}
+
+bool frmCustMain::AddsOwner() const { return SSIndexTab1.Page() == 1 && Tab() == tab::Customers && mRecordMode == "A"; }
+
+void frmCustMain::UserRuns(const std::string& Key, const std::function<void()>& body) {
+  mDesk.Begins(Key);
+  body();
+  mDesk.Ended(Key);
 }
 
 void frmCustMain::Toolbar1_ButtonClick(const std::string& Key) {
   Trap("frmCustMain.Toolbar1_ButtonClick", [&] {
     if (!mToolbarReady) return;
     Toolbar1.Enabled(false);
-    RunCommand(Key);
+    UserRuns(Key, [&] { RunCommand(Key); });
     if (!Loaded()) return;  // the customer was selected and the screen is gone
     if (Key == "tb_SaveRec") SaveAndGoOn();
     Toolbar1.Enabled(true);
@@ -68,6 +79,7 @@ void frmCustMain::SaveAndGoOn() {
   if (Tab() != tab::Customers || mRecordMode != "A" || !gAddPhone) return;
   SSIndexTab1.Tab(tab::Phones);
   RecordAdd();
+  mDesk.WentOn();
 }
 
 void frmCustMain::RunCommand(const std::string& Key) {

@@ -1,4 +1,7 @@
 #include "maintenance/frmCustMain.h"
+
+#include <algorithm>
+
 #include "session/ModCustSch.h"
 
 // What the screen's design fixes: captions, lengths, masks, places, first states. Nothing here runs a rule.
@@ -216,7 +219,8 @@ frmCustMain::frmCustMain()
       chkAssignKeyWord(*this, "chkAssignKeyWord", "Assign New Key Word to Current Customer"),
       StatusBar1(*this, "StatusBar1"),
       Report1(*this, "Report1"),
-      CommonDialog1(*this, "CommonDialog1") {
+      CommonDialog1(*this, "CommonDialog1"),
+      miTypedBack(*this, "miTypedBack", "Back to What Was Typed") {
   DesignListPages();
   DesignCards();
   DesignCombos();
@@ -269,6 +273,7 @@ void frmCustMain::DesignListPages() {
 void frmCustMain::DesignCards() {
   const auto onCard = [this](int Tab, std::initializer_list<Control*> controls) {
     for (Control* control : controls) control->PutOnTab(SSIndexTab1, Tab, 1);
+    mCards[static_cast<std::size_t>(Tab)] = controls;
   };
   const auto in = [](Control& frame, std::initializer_list<Control*> controls) {
     for (Control* control : controls) control->Container(frame);
@@ -315,6 +320,12 @@ void frmCustMain::DesignCards() {
 
   onCard(tab::CustomerTypes, {&txtCustomerType, &chkAssignCustType});
   onCard(tab::KeyWords, {&txtKeyWord, &chkAssignKeyWord});
+}
+
+bool frmCustMain::IsOnCard(const platform::Control& control, int Tab) const {
+  const auto& card = mCards[static_cast<std::size_t>(Tab)];
+  if (std::find(card.begin(), card.end(), &control) != card.end()) return true;
+  return control.Container() && IsOnCard(*control.Container(), Tab);
 }
 
 void frmCustMain::DesignCombos() {
@@ -377,6 +388,8 @@ void frmCustMain::AttachHandlers() {
   txtRateAdjustment.Change = [this] { txtRateAdjustment_Change(); };
   txtComment.GotFocus = [this] { txtComment_GotFocus(); };
   txtComment.LostFocus = [this] { txtComment_LostFocus(); };
+  txtPhoneArea.KeyPress = [this](int& KeyAscii) { txtPhoneArea_KeyPress(KeyAscii); };
+  txtPhoneArea.GotFocus = [this] { mAreaDigits.clear(); };
   txtZip.LostFocus = [this] { txtZip_LostFocus(); };
   cmdPlusMinus.Click = [this] { cmdPlusMinus_Click(); };
   cmdMapCode.Click = [this] { cmdMapCode_Click(); };

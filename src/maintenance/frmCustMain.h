@@ -2,13 +2,17 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "maintenance/card_desk.h"
 #include "maintenance/tabs/record_tab.h"
 #include "platform/common_dialog.h"
 #include "platform/controls/buttons.h"
+#include "platform/controls/card_screen.h"
 #include "platform/controls/combo.h"
 #include "platform/controls/data_control.h"
 #include "platform/controls/form.h"
@@ -38,11 +42,12 @@ inline constexpr int Count = 7;
 /// The main screen: the customer list and the six lists of the current customer, each on a tab with a list page (0) and a
 /// record page (1), under a common toolbar and menu.
 ///
-/// The procedures stand in several files: frame.cpp (life, modes, tabs), commands.cpp (toolbar and menu), lists.cpp (what each
+/// The procedures stand in several files: frame.cpp (life, modes, tabs), commands.cpp (toolbar and menu), card_desk.cpp (what the desk
+/// adds where the user starts them), lists.cpp (what each
 /// list shows), ordering.cpp, search.cpp, selection.cpp, assignment.cpp, records.cpp (the frame of add, edit, save and
 /// cancel), deletion.cpp, grid_editing.cpp, labor_rates.cpp, card_handlers.cpp; what is special to one kind of record stands in
 /// tabs/.
-class frmCustMain final : public platform::Form {
+class frmCustMain final : public platform::Form, public platform::CardScreen {
  public:
   template <class T, std::size_t N>
   using Array = platform::ControlArray<T, N>;
@@ -95,6 +100,12 @@ class frmCustMain final : public platform::Form {
   void RecordSave();
   void RecordCancel();
   void RecordDelete();
+
+  /// Whether the control, or a frame around it, was put on that tab's card, shown now or not.
+  bool IsOnCard(const platform::Control& control, int Tab) const;
+  bool HasUnsavedEntries() const override { return mDesk.Unsaved(); }
+  std::string CardMode() const override { return mDesk.Mode(); }
+  bool AddsOwner() const override;
 
   /// "Customer Record" ... "Key Word Record": the tab's caption, trimmed, less its last character, and " Record". The cut is
   /// blind; titles and questions of the record operations are built on it.
@@ -202,6 +213,8 @@ class frmCustMain final : public platform::Form {
   platform::StatusBar StatusBar1;
   platform::ReportControl Report1;
   platform::CommonDialog CommonDialog1;
+  /// Stands in no menu of the screen's own; the windows show it at the end of menu Edit.
+  platform::MenuItem miTypedBack;
 
  private:
   // design.cpp, columns.cpp: what the screen's design fixes.
@@ -230,6 +243,8 @@ class frmCustMain final : public platform::Form {
   // commands.cpp
   void Toolbar1_ButtonClick(const std::string& Key);
   void RunCommand(const std::string& Key);
+  /// What a user's click of the menu runs; `Key` names the toolbar key of the same command.
+  void UserRuns(const std::string& Key, const std::function<void()>& body);
   void SaveAndGoOn();
   void FindOnTab();
   void SelectAllOnTab();
@@ -279,6 +294,7 @@ class frmCustMain final : public platform::Form {
   void StandOnDepartment(ResumeNext& on, const std::string& Dept);
 
   // card_handlers.cpp
+  void txtPhoneArea_KeyPress(int& KeyAscii);
   void txtZip_LostFocus();
   void cmdPlusMinus_Click();
   void txtCreditLimit_MouseMove();
@@ -303,6 +319,9 @@ class frmCustMain final : public platform::Form {
   platform::ToolbarButton& tb(const char* Key) const { return Toolbar1.Button(Key); }
 
   std::array<std::unique_ptr<RecordTab>, tab::Count> mRecords;
+  std::string mAreaDigits;  ///< what has been typed into the area code at one go, beyond its own length
+  std::array<std::vector<platform::Control*>, tab::Count> mCards;  ///< what was put on each card, without what its frames hold
+  CardDesk mDesk{*this};
 };
 
 /// Style of a question with No as its default.

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/controls/form.h"
+#include "platform/controls/toolbar.h"
 
 namespace platform {
 
@@ -69,18 +70,35 @@ inline std::string_view ShortcutKeyOf(const Control& control) {
   return {};
 }
 
+/// The key that starts a toolbar key's command, its own or that of the menu item for the same command; "" if there is none.
+inline std::string_view ShortcutKeyFor(const ToolbarButton& button) {
+  for (const Shortcut& shortcut : kShortcuts) {
+    const bool same = shortcut.guard == button.Name() || shortcut.control == button.Name();
+    const Control* command = same ? button.Owner().Find(shortcut.control) : nullptr;
+    if (command != nullptr) return ShortcutKeyOf(*command);
+  }
+  return {};
+}
+
 inline bool IsOpenToUser(const Control* control) {
   return control != nullptr && control->EffectivelyVisible() && control->EffectivelyEnabled();
 }
 
-/// The command that a key starts on that screen now; nullptr if the key has none, or if it is closed at the moment.
+/// Whether the screen would answer the user's act on that control with words alone.
+inline bool WouldRefuse(const Control* control) {
+  const auto* command = dynamic_cast<const CommandControl*>(control);
+  return command != nullptr && command->Refuses();
+}
+
+/// The command that a key starts on that screen now; nullptr if the key has none, or if it is closed at the moment. One that
+/// would be refused is found all the same, so that the key says why as the menu does.
 inline Control* ShortcutTarget(const Form& form, std::string_view key) {
   for (const Shortcut& shortcut : kShortcuts) {
     if (shortcut.key != key) continue;
     Control* target = form.Find(shortcut.control);
     if (target == nullptr) continue;
     const bool guarded = !shortcut.guard.empty() && form.Find(shortcut.guard) != nullptr && !IsOpenToUser(form.Find(shortcut.guard));
-    return IsOpenToUser(target) && !guarded ? target : nullptr;
+    return IsOpenToUser(target) && (!guarded || WouldRefuse(target)) ? target : nullptr;
   }
   return nullptr;
 }

@@ -4,6 +4,7 @@
 #include "platform/convert.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
+#include "session/reports.h"
 
 namespace orcussch {
 
@@ -49,6 +50,7 @@ void Main() {
 }
 
 void ReportFailure(const platform::Error& error, const std::string& literal, bool terminate) {
+  ++gFailuresReported;
   App().SetErr(error);
   ProgramError(literal, terminate);
 }

@@ -64,7 +64,7 @@ TEST_F(Binder, StartsWithWhatTheModelsHold) {
   EXPECT_EQ(Widget<QPushButton>("cmdGo").text(), "Go");
   EXPECT_TRUE(Widget<QRadioButton>("optWay_0").isChecked());
   EXPECT_EQ(Widget<QListWidget>("lstLines").count(), 2);
-  EXPECT_EQ(Widget<QAction>("tb_Find").toolTip(), "Find Record");
+  EXPECT_EQ(Widget<QAction>("tb_Find").toolTip(), "Find Record (F3)");
 }
 
 TEST_F(Binder, ChangesInCodeShow) {

@@ -83,7 +83,8 @@ TEST_F(Cards, CaptionsReadAsTheScreensNameThem) {
 
 TEST_F(Cards, LettersAreDifferentOnEachPageAndFromTheMenus) {
   std::set<QChar> menus;
-  for (const QAction* menu : window->menuBar()->actions()) menus.insert(LetterOf(menu->text()));
+  for (const QAction* menu : window->menuBar()->actions())
+    if (const QChar letter = LetterOf(menu->text()); !letter.isNull()) menus.insert(letter);
   EXPECT_EQ(menus.size(), 5u);
   int letters = 0;
   for (int tab = 0; tab < kTabs; ++tab) {

@@ -47,7 +47,7 @@ ToolbarBinding::ToolbarBinding(FormWindow& window, platform::Toolbar& control, Q
   greying_.setSingleShot(true);
   greying_.setInterval(kGreyAfterMs);
   connect(&greying_, &QTimer::timeout, this, [this] {
-    if (!Dropped()) shown().setEnabled(this->control().Enabled());
+    if (!Dropped()) shown().setEnabled(IsOpen());
   });
 }
 
@@ -56,13 +56,15 @@ void ToolbarBinding::Show(Aspect aspect) {
     if (aspect == Aspect::Visible) shown().setVisible(control().Visible());
     return;
   }
-  if (control().Enabled()) {
+  if (IsOpen()) {
     greying_.stop();
     shown().setEnabled(true);
   } else if (!greying_.isActive()) {
     greying_.start();
   }
 }
+
+bool ToolbarBinding::IsOpen() const { return control().Enabled() && control().IsReady(); }
 
 void ToolbarBinding::Drop() {
   greying_.stop();
@@ -90,7 +92,8 @@ ToolbarButtonBinding::ToolbarButtonBinding(FormWindow& window, platform::Toolbar
 void ToolbarButtonBinding::Show(Aspect aspect) {
   if (!action_) return;
   if (aspect == Aspect::ToolTip) {
-    action_->setToolTip(ToShown(key_.ToolTipText()));
+    const std::string_view key = platform::ShortcutKeyFor(key_);
+    action_->setToolTip(ToShown(key_.ToolTipText()) + (key.empty() ? QString() : " (" + ShownKey(key) + ")"));
   } else {
     ShowAction(*action_, key_, aspect);
   }

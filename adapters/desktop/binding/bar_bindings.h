@@ -18,6 +18,7 @@ class ToolbarBinding final : public TypedBinding<platform::Toolbar, QToolBar> {
   void Drop() override;
 
  private:
+  bool IsOpen() const;
   QTimer greying_;
 };
 

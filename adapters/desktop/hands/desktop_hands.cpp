@@ -283,7 +283,8 @@ void DesktopHands::HoverForm(Form& form) {
 }
 
 void DesktopHands::CloseForm(Form& form) {
-  if (FormWindow* window = frontEnd_.WindowOf(form)) window->close();
+  // The unload alone: whether a person who closes the window is asked first is the window's matter.
+  form.UserClose();
   Settle();
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/application.h"
+#include "platform/controls/buttons.h"
 #include "platform/controls/grid.h"
 #include "platform/text.h"
 
@@ -39,7 +40,11 @@ void Form::MoveFocus(Control* to) {
     focusWanted_ = true;
     return;
   }
-  if (to == focus_) return;
+  if (to == focus_) {
+    // Whoever shows it takes this as a new beginning: a refused entry is selected as a whole.
+    if (to && loaded_) application_.Changed(*this, to, Aspect::Focus);
+    return;
+  }
   struct Moving {
     bool& flag;
     explicit Moving(bool& moving) : flag(moving) { flag = true; }
@@ -68,6 +73,23 @@ void Form::MoveFocus(Control* to) {
   if (!wanted || (wanted->EffectivelyVisible() && wanted->EffectivelyEnabled())) MoveFocus(wanted);
 }
 
+namespace {
+
+/// A group of choices is one stop: the choice that is on, or its first one while none is. The arrow keys go through the others.
+bool PassedOver(const Control& control) {
+  const auto* option = dynamic_cast<const OptionButton*>(&control);
+  if (!option || option->Value()) return false;
+  for (const Control* other : control.Owner().Controls()) {
+    const auto* sibling = dynamic_cast<const OptionButton*>(other);
+    if (!sibling || sibling == option || sibling->Name() != option->Name()) continue;
+    if (!sibling->EffectivelyVisible() || !sibling->EffectivelyEnabled()) continue;
+    if (sibling->Value() || sibling->Index() < option->Index()) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
 Control* Form::NextInTabOrder(const Control* from, bool backwards) const {
   const auto count = controls_.size();
   if (count == 0) return nullptr;
@@ -76,6 +98,7 @@ Control* Form::NextInTabOrder(const Control* from, bool backwards) const {
   for (std::size_t step = 0; step < count; ++step) {
     at = backwards ? (at + count - 1) % count : (at + 1) % count;
     Control* control = controls_[at];
+    if (PassedOver(*control)) continue;
     if (control != from && control->TakesFocus() && control->EffectivelyVisible() && control->EffectivelyEnabled()) return control;
   }
   return nullptr;

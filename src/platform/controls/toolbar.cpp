@@ -6,14 +6,22 @@
 
 namespace platform {
 
+void CommandControl::GuardedCommand(const std::function<void()>& body) {
+  Act([&] {
+    const std::string why = Refusal ? Refusal() : "";
+    Told.Fire(why);
+    if (why.empty()) UserCommand(body);
+  });
+}
+
 ToolbarButton::ToolbarButton(Form& form, Toolbar& toolbar, std::string key, std::string toolTip)
-    : Control(form, std::move(key)), toolbar_(toolbar) {
+    : CommandControl(form, std::move(key)), toolbar_(toolbar) {
   Container(toolbar);
   ToolTipText(std::move(toolTip));
 }
 
 void ToolbarButton::UserClick() {
-  UserCommand([this] { toolbar_.ButtonClick.Fire(Name()); });
+  GuardedCommand([this] { toolbar_.ButtonClick.Fire(Name()); });
 }
 
 Toolbar::Toolbar(Form& form, std::string name, std::vector<Key> keys) : Control(form, std::move(name)), keys_(std::move(keys)) {
@@ -26,7 +34,8 @@ ToolbarButton& Toolbar::Button(std::string_view key) const {
   throw error::ItemNotFound();
 }
 
-MenuItem::MenuItem(Form& form, std::string name, std::string caption) : Control(form, std::move(name)), caption_(std::move(caption)) {}
+MenuItem::MenuItem(Form& form, std::string name, std::string caption)
+    : CommandControl(form, std::move(name)), caption_(std::move(caption)) {}
 
 void MenuItem::Caption(std::string caption) {
   caption_ = std::move(caption);
@@ -34,7 +43,7 @@ void MenuItem::Caption(std::string caption) {
 }
 
 void MenuItem::UserClick() {
-  UserCommand([this] { Click.Fire(); });
+  GuardedCommand([this] { Click.Fire(); });
 }
 
 Menu::Menu(Form& form, std::string name, std::string caption, std::vector<MenuItem*> items)

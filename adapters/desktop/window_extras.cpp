@@ -1,0 +1,117 @@
+#include "desktop/window_extras.h"
+
+#include <QAction>
+#include <QLocale>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+
+#include "desktop/help.h"
+#include "desktop/services.h"
+#include "desktop/toolkit.h"
+#include "platform/controls/card_screen.h"
+#include "platform/controls/data_control.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/tab_control.h"
+#include "platform/controls/toolbar.h"
+
+namespace desktop {
+
+using platform::Aspect;
+
+WindowExtras::WindowExtras(QMainWindow& window, platform::Form& form, Services& services)
+    : window_(window),
+      form_(form),
+      services_(services),
+      cards_(dynamic_cast<const platform::CardScreen*>(&form)),
+      badge_(window.findChild<QLabel*>("modeBadge")) {
+  ConnectButtons();
+  if (window.findChild<QMenuBar*>()) AddMenus();
+  if (cards_ && window.findChild<QStatusBar*>()) {
+    place_ = NewWidget<QLabel>(window.statusBar());
+    place_->setObjectName("rowPlace");
+    place_->setProperty("role", "hint");
+    window.statusBar()->addPermanentWidget(place_);
+  }
+  ShowMode();
+}
+
+/// The button is the toolbar key at another place: the same command, open and closed with it.
+void WindowExtras::ConnectButtons() {
+  for (QPushButton* button : window_.findChildren<QPushButton*>()) {
+    const QString key = button->property("presses").toString();
+    auto* action = key.isEmpty() ? nullptr : window_.findChild<QAction*>(key);
+    if (!action) continue;
+    button->setAutoDefault(false);
+    button->setToolTip(action->toolTip());
+    button->setEnabled(action->isEnabled());
+    QObject::connect(button, &QPushButton::clicked, action, &QAction::trigger);
+    QObject::connect(action, &QAction::changed, button, [button, action] {
+      button->setEnabled(action->isEnabled());
+      button->setToolTip(action->toolTip());
+    });
+  }
+}
+
+void WindowExtras::AddMenus() {
+  const QStringList words = window_.menuBar()->property("behindMenus").toString().split(' ', Qt::SkipEmptyParts);
+  for (qsizetype i = 0; i + 1 < words.size(); i += 2) {
+    auto* menu = window_.menuBar()->findChild<QMenu*>(words[i]);
+    auto* action = window_.findChild<QAction*>(words[i + 1], Qt::FindDirectChildrenOnly);
+    if (!menu || !action) continue;
+    menu->addSeparator();
+    menu->addAction(action);
+  }
+  AddHelpMenu(window_);
+}
+
+void WindowExtras::ShowMode() {
+  if (!cards_) return;
+  const QString mode = ToShown(cards_->CardMode());
+  if (badge_) {
+    badge_->setText(mode);
+    badge_->setVisible(!mode.isEmpty());
+  }
+  const bool another = cards_->AddsOwner();
+  for (QLabel* label : window_.findChildren<QLabel*>())
+    if (label->property("ofOwner").toBool()) label->setHidden(another);
+}
+
+void WindowExtras::Changed(const platform::Control& control, Aspect aspect) {
+  const bool tabs = dynamic_cast<const platform::TabControl*>(&control) != nullptr;
+  if (tabs || dynamic_cast<const platform::Toolbar*>(&control)) ShowMode();
+  if (!tabs && !dynamic_cast<const platform::Grid*>(&control)) return;
+  if (aspect != Aspect::Tab && aspect != Aspect::CurrentRow && aspect != Aspect::List && aspect != Aspect::RowContent) return;
+  placeIsOld_ = true;
+  services_.WakeIdle();
+}
+
+platform::Grid* WindowExtras::ShownList() const {
+  for (platform::Control* control : form_.Controls()) {
+    auto* grid = dynamic_cast<platform::Grid*>(control);
+    if (grid && grid->Data() && grid->EffectivelyVisible()) return grid;
+  }
+  return nullptr;
+}
+
+/// "row 12 of 5,000"; nothing until the rows are counted.
+QString WindowExtras::Place() const {
+  const platform::Grid* grid = cards_ && cards_->CardMode().empty() ? ShownList() : nullptr;
+  platform::RowWindow* rows = grid && grid->Data()->OnRecord() ? grid->Data()->Window() : nullptr;
+  if (!rows || !rows->CountIsExact()) return {};
+  const auto ordinal = rows->OrdinalOf(grid->CurrentBookmark());
+  if (!ordinal) return {};
+  const QLocale english(QLocale::English, QLocale::UnitedStates);
+  return QObject::tr("row %1 of %2").arg(english.toString(qlonglong{*ordinal} + 1), english.toString(qlonglong{rows->Count()}));
+}
+
+void WindowExtras::Settled() {
+  if (!placeIsOld_ || !place_) return;
+  placeIsOld_ = false;
+  QString text;
+  Safely(form_.App(), [&] { text = Place(); });
+  place_->setText(text);
+}
+
+}  // namespace desktop

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QPointer>
+
+#include "platform/controls/form.h"
+
+namespace platform {
+class CardScreen;
+class Grid;
+}  // namespace platform
+
+namespace desktop {
+
+class Services;
+
+/// What a window adds to its screen's own controls, where its layout asks for it: a badge that says what the open card is for
+/// (label "modeBadge"; labels with the property "ofOwner" give way while a new owner is added), buttons that press a toolbar key
+/// (property "presses"), the place of the current row at the end of the status bar, commands behind those of a menu (the menu
+/// bar's property "behindMenus": "mnuEdit miTypedBack"), and the Help menu.
+class WindowExtras {
+ public:
+  WindowExtras(QMainWindow& window, platform::Form& form, Services& services);
+
+  /// A control of the screen has changed.
+  void Changed(const platform::Control& control, platform::Aspect aspect);
+  /// The lists have no idle work left: the place of the current row can be told.
+  void Settled();
+
+ private:
+  void ConnectButtons();
+  void AddMenus();
+  void ShowMode();
+  QString Place() const;
+  platform::Grid* ShownList() const;
+
+  QMainWindow& window_;
+  platform::Form& form_;
+  Services& services_;
+  const platform::CardScreen* cards_;
+  QPointer<QLabel> badge_;
+  QPointer<QLabel> place_;
+  bool placeIsOld_ = true;
+};
+
+}  // namespace desktop

@@ -2,14 +2,20 @@
 
 #include <QCompleter>
 #include <QKeyEvent>
+#include <QPainter>
 
 #include "desktop/controls/text_edit.h"
 #include "desktop/toolkit.h"
 
 namespace desktop {
 
+namespace {
+constexpr int kFrame = 2;
+}
+
 CellEditor::CellEditor(QWidget* parent) : QLineEdit(parent) {
-  setFrame(true);
+  setFrame(false);
+  setTextMargins(kFrame + 1, 0, kFrame + 1, 0);
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
     if (onText) onText(text);
   });
@@ -34,6 +40,18 @@ bool CellEditor::event(QEvent* event) {
     }
   }
   return QLineEdit::event(event);
+}
+
+/// The row below it is in the colour of the current row, whose text colour sets the cell off from it.
+void CellEditor::paintEvent(QPaintEvent* event) {
+  QLineEdit::paintEvent(event);
+  QPainter painter(this);
+  const auto frame = [&](int inset, QPalette::ColorRole role) {
+    painter.setPen(palette().color(QPalette::Active, role));
+    painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
+  };
+  frame(0, QPalette::HighlightedText);
+  frame(1, QPalette::Highlight);
 }
 
 void CellEditor::keyPressEvent(QKeyEvent* event) {

@@ -208,6 +208,7 @@ TEST_F(Columns, TheChooserHidesAndOrders) {
 }
 
 TEST_F(Columns, TheChooserKeepsOneTickAndTheFixedColumnsAmongThemselves) {
+  Begin();
   desktop::ColumnChooser chooser({{"A", "A", true}, {"B", "B", false}, {"C", "C", true}}, 1, nullptr);
   auto* list = chooser.findChild<QListWidget*>();
   list->item(0)->setCheckState(Qt::Unchecked);

@@ -1,5 +1,6 @@
 #include "desktop/list/cell_editor.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QKeyEvent>
 #include <QPainter>
@@ -10,12 +11,12 @@
 namespace desktop {
 
 namespace {
-constexpr int kFrame = 2;
+constexpr int kPadding = 4;  ///< with the edit's own, the text stands where the list has it
 }
 
 CellEditor::CellEditor(QWidget* parent) : QLineEdit(parent) {
   setFrame(false);
-  setTextMargins(kFrame + 1, 0, kFrame + 1, 0);
+  setTextMargins(kPadding, 0, kPadding, 0);
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
     if (onText) onText(text);
   });
@@ -29,6 +30,11 @@ void CellEditor::Offer(const QStringList& texts) {
     if (onText) onText(text);
   });
   setCompleter(completer);
+}
+
+void CellEditor::Close() {
+  if (completer()) completer()->popup()->hide();
+  deleteLater();  // hidden it would hand the focus to whatever comes next
 }
 
 bool CellEditor::event(QEvent* event) {

@@ -18,6 +18,8 @@ class CellEditor final : public QLineEdit {
 
   /// Offers these texts while typing.
   void Offer(const QStringList& texts);
+  /// Goes away with what it offers, which would take the keys that come next.
+  void Close();
 
  protected:
   bool event(QEvent* event) override;

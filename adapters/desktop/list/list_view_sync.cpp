@@ -244,7 +244,7 @@ void ListView::SyncOpenCell() {
   if (!open || grid_->Column(*open).checkBox || !currentOrdinal_) {
     if (editor_) {
       const bool had = editor_->hasFocus();
-      editor_->deleteLater();
+      static_cast<CellEditor*>(editor_.data())->Close();
       editor_.clear();
       if (had) setFocus(Qt::OtherFocusReason);
     }
@@ -253,7 +253,7 @@ void ListView::SyncOpenCell() {
   ScrollToColumn(*open);
   const QRect cell = CellRect(*currentOrdinal_, *open);
   if (!editor_ || editorColumn_ != *open) {
-    if (editor_) editor_->deleteLater();
+    if (editor_) static_cast<CellEditor*>(editor_.data())->Close();
     auto* made = NewWidget<CellEditor>(viewport());
     editor_ = made;
     editorColumn_ = *open;

@@ -47,6 +47,14 @@ void Settings::KeepColumnOrder(const QString& list, const QStringList& fields) {
   if (file_) file_->setValue(ListGroup(list) + "/Order", fields);
 }
 
+QStringList Settings::HiddenColumns(const QString& list) const {
+  return file_ ? file_->value(ListGroup(list) + "/Hidden").toStringList() : QStringList{};
+}
+
+void Settings::KeepHiddenColumns(const QString& list, const QStringList& fields) {
+  if (file_) file_->setValue(ListGroup(list) + "/Hidden", fields);
+}
+
 void Settings::ForgetColumns(const QString& list) {
   if (file_) file_->remove(ListGroup(list));
 }

@@ -9,7 +9,7 @@
 
 namespace desktop {
 
-/// What the windows remember for one user: places of windows, widths and order of list columns, by field name. Kept in one
+/// What the windows remember for one user: places of windows, widths, order and hiding of list columns, by field name. Kept in one
 /// ini file; without a folder nothing is kept.
 class Settings {
  public:
@@ -24,6 +24,9 @@ class Settings {
   /// Field names from left to right.
   QStringList ColumnOrder(const QString& list) const;
   void KeepColumnOrder(const QString& list, const QStringList& fields);
+  /// Field names of the columns that the user does not want to see.
+  QStringList HiddenColumns(const QString& list) const;
+  void KeepHiddenColumns(const QString& list, const QStringList& fields);
   void ForgetColumns(const QString& list);
 
  private:

@@ -26,7 +26,7 @@ struct Tones {
 constexpr Tones kLight{"#f3f4f6", "#ffffff", "#f8f9fb", "#1c2127", "#8a929c", "#fcfcfd",
                        "#2563b0", "#ffffff", "#cfd4da", "#fffbe6", "#1d5fb4"};
 constexpr Tones kDark{"#1f2226", "#2a2e34", "#2e3238", "#e3e6ea", "#8b929c", "#363b43",
-                      "#3f7fcb", "#ffffff", "#474d56", "#3a3d42", "#7ab0f0"};
+                      "#3672b8", "#ffffff", "#474d56", "#3a3d42", "#7ab0f0"};
 
 QColor Mixed(const QColor& one, const QColor& other, float share) {
   const auto mix = [share](float a, float b) { return a * share + b * (1 - share); };
@@ -94,6 +94,11 @@ QColor HintColour(const QPalette& palette) {
   return Mixed(palette.color(QPalette::Active, QPalette::WindowText), palette.color(QPalette::Active, QPalette::Window), kTextShare);
 }
 
+QColor ScrollColour(const QPalette& palette) {
+  constexpr float kTextShare = 0.5F;
+  return Mixed(palette.color(QPalette::Active, QPalette::WindowText), palette.color(QPalette::Active, QPalette::Window), kTextShare);
+}
+
 QColor SheetColour(const QPalette& palette) {
   constexpr float kBaseShare = 0.6F;
   return Mixed(palette.color(QPalette::Active, QPalette::Base), palette.color(QPalette::Active, QPalette::Window), kBaseShare);
@@ -121,9 +126,16 @@ QString WindowRules(const QPalette& palette) {
       "QLabel[role=\"badge\"] { background: %3; color: %5; border-radius: 9px; padding: 2px 10px; font-weight: 600; }"
       "QLabel[role=\"caption\"], QLabel[role=\"hint\"] { color: %6; }"
       "QFrame[role=\"sheet\"] { background: %7; border: 1px solid %1; border-radius: 6px; }"
-      "QFrame#SSPanel1 { border: 1px solid %1; border-radius: 5px; }");
+      "QFrame#SSPanel1 { border: 1px solid %1; border-radius: 5px; }"
+      "QScrollBar { background: %2; border: 0; } QScrollBar:vertical { width: 14px; } QScrollBar:horizontal { height: 14px; }"
+      "QScrollBar::handle { background: %8; border-radius: 4px; margin: 3px; }"
+      "QScrollBar::handle:vertical { min-height: 32px; } QScrollBar::handle:horizontal { min-width: 32px; }"
+      "QScrollBar::handle:hover, QScrollBar::handle:pressed { background: %3; } QScrollBar::handle:disabled { background: %1; }"
+      "QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }"
+      "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }"
+      "QAbstractScrollArea::corner { background: %2; border: 0; }");
   return rules.arg(line, window, accent, palette.color(QPalette::Base).name(), palette.color(QPalette::HighlightedText).name(),
-                   HintColour(palette).name(), SheetColour(palette).name());
+                   HintColour(palette).name(), SheetColour(palette).name(), ScrollColour(palette).name());
 }
 
 }  // namespace desktop::theme

@@ -26,6 +26,8 @@ bool IsDark(const QPalette& palette);
 QColor LineColour(const QPalette& palette);
 /// Captions and hints: quieter than the text, and still read with ease.
 QColor HintColour(const QPalette& palette);
+/// The handle of a scroll bar.
+QColor ScrollColour(const QPalette& palette);
 /// The ground of a card, between the window's and that of an edit.
 QColor SheetColour(const QPalette& palette);
 

@@ -29,6 +29,13 @@ bool TakesTheFocus(Control& control) {
   return !control.TakesFocus() || control.Owner().Focus() == &control;
 }
 
+/// On the current row, in the column of the cursor.
+void DoubleClickCell(Grid& grid) {
+  const int column = grid.CursorColumn();
+  if (!TakesTheFocus(grid) || column < 0 || !grid.Data() || !grid.Data()->OnRecord()) return;
+  if (!grid.Column(column).checkBox) grid.UserEnter(column);
+}
+
 class ModelHands final : public UserHands {
  public:
   void Click(Control& control) override {
@@ -43,6 +50,7 @@ class ModelHands final : public UserHands {
       list->UserDblClick();
       return;
     }
+    if (auto* grid = dynamic_cast<Grid*>(&control)) return DoubleClickCell(*grid);
     Click(control);
   }
 
@@ -74,7 +82,11 @@ class ModelHands final : public UserHands {
   void Pick(ComboBox& combo, const ComboRow& row) override { combo.UserPick(row); }
   void ClearCombo(ComboBox& combo) override { combo.UserClear(); }
   void Tab(TabControl& tabs, int tab) override { tabs.UserClick(tab); }
-  void Row(Grid& grid, const Bookmark& row) override { grid.UserRow(row); }
+  /// In the first column that is in view, as far as the model knows.
+  void Row(Grid& grid, const Bookmark& row) override {
+    grid.CursorColumn(grid.SplitCount() > 1 ? 0 : grid.LeftCol(0));
+    grid.UserRow(row);
+  }
   void Mark(Grid& grid, const std::vector<Bookmark>& rows) override { grid.UserMark(rows); }
   void HeadClick(Grid& grid, int column) override { grid.UserHeadClick(column); }
 
@@ -126,7 +138,7 @@ std::string ScreenAsText(const Form& form) {
       for (int column = 0; column < grid->ColumnCount(); ++column) {
         const int field = grid->FieldIndexOf(column);
         const bool shown = field >= 0 && static_cast<std::size_t>(field) < row.cells.size();
-        line += (column == 0 ? "" : " | ") + (shown ? grid->ShownText(column, row.cells[static_cast<std::size_t>(field)]) : std::string());
+        line += (column == 0 ? "" : " | ") + (shown ? grid->SeenText(column, row.cells[static_cast<std::size_t>(field)]) : std::string());
       }
       text += "    " + line + "\n";
     }

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string>
@@ -52,13 +53,55 @@ std::string ProperKey(std::string_view key) {
   return proper + (proper.empty() || proper == "Shift+" ? std::string(rest) : UCase(rest));
 }
 
+bool KeyInText(TextBox& box, const std::string& key);
+
+/// The design's columns that are shown; how the user has moved or hidden them is the windows' alone.
+std::vector<int> ColumnsInOrder(const Grid& grid) {
+  std::vector<int> columns;
+  for (int column = 0; column < grid.ColumnCount(); ++column)
+    if (grid.Column(column).visible) columns.push_back(column);
+  return columns;
+}
+
+/// What types a character starts a search; "/" goes to its box alone.
+bool TypeIntoSearch(Grid& grid, const std::string& key) {
+  const bool types = CharacterCount(key.starts_with("Shift+") ? key.substr(6) : key) == 1 || key == "Plus" || key == "Minus" || key == "Comma";
+  TextBox* box = grid.SearchBox();
+  if (!types || grid.OpenCell() || !IsOpenToUser(box)) return false;
+  grid.Owner().UserFocus(*box);
+  if (grid.Owner().Focus() != box) return true;
+  box->Select(0, CharacterCount(box->Text()));
+  return key == "/" || KeyInText(*box, key);
+}
+
+void MoveCursor(Grid& grid, int step) {
+  const std::vector<int> columns = ColumnsInOrder(grid);
+  const auto at = std::find(columns.begin(), columns.end(), grid.CursorColumn());
+  if (at == columns.end() || (step < 0 ? at == columns.begin() : at + 1 == columns.end())) return;
+  grid.CursorColumn(*(at + step));
+}
+
+/// Enter, the key for editing, the keys from cell to cell.
+bool CellKey(Grid& grid, const std::string& key) {
+  if (key == "Enter") {
+    if (!grid.OpenCell()) return grid.UserEnter(grid.CursorColumn());
+    grid.UserCloseCell();
+  } else if (key == "Ctrl+E") {
+    if (const auto column = grid.CellToEdit(ColumnsInOrder(grid))) grid.UserOpenCell(*column);
+  } else if (key == "Left" || key == "Right") {
+    if (!grid.OpenCell()) MoveCursor(grid, key == "Left" ? -1 : 1);
+  } else {
+    return false;
+  }
+  return true;
+}
+
 bool KeyInGrid(Grid& grid, const std::string& key) {
   if (key == "Escape") {
     if (!grid.OpenCell() && !grid.DataChanged()) return false;
     grid.UserEscape();
-  } else if (key == "Enter") {
-    if (!grid.OpenCell()) return false;
-    grid.UserCloseCell();
+  } else if (key == "Shift+Enter") {
+    grid.UserLeaveRow();
   } else if (key == "Up") {
     grid.UserMove(-1);
   } else if (key == "Down") {
@@ -72,7 +115,7 @@ bool KeyInGrid(Grid& grid, const std::string& key) {
   } else if (key == "End" || key == "Ctrl+End") {
     grid.UserLast();
   } else {
-    return false;
+    return CellKey(grid, key) || TypeIntoSearch(grid, key);
   }
   return true;
 }

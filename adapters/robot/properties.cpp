@@ -99,10 +99,18 @@ Found OfColumn(const Grid& grid, int index, const std::string& name) {
   return {};
 }
 
+/// "17 Default Phone Number", each row that stands out behind the other.
+std::string Emphasized(const Grid& grid) {
+  std::string text;
+  for (const auto& [key, what] : grid.Emphasized()) text += (text.empty() ? "" : ", ") + std::to_string(key) + " " + what;
+  return text;
+}
+
 Found OfGrid(const Grid& grid, const Property& p) {
   if (Is(p, "Caption")) return Value(grid.Caption());
   if (Is(p, "DataChanged")) return Value(grid.DataChanged());
   if (Is(p, "OpenText")) return grid.OpenCell() ? Value(grid.OpenText()) : Value(Null);
+  if (Is(p, "Emphasized")) return Value(Emphasized(grid));
   if (IsCount(p, "SelBookmarks")) return Number(grid.SelBookmarks.Count());
   if (IsCount(p, "Columns")) return Number(grid.ColumnCount());
   if (IsCount(p, "Splits")) return Number(grid.SplitCount());

@@ -24,6 +24,19 @@ GridColumn Formatted(const char* caption, const char* field, const char* format)
 
 GridColumn Money(const char* caption, const char* field) { return Formatted(caption, field, "Currency"); }
 
+GridColumn Percent(const char* caption, const char* field) {
+  GridColumn column = Plain(caption, field);
+  column.percent = true;
+  return column;
+}
+
+/// A number that is nobody else's business.
+GridColumn CardNumber(const char* caption, const char* field) {
+  GridColumn column = Plain(caption, field);
+  column.lastFour = true;
+  return column;
+}
+
 GridColumn Check(const char* caption, const char* field) {
   GridColumn column = Plain(caption, field);
   column.checkBox = true;
@@ -52,7 +65,7 @@ std::vector<GridColumn> CustomerColumns() {
       Plain("E-Mail Address", "EMail"),
       Plain("Web Site Address", "WebSite"),
       Coded("Sales Rate", "SalesRate", {{"A", "Average Cost"}, {"B", "Base Cost"}, {"R", "Residential"}, {"T", "Trade"}, {"L", "List"}}),
-      Plain("Sales Rate % Adjustment", "SalesRatePer"),
+      Percent("Sales Rate % Adjustment", "SalesRatePer"),
       Plain("Tax Basis A", "TaxBasisA"),
       Plain("Tax Basis B", "TaxBasisB"),
       Plain("Tax Basis C", "TaxBasisC"),
@@ -119,7 +132,7 @@ void frmCustMain::DesignColumns() {
   grid[tab::CreditCards].DefineColumns({
       Closed(Plain("Record ID", "CreditCardID")),
       Closed(Plain("Credit Card Type", "CreditCardName")),
-      Plain("Number", "CCNumber"),
+      CardNumber("Number", "CCNumber"),
       Plain("Card Holder", "CCHolder"),
       Plain("Expire Month", "CCMonth"),
       Formatted("Expire Year", "CCYear", "####"),
@@ -130,7 +143,7 @@ void frmCustMain::DesignColumns() {
       Closed(Plain("Department", "Dept")),
       Closed(Plain("Department Description", "DeptDescription")),
       Closed(Money("Base Rate", "DefaultLaborRate")),
-      Plain("Adjustment %", "Adjustment"),
+      Percent("Adjustment %", "Adjustment"),
       Closed(Money("Adjusted Rate", "Adjusted Rate")),
   });
   grid[tab::CustomerTypes].DefineColumns({Check("Assigned", "Assign"), Plain("Type Description", "Description")});

@@ -222,6 +222,7 @@ frmCustMain::frmCustMain()
       CommonDialog1(*this, "CommonDialog1"),
       miTypedBack(*this, "miTypedBack", "Back to What Was Typed") {
   DesignListPages();
+  DesignListRows();
   DesignCards();
   DesignCombos();
   DesignColumns();
@@ -252,6 +253,7 @@ void frmCustMain::DesignListPages() {
     for (Control* control : {static_cast<Control*>(&lblSearch[n]), static_cast<Control*>(&txtSearch[n])}) control->Container(fraSearch[n]);
     grid[n].BindTo(data[n]);
     grid[n].MarksRows(i > tab::LaborRates);
+    grid[n].SearchBox(txtSearch[n]);
     // The customers stay on the screen when they can't be read anew; another list would stand under the wrong customer's name.
     data[n].EmptyAfterFailure(i != tab::Customers);
   }
@@ -359,6 +361,7 @@ void frmCustMain::AttachHandlers() {
     txtSearch[n].KeyPress = [this, i](int& KeyAscii) { txtSearch_KeyPress(i, KeyAscii); };
     optOrder(i).Each([this, i](platform::OptionButton& option, int) { option.Click = [this, i] { optOrder_Click(i); }; });
     grid[n].HeadClick = [this, i](int ColIndex) { grid_HeadClick(i, ColIndex); };
+    grid[n].Sort = [this, i](int ColIndex, bool Descending) { grid_Sort(i, ColIndex, Descending); };
     grid[n].LostFocus = [this, i] { grid_LostFocus(i); };
     grid[n].BeforeColUpdate = [this, i](int ColIndex, const platform::Value& OldValue, bool& Cancel) {
       grid_BeforeColUpdate(i, ColIndex, OldValue, Cancel);

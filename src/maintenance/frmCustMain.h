@@ -219,6 +219,7 @@ class frmCustMain final : public platform::Form, public platform::CardScreen {
  private:
   // design.cpp, columns.cpp: what the screen's design fixes.
   void DesignListPages();
+  void DesignListRows();
   void DesignCards();
   void DesignCombos();
   void DesignColumns();
@@ -262,6 +263,8 @@ class frmCustMain final : public platform::Form, public platform::CardScreen {
   // ordering.cpp
   Array<platform::OptionButton, 2>& optOrder(int Tab);
   void optOrder_Click(int Tab);
+  void grid_Sort(int Index, int ColIndex, bool Descending);
+  bool OrderByColumn(int Index, int ColIndex);
 
   // records.cpp, deletion.cpp
   RecordTab& CurrentRecord() const;

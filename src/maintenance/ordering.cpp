@@ -17,6 +17,21 @@ void frmCustMain::optOrder_Click(int Tab) {
 }
 
 void frmCustMain::grid_HeadClick(int Index, int ColIndex) {
+  if (OrderByColumn(Index, ColIndex) && HasRecords(data[static_cast<std::size_t>(Index)])) SQLData(Index);
+}
+
+/// As a click on the heading and one on the option, with one rebuild.
+void frmCustMain::grid_Sort(int Index, int ColIndex, bool Descending) {
+  if (!OrderByColumn(Index, ColIndex)) return;
+  platform::OptionButton& Direction = optOrder(Index)[Descending ? 1 : 0];
+  if (!Direction.Value())
+    Direction.Value(true);
+  else
+    optOrder_Click(Index);
+}
+
+/// What the next rebuild orders by; false for a column that can't be ordered by.
+bool frmCustMain::OrderByColumn(int Index, int ColIndex) {
   const auto n = static_cast<std::size_t>(Index);
   const platform::GridColumn& column = grid[n].Column(ColIndex);
 
@@ -30,7 +45,7 @@ void frmCustMain::grid_HeadClick(int Index, int ColIndex) {
       if (Field == "COMMENTS") {
         orcussch::App().MsgBox("Customer records cannot be ordered by the comment field because it is a memo field in the database!",
                                platform::box::Information + platform::box::OkOnly, "Customer Order");
-        return;
+        return false;
       }
       // With its table's name, since a query may join other tables that have the field too.
       fraOrder[n].Tag(Field == "ACCTNUM" ? "Customers.AcctNum" : column.dataField);
@@ -54,7 +69,7 @@ void frmCustMain::grid_HeadClick(int Index, int ColIndex) {
 
   optOrder(Index)[0].Caption("Ascending " + lblSearch[n].Caption());
   optOrder(Index)[1].Caption("Descending " + lblSearch[n].Caption());
-  if (HasRecords(data[n])) SQLData(Index);
+  return true;
 }
 
 void frmCustMain::grdTaxBasis_HeadClick(int ColIndex) {

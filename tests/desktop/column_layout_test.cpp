@@ -62,4 +62,25 @@ TEST(ColumnLayout, WidthsHaveALeastValue) {
   EXPECT_EQ(layout.Width(0), ColumnLayout::kLeastWidth);
 }
 
+TEST(ColumnLayout, ColumnsThatTheUserHidesKeepTheirPlacesAmongTheOthers) {
+  ColumnLayout layout = FiveColumns();
+  layout.Hide({"B", "C"});
+  EXPECT_EQ(layout.PlaceCount(), 2);
+  EXPECT_EQ(layout.FixedCount(), 1) << "what scrolls does not become fixed";
+  EXPECT_EQ(layout.HiddenFields(), (std::vector<std::string>{"B", "C"}));
+  EXPECT_EQ(layout.FieldsInOrder(), (std::vector<std::string>{"A", "B", "C", "E"}));
+  layout.Hide({"C"});
+  EXPECT_TRUE(layout.Move(1, 0));
+  EXPECT_EQ(layout.FieldsInOrder(), (std::vector<std::string>{"B", "A", "C", "E"}));
+  layout.Hide({});
+  EXPECT_EQ(layout.FixedCount(), 2);
+  EXPECT_EQ(layout.ColumnAt(0), 1);
+}
+
+TEST(ColumnLayout, TheLastColumnStays) {
+  ColumnLayout layout = FiveColumns();
+  layout.Hide({"A", "B", "C", "E"});
+  EXPECT_EQ(layout.PlaceCount(), 1);
+}
+
 }  // namespace

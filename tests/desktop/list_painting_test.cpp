@@ -203,5 +203,35 @@ TEST_F(Painting, ARowThatIsWrittenAndLeftIsReadAgainOnce) {
   EXPECT_LE(table.fetches - before, 10);
 }
 
+TEST_F(Painting, ARowThatStandsOutIsBoldMarkedAndToldOf) {
+  OpenList(100);
+  const QImage before = Picture();
+  const QRect edge(0, List().CellRect(3, column::Number).center().y(), List().MarkerWidth() + 2, 1);
+  screen->best = 4;
+  List();
+  const QImage after = Picture();
+  EXPECT_GT(Ink(after, Inside(3, column::Name)), Ink(before, Inside(3, column::Name))) << "bold";
+  EXPECT_NE(after.pixelColor(edge.right(), edge.top()), before.pixelColor(edge.right(), edge.top())) << "the mark";
+  EXPECT_EQ(after.copy(Inside(2, column::Name)), before.copy(Inside(2, column::Name)));
+  EXPECT_FALSE(List().accessibleDescription().contains("The best"));
+  screen->data.Recordset()->FindFirst("[Number]=4");
+  EXPECT_TRUE(List().accessibleDescription().contains("The best")) << List().accessibleDescription().toStdString();
+}
+
+TEST_F(Painting, PercentagesBearTheirSignAndAreStoredWithout) {
+  OpenList(100);
+  platform::GridColumn& amount = screen->grid.DesignColumn(column::Number);
+  amount.percent = true;
+  EXPECT_EQ(screen->grid.SeenText(column::Number, platform::Value(12.5)), "12.50%");
+  EXPECT_EQ(screen->grid.SeenText(column::Number, platform::Value(-3.1256)), "-3.1256%");
+  EXPECT_EQ(screen->grid.SeenText(column::Number, platform::Value(0.0)), "0.00%");
+  EXPECT_EQ(screen->grid.SeenText(column::Number, platform::Null), "");
+  EXPECT_EQ(screen->grid.ShownText(column::Number, platform::Value(12.5)), "12.5");
+  screen->data.Refresh();
+  Process();
+  Picture();
+  EXPECT_EQ(List().Rows().At(2)->texts[column::Number], QString("3.00%"));
+}
+
 }  // namespace
 }  // namespace desktop_test

@@ -81,7 +81,7 @@ TEST_F(MainScreen, ListsKnowTheirSearchBoxesAndMarks) {
   for (int tab = 0; tab < 7; ++tab) {
     const auto* list = window->findChild<desktop::ListView*>(QString("grid_%1").arg(tab));
     ASSERT_NE(list, nullptr);
-    EXPECT_EQ(list->property("searchBox").toString(), QString("txtSearch_%1").arg(tab));
+    EXPECT_EQ(list->Model()->SearchBox(), &screen->txtSearch[static_cast<std::size_t>(tab)]);
     EXPECT_EQ(window->findChild<QWidget*>(QString("txtSearch_%1").arg(tab))->property("searchesIn").toString(), list->objectName());
     EXPECT_EQ(list->MarksRows(), tab > 4) << tab;
   }

@@ -39,7 +39,26 @@ TEST_F(Style, TextsAndHintsCanBeReadInBothSchemes) {
     EXPECT_GE(Contrast(colours.color(QPalette::Text), desktop::theme::SheetColour(colours)), kReadable);
     EXPECT_GE(Contrast(desktop::theme::HintColour(colours), ground), kReadable);
     EXPECT_GE(Contrast(colours.color(QPalette::ButtonText), colours.color(QPalette::Button)), kReadable);
-    EXPECT_GE(Contrast(colours.color(QPalette::HighlightedText), colours.color(QPalette::Highlight)), 3.0);
+    EXPECT_GE(Contrast(colours.color(QPalette::HighlightedText), colours.color(QPalette::Highlight)), kReadable);
+    EXPECT_GE(Contrast(desktop::theme::ScrollColour(colours), ground), 3.0);
+  }
+}
+
+/// The current row of a list that has not the focus, marked or not, on both grounds of its rows.
+TEST_F(Style, TheRowsOfAListCanBeReadInEveryState) {
+  constexpr double kReadable = 4.5;
+  const auto over = [](const QColor& ground, const QColor& colour, double strength) {
+    const auto mix = [strength](float below, float above) { return static_cast<float>(below * (1 - strength) + above * strength); };
+    return QColor::fromRgbF(mix(ground.redF(), colour.redF()), mix(ground.greenF(), colour.greenF()), mix(ground.blueF(), colour.blueF()));
+  };
+  for (const bool dark : {false, true}) {
+    const QPalette colours = desktop::theme::Colours(dark);
+    const QColor accent = colours.color(QPalette::Highlight);
+    for (const auto role : {QPalette::Base, QPalette::AlternateBase}) {
+      const QColor current = over(colours.color(role), accent, 0.30);
+      EXPECT_GE(Contrast(colours.color(QPalette::Text), current), kReadable) << dark;
+      EXPECT_GE(Contrast(colours.color(QPalette::Text), over(over(colours.color(role), accent, 0.22), accent, 0.30)), kReadable) << dark;
+    }
   }
 }
 

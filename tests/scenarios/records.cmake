@@ -142,6 +142,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   gridediting/cell-is-written-at-once
   gridediting/cell-that-could-not-be-written
   gridediting/cells-hold-stored-values
+  gridediting/enter-opens-the-cell
   gridediting/refused-cell-stops-what-comes-next
   gridediting/cell-while-the-file-is-locked
   gridediting/changes-show-in-other-cells

@@ -101,6 +101,7 @@ void DesktopHands::Click(Control& control) {
 
 void DesktopHands::DoubleClick(Control& control) {
   if (ClickInBar(control)) return Settle();
+  if (auto* grid = dynamic_cast<Grid*>(&control)) return DoubleClickCell(*grid);
   QWidget& widget = WidgetOf(control);
   if (auto* list = qobject_cast<QListWidget*>(&widget)) {
     input::DoubleClick(*list->viewport(), list->visualItemRect(list->currentItem()).center());

@@ -44,6 +44,8 @@ class DesktopHands final : public platform::UserHands {
   /// Shows the row by the scroll bar; its ordinal.
   std::int64_t ScrollTo(ListView& list, const platform::Grid& grid, const platform::Bookmark& row) const;
   void ClickMarker(platform::Grid& grid, const platform::Bookmark& row, Qt::KeyboardModifiers modifiers);
+  void OpenCell(platform::Grid& grid, ListView& list, int column, const QRect& cell);
+  void DoubleClickCell(platform::Grid& grid);
   bool ClickInBar(platform::Control& control);
 
   DesktopFrontEnd& frontEnd_;

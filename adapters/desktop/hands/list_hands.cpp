@@ -5,6 +5,7 @@
 #include "desktop/list/cell_editor.h"
 #include "desktop/list/list_header.h"
 #include "desktop/list/list_view.h"
+#include "platform/controls/data_control.h"
 #include "platform/text.h"
 
 // Headings and cells.
@@ -31,6 +32,32 @@ void DesktopHands::MoveColumn(Grid& grid, int column, int place) {
   Settle();
 }
 
+/// Where a double click chooses the row, the key for editing opens the cell.
+void DesktopHands::OpenCell(Grid& grid, ListView& list, int column, const QRect& cell) {
+  if (grid.OpenCell() == column) return Settle();
+  if (!grid.ChoosesRows()) {
+    input::DoubleClick(*list.viewport(), cell.center());
+    return Settle();
+  }
+  input::Click(*list.viewport(), cell.center());
+  Settle();
+  // A click that was refused, by a cell that stays open or a row that has gone, has left the cursor there, and the row elsewhere.
+  if (grid.CursorColumn() == column && !grid.OpenCell()) Key(grid, "Ctrl+E");
+}
+
+void DesktopHands::DoubleClickCell(Grid& grid) {
+  ListView& list = ListOf(grid);
+  const int column = grid.CursorColumn();
+  if (!grid.Data() || !grid.Data()->OnRecord() || column < 0) return Focus(grid);
+  const std::int64_t ordinal = ScrollTo(list, grid, grid.CurrentBookmark());
+  list.ScrollToColumn(column);
+  const QRect cell = list.CellRect(ordinal, column);
+  if (cell.isEmpty()) throw std::logic_error(grid.FullName() + " does not show the cell");
+  // Beside the box of a check.
+  input::DoubleClick(*list.viewport(), grid.Column(column).checkBox ? QPoint(cell.left() + 3, cell.center().y()) : cell.center());
+  Settle();
+}
+
 void DesktopHands::Cell(Grid& grid, int column, std::string_view text) {
   ListView& list = ListOf(grid);
   const std::int64_t ordinal = ScrollTo(list, grid, grid.CurrentBookmark());
@@ -42,8 +69,7 @@ void DesktopHands::Cell(Grid& grid, int column, std::string_view text) {
     if (on != EqualsNoCase(text, "True")) input::Click(*list.viewport(), cell.center());
     return Settle();
   }
-  if (grid.OpenCell() != column) input::DoubleClick(*list.viewport(), cell.center());
-  Settle();
+  OpenCell(grid, list, column, cell);
   list.Sync();
   CellEditor* editor = list.Editor();
   if (!editor) return;

@@ -1,15 +1,22 @@
 #include "desktop/list/cell_editor.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QKeyEvent>
+#include <QPainter>
 
 #include "desktop/controls/text_edit.h"
 #include "desktop/toolkit.h"
 
 namespace desktop {
 
+namespace {
+constexpr int kPadding = 4;  ///< with the edit's own, the text stands where the list has it
+}
+
 CellEditor::CellEditor(QWidget* parent) : QLineEdit(parent) {
-  setFrame(true);
+  setFrame(false);
+  setTextMargins(kPadding, 0, kPadding, 0);
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
     if (onText) onText(text);
   });
@@ -25,6 +32,11 @@ void CellEditor::Offer(const QStringList& texts) {
   setCompleter(completer);
 }
 
+void CellEditor::Close() {
+  if (completer()) completer()->popup()->hide();
+  deleteLater();  // hidden it would hand the focus to whatever comes next
+}
+
 bool CellEditor::event(QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     const auto* key = static_cast<QKeyEvent*>(event);
@@ -34,6 +46,18 @@ bool CellEditor::event(QEvent* event) {
     }
   }
   return QLineEdit::event(event);
+}
+
+/// The row below it is in the colour of the current row, whose text colour sets the cell off from it.
+void CellEditor::paintEvent(QPaintEvent* event) {
+  QLineEdit::paintEvent(event);
+  QPainter painter(this);
+  const auto frame = [&](int inset, QPalette::ColorRole role) {
+    painter.setPen(palette().color(QPalette::Active, role));
+    painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
+  };
+  frame(0, QPalette::HighlightedText);
+  frame(1, QPalette::Highlight);
 }
 
 void CellEditor::keyPressEvent(QKeyEvent* event) {

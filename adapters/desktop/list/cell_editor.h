@@ -18,10 +18,13 @@ class CellEditor final : public QLineEdit {
 
   /// Offers these texts while typing.
   void Offer(const QStringList& texts);
+  /// Goes away with what it offers, which would take the keys that come next.
+  void Close();
 
  protected:
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace desktop

@@ -1,18 +1,44 @@
 #include "desktop/list/column_layout.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace desktop {
 
 void ColumnLayout::Reset(const std::vector<ColumnSpec>& columns, int fixed) {
   design_ = columns;
   widths_.clear();
-  order_.clear();
+  all_.clear();
+  hidden_.clear();
   for (std::size_t i = 0; i < columns.size(); ++i) {
     widths_.push_back(std::max(kLeastWidth, columns[i].width));
-    if (columns[i].visible) order_.push_back(static_cast<int>(i));
+    if (columns[i].visible) all_.push_back(static_cast<int>(i));
   }
-  fixed_ = std::clamp(fixed, 0, PlaceCount());
+  fixedOfAll_ = std::clamp(fixed, 0, static_cast<int>(all_.size()));
+  Place();
+}
+
+void ColumnLayout::Place() {
+  order_.clear();
+  std::copy_if(all_.begin(), all_.end(), std::back_inserter(order_), [this](int column) { return !IsHidden(column); });
+  fixed_ = static_cast<int>(std::count_if(all_.begin(), all_.begin() + fixedOfAll_, [this](int column) { return !IsHidden(column); }));
+}
+
+void ColumnLayout::Hide(const std::vector<std::string>& fields) {
+  hidden_.clear();
+  for (const int column : all_) {
+    const std::string& field = design_[static_cast<std::size_t>(column)].field;
+    if (std::find(fields.begin(), fields.end(), field) != fields.end()) hidden_.insert(column);
+  }
+  if (hidden_.size() == all_.size() && !all_.empty()) hidden_.erase(all_.front());
+  Place();
+}
+
+std::vector<std::string> ColumnLayout::HiddenFields() const {
+  std::vector<std::string> fields;
+  for (const int column : all_)
+    if (IsHidden(column)) fields.push_back(design_[static_cast<std::size_t>(column)].field);
+  return fields;
 }
 
 std::optional<int> ColumnLayout::PlaceOf(int column) const {
@@ -30,8 +56,11 @@ bool ColumnLayout::Move(int column, int place) {
   const int highest = IsFixed(*from) ? fixed_ - 1 : PlaceCount() - 1;
   const int to = std::clamp(place, lowest, highest);
   if (to == *from) return false;
-  order_.erase(order_.begin() + *from);
-  order_.insert(order_.begin() + to, column);
+  // Beside the column that stands there, so that hidden ones keep their neighbours.
+  const int neighbour = ColumnAt(to);
+  all_.erase(std::find(all_.begin(), all_.end(), column));
+  all_.insert(std::find(all_.begin(), all_.end(), neighbour) + (to > *from ? 1 : 0), column);
+  Place();
   return true;
 }
 
@@ -41,13 +70,14 @@ void ColumnLayout::OrderBy(const std::vector<std::string>& fields) {
     return found - fields.begin();
   };
   const auto before = [&](int left, int right) { return rank(left) < rank(right); };
-  std::stable_sort(order_.begin(), order_.begin() + fixed_, before);
-  std::stable_sort(order_.begin() + fixed_, order_.end(), before);
+  std::stable_sort(all_.begin(), all_.begin() + fixedOfAll_, before);
+  std::stable_sort(all_.begin() + fixedOfAll_, all_.end(), before);
+  Place();
 }
 
 std::vector<std::string> ColumnLayout::FieldsInOrder() const {
   std::vector<std::string> fields;
-  for (const int column : order_) fields.push_back(design_[static_cast<std::size_t>(column)].field);
+  for (const int column : all_) fields.push_back(design_[static_cast<std::size_t>(column)].field);
   return fields;
 }
 

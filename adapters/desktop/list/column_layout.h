@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -33,8 +34,16 @@ class ColumnLayout {
 
   /// Moves a column to a place of its own group (fixed or not); returns whether anything moved.
   bool Move(int column, int place);
+  /// Hides the columns with these fields and shows all others; one column stays in any case.
+  void Hide(const std::vector<std::string>& fields);
+  std::vector<std::string> HiddenFields() const;
+  bool IsHidden(int column) const { return hidden_.count(column) != 0; }
+  /// All that can be shown, from left to right, hidden ones among them; so many of them belong to the fixed group.
+  const std::vector<int>& All() const noexcept { return all_; }
+  int FixedOfAll() const noexcept { return fixedOfAll_; }
   /// Orders the columns as these fields say; fields that are missing keep their order behind the named ones of their group.
   void OrderBy(const std::vector<std::string>& fields);
+  /// Hidden ones at their places among the others.
   std::vector<std::string> FieldsInOrder() const;
 
   int FixedWidth() const;
@@ -51,7 +60,12 @@ class ColumnLayout {
  private:
   std::vector<ColumnSpec> design_;
   std::vector<int> widths_;
-  std::vector<int> order_;
+  void Place();
+
+  std::vector<int> all_;
+  int fixedOfAll_ = 0;
+  std::set<int> hidden_;
+  std::vector<int> order_;  ///< of all, those that are shown
   int fixed_ = 0;
 };
 

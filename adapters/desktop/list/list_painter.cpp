@@ -38,11 +38,20 @@ void ListPainter::PaintRow(std::int64_t ordinal, int top) {
   const ColumnLayout& columns = list_.columns_;
   const int fixedRight = list_.MarkerWidth() + columns.FixedWidth();
   if (row->Readable()) {
+    const bool standsOut = StandsOut(*row);
+    painter_.save();
+    if (standsOut) {
+      QFont bold = painter_.font();
+      bold.setBold(true);
+      painter_.setFont(bold);
+    }
     painter_.save();
     painter_.setClipRect(QRect(fixedRight, top, width - fixedRight, list_.rowHeight_));
     PaintCells(ordinal, *row, top, columns.FixedCount(), columns.PlaceCount());
     painter_.restore();
     PaintCells(ordinal, *row, top, 0, columns.FixedCount());
+    painter_.restore();
+    if (standsOut) PaintEmphasis(ordinal, top);
   }
   if (list_.MarkerWidth() > 0) PaintMarker(row, ordinal == list_.currentOrdinal_, top);
 }
@@ -92,10 +101,26 @@ void ListPainter::PaintMarker(const ShownRow* row, bool current, int top) {
   painter_.drawLine(rect.topRight(), rect.bottomRight());
 }
 
+bool ListPainter::StandsOut(const ShownRow& row) const {
+  try {
+    return !list_.EmphasisOf(row).isEmpty();
+  } catch (const std::exception&) {
+    return false;  // a number beyond all numbers
+  }
+}
+
+/// A bar at the left edge, besides the bold texts.
+void ListPainter::PaintEmphasis(std::int64_t ordinal, int top) {
+  const QPalette& palette = list_.palette();
+  const bool onAccent = ordinal == list_.currentOrdinal_ && (list_.hasFocus() || list_.Editor());
+  painter_.fillRect(QRect(list_.MarkerWidth(), top + 2, 3, list_.rowHeight_ - 4),
+                    palette.color(QPalette::Active, onAccent ? QPalette::HighlightedText : QPalette::Highlight));
+}
+
 QString ListPainter::TextOf(std::int64_t ordinal, ShownRow& row, int column) {
   try {
     if (ordinal == list_.currentOrdinal_ && list_.grid_->DataChanged() && !list_.listChanged_)
-      return ToShown(list_.grid_->ShownText(column, list_.grid_->ColumnValue(column)));
+      return ToShown(list_.grid_->SeenText(column, list_.grid_->ColumnValue(column)));
     const auto at = static_cast<std::size_t>(column);
     if (row.known.size() <= at) {
       row.known.resize(static_cast<std::size_t>(list_.grid_->ColumnCount()), false);
@@ -104,7 +129,7 @@ QString ListPainter::TextOf(std::int64_t ordinal, ShownRow& row, int column) {
     if (!row.known[at]) {
       const int field = at < list_.fieldOf_.size() ? list_.fieldOf_[at] : -1;
       const bool there = field >= 0 && static_cast<std::size_t>(field) < row.row.cells.size();
-      row.texts[at] = there ? ToShown(list_.grid_->ShownText(column, row.row.cells[static_cast<std::size_t>(field)])) : QString();
+      row.texts[at] = there ? ToShown(list_.grid_->SeenText(column, row.row.cells[static_cast<std::size_t>(field)])) : QString();
       row.texts[at].replace(QChar('\n'), QChar(' ')).replace(QChar('\r'), QChar(' '));
       row.known[at] = true;
     }
@@ -135,7 +160,7 @@ void ListPainter::PaintCells(std::int64_t ordinal, ShownRow& row, int top, int f
       const auto side = list_.IsFigure(column) ? Qt::AlignRight : Qt::AlignLeft;
       painter_.drawText(inner, static_cast<int>(side) | Qt::AlignVCenter | Qt::TextSingleLine, text);
     }
-    if (current && column == list_.cursorColumn_ && list_.hasFocus()) {
+    if (current && column == list_.CursorColumn() && list_.hasFocus()) {
       painter_.setPen(QPen(colour, 1, Qt::DotLine));
       painter_.drawRect(cell.adjusted(kCursorInset, kCursorInset, -kCursorInset - 2, -kCursorInset - 1));
     }

@@ -18,6 +18,8 @@ class ListPainter {
   void PaintMarker(const ShownRow* row, bool current, int top);
   void PaintCells(std::int64_t ordinal, ShownRow& row, int top, int firstPlace, int endPlace);
   void PaintCheck(const QRect& cell, bool on);
+  bool StandsOut(const ShownRow& row) const;
+  void PaintEmphasis(std::int64_t ordinal, int top);
   void PaintLines();
   void PaintEmpty();
   QColor RowTextColour(const ShownRow& row, bool current) const;

@@ -1,8 +1,6 @@
 #include "desktop/list/list_view.h"
 
-#include <QContextMenuEvent>
 #include <QEvent>
-#include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -160,14 +158,6 @@ void ListView::focusInEvent(QFocusEvent* event) {
 void ListView::focusOutEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusOutEvent(event);
   viewport()->update();
-}
-
-void ListView::contextMenuEvent(QContextMenuEvent* event) { HeadMenu(event->globalPos()); }
-
-void ListView::HeadMenu(const QPoint& global) {
-  const auto menu = std::make_unique<QMenu>(this);
-  menu->addAction(tr("&Reset columns"), this, [this] { ResetColumns(); });
-  menu->exec(global);
 }
 
 }  // namespace desktop

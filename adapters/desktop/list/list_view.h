@@ -22,12 +22,13 @@ namespace desktop {
 class CellEditor;
 class ListHeader;
 class Services;
+class TextEdit;
 
 /// A list of any length: a window of rows under a scroll bar of its own, the first columns fixed, headings that order, move
 /// and resize. It holds no state per row beyond the window, never measures the list by its content, and its painting asks
 /// the engine only for the window, never raises and never opens a box.
 ///
-/// Properties of the layout: "fixedColumns" (number), "searchBox" (name of the edit that typing goes to).
+/// Property of the layout: "fixedColumns" (number).
 class ListView final : public QAbstractScrollArea {
   Q_OBJECT
 
@@ -43,7 +44,7 @@ class ListView final : public QAbstractScrollArea {
 
   // For the heading, the hands and tests.
   /// The column of the cell that keys act on; -1 without any.
-  int CursorColumn() const noexcept { return cursorColumn_; }
+  int CursorColumn() const { return grid_ ? grid_->CursorColumn() : -1; }
   const ColumnLayout& Columns() const noexcept { return columns_; }
   ListRows& Rows() noexcept { return rows_; }
   ListHeader& Header() const noexcept { return *header_; }
@@ -76,7 +77,13 @@ class ListView final : public QAbstractScrollArea {
   void ColumnResized(int column, int width);
   void ColumnMoved(int column, int place);
   void FitColumn(int column);
-  void HeadMenu(const QPoint& global);
+  void HeadMenu(const QPoint& global, int column = -1);
+  /// The menu of the current row; `column` is that of the cell.
+  void RowMenu(const QPoint& global, int column);
+  /// The order of the columns and those that are not shown, by field name; kept for the user.
+  void ArrangeColumns(const std::vector<std::string>& order, const std::vector<std::string>& hidden);
+  /// What the row stands out for, as a sentence for the user; empty for most rows.
+  QString EmphasisOf(const ShownRow& row) const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -89,6 +96,7 @@ class ListView final : public QAbstractScrollArea {
   void focusOutEvent(QFocusEvent* event) override;
   void changeEvent(QEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   bool event(QEvent* event) override;
 
@@ -106,6 +114,7 @@ class ListView final : public QAbstractScrollArea {
   void SyncList();
   void SyncContent();
   void SyncCurrent();
+  void SyncEmphasis();
   void SyncOpenCell();
   void NoteWrittenRow();
   void TellAccessibility();
@@ -129,6 +138,14 @@ class ListView final : public QAbstractScrollArea {
   bool CellKey(const QKeyEvent& event);
   bool MarkKey(const QKeyEvent& event);
   bool TypingKey(QKeyEvent* event);
+  bool CopyKey(const QKeyEvent& event);
+  void EditCell(int column);
+  TextEdit* SearchBox() const;
+  void ClickForMenu(std::int64_t ordinal, int x);
+  void CopyCell(int column);
+  /// The marked rows, else the current one, under their headings.
+  void CopyRows();
+  void ChooseColumns();
   void MoveCellCursor(int step);
   std::optional<std::int64_t> OrdinalAt(int y) const;
   /// False when the row did not become the current one.
@@ -150,10 +167,11 @@ class ListView final : public QAbstractScrollArea {
   std::vector<int> fieldOf_;  ///< design column -> place in the row's cells, -1 if the list lacks it
   std::vector<bool> figure_;  ///< design column -> right-aligned
   std::optional<SortHint> sorted_;
+  int emphasisField_ = -1;                                       ///< place in the row's cells
+  std::vector<std::pair<std::int32_t, std::string>> emphasis_;  ///< rows that stand out, by the number there
   std::optional<platform::Bookmark> current_;
   std::optional<std::int64_t> currentOrdinal_;
   std::optional<platform::Bookmark> markAnchor_;  ///< the row marked last, where a range begins
-  int cursorColumn_ = -1;
   QPointer<QWidget> editor_;
   int editorColumn_ = -1;
   QTimer wish_;

@@ -75,11 +75,11 @@ void ListView::DefineColumns() {
   std::vector<std::string> order;
   for (const QString& field : kept.ColumnOrder(SettingsName())) order.push_back(ToUtf8(field));
   if (!order.empty()) columns_.OrderBy(order);
+  std::vector<std::string> hidden;
+  for (const QString& field : kept.HiddenColumns(SettingsName())) hidden.push_back(ToUtf8(field));
+  columns_.Hide(hidden);
   for (int column = 0; column < grid_->ColumnCount(); ++column)
     if (const auto width = kept.ColumnWidth(SettingsName(), ToShown(FieldOf(column)))) columns_.Width(column, *width);
-  if (cursorColumn_ < 0)
-    for (int column = grid_->ColumnCount() - 1; column >= 0; --column)
-      if (IsOpen(column)) cursorColumn_ = column;
   UpdateRange();
   header_->update();
 }
@@ -95,6 +95,21 @@ void ListView::KeepOrder() {
   QStringList fields;
   for (const std::string& field : columns_.FieldsInOrder()) fields << ToShown(field);
   services_->Kept().KeepColumnOrder(SettingsName(), fields);
+}
+
+void ListView::ArrangeColumns(const std::vector<std::string>& order, const std::vector<std::string>& hidden) {
+  if (!grid_) return;
+  columns_.OrderBy(order);
+  columns_.Hide(hidden);
+  KeepOrder();
+  QStringList fields;
+  for (const std::string& field : columns_.HiddenFields()) fields << ToShown(field);
+  services_->Kept().KeepHiddenColumns(SettingsName(), fields);
+  if (!columns_.PlaceOf(CursorColumn())) grid_->CursorColumn(columns_.ColumnAt(0));
+  UpdateRange();
+  TellLeftColumn();
+  header_->update();
+  viewport()->update();
 }
 
 void ListView::ColumnResized(int column, int width) {

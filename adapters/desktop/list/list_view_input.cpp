@@ -35,7 +35,7 @@ void ListView::keyPressEvent(QKeyEvent* event) {
   event->accept();
   if (!grid_) return;
   Sync();
-  if (!grid_ || MoveKey(*event) || CellKey(*event) || MarkKey(*event) || TypingKey(event)) return;
+  if (!grid_ || MoveKey(*event) || CellKey(*event) || MarkKey(*event) || CopyKey(*event) || TypingKey(event)) return;
   event->ignore();
 }
 
@@ -51,7 +51,7 @@ bool ListView::MoveKey(const QKeyEvent& event) {
       if (control) return false;
       // The box above the list is the way back from its first row.
       if (event.key() == Qt::Key_Up && currentOrdinal_.value_or(0) == 0 && !currentChanged_ && !listChanged_) {
-        if (auto* box = window()->findChild<TextEdit*>(property("searchBox").toString())) box->setFocus(Qt::TabFocusReason);
+        if (TextEdit* box = SearchBox()) box->setFocus(Qt::TabFocusReason);
         return true;
       }
       move(event.key() == Qt::Key_Up ? -1 : 1);
@@ -79,9 +79,9 @@ bool ListView::MoveKey(const QKeyEvent& event) {
 /// With open columns the cursor goes from cell to cell; without, the list scrolls by a column.
 void ListView::MoveCellCursor(int step) {
   if (HasOpenColumns()) {
-    const int place = columns_.PlaceOf(cursorColumn_).value_or(0) + step;
-    cursorColumn_ = columns_.ColumnAt(std::clamp(place, 0, columns_.PlaceCount() - 1));
-    ScrollToColumn(cursorColumn_);
+    const int place = columns_.PlaceOf(CursorColumn()).value_or(0) + step;
+    grid_->CursorColumn(columns_.ColumnAt(std::clamp(place, 0, columns_.PlaceCount() - 1)));
+    ScrollToColumn(CursorColumn());
   } else if (horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOn) {
     const int offset = HorizontalOffset();
     int place = columns_.ScrolledPlaceAt(offset);
@@ -103,19 +103,23 @@ bool ListView::CellKey(const QKeyEvent& event) {
     Later([](platform::Grid& grid) { grid.UserLeaveRow(); });
     return true;
   }
-  if (enter && event.modifiers() == Qt::NoModifier) {
-    if (grid_->OpenCell()) {
-      Later([](platform::Grid& grid) { grid.UserCloseCell(); });
-    } else if (IsOpen(cursorColumn_) && !grid_->Column(cursorColumn_).checkBox) {
-      Later([column = cursorColumn_](platform::Grid& grid) { grid.UserOpenCell(column); });
-    } else {
-      return false;
-    }
+  if (enter && (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+    Later([column = CursorColumn()](platform::Grid& grid) {
+      if (grid.OpenCell()) {
+        grid.UserCloseCell();
+      } else {
+        grid.UserEnter(column);
+      }
+    });
     return true;
   }
-  if (event.key() == Qt::Key_Space && event.modifiers() == Qt::NoModifier && IsOpen(cursorColumn_) &&
-      grid_->Column(cursorColumn_).checkBox) {
-    ToggleCheck(cursorColumn_);
+  if (event.key() == Qt::Key_E && event.modifiers() == Qt::ControlModifier) {
+    EditCell(CursorColumn());
+    return true;
+  }
+  if (event.key() == Qt::Key_Space && event.modifiers() == Qt::NoModifier && IsOpen(CursorColumn()) &&
+      grid_->Column(CursorColumn()).checkBox) {
+    ToggleCheck(CursorColumn());
     return true;
   }
   return false;
@@ -130,23 +134,25 @@ bool ListView::MarkKey(const QKeyEvent& event) {
   return true;
 }
 
-/// Letters go into an open column's cell, else to the search box.
+/// The cell of the current row at that column, or the next one behind it that can be changed by typing.
+void ListView::EditCell(int column) {
+  if (!grid_) return;
+  std::vector<int> shown;
+  for (int place = 0; place < columns_.PlaceCount(); ++place) shown.push_back(columns_.ColumnAt(place));
+  grid_->CursorColumn(column);
+  if (const auto cell = grid_->CellToEdit(shown)) Later([cell = *cell](platform::Grid& grid) { grid.UserOpenCell(cell); });
+}
+
+TextEdit* ListView::SearchBox() const {
+  const platform::TextBox* box = grid_ ? grid_->SearchBox() : nullptr;
+  return box ? window()->findChild<TextEdit*>(WidgetName(*box)) : nullptr;
+}
+
+/// A letter typed in a list never changes what stands there: it begins a search.
 bool ListView::TypingKey(QKeyEvent* event) {
-  if (!TypesCharacter(*event) || event->text() == " ") return false;
-  const QString text = event->text();
-  if (IsOpen(cursorColumn_) && !grid_->Column(cursorColumn_).checkBox) {
-    Later([this, text, column = cursorColumn_](platform::Grid& grid) {
-      if (!grid.UserOpenCell(column)) return;
-      grid.UserCellText(ToUtf8(text));
-      cellChanged_ = true;
-      Sync();
-      if (auto* edit = qobject_cast<QLineEdit*>(editor_.data())) edit->setText(text);
-    });
-    return true;
-  }
-  if (text == "/") return false;
-  auto* box = window()->findChild<TextEdit*>(property("searchBox").toString());
-  if (!box || !box->isEnabled()) return false;
+  if (!TypesCharacter(*event) || event->text() == " " || event->text() == "/") return false;
+  TextEdit* box = SearchBox();
+  if (!box || !box->isEnabled() || !box->isVisible()) return false;
   box->setFocus(Qt::ShortcutFocusReason);
   if (!box->hasFocus()) return true;
   box->selectAll();
@@ -172,8 +178,22 @@ void ListView::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) {
     ClickRow(*ordinal, x, event->modifiers());
   } else {
-    ClickRow(*ordinal, MarkerWidth(), Qt::NoModifier);
+    ClickForMenu(*ordinal, x);
   }
+}
+
+/// The row becomes the current one, whatever the pointer stands on; marks and checks stay.
+void ListView::ClickForMenu(std::int64_t ordinal, int x) {
+  const ShownRow* row = rows_.At(ordinal);
+  if (!row) return;
+  const auto place = columns_.PlaceAt(x - MarkerWidth(), HorizontalOffset());
+  if (place && HasOpenColumns()) grid_->CursorColumn(columns_.ColumnAt(*place));
+  const platform::Bookmark bookmark = row->row.bookmark;
+  Act([&](platform::Grid& grid) {
+    if (current_ == bookmark && !currentChanged_) return grid.Owner().UserFocus(grid);
+    grid.UserRow(bookmark);
+  });
+  if (grid_) Sync();
 }
 
 bool ListView::ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modifiers) {
@@ -187,7 +207,7 @@ bool ListView::ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modif
   }
   const auto place = columns_.PlaceAt(x - MarkerWidth(), HorizontalOffset());
   const int column = place ? columns_.ColumnAt(*place) : -1;
-  if (column >= 0 && HasOpenColumns()) cursorColumn_ = column;
+  if (column >= 0 && HasOpenColumns()) grid_->CursorColumn(column);
   const auto onBox = [&](std::int64_t at) {
     const bool box = column >= 0 && grid_->Column(column).checkBox && IsOpen(column);
     const QRect cell = box ? CellRect(at, column) : QRect();
@@ -230,9 +250,13 @@ void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint at = event->position().toPoint();
   const auto place = columns_.PlaceAt(at.x() - MarkerWidth(), HorizontalOffset());
   const int column = place ? columns_.ColumnAt(*place) : -1;
-  if (at.x() < MarkerWidth() || !IsOpen(column) || grid_->Column(column).checkBox) return mousePressEvent(event);
-  if (!ClickRow(OrdinalAt(at.y()).value_or(-1), at.x(), Qt::NoModifier)) return;
-  Later([column](platform::Grid& grid) { grid.UserOpenCell(column); });
+  const bool check = IsOpen(column) && grid_->Column(column).checkBox;
+  if (at.x() < MarkerWidth() || check || (event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier))) return mousePressEvent(event);
+  Sync();
+  const auto ordinal = OrdinalAt(at.y());
+  // The first click has made the row current, or has told why not.
+  if (!ordinal || ordinal != currentOrdinal_) return;
+  Later([column](platform::Grid& grid) { grid.UserEnter(column); });
 }
 
 }  // namespace desktop

@@ -10,7 +10,9 @@
 #include "desktop/list/list_view.h"
 #include "desktop/services.h"
 #include "desktop/toolkit.h"
+#include "platform/convert.h"
 #include "platform/error.h"
+#include "platform/text.h"
 
 // How changes of the model come into view: they are noted at once and taken in together, at most once a frame.
 namespace desktop {
@@ -65,6 +67,7 @@ void ListView::Sync() {
     if (listChanged_) SyncList();
     SyncContent();
     UpdateRange();
+    SyncEmphasis();
     if (currentChanged_) SyncCurrent();
     if (cellChanged_) SyncOpenCell();
   });
@@ -113,6 +116,9 @@ void ListView::SyncList() {
       const FieldType type = fields[static_cast<std::size_t>(field)].type;
       figure_[column] = type != FieldType::Text && type != FieldType::Memo && type != FieldType::Date && type != FieldType::Boolean;
     }
+    emphasisField_ = -1;
+    for (std::size_t field = 0; field < fields.size(); ++field)
+      if (platform::EqualsNoCase(fields[field].name, grid_->EmphasisField())) emphasisField_ = static_cast<int>(field);
     sorted_ = SortHintOf(grid_->Data()->RecordSource());
     DefineColumns();
   }
@@ -137,6 +143,25 @@ void ListView::SyncCurrent() {
   TellAccessibility();
 }
 
+/// Which rows stand out hangs on another list's row, so it is asked for whenever this list is looked at.
+void ListView::SyncEmphasis() {
+  auto now = grid_->Emphasized();
+  if (now == emphasis_) return;
+  emphasis_ = std::move(now);
+  TellAccessibility();
+  viewport()->update();
+}
+
+QString ListView::EmphasisOf(const ShownRow& row) const {
+  const auto at = static_cast<std::size_t>(emphasisField_);
+  if (emphasis_.empty() || emphasisField_ < 0 || at >= row.row.cells.size() || row.row.cells[at].IsNull()) return {};
+  const std::int32_t key = platform::CLng(row.row.cells[at]);
+  QStringList texts;
+  for (const auto& [number, text] : emphasis_)
+    if (number == key) texts << ToShown(text);
+  return texts.join(", ");
+}
+
 std::optional<std::int64_t> ListView::ScrollToRow(const platform::Bookmark& row) {
   const auto ordinal = rows_.Find(row, WholeRowsShown() + kSpareRows);
   UpdateRange();
@@ -151,8 +176,9 @@ void ListView::TellAccessibility() {
     const int column = columns_.ColumnAt(place);
     const int field = fieldOf_[static_cast<std::size_t>(column)];
     if (field >= 0 && static_cast<std::size_t>(field) < row->row.cells.size())
-      texts << CaptionOf(column) + " " + ToShown(grid_->ShownText(column, row->row.cells[static_cast<std::size_t>(field)]));
+      texts << CaptionOf(column) + " " + ToShown(grid_->SeenText(column, row->row.cells[static_cast<std::size_t>(field)]));
   }
+  if (row && !EmphasisOf(*row).isEmpty()) texts << EmphasisOf(*row);
   if (accessibleDescription() != texts.join(", ")) setAccessibleDescription(texts.join(", "));
 }
 
@@ -218,7 +244,7 @@ void ListView::SyncOpenCell() {
   if (!open || grid_->Column(*open).checkBox || !currentOrdinal_) {
     if (editor_) {
       const bool had = editor_->hasFocus();
-      editor_->deleteLater();
+      static_cast<CellEditor*>(editor_.data())->Close();
       editor_.clear();
       if (had) setFocus(Qt::OtherFocusReason);
     }
@@ -227,7 +253,7 @@ void ListView::SyncOpenCell() {
   ScrollToColumn(*open);
   const QRect cell = CellRect(*currentOrdinal_, *open);
   if (!editor_ || editorColumn_ != *open) {
-    if (editor_) editor_->deleteLater();
+    if (editor_) static_cast<CellEditor*>(editor_.data())->Close();
     auto* made = NewWidget<CellEditor>(viewport());
     editor_ = made;
     editorColumn_ = *open;

@@ -3,18 +3,21 @@
 #include <deque>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "platform/controls/control.h"
+#include "platform/controls/grid_rows.h"
 #include "platform/data.h"
 #include "platform/value.h"
 
 namespace platform {
 
 class DataControl;
+class TextBox;
 
 /// One column of a grid, in its design order.
 struct GridColumn {
@@ -26,6 +29,8 @@ struct GridColumn {
   bool open = false;  ///< the user may edit its cells
   bool visible = true;
   int width = 0;  ///< first width in characters, 0: from the field
+  bool percent = false;    ///< the number is a percentage, and is seen as one
+  bool lastFour = false;   ///< of this number only the last four digits leave the list by copying
 };
 
 /// The rows that the user has marked, in the order of marking. Adding and removing in code fires nothing.
@@ -79,6 +84,8 @@ class Grid final : public Control {
   void ColumnValue(int column, const Value& value);
   /// A stored value as the column shows it; "True"/"False" for check columns, "" for Null.
   std::string ShownText(int column, const Value& value) const;
+  /// The same as windows show it, where a percentage bears its sign.
+  std::string SeenText(int column, const Value& value) const;
   /// The grid's column for a place in the recordset's columns; -1 if the field is not there.
   int FieldIndexOf(int column) const;
 
@@ -104,7 +111,23 @@ class Grid final : public Control {
   bool MarksRows() const noexcept { return marksRows_; }
   void MarksRows(bool marks) noexcept { marksRows_ = marks; }
 
+  /// The box that letters typed in the list go to; nullptr: none.
+  TextBox* SearchBox() const noexcept { return searchBox_; }
+  void SearchBox(TextBox& box) noexcept { searchBox_ = &box; }
+  /// What the menu of a row offers.
+  const std::vector<RowCommand>& RowCommands() const noexcept { return rowCommands_; }
+  void RowCommands(std::vector<RowCommand> commands) { rowCommands_ = std::move(commands); }
+  /// Whether Enter and a double click choose the row on every cell; else they open a cell that can be changed.
+  bool ChoosesRows() const noexcept { return choosesRows_; }
+  void ChoosesRows(bool chooses) noexcept { choosesRows_ = chooses; }
+  /// The rows that stand out, by the number in that field.
+  void Emphasize(std::string keyField, std::vector<RowEmphasis> rows);
+  const std::string& EmphasisField() const noexcept { return emphasisField_; }
+  /// Numbers of the rows that stand out now, and what for. Raises nothing.
+  std::vector<std::pair<std::int32_t, std::string>> Emphasized() const;
+
   Event<int> HeadClick;                             ///< (column)
+  Event<int, bool> Sort;                            ///< (column, descending): the heading's menu
   Event<bool&> SelChange;                           ///< (cancel)
   Event<int, bool&> BeforeColEdit;                  ///< (column, cancel)
   Event<int> ColEdit;                               ///< (column)
@@ -116,6 +139,8 @@ class Grid final : public Control {
 
   // The user's acts.
   void UserHeadClick(int column);
+  /// The heading's menu; a list that has no Sort is ordered upwards by a click alone.
+  void UserSort(int column, bool descending);
   /// Makes a row current by its bookmark; an open cell is taken first (refused: nothing moves). Returns whether it moved.
   bool UserRow(const Bookmark& bookmark);
   /// Moves by rows (keyboard); clamps at the ends.
@@ -135,6 +160,16 @@ class Grid final : public Control {
   void UserEscape();
   /// Writes the pending row and stays on it.
   void UserLeaveRow();
+  /// Enter, or a double click, on that column of the current row: opens the cell, or chooses the row (RowCommands). False when
+  /// there is nothing to do.
+  bool UserEnter(int column);
+  bool UserChooseRow();
+  /// The column of the cell that keys act on; -1 in a list without columns that can be changed.
+  int CursorColumn() const;
+  void CursorColumn(int column) noexcept { cursor_ = column; }
+  /// The cell that the key for editing opens, of these columns from left to right: the one at the cursor, else the next behind it
+  /// that can be changed by typing.
+  std::optional<int> CellToEdit(std::span<const int> columns) const;
   std::optional<int> OpenCell() const noexcept { return openCell_; }
   const std::string& OpenText() const noexcept { return openText_; }
 
@@ -171,6 +206,12 @@ class Grid final : public Control {
   bool taking_ = false;           ///< the open cell's events run
   int listNumber_ = 0;            ///< rises with each opening of the list
   bool marksRows_ = false;
+  bool choosesRows_ = false;
+  int cursor_ = -1;
+  TextBox* searchBox_ = nullptr;
+  std::vector<RowCommand> rowCommands_;
+  std::string emphasisField_;
+  std::vector<RowEmphasis> emphasis_;
   std::optional<int> openCell_;
   std::string openText_;
   std::string openedText_;

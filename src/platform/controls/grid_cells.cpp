@@ -34,7 +34,7 @@ bool Grid::UserOpenCell(int column) {
     bool cancel = false;
     BeforeColEdit.Fire(column, cancel);
     if (cancel) return;
-    openCell_ = column;
+    openCell_ = cursor_ = column;
     openText_ = openedText_ = EditText(column, ColumnValue(column));
     ColEdit.Fire(column);
     opened = true;

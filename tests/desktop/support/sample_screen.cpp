@@ -15,6 +15,10 @@ frmSample::frmSample(Application& app) : Form(app, "frmSample", "Sample Screen")
   grid.Splits(2);
   grid.MarksRows(true);
   grid.BindTo(data);
+  grid.SearchBox(txtSearch);
+  grid.RowCommands({{"Find", &Toolbar1.Button("tb_Find"), true}, {"Print", &Toolbar1.Button("tb_Print")}});
+  grid.Emphasize("Number", {{"The best", [this] { return Value(best); }}});
+  grid.Sort = [this](int column, bool descending) { seen.push_back("Sort " + std::to_string(column) + (descending ? " down" : " up")); };
   txtMemo.MultiLine(true);
   for (Control* control : {static_cast<Control*>(&txtSearch), static_cast<Control*>(&grid)}) control->PutOnTab(SSIndexTab1, 0, 0);
   for (Control* control : std::initializer_list<Control*>{&txtText, &txtPhone, &txtNumber, &txtMoney, &txtDate, &txtMemo})

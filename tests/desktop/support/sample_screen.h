@@ -20,6 +20,7 @@ class frmSample final : public platform::Form {
   explicit frmSample(platform::Application& app);
 
   std::vector<std::string> seen;  ///< events in order: "Click cmdGo"
+  std::int32_t best = 0;          ///< the number of the row that stands out
 
   platform::Toolbar Toolbar1{
       *this, "Toolbar1", {{"tb_Find", "Find Record"}, {"tb_SaveRec", "Save Records"}, {"tb_Print", "Print Report", true}}};

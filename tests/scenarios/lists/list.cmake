@@ -6,7 +6,10 @@ list(APPEND ORCUSSCH_SCENARIOS
   lists/customer-added-by-another-user
   lists/customer-deleted-by-another-user
   lists/customers-by-name
+  lists/defaults-stand-out
   lists/deleted-row-leaves-the-list
+  lists/enter-chooses-the-customer
+  lists/enter-without-customers
   lists/formats-of-cards
   lists/formats-of-customers
   lists/formats-of-phones
@@ -16,6 +19,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   lists/headings-of-credit-cards
   lists/headings-of-phones
   lists/headings-of-types-and-key-words
+  lists/letters-begin-a-search
   lists/list-goes-on-behind-a-cell
   lists/list-that-can-no-longer-be-built
   lists/name-follows-the-row

@@ -15,8 +15,9 @@
 /// table. Failures are platform::Error.
 namespace engine {
 
-/// Makes a new file with these empty tables; an existing file is refused. `workFile` files are written without waiting
-/// for the disk (temporary databases).
+/// Makes a new file with these empty tables; an existing file is refused (3204). Nobody sees it half made: it gets its name when
+/// it is whole, and of several programs that make it at once one does. `workFile` files are written without waiting for the disk
+/// (temporary databases).
 void CreateDataFile(const std::string& path, std::span<const platform::TableDefinition> tables, bool workFile = false);
 
 /// Adds rows fast, inside one transaction: the values of each row in the order of `fields`. Counters may be given
@@ -35,6 +36,22 @@ std::vector<std::string> CheckDataFile(const std::string& path, std::span<const 
 
 /// A consistent copy of a file that may be open elsewhere. `progress` gets (pages done, pages in all).
 void BackupDataFile(const std::string& from, const std::string& to, const std::function<void(int, int)>& progress = {});
+
+/// Gives a file that nobody has open the name `to`, in the same file system; false when that name is taken.
+bool MoveIntoPlace(const std::string& from, const std::string& to);
+
+/// Whether a file or folder lies on a file system that other machines share, where no data file can be opened.
+bool LiesOnNetwork(const std::string& path);
+
+/// A link of a file to a table of another one.
+struct FileLink {
+  std::string name;
+  std::string path;    ///< full path of the other file
+  std::string source;  ///< table in the other file
+};
+std::vector<FileLink> LinksOf(const std::string& path);
+/// Makes links that are there lead to other files, all of them or none; names that are no links are passed over.
+void PointLinks(const std::string& path, std::span<const FileLink> links);
 
 /// Takes a table (or a link) out of a file that may be open elsewhere, as another program might; 3011 when there is none.
 void DropTable(const std::string& path, std::string_view table);

@@ -4,6 +4,7 @@
 
 #include "engine/data_file.h"
 #include "engine/engine.h"
+#include "platform/error.h"
 #include "suite/company_schema.h"
 #include "suite/file_set.h"
 #include "suite/operating_system.h"
@@ -76,7 +77,12 @@ void MakeTemporaryFile(const platform::OperatingSystem& system, std::int32_t use
   std::error_code problem;
   fs::create_directories(file.parent_path(), problem);
   if (problem) throw FolderError("the folder " + file.parent_path().string() + " can't be made: " + problem.message());
-  engine::CreateDataFile(file.string(), suite::TablesOf(suite::DataFile::Temporary), true);
+  try {
+    engine::CreateDataFile(file.string(), suite::TablesOf(suite::DataFile::Temporary), true);
+  } catch (const platform::Error& failure) {
+    constexpr int kExists = 3204;
+    if (failure.Number() != kExists) throw;  // another program has just made it, whole
+  }
 }
 
 }  // namespace library

@@ -1,11 +1,16 @@
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 
 #include "engine/data_file.h"
+#include "suitefiles/backup_plan.h"
 #include "suitefiles/command_line.h"
 #include "suitefiles/commands.h"
 #include "suitefiles/company_files.h"
+#include "suitefiles/company_links.h"
+#include "suitefiles/copying.h"
 #include "suitefiles/progress.h"
+#include "suitefiles/staging.h"
 
 namespace suitefiles {
 
@@ -13,53 +18,91 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// Makes the copies in a folder. Through a local folder they are made there one by one and then only written to their place, where no
+/// file is opened as a data file: a network folder can't hold open ones.
 class Copier {
  public:
-  explicit Copier(const Console& console) : progress_(console) {}
-
-  void Copy(const std::string& from, const std::string& to) {
-    engine::BackupDataFile(from, to, [&](int done, int all) { progress_.Show(from, done, all); });
-    ++files_;
+  Copier(const Console& console, std::string target, std::string staging, const std::string& through)
+      : progress_(console), target_(std::move(target)), staging_(std::move(staging)) {
+    if (!through.empty()) scratch_.emplace(through);
   }
-  int Files() const { return files_; }
 
- private:
-  Progress progress_;
-  int files_ = 0;
-};
-
-void CopyCompany(const DataFolder& folder, int company, const fs::path& target, Copier& copier, const Console& console) {
-  const fs::path companyTarget = target / "data" / ("orv" + std::to_string(company));
-  fs::create_directories(companyTarget);
-  for (const auto file : suite::kCompanyFiles) {
-    const std::string from = folder.File(company, file);
-    if (fs::exists(from)) {
-      copier.Copy(from, (companyTarget / suite::FileName(file)).string());
-    } else {
-      console.err << "suitefiles: company " << company << " has no " << from << "; it is not in the copy\n";
+  /// `copy.place` is the copy's later path.
+  void Copy(const BackupPlan::File& copy, const BackupPlan& plan) {
+    const std::string place = staging_ + copy.place.substr(target_.size());
+    fs::create_directories(fs::path(place).parent_path());
+    const std::string made = scratch_ ? scratch_->Path() + "/" + fs::path(place).filename().string() : place;
+    engine::BackupDataFile(copy.from, made, [&](int done, int all) { progress_.Show(copy.from, done, all); });
+    progress_.Clear();
+    if (copy.file == suite::DataFile::Customer) Relink(copy, made, plan);
+    if (scratch_) {
+      CopyFile(made, place);
+      fs::remove(made);
     }
   }
-  if (fs::is_regular_file(folder.IniFile(company))) {
-    fs::copy_file(folder.IniFile(company), target / (fs::path(folder.IniFile(company)).filename().string() + ".saved"));
+  const std::vector<std::string>& Left() const { return left_; }
+
+ private:
+  /// Files that will lie beside the copy are named as if they did already.
+  void Relink(const BackupPlan::File& copy, const std::string& made, const BackupPlan& plan) {
+    const auto sentences = PointCompanyLinks(
+        made, [&](suite::DataFile file) { return (fs::path(made).parent_path() / suite::FileName(file)).string(); },
+        [&](const std::string& path) { return plan.PlaceOf(path); });
+    for (const std::string& sentence : sentences) left_.push_back("company " + std::to_string(copy.company) + ": " + sentence);
   }
+
+  Progress progress_;
+  std::string target_;
+  std::string staging_;
+  std::optional<ScratchFolder> scratch_;
+  std::vector<std::string> left_;
+};
+
+/// The nearest folder above a path that is there.
+std::string FolderAbove(const std::string& path) {
+  fs::path folder = fs::path(path).parent_path();
+  while (!fs::exists(folder) && folder.has_relative_path()) folder = folder.parent_path();
+  return folder.string();
+}
+
+/// The local folder that copies go through, "" for none.
+std::string Through(const CommandLine& line, const std::string& target) {
+  const std::string above = fs::exists(target) ? target : FolderAbove(target);
+  const auto told = line.Value("--through");
+  const std::string folder = told ? DataFolder(*told).Path() : engine::LiesOnNetwork(above) ? fs::temp_directory_path().string() : "";
+  if (!folder.empty() && !fs::is_directory(folder)) throw CommandError("there is no folder " + folder);
+  if (!folder.empty() && engine::LiesOnNetwork(folder))
+    throw CommandError(folder + " lies on a network file system; --through names a folder of a local disk");
+  return folder;
+}
+
+void KeepSettings(const BackupPlan& plan, const DataFolder& folder, const std::string& staging) {
+  for (const int company : plan.Companies()) {
+    const fs::path settings = folder.IniFile(company);
+    if (fs::is_regular_file(settings)) CopyFile(settings.string(), staging + "/" + settings.filename().string() + ".saved");
+  }
+  for (const auto& [name, content] : plan.Settings()) WriteFile(staging + "/" + name, content);
 }
 
 }  // namespace
 
 int RunBackup(const std::vector<std::string>& words, const Console& console) {
-  const CommandLine line(words, {});
+  const CommandLine line(words, {{"--through", true}});
   line.ExpectOperands({"DIR", "TARGET"});
   const DataFolder folder(line.Operands()[0]);
   const std::string target = DataFolder(line.Operands()[1]).Path();
   if (IsTaken(target)) throw CommandError(target + " already exists and is not empty; nothing was copied");
 
-  const auto companies = folder.Companies();
+  const BackupPlan plan(folder, target);
   StagingFolder staging(target);
-  Copier copier(console);
-  copier.Copy(folder.Dat(), staging.Path() + "/dat.zdb");
-  for (const int company : companies) CopyCompany(folder, company, staging.Path(), copier, console);
+  Copier copier(console, target, staging.Path(), Through(line, target));
+  for (const auto& file : plan.Files()) copier.Copy(file, plan);
+  KeepSettings(plan, folder, staging.Path());
   staging.MoveToTarget();
-  console.out << copier.Files() << " files copied to " << target << ".\n";
+
+  for (const std::string& sentence : plan.Sentences()) console.out << sentence << ".\n";
+  for (const std::string& sentence : copier.Left()) console.out << sentence << ".\n";
+  console.out << plan.Files().size() << " files copied to " << target << ".\n";
   return kDone;
 }
 

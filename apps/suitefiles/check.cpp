@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <set>
 
 #include "engine/data_file.h"
 #include "platform/convert.h"
@@ -47,18 +49,47 @@ class Report {
   int files_ = 0;
 };
 
-void CheckCompanyRows(const DataFolder& folder, Report& report) {
+void CheckCompanyRows(const std::string& dat, Report& report) {
   Session session;
-  const auto rows = session.Open(folder.Dat())->OpenRecordset("SELECT CompID, BeginningMonth, AccountingEntity FROM Company");
+  const auto rows = session.Open(dat)->OpenRecordset("SELECT CompID, BeginningMonth, AccountingEntity FROM Company");
   for (; !rows->Eof(); rows->MoveNext()) {
     const std::string company = "Company " + platform::CStr(rows->Field(0));
     const auto month = rows->Field(1);
     if (month.IsNull() || platform::CInt(month) < 1 || platform::CInt(month) > 12) {
-      report.Add(folder.Dat(), company + " has a first month that is not one of 1 to 12.");
+      report.Add(dat, company + " has a first month that is not one of 1 to 12.");
     }
     const auto entity = rows->Field(2);
-    if (entity.IsNull() || platform::CInt(entity) > 2)
-      report.Add(folder.Dat(), company + " has an accounting entity that is not 0, 1 or 2.");
+    if (entity.IsNull() || platform::CInt(entity) > 2) report.Add(dat, company + " has an accounting entity that is not 0, 1 or 2.");
+  }
+}
+
+/// The files of these companies' rows, each once, and the rows themselves. The folder's own file need not be there when all companies
+/// have another one.
+void CheckDats(const DataFolder& folder, const std::vector<int>& companies, Report& report) {
+  std::vector<std::string> dats;
+  std::set<std::string> sound;
+  const auto check = [&](const std::string& dat) {
+    const auto known = std::ranges::find_if(dats, [&](const std::string& each) { return IsSameFile(each, dat); });
+    if (known != dats.end()) return sound.contains(*known);
+    dats.push_back(dat);
+    if (!report.CheckFile(dat, suite::DataFile::Dat)) return false;
+    CheckCompanyRows(dat, report);
+    sound.insert(dat);
+    return true;
+  };
+  if (companies.empty() || fs::exists(folder.Dat())) check(folder.Dat());
+  for (const int company : companies) {
+    const std::string dat = folder.File(company, suite::DataFile::Dat);
+    if (check(dat) && !folder.HasRow(company)) report.Add("company " + std::to_string(company), "It has no row in " + dat + ".");
+  }
+}
+
+/// As far as they can be found.
+std::vector<int> CompaniesOf(const DataFolder& folder) {
+  try {
+    return folder.Companies();
+  } catch (const platform::Error&) {
+    return folder.CompaniesByFiles();  // what is wrong with the file of their rows is told by its check
   }
 }
 
@@ -99,13 +130,9 @@ int RunCheck(const std::vector<std::string>& words, const Console& console) {
   const DataFolder folder(line.Operands()[0]);
 
   Report report(console);
-  std::vector<int> companies;
-  if (report.CheckFile(folder.Dat(), suite::DataFile::Dat)) {
-    CheckCompanyRows(folder, report);
-    companies = folder.Companies();
-    if (companies.empty()) report.Add(folder.Dat(), "There is no company.");
-  }
-  if (only) companies = {static_cast<int>(*only)};
+  const auto companies = only ? std::vector{static_cast<int>(*only)} : CompaniesOf(folder);
+  CheckDats(folder, companies, report);
+  if (companies.empty()) report.Add(folder.Dat(), "There is no company.");
   for (const int company : companies) CheckCompany(folder, company, report, console);
   CheckTemporaryFiles(folder, report);
 

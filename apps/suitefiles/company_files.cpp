@@ -1,10 +1,11 @@
 #include "suitefiles/company_files.h"
 
-#include <unistd.h>
-
 #include <algorithm>
+#include <charconv>
+#include <set>
 
 #include "platform/convert.h"
+#include "platform/error.h"
 #include "suitefiles/command_line.h"
 #include "suitefiles/session.h"
 
@@ -21,6 +22,23 @@ std::string FullPath(const std::string& folder) {
   return path;
 }
 
+/// The number in "orv<number>" and what follows; 0 for other names.
+int CompanyIn(const std::string& name, const std::string& behind) {
+  constexpr std::string_view start = "orv";
+  if (!name.starts_with(start) || !name.ends_with(behind) || name.size() <= start.size() + behind.size()) return 0;
+  int number = 0;
+  const char* end = name.data() + name.size() - behind.size();
+  const auto [stop, problem] = std::from_chars(name.data() + start.size(), end, number);
+  return problem == std::errc{} && stop == end && number > 0 && name[start.size()] != '0' ? number : 0;
+}
+
+void AddCompaniesIn(const fs::path& folder, const std::string& behind, std::set<int>& companies) {
+  std::error_code problem;
+  for (fs::directory_iterator entry(folder, problem), end; !problem && entry != end; entry.increment(problem)) {
+    if (const int company = CompanyIn(entry->path().filename().string(), behind); company != 0) companies.insert(company);
+  }
+}
+
 }  // namespace
 
 DataFolder::DataFolder(const std::string& folder) : system_(suite::MakeNativeSystem("/")), folder_(FullPath(folder)) {}
@@ -31,18 +49,48 @@ std::string DataFolder::File(int company, suite::DataFile file) const {
 
 std::string DataFolder::CompanyFolder(int company) const { return suite::CompanyFolder(*system_, folder_, company); }
 
-std::string DataFolder::IniFile(int company) const { return folder_ + "/orv" + std::to_string(company) + ".ini"; }
+std::string DataFolder::IniFile(int company) const { return suite::SettingsFile(*system_, folder_, company); }
 
 std::string DataFolder::TemporaryFile(int user) const { return suite::TemporaryFile(*system_, folder_, user); }
 
-std::vector<int> DataFolder::Companies() const {
+bool DataFolder::HasRow(int company) const {
   Session session;
-  const auto rows = session.Open(Dat())->OpenRecordset("SELECT CompID FROM Company ORDER BY CompID");
-  std::vector<int> companies;
-  for (; !rows->Eof(); rows->MoveNext()) {
-    if (!rows->Field(0).IsNull()) companies.push_back(platform::CLng(rows->Field(0)));
+  const auto database = session.Open(File(company, suite::DataFile::Dat));
+  return !database->OpenRecordset("SELECT CompID FROM Company WHERE CompID=" + std::to_string(company))->Eof();
+}
+
+std::vector<int> DataFolder::CompaniesByFiles() const {
+  std::set<int> found;
+  AddCompaniesIn(folder_, ".ini", found);
+  AddCompaniesIn(fs::path(folder_) / "data", "", found);
+  std::erase_if(found, [&](int company) {
+    if (fs::exists(File(company, suite::DataFile::Customer))) return false;
+    try {
+      return !HasRow(company);
+    } catch (const platform::Error&) {
+      return true;
+    }
+  });
+  return {found.begin(), found.end()};
+}
+
+std::vector<int> DataFolder::Companies() const {
+  const auto byFiles = CompaniesByFiles();
+  std::set<int> companies(byFiles.begin(), byFiles.end());
+  if (companies.empty() || fs::exists(Dat())) {
+    Session session;
+    const auto rows = session.Open(Dat())->OpenRecordset("SELECT CompID FROM Company");
+    for (; !rows->Eof(); rows->MoveNext()) {
+      if (!rows->Field(0).IsNull()) companies.insert(platform::CLng(rows->Field(0)));
+    }
   }
-  return companies;
+  return {companies.begin(), companies.end()};
+}
+
+bool IsSameFile(const std::string& one, const std::string& other) {
+  std::error_code problem;
+  if (fs::weakly_canonical(one, problem) == fs::weakly_canonical(other, problem)) return true;
+  return fs::equivalent(one, other, problem) && !problem;
 }
 
 bool IsTaken(const fs::path& path) {
@@ -50,27 +98,6 @@ bool IsTaken(const fs::path& path) {
   const auto status = fs::symlink_status(path, problem);
   if (status.type() == fs::file_type::not_found) return false;
   return status.type() != fs::file_type::directory || !fs::is_empty(path, problem) || problem;
-}
-
-StagingFolder::StagingFolder(fs::path target) : target_(std::move(target)) {
-  path_ = target_;
-  path_ += ".unfinished-" + std::to_string(::getpid());
-  std::error_code problem;
-  fs::create_directories(target_.parent_path(), problem);
-  if (!fs::create_directory(path_, problem)) throw CommandError(path_.string() + " can't be made: " + problem.message());
-}
-
-StagingFolder::~StagingFolder() {
-  std::error_code ignored;
-  if (!path_.empty()) fs::remove_all(path_, ignored);
-}
-
-void StagingFolder::MoveToTarget() {
-  if (IsTaken(target_)) throw CommandError(target_.string() + " already exists");
-  std::error_code problem;
-  fs::rename(path_, target_, problem);  // fails when something was put there meanwhile
-  if (problem) throw CommandError(target_.string() + " can't be made: " + problem.message());
-  path_.clear();
 }
 
 }  // namespace suitefiles

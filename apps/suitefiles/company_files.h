@@ -17,38 +17,30 @@ class DataFolder {
   explicit DataFolder(const std::string& folder);
 
   const std::string& Path() const { return folder_; }
+  /// The file of the companies whose settings do not name another one.
   std::string Dat() const { return folder_ + "/dat.zdb"; }
-  /// By the company's settings file where it says so.
+  /// By the company's settings file where it says so, "dat.zdb" too.
   std::string File(int company, suite::DataFile file) const;
   /// The default place of the company's files.
   std::string CompanyFolder(int company) const;
   std::string IniFile(int company) const;
   std::string TemporaryFile(int user) const;
-  /// Numbers of the companies that have a row in dat.zdb, ascending. Raises what opening dat.zdb raises.
+
+  /// The companies' numbers, ascending: those that have a row in Dat(), and those with a settings file or a folder here that have a
+  /// customer file, or a row in the dat.zdb of their own. Raises what opening Dat() raises, when it is there or when there is no company.
   std::vector<int> Companies() const;
+  /// The same without the rows of Dat().
+  std::vector<int> CompaniesByFiles() const;
+  /// Whether the company has a row in its dat.zdb. Raises what opening that raises.
+  bool HasRow(int company) const;
 
  private:
   std::unique_ptr<platform::OperatingSystem> system_;
   std::string folder_;
 };
 
-/// A folder under a name of its own, beside the place where it goes when all work on it is done. What is not moved
-/// there is deleted.
-class StagingFolder {
- public:
-  explicit StagingFolder(std::filesystem::path target);
-  ~StagingFolder();
-  StagingFolder(const StagingFolder&) = delete;
-  StagingFolder& operator=(const StagingFolder&) = delete;
-
-  std::string Path() const { return path_.string(); }
-  /// Moves it to its target, which must be missing or an empty folder. CommandError when it is neither.
-  void MoveToTarget();
-
- private:
-  std::filesystem::path target_;
-  std::filesystem::path path_;
-};
+/// Whether two paths name one and the same file.
+bool IsSameFile(const std::string& one, const std::string& other);
 
 /// Whether something other than an empty folder stands there.
 bool IsTaken(const std::filesystem::path& path);

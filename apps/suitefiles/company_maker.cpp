@@ -1,26 +1,26 @@
 #include "suitefiles/company_maker.h"
 
 #include <filesystem>
+#include <utility>
 
 #include "engine/data_file.h"
 #include "platform/convert.h"
+#include "platform/error.h"
 #include "suite/clock.h"
 #include "suite/company_schema.h"
 #include "suitefiles/session.h"
 #include "suitefiles/setup_rows.h"
-#include "suitefiles/table_writer.h"
 
 namespace suitefiles {
+
+namespace fs = std::filesystem;
 
 namespace {
 
 platform::Value TextOrNull(const std::string& text) { return text.empty() ? platform::Value(platform::Null) : platform::Value(text); }
 
-bool HasRow(const std::string& datFile, int company) {
-  Session session;
-  const auto rows = session.Open(datFile)->OpenRecordset("SELECT CompID FROM Company WHERE CompID=" + std::to_string(company));
-  return rows->RecordCount() > 0;
-}
+constexpr int kFileExists = 3204;
+constexpr int kKeyExists = 3022;
 
 }  // namespace
 
@@ -32,14 +32,30 @@ void MakeCompanyFiles(const std::string& folder, int year) {
 }
 
 CompanyRow AddCompanyRow(const std::string& datFile, const CompanyRecord& company) {
-  if (!std::filesystem::exists(datFile)) engine::CreateDataFile(datFile, suite::TablesOf(suite::DataFile::Dat));
-  if (HasRow(datFile, company.number)) return CompanyRow::WasThere;
-  TableWriter rows(datFile, "Company",
-                   {"CompID", "AccountingEntity", "BeginningMonth", "CompName", "Addr1", "City", "State", "Zip", "Phone", "Fax"});
-  rows.Row(std::int32_t{company.number}, std::uint8_t{0}, std::int16_t{1}, company.name, TextOrNull(company.address),
-           TextOrNull(company.city), TextOrNull(company.state), TextOrNull(company.zip), TextOrNull(company.phone),
-           TextOrNull(company.fax));
-  rows.Finish();
+  try {
+    if (!fs::exists(datFile)) {
+      fs::create_directories(fs::path(datFile).parent_path());
+      engine::CreateDataFile(datFile, suite::TablesOf(suite::DataFile::Dat));
+    }
+  } catch (const platform::Error& problem) {
+    if (problem.Number() != kFileExists) throw;  // another program has just made it
+  }
+  Session session;
+  const auto rows = session.Open(datFile)->OpenRecordset("Company", platform::RecordsetType::Table);
+  rows->AddNew();
+  rows->SetField("CompID", std::int32_t{company.number});
+  rows->SetField("AccountingEntity", std::uint8_t{0});
+  rows->SetField("BeginningMonth", std::int16_t{1});
+  const std::pair<const char*, const std::string&> texts[] = {
+      {"CompName", company.name}, {"Addr1", company.address}, {"City", company.city}, {"State", company.state},
+      {"Zip", company.zip},       {"Phone", company.phone},   {"Fax", company.fax}};
+  for (const auto& [field, text] : texts) rows->SetField(field, TextOrNull(text));
+  try {
+    rows->Update();
+  } catch (const platform::Error& problem) {
+    if (problem.Number() != kKeyExists) throw;
+    return CompanyRow::WasThere;
+  }
   return CompanyRow::Added;
 }
 

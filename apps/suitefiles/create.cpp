@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <iostream>
 
 #include "platform/text.h"
@@ -6,6 +5,7 @@
 #include "suitefiles/commands.h"
 #include "suitefiles/company_files.h"
 #include "suitefiles/company_maker.h"
+#include "suitefiles/staging.h"
 
 namespace suitefiles {
 
@@ -20,19 +20,14 @@ int RunCreate(const std::vector<std::string>& words, const Console& console) {
   company.name = *name;
 
   const DataFolder folder(line.Operands()[0]);
-  const std::string target = folder.CompanyFolder(company.number);
-  if (IsTaken(target)) throw CommandError(target + " already exists; nothing was changed");
+  NewCompanyFiles files(folder, company.number);
+  MakeCompanyFiles(files.Folder(), year);
+  const std::string dat = folder.File(company.number, suite::DataFile::Dat);
+  const auto row = AddCompanyRow(dat, company);
+  files.MoveIntoPlace();
 
-  StagingFolder files(target);
-  MakeCompanyFiles(files.Path(), year);
-  const auto row = AddCompanyRow(folder.Dat(), company);
-  files.MoveToTarget();
-
-  console.out << "Company " << company.number << " made in " << target << ".\n";
-  if (row == CompanyRow::WasThere) console.out << "Its row in " << folder.Dat() << " was there already and is unchanged.\n";
-  if (std::filesystem::exists(folder.IniFile(company.number))) {
-    console.out << "Note: " << folder.IniFile(company.number) << " may send programs to other files.\n";
-  }
+  console.out << "Company " << company.number << " made in " << files.Place() << ".\n";
+  if (row == CompanyRow::WasThere) console.out << "Its row in " << dat << " was there already and is unchanged.\n";
   return kDone;
 }
 

@@ -12,6 +12,7 @@
 #include "suitefiles/demo/filler.h"
 #include "suitefiles/progress.h"
 #include "suitefiles/session.h"
+#include "suitefiles/staging.h"
 #include "suitefiles/table_writer.h"
 
 namespace suitefiles {
@@ -99,21 +100,20 @@ int RunDemo(const std::vector<std::string>& words, const Console& console) {
   const DataFolder folder(line.Operands()[0]);
   const std::string customerFile = folder.File(options.company, suite::DataFile::Customer);
   const std::string transactionFile = folder.File(options.company, suite::DataFile::Transactions);
+  const std::string dat = folder.File(options.company, suite::DataFile::Dat);
 
   if (std::filesystem::exists(customerFile)) {
     RefuseUsedCompany(customerFile, transactionFile);
     FillCompany(options, customerFile, transactionFile, console);
   } else {
-    const std::string target = folder.CompanyFolder(options.company);
-    if (IsTaken(target)) throw CommandError(target + " exists but has no customer file; nothing was changed");
-    StagingFolder files(target);
-    MakeCompanyFiles(files.Path(), platform::CalendarOf({static_cast<double>(options.lastDay)}).year);
-    FillCompany(options, files.Path() + "/" + suite::FileName(suite::DataFile::Customer),
-                files.Path() + "/" + suite::FileName(suite::DataFile::Transactions), console);
-    AddCompanyRow(folder.Dat(), DemoCompany(options.company));
-    files.MoveToTarget();
+    NewCompanyFiles files(folder, options.company);
+    MakeCompanyFiles(files.Folder(), platform::CalendarOf({static_cast<double>(options.lastDay)}).year);
+    FillCompany(options, files.Folder() + "/" + suite::FileName(suite::DataFile::Customer),
+                files.Folder() + "/" + suite::FileName(suite::DataFile::Transactions), console);
+    AddCompanyRow(dat, DemoCompany(options.company));
+    files.MoveIntoPlace();
   }
-  AddDefaultTerms(folder.Dat(), options.company);
+  AddDefaultTerms(dat, options.company);
   console.out << options.customers << " invented customers in company " << options.company << " (" << customerFile << ").\n";
   return kDone;
 }

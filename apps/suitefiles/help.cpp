@@ -11,13 +11,16 @@ constexpr const char* kProgram =
   suitefiles demo DIR --company N --customers COUNT [--seed S] [--date YYYY-MM-DD]
   suitefiles temp DIR --user U
   suitefiles check DIR [--company N]
-  suitefiles backup DIR TARGET
+  suitefiles backup DIR TARGET [--through FOLDER]
+  suitefiles relink DIR [--company N]
   suitefiles sql FILE STATEMENT [--csv] [--no-header] [--skip]
   suitefiles help COMMAND
   suitefiles --help
   suitefiles --version
 
 DIR is the folder of the library, where dat.zdb and the orv<N>.ini files lie.
+Each file of a company is where the programs look for it: by orv<N>.ini, else in
+DIR (dat.zdb) and DIR/data/orv<N>.
 Exit status: 0 done, 1 failed or (check) something is wrong, 2 wrong usage.
 )";
 
@@ -25,9 +28,9 @@ constexpr const char* kCreate =
     R"(suitefiles create DIR --company N [--name TEXT] [--year YYYY]
 
 Makes the files of company N: DIR/data/orv<N>/ with customer.zdb, GL.zdb,
-artrans.zdb and flatrate.zdb, and DIR/dat.zdb with the company's row. A dat.zdb
-that is there already gets the row. Files of the company that are there already
-are left alone and the command fails.
+artrans.zdb and flatrate.zdb, and DIR/dat.zdb with the company's row; or where
+DIR/orv<N>.ini says. A dat.zdb that is there already gets the row. Files of the
+company that are there already are left alone and the command fails.
 
 The new company has the built-in phone types, card types, terms and sales
 rates, ten departments, a chart of accounts with ledger rows of one year, and
@@ -67,20 +70,43 @@ constexpr const char* kCheck =
 
 Looks through the files of every company (or of company N), and through the
 temporary files: whether each file is sound, has its tables, fields and indexes,
-and whether what rows refer to is there. Says what is wrong, one sentence a line; the exit status is then 1.
-Nothing is changed. The orv<N>.ini files in DIR are followed.
+whether what rows refer to is there, and whether the links of customer.zdb lead
+to the company's own files. Says what is wrong, one sentence a line; the exit
+status is then 1. Nothing is changed.
 
   --company N   look at this company alone
 )";
 
 constexpr const char* kBackup =
-    R"(suitefiles backup DIR TARGET
+    R"(suitefiles backup DIR TARGET [--through FOLDER]
 
 Copies the data files of all companies into the new folder TARGET, laid out as
 dat.zdb and data/orv<N>/, also while programs have them open: each copy is the
-file as it was at one moment. The files need not be closed for it. The settings
-files go along under the name orv<N>.ini.saved, as the paths in them name the
-originals. TARGET must not exist or be empty.
+file as it was at one moment. The files need not be closed for it. Says which
+companies and files it copied and which it left. TARGET must not exist or be
+empty.
+
+The copy is a folder of companies of its own: the links of each customer.zdb
+lead to the files beside it, also when the folder is moved. To restore it, copy
+it to a local disk, or back it up into a new folder. The settings files go along
+under the name orv<N>.ini.saved, as the paths in them name the originals; a
+company whose dat.zdb is not that of the others gets an orv<N>.ini that names
+its copy.
+
+  --through FOLDER  makes each copy in this local folder and then writes it to
+                    TARGET (the system's folder for temporary files, when TARGET
+                    lies on a network; nothing is opened there)
+)";
+
+constexpr const char* kRelink =
+    R"(suitefiles relink DIR [--company N]
+
+Makes the links Departments and Transactions in the customer.zdb of every company
+(or of company N) lead to the company's own GL.zdb and artrans.zdb. For folders
+that were copied or moved by hand: without it such a copy may go on reading the
+files of the original. Other links are left and told.
+
+  --company N   relink this company alone
 )";
 
 constexpr const char* kSql =
@@ -107,6 +133,7 @@ std::string HelpText(const std::string& command) {
   if (command == "temp") return kTemp;
   if (command == "check") return kCheck;
   if (command == "backup") return kBackup;
+  if (command == "relink") return kRelink;
   if (command == "sql") return kSql;
   return "";
 }

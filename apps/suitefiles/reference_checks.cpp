@@ -5,7 +5,8 @@
 #include <set>
 
 #include "platform/convert.h"
-#include "platform/text.h"
+#include "suitefiles/company_files.h"
+#include "suitefiles/company_links.h"
 #include "suitefiles/session.h"
 
 namespace suitefiles {
@@ -188,19 +189,14 @@ void CheckTaxAccounts(const platform::DatabaseRef& customer, const std::set<std:
   findings.AddTo(sentences, "TaxGrid", "name an account that is no liability account", "TaxID");
 }
 
-void CheckLinks(const platform::DatabaseRef& customer, const CheckedCompany& files, std::vector<std::string>& sentences) {
-  struct Link {
-    const char* table;
-    const std::string& file;
-  };
-  for (int i = 0; i < customer->TableDefCount(); ++i) {
-    const auto definition = customer->TableDefAt(i);
-    if (definition.Connect.empty()) continue;
-    for (const auto& link : {Link{"Departments", files.ledger}, Link{"Transactions", files.transactions}}) {
-      if (!platform::EqualsNoCase(definition.Name, link.table) || definition.Connect == ";DATABASE=" + link.file) continue;
-      sentences.push_back("The link " + definition.Name + " of customer.zdb goes to \"" + definition.Connect + "\" and not to " +
-                          link.file + ".");
-    }
+void CheckLinks(const CheckedCompany& files, std::vector<std::string>& sentences) {
+  for (const auto& link : engine::LinksOf(files.customer)) {
+    const auto file = FileOfLink(link.name);
+    if (file == suite::DataFile::Customer) continue;
+    const std::string& own = file == suite::DataFile::Ledger ? files.ledger : files.transactions;
+    if (IsSameFile(link.path, own)) continue;
+    sentences.push_back("The link " + link.name + " of customer.zdb leads to " + link.path + " and not to " + own +
+                        "; \"suitefiles relink\" puts it right.");
   }
 }
 
@@ -236,7 +232,7 @@ std::vector<std::string> CheckReferences(const CheckedCompany& files, const std:
                "name a customer that does not exist", sentences);
   CheckNumbers(session.Open(files.flatRate), "FRDeptTax", "TaxID", Numbers(customer, "TaxGrid", "TaxID"),
                "name a tax rate that does not exist", sentences);
-  CheckLinks(customer, files, sentences);
+  CheckLinks(files, sentences);
   return sentences;
 }
 

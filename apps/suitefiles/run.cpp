@@ -15,8 +15,8 @@ struct Command {
   int (*run)(const std::vector<std::string>&, const Console&);
 };
 
-constexpr Command kCommands[] = {{"create", RunCreate}, {"demo", RunDemo},     {"temp", RunTemp},
-                                 {"check", RunCheck},   {"backup", RunBackup}, {"sql", RunSql}};
+constexpr Command kCommands[] = {{"create", RunCreate}, {"demo", RunDemo},     {"temp", RunTemp}, {"check", RunCheck},
+                                 {"backup", RunBackup}, {"relink", RunRelink}, {"sql", RunSql}};
 
 bool AsksForHelp(const std::vector<std::string>& words) {
   const auto end = std::find(words.begin(), words.end(), "--");

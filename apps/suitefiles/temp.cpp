@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "engine/data_file.h"
+#include "platform/error.h"
 #include "suite/company_schema.h"
 #include "suitefiles/command_line.h"
 #include "suitefiles/commands.h"
@@ -14,14 +15,21 @@ int RunTemp(const std::vector<std::string>& words, const Console& console) {
   line.ExpectOperands({"DIR"});
   const int user = static_cast<int>(line.RequiredNumber("--user", 0, 2147483647));
   const std::filesystem::path file = DataFolder(line.Operands()[0]).TemporaryFile(user);
-  if (std::filesystem::exists(file)) {
+  const auto there = [&] {
     console.out << file.string() << " is there already and is unchanged.\n";
     return kDone;
-  }
+  };
+  if (std::filesystem::exists(file)) return there();
   std::error_code problem;
   std::filesystem::create_directories(file.parent_path(), problem);
   if (problem) throw CommandError(file.parent_path().string() + " can't be made: " + problem.message());
-  engine::CreateDataFile(file.string(), suite::TablesOf(suite::DataFile::Temporary), true);
+  try {
+    engine::CreateDataFile(file.string(), suite::TablesOf(suite::DataFile::Temporary), true);
+  } catch (const platform::Error& failure) {
+    constexpr int kExists = 3204;
+    if (failure.Number() != kExists) throw;
+    return there();  // another program has just made it
+  }
   console.out << file.string() << " made.\n";
   return kDone;
 }

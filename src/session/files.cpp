@@ -1,4 +1,4 @@
-#include "platform/convert.h"
+#include "platform/data_path.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
 #include "session/modAppShutdown.h"
@@ -9,13 +9,6 @@ using platform::DatabaseRef;
 using platform::RecordsetType;
 
 namespace {
-
-/// The read buffer of the settings file has 128 characters, of which one is kept for the end mark.
-constexpr int kIniSize = 127;
-
-std::string IniValue(const std::string& Ini, const std::string& Key) {
-  return App().System().ReadIniValue("Databases", Key, "", Ini, kIniSize);
-}
 
 struct SessionTable {
   const char* table;
@@ -75,28 +68,7 @@ void LinkTables() {
 
 std::string GetDataPath(std::int32_t CompanyID, const std::string& FileName) {
   std::string path;
-  Trap("modCustSch.GetDataPath", [&] {
-    const std::string separator = App().System().Separator();
-    const std::string AppDir = platform::WithSeparator(App().System(), App().Path());
-    const std::string company = std::to_string(CompanyID);
-    const std::string Ini = AppDir + "orv" + company + ".ini";
-
-    const std::string ownPath = IniValue(Ini, FileName + " Path");
-    if (!ownPath.empty()) {
-      path = ownPath;
-      return;
-    }
-    const std::string defaultPath = IniValue(Ini, "Default Path");
-    if (!defaultPath.empty()) {
-      path = defaultPath + FileName;
-      return;
-    }
-    if (platform::UCase(FileName) == "DAT.ZDB") {
-      path = AppDir + FileName;
-      return;
-    }
-    path = AppDir + "data" + separator + "orv" + company + separator + FileName;
-  });
+  Trap("modCustSch.GetDataPath", [&] { path = platform::DataPath(App().System(), App().Path(), CompanyID, FileName); });
   return path;
 }
 

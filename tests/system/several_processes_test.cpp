@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "engine/data_file.h"
 #include "platform/convert.h"
 #include "platform/error.h"
@@ -94,6 +96,43 @@ TEST_F(SeveralProcesses, TheToolReadsAndWritesWhileASessionIsOpen) {
   EXPECT_EQ(read.Wait(), 0);
   Child check({SUITEFILES_PROGRAM, "backup", folder_.Path(), folder_ / "copy"});
   EXPECT_EQ(check.Wait(), 0);
+}
+
+/// Runs the tool several times at once; the exit statuses, sorted.
+std::vector<int> AtOnce(const std::vector<std::vector<std::string>>& commands) {
+  std::vector<std::unique_ptr<Child>> tools;
+  for (std::vector<std::string> words : commands) {
+    words.insert(words.begin(), SUITEFILES_PROGRAM);
+    tools.push_back(std::make_unique<Child>(words));
+  }
+  std::vector<int> ends;
+  for (const auto& tool : tools) {
+    for (std::string line; tool->ReadLine(line);) {
+    }
+    ends.push_back(tool->Wait());
+  }
+  std::ranges::sort(ends);
+  return ends;
+}
+
+TEST_F(SeveralProcesses, OneTemporaryFileForAllWhoMakeIt) {
+  for (int user = 1; user <= 8; ++user) {
+    const std::vector<std::string> command{"temp", folder_.Path(), "--user", std::to_string(user)};
+    EXPECT_THAT(AtOnce({command, command, command, command}), testing::Each(0)) << "user " << user;
+    EXPECT_THAT(
+        engine::CheckDataFile(folder_ / ("orvTEMP/orvTemp" + std::to_string(user) + ".zdb"), suite::TablesOf(suite::DataFile::Temporary)),
+        testing::IsEmpty());
+  }
+}
+
+TEST_F(SeveralProcesses, CompaniesMadeAtTheSameMoment) {
+  for (int round = 0; round < 5; ++round) {
+    const std::string folder = folder_ / ("new" + std::to_string(round));
+    const auto create = [&](const char* company) { return std::vector<std::string>{"create", folder, "--company", company}; };
+    EXPECT_THAT(AtOnce({create("1"), create("2"), create("3")}), testing::Each(0)) << "they share dat.zdb";
+    EXPECT_THAT(AtOnce({create("4"), create("4"), create("4")}), testing::ElementsAre(0, 1, 1)) << "one makes it";
+    EXPECT_THAT(AtOnce({{"check", folder}}), testing::Each(0));
+  }
 }
 
 TEST_F(SeveralProcesses, NumbersOfNewRowsAreNeverGivenTwice) {

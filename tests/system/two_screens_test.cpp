@@ -79,6 +79,38 @@ class TwoScreens : public testing::Test {
   TemporaryFolder outside_;
 };
 
+/// A company's first two sessions at the same moment: both find no link, and neither says so.
+TEST(FirstStart, OfTwoProgramsAtOnce) {
+  const TemporaryFolder home;
+  ::setenv("HOME", home.Path().c_str(), 1);
+  for (int round = 0; round < 6; ++round) {
+    const TemporaryFolder company;
+    const auto tool = [](std::vector<std::string> words) {
+      words.insert(words.begin(), SUITEFILES_PROGRAM);
+      Child program(words);
+      for (std::string line; program.ReadLine(line);) {
+      }
+      ASSERT_EQ(program.Wait(), 0) << words[1];
+    };
+    tool({"create", company.Path(), "--company", "1"});
+    for (const char* user : {"1", "2"}) tool({"temp", company.Path(), "--user", user});
+    RunStatement(company / "dat.zdb", "INSERT INTO AR (CompID, PayTerms) VALUES (1, 0)");
+    std::vector<std::unique_ptr<Child>> programs;
+    for (const char* user : {"1", "2"}) {
+      const std::string script = home.Write(std::string("first") + user + ".scn", std::string("host UserID ") + user +
+                                                                                      "\nhost CompanyID 1\nexpect no log\nexpect no box\n"
+                                                                                      "expect value customer.zdb \"SELECT Count(*) FROM "
+                                                                                      "Departments\" 10\n");
+      programs.push_back(
+          std::make_unique<Child>(std::vector<std::string>{CUSTSEARCH_PROGRAM, "--scenario", script, "--data", company.Path()}));
+    }
+    for (const auto& program : programs) {
+      for (std::string line; program->ReadLine(line);) ADD_FAILURE() << line;
+      EXPECT_EQ(program->Wait(), 0);
+    }
+  }
+}
+
 /// The number of a type is computed and stored by two statements: who comes second fails on the key, is told so, and has stored
 /// nothing. A save without a report is there.
 TEST_F(TwoScreens, TypesAddedAtTheSameMoment) {

@@ -39,7 +39,7 @@ bool IsStatement(std::string_view source) {
 OpenDatabase::OpenDatabase(Session& session, std::shared_ptr<DataFile> file, std::string name,
                            std::function<void(const OpenDatabase&)> onClose)
     : session_(session),
-      catalogue_(std::make_shared<DatabaseCatalogue>(session, std::move(file))),
+      catalogue_(std::make_shared<DatabaseCatalogue>(session, std::move(file), name)),
       name_(std::move(name)),
       onClose_(std::move(onClose)) {}
 

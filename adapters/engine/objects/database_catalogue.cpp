@@ -1,5 +1,6 @@
 #include "engine/objects/database_catalogue.h"
 
+#include "engine/store/sqlite/links.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
 #include "platform/text.h"
@@ -52,7 +53,7 @@ const ResolvedTable* DatabaseCatalogue::FindTable(std::string_view name) {
   if (const ResolvedTable* own = FindIn(file_, name, false)) return own;
   for (const StoredLink& link : file_->Links()) {
     if (!platform::EqualsNoCase(link.name, name)) continue;
-    const ResolvedTable* linked = FindIn(session_.Open(link.path), link.source, true);
+    const ResolvedTable* linked = FindIn(session_.Open(FullLinkPath(link.path, name_)), link.source, true);
     if (linked == nullptr) throw errors::ObjectNotFound(link.source);
     return linked;
   }
@@ -74,21 +75,52 @@ bool DatabaseCatalogue::StandsAsPlanned(const SelectPlan& plan) const {
   return true;
 }
 
-std::vector<platform::TableDef> DatabaseCatalogue::TableDefs() {
+std::vector<platform::TableDef> DatabaseCatalogue::ReadTableDefs() {
   std::vector<platform::TableDef> definitions;
   for (std::string& name : file_->TableNames()) definitions.push_back({std::move(name), "", ""});
-  for (StoredLink& link : file_->Links()) definitions.push_back({link.name, std::string(connectStart) + link.path, link.source});
+  for (StoredLink& link : file_->Links())
+    definitions.push_back({link.name, std::string(connectStart) + FullLinkPath(link.path, name_), link.source});
   return definitions;
+}
+
+std::vector<platform::TableDef> DatabaseCatalogue::TableDefs() {
+  auto definitions = ReadTableDefs();
+  seen_.emplace();
+  for (const platform::TableDef& definition : definitions) seen_->insert(definition.Name);
+  return definitions;
+}
+
+bool DatabaseCatalogue::IsMadeAlready(const platform::TableDef& definition) {
+  for (const platform::TableDef& there : ReadTableDefs()) {
+    if (!platform::EqualsNoCase(there.Name, definition.Name)) continue;
+    const bool anothers = seen_ && !seen_->contains(there.Name);
+    if (!anothers || there.Connect.empty() || there.Name != definition.Name ||
+        !platform::EqualsNoCase(there.SourceTableName, definition.SourceTableName) ||
+        session_.Open(PathOfConnect(there.Connect)) != session_.Open(PathOfConnect(definition.Connect)))
+      throw errors::ObjectExists(definition.Name);
+    return true;
+  }
+  return false;
 }
 
 void DatabaseCatalogue::AppendLink(const platform::TableDef& definition) {
   if (definition.Name.empty() || definition.Name.front() == ownNameMark) throw errors::InvalidOperation();
-  for (const platform::TableDef& there : TableDefs())
-    if (platform::EqualsNoCase(there.Name, definition.Name)) throw errors::ObjectExists(definition.Name);
+  if (IsMadeAlready(definition)) return;
   const std::string path = PathOfConnect(definition.Connect);
   const auto target = session_.Open(path);
   if (StoredNameIn(*target, definition.SourceTableName).empty()) throw errors::ObjectNotFound(definition.SourceTableName);
-  file_->AddLink({definition.Name, path, definition.SourceTableName});
+
+  // In one folder for the program, and in one folder where the file really lies.
+  const std::string folder = RealFolder(session_.HostPath(FolderOfPath(path)));
+  const bool asOpened = folder == RealFolder(session_.HostPath(FolderOfPath(name_)));
+  const std::string stored = asOpened ? LinkPathToStore(path, folder, file_->Path()) : path;
+  try {
+    file_->AddLink({definition.Name, stored, definition.SourceTableName});
+  } catch (const platform::Error& error) {
+    if (error.Number() != 3012 || !IsMadeAlready(definition)) throw;
+    return;
+  }
+  if (seen_) seen_->insert(definition.Name);
 }
 
 }  // namespace engine

@@ -2,6 +2,8 @@
 
 #include <map>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,7 +27,9 @@ inline DataFile& FileOf(const ResolvedTable& table) { return *static_cast<const 
 /// the file's tables; those in use by open recordsets stay as they were.
 class DatabaseCatalogue final : public Catalogue {
  public:
-  DatabaseCatalogue(Session& session, std::shared_ptr<DataFile> file) : session_(session), file_(std::move(file)) {}
+  /// `name`: the path by which the database was opened.
+  DatabaseCatalogue(Session& session, std::shared_ptr<DataFile> file, std::string name)
+      : session_(session), file_(std::move(file)), name_(std::move(name)) {}
 
   const ResolvedTable* FindTable(std::string_view name) override;
   const ResolvedTable* FindTable(std::string_view name, std::string_view inFile) override;
@@ -37,15 +41,21 @@ class DatabaseCatalogue final : public Catalogue {
   DataFile& File() const { return *file_; }
   /// Base tables, then links.
   std::vector<platform::TableDef> TableDefs();
-  /// Stores a link; errors as DataFiles::Open, 3011 for a table that isn't there, 3012 for a name that is taken.
+  /// Stores a link; errors as DataFiles::Open, 3011 for a table that isn't there, 3012 for a name that is taken. Taken by just this
+  /// link since the tables were last looked through, by another program: then there is nothing left to do.
   void AppendLink(const platform::TableDef& definition);
 
  private:
   const ResolvedTable* FindIn(const std::shared_ptr<DataFile>& file, std::string_view name, bool linked);
   std::string StoredNameIn(DataFile& file, std::string_view name);
+  std::vector<platform::TableDef> ReadTableDefs();
+  /// Whether the name is taken; raises 3012 unless it is by this link and by another program.
+  bool IsMadeAlready(const platform::TableDef& definition);
 
   Session& session_;
   std::shared_ptr<DataFile> file_;
+  std::string name_;
+  std::optional<std::set<std::string>> seen_;                  ///< names when the tables were last looked through, and own links
   std::map<std::string, std::unique_ptr<StoredTable>> known_;  ///< by file, kind and name
   std::vector<std::unique_ptr<StoredTable>> outdated_;         ///< open recordsets may still use them
 };

@@ -27,6 +27,8 @@ struct Session {
     if (host.empty()) throw errors::InvalidPath(path);
     return files.Open(host, path);
   }
+  /// The real file or folder that a path of the program's style names; "" when there can be none.
+  std::string HostPath(const std::string& path) const { return options.hostPath ? options.hostPath(path) : path; }
   /// A number that no other recordset of this engine has had.
   std::uint64_t NewSet() { return ++lastSet_; }
 

@@ -58,6 +58,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/link-failure-is-told
   session/links-are-made-once
   session/links-are-not-refreshed
+  session/links-in-a-folder-of-two-names
   session/links-while-customer-file-is-locked
   session/many-companies-one-after-the-other
   session/non-selection-hides-select
@@ -72,6 +73,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/paths-with-drive-letters
   session/paths-with-either-separator
   session/paths-without-settings-file
+  session/practice-copy-is-a-company-of-its-own
   session/printer-setup
   session/properties-convert
   session/release-closes-without-a-word

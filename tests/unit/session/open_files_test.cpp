@@ -8,6 +8,9 @@ using testing::ElementsAre;
 /// What the session asks of the engine, in its order.
 using Calls = std::vector<std::string>;
 
+/// What happens elsewhere just before a link is made.
+std::function<void(const platform::TableDef&)> beforeLink;
+
 std::string FileOf(std::string_view path) { return std::string(path.substr(path.rfind('/') + 1)); }
 
 class ToldDatabase final : public platform::Database {
@@ -25,6 +28,7 @@ class ToldDatabase final : public platform::Database {
   platform::TableDef TableDefAt(int index) override { return inner_->TableDefAt(index); }
   void AppendTableDef(const platform::TableDef& link) override {
     calls_.push_back("link " + link.Name + "=" + link.SourceTableName + " " + link.Connect.substr(0, 10) + FileOf(link.Connect));
+    if (beforeLink) beforeLink(link);
     inner_->AppendTableDef(link);
   }
   int RecordsetCount() override { return inner_->RecordsetCount(); }
@@ -112,6 +116,19 @@ TEST_F(OpenFilesTest, EverythingIsOpenedInItsOrder) {
                   "recordset 1 customer.zdb CustLaborRates", "recordset 0 customer.zdb Select * From UserStartup Where (UserNum = 1);",
                   "recordset 1 dat.zdb AR", "recordset 1 dat.zdb Company", "link Departments=Departments ;DATABASE=GL.zdb",
                   "link Transactions=Transactions ;DATABASE=artrans.zdb", "recordset 1 dat.zdb Rights"));
+}
+
+TEST_F(OpenFilesTest, AnotherProgramMakesTheLinksAtTheSameMoment) {
+  const auto other = engine::MakeEngine();
+  const auto its = other->OpenControlDatabase(folder / "data/orv1/customer.zdb");
+  beforeLink = [&](const platform::TableDef& link) { its->AppendTableDef(link); };
+  CustSearch host(*app);
+  host.UserID(1);
+  host.CompanyID(1);
+  beforeLink = nullptr;
+  EXPECT_TRUE(frontEnd->boxes.empty()) << frontEnd->boxes[0].text;
+  EXPECT_TRUE(log->records.empty());
+  EXPECT_EQ(dbCustomer->OpenRecordset("SELECT Count(*) FROM Departments")->Field(0), platform::Value(10));
 }
 
 TEST_F(OpenFilesTest, TheSecondOpeningIsAsTheFirstWithoutTheLinks) {

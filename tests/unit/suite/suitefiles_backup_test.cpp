@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
+#include "unit/suite/company_links.h"
 #include "unit/suite/program_runner.h"
 
 namespace {
@@ -14,7 +15,12 @@ TEST(Backup, CopiesEveryCompany) {
   folder.Write("a/orv2.ini", "[Databases]\n");
   const auto outcome = RunSuitefiles({"backup", folder / "a", folder / "copy"});
   ASSERT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(outcome.out, "9 files copied to " + (folder / "copy") + ".\n");
+  EXPECT_EQ(outcome.out, "dat.zdb of company 1, 2: copied from " + folder / "a/dat.zdb.\n" +
+                             "company 1: customer.zdb, artrans.zdb, GL.zdb, flatrate.zdb copied.\n"
+                             "company 2: customer.zdb, artrans.zdb, GL.zdb, flatrate.zdb copied.\n"
+                             "company 2: its settings are kept as orv2.ini.saved.\n"
+                             "9 files copied to " +
+                             folder / "copy.\n");
   EXPECT_EQ(RunSuitefiles({"check", folder / "copy"}).status, 0);
   EXPECT_EQ(Select(folder / "copy/data/orv1/customer.zdb", "Customers"), Select(folder / "a/data/orv1/customer.zdb", "Customers"));
   EXPECT_EQ(ReadAll(folder / "copy/orv2.ini.saved"), "[Databases]\n");
@@ -28,6 +34,69 @@ TEST(Backup, TakesFilesFromWhereTheSettingsSay) {
   folder.Write("a/orv1.ini", "[Databases]\ncustomer.zdb Path=" + (folder / "elsewhere/c.zdb") + "\n");
   ASSERT_EQ(RunSuitefiles({"backup", folder / "a", folder / "copy"}).status, 0);
   EXPECT_EQ(RunSuitefiles({"check", folder / "copy"}).status, 0);
+}
+
+TEST(Backup, SaysWhatItLeaves) {
+  const TemporaryFolder folder;
+  for (const char* company : {"1", "2", "3"}) ASSERT_EQ(RunSuitefiles({"create", folder / "a", "--company", company}).status, 0);
+  ASSERT_EQ(RunSuitefiles({"temp", folder / "a", "--user", "1"}).status, 0);
+  fs::remove(folder / "a/data/orv2/flatrate.zdb");
+  fs::remove_all(folder / "a/data/orv3");
+  fs::copy_file(folder / "a/data/orv1/GL.zdb", folder / "a/data/orv1/GL-1999.zdb");
+  const auto outcome = RunSuitefiles({"backup", folder / "a", folder / "copy"});
+  ASSERT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out, "dat.zdb of company 1, 2, 3: copied from " + folder / "a/dat.zdb.\n" +
+                             "company 1: customer.zdb, artrans.zdb, GL.zdb, flatrate.zdb copied.\n"
+                             "company 2: customer.zdb, artrans.zdb, GL.zdb copied; left: flatrate.zdb (there is no " +
+                             folder / "a/data/orv2/flatrate.zdb).\ncompany 3: left, it has no files.\n" +
+                             folder / "a/data/orv1/GL-1999.zdb: left, no company works with it.\n" +
+                             folder / "a/orvTEMP: left, the users' temporary files.\n8 files copied to " + folder / "copy.\n");
+}
+
+// As the programs do: by the default path of a settings file, dat.zdb too.
+TEST(Backup, FindsEveryFileByTheDefaultPath) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(RunSuitefiles({"create", folder / "a", "--company", "4", "--name", "Moved"}).status, 0);
+  fs::rename(folder / "a/data/orv4", folder / "books");
+  fs::rename(folder / "a/dat.zdb", folder / "books/dat.zdb");
+  folder.Write("a/orv4.ini", "[Databases]\nDefault Path=" + folder / "books/\n");
+  ASSERT_EQ(RunSuitefiles({"check", folder / "a"}).status, 0);
+  const auto outcome = RunSuitefiles({"backup", folder / "a", folder / "copy"});
+  ASSERT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(Select(folder / "copy/dat.zdb", "SELECT CompID, CompName FROM Company"), "4\tMoved\n");
+  const auto check = RunSuitefiles({"check", folder / "copy"});
+  EXPECT_EQ(check.status, 0) << check.out;
+  EXPECT_EQ(check.out, "5 files, nothing wrong.\n");
+}
+
+TEST(Backup, CompaniesWithADatFileOfTheirOwnKeepIt) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(RunSuitefiles({"create", folder / "a", "--company", "1", "--name", "First"}).status, 0);
+  ASSERT_EQ(RunSuitefiles({"create", folder / "b", "--company", "2", "--name", "Second"}).status, 0);
+  folder.Write("a/orv2.ini", "[Databases]\nDefault Path=" + folder / "b/data/orv2/\ndat.zdb Path=" + folder / "b/dat.zdb\n");
+  const auto outcome = RunSuitefiles({"backup", folder / "a", folder / "copy"});
+  ASSERT_EQ(outcome.status, 0) << outcome.err;
+  fs::remove_all(folder / "b");
+  EXPECT_EQ(Select(folder / "copy/dat.zdb", "SELECT CompName FROM Company"), "First\n");
+  EXPECT_EQ(Select(folder / "copy/data/orv2/dat.zdb", "SELECT CompName FROM Company"), "Second\n");
+  const auto check = RunSuitefiles({"check", folder / "copy"});
+  EXPECT_EQ(check.out, "10 files, nothing wrong.\n");
+}
+
+// Where the target can't hold open data files, nothing but finished files is written to it.
+TEST(Backup, GoesThroughALocalFolder) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(RunSuitefiles({"demo", folder / "a", "--company", "1", "--customers", "300"}).status, 0);
+  MakeLinks(folder / "a/data/orv1");
+  StoreFullPaths(folder / "a/data/orv1");
+  fs::create_directories(folder / "local");
+  EXPECT_EQ(RunSuitefiles({"backup", folder / "a", folder / "copy", "--through", folder / "none"}).status, 1);
+  const auto outcome = RunSuitefiles({"backup", folder / "a", folder / "copy", "--through", folder / "local"});
+  ASSERT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_TRUE(fs::is_empty(folder / "local"));
+  EXPECT_EQ(LinkOf(folder / "copy/data/orv1/customer.zdb", "Departments"), folder / "copy/data/orv1/GL.zdb");
+  EXPECT_EQ(RunSuitefiles({"check", folder / "copy"}).status, 0);
+  EXPECT_EQ(Select(folder / "copy/data/orv1/customer.zdb", "Customers"), Select(folder / "a/data/orv1/customer.zdb", "Customers"));
 }
 
 TEST(Backup, WritesOverNothing) {

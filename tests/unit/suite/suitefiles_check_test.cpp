@@ -137,6 +137,18 @@ TEST_F(Check, FollowsTheSettingsFile) {
   EXPECT_EQ(RunSuitefiles({"check", folder.Path()}).status, 0);
 }
 
+TEST_F(Check, FindsTheDatFileByTheSettings) {
+  fs::create_directories(folder / "elsewhere");
+  fs::rename(folder / "dat.zdb", folder / "elsewhere/dat.zdb");
+  EXPECT_EQ(RunSuitefiles({"check", folder.Path()}).status, 1);
+  folder.Write("orv1.ini", "[Databases]\ndat.zdb Path=" + folder / "elsewhere/dat.zdb\n");
+  const auto outcome = RunSuitefiles({"check", folder.Path()});
+  EXPECT_EQ(outcome.status, 0) << outcome.out;
+  EXPECT_EQ(outcome.out, "5 files, nothing wrong.\n");
+  Execute(folder / "elsewhere/dat.zdb", "DELETE FROM Company");
+  ExpectFinding("It has no row in " + folder / "elsewhere/dat.zdb.");
+}
+
 TEST_F(Check, AFolderWithoutData) {
   const TemporaryFolder empty;
   const auto outcome = RunSuitefiles({"check", empty.Path()});

@@ -12,11 +12,11 @@ TEST(Suitefiles, HelpAndVersion) {
   for (const std::vector<std::string>& words : {std::vector<std::string>{"--help"}, {"help"}, {"-h"}}) {
     const auto outcome = RunSuitefiles(words);
     EXPECT_EQ(outcome.status, 0);
-    for (const char* command : {"create", "demo", "temp", "check", "backup", "sql"}) {
+    for (const char* command : {"create", "demo", "temp", "check", "backup", "relink", "sql"}) {
       EXPECT_NE(outcome.out.find(std::string("suitefiles ") + command), std::string::npos) << command;
     }
   }
-  for (const char* command : {"create", "demo", "temp", "check", "backup", "sql"}) {
+  for (const char* command : {"create", "demo", "temp", "check", "backup", "relink", "sql"}) {
     EXPECT_EQ(RunSuitefiles({command, "--help"}).status, 0);
     EXPECT_TRUE(RunSuitefiles({"help", command}).out.starts_with(std::string("suitefiles ") + command));
   }
@@ -36,6 +36,7 @@ TEST(Suitefiles, WrongWordsAreRefused) {
                                                 {"demo", "x", "--company", "1"},
                                                 {"sql", "x"},
                                                 {"help", "what"},
+                                                {"relink"},
                                                 {"backup", "x"}}) {
     const auto outcome = RunSuitefiles(words);
     EXPECT_EQ(outcome.status, 2) << (words.empty() ? "" : words[0]);
@@ -118,6 +119,42 @@ TEST(Create, KeepsARowOfTheCompanyThatIsThere) {
   EXPECT_EQ(outcome.status, 0);
   EXPECT_NE(outcome.out.find("unchanged"), std::string::npos);
   EXPECT_EQ(Select(folder / "dat.zdb", "SELECT CompName FROM Company"), "First\n");
+}
+
+// Where programs will look for them, dat.zdb too.
+TEST(Create, FollowsTheSettingsFile) {
+  const TemporaryFolder folder;
+  folder.Write("a/orv3.ini", "[Databases]\nGL.zdb Path=" + folder / "books/ledger.zdb\nDefault Path=" + folder / "books/\n");
+  folder.Write("books/notes.txt", "kept");
+  const auto outcome = RunSuitefiles({"create", folder / "a", "--company", "3", "--name", "Third"});
+  ASSERT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out, "Company 3 made in " + folder / "books/customer.zdb.\n");
+  EXPECT_EQ(Select(folder / "books/dat.zdb", "SELECT CompID, CompName FROM Company"), "3\tThird\n");
+  for (const char* file : {"customer.zdb", "artrans.zdb", "ledger.zdb", "flatrate.zdb"}) EXPECT_TRUE(fs::exists(folder / "books/" + file));
+  EXPECT_FALSE(fs::exists(folder / "a/data")) << "nothing in the usual place";
+  EXPECT_FALSE(fs::exists(folder / "a/dat.zdb"));
+  const auto check = RunSuitefiles({"check", folder / "a"});
+  EXPECT_EQ(check.status, 0) << check.out;
+  std::size_t entries = 0;
+  for (const auto& entry : fs::directory_iterator(folder / "books")) entries += entry.exists() ? 1U : 0U;
+  EXPECT_EQ(entries, 6U) << "five files and the notes, nothing unfinished";
+
+  EXPECT_EQ(RunSuitefiles({"create", folder / "a", "--company", "3"}).status, 1);
+  const auto demo = RunSuitefiles({"demo", folder / "a", "--company", "3", "--customers", "20"});
+  EXPECT_EQ(demo.status, 0) << demo.err;
+  EXPECT_EQ(Select(folder / "books/dat.zdb", "SELECT PayTerms FROM AR"), "4\n");
+}
+
+TEST(Create, APlaceThatIsTakenStopsItAndNothingStays) {
+  const TemporaryFolder folder;
+  folder.Write("a/orv3.ini", "[Databases]\nDefault Path=" + folder / "books/\n");
+  folder.Write("books/flatrate.zdb", "mine");
+  const auto outcome = RunSuitefiles({"create", folder / "a", "--company", "3"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.err.find(folder / "books/flatrate.zdb already exists"), std::string::npos) << outcome.err;
+  std::size_t entries = 0;
+  for (const auto& entry : fs::directory_iterator(folder / "books")) entries += entry.exists() ? 1U : 0U;
+  EXPECT_EQ(entries, 1U);
 }
 
 TEST(Create, AForeignDatFileStopsItAndNothingStays) {

@@ -1,8 +1,10 @@
 #include "engine/data_file.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 
 #include "engine/errors.h"
@@ -29,13 +31,41 @@ void RequireNewPath(const std::string& path) {
   if (LiesOnNetwork(FolderOf(path))) throw OnNetwork(path);
 }
 
+/// A file that is being made, beside its later place and under a name that no other program uses. What is not moved into place is
+/// deleted.
+class UnfinishedFile {
+ public:
+  explicit UnfinishedFile(const std::string& place) {
+    for (int n = 0;; ++n) {
+      path_ = place + ".new-" + std::to_string(::getpid()) + "-" + std::to_string(n);
+      const int file = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+      if (file >= 0) {
+        ::close(file);
+        return;
+      }
+      if (errno == EEXIST) continue;
+      if (errno == ENOSPC || errno == EIO || errno == EDQUOT) throw errors::DiskOrNetwork();
+      throw errors::OpenedExclusively(place);
+    }
+  }
+  ~UnfinishedFile() {
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) std::remove((path_ + suffix).c_str());
+  }
+  UnfinishedFile(const UnfinishedFile&) = delete;
+  UnfinishedFile& operator=(const UnfinishedFile&) = delete;
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
 // The empty file, with the journal kind that it then keeps for ever.
-void MakeEmptyStore(const std::string& path) {
+void MakeEmptyStore(const std::string& path, const std::string& asked) {
   sqlite3* db = nullptr;
   int code = sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
   if (code == SQLITE_OK) code = sqlite3_exec(db, "PRAGMA page_size=4096; PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
   sqlite3_close(db);
-  if (code == SQLITE_CANTOPEN || code == SQLITE_READONLY) throw errors::OpenedExclusively(path);
+  if (code == SQLITE_CANTOPEN || code == SQLITE_READONLY) throw errors::OpenedExclusively(asked);
   if (code != SQLITE_OK) throw errors::DiskOrNetwork();
 }
 
@@ -56,19 +86,31 @@ void WriteTables(Connection& connection, std::span<const platform::TableDefiniti
 
 }  // namespace
 
+bool MoveIntoPlace(const std::string& from, const std::string& to) {
+  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
+  if (errno == EEXIST) return false;
+  // File systems that can't rename so.
+  if (::link(from.c_str(), to.c_str()) == 0) {
+    ::unlink(from.c_str());
+    return true;
+  }
+  if (errno == EEXIST || ::access(to.c_str(), F_OK) == 0) return false;
+  if (std::rename(from.c_str(), to.c_str()) != 0) throw errors::DiskOrNetwork();
+  return true;
+}
+
 void CreateDataFile(const std::string& path, std::span<const platform::TableDefinition> tables, bool workFile) {
   RequireNewPath(path);
-  try {
-    MakeEmptyStore(path);
+  const UnfinishedFile file(path);
+  MakeEmptyStore(file.Path(), path);
+  {
     Connection connection(lockWait);
     connection.NameFile(1, path);
-    connection.Execute("ATTACH " + QuoteText(path) + " AS \"f1\"");
+    connection.Execute("ATTACH " + QuoteText(file.Path()) + " AS \"f1\"");
     connection.Execute(std::string("PRAGMA \"f1\".synchronous=") + (workFile ? "OFF" : "FULL"));
     WriteTables(connection, tables, workFile);
-  } catch (...) {
-    for (const char* suffix : {"", "-wal", "-shm"}) std::remove((path + suffix).c_str());
-    throw;
   }
+  if (!MoveIntoPlace(file.Path(), path)) throw FileExistsAlready(path);
 }
 
 void BackupDataFile(const std::string& from, const std::string& to, const std::function<void(int, int)>& progress) {

@@ -17,7 +17,7 @@ namespace engine {
 /// A link as a file stores it.
 struct StoredLink {
   std::string name;
-  std::string path;    ///< as the link's maker wrote it
+  std::string path;    ///< as links.h says
   std::string source;  ///< table in the other file
 };
 

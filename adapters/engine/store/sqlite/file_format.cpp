@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/vfs.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -88,6 +89,17 @@ platform::Error OnNetwork(const std::string& path) {
   return {3043, errors::DiskOrNetwork().Description() + "  '" + path +
                     "' lies on a network file system, where several users can't share it safely.  Keep data files on a local "
                     "disk, or use the server store."};
+}
+
+platform::Error CantBeReadAlone(const std::string& path) {
+  return {3051, errors::OpenedExclusively(path).Description() +
+                    "  You may not write in its folder, so it can be read only while somebody who may has it open.  Ask for the right "
+                    "to write there, or work with a copy."};
+}
+
+bool MayWriteBeside(const std::string& path) {
+  const auto slash = path.rfind('/');
+  return ::eaccess(slash == std::string::npos ? "." : path.substr(0, slash + 1).c_str(), W_OK) == 0;
 }
 
 bool LiesOnNetwork(const std::string& path) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "engine/data_file.h"
 #include "platform/error.h"
 
 /// What a data file is before the store opens it, and the errors that say why it can't be used.
@@ -15,9 +16,8 @@ inline constexpr int fileFormat = 1;
 platform::Error NewerFormat(const std::string& path);        ///< 3343, made by a newer version
 platform::Error FileExistsAlready(const std::string& path);  ///< 3204
 platform::Error OnNetwork(const std::string& path);          ///< 3043, a file that may only lie on a local disk
+platform::Error CantBeReadAlone(const std::string& path);    ///< 3051, for want of the right to write beside the file
 
-/// Whether a file lies on a file system that other machines share.
-bool LiesOnNetwork(const std::string& path);
 using NetworkTest = std::function<bool(const std::string& path)>;
 
 /// The path that names a file in one way only (links followed). Raises 3044 for a malformed path or a missing folder,
@@ -26,6 +26,9 @@ std::string CanonicalPath(std::string_view path, const std::string& asked);
 
 /// Whether the store's log with writes lies beside the file.
 bool HasLog(const std::string& path);
+
+/// Whether this process may make files beside it.
+bool MayWriteBeside(const std::string& path);
 
 /// Looks at a file's first page: 3343 for an empty file, one of another format, or one that must be imported first; 3049 for a
 /// truncated or damaged one; 3051 when it may not be read. The errors name the file by `asked`.

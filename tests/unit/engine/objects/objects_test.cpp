@@ -188,6 +188,62 @@ TEST_F(Objects, LinksThatCannotBeMade) {
   EXPECT_EQ(LinkError("Departments", ledger, "Departments"), 3012);
 }
 
+TEST_F(Objects, ALinkInItsFilesFolderIsReadUnderEachNameOfTheFolder) {
+  Link();
+  std::filesystem::create_directory_symlink(folder_, Path("other"));
+  auto seen = engine_->OpenControlDatabase(Path("other/office.zdb"));
+  const TableDef link = seen->TableDefAt(seen->TableDefCount() - 1);
+  EXPECT_EQ(link.Name, "Departments");
+  EXPECT_EQ(link.Connect, ";DATABASE=" + Path("other/ledger.zdb"));
+  EXPECT_EQ(db_->TableDefAt(db_->TableDefCount() - 1).Connect, ";DATABASE=" + Path("ledger.zdb"));
+}
+
+TEST_F(Objects, ACopiedFolderReadsItsOwnFiles) {
+  Link();
+  db_->Execute("INSERT INTO Departments (DeptNumber) VALUES ('001')");
+  std::filesystem::create_directory(Path("copy"));
+  for (const char* file : {"office.zdb", "ledger.zdb"}) engine::BackupDataFile(Path(file), Path(std::string("copy/") + file));
+  db_->Execute("UPDATE Departments SET DeptName = 'live'");
+  const auto engine = NewEngine();
+  auto copy = engine->OpenControlDatabase(Path("copy/office.zdb"));
+  EXPECT_TRUE(copy->OpenRecordset("SELECT DeptName FROM Departments")->Field(0).IsNull());
+  copy->Execute("DELETE * FROM Departments");
+  EXPECT_EQ(db_->OpenRecordset("SELECT DeptName FROM Departments")->Field(0), "live");
+}
+
+TEST_F(Objects, ALinkToAnotherFolderKeepsItsPath) {
+  std::filesystem::create_directory(Path("books"));
+  std::filesystem::copy_file(Path("ledger.zdb"), Path("books/ledger.zdb"));
+  db_->AppendTableDef(TableDef{"Departments", ";DATABASE=" + Path("books/ledger.zdb"), "Departments"});
+  std::filesystem::create_directory_symlink(folder_, Path("other"));
+  auto seen = engine_->OpenControlDatabase(Path("other/office.zdb"));
+  EXPECT_EQ(seen->TableDefAt(seen->TableDefCount() - 1).Connect, ";DATABASE=" + Path("books/ledger.zdb"));
+}
+
+// Two programs that start at the same moment both find no link.
+TEST_F(Objects, ALinkThatAnotherProgramHasJustMadeIsMade) {
+  const auto other = NewEngine();
+  auto its = other->OpenControlDatabase(Path("office.zdb"));
+  const int tables = db_->TableDefCount();
+  EXPECT_EQ(its->TableDefCount(), tables);
+  const TableDef link{"Departments", ";DATABASE=" + Path("ledger.zdb"), "Departments"};
+  its->AppendTableDef(link);
+  EXPECT_EQ(ErrorOf([&] { db_->AppendTableDef(link); }), 0);
+  EXPECT_EQ(db_->TableDefCount(), tables + 1);
+  EXPECT_EQ(ErrorOf([&] { db_->AppendTableDef(link); }), 3012) << "it was there when the tables were looked through";
+  EXPECT_EQ(ErrorOf([&] { its->AppendTableDef(link); }), 3012) << "it is its own";
+}
+
+TEST_F(Objects, ALinkThatAnotherProgramHasJustMadeElsewhereIsAnother) {
+  std::filesystem::create_directory(Path("books"));
+  std::filesystem::copy_file(Path("ledger.zdb"), Path("books/ledger.zdb"));
+  const auto other = NewEngine();
+  auto its = other->OpenControlDatabase(Path("office.zdb"));
+  db_->TableDefCount();
+  its->AppendTableDef(TableDef{"Departments", ";DATABASE=" + Path("books/ledger.zdb"), "Departments"});
+  EXPECT_EQ(LinkError("Departments", ";DATABASE=" + Path("ledger.zdb"), "Departments"), 3012);
+}
+
 TEST_F(Objects, ALinkReadsAndWritesTheOtherFile) {
   Link("Dept");
   auto elsewhere = engine_->OpenControlDatabase(Path("ledger.zdb"));

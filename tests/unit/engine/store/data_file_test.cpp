@@ -1,8 +1,13 @@
 #include "engine/data_file.h"
 
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <fstream>
+#include <stdexcept>
 
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/data_files.h"
@@ -202,30 +207,100 @@ TEST_F(DataFileTest, KindDecidesHowWritesReachTheDisk) {
   EXPECT_EQ(connection.AskText("PRAGMA " + first->Alias() + ".journal_mode"), "wal");
 }
 
-TEST_F(DataFileTest, UnwritableFileOpensForReading) {
+/// While it lives, this process is somebody who may not write to a file and its folder.
+class WithoutWriteRights {
+ public:
+  WithoutWriteRights(const std::string& file, const std::string& folder) : file_(file), folder_(folder), root_(::geteuid() == 0) {
+    ::chmod(file_.c_str(), 0444);
+    ::chmod(folder_.c_str(), 0555);
+    if (root_ && ::seteuid(65534) != 0) throw std::runtime_error("the user can't be changed");
+  }
+  ~WithoutWriteRights() {
+    if (root_ && ::seteuid(0) != 0) std::abort();
+    ::chmod(folder_.c_str(), 0755);
+    ::chmod(file_.c_str(), 0644);
+  }
+  WithoutWriteRights(const WithoutWriteRights&) = delete;
+  WithoutWriteRights& operator=(const WithoutWriteRights&) = delete;
+
+ private:
+  std::string file_;
+  std::string folder_;
+  bool root_;
+};
+
+TEST_F(DataFileTest, AReaderWithoutWriteRightsSeesWhatOthersCommit) {
   const std::string path = Make();
-  ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
-  ASSERT_EQ(::chmod(folder_.c_str(), 0555), 0);
-  const bool root = ::geteuid() == 0;
-  if (root) {
-    ASSERT_EQ(::seteuid(65534), 0);
+  Connection writer(100);
+  DataFiles writersFiles(writer, noNetwork);
+  const auto written = writersFiles.Open(path);
+  const std::string insert = "INSERT INTO \"" + written->Alias() + "\".Codes (Code) VALUES ";
+  writer.Execute(insert + "('A')");
+  for (const char* side : {"-wal", "-shm"}) ::chmod((path + side).c_str(), 0444);
+
+  auto rights = std::make_unique<WithoutWriteRights>(path, folder_);
+  Connection connection(100);
+  DataFiles files(connection, noNetwork);
+  const auto file = files.Open(path);
+  const std::string count = "SELECT count(*) FROM " + file->Alias() + ".Codes";
+  EXPECT_TRUE(file->ReadOnly());
+  EXPECT_EQ(connection.AskNumber(count), 1);
+  const std::int64_t version = file->OthersVersion();
+  rights.reset();
+  writer.Execute(insert + "('B')");
+  EXPECT_EQ(connection.AskNumber(count), 2);
+  EXPECT_NE(file->OthersVersion(), version);
+}
+
+// Without the store's side files nothing would tell such a reader of others' writes.
+TEST_F(DataFileTest, AReaderWithoutWriteRightsNeverReadsAlone) {
+  const std::string path = Make();
+  int error = 0;
+  std::string text;
+  {
+    const WithoutWriteRights rights(path, folder_);
+    error = OpenError(path);
+    text = OpenDescription(path);
   }
-  bool readOnly = false;
-  std::int64_t people = -1;
-  const int error = ErrorOf([&] {
-    Connection connection(100);
-    DataFiles files(connection, noNetwork);
-    const auto file = files.Open(path);
-    readOnly = file->ReadOnly();
-    people = connection.AskNumber("SELECT count(*) FROM " + file->Alias() + ".People").value_or(-1);
-  });
-  if (root) {
-    ASSERT_EQ(::seteuid(0), 0);
+  EXPECT_EQ(error, 3051);
+  EXPECT_THAT(text, testing::HasSubstr("may not write in its folder"));
+  EXPECT_EQ(OpenError(path), 0);
+}
+
+// What can be seen under the name is the whole file, whoever makes it and whenever one looks.
+TEST_F(DataFileTest, OfSeveralMakersOneMakesTheFile) {
+  constexpr int kRounds = 12;
+  constexpr int kMakers = 4;
+  for (int round = 0; round < kRounds; ++round) {
+    const std::string path = Path("race" + std::to_string(round) + ".zdb");
+    int start[2];
+    ASSERT_EQ(::pipe(start), 0);
+    std::vector<pid_t> makers;
+    for (int i = 0; i < kMakers; ++i) {
+      makers.push_back(::fork());
+      ASSERT_GE(makers.back(), 0);
+      if (makers.back() != 0) continue;
+      ::close(start[1]);
+      char none = 0;
+      (void)!::read(start[0], &none, 1);
+      const std::vector<TableDefinition> tables{People(), Codes()};
+      const int made = ErrorOf([&] { CreateDataFile(path, tables, false); });
+      const int opened = OpenError(path);
+      ::_exit(opened != 0 ? 2 : made == 0 ? 0 : made == 3204 ? 1 : 3);
+    }
+    ::close(start[0]);
+    ::close(start[1]);
+    std::vector<int> ends;
+    for (const pid_t maker : makers) {
+      int status = 0;
+      ::waitpid(maker, &status, 0);
+      ends.push_back(WEXITSTATUS(status));
+    }
+    std::ranges::sort(ends);
+    ASSERT_EQ(ends, (std::vector<int>{0, 1, 1, 1})) << "0 made, 1 was there, 2 could not be opened, 3 failed";
+    EXPECT_THAT(CheckDataFile(path, std::vector<TableDefinition>{People(), Codes()}), testing::IsEmpty());
   }
-  ::chmod(folder_.c_str(), 0755);
-  EXPECT_EQ(error, 0);
-  EXPECT_TRUE(readOnly);
-  EXPECT_EQ(people, 0);
+  for (const auto& entry : std::filesystem::directory_iterator(folder_)) EXPECT_EQ(entry.path().extension(), ".zdb") << entry.path();
 }
 
 TEST_F(DataFileTest, BulkRowsKeepTheirValues) {

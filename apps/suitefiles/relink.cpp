@@ -1,0 +1,35 @@
+#include <filesystem>
+#include <iostream>
+
+#include "suitefiles/command_line.h"
+#include "suitefiles/commands.h"
+#include "suitefiles/company_files.h"
+#include "suitefiles/company_links.h"
+
+namespace suitefiles {
+
+int RunRelink(const std::vector<std::string>& words, const Console& console) {
+  const CommandLine line(words, {{"--company", true}});
+  line.ExpectOperands({"DIR"});
+  const auto only = line.Number("--company", 1, 2147483647);
+  const DataFolder folder(line.Operands()[0]);
+  const auto companies = only ? std::vector{static_cast<int>(*only)} : folder.Companies();
+
+  int status = kDone;
+  for (const int company : companies) {
+    const std::string customer = folder.File(company, suite::DataFile::Customer);
+    const std::string name = "company " + std::to_string(company);
+    if (!std::filesystem::exists(customer)) {
+      console.err << "suitefiles: " << name << " has no " << customer << "\n";
+      status = kFailed;
+      continue;
+    }
+    const auto left = PointCompanyLinks(
+        customer, [&](suite::DataFile file) { return folder.File(company, file); }, [](const std::string&) { return std::string(); });
+    console.out << name << ": the links of " << customer << " lead to its own files.\n";
+    for (const std::string& sentence : left) console.out << name << ": " << sentence << ".\n";
+  }
+  return status;
+}
+
+}  // namespace suitefiles

@@ -1,0 +1,88 @@
+#include "suitefiles/staging.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "engine/data_file.h"
+#include "suitefiles/command_line.h"
+#include "suitefiles/copying.h"
+
+namespace suitefiles {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool LiesAsUsual(const DataFolder& folder, int company) {
+  return std::ranges::all_of(suite::kCompanyFiles, [&](suite::DataFile file) {
+    return fs::path(folder.File(company, file)) == fs::path(folder.CompanyFolder(company)) / suite::FileName(file);
+  });
+}
+
+/// Within a file system a file takes its name at once; from another one it comes as a copy first.
+bool MoveFile(const std::string& from, const std::string& to) {
+  std::error_code problem;
+  fs::create_directories(fs::path(to).parent_path(), problem);
+  const fs::path beside = to + ".coming-" + std::to_string(::getpid());
+  fs::rename(from, beside, problem);
+  if (problem) CopyFile(from, beside.string());
+  const bool moved = engine::MoveIntoPlace(beside.string(), to);
+  if (!moved) fs::remove(beside, problem);
+  return moved;
+}
+
+}  // namespace
+
+StagingFolder::StagingFolder(fs::path target) : target_(std::move(target)) {
+  path_ = target_;
+  path_ += ".unfinished-" + std::to_string(::getpid());
+  std::error_code problem;
+  fs::create_directories(target_.parent_path(), problem);
+  if (!fs::create_directory(path_, problem)) throw CommandError(path_.string() + " can't be made: " + problem.message());
+}
+
+StagingFolder::~StagingFolder() {
+  std::error_code ignored;
+  if (!path_.empty()) fs::remove_all(path_, ignored);
+}
+
+void StagingFolder::MoveToTarget() {
+  if (IsTaken(target_)) throw CommandError(target_.string() + " already exists");
+  std::error_code problem;
+  fs::rename(path_, target_, problem);  // fails when something was put there meanwhile
+  if (problem) throw CommandError(target_.string() + " can't be made: " + problem.message());
+  path_.clear();
+}
+
+NewCompanyFiles::NewCompanyFiles(const DataFolder& folder, int company)
+    : place_(LiesAsUsual(folder, company) ? folder.CompanyFolder(company) : folder.File(company, suite::DataFile::Customer)),
+      staging_(place_) {
+  const auto refuse = [](const std::string& place) { throw CommandError(place + " already exists; nothing was changed"); };
+  if (place_ == folder.CompanyFolder(company)) {
+    if (IsTaken(place_)) refuse(place_);
+    return;
+  }
+  // The customer file, which makes the company, comes last.
+  for (const auto file : suite::kCompanyFiles) moves_.insert(moves_.begin(), {suite::FileName(file), folder.File(company, file)});
+  for (const Move& move : moves_) {
+    if (fs::exists(fs::symlink_status(move.place))) refuse(move.place);
+  }
+}
+
+void NewCompanyFiles::MoveIntoPlace() {
+  if (moves_.empty()) return staging_.MoveToTarget();
+  std::vector<std::string> done;
+  try {
+    for (const Move& move : moves_) {
+      if (!MoveFile(staging_.Path() + "/" + move.name, move.place)) throw CommandError(move.place + " already exists");
+      done.push_back(move.place);
+    }
+  } catch (...) {
+    std::error_code ignored;
+    for (const std::string& place : done) fs::remove(place, ignored);
+    throw;
+  }
+}
+
+}  // namespace suitefiles

@@ -221,19 +221,29 @@ void DataFiles::MakeRoom(const std::vector<DataFile*>& needed) {
 }
 
 void DataFiles::AttachStatement(const std::string& path, const std::string& alias, const std::string& asked) {
-  try {
-    connection_.Execute("ATTACH " + QuoteText(FileUri(path, "?mode=rw")) + " AS " + QuoteName(alias));
+  const auto attach = [&](std::string_view way) {
+    connection_.Execute("ATTACH " + QuoteText(FileUri(path, way)) + " AS " + QuoteName(alias));
     connection_.AskNumber("SELECT count(*) FROM " + QuoteName(alias) + ".sqlite_schema");
+  };
+  try {
+    attach("?mode=rw");
   } catch (const platform::Error& error) {
     Abandon(alias);
     // A statement on a file that is not attached yet can't name it.
     if (error.Number() == 3218 || error.Number() == 3045) throw errors::FileInUse(asked);
     if (error.Number() == 3049) throw errors::NotADatabase(asked);
     if (error.Number() != 3051 && error.Number() != 3027) throw;
+    if (MayWriteBeside(path)) throw errors::OpenedExclusively(asked);
     // Who may not write reads along while the store's side files are there. Alone he has none and can't make them, and reading
-    // without them would show the file as it once was, or torn, as soon as somebody else writes.
-    if (!MayWriteBeside(path)) throw CantBeReadAlone(asked);
-    throw errors::OpenedExclusively(asked);
+    // without them would show the file as it once was, or torn, as soon as somebody else writes. So only a file that nobody writes
+    // is read in that way.
+    if (!NobodyMayWrite(path) || HasLog(path)) throw CantBeReadAlone(asked);
+    try {
+      attach("?mode=ro&immutable=1");
+    } catch (const platform::Error&) {
+      Abandon(alias);
+      throw errors::OpenedExclusively(asked);
+    }
   }
 }
 

@@ -97,6 +97,11 @@ platform::Error CantBeReadAlone(const std::string& path) {
                     "to write there, or work with a copy."};
 }
 
+bool NobodyMayWrite(const std::string& path) {
+  struct stat state {};
+  return ::stat(path.c_str(), &state) == 0 && (state.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
+}
+
 bool MayWriteBeside(const std::string& path) {
   const auto slash = path.rfind('/');
   return ::eaccess(slash == std::string::npos ? "." : path.substr(0, slash + 1).c_str(), W_OK) == 0;

@@ -27,6 +27,8 @@ std::string CanonicalPath(std::string_view path, const std::string& asked);
 /// Whether the store's log with writes lies beside the file.
 bool HasLog(const std::string& path);
 
+/// Whether the file has no right to write for anybody, so that it stays as it is.
+bool NobodyMayWrite(const std::string& path);
 /// Whether this process may make files beside it.
 bool MayWriteBeside(const std::string& path);
 

@@ -1,5 +1,6 @@
 #include "engine/data_file.h"
 
+#include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -210,8 +211,10 @@ TEST_F(DataFileTest, KindDecidesHowWritesReachTheDisk) {
 /// While it lives, this process is somebody who may not write to a file and its folder.
 class WithoutWriteRights {
  public:
-  WithoutWriteRights(const std::string& file, const std::string& folder) : file_(file), folder_(folder), root_(::geteuid() == 0) {
-    ::chmod(file_.c_str(), 0444);
+  /// `mode`: the file's rights.
+  WithoutWriteRights(const std::string& file, const std::string& folder, mode_t mode)
+      : file_(file), folder_(folder), root_(::geteuid() == 0) {
+    ::chmod(file_.c_str(), mode);
     ::chmod(folder_.c_str(), 0555);
     if (root_ && ::seteuid(65534) != 0) throw std::runtime_error("the user can't be changed");
   }
@@ -229,27 +232,72 @@ class WithoutWriteRights {
   bool root_;
 };
 
+// The reader is a process of its own, since within one the files are shared. It answers each question with what it sees.
 TEST_F(DataFileTest, AReaderWithoutWriteRightsSeesWhatOthersCommit) {
   const std::string path = Make();
-  Connection writer(100);
-  DataFiles writersFiles(writer, noNetwork);
-  const auto written = writersFiles.Open(path);
-  const std::string insert = "INSERT INTO \"" + written->Alias() + "\".Codes (Code) VALUES ";
-  writer.Execute(insert + "('A')");
-  for (const char* side : {"-wal", "-shm"}) ::chmod((path + side).c_str(), 0444);
+  int asked[2];
+  int answered[2];
+  ASSERT_EQ(::pipe(asked) + ::pipe(answered), 0);
+  const pid_t reader = ::fork();
+  ASSERT_GE(reader, 0);
+  if (reader == 0) {
+    const auto isAsked = [&] {
+      char question = 0;
+      return ::read(asked[0], &question, 1) == 1;
+    };
+    const auto tell = [&](std::int64_t seen) { return ::write(answered[1], &seen, sizeof seen) == sizeof seen; };
+    if (!isAsked() || (::geteuid() == 0 && ::seteuid(65534) != 0)) ::_exit(1);
+    try {
+      Connection connection(100);
+      DataFiles files(connection, noNetwork);
+      const auto file = files.Open(path);
+      do {
+        if (!tell(connection.AskNumber("SELECT count(*) FROM " + file->Alias() + ".Codes").value_or(-1)) || !tell(file->OthersVersion()) ||
+            !tell(file->ReadOnly() ? 1 : 0))
+          break;
+      } while (isAsked());
+    } catch (const platform::Error& error) {
+      tell(-error.Number());
+    }
+    ::_exit(0);
+  }
+  const auto answer = [&] {
+    std::int64_t seen = -1;
+    return ::read(answered[0], &seen, sizeof seen) == sizeof seen ? seen : std::int64_t{-1};
+  };
 
-  auto rights = std::make_unique<WithoutWriteRights>(path, folder_);
-  Connection connection(100);
-  DataFiles files(connection, noNetwork);
+  std::int64_t version = 0;
+  {
+    Connection writer(100);
+    DataFiles files(writer, noNetwork);
+    const auto file = files.Open(path);
+    const std::string insert = "INSERT INTO \"" + file->Alias() + "\".Codes (Code) VALUES ";
+    writer.Execute(insert + "('A')");
+    for (const char* end : {"", "-wal", "-shm"}) ::chmod((path + end).c_str(), 0444);
+    ::chmod(folder_.c_str(), 0555);
+
+    ASSERT_EQ(::write(asked[1], "?", 1), 1);
+    EXPECT_EQ(answer(), 1);
+    version = answer();
+    EXPECT_EQ(answer(), 1) << "for reading only";
+    writer.Execute(insert + "('B')");
+    ASSERT_EQ(::write(asked[1], "?", 1), 1);
+    EXPECT_EQ(answer(), 2);
+    EXPECT_NE(answer(), version);
+    answer();
+  }
+  // The writer has gone, and another one comes.
+  Connection writer(100);
+  DataFiles files(writer, noNetwork);
+  ::chmod(folder_.c_str(), 0755);
+  for (const char* end : {"", "-wal", "-shm"}) ::chmod((path + end).c_str(), 0644);
   const auto file = files.Open(path);
-  const std::string count = "SELECT count(*) FROM " + file->Alias() + ".Codes";
-  EXPECT_TRUE(file->ReadOnly());
-  EXPECT_EQ(connection.AskNumber(count), 1);
-  const std::int64_t version = file->OthersVersion();
-  rights.reset();
-  writer.Execute(insert + "('B')");
-  EXPECT_EQ(connection.AskNumber(count), 2);
-  EXPECT_NE(file->OthersVersion(), version);
+  writer.Execute("INSERT INTO \"" + file->Alias() + "\".Codes (Code) VALUES ('C')");
+  EXPECT_EQ(::write(asked[1], "?", 1), 1);
+  EXPECT_EQ(answer(), 3);
+  ::close(asked[1]);
+  ::kill(reader, SIGKILL);
+  ::waitpid(reader, nullptr, 0);
 }
 
 // Without the store's side files nothing would tell such a reader of others' writes.
@@ -258,13 +306,33 @@ TEST_F(DataFileTest, AReaderWithoutWriteRightsNeverReadsAlone) {
   int error = 0;
   std::string text;
   {
-    const WithoutWriteRights rights(path, folder_);
+    const WithoutWriteRights rights(path, folder_, 0644);
     error = OpenError(path);
     text = OpenDescription(path);
   }
   EXPECT_EQ(error, 3051);
   EXPECT_THAT(text, testing::HasSubstr("may not write in its folder"));
   EXPECT_EQ(OpenError(path), 0);
+}
+
+TEST_F(DataFileTest, AFileThatNobodyMayWriteIsReadAlone) {
+  const std::string path = Make();
+  bool readOnly = false;
+  std::int64_t people = -1;
+  int error = 0;
+  {
+    const WithoutWriteRights rights(path, folder_, 0444);
+    error = ErrorOf([&] {
+      Connection connection(100);
+      DataFiles files(connection, noNetwork);
+      const auto file = files.Open(path);
+      readOnly = file->ReadOnly();
+      people = connection.AskNumber("SELECT count(*) FROM " + file->Alias() + ".People").value_or(-1);
+    });
+  }
+  EXPECT_EQ(error, 0);
+  EXPECT_TRUE(readOnly);
+  EXPECT_EQ(people, 0);
 }
 
 // What can be seen under the name is the whole file, whoever makes it and whenever one looks.

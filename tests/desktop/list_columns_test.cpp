@@ -101,7 +101,7 @@ TEST_F(Columns, ResetGivesTheDesignBack) {
   const int width = List().Columns().Width(column::Name);
   List().ColumnResized(column::Name, 333);
   hands->MoveColumn(screen->grid, column::Born, 1);
-  const bool found = Choose([this] { List().HeadMenu(window->mapToGlobal(QPoint(50, 50))); }, "&Reset columns");
+  const bool found = Choose([this] { List().HeadMenu(window->mapToGlobal(QPoint(50, 50))); }, "Reset Columns");
   EXPECT_TRUE(found);
   EXPECT_EQ(List().Columns().Width(column::Name), width);
   EXPECT_EQ(List().Columns().PlaceOf(column::Born), 3);

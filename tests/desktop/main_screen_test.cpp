@@ -89,6 +89,28 @@ TEST_F(MainScreen, ListsKnowTheirSearchBoxesAndMarks) {
   EXPECT_EQ(window->findChild<desktop::ListView*>("grid_0")->property("fixedColumns").toInt(), 3);
 }
 
+TEST_F(MainScreen, AHeadingsMenuOrdersBothWays) {
+  constexpr int kCity = 6;
+  screen->grid[0].UserSort(kCity, true);
+  EXPECT_EQ(screen->fraOrder[0].Tag(), "City");
+  EXPECT_TRUE(screen->optOrder0[1].Value());
+  EXPECT_EQ(screen->optOrder0[1].Caption(), "Descending City");
+  screen->grid[0].UserSort(kCity, false);
+  EXPECT_TRUE(screen->optOrder0[0].Value());
+  EXPECT_FALSE(screen->optOrder0[1].Value());
+  screen->grdTaxBasis.UserSort(1, true);
+  EXPECT_EQ(screen->grdTaxBasis.Tag(), "Description") << "a list that knows one direction";
+}
+
+TEST_F(MainScreen, OfACardNumberTheLastDigitsAloneLeaveTheList) {
+  for (int tab = 0; tab < 7; ++tab)
+    for (int column = 0; column < screen->grid[static_cast<std::size_t>(tab)].ColumnCount(); ++column) {
+      const auto& design = screen->grid[static_cast<std::size_t>(tab)].Column(column);
+      EXPECT_EQ(design.lastFour, design.dataField == "CCNumber") << design.caption;
+      EXPECT_EQ(design.percent, design.caption.find('%') != std::string::npos) << design.caption;
+    }
+}
+
 /// At the smallest screen no text of any page is cut and nothing reaches beyond the window.
 TEST_F(MainScreen, NoTextIsClippedOnASmallScreen) {
   ShowAt({1024, 768});

@@ -12,7 +12,8 @@
 namespace desktop {
 
 namespace {
-constexpr QSize kFirstSize(360, 440);
+constexpr QSize kFirstSize(400, 480);
+constexpr int kRowGap = 8;
 }
 
 ColumnChooser::ColumnChooser(const std::vector<ColumnChoice>& columns, int fixed, QWidget* parent)
@@ -27,15 +28,22 @@ ColumnChooser::ColumnChooser(const std::vector<ColumnChoice>& columns, int fixed
     auto item = std::make_unique<QListWidgetItem>(column.caption);
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
     item->setCheckState(column.shown ? Qt::Checked : Qt::Unchecked);
+    item->setSizeHint(QSize(0, fontMetrics().height() + kRowGap));
     item->setData(Qt::UserRole, ToShown(column.field));
     list_->addItem(item.release());
   }
   auto* buttons = NewWidget<QDialogButtonBox>(static_cast<QWidget*>(this), QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-  buttons->addButton(up_, QDialogButtonBox::ActionRole);
-  buttons->addButton(down_, QDialogButtonBox::ActionRole);
+  auto* moves = std::make_unique<QVBoxLayout>().release();
+  moves->addWidget(up_);
+  moves->addWidget(down_);
+  moves->addStretch();
+  auto* above = std::make_unique<QHBoxLayout>().release();
+  above->addWidget(list_);
+  above->addLayout(moves);
   auto* layout = NewWidget<QVBoxLayout>(static_cast<QWidget*>(this));
-  layout->addWidget(list_);
+  layout->addLayout(above);
   layout->addWidget(buttons);
+  for (QPushButton* button : {up_, down_}) button->setAutoDefault(false);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(up_, &QPushButton::clicked, this, [this] { MoveBy(-1); });

@@ -2,6 +2,8 @@
 #include <QHelpEvent>
 #include <QMenu>
 #include <QToolTip>
+#include <algorithm>
+#include <iterator>
 
 #include "desktop/list/column_chooser.h"
 #include "desktop/list/list_act.h"
@@ -24,7 +26,14 @@ QMenu* NewMenu(QWidget& list) {
 }
 
 /// With the key beside it, which is the list's own and no shortcut of the menu.
-QString Entry(const QString& caption, const char* key) { return caption + "\t" + QString::fromLatin1(key); }
+QString Entry(const QString& caption, std::string_view key) { return key.empty() ? caption : caption + "\t" + ToShown(key); }
+
+/// The key of the menu item that this toolbar key guards.
+std::string_view KeyOf(const platform::ToolbarButton& button) {
+  const auto* found = std::find_if(std::begin(platform::kShortcuts), std::end(platform::kShortcuts),
+                                   [&](const platform::Shortcut& shortcut) { return shortcut.guard == button.Name(); });
+  return found == std::end(platform::kShortcuts) ? std::string_view() : found->key;
+}
 
 }  // namespace
 
@@ -49,7 +58,7 @@ void ListView::RowMenu(const QPoint& global, int column) {
   QMenu* menu = NewMenu(*this);
   for (const platform::RowCommand& command : grid_->RowCommands()) {
     if (!command.key->EffectivelyVisible()) continue;
-    QAction* action = menu->addAction(ToShown(command.caption));
+    QAction* action = menu->addAction(Entry(ToShown(command.caption), KeyOf(*command.key)));
     action->setEnabled(command.key->EffectivelyEnabled());
     connect(action, &QAction::triggered, this, [this, key = command.key] {
       Later([key](platform::Grid&) {
@@ -87,7 +96,7 @@ void ListView::HeadMenu(const QPoint& global, int column) {
         ->setEnabled(columns_.PlaceCount() > 1);
   }
   menu->addAction(tr("Columns..."), this, [this] { ChooseColumns(); });
-  menu->addAction(tr("&Reset columns"), this, [this] { ResetColumns(); });
+  menu->addAction(tr("Reset Columns"), this, [this] { ResetColumns(); });
   menu->popup(global);
 }
 

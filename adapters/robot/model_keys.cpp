@@ -65,7 +65,8 @@ std::vector<int> ColumnsInOrder(const Grid& grid) {
 
 /// What types a character starts a search; "/" goes to its box alone.
 bool TypeIntoSearch(Grid& grid, const std::string& key) {
-  const bool types = CharacterCount(key.starts_with("Shift+") ? key.substr(6) : key) == 1 || key == "Plus" || key == "Minus" || key == "Comma";
+  const bool types =
+      CharacterCount(key.starts_with("Shift+") ? key.substr(6) : key) == 1 || key == "Plus" || key == "Minus" || key == "Comma";
   TextBox* box = grid.SearchBox();
   if (!types || grid.OpenCell() || !IsOpenToUser(box)) return false;
   grid.Owner().UserFocus(*box);

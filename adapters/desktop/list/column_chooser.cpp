@@ -14,7 +14,7 @@ namespace desktop {
 namespace {
 constexpr QSize kFirstSize(400, 480);
 constexpr int kRowGap = 8;
-}
+}  // namespace
 
 ColumnChooser::ColumnChooser(const std::vector<ColumnChoice>& columns, int fixed, QWidget* parent)
     : QDialog(parent),

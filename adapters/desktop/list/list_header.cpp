@@ -159,7 +159,9 @@ void ListHeader::mouseDoubleClickEvent(QMouseEvent* event) {
   }
 }
 
-void ListHeader::contextMenuEvent(QContextMenuEvent* event) { list_.HeadMenu(event->globalPos(), ColumnUnder(event->pos().x()).value_or(-1)); }
+void ListHeader::contextMenuEvent(QContextMenuEvent* event) {
+  list_.HeadMenu(event->globalPos(), ColumnUnder(event->pos().x()).value_or(-1));
+}
 
 bool ListHeader::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip) {

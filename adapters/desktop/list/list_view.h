@@ -167,7 +167,7 @@ class ListView final : public QAbstractScrollArea {
   std::vector<int> fieldOf_;  ///< design column -> place in the row's cells, -1 if the list lacks it
   std::vector<bool> figure_;  ///< design column -> right-aligned
   std::optional<SortHint> sorted_;
-  int emphasisField_ = -1;                                       ///< place in the row's cells
+  int emphasisField_ = -1;                                      ///< place in the row's cells
   std::vector<std::pair<std::int32_t, std::string>> emphasis_;  ///< rows that stand out, by the number there
   std::optional<platform::Bookmark> current_;
   std::optional<std::int64_t> currentOrdinal_;

@@ -88,11 +88,12 @@ void ListView::HeadMenu(const QPoint& global, int column) {
     if (grid_->Sort.HasHandler()) menu->addAction(tr("Sort Down"), this, [sort] { sort(true); });
     menu->addSeparator();
     const std::string field = FieldOf(column);
-    menu->addAction(tr("Hide Column"), this, [this, field] {
-          std::vector<std::string> hidden = columns_.HiddenFields();
-          hidden.push_back(field);
-          ArrangeColumns(columns_.FieldsInOrder(), hidden);
-        })
+    menu->addAction(tr("Hide Column"), this,
+                    [this, field] {
+                      std::vector<std::string> hidden = columns_.HiddenFields();
+                      hidden.push_back(field);
+                      ArrangeColumns(columns_.FieldsInOrder(), hidden);
+                    })
         ->setEnabled(columns_.PlaceCount() > 1);
   }
   menu->addAction(tr("Columns..."), this, [this] { ChooseColumns(); });

@@ -28,9 +28,9 @@ struct GridColumn {
   bool checkBox = false;
   bool open = false;  ///< the user may edit its cells
   bool visible = true;
-  int width = 0;  ///< first width in characters, 0: from the field
-  bool percent = false;    ///< the number is a percentage, and is seen as one
-  bool lastFour = false;   ///< of this number only the last four digits leave the list by copying
+  int width = 0;          ///< first width in characters, 0: from the field
+  bool percent = false;   ///< the number is a percentage, and is seen as one
+  bool lastFour = false;  ///< of this number only the last four digits leave the list by copying
 };
 
 /// The rows that the user has marked, in the order of marking. Adding and removing in code fires nothing.

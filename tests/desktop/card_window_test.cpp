@@ -211,6 +211,34 @@ TEST_F(CardWindow, ThePrinterDialogSetsUp) {
   EXPECT_FALSE(buttons.contains("Print")) << buttons.join(", ").toStdString();
 }
 
+/// The place of the current row, exact or not at all.
+TEST_F(CardWindow, TheStatusBarSaysWhereTheListStands) {
+  table.rows = 5000;
+  table.counted = false;
+  table.slicesToCount = 3;
+  table.estimate = 4000;
+  ShowAt({1180, 760});
+  screen->data[0].RecordSource("SELECT * FROM T;");
+  screen->data[0].Refresh();
+  const auto* place = window->findChild<QLabel*>("rowPlace");
+  window->Changed(&screen->grid[0], platform::Aspect::List);
+  EXPECT_EQ(place->text(), "");
+  while (window->IdleSlice()) EXPECT_EQ(place->text(), "");
+  EXPECT_EQ(place->text(), "row 1 of 5,000");
+  screen->data[0].Recordset()->Move(11);
+  window->Changed(&screen->grid[0], platform::Aspect::CurrentRow);
+  while (window->IdleSlice()) {
+  }
+  EXPECT_EQ(place->text(), "row 12 of 5,000");
+  // A card shows one record, not a place in a list.
+  screen->mRecordMode = "E";
+  screen->SSIndexTab1.Page(1);
+  window->Changed(&screen->SSIndexTab1, platform::Aspect::Tab);
+  while (window->IdleSlice()) {
+  }
+  EXPECT_EQ(place->text(), "");
+}
+
 TEST_F(CardWindow, HasAnIcon) { EXPECT_FALSE(window->windowIcon().isNull()); }
 
 /// Coming back to a box by its letter, or by a refused entry, selects the whole of it.

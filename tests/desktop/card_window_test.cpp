@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTextBrowser>
 #include <QTimer>
 #include <QToolBar>
@@ -260,6 +261,44 @@ TEST_F(CardWindow, ARefusedEntryIsSelectedAsAWhole) {
   desktop::input::Key(*window, Qt::Key_Y, Qt::AltModifier);
   QApplication::processEvents();
   EXPECT_EQ(box->selectedText(), "Duluth");
+}
+
+/// Letters of twice the size.
+class LargeLetters : public MainScreen {
+ protected:
+  LargeLetters() {
+    QFont large = before_;
+    large.setPixelSize(2 * QFontInfo(before_).pixelSize());
+    QApplication::setFont(large);
+    window->ensurePolished();
+    QApplication::sendPostedEvents();
+  }
+  ~LargeLetters() override { QApplication::setFont(before_); }
+
+ private:
+  QFont before_ = QApplication::font();
+};
+
+TEST_F(LargeLetters, TheWindowFitsTheScreenAndNothingIsOutOfReach) {
+  const QSize room = window->screen()->availableGeometry().size();
+  const QSize list = window->findChild<QWidget*>("tab_4_page_0")->minimumSizeHint();
+  ASSERT_GT(list.width(), room.width()) << "the letters are not large";
+  front->Shown(*screen);
+  QApplication::processEvents();
+  EXPECT_LE(window->width(), room.width());
+  EXPECT_LE(window->height(), room.height());
+  EXPECT_LE(window->minimumSizeHint().width(), room.width());
+  for (int tab = 0; tab < 7; ++tab) {
+    ShowPage(tab, 0);
+    auto* options = window->findChild<QWidget*>(QString("fraOrder_%1").arg(tab));
+    EXPECT_TRUE(options->isVisible());
+    EXPECT_GE(options->width(), options->minimumSizeHint().width());
+    EXPECT_TRUE(window->findChild<QWidget*>(QString("grid_%1").arg(tab))->isVisible());
+  }
+  // What the toolbar has no room for is behind its arrow.
+  const auto* more = window->findChild<QWidget*>("qt_toolbar_ext_button");
+  ASSERT_NE(more, nullptr);
+  EXPECT_TRUE(more->isVisible());
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 #include <QBoxLayout>
-#include <QCoreApplication>
 #include <QGroupBox>
 #include <QScreen>
 #include <QScrollArea>
@@ -51,12 +50,9 @@ void FormWindow::RestorePlace() {
 void FormWindow::FitInto(const QSize& room) {
   const auto larger = [](const QSize& one, const QSize& other) { return one.width() > other.width() || one.height() > other.height(); };
   const auto fits = [&] {
-    // A page tells its stack, the stack the window.
+    // Nothing of a window that is not shown yet is laid out anew by itself.
     for (QWidget* inside : findChildren<QWidget*>()) inside->updateGeometry();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-    for (const QStackedWidget* pages : findChildren<QStackedWidget*>()) pages->layout()->invalidate();
-    centralWidget()->layout()->invalidate();
-    layout()->invalidate();
+    for (QLayout* inside : findChildren<QLayout*>()) inside->invalidate();
     return !larger(minimumSizeHint(), room);
   };
   if (!centralWidget() || fits()) return;

@@ -1,15 +1,12 @@
 #include "desktop/form_window.h"
 
 #include <QApplication>
-#include <QBoxLayout>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
-#include <QScreen>
 #include <QScrollArea>
 #include <QStatusBar>
 #include <QStyle>
@@ -27,9 +24,6 @@ namespace desktop {
 using platform::Aspect;
 
 namespace {
-
-constexpr double kFirstShare = 0.8;
-constexpr QSize kFirstMost(1600, 1000);
 
 /// Counts the time in which the models' changes are shown.
 class Showing {
@@ -181,41 +175,6 @@ void FormWindow::ShowAsScreen(bool modal) {
 void FormWindow::HideScreen() {
   KeepPlace();
   hide();
-}
-
-void FormWindow::RestorePlace() {
-  placed_ = true;
-  const QSize room = screen()->availableGeometry().size();
-  FitInto(room);
-  // The first time most of a large screen, so that the lists show much, and never more than there is.
-  resize(size().expandedTo((room * kFirstShare).boundedTo(kFirstMost)).boundedTo(room));
-  if (const auto place = services_.Kept().WindowPlace(name_)) restoreGeometry(*place);
-}
-
-/// With larger letters than the layout was made for, or on a smaller screen, what does not fit is scrolled to.
-void FormWindow::FitInto(const QSize& room) {
-  const auto fits = [&] {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-    const QSize needed = minimumSizeHint();
-    return needed.width() <= room.width() && needed.height() <= room.height();
-  };
-  if (!centralWidget() || fits()) return;
-  for (const QGroupBox* group : findChildren<QGroupBox*>())
-    if (auto* row = group->property("stacksWhenNarrow").toBool() ? qobject_cast<QBoxLayout*>(group->layout()) : nullptr)
-      row->setDirection(QBoxLayout::TopToBottom);
-  if (fits()) return;
-  QWidget* content = takeCentralWidget();
-  auto* area = NewWidget<QScrollArea>(static_cast<QWidget*>(this));
-  area->setObjectName("windowScroll");
-  area->setWidgetResizable(true);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setFocusPolicy(Qt::NoFocus);
-  area->setWidget(content);
-  setCentralWidget(area);
-}
-
-void FormWindow::KeepPlace() {
-  if (isVisible()) services_.Kept().KeepWindowPlace(name_, saveGeometry());
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

@@ -27,7 +27,7 @@ void SayThatItSetsUp(QPrintDialog& dialog) {
       if (box->buttonRole(button) == QDialogButtonBox::AcceptRole) button->setText(QObject::tr("OK"));
 }
 
-}
+}  // namespace
 
 DesktopFrontEnd::DesktopFrontEnd(const DesktopOptions& options)
     : toolkit_(options.offscreenIfNoDisplay),

@@ -123,7 +123,7 @@ QString WindowRules(const QPalette& palette) {
       "QScrollArea { border: 0; background: transparent; } QScrollArea > QWidget > QWidget { background: transparent; }"
       "QLabel[required=\"true\"] { font-weight: 600; }"
       "QLabel[role=\"value\"] { font-weight: 600; }"
-      "QLabel[role=\"badge\"] { background: %3; color: %5; border-radius: 9px; padding: 2px 10px; font-weight: 600; }"
+      "QLabel[role=\"badge\"] { background: %3; color: %5; border-radius: 7px; padding: 0 10px; font-weight: 600; }"
       "QLabel[role=\"caption\"], QLabel[role=\"hint\"] { color: %6; }"
       "QFrame[role=\"sheet\"] { background: %7; border: 1px solid %1; border-radius: 6px; }"
       "QFrame#SSPanel1 { border: 1px solid %1; border-radius: 5px; }"

@@ -73,6 +73,7 @@ void WindowExtras::ShowMode() {
     badge_->setText(mode);
     badge_->setVisible(!mode.isEmpty());
   }
+  if (place_ && !mode.isEmpty()) place_->clear();
   const bool another = cards_->AddsOwner();
   for (QLabel* label : window_.findChildren<QLabel*>())
     if (label->property("ofOwner").toBool()) label->setHidden(another);

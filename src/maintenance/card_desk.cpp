@@ -46,8 +46,7 @@ void CardDesk::AttachRefusals() {
   refuse(s.miTypedBack, &CardDesk::RefusalOfBringBack);
 
   for (platform::Control* control : s.Controls())
-    if (auto* command = dynamic_cast<platform::CommandControl*>(control))
-      command->Told = [this](const std::string& text) { Tell(text); };
+    if (auto* command = dynamic_cast<platform::CommandControl*>(control)) command->Told = [this](const std::string& text) { Tell(text); };
   s.Toolbar1.Ready = [this] { return s.mToolbarReady; };
 }
 
@@ -83,20 +82,21 @@ CardDesk::Record CardDesk::AtHand(const std::string& mode) const {
   return record;
 }
 
-void CardDesk::Begins(const std::string& key) {
-  wasOpen_ = IsOpen();
-  reports_ = gFailuresReported;
-  if (!wasOpen_ || (key != "tb_SaveRec" && key != "tb_CancelRec")) return;
-  name_ = s.Tab() == tab::Customers       ? s.txtLastName.Text()
-          : s.Tab() == tab::CustomerTypes ? s.txtCustomerType.Text()
-          : s.Tab() == tab::KeyWords      ? s.txtKeyWord.Text()
-                                          : "";
+CardDesk::Start CardDesk::Begins(const std::string& key) {
+  Start start{IsOpen(), gFailuresReported, ""};
+  if (!start.open || (key != "tb_SaveRec" && key != "tb_CancelRec")) return start;
+  const platform::TextBox* name = s.Tab() == tab::Customers       ? &s.txtLastName
+                                  : s.Tab() == tab::CustomerTypes ? &s.txtCustomerType
+                                  : s.Tab() == tab::KeyWords      ? &s.txtKeyWord
+                                                                  : nullptr;
+  if (name) start.name = name->Text();
   // A card on which nothing was typed takes nothing away from what was typed before it.
   CardEntries now = CardEntries::Of(s);
   if (filled_ && filled_->entries != now) typed_ = Card{filled_->record, std::move(now)};
+  return start;
 }
 
-void CardDesk::Ended(const std::string& key) {
+void CardDesk::Ended(const std::string& key, const Start& start) {
   if (!s.Loaded()) return;
   // A list can be read at the end of any command, or not: it is no failure of the command.
   Ignore()([&] {
@@ -104,11 +104,11 @@ void CardDesk::Ended(const std::string& key) {
     if (opens && IsOpen()) {
       typed_.reset();
       Opened();
-    } else if (wasOpen_ && !IsOpen()) {
+    } else if (start.open && !IsOpen()) {
       filled_.reset();
-      if (key == "tb_SaveRec" && gFailuresReported == reports_) {
+      if (key == "tb_SaveRec" && gFailuresReported == start.reports) {
         typed_.reset();
-        TellSaved();
+        TellSaved(start.name);
       }
     }
   });
@@ -121,13 +121,13 @@ void CardDesk::WentOn() {
 
 void CardDesk::Opened() { filled_ = Card{AtHand(s.mRecordMode), CardEntries::Of(s)}; }
 
-void CardDesk::TellSaved() const {
+void CardDesk::TellSaved(const std::string& name) const {
   const std::string account = ", account " + Shown(FieldOf(s.data[tab::Customers], "AcctNum"));
   const std::string what = WordsOf(s.Tab()).record;
   if (s.Tab() == tab::Customers) {
-    Tell("Saved: " + name_ + account);
-  } else if (!name_.empty()) {
-    Tell("Saved: " + what + " " + name_);
+    Tell("Saved: " + name + account);
+  } else if (!name.empty()) {
+    Tell("Saved: " + what + " " + name);
   } else {
     Tell("Saved: " + what + " of " + platform::Trim(s.lblCustomer.Caption()) + account);
   }

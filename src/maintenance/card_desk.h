@@ -19,9 +19,15 @@ class CardDesk {
 
   /// Sets the refusals of the screen's menu items and toolbar keys.
   void AttachRefusals();
+  /// What stood when a command of the user began; another one may run in its yields.
+  struct Start {
+    bool open = false;  ///< a card was
+    int reports = 0;    ///< failures that had been reported
+    std::string name;   ///< what the card that is being saved calls its record
+  };
   /// The user's command with this toolbar key's name begins, has ended. The screen may be gone at the end.
-  void Begins(const std::string& key);
-  void Ended(const std::string& key);
+  Start Begins(const std::string& key);
+  void Ended(const std::string& key, const Start& start);
   /// A card that the program opened behind a save, for the user's next record.
   void WentOn();
 
@@ -49,7 +55,7 @@ class CardDesk {
   bool IsOpen() const;
   Record AtHand(const std::string& mode) const;
   void Opened();
-  void TellSaved() const;
+  void TellSaved(const std::string& name) const;
   void Tell(const std::string& text) const;
   std::string RefusalOfSave() const;
   std::string RefusalWhileOpen() const;
@@ -58,9 +64,6 @@ class CardDesk {
   frmCustMain& s;
   std::optional<Card> filled_;  ///< the open card as its add or edit filled it in
   std::optional<Card> typed_;   ///< the card as it was when the user saved or cancelled; until the next add or edit
-  std::string name_;            ///< what the card that is being saved calls its record
-  int reports_ = 0;             ///< failures that were reported before the command
-  bool wasOpen_ = false;
 };
 
 }  // namespace orcussch

@@ -17,10 +17,10 @@ std::string InstanceOf(const frmCustMain& screen) { return std::to_string(screen
 std::optional<std::vector<platform::Value>> TickedTaxes(const frmCustMain& screen) {
   std::vector<platform::Value> taxes;
   const bool known = screen.mTaxesLoaded && Ignore()([&] {
-    const Opened Assigned(dbTemp->OpenRecordset("Select TaxID From CU_AssignTaxes Where (Assign=True) And (Instance = " +
-                                                InstanceOf(screen) + ") Order By TaxID;"));
-    for (; !Assigned->Eof(); Assigned->MoveNext()) taxes.push_back(Assigned->Field("TaxID"));
-  });
+                       const Opened Assigned(dbTemp->OpenRecordset("Select TaxID From CU_AssignTaxes Where (Assign=True) And (Instance = " +
+                                                                   InstanceOf(screen) + ") Order By TaxID;"));
+                       for (; !Assigned->Eof(); Assigned->MoveNext()) taxes.push_back(Assigned->Field("TaxID"));
+                     });
   if (!known) return {};
   return taxes;
 }

@@ -56,9 +56,9 @@ void frmCustMain::AttachCommands() {
 bool frmCustMain::AddsOwner() const { return SSIndexTab1.Page() == 1 && Tab() == tab::Customers && mRecordMode == "A"; }
 
 void frmCustMain::UserRuns(const std::string& Key, const std::function<void()>& body) {
-  mDesk.Begins(Key);
+  const CardDesk::Start start = mDesk.Begins(Key);
   body();
-  mDesk.Ended(Key);
+  mDesk.Ended(Key, start);
 }
 
 void frmCustMain::Toolbar1_ButtonClick(const std::string& Key) {

@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTextBrowser>
 #include <QTimer>
 #include <QToolBar>
@@ -211,6 +212,34 @@ TEST_F(CardWindow, ThePrinterDialogSetsUp) {
   EXPECT_FALSE(buttons.contains("Print")) << buttons.join(", ").toStdString();
 }
 
+/// The place of the current row, exact or not at all.
+TEST_F(CardWindow, TheStatusBarSaysWhereTheListStands) {
+  table.rows = 5000;
+  table.counted = false;
+  table.slicesToCount = 3;
+  table.estimate = 4000;
+  ShowAt({1180, 760});
+  screen->data[0].RecordSource("SELECT * FROM T;");
+  screen->data[0].Refresh();
+  const auto* place = window->findChild<QLabel*>("rowPlace");
+  window->Changed(&screen->grid[0], platform::Aspect::List);
+  EXPECT_EQ(place->text(), "");
+  while (window->IdleSlice()) EXPECT_EQ(place->text(), "");
+  EXPECT_EQ(place->text(), "row 1 of 5,000");
+  screen->data[0].Recordset()->Move(11);
+  window->Changed(&screen->grid[0], platform::Aspect::CurrentRow);
+  while (window->IdleSlice()) {
+  }
+  EXPECT_EQ(place->text(), "row 12 of 5,000");
+  // A card shows one record, not a place in a list.
+  screen->mRecordMode = "E";
+  screen->SSIndexTab1.Page(1);
+  window->Changed(&screen->SSIndexTab1, platform::Aspect::Tab);
+  while (window->IdleSlice()) {
+  }
+  EXPECT_EQ(place->text(), "");
+}
+
 TEST_F(CardWindow, HasAnIcon) { EXPECT_FALSE(window->windowIcon().isNull()); }
 
 /// Coming back to a box by its letter, or by a refused entry, selects the whole of it.
@@ -232,6 +261,44 @@ TEST_F(CardWindow, ARefusedEntryIsSelectedAsAWhole) {
   desktop::input::Key(*window, Qt::Key_Y, Qt::AltModifier);
   QApplication::processEvents();
   EXPECT_EQ(box->selectedText(), "Duluth");
+}
+
+/// Letters of twice the size.
+class LargeLetters : public MainScreen {
+ protected:
+  LargeLetters() {
+    QFont large = before_;
+    large.setPixelSize(2 * QFontInfo(before_).pixelSize());
+    QApplication::setFont(large);
+    window->ensurePolished();
+    QApplication::sendPostedEvents();
+  }
+  ~LargeLetters() override { QApplication::setFont(before_); }
+
+ private:
+  QFont before_ = QApplication::font();
+};
+
+TEST_F(LargeLetters, TheWindowFitsTheScreenAndNothingIsOutOfReach) {
+  const QSize room = window->screen()->availableGeometry().size();
+  const QSize list = window->findChild<QWidget*>("tab_4_page_0")->minimumSizeHint();
+  ASSERT_GT(list.width(), room.width()) << "the letters are not large";
+  front->Shown(*screen);
+  QApplication::processEvents();
+  EXPECT_LE(window->width(), room.width());
+  EXPECT_LE(window->height(), room.height());
+  EXPECT_LE(window->minimumSizeHint().width(), room.width());
+  for (int tab = 0; tab < 7; ++tab) {
+    ShowPage(tab, 0);
+    auto* options = window->findChild<QWidget*>(QString("fraOrder_%1").arg(tab));
+    EXPECT_TRUE(options->isVisible());
+    EXPECT_GE(options->width(), options->minimumSizeHint().width());
+    EXPECT_TRUE(window->findChild<QWidget*>(QString("grid_%1").arg(tab))->isVisible());
+  }
+  // What the toolbar has no room for is behind its arrow.
+  const auto* more = window->findChild<QWidget*>("qt_toolbar_ext_button");
+  ASSERT_NE(more, nullptr);
+  EXPECT_TRUE(more->isVisible());
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ StatusBarBinding::StatusBarBinding(FormWindow& window, platform::StatusBar& cont
     panel = NewWidget<QLabel>(widget);
     panel->setTextFormat(Qt::PlainText);
     panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    widget->addWidget(panel, &panel == &panels_[0] ? 3 : 1);
+    widget->addWidget(panel, 1);
   }
 }
 

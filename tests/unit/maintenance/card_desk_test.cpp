@@ -58,8 +58,8 @@ TEST_F(CardDeskTest, TheModeHasItsWordsOnEachTab) {
   frontEnd->answer = platform::box::Yes;
   Serve([](frmCustMain& screen) {
     EXPECT_EQ(screen.CardMode(), "");
-    const std::pair<int, const char*> words[] = {{tab::Customers, "New customer"},     {tab::Phones, "New phone"},
-                                                 {tab::Addresses, "New address"},      {tab::CreditCards, "New credit card"},
+    const std::pair<int, const char*> words[] = {{tab::Customers, "New customer"},          {tab::Phones, "New phone"},
+                                                 {tab::Addresses, "New address"},           {tab::CreditCards, "New credit card"},
                                                  {tab::CustomerTypes, "New customer type"}, {tab::KeyWords, "New key word"}};
     for (const auto& [number, text] : words) {
       screen.SSIndexTab1.UserClick(number);

@@ -1,0 +1,78 @@
+#include <QBoxLayout>
+#include <QGroupBox>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+#include <memory>
+
+#include "desktop/form_window.h"
+
+// Where a window stands and how large it is.
+namespace desktop {
+
+namespace {
+
+constexpr double kFirstShare = 0.8;
+constexpr QSize kFirstMost(1600, 1000);
+
+QScrollArea* NewScroll(QWidget* parent, QWidget* content) {
+  auto* area = NewWidget<QScrollArea>(parent);
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidget(content);
+  return area;
+}
+
+/// Puts what stands on a page into a scroll area of its own.
+void LetScroll(QWidget& page) {
+  auto content = std::make_unique<QWidget>();
+  content->setLayout(page.layout());
+  auto* layout = NewWidget<QVBoxLayout>(&page);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(NewScroll(&page, content.release()));
+}
+
+}  // namespace
+
+void FormWindow::RestorePlace() {
+  placed_ = true;
+  const QSize room = screen()->availableGeometry().size();
+  FitInto(room);
+  // The first time most of a large screen, so that the lists show much, and never more than there is.
+  resize(size().expandedTo((room * kFirstShare).boundedTo(kFirstMost)).boundedTo(room));
+  if (const auto place = services_.Kept().WindowPlace(name_)) restoreGeometry(*place);
+}
+
+/// With larger letters than the layout was made for, or on a smaller screen: choices stand below each other, pages scroll, and
+/// when that is not enough the whole window does.
+void FormWindow::FitInto(const QSize& room) {
+  const auto larger = [](const QSize& one, const QSize& other) { return one.width() > other.width() || one.height() > other.height(); };
+  const auto fits = [&] {
+    // Nothing of a window that is not shown yet is laid out anew by itself.
+    for (QWidget* inside : findChildren<QWidget*>()) inside->updateGeometry();
+    for (QLayout* inside : findChildren<QLayout*>()) inside->invalidate();
+    return !larger(minimumSizeHint(), room);
+  };
+  if (!centralWidget() || fits()) return;
+  for (const QGroupBox* group : findChildren<QGroupBox*>())
+    if (auto* row = group->property("stacksWhenNarrow").toBool() ? qobject_cast<QBoxLayout*>(group->layout()) : nullptr)
+      row->setDirection(QBoxLayout::TopToBottom);
+  if (fits()) return;
+  for (const QStackedWidget* pages : findChildren<QStackedWidget*>()) {
+    const QSize forPage = room - (minimumSizeHint() - pages->minimumSizeHint());
+    for (int i = 0; i < pages->count(); ++i) {
+      QWidget* page = pages->widget(i);
+      if (page->layout() && larger(page->minimumSizeHint(), forPage)) LetScroll(*page);
+    }
+  }
+  if (fits()) return;
+  setCentralWidget(NewScroll(this, takeCentralWidget()));
+}
+
+void FormWindow::KeepPlace() {
+  if (isVisible()) services_.Kept().KeepWindowPlace(name_, saveGeometry());
+}
+
+}  // namespace desktop

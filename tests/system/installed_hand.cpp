@@ -1,6 +1,7 @@
 // Loaded beside a host that knows nothing of windows: a hand that selects the first customer as soon as the screen lets it.
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTimer>
 #include <memory>
@@ -14,7 +15,9 @@ void Act() {
   }
   for (QWidget* window : QApplication::topLevelWidgets()) {
     auto* action = window->isVisible() ? window->findChild<QAction*>("tb_Select") : nullptr;
-    if (action == nullptr || !action->isEnabled()) continue;
+    // The window is up before its list is: a user waits until he sees the customer.
+    const auto* account = action != nullptr ? window->findChild<QLabel*>("lblAcctNum") : nullptr;
+    if (account == nullptr || account->text().isEmpty() || !action->isEnabled()) continue;
     action->trigger();
     return;
   }

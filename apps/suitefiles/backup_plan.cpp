@@ -43,7 +43,7 @@ void BackupPlan::PlanDats(const DataFolder& folder) {
   }
   if (dats.empty()) dats.push_back({folder.Dat(), {}});
   // The one in its usual place keeps it; else the first.
-  std::ranges::stable_partition(dats, [&](const Dat& dat) { return IsSameFile(dat.path, folder.Dat()); });
+  std::stable_partition(dats.begin(), dats.end(), [&](const Dat& dat) { return IsSameFile(dat.path, folder.Dat()); });
 
   for (const Dat& dat : dats) {
     std::vector<std::string> names;

@@ -178,7 +178,7 @@ void Running::LookAt(const std::string& when) {
 /// The user goes on as he would: out of the card, a refresh, another tab and back.
 void Running::GoOn() {
   frontEnd_->answerYes = true;
-  const auto step = [this](const auto& act) {
+  const auto step = [](const auto& act) {
     try {
       act();
     } catch (const robot::ActionFailed&) {

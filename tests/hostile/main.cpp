@@ -33,7 +33,6 @@ class Program {
   Summary summary_;
   int begun_ = 0;        ///< cases begun of the procedure that runs, the first without interruption
   std::string current_;  ///< the case that runs
-  bool ended_ = false;
 };
 
 void Program::Hear(char kind, const std::string& text) {

@@ -61,7 +61,7 @@ void AddKind(Procedures& all, int tab, const Way& way) {
       desk.FillCard();
     };
     // The department of a rate can't be changed: its edit passes every test.
-    const auto spoilt = [tab, open, filled, isNew](const Desk& desk) {
+    const auto spoilt = [tab, filled, isNew](const Desk& desk) {
       filled(desk);
       if (isNew || tab != orcussch::tab::LaborRates) desk.SpoilCard();
     };

@@ -107,7 +107,7 @@ void OpenDatabase::Execute(std::string_view sql, int options) {
 }
 
 platform::TableDef OpenDatabase::TableDefAt(int index) {
-  auto definitions = catalogue_->TableDefs();
+  auto definitions = catalogue_->ReadTableDefs();
   if (index < 0 || static_cast<std::size_t>(index) >= definitions.size()) throw platform::error::ItemNotFound();
   return std::move(definitions[static_cast<std::size_t>(index)]);
 }

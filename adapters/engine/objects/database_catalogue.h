@@ -40,6 +40,9 @@ class DatabaseCatalogue final : public Catalogue {
 
   DataFile& File() const { return *file_; }
   /// Base tables, then links.
+  std::vector<platform::TableDef> ReadTableDefs();
+  /// The same at the beginning of a walk through them: what is there now is what the walker sees, also when another program makes
+  /// a link while he walks.
   std::vector<platform::TableDef> TableDefs();
   /// Stores a link; errors as DataFiles::Open, 3011 for a table that isn't there, 3012 for a name that is taken. Taken by just this
   /// link since the tables were last looked through, by another program: then there is nothing left to do.
@@ -48,7 +51,6 @@ class DatabaseCatalogue final : public Catalogue {
  private:
   const ResolvedTable* FindIn(const std::shared_ptr<DataFile>& file, std::string_view name, bool linked);
   std::string StoredNameIn(DataFile& file, std::string_view name);
-  std::vector<platform::TableDef> ReadTableDefs();
   /// Whether the name is taken; raises 3012 unless it is by this link and by another program.
   bool IsMadeAlready(const platform::TableDef& definition);
 

@@ -26,8 +26,8 @@ std::uint64_t SaveOnTheCard(const ScreenSides& sides, int call) {
 std::uint64_t SaveBare(const ScreenSides& sides, int call) {
   constexpr std::size_t addressColumn = 5;
   const raw::NameKey& row = Pick(sides.company.Somewhere(), call);
-  sides.bare.SaveCard(row->account, BareAddress(call));
-  const raw::Rows here = sides.company.Raw().Seek(row->account);
+  sides.bare.SaveCard(row.account, BareAddress(call));
+  const raw::Rows here = sides.company.Raw().Seek(row.account);
   if (std::get<std::string>(here.Row(0)[addressColumn]) != BareAddress(call)) throw std::runtime_error("the bare row was not saved");
   return SumWith(std::get<std::int64_t>(here.Row(0)[0]), SumOf(sides.company.Raw().After(row, pageRows - 1)));
 }

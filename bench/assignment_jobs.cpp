@@ -2,7 +2,7 @@
 #include <functional>
 #include <stdexcept>
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "screen_jobs.h"
 
 namespace bench {

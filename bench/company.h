@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "measure.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
 #include "raw/store.h"
 
 namespace bench {

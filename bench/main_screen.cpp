@@ -9,7 +9,7 @@
 
 #include "engine/data_file.h"
 #include "engine/engine.h"
-#include "platform/application.h"
+#include "platform/host/application.h"
 #include "session/CustSearch.h"
 #include "session/ModCustSch.h"
 #include "suite/accounts_lookup.h"
@@ -61,7 +61,7 @@ double YieldWatch::RareGap() const {
 
 void NoWindows::RunModal(platform::Form& form, const std::function<bool()>& done) {
   user_(form);
-  if (!done()) form.App().Unload(form);
+  if (!done()) form.Host().Unload(form);
 }
 
 void NoWindows::DoEvents() { watch.Yield(); }

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "maintenance/frmCustMain.h"
-#include "platform/front_end.h"
+#include "platform/host/front_end.h"
 
 namespace bench {
 

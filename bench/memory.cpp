@@ -7,7 +7,7 @@
 
 #include "engine/engine.h"
 #include "measure.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include <stdexcept>
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "screen_jobs.h"
 
 namespace bench {

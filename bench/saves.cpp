@@ -8,7 +8,7 @@
 #include <string>
 
 #include "main_screen.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace {
 

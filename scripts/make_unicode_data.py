@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Writes src/platform/unicode_data.h: composition, case and character classes, from Python's own Unicode tables.
+"""Writes src/platform/values/unicode_data.h: composition, case and character classes, from Python's own Unicode tables.
 
-    scripts/make_unicode_data.py > src/platform/unicode_data.h
+    scripts/make_unicode_data.py > src/platform/values/unicode_data.h
 
 The version of the tables is part of the text order of existing files: after a run with a newer Python raise
 kTextOrderVersion if the order of any text has changed.

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/front_end.h"
-#include "platform/user_hands.h"
+#include "platform/host/front_end.h"
+#include "platform/host/user_hands.h"
 
 /// The screens as windows. This header is all that a host's wiring needs; it names no toolkit.
 namespace desktop {

@@ -3,9 +3,9 @@
 #include <QPlainTextEdit>
 
 #include "desktop/form_window.h"
-#include "platform/controls/tab_control.h"
+#include "platform/controls/form/tab_control.h"
 #include "platform/controls/toolbar.h"
-#include "platform/shortcuts.h"
+#include "platform/host/shortcuts.h"
 
 namespace desktop {
 
@@ -59,7 +59,7 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
   event->ignore();
   if (!form_ || services_.PaintingOnly()) return;
   bool taken = false;
-  Safely(app_, [&] { taken = TabKey(*event) || SearchKey(*event) || ShortcutKey(*event); });
+  Safely(host_, [&] { taken = TabKey(*event) || SearchKey(*event) || ShortcutKey(*event); });
   if (taken) event->accept();
 }
 

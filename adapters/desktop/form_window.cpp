@@ -16,7 +16,7 @@
 #include "desktop/mnemonics.h"
 #include "desktop/theme.h"
 #include "platform/controls/buttons.h"
-#include "platform/controls/card_screen.h"
+#include "platform/controls/form/card_screen.h"
 #include "platform/controls/grid.h"
 
 namespace desktop {
@@ -53,7 +53,7 @@ QString WithoutMnemonic(QString text) {
 }  // namespace
 
 FormWindow::FormWindow(platform::Form& form, const FormDesign* design, Services& services)
-    : form_(&form), app_(form.App()), services_(services), name_(ToShown(form.Name())) {
+    : form_(&form), host_(form.Host()), services_(services), name_(ToShown(form.Name())) {
   setAttribute(Qt::WA_QuitOnClose, false);
   if (design) design->setUp(*this);
   for (QLabel* label : findChildren<QLabel*>()) {
@@ -127,8 +127,8 @@ void FormWindow::Changed(platform::Control* control, Aspect aspect) {
     if (focusWidget() == before && !takingFocus_) SelectWhole(focusWidget());
     return;
   }
-  if (Binding* binding = BindingOf(*control)) Safely(app_, [&] { binding->Show(aspect); });
-  if (extras_) Safely(app_, [&] { extras_->Changed(*control, aspect); });
+  if (Binding* binding = BindingOf(*control)) Safely(host_, [&] { binding->Show(aspect); });
+  if (extras_) Safely(host_, [&] { extras_->Changed(*control, aspect); });
 }
 
 Binding* FormWindow::BindingOf(const platform::Control& control) const {
@@ -181,7 +181,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (!form_) return;
   const QPointer<FormWindow> alive(this);
-  Safely(app_, [&] {
+  Safely(host_, [&] {
     if (MayClose() && alive && form_) form_->UserClose();
   });
 }
@@ -197,7 +197,7 @@ bool FormWindow::MayClose() {
   const QPointer<FormWindow> alive(this);
   form_->Act([&] {
     if (cards->HasUnsavedEntries())
-      may = app_.MsgBox("Close without saving the changes?", kQuestion, form_->Caption()) == platform::box::Yes;
+      may = host_.MsgBox("Close without saving the changes?", kQuestion, form_->Caption()) == platform::box::Yes;
   });
   if (alive) asking_ = false;
   return may;
@@ -218,7 +218,7 @@ void FormWindow::changeEvent(QEvent* event) {
 
 bool FormWindow::focusNextPrevChild(bool next) {
   if (!form_) return QMainWindow::focusNextPrevChild(next);
-  Safely(app_, [&] {
+  Safely(host_, [&] {
     const Binding* here = BindingAround(focusWidget());
     platform::Control* to = form_->NextInTabOrder(here ? &here->Model() : form_->Focus(), !next);
     if (to) form_->UserFocus(*to);
@@ -250,7 +250,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     if (found == byWidget_.end()) return false;
     auto* button = dynamic_cast<platform::CommandButton*>(&found->second->Model());
     if (!button || !button->EffectivelyEnabled() || key->modifiers() != Qt::NoModifier) return false;
-    Safely(app_, [&] { button->UserClick(); });
+    Safely(host_, [&] { button->UserClick(); });
     return true;
   }
   return false;
@@ -262,7 +262,7 @@ void FormWindow::TookFocus(Binding& binding, Qt::FocusReason reason) {
   if (!binding.Model().TakesFocus() || form_->Focus() == &binding.Model()) return;
   platform::Form& form = *form_;
   takingFocus_ = true;
-  Safely(app_, [&] { form.UserFocus(binding.Model()); });
+  Safely(host_, [&] { form.UserFocus(binding.Model()); });
   takingFocus_ = false;
   if (form_) SyncFocus();
 }
@@ -271,12 +271,12 @@ void FormWindow::mouseMoveEvent(QMouseEvent* event) {
   QMainWindow::mouseMoveEvent(event);
   if (!form_) return;
   platform::Form& form = *form_;
-  Safely(app_, [&] { form.Act([&form] { form.Form_MouseMove(); }); });
+  Safely(host_, [&] { form.Act([&form] { form.Form_MouseMove(); }); });
 }
 
 void FormWindow::Hovered(Binding& binding) {
   if (!binding.Model().MouseMove.HasHandler()) return;
-  Safely(app_, [&] { binding.Model().UserHover(); });
+  Safely(host_, [&] { binding.Model().UserHover(); });
 }
 
 }  // namespace desktop

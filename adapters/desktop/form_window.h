@@ -11,7 +11,7 @@
 #include "desktop/binding/binding.h"
 #include "desktop/services.h"
 #include "desktop/window_extras.h"
-#include "platform/controls/form.h"
+#include "platform/controls/form/form.h"
 
 namespace desktop {
 
@@ -73,7 +73,7 @@ class FormWindow final : public QMainWindow {
   void FitInto(const QSize& room);
 
   platform::Form* form_;
-  platform::Application& app_;
+  platform::FormHost& host_;
   Services& services_;
   QString name_;
   std::vector<std::unique_ptr<Binding>> bindings_;

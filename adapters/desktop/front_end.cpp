@@ -73,13 +73,13 @@ FormWindow* DesktopFrontEnd::WindowOf(const platform::Form& form) const {
 bool DesktopFrontEnd::AnyScreenBusy() const {
   return std::any_of(windows_.begin(), windows_.end(), [](const auto& entry) {
     const platform::Form* form = entry.second->Model();
-    return form && form->App().Busy(*form);
+    return form && form->Busy();
   });
 }
 
 void DesktopFrontEnd::Loaded(platform::Form& form) {
   const FormDesign* design = DesignOf(form.Name());
-  if (!design) form.App().Log(platform::LogLevel::Warning, "window: no layout for screen " + form.Name());
+  if (!design) form.Host().Log(platform::LogLevel::Warning, "window: no layout for screen " + form.Name());
   WindowPointer window(std::make_unique<FormWindow>(form, design, *services_).release());
   FormWindow& made = *window;
   windows_[&form] = std::move(window);

@@ -12,7 +12,7 @@
 #include "desktop/form_window.h"
 #include "desktop/services.h"
 #include "desktop/toolkit_application.h"
-#include "platform/front_end.h"
+#include "platform/host/front_end.h"
 
 namespace desktop {
 

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "desktop/toolkit.h"
-#include "platform/front_end.h"
+#include "platform/host/front_end.h"
 
 namespace desktop {
 

@@ -1,6 +1,6 @@
 #include "desktop/toolkit.h"
 
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 namespace desktop {
 
@@ -20,12 +20,12 @@ qsizetype PositionOfCharacter(const QString& text, qsizetype characters) {
   return at;
 }
 
-void ReportFromSlot(platform::Application& app, const std::exception* what) noexcept {
+void ReportFromSlot(platform::FormHost& host, const std::exception* what) noexcept {
   try {
     if (const auto* error = dynamic_cast<const platform::Error*>(what)) {
-      app.Unhandled(*error);
+      host.Unhandled(*error);
     } else {
-      app.Log(platform::LogLevel::Failure, std::string("window: ") + (what ? what->what() : "unknown exception"));
+      host.Log(platform::LogLevel::Failure, std::string("window: ") + (what ? what->what() : "unknown exception"));
     }
   } catch (...) {
     // Nothing is left to tell it to.

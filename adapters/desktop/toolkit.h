@@ -8,8 +8,8 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/application.h"
-#include "platform/controls/form.h"
+#include "platform/controls/form/form.h"
+#include "platform/controls/form/form_host.h"
 
 /// Small bridges between the library's types and the toolkit's.
 namespace desktop {
@@ -45,17 +45,17 @@ T* NewWidget(Parent* parent, Args&&... args) {
 }
 
 /// Tells the user (an error of the engine) or the diagnostic log (anything else) of what a slot could not handle.
-void ReportFromSlot(platform::Application& app, const std::exception* what) noexcept;
+void ReportFromSlot(platform::FormHost& host, const std::exception* what) noexcept;
 
 /// Runs `body` so that nothing it throws reaches the toolkit.
 template <class Body>
-void Safely(platform::Application& app, Body&& body) noexcept {
+void Safely(platform::FormHost& host, Body&& body) noexcept {
   try {
     body();
   } catch (const std::exception& what) {
-    ReportFromSlot(app, &what);
+    ReportFromSlot(host, &what);
   } catch (...) {
-    ReportFromSlot(app, nullptr);
+    ReportFromSlot(host, nullptr);
   }
 }
 

@@ -3,7 +3,7 @@
 #include <QThread>
 
 #include "desktop/display.h"
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 #ifdef __linux__
 #include <sys/syscall.h>

@@ -10,10 +10,10 @@
 #include "desktop/help.h"
 #include "desktop/services.h"
 #include "desktop/toolkit.h"
-#include "platform/controls/card_screen.h"
 #include "platform/controls/data_control.h"
+#include "platform/controls/form/card_screen.h"
+#include "platform/controls/form/tab_control.h"
 #include "platform/controls/grid.h"
-#include "platform/controls/tab_control.h"
 #include "platform/controls/toolbar.h"
 
 namespace desktop {
@@ -111,7 +111,7 @@ void WindowExtras::Settled() {
   if (!placeIsOld_ || !place_) return;
   placeIsOld_ = false;
   QString text;
-  Safely(form_.App(), [&] { text = Place(); });
+  Safely(form_.Host(), [&] { text = Place(); });
   place_->setText(text);
 }
 

@@ -4,7 +4,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
-#include "platform/controls/form.h"
+#include "platform/controls/form/form.h"
 
 namespace platform {
 class CardScreen;

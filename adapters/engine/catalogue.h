@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/table_definition.h"
+#include "platform/data/table_definition.h"
 
 namespace engine {
 

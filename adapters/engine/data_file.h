@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/table_definition.h"
-#include "platform/value.h"
+#include "platform/data/table_definition.h"
+#include "platform/values/value.h"
 
 /// Making, filling, checking and copying data files: for `suitefiles` and the tests. The library itself makes no file and no
 /// table. Failures are platform::Error.

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 namespace engine {
 

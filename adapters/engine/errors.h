@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 /// The engine's errors by name: each function makes the error with its number and its full description. The language's own
 /// errors (5, 6, 11, 13, 91, 93, 94, 3265, 3420) stand in platform/error.h.

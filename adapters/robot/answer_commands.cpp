@@ -1,6 +1,6 @@
 #include <optional>
 
-#include "platform/front_end.h"
+#include "platform/host/front_end.h"
 #include "robot/failure.h"
 #include "robot/interpreter.h"
 

@@ -3,7 +3,7 @@
 #include <cassert>
 #include <charconv>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "robot/failure.h"
 
 namespace robot {

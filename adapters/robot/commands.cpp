@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace robot {
 namespace {

@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/accounts_lookup.h"
-#include "platform/error_log.h"
-#include "platform/map.h"
-#include "platform/report.h"
+#include "platform/controls/report_control.h"
+#include "platform/services/accounts_lookup.h"
+#include "platform/services/error_log.h"
+#include "platform/services/map.h"
 #include "robot/journal.h"
 
 namespace robot {

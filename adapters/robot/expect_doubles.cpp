@@ -2,8 +2,8 @@
 #include <optional>
 #include <type_traits>
 
-#include "platform/report.h"
-#include "platform/text.h"
+#include "platform/controls/report_control.h"
+#include "platform/values/text.h"
 #include "robot/failure.h"
 #include "robot/interpreter.h"
 #include "robot/value_text.h"

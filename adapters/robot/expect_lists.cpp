@@ -3,7 +3,7 @@
 #include "platform/controls/combo.h"
 #include "platform/controls/lists.h"
 #include "platform/controls/toolbar.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "robot/failure.h"
 #include "robot/interpreter.h"
 #include "robot/lists.h"

@@ -1,4 +1,4 @@
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "robot/failure.h"
 #include "robot/interpreter.h"
 #include "robot/value_text.h"

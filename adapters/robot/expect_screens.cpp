@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "platform/controls/label.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "robot/failure.h"
 #include "robot/interpreter.h"
 #include "robot/value_text.h"

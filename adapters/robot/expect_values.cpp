@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "platform/controls/data_control.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "robot/failure.h"
 #include "robot/failure_text.h"
 #include "robot/interpreter.h"

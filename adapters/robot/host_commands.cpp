@@ -1,8 +1,8 @@
 #include <cstdint>
 #include <limits>
 
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/text.h"
 #include "robot/failure.h"
 #include "robot/interpreter.h"
 #include "robot/value_text.h"

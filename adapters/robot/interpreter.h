@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/application.h"
-#include "platform/user_hands.h"
+#include "platform/host/application.h"
+#include "platform/host/user_hands.h"
 #include "robot/arguments.h"
 #include "robot/commands.h"
 #include "robot/doubles.h"

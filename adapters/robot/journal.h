@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/controls/control.h"
-#include "platform/error.h"
-#include "platform/error_log.h"
+#include "platform/controls/form/control.h"
+#include "platform/services/error_log.h"
+#include "platform/values/error.h"
 
 namespace robot {
 

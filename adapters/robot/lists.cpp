@@ -1,7 +1,7 @@
 #include "robot/lists.h"
 
-#include "platform/controls/form.h"
-#include "platform/text.h"
+#include "platform/controls/form/form.h"
+#include "platform/values/text.h"
 #include "robot/failure.h"
 #include "robot/value_text.h"
 

@@ -3,7 +3,7 @@
 #include <charconv>
 
 #include "platform/controls/text_box.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "robot/failure.h"
 
 namespace robot {

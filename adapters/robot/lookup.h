@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/application.h"
-#include "platform/controls/control.h"
-#include "platform/value.h"
+#include "platform/controls/form/control.h"
+#include "platform/host/application.h"
+#include "platform/values/value.h"
 
 namespace robot {
 

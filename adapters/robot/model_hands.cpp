@@ -3,8 +3,8 @@
 #include <fstream>
 
 #include "platform/controls/data_control.h"
-#include "platform/controls/form.h"
-#include "platform/text.h"
+#include "platform/controls/form/form.h"
+#include "platform/values/text.h"
 #include "robot/failure.h"
 #include "robot/lookup.h"
 #include "robot/value_text.h"

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/user_hands.h"
+#include "platform/host/user_hands.h"
 
 namespace robot {
 

@@ -1,6 +1,6 @@
 #include "robot/others.h"
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "robot/failure.h"
 
 namespace robot {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/data.h"
+#include "platform/data/data.h"
 #include "robot/surroundings.h"
 
 namespace robot {

@@ -1,17 +1,17 @@
 #include <optional>
 
-#include "platform/common_dialog.h"
 #include "platform/controls/buttons.h"
 #include "platform/controls/combo.h"
+#include "platform/controls/common_dialog.h"
 #include "platform/controls/data_control.h"
+#include "platform/controls/form/tab_control.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
 #include "platform/controls/lists.h"
-#include "platform/controls/tab_control.h"
 #include "platform/controls/text_box.h"
 #include "platform/controls/toolbar.h"
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/text.h"
 #include "robot/failure.h"
 #include "robot/lookup.h"
 

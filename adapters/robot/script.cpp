@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "robot/commands.h"
 
 namespace robot {

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/front_end.h"
+#include "platform/host/front_end.h"
 #include "robot/stage.h"
 
 namespace robot {

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/controls/form.h"
-#include "platform/front_end.h"
+#include "platform/controls/form/form.h"
+#include "platform/host/front_end.h"
 
 namespace robot {
 

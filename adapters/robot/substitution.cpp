@@ -1,5 +1,5 @@
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/text.h"
 #include "robot/interpreter.h"
 #include "robot/value_text.h"
 

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/data.h"
-#include "platform/value.h"
+#include "platform/data/data.h"
+#include "platform/values/value.h"
 
 namespace robot {
 

@@ -2,8 +2,8 @@
 
 #include <charconv>
 
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/text.h"
 
 namespace robot {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/value.h"
+#include "platform/values/value.h"
 #include "robot/script.h"
 
 namespace robot {

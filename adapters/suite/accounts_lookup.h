@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/accounts_lookup.h"
+#include "platform/services/accounts_lookup.h"
 
 namespace suite {
 

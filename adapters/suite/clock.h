@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "platform/value.h"
+#include "platform/values/value.h"
 
 namespace suite {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/table_definition.h"
+#include "platform/data/table_definition.h"
 
 /// The tables of the suite's data files that the library works on: every field with type, width and default, every named
 /// index. Indexes whose names begin with "x" are there for speed alone.

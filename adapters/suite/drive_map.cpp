@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace suite {
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/error_log.h"
+#include "platform/services/error_log.h"
 
 namespace suite {
 

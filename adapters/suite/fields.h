@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/table_definition.h"
+#include "platform/data/table_definition.h"
 
 /// Short words for table definitions. Numbers start at 0 and Booleans at False; the words with "Null" start at Null, as
 /// texts, memos and dates do.

@@ -1,6 +1,6 @@
 #include "suite/file_set.h"
 
-#include "platform/data_path.h"
+#include "platform/services/data_path.h"
 
 namespace suite {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/operating_system.h"
+#include "platform/services/operating_system.h"
 #include "suite/company_schema.h"
 
 namespace suite {

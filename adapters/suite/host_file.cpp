@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <filesystem>
 
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 namespace suite {
 

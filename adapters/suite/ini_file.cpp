@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "suite/host_file.h"
 
 namespace suite {

@@ -7,7 +7,7 @@
 #include <array>
 #include <cstdlib>
 
-#include "platform/error.h"
+#include "platform/values/error.h"
 #include "suite/clock.h"
 #include "suite/host_file.h"
 #include "suite/ini_file.h"

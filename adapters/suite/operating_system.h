@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/operating_system.h"
+#include "platform/services/operating_system.h"
 #include "suite/drive_map.h"
 
 namespace suite {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "library/places.h"
-#include "platform/application.h"
+#include "platform/host/application.h"
 
 namespace library {
 

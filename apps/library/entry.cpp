@@ -7,8 +7,8 @@
 #include <mutex>
 #include <utility>
 
-#include "platform/error.h"
-#include "platform/text.h"
+#include "platform/values/error.h"
+#include "platform/values/text.h"
 #include "session/ModCustSch.h"
 
 namespace library {

@@ -9,7 +9,7 @@
 
 #include "library/default_application.h"
 #include "library/orcussch.h"
-#include "platform/application.h"
+#include "platform/host/application.h"
 #include "session/CustSearch.h"
 
 namespace library {

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <filesystem>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "suite/operating_system.h"
 
 namespace library {

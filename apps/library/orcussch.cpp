@@ -6,8 +6,8 @@
 #include "library/entry.h"
 #include "library/options.h"
 #include "library/windows.h"
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/text.h"
 #include "session/failures.h"
 
 using library::Enter;

@@ -4,7 +4,7 @@
 
 #include "engine/data_file.h"
 #include "engine/engine.h"
-#include "platform/error.h"
+#include "platform/values/error.h"
 #include "suite/company_schema.h"
 #include "suite/file_set.h"
 #include "suite/operating_system.h"

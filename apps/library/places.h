@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/data.h"
-#include "platform/operating_system.h"
+#include "platform/data/data.h"
+#include "platform/services/operating_system.h"
 
 /// The library for hosts: where its files are, what it is put together from, and its border.
 namespace library {

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/front_end.h"
-#include "platform/user_hands.h"
+#include "platform/host/front_end.h"
+#include "platform/host/user_hands.h"
 
 /// The windows, where the build has them.
 namespace library {

@@ -1,5 +1,5 @@
 #include "library/windows.h"
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 namespace library {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "suitefiles/command_line.h"
 
 namespace suitefiles {

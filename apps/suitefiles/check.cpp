@@ -4,8 +4,8 @@
 #include <set>
 
 #include "engine/data_file.h"
-#include "platform/convert.h"
-#include "platform/error.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
 #include "suite/company_schema.h"
 #include "suitefiles/command_line.h"
 #include "suitefiles/commands.h"

@@ -4,8 +4,8 @@
 #include <charconv>
 #include <set>
 
-#include "platform/convert.h"
-#include "platform/error.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
 #include "suitefiles/command_line.h"
 #include "suitefiles/session.h"
 

@@ -1,6 +1,6 @@
 #include "suitefiles/company_links.h"
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace suitefiles {
 

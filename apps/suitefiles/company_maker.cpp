@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "engine/data_file.h"
-#include "platform/convert.h"
-#include "platform/error.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
 #include "suite/clock.h"
 #include "suite/company_schema.h"
 #include "suitefiles/session.h"

@@ -1,6 +1,6 @@
 #include <iostream>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "suitefiles/command_line.h"
 #include "suitefiles/commands.h"
 #include "suitefiles/company_files.h"

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <iostream>
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "suitefiles/command_line.h"
 #include "suitefiles/commands.h"
 #include "suitefiles/company_files.h"

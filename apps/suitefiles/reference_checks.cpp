@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <set>
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "suitefiles/company_files.h"
 #include "suitefiles/company_links.h"
 #include "suitefiles/session.h"

@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace suitefiles {
 

@@ -2,7 +2,7 @@
 #include <exception>
 #include <iostream>
 
-#include "platform/error.h"
+#include "platform/values/error.h"
 #include "suitefiles/command_line.h"
 #include "suitefiles/commands.h"
 

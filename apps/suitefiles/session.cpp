@@ -1,7 +1,7 @@
 #include "suitefiles/session.h"
 
 #include "engine/engine.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace suitefiles {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 namespace suitefiles {
 

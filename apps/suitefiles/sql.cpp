@@ -2,8 +2,8 @@
 #include <iterator>
 
 #include "engine/engine.h"
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/text.h"
 #include "suitefiles/command_line.h"
 #include "suitefiles/commands.h"
 #include "suitefiles/row_printer.h"

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/data_file.h"
-#include "platform/value.h"
+#include "platform/values/value.h"
 
 namespace suitefiles {
 

@@ -2,7 +2,7 @@
 #include <iostream>
 
 #include "engine/data_file.h"
-#include "platform/error.h"
+#include "platform/values/error.h"
 #include "suite/company_schema.h"
 #include "suitefiles/command_line.h"
 #include "suitefiles/commands.h"

@@ -1,7 +1,7 @@
 #include "maintenance/card_desk.h"
 
 #include "maintenance/frmCustMain.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 #include "session/reports.h"
 

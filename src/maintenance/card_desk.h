@@ -4,7 +4,7 @@
 #include <string>
 
 #include "maintenance/card_entries.h"
-#include "platform/value.h"
+#include "platform/values/value.h"
 
 namespace orcussch {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "maintenance/frmCustMain.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 #include "session/opened.h"
 

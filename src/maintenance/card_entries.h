@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/value.h"
+#include "platform/values/value.h"
 
 namespace platform {
 class Control;

@@ -79,7 +79,7 @@ void CaptionOptions(platform::ControlArray<platform::OptionButton, N>& options, 
 }  // namespace
 
 frmCustMain::frmCustMain()
-    : Form(orcussch::App(), "frmCustMain", "Customer Maintenance"),
+    : Screen(orcussch::App(), "frmCustMain", "Customer Maintenance"),
       Toolbar1(*this, "Toolbar1", ToolbarKeys()),
       miPrint(*this, "miPrint", "Print"),
       miPreview(*this, "miPreview", "Print Preview"),

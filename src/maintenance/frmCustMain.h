@@ -10,19 +10,20 @@
 
 #include "maintenance/card_desk.h"
 #include "maintenance/tabs/record_tab.h"
-#include "platform/common_dialog.h"
 #include "platform/controls/buttons.h"
-#include "platform/controls/card_screen.h"
 #include "platform/controls/combo.h"
+#include "platform/controls/common_dialog.h"
 #include "platform/controls/data_control.h"
-#include "platform/controls/form.h"
+#include "platform/controls/form/card_screen.h"
+#include "platform/controls/form/form.h"
+#include "platform/controls/form/tab_control.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
-#include "platform/controls/tab_control.h"
+#include "platform/controls/report_control.h"
 #include "platform/controls/text_box.h"
 #include "platform/controls/toolbar.h"
-#include "platform/report.h"
-#include "platform/screen_ref.h"
+#include "platform/host/screen.h"
+#include "platform/host/screen_ref.h"
 #include "session/failures.h"
 
 namespace orcussch {
@@ -47,7 +48,7 @@ inline constexpr int Count = 7;
 /// list shows), ordering.cpp, search.cpp, selection.cpp, assignment.cpp, records.cpp (the frame of add, edit, save and
 /// cancel), deletion.cpp, grid_editing.cpp, labor_rates.cpp, card_handlers.cpp; what is special to one kind of record stands in
 /// tabs/.
-class frmCustMain final : public platform::Form, public platform::CardScreen {
+class frmCustMain final : public platform::Screen, public platform::CardScreen {
  public:
   template <class T, std::size_t N>
   using Array = platform::ControlArray<T, N>;

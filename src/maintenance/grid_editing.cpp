@@ -1,5 +1,5 @@
 #include "maintenance/frmCustMain.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 
 // Editing cells in the lists: the tests before a cell is taken, what a cell of the assignment lists changes in the real

@@ -1,7 +1,7 @@
 #include "maintenance/frmCustMain.h"
 #include "maintenance/tabs/fields.h"
-#include "platform/convert.h"
-#include "platform/currency.h"
+#include "platform/values/convert.h"
+#include "platform/values/currency.h"
 #include "session/ModCustSch.h"
 
 // Departmental labor rates: the panel of the card, and the two bulk actions of the list page.

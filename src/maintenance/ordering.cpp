@@ -1,5 +1,5 @@
 #include "maintenance/frmCustMain.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 
 // How the user orders a list: by the options and by clicks on headings.

@@ -1,6 +1,6 @@
 #include "maintenance/frmCustMain.h"
 #include "maintenance/tabs/record_tab.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 
 // The record operations: one frame for all tabs, the branches in tabs/.

@@ -1,5 +1,5 @@
 #include "maintenance/frmCustMain.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 
 // The search box: one step on the tab's list, by the beginning of a field.

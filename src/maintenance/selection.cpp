@@ -1,5 +1,5 @@
 #include "maintenance/frmCustMain.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 
 // Handing the current customer to the host, and the multiple selection of rows.

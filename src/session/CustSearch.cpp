@@ -3,8 +3,8 @@
 #include <string>
 
 #include "maintenance/frmCustMain.h"
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/text.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
 #include "session/modAppShutdown.h"

@@ -3,8 +3,8 @@
 #include <functional>
 #include <string_view>
 
-#include "platform/application.h"
-#include "platform/value.h"
+#include "platform/host/application.h"
+#include "platform/values/value.h"
 
 namespace orcussch {
 

@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/application.h"
-#include "platform/common_dialog.h"
-#include "platform/data.h"
-#include "platform/report.h"
+#include "platform/controls/common_dialog.h"
+#include "platform/controls/report_control.h"
+#include "platform/data/data.h"
+#include "platform/host/application.h"
 
 /// The session: what every screen uses directly. One session per loaded library; it opens with the company number and ends
 /// with the shutdown, which walks the engine's own collections.

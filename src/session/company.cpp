@@ -1,4 +1,4 @@
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
 #include "session/opened.h"

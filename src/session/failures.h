@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 /// What a procedure does when one of its statements fails. Each procedure's first line shows which of the shapes it has:
 /// Trap (report and leave), ResumeNext (report and go on at the next statement), Ignore (go on in silence), or none at

@@ -1,4 +1,4 @@
-#include "platform/data_path.h"
+#include "platform/services/data_path.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
 #include "session/modAppShutdown.h"

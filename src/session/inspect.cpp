@@ -1,6 +1,6 @@
 #include "session/inspect.h"
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "session/ModCustSch.h"
 
 namespace orcussch {

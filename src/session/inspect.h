@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/value.h"
+#include "platform/values/value.h"
 
 namespace orcussch {
 

@@ -1,6 +1,6 @@
 #include "session/modAppShutdown.h"
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
 

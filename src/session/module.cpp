@@ -1,7 +1,7 @@
 #include <cassert>
 #include <string>
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
 #include "session/reports.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/data.h"
+#include "platform/data/data.h"
 #include "session/failures.h"
 
 namespace orcussch {

@@ -18,17 +18,18 @@
 
 #include "desktop/hands/input.h"
 #include "desktop/support/main_screen.h"
-#include "platform/controls/card_screen.h"
-#include "platform/shortcuts.h"
+#include "platform/controls/form/card_screen.h"
+#include "platform/host/screen.h"
+#include "platform/host/shortcuts.h"
 
 // What the window adds around a screen's cards.
 namespace desktop_test {
 namespace {
 
 /// A screen with something to lose.
-class frmCard final : public platform::Form, public platform::CardScreen {
+class frmCard final : public platform::Screen, public platform::CardScreen {
  public:
-  explicit frmCard(platform::Application& app) : Form(app, "frmCard", "Card") {}
+  explicit frmCard(platform::Application& app) : Screen(app, "frmCard", "Card") {}
   bool HasUnsavedEntries() const override { return unsaved; }
   std::string CardMode() const override { return ""; }
   bool AddsOwner() const override { return false; }

@@ -10,7 +10,7 @@
 
 #include "desktop/hands/input.h"
 #include "desktop/support/desk.h"
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 namespace desktop_test {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/support/fake_rows.h"
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 namespace {
 

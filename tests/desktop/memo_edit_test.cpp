@@ -5,7 +5,7 @@
 
 #include "desktop/hands/input.h"
 #include "desktop/support/desk.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace desktop_test {
 namespace {

@@ -5,7 +5,7 @@
 #include <QTimer>
 
 #include "desktop/support/desk.h"
-#include "platform/front_end.h"
+#include "platform/host/front_end.h"
 
 namespace desktop_test {
 namespace {

@@ -4,11 +4,11 @@
 #include <string>
 #include <string_view>
 
-#include "platform/convert.h"
-#include "platform/error.h"
-#include "platform/format.h"
-#include "platform/mask.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
+#include "platform/values/format.h"
+#include "platform/values/mask.h"
+#include "platform/values/text.h"
 
 // A text, and behind the first line end a format or mask: conversions raise nothing but their own errors, what a
 // predicate accepts converts, and what a conversion gives reads back.

@@ -6,8 +6,8 @@
 
 #include "engine/text/like.h"
 #include "engine/text/text_order.h"
-#include "platform/error.h"
-#include "platform/text.h"
+#include "platform/values/error.h"
+#include "platform/values/text.h"
 
 // Pattern and text, parted by the first line end: ranges hold all that Like finds, and the order contradicts itself nowhere.
 

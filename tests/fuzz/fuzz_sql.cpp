@@ -14,7 +14,7 @@
 #include "engine/translate/select_planner.h"
 #include "engine/translate/store_functions.h"
 #include "engine/translate/translate.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 // Any text as a statement and as a criterion: only the engine's errors come out, printing and parsing again changes
 // nothing, and the store can read whatever the translator writes.

@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "maintenance/frmCustMain.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace hostile {
 namespace {

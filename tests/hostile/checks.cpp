@@ -3,8 +3,8 @@
 #include <regex>
 
 #include "hostile/desk.h"
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/text.h"
 
 namespace hostile {
 namespace {

@@ -1,6 +1,6 @@
 #include "hostile/desk.h"
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "robot/failure.h"
 #include "robot/lookup.h"
 #include "robot/model_hands.h"

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "maintenance/frmCustMain.h"
-#include "platform/user_hands.h"
+#include "platform/host/user_hands.h"
 
 namespace hostile {
 

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "platform/controls/form.h"
+#include "platform/controls/form/form.h"
 
 namespace hostile {
 namespace {
@@ -28,7 +28,7 @@ void InterruptingFrontEnd::RunModal(platform::Form& form, const std::function<bo
   if (!done()) form.UserClose();
   if (done()) return;
   wouldNotGo = true;
-  form.App().Unload(form);
+  form.Host().Unload(form);
 }
 
 void InterruptingFrontEnd::Arm(int at, std::function<void()> act) {

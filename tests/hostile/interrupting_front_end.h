@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/application.h"
+#include "platform/host/application.h"
 
 namespace hostile {
 

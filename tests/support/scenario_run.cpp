@@ -3,9 +3,9 @@
 #include <map>
 #include <sstream>
 
-#include "platform/application.h"
-#include "platform/error.h"
-#include "platform/text.h"
+#include "platform/host/application.h"
+#include "platform/values/error.h"
+#include "platform/values/text.h"
 #include "robot/interpreter.h"
 #include "robot/model_hands.h"
 #include "robot/scripted_front_end.h"

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 namespace test_support {
 

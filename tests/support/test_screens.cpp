@@ -1,6 +1,6 @@
 #include "support/test_screens.h"
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace test_support {
 
@@ -17,7 +17,7 @@ platform::GridColumn Column(const char* caption, const char* field) {
 
 }  // namespace
 
-frmFirst::frmFirst(platform::Application& app) : Form(app, "frmFirst", "First") {
+frmFirst::frmFirst(platform::Application& app) : Screen(app, "frmFirst", "First") {
   txtLocked.Locked(true);
   txtInBox.Container(fraBox);
   txtOnTab.PutOnTab(SSIndexTab1, 1, 0);

@@ -2,26 +2,27 @@
 
 #include <string>
 
-#include "platform/application.h"
-#include "platform/common_dialog.h"
 #include "platform/controls/buttons.h"
 #include "platform/controls/combo.h"
+#include "platform/controls/common_dialog.h"
 #include "platform/controls/data_control.h"
-#include "platform/controls/form.h"
+#include "platform/controls/form/form.h"
+#include "platform/controls/form/tab_control.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
 #include "platform/controls/lists.h"
-#include "platform/controls/tab_control.h"
+#include "platform/controls/report_control.h"
 #include "platform/controls/text_box.h"
 #include "platform/controls/toolbar.h"
-#include "platform/report.h"
+#include "platform/host/application.h"
+#include "platform/host/screen.h"
 
 namespace test_support {
 
 /// A small second screen, opened from the first.
-class frmSecond final : public platform::Form {
+class frmSecond final : public platform::Screen {
  public:
-  explicit frmSecond(platform::Application& app) : Form(app, "frmSecond", "Second") {
+  explicit frmSecond(platform::Application& app) : Screen(app, "frmSecond", "Second") {
     cmdClose.Click = [this] { App().Unload(*this); };
   }
   void Form_Load() override { App().DoEvents(); }
@@ -30,7 +31,7 @@ class frmSecond final : public platform::Form {
 };
 
 /// A screen with every kind of control, whose buttons do what the scripted user has to cope with.
-class frmFirst final : public platform::Form {
+class frmFirst final : public platform::Screen {
  public:
   explicit frmFirst(platform::Application& app);
   void Form_Load() override;

@@ -6,8 +6,8 @@
 
 #include "engine/data_file.h"
 #include "engine/engine.h"
-#include "platform/convert.h"
-#include "platform/error.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
 #include "suite/company_schema.h"
 #include "suitefiles/company_maker.h"
 

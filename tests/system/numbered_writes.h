@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 /// Writes with numbers, so that the file itself tells which of them it holds and whether it holds them whole. Every row that
 /// a write makes or changes bears its number in each field that the write sets.

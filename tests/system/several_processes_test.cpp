@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "engine/data_file.h"
-#include "platform/convert.h"
-#include "platform/error.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
 #include "suite/company_schema.h"
 #include "system/child.h"
 #include "system/numbered_writes.h"

@@ -4,7 +4,7 @@
 #include <iostream>
 #include <string>
 
-#include "platform/error.h"
+#include "platform/values/error.h"
 #include "system/numbered_writes.h"
 
 /// writer FILE FIRST COUNT: does the writes FIRST, FIRST+1 ... (COUNT of them, 0 for ever) and says each number on its output

@@ -5,7 +5,7 @@
 
 #include "desktop/form_window.h"
 #include "desktop/icons.h"
-#include "platform/shortcuts.h"
+#include "platform/host/shortcuts.h"
 
 namespace desktop {
 

@@ -9,10 +9,10 @@
 #include "desktop/binding/simple_bindings.h"
 #include "desktop/binding/tab_binding.h"
 #include "desktop/form_window.h"
-#include "platform/common_dialog.h"
+#include "platform/controls/common_dialog.h"
 #include "platform/controls/data_control.h"
+#include "platform/controls/report_control.h"
 #include "platform/controls/toolbar.h"
-#include "platform/report.h"
 
 namespace desktop {
 
@@ -63,7 +63,7 @@ std::unique_ptr<Binding> MakeBinding(FormWindow& window, Control& control) {
                      Try<platform::ListBox, QListWidget, ListBoxBinding>(window, control, binding) ||
                      Try<platform::ScrollBar, QScrollBar, ScrollBarBinding>(window, control, binding) ||
                      Try<platform::SpinButton, SpinPair, SpinBinding>(window, control, binding);
-  if (!bound) control.Owner().App().Log(platform::LogLevel::Warning, "window: no widget for " + control.FullName());
+  if (!bound) control.Owner().Host().Log(platform::LogLevel::Warning, "window: no widget for " + control.FullName());
   return binding;
 }
 

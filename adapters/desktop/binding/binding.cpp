@@ -7,7 +7,7 @@ namespace desktop {
 using platform::Aspect;
 
 Binding::Binding(FormWindow& window, platform::Control& control, QWidget* widget)
-    : window_(window), app_(control.Owner().App()), model_(control), widget_(widget) {}
+    : window_(window), host_(control.Owner().Host()), model_(control), widget_(widget) {}
 
 void Binding::ShowAll() {
   for (const Aspect aspect :

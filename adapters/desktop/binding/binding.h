@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "desktop/toolkit.h"
-#include "platform/controls/control.h"
+#include "platform/controls/form/control.h"
 
 namespace desktop {
 
@@ -34,17 +34,17 @@ class Binding : public QObject {
 
  protected:
   FormWindow& Window() const { return window_; }
-  platform::Application& App() const { return app_; }
+  platform::FormHost& Host() const { return host_; }
   /// Runs an act of the user unless the screen is gone or the control is closed to the user.
   template <class Body>
   void Act(Body&& body) {
     if (dropped_) return;
-    Safely(app_, std::forward<Body>(body));
+    Safely(host_, std::forward<Body>(body));
   }
 
  private:
   FormWindow& window_;
-  platform::Application& app_;
+  platform::FormHost& host_;
   platform::Control& model_;
   QWidget* widget_;
   bool dropped_ = false;

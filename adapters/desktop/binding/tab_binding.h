@@ -4,7 +4,7 @@
 
 #include "desktop/binding/binding.h"
 #include "desktop/controls/tab_bar.h"
-#include "platform/controls/tab_control.h"
+#include "platform/controls/form/tab_control.h"
 
 namespace desktop {
 

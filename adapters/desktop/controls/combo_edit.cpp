@@ -10,7 +10,7 @@
 #include <QWheelEvent>
 
 #include "desktop/controls/text_edit.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace desktop {
 
@@ -62,7 +62,7 @@ void ComboEdit::ReadRows() {
   rows_.clear();
   rowsKnown_ = true;
   if (!model_) return;
-  Safely(model_->Owner().App(), [this] { rows_ = model_->Rows(); });
+  Safely(model_->Owner().Host(), [this] { rows_ = model_->Rows(); });
   FillList();
 }
 
@@ -114,7 +114,7 @@ void ComboEdit::Typed(const QString& text) {
       break;
     }
   }
-  Safely(model_->Owner().App(), [&] { model_->UserType(ToUtf8(whole)); });
+  Safely(model_->Owner().Host(), [&] { model_->UserType(ToUtf8(whole)); });
   if (!model_) return;
   lineEdit()->setText(ToShown(model_->Text()));
   const auto typed = static_cast<int>(text.size());
@@ -130,7 +130,7 @@ void ComboEdit::Typed(const QString& text) {
 void ComboEdit::Picked(int row) {
   if (!model_ || row < 0 || row >= static_cast<int>(rows_.size())) return;
   const platform::ComboRow chosen = rows_[static_cast<std::size_t>(row)];
-  Safely(model_->Owner().App(), [&] { model_->UserPick(chosen); });
+  Safely(model_->Owner().Host(), [&] { model_->UserPick(chosen); });
   ShowModel();
   lineEdit()->selectAll();
 }

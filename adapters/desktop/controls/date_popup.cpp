@@ -11,14 +11,14 @@
 #include <algorithm>
 
 #include "desktop/icons.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace desktop {
 
 namespace {
 
 QDate DayOf(const platform::DateEdit& model) {
-  const platform::CalendarDay day = platform::CalendarOf(model.Value().value_or(model.Owner().App().System().Today()));
+  const platform::CalendarDay day = platform::CalendarOf(model.Value().value_or(model.Owner().Host().Today()));
   return QDate(day.year, day.month, day.day);
 }
 
@@ -65,7 +65,7 @@ void OpenCalendar(TextEdit& edit, platform::DateEdit& model) {
     popup->close();
     if (edit.isReadOnly() || !edit.Attached()) return;
     const std::string text = ShortDate(day);
-    Safely(model.Owner().App(), [&] { model.UserReplaceAll(text, text.size()); });
+    Safely(model.Owner().Host(), [&] { model.UserReplaceAll(text, text.size()); });
   };
   QObject::connect(calendar, &QCalendarWidget::clicked, popup, take);
   QObject::connect(calendar, &QCalendarWidget::activated, popup, take);

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "desktop/controls/text_edit.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace desktop {
 
@@ -64,7 +64,7 @@ void MemoEdit::TellSelection() {
 template <class Body>
 void MemoEdit::Edit(Body&& act) {
   TellSelection();
-  Safely(model_->Owner().App(), act);
+  Safely(model_->Owner().Host(), act);
   if (model_) ShowModel();
 }
 
@@ -108,7 +108,7 @@ void MemoEdit::Changed(int, int, int) {
   const std::size_t to = ModelPlace(static_cast<int>(known_.size() - tail));
   const QString added = now.mid(same, now.size() - tail - same);
   model_->Select(from, to - from);
-  Safely(model_->Owner().App(), [&] {
+  Safely(model_->Owner().Host(), [&] {
     if (added.isEmpty()) {
       model_->UserDelete();
     } else {

@@ -10,8 +10,8 @@
 #include <QMimeData>
 #include <algorithm>
 
-#include "platform/mask.h"
-#include "platform/text.h"
+#include "platform/values/mask.h"
+#include "platform/values/text.h"
 
 namespace desktop {
 
@@ -105,7 +105,7 @@ void TextEdit::Edit(Body&& act) {
   const std::size_t from = ModelPlace(start);
   const std::size_t to = hasSelectedText() ? ModelPlace(start + static_cast<int>(selectedText().size())) : from;
   model_->Select(from, to - from);
-  Safely(model_->Owner().App(), act);
+  Safely(model_->Owner().Host(), act);
   if (!model_) return;
   if (model_->Text() != before.text) {
     undo_.push_back(before);
@@ -161,7 +161,7 @@ void TextEdit::GoTo(std::vector<Step>& from, std::vector<Step>& to) {
   const Step step = from.back();
   from.pop_back();
   to.push_back({model_->Text(), model_->Caret()});
-  Safely(model_->Owner().App(), [&] { model_->UserReplaceAll(step.text, step.caret); });
+  Safely(model_->Owner().Host(), [&] { model_->UserReplaceAll(step.text, step.caret); });
   ShowModel();
 }
 

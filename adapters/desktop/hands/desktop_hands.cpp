@@ -20,7 +20,7 @@
 #include "desktop/hands/input.h"
 #include "desktop/list/list_view.h"
 #include "desktop/message_box.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace desktop {
 

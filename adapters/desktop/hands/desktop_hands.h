@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/front_end.h"
-#include "platform/user_hands.h"
+#include "platform/host/user_hands.h"
 
 namespace desktop {
 

@@ -8,7 +8,7 @@
 #include <array>
 
 #include "desktop/toolkit.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace desktop::input {
 

@@ -6,7 +6,7 @@
 #include "desktop/list/list_header.h"
 #include "desktop/list/list_view.h"
 #include "platform/controls/data_control.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 // Headings and cells.
 namespace desktop {

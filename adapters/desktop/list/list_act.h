@@ -12,7 +12,7 @@ namespace desktop {
 template <class Body>
 void ListView::Act(Body&& body) {
   if (!grid_ || services_->PaintingOnly() || !grid_->EffectivelyEnabled()) return;
-  Safely(App(), [&] { std::forward<Body>(body)(*grid_); });
+  Safely(Host(), [&] { std::forward<Body>(body)(*grid_); });
   if (grid_) Wish();
 }
 

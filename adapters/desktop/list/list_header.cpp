@@ -10,7 +10,7 @@
 
 #include "desktop/list/list_view.h"
 #include "desktop/theme.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace desktop {
 

@@ -6,7 +6,7 @@
 
 #include "desktop/theme.h"
 #include "desktop/toolkit.h"
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 namespace desktop {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 namespace desktop {
 

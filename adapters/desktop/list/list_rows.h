@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 namespace desktop {
 

@@ -13,8 +13,9 @@
 #include "desktop/list/column_layout.h"
 #include "desktop/list/list_rows.h"
 #include "desktop/list/sort_hint.h"
-#include "platform/application.h"
 #include "platform/controls/data_control.h"
+#include "platform/controls/form/form.h"
+#include "platform/controls/form/form_host.h"
 #include "platform/controls/grid.h"
 
 namespace desktop {
@@ -103,7 +104,7 @@ class ListView final : public QAbstractScrollArea {
  private:
   friend class ListPainter;
 
-  platform::Application& App() const { return grid_->Owner().App(); }
+  platform::FormHost& Host() const { return grid_->Owner().Host(); }
   template <class Body>
   void Act(Body&& body);
   /// An act that runs from the event loop, after whatever runs now.

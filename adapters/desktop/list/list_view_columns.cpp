@@ -5,7 +5,7 @@
 #include "desktop/list/list_view.h"
 #include "desktop/services.h"
 #include "desktop/toolkit.h"
-#include "platform/controls/form.h"
+#include "platform/controls/form/form.h"
 
 // Columns: what the design gives, what the user made of them, and sideways scrolling.
 namespace desktop {
@@ -174,7 +174,7 @@ void ListView::TellLeftColumn() {
   const int column = columns_.ColumnAt(place);
   const int split = grid_->SplitCount() - 1;
   if (grid_->LeftCol(split) == column) return;
-  Safely(App(), [&] { grid_->UserScroll(split, column); });
+  Safely(Host(), [&] { grid_->UserScroll(split, column); });
 }
 
 }  // namespace desktop

@@ -4,7 +4,7 @@
 
 #include "desktop/list/list_act.h"
 #include "desktop/list/list_copy.h"
-#include "platform/front_end.h"
+#include "platform/host/front_end.h"
 
 // What leaves a list by the clipboard.
 namespace desktop {
@@ -19,7 +19,7 @@ void ListView::CopyCell(int column) {
   Sync();
   const ShownRow* row = grid_ && currentOrdinal_ ? rows_.At(*currentOrdinal_) : nullptr;
   if (!row || column < 0) return;
-  Safely(App(), [&] { QApplication::clipboard()->setText(CopiedCell(*grid_, column, row->row)); });
+  Safely(Host(), [&] { QApplication::clipboard()->setText(CopiedCell(*grid_, column, row->row)); });
 }
 
 /// Marked rows in the order of their marking; with the window painted between them, since they may be many.
@@ -39,7 +39,7 @@ void ListView::CopyRows() {
       platform::RowWindow* window = grid.Data()->Window();
       const auto row = window ? window->RowOf(bookmark) : std::nullopt;
       if (row) text += CopiedRow(grid, shown, *row);
-      if (++copied % kRowsBetweenPaints == 0) App().FrontEnd().ServePainting();
+      if (++copied % kRowsBetweenPaints == 0) Host().ServePainting();
     }
     QApplication::clipboard()->setText(text);
   });

@@ -9,7 +9,7 @@
 #include "desktop/list/list_act.h"
 #include "desktop/services.h"
 #include "desktop/toolkit.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 // What keys and clicks in a list ask of its model.
 namespace desktop {

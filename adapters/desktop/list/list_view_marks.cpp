@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "desktop/list/list_act.h"
-#include "platform/front_end.h"
+#include "platform/host/front_end.h"
 
 // Which rows are marked. A mark belongs to a row and a range to the list, however much of it is held or in view.
 namespace desktop {
@@ -65,7 +65,7 @@ std::vector<platform::Bookmark> ListView::RowsDownTo(const platform::Bookmark& f
       rows.push_back(row.bookmark);
       if (row.bookmark == last) break;
     }
-    App().FrontEnd().ServePainting();
+    Host().ServePainting();
   }
   return rows;
 }

@@ -11,7 +11,7 @@
 #include "desktop/services.h"
 #include "desktop/toolkit.h"
 #include "platform/controls/toolbar.h"
-#include "platform/shortcuts.h"
+#include "platform/host/shortcuts.h"
 
 // The menus of a row and of a heading, and the columns that the user chooses.
 namespace desktop {

@@ -10,9 +10,9 @@
 #include "desktop/list/list_view.h"
 #include "desktop/services.h"
 #include "desktop/toolkit.h"
-#include "platform/convert.h"
-#include "platform/error.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
+#include "platform/values/text.h"
 
 // How changes of the model come into view: they are noted at once and taken in together, at most once a frame.
 namespace desktop {
@@ -63,7 +63,7 @@ void ListView::Wish() {
 
 void ListView::Sync() {
   if (!grid_ || !services_ || services_->PaintingOnly()) return;
-  Safely(App(), [this] {
+  Safely(Host(), [this] {
     if (listChanged_) SyncList();
     SyncContent();
     UpdateRange();

@@ -1,6 +1,6 @@
 #include "desktop/list/sort_hint.h"
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace desktop {
 

@@ -8,7 +8,7 @@
 #include "engine/cursor/list_window.h"
 #include "engine/cursor/row_editor.h"
 #include "engine/cursor/row_list.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 namespace engine {
 

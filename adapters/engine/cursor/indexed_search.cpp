@@ -7,7 +7,7 @@
 #include "engine/store/sqlite/field_values.h"
 #include "engine/text/text_order.h"
 #include "engine/translate/translate.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

@@ -6,7 +6,7 @@
 #include "engine/cursor/indexed_list.h"
 #include "engine/cursor/keyset_list.h"
 #include "engine/cursor/stored_list.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/cursor/row_list.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 namespace engine {
 

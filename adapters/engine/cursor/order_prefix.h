@@ -3,8 +3,8 @@
 #include <cstdint>
 
 #include "engine/store/sqlite/statement.h"
-#include "platform/table_definition.h"
-#include "platform/value.h"
+#include "platform/data/table_definition.h"
+#include "platform/values/value.h"
 
 namespace engine {
 

@@ -7,7 +7,7 @@
 
 #include "engine/cursor/row_list.h"
 #include "engine/cursor/row_source.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 namespace engine {
 

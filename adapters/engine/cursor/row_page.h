@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/value.h"
+#include "platform/values/value.h"
 
 namespace engine {
 

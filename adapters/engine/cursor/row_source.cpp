@@ -4,7 +4,7 @@
 
 #include "engine/cursor/key_walker.h"
 #include "engine/errors.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

@@ -13,7 +13,7 @@
 #include "engine/objects/database_catalogue.h"
 #include "engine/objects/session.h"
 #include "engine/translate/plan.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 namespace engine {
 

@@ -5,7 +5,7 @@
 
 #include "engine/errors.h"
 #include "engine/store/sqlite/field_values.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

@@ -7,7 +7,7 @@
 #include "engine/errors.h"
 #include "engine/store/sqlite/field_values.h"
 #include "engine/translate/translate.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace engine {
 namespace {

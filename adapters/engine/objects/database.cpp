@@ -8,7 +8,7 @@
 #include "engine/errors.h"
 #include "engine/objects/action.h"
 #include "engine/translate/translate.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

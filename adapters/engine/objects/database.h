@@ -10,7 +10,7 @@
 #include "engine/cursor/cursor.h"
 #include "engine/objects/database_catalogue.h"
 #include "engine/objects/session.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 namespace engine {
 

@@ -3,7 +3,7 @@
 #include "engine/store/sqlite/links.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

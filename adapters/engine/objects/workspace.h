@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/objects/database.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 namespace engine {
 

@@ -1,6 +1,6 @@
 #include "engine/sql/date_literal.h"
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace engine::sql {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/value.h"
+#include "platform/values/value.h"
 
 namespace engine::sql {
 

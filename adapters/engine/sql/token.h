@@ -5,7 +5,7 @@
 
 #include "engine/sql/keywords.h"
 #include "engine/sql/span.h"
-#include "platform/value.h"
+#include "platform/values/value.h"
 
 namespace engine::sql {
 

@@ -4,7 +4,7 @@
 
 #include "engine/errors.h"
 #include "engine/sql/lexer.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine::sql {
 namespace {

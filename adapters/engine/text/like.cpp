@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "engine/text/text_order.h"
-#include "platform/error.h"
-#include "platform/text.h"
+#include "platform/values/error.h"
+#include "platform/values/text.h"
 
 namespace engine {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "engine/text/weights.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

@@ -4,7 +4,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "platform/unicode.h"
+#include "platform/values/unicode.h"
 
 namespace engine::weights {
 namespace {

@@ -1,7 +1,7 @@
 #include "engine/errors.h"
 #include "engine/sql/print.h"
 #include "engine/translate/emitter.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 

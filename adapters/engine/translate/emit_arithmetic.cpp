@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "engine/translate/emitter.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace engine {
 namespace {

@@ -2,7 +2,7 @@
 #include "engine/sql/print.h"
 #include "engine/translate/emitter.h"
 #include "engine/translate/functions.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 

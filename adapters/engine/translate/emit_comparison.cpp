@@ -5,7 +5,7 @@
 #include "engine/text/text_order.h"
 #include "engine/translate/emitter.h"
 #include "engine/translate/iso_date.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace engine {
 namespace {

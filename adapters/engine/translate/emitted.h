@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "engine/translate/sql_type.h"
-#include "platform/value.h"
+#include "platform/values/value.h"
 
 namespace engine {
 

@@ -7,8 +7,8 @@
 
 #include "engine/errors.h"
 #include "engine/translate/iso_date.h"
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

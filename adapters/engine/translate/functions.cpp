@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "engine/translate/stored_value.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

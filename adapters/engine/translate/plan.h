@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "engine/catalogue.h"
-#include "platform/table_definition.h"
-#include "platform/value.h"
+#include "platform/data/table_definition.h"
+#include "platform/values/value.h"
 
 /// What translation makes of a statement: not one SQL text but the parts from which the cursors build their own
 /// statements (a page from a key, a count, a row by its key). All names in the SQL parts are qualified by the table's

@@ -6,7 +6,7 @@
 #include "engine/text/text_order.h"
 #include "engine/translate/emitter.h"
 #include "engine/translate/translate.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace engine {
 namespace {

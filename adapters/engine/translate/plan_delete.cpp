@@ -3,7 +3,7 @@
 #include "engine/translate/action_planner.h"
 #include "engine/translate/emitter.h"
 #include "engine/translate/walk.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 

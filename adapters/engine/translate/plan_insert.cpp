@@ -4,7 +4,7 @@
 #include "engine/sql/parser.h"
 #include "engine/translate/action_planner.h"
 #include "engine/translate/select_planner.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

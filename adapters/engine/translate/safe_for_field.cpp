@@ -1,5 +1,5 @@
 #include "engine/translate/action_planner.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace engine {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "engine/errors.h"
 #include "engine/translate/dialect.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

@@ -3,7 +3,7 @@
 #include <map>
 
 #include "engine/errors.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

@@ -6,7 +6,7 @@
 #include "engine/sql/print.h"
 #include "engine/translate/semi_join.h"
 #include "engine/translate/walk.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/table_definition.h"
-#include "platform/value.h"
+#include "platform/data/table_definition.h"
+#include "platform/values/value.h"
 
 namespace engine {
 

@@ -7,7 +7,7 @@
 
 #include "engine/translate/functions.h"
 #include "engine/translate/stored_value.h"
-#include "platform/format.h"
+#include "platform/values/format.h"
 
 namespace engine {
 namespace {

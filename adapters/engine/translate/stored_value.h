@@ -6,9 +6,9 @@
 
 #include "engine/translate/iso_date.h"
 #include "engine/translate/store_functions.h"
-#include "platform/convert.h"
-#include "platform/error.h"
-#include "platform/value.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
+#include "platform/values/value.h"
 
 /// Reading the arguments of the store's helpers.
 namespace engine {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "suitefiles/demo/codes.h"
 
 namespace suitefiles::demo {

@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace suitefiles::demo {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "suitefiles/demo/codes.h"
 
 namespace suitefiles::demo {

@@ -5,8 +5,8 @@
 #include "maintenance/tabs/record_tab.h"
 #include "platform/controls/combo.h"
 #include "platform/controls/text_box.h"
-#include "platform/convert.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
+#include "platform/values/convert.h"
 #include "session/failures.h"
 
 /// Small reads and writes that the record cards share.

@@ -1,7 +1,7 @@
 #include "maintenance/tabs/record_tab.h"
 
 #include "maintenance/frmCustMain.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 
 namespace orcussch {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "maintenance/tabs/row_write.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
 #include "session/failures.h"
 
 namespace platform {

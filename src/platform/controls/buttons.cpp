@@ -1,6 +1,8 @@
 #include "platform/controls/buttons.h"
 
-#include "platform/controls/form.h"
+#include <algorithm>
+
+#include "platform/controls/form/form.h"
 
 namespace platform {
 
@@ -72,6 +74,16 @@ void OptionButton::Value(bool on) {
   }
   Changed(Aspect::Text);
   Click.Fire();
+}
+
+bool OptionButton::IsTabStop() const {
+  if (value_) return true;
+  return std::none_of(Owner().Controls().begin(), Owner().Controls().end(), [this](const Control* other) {
+    const auto* sibling = dynamic_cast<const OptionButton*>(other);
+    if (!sibling || sibling == this || sibling->Name() != Name()) return false;
+    if (!sibling->EffectivelyVisible() || !sibling->EffectivelyEnabled()) return false;
+    return sibling->Value() || sibling->Index() < Index();
+  });
 }
 
 void OptionButton::UserClick() {

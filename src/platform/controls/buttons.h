@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/controls/control.h"
+#include "platform/controls/form/control.h"
 
 namespace platform {
 
@@ -52,6 +52,8 @@ class OptionButton final : public Control {
   /// The choice that the design shows; fires nothing.
   void Design(bool on) noexcept { value_ = on; }
   bool TakesFocus() const override { return true; }
+  /// A group of choices is one stop: the choice that is on, or its first one while none is. The arrow keys go through the others.
+  bool IsTabStop() const override;
   Event<> Click;
   void UserClick();
 

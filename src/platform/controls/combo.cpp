@@ -1,10 +1,10 @@
 #include "platform/controls/combo.h"
 
 #include "platform/controls/data_control.h"
-#include "platform/convert.h"
-#include "platform/error.h"
-#include "platform/format.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
+#include "platform/values/format.h"
+#include "platform/values/text.h"
 
 namespace platform {
 

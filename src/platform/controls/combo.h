@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/controls/control.h"
-#include "platform/value.h"
+#include "platform/controls/form/control.h"
+#include "platform/values/value.h"
 
 namespace platform {
 

@@ -1,7 +1,7 @@
 #include "platform/controls/control_recordset.h"
 
 #include "platform/controls/grid.h"
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 namespace platform {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/controls/data_control.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 namespace platform {
 

@@ -2,14 +2,15 @@
 
 #include <cassert>
 
-#include "platform/application.h"
 #include "platform/controls/combo.h"
 #include "platform/controls/control_recordset.h"
+#include "platform/controls/form/form.h"
+#include "platform/controls/form/form_host.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
-#include "platform/convert.h"
-#include "platform/empty_recordset.h"
-#include "platform/error.h"
+#include "platform/data/empty_recordset.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
 
 namespace platform {
 
@@ -43,16 +44,16 @@ void DataControl::Refresh() {
 void DataControl::ShowOpened() {
   if (grid_) grid_->ListOpened();
   for (ComboBox* combo : combos_) combo->SourceRefreshed();
-  if (Owner().App().OnRefreshed) Owner().App().OnRefreshed(*this);
+  Owner().Host().Refreshed(*this);
   RowBecameCurrent();
 }
 
 void DataControl::Open() {
-  Application& app = Owner().App();
+  FormHost& host = Owner().Host();
   // The new list is opened before the old one goes, so that a failure can leave the old one in use.
   DatabaseRef database = database_;
   const bool otherFile = database_.IsNothing() || openName_ != databaseName_;
-  if (otherFile) database = app.Engine().OpenControlDatabase(databaseName_);
+  if (otherFile) database = host.Engine().OpenControlDatabase(databaseName_);
   RecordsetRef rows;
   RecordsetRef listRows;
   try {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/controls/control.h"
-#include "platform/data.h"
+#include "platform/controls/form/control.h"
+#include "platform/data/data.h"
 
 namespace platform {
 

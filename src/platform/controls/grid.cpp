@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-#include "platform/application.h"
 #include "platform/controls/control_recordset.h"
 #include "platform/controls/data_control.h"
-#include "platform/controls/form.h"
-#include "platform/convert.h"
-#include "platform/error.h"
-#include "platform/format.h"
-#include "platform/text.h"
+#include "platform/controls/form/form.h"
+#include "platform/controls/form/form_host.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
+#include "platform/values/format.h"
+#include "platform/values/text.h"
 
 namespace platform {
 
@@ -93,7 +93,7 @@ std::string Grid::ShownText(int column, const Value& value) const {
   if (value.IsNull() || value.IsEmpty()) return "";
   for (const auto& [code, text] : shown.valueItems)
     if (CStr(code) == (value.Kind() == ValueKind::Boolean ? CStr(CInt(value)) : CStr(value))) return text;
-  return shown.numberFormat.empty() ? CStr(value) : Format(value, shown.numberFormat, Owner().App().ThisYear());
+  return shown.numberFormat.empty() ? CStr(value) : Format(value, shown.numberFormat, Owner().Host().ThisYear());
 }
 
 void Grid::Splits(int count) noexcept { splits_ = std::clamp(count, 1, 2); }

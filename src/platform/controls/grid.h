@@ -9,10 +9,10 @@
 #include <utility>
 #include <vector>
 
-#include "platform/controls/control.h"
+#include "platform/controls/form/control.h"
 #include "platform/controls/grid_rows.h"
-#include "platform/data.h"
-#include "platform/value.h"
+#include "platform/data/data.h"
+#include "platform/values/value.h"
 
 namespace platform {
 
@@ -175,11 +175,11 @@ class Grid final : public Control {
 
   /// The data control tells: opened anew, pending cells to be dropped, row current, row to be written into the edit.
   void ListOpened();
-  void DropPending();
+  void DropPending() override;
   void RowBecameCurrent();
   /// Takes the open cell and writes the pending row, with the cell's own events and no LostFocus. False when the cell was refused
   /// or could not be written, which the user has been told: it stays open, or pending. Only where its row has gone it is dropped.
-  bool TakeOpenCell();
+  bool TakeOpenCell() override;
   /// Writes pending cells through the recordset; an error of the engine reaches the caller, the buffer stays unless its row has
   /// gone.
   void WritePendingRow();

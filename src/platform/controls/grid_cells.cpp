@@ -1,10 +1,10 @@
 #include "platform/controls/control_recordset.h"
 #include "platform/controls/data_control.h"
-#include "platform/controls/form.h"
+#include "platform/controls/form/form.h"
 #include "platform/controls/grid.h"
-#include "platform/convert.h"
-#include "platform/error.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
+#include "platform/values/text.h"
 
 // The cell that is being edited, and the row whose cells are not written yet.
 namespace platform {

@@ -1,20 +1,20 @@
 #include <algorithm>
 
-#include "platform/application.h"
 #include "platform/controls/data_control.h"
-#include "platform/controls/form.h"
+#include "platform/controls/form/form.h"
+#include "platform/controls/form/form_host.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/toolbar.h"
-#include "platform/convert.h"
-#include "platform/error.h"
-#include "platform/format.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
+#include "platform/values/format.h"
 
 // What the user does with a row as a whole, and what of it stands out.
 namespace platform {
 
 std::string Grid::SeenText(int column, const Value& value) const {
   if (!Column(column).percent || value.IsNull() || value.IsEmpty()) return ShownText(column, value);
-  return Format(value, "0.00##\\%", Owner().App().ThisYear());
+  return Format(value, "0.00##\\%", Owner().Host().ThisYear());
 }
 
 void Grid::Emphasize(std::string keyField, std::vector<RowEmphasis> rows) {

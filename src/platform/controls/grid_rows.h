@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/value.h"
+#include "platform/values/value.h"
 
 namespace platform {
 

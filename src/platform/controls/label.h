@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/controls/control.h"
+#include "platform/controls/form/control.h"
 
 namespace platform {
 

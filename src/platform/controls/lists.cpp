@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/controls/form.h"
+#include "platform/controls/form/form.h"
 
 namespace platform {
 

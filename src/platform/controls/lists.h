@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/controls/control.h"
+#include "platform/controls/form/control.h"
 
 namespace platform {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/controls/form.h"
-#include "platform/text.h"
+#include "platform/controls/form/form.h"
+#include "platform/values/text.h"
 
 namespace platform {
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/controls/control.h"
-#include "platform/mask.h"
-#include "platform/value.h"
+#include "platform/controls/form/control.h"
+#include "platform/values/mask.h"
+#include "platform/values/value.h"
 
 namespace platform {
 

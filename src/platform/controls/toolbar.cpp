@@ -1,8 +1,8 @@
 #include "platform/controls/toolbar.h"
 
-#include "platform/controls/form.h"
-#include "platform/error.h"
-#include "platform/text.h"
+#include "platform/controls/form/form.h"
+#include "platform/values/error.h"
+#include "platform/values/text.h"
 
 namespace platform {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/controls/control.h"
+#include "platform/controls/form/control.h"
 
 namespace platform {
 
@@ -55,6 +55,7 @@ class Toolbar final : public Control {
   /// Whether clicks are served at all; a toolbar whose screen serves none looks closed, its keys keep their own states.
   std::function<bool()> Ready;
   bool IsReady() const { return !Ready || Ready(); }
+  bool ReopensAfterFailure() const override { return true; }
   /// What Ready says may have changed.
   void ReadyChanged() { Changed(Aspect::Enabled); }
 

@@ -1,9 +1,9 @@
-#include "platform/application.h"
-#include "platform/controls/form.h"
+#include "platform/controls/form/form.h"
+#include "platform/controls/form/form_host.h"
 #include "platform/controls/text_box.h"
-#include "platform/convert.h"
-#include "platform/error.h"
-#include "platform/format.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
+#include "platform/values/format.h"
 
 namespace platform {
 
@@ -96,7 +96,7 @@ std::string CurrencyEdit::DisplayText() const {
 
 DateEdit::DateEdit(Form& form, std::string name) : TextBox(form, std::move(name), kDateLength) {}
 
-std::optional<Date> DateEdit::Value() const { return ParseDate(Text(), Owner().App().ThisYear()); }
+std::optional<Date> DateEdit::Value() const { return ParseDate(Text(), Owner().Host().ThisYear()); }
 
 void DateEdit::Value(const platform::Value& value) {
   if (value.IsNull()) throw error::InvalidUseOfNull();
@@ -104,7 +104,7 @@ void DateEdit::Value(const platform::Value& value) {
     Text("");
     return;
   }
-  Text(ShortDate(CDate(value, Owner().App().ThisYear())));
+  Text(ShortDate(CDate(value, Owner().Host().ThisYear())));
 }
 
 bool DateEdit::Accepts(char32_t character) const { return (character >= U'0' && character <= U'9') || character == U'/'; }

@@ -81,7 +81,7 @@ class Measurement {
   /// Waits for the screen's handlers to end, which yield.
   void Begin() {
     const orcussch::frmCustMain* screen = orcussch::screens::frmCustMain.peek();
-    if (!screen || !screen->data[0].Window() || screen->App().Busy(*screen)) {
+    if (!screen || !screen->data[0].Window() || screen->Busy()) {
       QTimer::singleShot(0, [this] { Begin(); });
     } else {
       Run();

@@ -40,7 +40,7 @@ frmSample::frmSample(Application& app) : Form(app, "frmSample", "Sample Screen")
   Toolbar1.ButtonClick = [this](const std::string& key) { seen.push_back("ButtonClick " + key); };
   miFind.Click = note("Click miFind");
   miPrint.Click = note("Click miPrint");
-  miExit.Click = [this] { App().Unload(*this); };
+  miExit.Click = [this] { Host().Unload(*this); };
   SSIndexTab1.Click = [this](int previous) { seen.push_back("Click SSIndexTab1 " + std::to_string(previous)); };
   txtText.Change = note("Change txtText");
   txtText.GotFocus = note("GotFocus txtText");

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "platform/application.h"
 #include "platform/controls/buttons.h"
 #include "platform/controls/combo.h"
 #include "platform/controls/data_control.h"
-#include "platform/controls/form.h"
+#include "platform/controls/form/form.h"
+#include "platform/controls/form/tab_control.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
 #include "platform/controls/lists.h"
-#include "platform/controls/tab_control.h"
 #include "platform/controls/text_box.h"
 #include "platform/controls/toolbar.h"
+#include "platform/host/application.h"
 
 namespace desktop_test {
 

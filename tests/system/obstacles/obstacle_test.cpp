@@ -13,7 +13,7 @@
 #include <thread>
 
 #include "engine/data_file.h"
-#include "platform/error.h"
+#include "platform/values/error.h"
 #include "suite/company_schema.h"
 #include "system/child.h"
 #include "system/obstacles/obstacle.h"

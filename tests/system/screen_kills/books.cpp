@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "suite/company_schema.h"
 #include "system/numbered_writes.h"
 

@@ -8,7 +8,7 @@
 #include <thread>
 
 #include "engine/data_file.h"
-#include "platform/error.h"
+#include "platform/values/error.h"
 #include "suite/company_schema.h"
 #include "system/screen_kills/clerk.h"
 #include "system/screen_kills/victim.h"

@@ -25,7 +25,7 @@ class StagedFrontEnd final : public platform::FrontEnd {
   void Unloaded(platform::Form&) override { at_("unloaded"); }
   void RunModal(platform::Form& form, const std::function<bool()>& done) override {
     at_("modal");
-    if (!done()) form.App().Unload(form);
+    if (!done()) form.Host().Unload(form);
   }
   void DoEvents() override { at_("yield"); }
   void ServePainting() override {}

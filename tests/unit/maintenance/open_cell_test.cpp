@@ -1,5 +1,5 @@
-#include "platform/convert.h"
-#include "platform/shortcuts.h"
+#include "platform/host/shortcuts.h"
+#include "platform/values/convert.h"
 #include "unit/maintenance/screen_fixture.h"
 
 // A cell that the user has typed into and not left yet: what he does next takes it, and its text reaches its own row or none.

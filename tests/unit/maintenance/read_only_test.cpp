@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "unit/maintenance/screen_fixture.h"
 
 // A customer file that can be read and not written: what the main screen's user sees of it.

@@ -7,7 +7,7 @@
 #include "engine/data_file.h"
 #include "engine/engine.h"
 #include "maintenance/frmCustMain.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "unit/session/session_fixture.h"
 
 /// A company with the main screen up: `Serve` is what the user does with it.

@@ -1,4 +1,4 @@
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "unit/maintenance/screen_fixture.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <functional>
 #include <limits>
 
-#include "platform/currency.h"
-#include "platform/error.h"
+#include "platform/values/currency.h"
+#include "platform/values/error.h"
 
 namespace platform {
 namespace {

@@ -3,8 +3,8 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/convert.h"
-#include "platform/error.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
 
 namespace platform {
 namespace {

@@ -1,9 +1,9 @@
-#include "platform/format.h"
+#include "platform/values/format.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/convert.h"
-#include "platform/error.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
 
 namespace platform {
 namespace {

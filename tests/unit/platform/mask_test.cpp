@@ -1,4 +1,4 @@
-#include "platform/mask.h"
+#include "platform/values/mask.h"
 
 #include <gtest/gtest.h>
 

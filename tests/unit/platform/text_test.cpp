@@ -1,8 +1,8 @@
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/unicode.h"
+#include "platform/values/unicode.h"
 
 namespace platform {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/controls/text_box.h"
 #include "platform/controls/toolbar.h"
-#include "platform/screen_ref.h"
+#include "platform/host/screen_ref.h"
 #include "unit/session/session_fixture.h"
 
 namespace orcussch {

@@ -1,3 +1,4 @@
+#include "platform/host/screen.h"
 #include "unit/session/session_fixture.h"
 
 namespace orcussch {
@@ -5,9 +6,9 @@ namespace {
 
 using testing::ElementsAre;
 
-class SmallForm final : public platform::Form {
+class SmallForm final : public platform::Screen {
  public:
-  SmallForm(platform::Application& application, std::string name) : Form(application, std::move(name), "") {}
+  SmallForm(platform::Application& application, std::string name) : Screen(application, std::move(name), "") {}
   void Form_Unload() override {
     ++unloads;
     if (onUnload) onUnload();

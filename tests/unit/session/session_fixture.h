@@ -11,7 +11,7 @@
 
 #include "engine/data_file.h"
 #include "engine/engine.h"
-#include "platform/application.h"
+#include "platform/host/application.h"
 #include "session/CustSearch.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
@@ -43,7 +43,7 @@ class PlainFrontEnd final : public platform::FrontEnd {
   void Unloaded(platform::Form& form) override { events_.Add("unloaded " + form.Name()); }
   void RunModal(platform::Form& form, const std::function<bool()>& done) override {
     if (serve) serve(form);
-    if (!done()) form.App().Unload(form);
+    if (!done()) form.Host().Unload(form);
   }
   void DoEvents() override {
     ++yields;

@@ -7,7 +7,7 @@
 #include <map>
 #include <set>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "suitefiles/demo/codes.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <set>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "suitefiles/demo/codes.h"
 
 namespace {

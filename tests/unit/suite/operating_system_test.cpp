@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "platform/error.h"
+#include "platform/values/error.h"
 #include "unit/suite/temporary_folder.h"
 
 namespace {

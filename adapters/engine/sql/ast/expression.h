@@ -6,7 +6,7 @@
 
 #include "engine/sql/ast/box.h"
 #include "engine/sql/span.h"
-#include "platform/value.h"
+#include "platform/values/value.h"
 
 /// The nodes of an expression: plain values. Where a node stood in the text does not count when two are compared.
 namespace engine::sql {

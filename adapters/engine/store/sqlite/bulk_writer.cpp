@@ -8,7 +8,7 @@
 #include "engine/store/sqlite/field_values.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

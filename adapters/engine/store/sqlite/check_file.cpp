@@ -6,8 +6,8 @@
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
 #include "engine/store/sqlite/stored_values.h"
-#include "platform/error.h"
-#include "platform/text.h"
+#include "platform/values/error.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

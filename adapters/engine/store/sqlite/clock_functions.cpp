@@ -9,7 +9,7 @@
 #include "engine/store/sqlite/connection.h"
 #include "engine/translate/dialect.h"
 #include "engine/translate/iso_date.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace engine {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "platform/value.h"
+#include "platform/values/value.h"
 
 namespace engine {
 

@@ -9,7 +9,7 @@
 #include "engine/errors.h"
 #include "engine/store/sqlite/clock_functions.h"
 #include "engine/store/sqlite/functions.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace engine {
 namespace {

@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "engine/store/sqlite/statement.h"
-#include "platform/error.h"
-#include "platform/value.h"
+#include "platform/values/error.h"
+#include "platform/values/value.h"
 
 struct sqlite3;
 

@@ -10,7 +10,7 @@
 
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/file_format.h"
-#include "platform/table_definition.h"
+#include "platform/data/table_definition.h"
 
 namespace engine {
 

@@ -5,7 +5,7 @@
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/data_files.h"
 #include "engine/store/sqlite/names.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

@@ -6,8 +6,8 @@
 
 #include "engine/errors.h"
 #include "engine/store/sqlite/connection.h"
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "engine/data_file.h"
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 /// What a data file is before the store opens it, and the errors that say why it can't be used.
 namespace engine {

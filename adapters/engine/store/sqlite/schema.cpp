@@ -6,7 +6,7 @@
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/stored_values.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

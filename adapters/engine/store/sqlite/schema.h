@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/table_definition.h"
+#include "platform/data/table_definition.h"
 
 /// Table definitions as the store's schema holds them.
 namespace engine {

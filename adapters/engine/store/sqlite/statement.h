@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/table_definition.h"
-#include "platform/value.h"
+#include "platform/data/table_definition.h"
+#include "platform/values/value.h"
 
 struct sqlite3_stmt;
 

@@ -8,7 +8,7 @@
 
 #include "engine/store/sqlite/names.h"
 #include "engine/translate/iso_date.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/table_definition.h"
-#include "platform/value.h"
+#include "platform/data/table_definition.h"
+#include "platform/values/value.h"
 
 /// How values lie in the store: Booleans as -1 and 0, whole numbers as they are, Currency as its ten-thousandths, dates
 /// as ISO text.

@@ -1,5 +1,5 @@
 // Computed columns: a cell that can't be computed is empty and hinders nothing else.
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "unit/engine/support/office.h"
 
 namespace {

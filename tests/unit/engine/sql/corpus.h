@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/table_definition.h"
-#include "platform/value.h"
+#include "platform/data/table_definition.h"
+#include "platform/values/value.h"
 
 /// The statement corpus and its small company: the files tests/engine/*.sqltest, whose heads say how they are written.
 namespace corpus {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/engine.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
 
 /// The corpus' small company as real files, which go with it.
 class CorpusCompany {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace engine::sql {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 /// Runs `act` and expects the engine's error of that number; with a text, exactly that description.
 template <class Act>

@@ -8,7 +8,7 @@
 #include "engine/catalogue.h"
 #include "engine/errors.h"
 #include "engine/translate/dialect.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "unit/engine/sql/corpus.h"
 
 /// The corpus' small company without any file behind it. Files are known by their bare names: IN 'temp.zdb'.

@@ -4,7 +4,7 @@
 
 #include "engine/translate/store_functions.h"
 #include "engine/translate/translate.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "unit/engine/sql/fake_catalogue.h"
 
 // The parts of a plan that cursors build on.

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "engine/data_file.h"
-#include "platform/error.h"
-#include "platform/table_definition.h"
+#include "platform/data/table_definition.h"
+#include "platform/values/error.h"
 
 /// An empty folder of its own for each test, gone afterwards, and short ways to
 /// define tables.

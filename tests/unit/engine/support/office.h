@@ -10,7 +10,7 @@
 
 #include "engine/data_file.h"
 #include "engine/engine.h"
-#include "platform/data.h"
+#include "platform/data/data.h"
 #include "unit/engine/support/engine_fixture.h"
 
 /// A small office: people with phones of several kinds, rates per department in

@@ -5,7 +5,7 @@
 #include <random>
 #include <string>
 
-#include "platform/error.h"
+#include "platform/values/error.h"
 
 namespace engine {
 namespace {

@@ -8,8 +8,8 @@
 
 #include "engine/text/like.h"
 #include "engine/text/weights.h"
-#include "platform/text.h"
-#include "platform/unicode.h"
+#include "platform/values/text.h"
+#include "platform/values/unicode.h"
 
 namespace engine {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/error.h"
+#include "platform/values/error.h"
 #include "unit/platform/controls/screen_fixture.h"
 
 // What a data control does: opening anew, moves, pending rows.

@@ -1,5 +1,5 @@
-#include "platform/convert.h"
-#include "platform/error.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
 #include "unit/platform/controls/screen_fixture.h"
 
 // Which act fires what, and which assignment in code.

@@ -1,8 +1,8 @@
 #include <random>
 #include <regex>
 
-#include "platform/convert.h"
-#include "platform/error.h"
+#include "platform/values/convert.h"
+#include "platform/values/error.h"
 #include "unit/platform/controls/screen_fixture.h"
 
 // What people type, correct and paste into edits of figures, and what is read from them.

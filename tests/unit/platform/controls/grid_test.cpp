@@ -1,4 +1,4 @@
-#include "platform/error.h"
+#include "platform/values/error.h"
 #include "unit/platform/controls/screen_fixture.h"
 
 // The bound list: the order of a cell's events, when its row is written, what fires and what does not.

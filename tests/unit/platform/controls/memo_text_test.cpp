@@ -1,4 +1,4 @@
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "unit/platform/controls/screen_fixture.h"
 
 // Line ends in an edit of several lines: always carriage return and line feed, whichever way they come.

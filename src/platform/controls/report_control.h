@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "platform/controls/form/control.h"
+#include "platform/services/report_engine.h"
+
+namespace platform {
+
+/// A screen's report control: its job is filled property by property, then run.
+class ReportControl final : public Control {
+ public:
+  using Control::Control;
+  ReportControl(Form& form, std::string name) : Control(form, std::move(name)) {}
+  ReportJob Job;
+  /// Forgets everything set for the last report.
+  void Reset() { Job = ReportJob{}; }
+  /// Runs the job; without a report engine error 424.
+  int PrintReport();
+};
+
+}  // namespace platform

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/host/application.h"
+
+namespace platform {
+
+/// The global reference of a screen, of which there is one instance. Using it makes the screen and loads it; peek() looks
+/// without loading.
+template <class Screen>
+class ScreenRef {
+ public:
+  /// The screen, made and loaded if need be.
+  Screen* operator->() {
+    make();
+    screen_->App().Load(*screen_);
+    return screen_.get();
+  }
+  Screen& operator*() { return *operator->(); }
+  /// The screen if there is one, loaded or not.
+  Screen* peek() const noexcept { return screen_.get(); }
+  /// Shows it modally.
+  void Show() {
+    make();
+    screen_->App().Show(*screen_);
+  }
+  /// Gives the instance up; it lives until none of its handlers is on the stack. The next use makes a fresh one.
+  void release() {
+    if (!screen_) return;
+    Application& app = screen_->App();
+    app.Bury(std::move(screen_));
+  }
+
+ private:
+  void make() {
+    if (!screen_) screen_ = std::make_unique<Screen>();
+  }
+  std::unique_ptr<Screen> screen_;
+};
+
+}  // namespace platform

@@ -1,0 +1,31 @@
+#include "platform/services/data_path.h"
+
+#include "platform/services/operating_system.h"
+#include "platform/values/convert.h"
+
+namespace platform {
+
+namespace {
+
+/// The read buffer of the settings file has 128 characters, of which one is kept for the end mark.
+constexpr int kIniSize = 127;
+
+}  // namespace
+
+std::string SettingsPath(const OperatingSystem& system, const std::string& libraryFolder, std::int32_t company) {
+  return WithSeparator(system, libraryFolder) + "orv" + std::to_string(company) + ".ini";
+}
+
+std::string CompanyFolder(const OperatingSystem& system, const std::string& libraryFolder, std::int32_t company) {
+  return WithSeparator(system, libraryFolder) + "data" + system.Separator() + "orv" + std::to_string(company);
+}
+
+std::string DataPath(const OperatingSystem& system, const std::string& libraryFolder, std::int32_t company, const std::string& fileName) {
+  const std::string settings = SettingsPath(system, libraryFolder, company);
+  if (auto own = system.ReadIniValue("Databases", fileName + " Path", "", settings, kIniSize); !own.empty()) return own;
+  if (auto folder = system.ReadIniValue("Databases", "Default Path", "", settings, kIniSize); !folder.empty()) return folder + fileName;
+  if (UCase(fileName) == "DAT.ZDB") return WithSeparator(system, libraryFolder) + fileName;
+  return CompanyFolder(system, libraryFolder, company) + system.Separator() + fileName;
+}
+
+}  // namespace platform

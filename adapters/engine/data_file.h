@@ -34,6 +34,14 @@ std::unique_ptr<BulkWriter> OpenBulkWriter(const std::string& path, std::string_
 /// What is wrong with a file, in sentences: the store's own integrity check, format, and differences from the expected tables.
 std::vector<std::string> CheckDataFile(const std::string& path, std::span<const platform::TableDefinition> expected);
 
+/// Gives a file the tables, fields and indexes that it lacks of the expected ones, in one commit; what is there stays as it is, and the
+/// rows that are there get the new fields' defaults. Nobody else may have the file open meanwhile (3045 when somebody keeps it open).
+/// Before its first change the file is copied to `copy`, a new path; `progress` as in BackupDataFile. Returns what was added, in
+/// sentences; none, and no copy, when nothing is lacking. Raises 3057 for a Counter or a primary key's field that is lacking in a
+/// table that is there: such a table can only be made anew.
+std::vector<std::string> UpgradeDataFile(const std::string& path, std::span<const platform::TableDefinition> expected,
+                                         const std::string& copy, const std::function<void(int, int)>& progress = {});
+
 /// A consistent copy of a file that may be open elsewhere. `progress` gets (pages done, pages in all).
 void BackupDataFile(const std::string& from, const std::string& to, const std::function<void(int, int)>& progress = {});
 

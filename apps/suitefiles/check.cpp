@@ -111,16 +111,6 @@ void CheckCompany(const DataFolder& folder, int company, Report& report, const C
   for (const auto& sentence : sentences) report.Add(place, sentence);
 }
 
-void CheckTemporaryFiles(const DataFolder& folder, Report& report) {
-  const fs::path temporary = fs::path(folder.TemporaryFile(0)).parent_path();
-  std::error_code problem;
-  for (fs::directory_iterator entry(temporary, problem), end; !problem && entry != end; entry.increment(problem)) {
-    const auto& path = entry->path();
-    if (path.extension() == ".zdb" && path.filename().string().starts_with("orvTemp"))
-      report.CheckFile(path.string(), suite::DataFile::Temporary);
-  }
-}
-
 }  // namespace
 
 int RunCheck(const std::vector<std::string>& words, const Console& console) {
@@ -134,7 +124,7 @@ int RunCheck(const std::vector<std::string>& words, const Console& console) {
   CheckDats(folder, companies, report);
   if (companies.empty()) report.Add(folder.Dat(), "There is no company.");
   for (const int company : companies) CheckCompany(folder, company, report, console);
-  CheckTemporaryFiles(folder, report);
+  for (const std::string& path : folder.TemporaryFiles()) report.CheckFile(path, suite::DataFile::Temporary);
 
   if (report.Findings() > 0) return kFailed;
   console.out << report.Files() << " files, nothing wrong.\n";

@@ -28,6 +28,7 @@ int RunTemp(const std::vector<std::string>& words, const Console& console);
 int RunCheck(const std::vector<std::string>& words, const Console& console);
 int RunBackup(const std::vector<std::string>& words, const Console& console);
 int RunRelink(const std::vector<std::string>& words, const Console& console);
+int RunUpgrade(const std::vector<std::string>& words, const Console& console);
 int RunSql(const std::vector<std::string>& words, const Console& console);
 
 /// The help text of a command, of the program for ""; "" for an unknown command.

@@ -53,6 +53,18 @@ std::string DataFolder::IniFile(int company) const { return suite::SettingsFile(
 
 std::string DataFolder::TemporaryFile(int user) const { return suite::TemporaryFile(*system_, folder_, user); }
 
+std::vector<std::string> DataFolder::TemporaryFiles() const {
+  std::vector<std::string> files;
+  std::error_code problem;
+  for (fs::directory_iterator entry(fs::path(TemporaryFile(0)).parent_path(), problem), end; !problem && entry != end;
+       entry.increment(problem)) {
+    const auto& path = entry->path();
+    if (path.extension() == ".zdb" && path.filename().string().starts_with("orvTemp")) files.push_back(path.string());
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
 bool DataFolder::HasRow(int company) const {
   Session session;
   const auto database = session.Open(File(company, suite::DataFile::Dat));

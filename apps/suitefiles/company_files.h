@@ -25,6 +25,8 @@ class DataFolder {
   std::string CompanyFolder(int company) const;
   std::string IniFile(int company) const;
   std::string TemporaryFile(int user) const;
+  /// Those of all users that are there.
+  std::vector<std::string> TemporaryFiles() const;
 
   /// The companies' numbers, ascending: those that have a row in Dat(), and those with a settings file or a folder here that have a
   /// customer file, or a row in the dat.zdb of their own. Raises what opening Dat() raises, when it is there or when there is no company.

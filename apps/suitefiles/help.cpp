@@ -13,6 +13,7 @@ constexpr const char* kProgram =
   suitefiles check DIR [--company N]
   suitefiles backup DIR TARGET [--through FOLDER]
   suitefiles relink DIR [--company N]
+  suitefiles upgrade DIR [--company N]
   suitefiles sql FILE STATEMENT [--csv] [--no-header] [--skip]
   suitefiles help COMMAND
   suitefiles --help
@@ -109,6 +110,22 @@ files of the original. Other links are left and told.
   --company N   relink this company alone
 )";
 
+constexpr const char* kUpgrade =
+    R"(suitefiles upgrade DIR [--company N]
+
+Gives the files of every company (or of company N), and the temporary files,
+the tables, fields and indexes that this version of the programs has and that
+files of an older one lack. Says what was added, one sentence a line. What is
+there already stays as it is: nothing is renamed, removed or changed in type.
+
+Each file is copied first, as FILE.before-upgrade beside it (-2, -3 and so on
+when that is taken), and changed in one step: a run that was stopped in between
+leaves it as it was, and can be done again. A file that somebody has open is
+left and told; let everybody leave the programs, then run it again.
+
+  --company N   upgrade this company alone
+)";
+
 constexpr const char* kSql =
     R"(suitefiles sql FILE STATEMENT [--csv] [--no-header] [--skip]
 
@@ -134,6 +151,7 @@ std::string HelpText(const std::string& command) {
   if (command == "check") return kCheck;
   if (command == "backup") return kBackup;
   if (command == "relink") return kRelink;
+  if (command == "upgrade") return kUpgrade;
   if (command == "sql") return kSql;
   return "";
 }

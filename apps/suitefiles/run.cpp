@@ -16,7 +16,7 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {{"create", RunCreate}, {"demo", RunDemo},     {"temp", RunTemp}, {"check", RunCheck},
-                                 {"backup", RunBackup}, {"relink", RunRelink}, {"sql", RunSql}};
+                                 {"backup", RunBackup}, {"relink", RunRelink}, {"upgrade", RunUpgrade}, {"sql", RunSql}};
 
 bool AsksForHelp(const std::vector<std::string>& words) {
   const auto end = std::find(words.begin(), words.end(), "--");

@@ -3,6 +3,7 @@
 #include "engine/data_file.h"
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/data_files.h"
+#include "engine/store/sqlite/find_by_name.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
 #include "engine/store/sqlite/stored_values.h"
@@ -19,12 +20,6 @@ using platform::TableDefinition;
 
 constexpr int lockWait = 2000;
 using Findings = std::vector<std::string>;
-
-template <class Named>
-const Named* FindByName(const std::vector<Named>& list, const std::string& name) {
-  const auto found = std::ranges::find_if(list, [&](const Named& item) { return EqualsNoCase(item.name, name); });
-  return found == list.end() ? nullptr : &*found;
-}
 
 std::string TypeText(const FieldDefinition& field) {
   return field.type == platform::FieldType::Counter ? "COUNTER" : DeclaredType(field.type, field.size);

@@ -9,6 +9,7 @@
 
 #include "engine/errors.h"
 #include "engine/store/sqlite/connection.h"
+#include "engine/store/sqlite/copy_file.h"
 #include "engine/store/sqlite/data_files.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
@@ -18,18 +19,6 @@ namespace engine {
 namespace {
 
 constexpr int lockWait = 2000;
-
-std::string FolderOf(const std::string& path) {
-  const auto slash = path.rfind('/');
-  return slash == std::string::npos ? "." : path.substr(0, slash + 1);
-}
-
-void RequireNewPath(const std::string& path) {
-  if (path.empty() || path.back() == '/' || path.find('\0') != std::string::npos) throw errors::InvalidPath(path);
-  if (::access(FolderOf(path).c_str(), F_OK) != 0) throw errors::InvalidPath(path);
-  if (::access(path.c_str(), F_OK) == 0) throw FileExistsAlready(path);
-  if (LiesOnNetwork(FolderOf(path))) throw OnNetwork(path);
-}
 
 /// A file that is being made, beside its later place and under a name that no other program uses. What is not moved into place is
 /// deleted.
@@ -111,39 +100,6 @@ void CreateDataFile(const std::string& path, std::span<const platform::TableDefi
     WriteTables(connection, tables, workFile);
   }
   if (!MoveIntoPlace(file.Path(), path)) throw FileExistsAlready(path);
-}
-
-void BackupDataFile(const std::string& from, const std::string& to, const std::function<void(int, int)>& progress) {
-  RequireNewPath(to);
-  Connection connection(lockWait);
-  DataFiles files(connection, [](const std::string&) { return false; });
-  const auto source = files.Open(from);
-
-  // One reading transaction over the whole copy: writers go on, and the copy shows one moment.
-  Transaction snapshot(connection, Transaction::Kind::Read);
-  source->TableNames();
-
-  sqlite3* target = nullptr;
-  int code = sqlite3_open_v2(to.c_str(), &target, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
-  sqlite3_backup* backup = code == SQLITE_OK ? sqlite3_backup_init(target, "main", connection.Handle(), source->Alias().c_str()) : nullptr;
-  if (backup != nullptr) {
-    constexpr int pagesAStep = 2048;
-    while ((code = sqlite3_backup_step(backup, pagesAStep)) == SQLITE_OK || code == SQLITE_BUSY || code == SQLITE_LOCKED) {
-      const int all = sqlite3_backup_pagecount(backup);
-      if (progress) progress(all - sqlite3_backup_remaining(backup), all);
-      if (code != SQLITE_OK) sqlite3_sleep(20);
-    }
-    const int all = sqlite3_backup_pagecount(backup);
-    sqlite3_backup_finish(backup);
-    if (code == SQLITE_DONE && progress) progress(all, all);
-  } else if (code == SQLITE_OK) {
-    code = sqlite3_errcode(target);
-  }
-  sqlite3_close(target);
-  if (code == SQLITE_DONE) return;
-  std::remove(to.c_str());
-  if (code == SQLITE_CANTOPEN) throw errors::OpenedExclusively(to);
-  connection.Raise(code, true, 1);
 }
 
 }  // namespace engine

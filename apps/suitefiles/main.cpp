@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "suitefiles/commands.h"
+#include "suitefiles/program/commands.h"
 
 int main(int count, char** words) {
   std::ios::sync_with_stdio(false);

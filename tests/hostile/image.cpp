@@ -8,7 +8,7 @@
 
 #include "engine/data_file.h"
 #include "suite/company_schema.h"
-#include "suitefiles/company_maker.h"
+#include "suitefiles/company/company_maker.h"
 
 namespace hostile {
 namespace {

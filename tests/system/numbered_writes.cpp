@@ -9,7 +9,7 @@
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
 #include "suite/company_schema.h"
-#include "suitefiles/company_maker.h"
+#include "suitefiles/company/company_maker.h"
 
 namespace system_test {
 namespace {

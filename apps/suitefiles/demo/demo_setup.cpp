@@ -1,8 +1,8 @@
 #include <array>
 #include <cassert>
 
+#include "suitefiles/company/table_writer.h"
 #include "suitefiles/demo/codes.h"
-#include "suitefiles/table_writer.h"
 
 namespace suitefiles::demo {
 

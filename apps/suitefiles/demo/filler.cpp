@@ -1,9 +1,9 @@
 #include "suitefiles/demo/filler.h"
 
+#include "suitefiles/company/table_writer.h"
 #include "suitefiles/demo/codes.h"
 #include "suitefiles/demo/customers.h"
 #include "suitefiles/demo/sub_records.h"
-#include "suitefiles/table_writer.h"
 
 namespace suitefiles::demo {
 

@@ -11,7 +11,7 @@
 #include "library/entry.h"
 #include "library/orcussch.h"
 #include "library/places.h"
-#include "suitefiles/company_maker.h"
+#include "suitefiles/company/company_maker.h"
 #include "unit/session/session_fixture.h"
 
 /// The C functions over an application without windows. `at` is told of each place where the library gives control away, and may

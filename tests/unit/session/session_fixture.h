@@ -18,7 +18,7 @@
 #include "session/modAppShutdown.h"
 #include "suite/company_schema.h"
 #include "suite/operating_system.h"
-#include "suitefiles/company_maker.h"
+#include "suitefiles/company/company_maker.h"
 #include "unit/suite/temporary_folder.h"
 
 /// What the application asked of the outside, in its order.

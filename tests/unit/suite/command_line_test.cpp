@@ -1,4 +1,4 @@
-#include "suitefiles/command_line.h"
+#include "suitefiles/program/command_line.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 
 #include "engine/data_file.h"
 #include "engine/store/sqlite/connection.h"
-#include "suitefiles/session.h"
+#include "suitefiles/company/session.h"
 
 /// The links that a program makes when it opens a company for the first time.
 inline void MakeLinks(const std::string& customer, const std::string& ledger, const std::string& transactions) {

@@ -1,11 +1,11 @@
 #include <iostream>
 
 #include "platform/values/text.h"
-#include "suitefiles/command_line.h"
-#include "suitefiles/commands.h"
-#include "suitefiles/company_files.h"
-#include "suitefiles/company_maker.h"
-#include "suitefiles/staging.h"
+#include "suitefiles/company/company_files.h"
+#include "suitefiles/company/company_maker.h"
+#include "suitefiles/company/staging.h"
+#include "suitefiles/program/command_line.h"
+#include "suitefiles/program/commands.h"
 
 namespace suitefiles {
 

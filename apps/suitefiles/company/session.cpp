@@ -1,4 +1,4 @@
-#include "suitefiles/session.h"
+#include "suitefiles/company/session.h"
 
 #include "engine/engine.h"
 #include "platform/values/convert.h"

@@ -1,7 +1,7 @@
 #include <vector>
 
-#include "suitefiles/setup_rows.h"
-#include "suitefiles/table_writer.h"
+#include "suitefiles/company/setup_rows.h"
+#include "suitefiles/company/table_writer.h"
 
 namespace suitefiles {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "suitefiles/commands.h"
+#include "suitefiles/program/commands.h"
 
 namespace suitefiles {
 

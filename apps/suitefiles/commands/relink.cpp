@@ -1,10 +1,10 @@
 #include <filesystem>
 #include <iostream>
 
-#include "suitefiles/command_line.h"
-#include "suitefiles/commands.h"
-#include "suitefiles/company_files.h"
-#include "suitefiles/company_links.h"
+#include "suitefiles/company/company_files.h"
+#include "suitefiles/company/company_links.h"
+#include "suitefiles/program/command_line.h"
+#include "suitefiles/program/commands.h"
 
 namespace suitefiles {
 

@@ -1,8 +1,8 @@
-#include "suitefiles/setup_rows.h"
+#include "suitefiles/company/setup_rows.h"
 
 #include <string_view>
 
-#include "suitefiles/table_writer.h"
+#include "suitefiles/company/table_writer.h"
 
 namespace suitefiles {
 

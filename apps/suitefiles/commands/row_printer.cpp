@@ -1,4 +1,4 @@
-#include "suitefiles/row_printer.h"
+#include "suitefiles/commands/row_printer.h"
 
 #include <ostream>
 

@@ -1,4 +1,4 @@
-#include "suitefiles/commands.h"
+#include "suitefiles/program/commands.h"
 
 namespace suitefiles {
 

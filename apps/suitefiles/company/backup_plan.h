@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "suitefiles/company_files.h"
+#include "suitefiles/company/company_files.h"
 
 namespace suitefiles {
 

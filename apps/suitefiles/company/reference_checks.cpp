@@ -1,13 +1,13 @@
-#include "suitefiles/reference_checks.h"
+#include "suitefiles/company/reference_checks.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <set>
 
 #include "platform/values/convert.h"
-#include "suitefiles/company_files.h"
-#include "suitefiles/company_links.h"
-#include "suitefiles/session.h"
+#include "suitefiles/company/company_files.h"
+#include "suitefiles/company/company_links.h"
+#include "suitefiles/company/session.h"
 
 namespace suitefiles {
 

@@ -4,9 +4,9 @@
 #include "engine/data_file.h"
 #include "platform/values/error.h"
 #include "suite/company_schema.h"
-#include "suitefiles/command_line.h"
-#include "suitefiles/commands.h"
-#include "suitefiles/company_files.h"
+#include "suitefiles/company/company_files.h"
+#include "suitefiles/program/command_line.h"
+#include "suitefiles/program/commands.h"
 
 namespace suitefiles {
 

@@ -4,10 +4,10 @@
 #include "engine/engine.h"
 #include "platform/values/convert.h"
 #include "platform/values/text.h"
-#include "suitefiles/command_line.h"
-#include "suitefiles/commands.h"
-#include "suitefiles/row_printer.h"
-#include "suitefiles/session.h"
+#include "suitefiles/commands/row_printer.h"
+#include "suitefiles/company/session.h"
+#include "suitefiles/program/command_line.h"
+#include "suitefiles/program/commands.h"
 
 namespace suitefiles {
 

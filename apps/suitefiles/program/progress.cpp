@@ -1,4 +1,4 @@
-#include "suitefiles/progress.h"
+#include "suitefiles/program/progress.h"
 
 #include <algorithm>
 #include <ostream>

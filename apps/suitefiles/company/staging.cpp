@@ -1,12 +1,12 @@
-#include "suitefiles/staging.h"
+#include "suitefiles/company/staging.h"
 
 #include <unistd.h>
 
 #include <algorithm>
 
 #include "engine/data_file.h"
-#include "suitefiles/command_line.h"
-#include "suitefiles/copying.h"
+#include "suitefiles/company/copying.h"
+#include "suitefiles/program/command_line.h"
 
 namespace suitefiles {
 

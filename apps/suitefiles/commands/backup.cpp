@@ -3,14 +3,14 @@
 #include <iostream>
 
 #include "engine/data_file.h"
-#include "suitefiles/backup_plan.h"
-#include "suitefiles/command_line.h"
-#include "suitefiles/commands.h"
-#include "suitefiles/company_files.h"
-#include "suitefiles/company_links.h"
-#include "suitefiles/copying.h"
-#include "suitefiles/progress.h"
-#include "suitefiles/staging.h"
+#include "suitefiles/company/backup_plan.h"
+#include "suitefiles/company/company_files.h"
+#include "suitefiles/company/company_links.h"
+#include "suitefiles/company/copying.h"
+#include "suitefiles/company/staging.h"
+#include "suitefiles/program/command_line.h"
+#include "suitefiles/program/commands.h"
+#include "suitefiles/program/progress.h"
 
 namespace suitefiles {
 

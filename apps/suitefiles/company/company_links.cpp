@@ -1,4 +1,4 @@
-#include "suitefiles/company_links.h"
+#include "suitefiles/company/company_links.h"
 
 #include "platform/values/text.h"
 

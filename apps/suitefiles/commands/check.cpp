@@ -7,12 +7,12 @@
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
 #include "suite/company_schema.h"
-#include "suitefiles/command_line.h"
-#include "suitefiles/commands.h"
-#include "suitefiles/company_files.h"
-#include "suitefiles/progress.h"
-#include "suitefiles/reference_checks.h"
-#include "suitefiles/session.h"
+#include "suitefiles/company/company_files.h"
+#include "suitefiles/company/reference_checks.h"
+#include "suitefiles/company/session.h"
+#include "suitefiles/program/command_line.h"
+#include "suitefiles/program/commands.h"
+#include "suitefiles/program/progress.h"
 
 namespace suitefiles {
 

@@ -1,10 +1,10 @@
-#include "suitefiles/backup_plan.h"
+#include "suitefiles/company/backup_plan.h"
 
 #include <algorithm>
 #include <filesystem>
 
 #include "platform/values/text.h"
-#include "suitefiles/command_line.h"
+#include "suitefiles/program/command_line.h"
 
 namespace suitefiles {
 

@@ -1,4 +1,4 @@
-#include "suitefiles/copying.h"
+#include "suitefiles/company/copying.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -9,7 +9,7 @@
 #include <fstream>
 #include <system_error>
 
-#include "suitefiles/command_line.h"
+#include "suitefiles/program/command_line.h"
 
 namespace suitefiles {
 

@@ -1,4 +1,4 @@
-#include "suitefiles/company_maker.h"
+#include "suitefiles/company/company_maker.h"
 
 #include <filesystem>
 #include <utility>
@@ -8,8 +8,8 @@
 #include "platform/values/error.h"
 #include "suite/clock.h"
 #include "suite/company_schema.h"
-#include "suitefiles/session.h"
-#include "suitefiles/setup_rows.h"
+#include "suitefiles/company/session.h"
+#include "suitefiles/company/setup_rows.h"
 
 namespace suitefiles {
 

@@ -4,16 +4,16 @@
 #include <iostream>
 
 #include "platform/values/convert.h"
-#include "suitefiles/command_line.h"
-#include "suitefiles/commands.h"
-#include "suitefiles/company_files.h"
-#include "suitefiles/company_maker.h"
+#include "suitefiles/company/company_files.h"
+#include "suitefiles/company/company_maker.h"
+#include "suitefiles/company/session.h"
+#include "suitefiles/company/staging.h"
+#include "suitefiles/company/table_writer.h"
 #include "suitefiles/demo/codes.h"
 #include "suitefiles/demo/filler.h"
-#include "suitefiles/progress.h"
-#include "suitefiles/session.h"
-#include "suitefiles/staging.h"
-#include "suitefiles/table_writer.h"
+#include "suitefiles/program/command_line.h"
+#include "suitefiles/program/commands.h"
+#include "suitefiles/program/progress.h"
 
 namespace suitefiles {
 

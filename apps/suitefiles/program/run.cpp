@@ -3,8 +3,8 @@
 #include <iostream>
 
 #include "platform/values/error.h"
-#include "suitefiles/command_line.h"
-#include "suitefiles/commands.h"
+#include "suitefiles/program/command_line.h"
+#include "suitefiles/program/commands.h"
 
 namespace suitefiles {
 

@@ -1,4 +1,4 @@
-#include "suitefiles/company_files.h"
+#include "suitefiles/company/company_files.h"
 
 #include <algorithm>
 #include <charconv>
@@ -6,8 +6,8 @@
 
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
-#include "suitefiles/command_line.h"
-#include "suitefiles/session.h"
+#include "suitefiles/company/session.h"
+#include "suitefiles/program/command_line.h"
 
 namespace suitefiles {
 

@@ -1,5 +1,6 @@
 #include "desktop/outline_style.h"
 
+#include <QAbstractScrollArea>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QStyleOption>
@@ -52,6 +53,11 @@ void DrawBoxFrame(const QStyleOption& option, QPainter& painter) {
 OutlineStyle::OutlineStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
+  // The base style's frame is as dark as a dark window, and its lines get lost on screens that are scaled by a fraction.
+  if (element == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget) && !qobject_cast<const QPlainTextEdit*>(widget)) {
+    DrawOutline(*option, *painter, false);
+    return;
+  }
   const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
   if (element == PE_PanelLineEdit && frame && frame->state.testFlag(State_ReadOnly)) {
     QStyleOptionFrame quiet(*frame);
@@ -87,6 +93,8 @@ int OutlineStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
 
 QIcon OutlineStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
   switch (which) {
+    case SP_ToolBarHorizontalExtensionButton:
+      return DrawnIcon("more");
     case SP_MessageBoxInformation:
       return DrawnIcon("box_Information");
     case SP_MessageBoxQuestion:

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractScrollArea>
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -113,6 +115,55 @@ TEST_F(Style, ABoxOfManyLinesShowsItsFocus) {
   const QColor without = drawn(QStyle::State_Enabled);
   const QColor with = drawn(QStyle::State_Enabled | QStyle::State_HasFocus);
   EXPECT_GT(Contrast(with, without), 2.0);
+}
+
+/// On screens scaled by a half a line falls between the dots, and still shows on all sides.
+TEST_F(Style, AListHasAFrameThatShows) {
+  const desktop::OutlineStyle style;
+  const QAbstractScrollArea list;
+  for (const bool dark : {false, true}) {
+    for (const qreal scale : {1.0, 1.5, 2.0}) {
+      QStyleOptionFrame option;
+      option.palette = desktop::theme::Colours(dark);
+      option.rect = QRect(0, 0, 40, 40);
+      option.lineWidth = 1;
+      option.state = QStyle::State_Enabled | QStyle::State_Sunken;
+      const QColor ground = option.palette.color(QPalette::Window);
+      const int side = qRound(44 * scale);
+      QImage picture(side, side, QImage::Format_RGB32);
+      picture.setDevicePixelRatio(scale);
+      picture.fill(ground);
+      QPainter painter(&picture);
+      painter.translate(1, 1);
+      painter.setClipRect(option.rect);
+      style.drawPrimitive(QStyle::PE_Frame, &option, &painter, &list);
+      painter.end();
+      const auto most = [&](bool across, int from) {
+        double found = 1;
+        for (int at = from; at < from + side / 4; ++at)
+          found = std::max(found, Contrast(across ? picture.pixelColor(at, side / 2) : picture.pixelColor(side / 2, at), ground));
+        return found;
+      };
+      for (const bool across : {true, false})
+        for (const int from : {0, side - side / 4}) EXPECT_GE(most(across, from), 1.3) << dark << " " << scale << " " << across << " " << from;
+    }
+  }
+}
+
+TEST_F(Style, TheArrowOfAFullToolbarShows) {
+  const desktop::OutlineStyle style;
+  for (const bool dark : {false, true}) {
+    desktop::theme::Install(dark);
+    const QColor ground = QGuiApplication::palette().color(QPalette::Window);
+    const QImage picture = style.standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton, nullptr, nullptr).pixmap(16, 16).toImage();
+    ASSERT_FALSE(picture.isNull());
+    double most = 1;
+    for (int x = 0; x < 16; ++x)
+      for (int y = 0; y < 16; ++y)
+        if (picture.pixelColor(x, y).alpha() > 200) most = std::max(most, Contrast(picture.pixelColor(x, y), ground));
+    EXPECT_GE(most, 4.5) << dark;
+  }
+  desktop::theme::Install(false);
 }
 
 TEST_F(Style, BoxesBearOurDrawingsAndPlainButtons) {

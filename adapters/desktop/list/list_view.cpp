@@ -18,6 +18,7 @@ namespace {
 constexpr int kRowGap = 8;
 constexpr int kMarkerWidth = 22;
 constexpr int kCaptionGap = 10;
+constexpr int kCaptionMargin = 8;
 constexpr int kCheckSize = 15;
 constexpr int kSpareRows = 2;
 }  // namespace
@@ -33,7 +34,6 @@ ListView::ListView(QWidget* parent)
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   caption_->setTextFormat(Qt::PlainText);
   caption_->setProperty("role", "value");
-  caption_->setContentsMargins(8, 0, 8, 0);
   caption_->hide();
   viewport()->setAutoFillBackground(true);
   viewport()->setBackgroundRole(QPalette::Base);
@@ -120,7 +120,9 @@ void ListView::PlaceHeader() {
   const QMargins wanted(0, captionHeight + headerHeight, 0, 0);
   if (viewportMargins() != wanted) setViewportMargins(wanted);
   const QRect area = viewport()->geometry();
-  caption_->setGeometry(area.left(), area.top() - headerHeight - captionHeight, area.width(), captionHeight);
+  // A margin of the label's own would be lost when the page is put into a scroll area.
+  caption_->setGeometry(area.left() + kCaptionMargin, area.top() - headerHeight - captionHeight, area.width() - 2 * kCaptionMargin,
+                        captionHeight);
   header_->setGeometry(area.left(), area.top() - headerHeight, area.width(), headerHeight);
 }
 

@@ -32,6 +32,9 @@ ListView::ListView(QWidget* parent)
   setFrameShape(QFrame::StyledPanel);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  // The bar stands beside the rows, not beside caption and headings, which do not move.
+  aboveBar_ = NewWidget<QWidget>(static_cast<QWidget*>(this));
+  addScrollBarWidget(aboveBar_, Qt::AlignTop);
   caption_->setTextFormat(Qt::PlainText);
   caption_->setProperty("role", "value");
   caption_->hide();
@@ -119,6 +122,7 @@ void ListView::PlaceHeader() {
   const int headerHeight = header_->sizeHint().height();
   const QMargins wanted(0, captionHeight + headerHeight, 0, 0);
   if (viewportMargins() != wanted) setViewportMargins(wanted);
+  if (aboveBar_->height() != wanted.top()) aboveBar_->setFixedHeight(wanted.top());
   const QRect area = viewport()->geometry();
   // A margin of the label's own would be lost when the page is put into a scroll area.
   caption_->setGeometry(area.left() + kCaptionMargin, area.top() - headerHeight - captionHeight, area.width() - 2 * kCaptionMargin,

@@ -4,6 +4,7 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <memory>
 
 #include "desktop/form_window.h"
@@ -14,7 +15,7 @@ namespace desktop {
 namespace {
 
 constexpr double kFirstShare = 0.8;
-constexpr QSize kFirstMost(1600, 1000);
+constexpr double kWidest = 1.8;  // a window over the whole width of two screens is no window to read in
 
 QScrollArea* NewScroll(QWidget* parent, QWidget* content) {
   auto* area = NewWidget<QScrollArea>(parent);
@@ -36,12 +37,18 @@ void LetScroll(QWidget& page) {
 
 }  // namespace
 
+/// The first time most of the screen, so that the lists show much, and never more than there is.
+QSize FormWindow::FirstSize(const QSize& needed, const QSize& room) {
+  QSize most = room * kFirstShare;
+  most.setWidth(std::min(most.width(), qRound(most.height() * kWidest)));
+  return needed.expandedTo(most).boundedTo(room);
+}
+
 void FormWindow::RestorePlace() {
   placed_ = true;
   const QSize room = screen()->availableGeometry().size();
   FitInto(room);
-  // The first time most of a large screen, so that the lists show much, and never more than there is.
-  resize(size().expandedTo((room * kFirstShare).boundedTo(kFirstMost)).boundedTo(room));
+  resize(FirstSize(size(), room));
   if (const auto place = services_.Kept().WindowPlace(name_)) restoreGeometry(*place);
 }
 

@@ -47,6 +47,9 @@ class FormWindow final : public QMainWindow {
   void SyncFocus();
   bool IdleSlice();
 
+  /// How large a window that needs `needed` opens on a screen with `room` while nobody has placed it.
+  static QSize FirstSize(const QSize& needed, const QSize& room);
+
   void ShowAsScreen(bool modal);
   void HideScreen();
 

@@ -1,5 +1,6 @@
 #include "desktop/outline_style.h"
 
+#include <QAbstractScrollArea>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QStyleOption>
@@ -33,12 +34,8 @@ void DrawOutline(const QStyleOption& option, QPainter& painter, bool round) {
   painter.restore();
 }
 
-/// Around a box of many lines, whose frame the base style draws alike with and without the focus.
-void DrawBoxFrame(const QStyleOption& option, QPainter& painter) {
-  if (!option.state.testFlag(QStyle::State_HasFocus)) {
-    if (theme::IsDark(option.palette)) DrawOutline(option, painter, false);
-    return;
-  }
+/// Where the keyboard is.
+void DrawFocus(const QStyleOption& option, QPainter& painter) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(option.palette.color(QPalette::Active, QPalette::Highlight));
@@ -52,6 +49,17 @@ void DrawBoxFrame(const QStyleOption& option, QPainter& painter) {
 OutlineStyle::OutlineStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
+  const bool focused = option->state.testFlag(State_HasFocus);
+  // The base style's frame is as dark as a dark window, its lines get lost on screens that are scaled by a fraction, and the focus
+  // does not show. A list shows the focus in its rows.
+  if (element == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget)) {
+    if (focused && qobject_cast<const QPlainTextEdit*>(widget)) {
+      DrawFocus(*option, *painter);
+    } else {
+      DrawOutline(*option, *painter, false);
+    }
+    return;
+  }
   const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
   if (element == PE_PanelLineEdit && frame && frame->state.testFlag(State_ReadOnly)) {
     QStyleOptionFrame quiet(*frame);
@@ -60,24 +68,28 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
   } else {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
   }
-  if (element == PE_Frame && qobject_cast<const QPlainTextEdit*>(widget)) {
-    DrawBoxFrame(*option, *painter);
-    return;
-  }
   const bool round = element == PE_IndicatorRadioButton;
-  const bool square = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck || element == PE_PanelLineEdit;
-  const bool focused = element == PE_PanelLineEdit && option->state.testFlag(State_HasFocus);
-  if ((!round && !square) || focused || !theme::IsDark(option->palette)) return;
+  const bool edit = element == PE_PanelLineEdit;
+  const bool square = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck || edit;
+  if ((!round && !square) || !theme::IsDark(option->palette)) return;
   // An edit without a frame of its own is part of another control, which draws it.
-  if (element == PE_PanelLineEdit && frame && frame->lineWidth == 0) return;
-  DrawOutline(*option, *painter, round);
+  if (edit && frame && frame->lineWidth == 0) return;
+  if (edit && focused) {
+    DrawFocus(*option, *painter);
+  } else {
+    DrawOutline(*option, *painter, round);
+  }
 }
 
 void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                                       const QWidget* widget) const {
   QProxyStyle::drawComplexControl(control, option, painter, widget);
-  if (control == CC_ComboBox && !option->state.testFlag(State_HasFocus) && theme::IsDark(option->palette))
+  if (control != CC_ComboBox || !theme::IsDark(option->palette)) return;
+  if (option->state.testFlag(State_HasFocus)) {
+    DrawFocus(*option, *painter);
+  } else {
     DrawOutline(*option, *painter, false);
+  }
 }
 
 int OutlineStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const {
@@ -87,6 +99,8 @@ int OutlineStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
 
 QIcon OutlineStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
   switch (which) {
+    case SP_ToolBarHorizontalExtensionButton:
+      return DrawnIcon("more");
     case SP_MessageBoxInformation:
       return DrawnIcon("box_Information");
     case SP_MessageBoxQuestion:

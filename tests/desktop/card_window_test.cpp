@@ -17,6 +17,7 @@
 #include <QToolBar>
 
 #include "desktop/hands/input.h"
+#include "desktop/list/list_view.h"
 #include "desktop/support/main_screen.h"
 #include "platform/controls/form/card_screen.h"
 #include "platform/host/screen.h"
@@ -264,6 +265,20 @@ TEST_F(CardWindow, ARefusedEntryIsSelectedAsAWhole) {
   EXPECT_EQ(box->selectedText(), "Duluth");
 }
 
+/// As small as ever on small screens, most of a large one, and not spread over the width of two.
+TEST(WindowPlace, AWindowThatNobodyPlacedTakesItsShareOfTheScreen) {
+  const QSize needed(1010, 700);
+  const auto opens = [&](int width, int height) { return desktop::FormWindow::FirstSize(needed, {width, height}); };
+  EXPECT_EQ(opens(1000, 690), QSize(1000, 690)) << "a screen that is too small";
+  EXPECT_EQ(opens(1024, 768), needed);
+  EXPECT_EQ(opens(1280, 800), QSize(1024, 700));
+  EXPECT_EQ(opens(1920, 1080), QSize(1536, 864));
+  EXPECT_EQ(opens(2560, 1440), QSize(2048, 1152));
+  EXPECT_EQ(opens(3840, 2160), QSize(3072, 1728));
+  EXPECT_EQ(opens(5120, 1440), QSize(2074, 1152));
+  EXPECT_EQ(opens(1200, 1920), QSize(1010, 1536)) << "a screen that stands upright";
+}
+
 /// Letters of twice the size.
 class LargeLetters : public MainScreen {
  protected:
@@ -295,6 +310,13 @@ TEST_F(LargeLetters, TheWindowFitsTheScreenAndNothingIsOutOfReach) {
     EXPECT_TRUE(options->isVisible());
     EXPECT_GE(options->width(), options->minimumSizeHint().width());
     EXPECT_TRUE(window->findChild<QWidget*>(QString("grid_%1").arg(tab))->isVisible());
+  }
+  // A list in a page that scrolls keeps its looks.
+  for (const auto* rows : window->findChildren<desktop::ListView*>()) {
+    const auto* caption = rows->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    ASSERT_NE(caption, nullptr);
+    EXPECT_GE(caption->x() + caption->contentsRect().left(), rows->viewport()->x() + 8) << rows->objectName().toStdString();
+    EXPECT_EQ(rows->frameWidth(), 1) << rows->objectName().toStdString();
   }
   // What the toolbar has no room for is behind its arrow.
   const auto* more = window->findChild<QWidget*>("qt_toolbar_ext_button");

@@ -39,6 +39,14 @@ TEST_F(Painting, OpeningReadsOnePageOnce) {
   EXPECT_LE(table.rowsFetched, 200);
 }
 
+TEST_F(Painting, TheScrollBarStandsBesideTheRowsAlone) {
+  OpenList(100);
+  Picture();
+  const auto* bar = List().verticalScrollBar();
+  ASSERT_TRUE(bar->isVisible());
+  EXPECT_GE(bar->mapTo(&List(), QPoint()).y(), List().viewport()->y());
+}
+
 TEST_F(Painting, CellsShowTheirTextsAndNullsStayEmpty) {
   OpenList(100);
   const QImage picture = Picture();

@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 #include <QStackedWidget>
 #include <QToolBar>
+#include <map>
 #include <set>
 
 #include "desktop/binding/binder.h"
@@ -144,41 +145,50 @@ TEST_F(MainScreen, NoTextIsClippedOnASmallScreen) {
   }
 }
 
+const std::vector<QSize> kCardSizes = {{1024, 768}, {1180, 760}, {1600, 1000}};
+
+/// All of the room: where a hidden frame stood, there is comment now.
 TEST_F(MainScreen, TheCommentTakesTheRoomOfWhatItHides) {
-  ShowAt({1180, 760});
-  ShowPage(0, 1);
-  auto* comment = window->findChild<QWidget*>("fraComment");
-  const int before = comment->height();
-  screen->txtComment_GotFocus();
-  ShowWhatIsHidden();
-  EXPECT_GT(comment->height(), before * 2);
+  for (const QSize& size : kCardSizes) {
+    ShowAt(size);
+    ShowPage(0, 1);
+    std::map<const char*, QRect> room;
+    for (const char* name : {"fraStatus", "fraBillingStatus", "fraTaxBasis", "fraTax", "chkAgeMethod", "chkOmitFinChg"})
+      room[name] = PlaceOf(name);
+    screen->txtComment_GotFocus();
+    ShowWhatIsHidden();
+    for (const auto& [name, place] : room)
+      EXPECT_TRUE(PlaceOf("fraComment").adjusted(0, -1, 0, 0).contains(place)) << size.width() << " " << name;
+    EXPECT_GE(PlaceOf("txtComment").height(), PlaceOf("fraComment").height() - 40);
+    screen->txtComment_LostFocus();
+    ShowWhatIsHidden();
+    for (const auto& [name, place] : room) EXPECT_EQ(PlaceOf(name), place) << size.width() << " " << name;
+  }
 }
 
 /// What stays in view stays where it is: the pointer is over the box that was clicked.
 TEST_F(MainScreen, TheCommentMovesNothingElse) {
-  ShowAt({1180, 760});
-  ShowPage(0, 1);
-  const std::vector<const char*> stay = {"txtLastName", "txtCreditLimit", "box_Electronic", "fraLaborRate", "cmdMapCode"};
   const auto places = [&] {
-    std::vector<QRect> now;
-    for (const char* name : stay) {
-      const auto* widget = window->findChild<QWidget*>(name);
-      now.emplace_back(widget->mapTo(window, QPoint()), widget->size());
-    }
+    std::map<std::string, QRect> now;
+    for (const char* name : {"txtLastName", "cboTerms", "txtCreditLimit", "chkHoldCredit", "box_Electronic", "box_Pricing", "fraLaborRate",
+                             "cmdMapCode", "save_card_0"})
+      now[name] = PlaceOf(name);
     return now;
   };
-  const auto before = places();
-  const QPoint bottom =
-      window->findChild<QWidget*>("fraComment")->mapTo(window, QPoint(5, window->findChild<QWidget*>("fraComment")->height() - 5));
-  screen->txtComment_GotFocus();
-  ShowWhatIsHidden();
-  EXPECT_EQ(places(), before);
-  const auto* comment = window->findChild<QWidget*>("fraComment");
-  EXPECT_TRUE(QRect(comment->mapTo(window, QPoint()), comment->size()).contains(bottom));
-  screen->txtComment_LostFocus();
-  ShowWhatIsHidden();
-  EXPECT_TRUE(window->findChild<QWidget*>("fraTaxBasis")->isVisible());
-  EXPECT_EQ(places(), before);
+  for (const QSize& size : kCardSizes) {
+    ShowAt(size);
+    ShowPage(0, 1);
+    const auto before = places();
+    const QPoint bottom = PlaceOf("fraComment").bottomLeft() + QPoint(5, -5);
+    screen->txtComment_GotFocus();
+    ShowWhatIsHidden();
+    EXPECT_EQ(places(), before);
+    EXPECT_TRUE(PlaceOf("fraComment").contains(bottom));
+    screen->txtComment_LostFocus();
+    ShowWhatIsHidden();
+    EXPECT_TRUE(window->findChild<QWidget*>("fraTaxBasis")->isVisible());
+    EXPECT_EQ(places(), before);
+  }
 }
 
 /// The longest heading as search prompt and in both options still leaves the window its width.

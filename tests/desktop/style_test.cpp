@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractScrollArea>
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -113,6 +115,90 @@ TEST_F(Style, ABoxOfManyLinesShowsItsFocus) {
   const QColor without = drawn(QStyle::State_Enabled);
   const QColor with = drawn(QStyle::State_Enabled | QStyle::State_HasFocus);
   EXPECT_GT(Contrast(with, without), 2.0);
+}
+
+/// Where the keyboard is stands out from the window, whatever kind of box it is in.
+TEST_F(Style, TheFocusShowsInBothSchemes) {
+  const desktop::OutlineStyle style;
+  const QPlainTextEdit memo;
+  for (const bool dark : {false, true}) {
+    const QPalette colours = desktop::theme::Colours(dark);
+    const QColor ground = colours.color(QPalette::Window);
+    const auto outline = [&](QStyleOption& option, const auto& draw) {
+      option.palette = colours;
+      option.rect = QRect(0, 0, 60, 26);
+      option.state = QStyle::State_Enabled | QStyle::State_HasFocus;
+      QImage picture(60, 26, QImage::Format_RGB32);
+      picture.fill(ground);
+      QPainter painter(&picture);
+      draw(&painter);
+      painter.end();
+      return std::max(Contrast(picture.pixelColor(0, 13), ground), Contrast(picture.pixelColor(1, 13), ground));
+    };
+    QStyleOptionFrame frame;
+    frame.lineWidth = 1;
+    EXPECT_GE(outline(frame, [&](QPainter* painter) { style.drawPrimitive(QStyle::PE_PanelLineEdit, &frame, painter, nullptr); }), 3)
+        << dark;
+    EXPECT_GE(outline(frame, [&](QPainter* painter) { style.drawPrimitive(QStyle::PE_Frame, &frame, painter, &memo); }), 3) << dark;
+    QStyleOptionComboBox combo;
+    combo.subControls = QStyle::SC_All;
+    combo.editable = true;
+    combo.frame = true;
+    EXPECT_GE(outline(combo, [&](QPainter* painter) { style.drawComplexControl(QStyle::CC_ComboBox, &combo, painter, nullptr); }), 3)
+        << dark;
+  }
+}
+
+/// On screens scaled by a half a line falls between the dots, and still shows on all sides.
+TEST_F(Style, ListsAndLargeBoxesHaveAFrameThatShows) {
+  const desktop::OutlineStyle style;
+  const QAbstractScrollArea rows;
+  const QPlainTextEdit memo;
+  for (const QWidget* list : {static_cast<const QWidget*>(&rows), static_cast<const QWidget*>(&memo)})
+    for (const bool dark : {false, true}) {
+      for (const qreal scale : {1.0, 1.5, 2.0}) {
+        QStyleOptionFrame option;
+        option.palette = desktop::theme::Colours(dark);
+        option.rect = QRect(0, 0, 40, 40);
+        option.lineWidth = 1;
+        option.state = QStyle::State_Enabled | QStyle::State_Sunken;
+        const QColor ground = option.palette.color(QPalette::Window);
+        const int side = qRound(44 * scale);
+        QImage picture(side, side, QImage::Format_RGB32);
+        picture.setDevicePixelRatio(scale);
+        picture.fill(ground);
+        QPainter painter(&picture);
+        painter.translate(1, 1);
+        painter.setClipRect(option.rect);
+        style.drawPrimitive(QStyle::PE_Frame, &option, &painter, list);
+        painter.end();
+        const auto most = [&](bool across, int from) {
+          double found = 1;
+          for (int at = from; at < from + side / 4; ++at)
+            found = std::max(found, Contrast(across ? picture.pixelColor(at, side / 2) : picture.pixelColor(side / 2, at), ground));
+          return found;
+        };
+        for (const bool across : {true, false})
+          for (const int from : {0, side - side / 4})
+            EXPECT_GE(most(across, from), 1.3) << dark << " " << scale << " " << across << " " << from;
+      }
+    }
+}
+
+TEST_F(Style, TheArrowOfAFullToolbarShows) {
+  const desktop::OutlineStyle style;
+  for (const bool dark : {false, true}) {
+    desktop::theme::Install(dark);
+    const QColor ground = QGuiApplication::palette().color(QPalette::Window);
+    const QImage picture = style.standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton, nullptr, nullptr).pixmap(16, 16).toImage();
+    ASSERT_FALSE(picture.isNull());
+    double most = 1;
+    for (int x = 0; x < 16; ++x)
+      for (int y = 0; y < 16; ++y)
+        if (picture.pixelColor(x, y).alpha() > 200) most = std::max(most, Contrast(picture.pixelColor(x, y), ground));
+    EXPECT_GE(most, 4.5) << dark;
+  }
+  desktop::theme::Install(false);
 }
 
 TEST_F(Style, BoxesBearOurDrawingsAndPlainButtons) {

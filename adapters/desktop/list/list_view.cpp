@@ -18,6 +18,7 @@ namespace {
 constexpr int kRowGap = 8;
 constexpr int kMarkerWidth = 22;
 constexpr int kCaptionGap = 10;
+constexpr int kCaptionMargin = 8;
 constexpr int kCheckSize = 15;
 constexpr int kSpareRows = 2;
 }  // namespace
@@ -31,9 +32,11 @@ ListView::ListView(QWidget* parent)
   setFrameShape(QFrame::StyledPanel);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  // The bar stands beside the rows, not beside caption and headings, which do not move.
+  aboveBar_ = NewWidget<QWidget>(static_cast<QWidget*>(this));
+  addScrollBarWidget(aboveBar_, Qt::AlignTop);
   caption_->setTextFormat(Qt::PlainText);
   caption_->setProperty("role", "value");
-  caption_->setContentsMargins(8, 0, 8, 0);
   caption_->hide();
   viewport()->setAutoFillBackground(true);
   viewport()->setBackgroundRole(QPalette::Base);
@@ -119,8 +122,11 @@ void ListView::PlaceHeader() {
   const int headerHeight = header_->sizeHint().height();
   const QMargins wanted(0, captionHeight + headerHeight, 0, 0);
   if (viewportMargins() != wanted) setViewportMargins(wanted);
+  if (aboveBar_->height() != wanted.top()) aboveBar_->setFixedHeight(wanted.top());
   const QRect area = viewport()->geometry();
-  caption_->setGeometry(area.left(), area.top() - headerHeight - captionHeight, area.width(), captionHeight);
+  // A margin of the label's own would be lost when the page is put into a scroll area.
+  caption_->setGeometry(area.left() + kCaptionMargin, area.top() - headerHeight - captionHeight, area.width() - 2 * kCaptionMargin,
+                        captionHeight);
   header_->setGeometry(area.left(), area.top() - headerHeight, area.width(), headerHeight);
 }
 

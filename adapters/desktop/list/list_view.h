@@ -163,6 +163,7 @@ class ListView final : public QAbstractScrollArea {
   Services* services_ = nullptr;
   ListHeader* header_;
   QLabel* caption_;
+  QWidget* aboveBar_ = nullptr;  ///< as high as caption and headings
   ListRows rows_;
   ColumnLayout columns_;
   std::vector<int> fieldOf_;  ///< design column -> place in the row's cells, -1 if the list lacks it

@@ -42,6 +42,10 @@ class MainScreen : public testing::Test {
     pages->setCurrentWidget(window->findChild<QWidget*>(QString("tab_%1_page_%2").arg(tab).arg(page)));
     QApplication::processEvents();
   }
+  QRect PlaceOf(const char* name) const {
+    const auto* widget = window->findChild<QWidget*>(name);
+    return {widget->mapTo(window, QPoint()), widget->size()};
+  }
   /// The six controls that the comment box hides and shows, as their models are.
   void ShowWhatIsHidden() {
     for (const platform::Control* control :

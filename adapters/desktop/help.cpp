@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QVBoxLayout>
 
 #include "desktop/icons.h"
@@ -36,12 +37,33 @@ void OpenWithClose(QDialog& dialog) {
   dialog.open();
 }
 
+/// One line around each cell, and air in it.
+void DressTables(QTextDocument& page, const QPalette& palette) {
+  constexpr qreal kPageMargin = 14;
+  constexpr qreal kCellPadding = 4;
+  page.setDocumentMargin(kPageMargin);
+  for (QTextFrame* frame : page.rootFrame()->childFrames()) {
+    auto* table = qobject_cast<QTextTable*>(frame);
+    if (!table) continue;
+    QTextTableFormat format = table->format();
+    format.setBorder(1);
+    format.setBorderCollapse(true);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setBorderBrush(palette.color(QPalette::Mid));
+    format.setCellPadding(kCellPadding);
+    format.setCellSpacing(0);
+    format.setTopMargin(kCellPadding);
+    table->setFormat(format);
+  }
+}
+
 void ShowKeys(QMainWindow& window) {
   QFile page(":/desktop/keys.md");
   if (!page.open(QIODevice::ReadOnly)) return;
   QDialog* dialog = NewDialog(window, "helpKeys", QObject::tr("Keys"));
   auto* text = NewWidget<QTextBrowser>(static_cast<QWidget*>(dialog));
   text->setMarkdown(QString::fromUtf8(page.readAll()));
+  DressTables(*text->document(), text->palette());
   dialog->layout()->addWidget(text);
   const QSize letter = dialog->fontMetrics().size(0, "0");
   constexpr int kColumns = 84;

@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QTimer>
 #include <QToolBar>
 
@@ -183,6 +184,20 @@ TEST_F(CardWindow, TheKeysPageOpens) {
   ASSERT_NE(page, nullptr);
   EXPECT_TRUE(page->findChild<QTextBrowser*>()->toPlainText().contains("Ctrl+Shift+Tab"));
   page->close();
+}
+
+TEST_F(CardWindow, TheKeysPageHasAirInItsTables) {
+  window->findChild<QAction*>("helpKeysAction")->trigger();
+  const auto* page = window->findChild<QDialog*>("helpKeys")->findChild<QTextBrowser*>();
+  int tables = 0;
+  for (const QTextFrame* frame : page->document()->rootFrame()->childFrames()) {
+    const auto* cells = qobject_cast<const QTextTable*>(frame);
+    if (!cells) continue;
+    ++tables;
+    EXPECT_GE(cells->format().cellPadding(), 3);
+    EXPECT_TRUE(cells->format().borderCollapse());
+  }
+  EXPECT_GT(tables, 0);
 }
 
 /// Each key that the program knows stands on the page.

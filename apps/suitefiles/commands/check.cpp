@@ -9,7 +9,7 @@
 #include "suite/company_schema.h"
 #include "suitefiles/company/company_files.h"
 #include "suitefiles/company/reference_checks.h"
-#include "suitefiles/company/session.h"
+#include "suitefiles/company/data_access.h"
 #include "suitefiles/program/command_line.h"
 #include "suitefiles/program/commands.h"
 #include "suitefiles/program/progress.h"
@@ -50,8 +50,8 @@ class Report {
 };
 
 void CheckCompanyRows(const std::string& dat, Report& report) {
-  Session session;
-  const auto rows = session.Open(dat)->OpenRecordset("SELECT CompID, BeginningMonth, AccountingEntity FROM Company");
+  DataAccess data;
+  const auto rows = data.Open(dat)->OpenRecordset("SELECT CompID, BeginningMonth, AccountingEntity FROM Company");
   for (; !rows->Eof(); rows->MoveNext()) {
     const std::string company = "Company " + platform::CStr(rows->Field(0));
     const auto month = rows->Field(1);

@@ -6,7 +6,7 @@
 #include "platform/values/convert.h"
 #include "suitefiles/company/company_files.h"
 #include "suitefiles/company/company_maker.h"
-#include "suitefiles/company/session.h"
+#include "suitefiles/company/data_access.h"
 #include "suitefiles/company/staging.h"
 #include "suitefiles/company/table_writer.h"
 #include "suitefiles/demo/codes.h"
@@ -54,16 +54,16 @@ void RefuseUsedCompany(const std::string& customerFile, const std::string& trans
   constexpr std::array<const char*, 14> kTables = {"Customers", "Phones",   "Addresses",      "CustCreditCards", "CustLaborRates",
                                                    "CustCodes", "Lookups",  "SuperCustomers", "DataCodes",       "Keywords",
                                                    "Locations", "TaxTypes", "TaxEntities",    "TaxGrid"};
-  Session session;
+  DataAccess data;
   const auto refuse = [](const std::string& file, const std::string& table, std::int64_t rows) {
     if (rows > 0) {
       throw CommandError(file + " has " + std::to_string(rows) + (rows == 1 ? " row" : " rows") + " in " + table +
                          " already; only a company without customers and codes is filled. Nothing was changed");
     }
   };
-  const auto customers = session.Open(customerFile);
+  const auto customers = data.Open(customerFile);
   for (const char* table : kTables) refuse(customerFile, table, CountRows(customers, table));
-  refuse(transactionFile, "Transactions", CountRows(session.Open(transactionFile), "Transactions"));
+  refuse(transactionFile, "Transactions", CountRows(data.Open(transactionFile), "Transactions"));
 }
 
 void FillCompany(const DemoOptions& options, const std::string& customerFile, const std::string& transactionFile, const Console& console) {
@@ -81,8 +81,8 @@ CompanyRecord DemoCompany(int number) {
 
 void AddDefaultTerms(const std::string& datFile, int company) {
   constexpr std::int32_t kNet30 = 4;
-  Session session;
-  const auto rows = session.Open(datFile)->OpenRecordset("SELECT CompID FROM AR WHERE CompID=" + std::to_string(company));
+  DataAccess data;
+  const auto rows = data.Open(datFile)->OpenRecordset("SELECT CompID FROM AR WHERE CompID=" + std::to_string(company));
   const bool missing = rows->RecordCount() == 0;
   rows->Close();
   if (!missing) return;

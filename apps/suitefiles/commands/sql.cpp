@@ -5,7 +5,7 @@
 #include "platform/values/convert.h"
 #include "platform/values/text.h"
 #include "suitefiles/commands/row_printer.h"
-#include "suitefiles/company/session.h"
+#include "suitefiles/company/data_access.h"
 #include "suitefiles/program/command_line.h"
 #include "suitefiles/program/commands.h"
 
@@ -53,8 +53,8 @@ int RunSql(const std::vector<std::string>& words, const Console& console) {
   const auto statement = platform::Normalise(text);
   if (!statement) throw UsageError("STATEMENT is not valid UTF-8");
 
-  Session session;
-  const auto database = session.Open(line.Operands()[0]);
+  DataAccess data;
+  const auto database = data.Open(line.Operands()[0]);
   if (IsAction(*statement)) {
     database->Execute(*statement, line.Has("--skip") ? engine::executeWholeRows : platform::dbFailOnError);
     console.out << database->RecordsAffected() << (database->RecordsAffected() == 1 ? " row\n" : " rows\n");

@@ -6,7 +6,7 @@
 
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
-#include "suitefiles/company/session.h"
+#include "suitefiles/company/data_access.h"
 #include "suitefiles/program/command_line.h"
 
 namespace suitefiles {
@@ -66,8 +66,8 @@ std::vector<std::string> DataFolder::TemporaryFiles() const {
 }
 
 bool DataFolder::HasRow(int company) const {
-  Session session;
-  const auto database = session.Open(File(company, suite::DataFile::Dat));
+  DataAccess data;
+  const auto database = data.Open(File(company, suite::DataFile::Dat));
   return !database->OpenRecordset("SELECT CompID FROM Company WHERE CompID=" + std::to_string(company))->Eof();
 }
 
@@ -90,8 +90,8 @@ std::vector<int> DataFolder::Companies() const {
   const auto byFiles = CompaniesByFiles();
   std::set<int> companies(byFiles.begin(), byFiles.end());
   if (companies.empty() || fs::exists(Dat())) {
-    Session session;
-    const auto rows = session.Open(Dat())->OpenRecordset("SELECT CompID FROM Company");
+    DataAccess data;
+    const auto rows = data.Open(Dat())->OpenRecordset("SELECT CompID FROM Company");
     for (; !rows->Eof(); rows->MoveNext()) {
       if (!rows->Field(0).IsNull()) companies.insert(platform::CLng(rows->Field(0)));
     }

@@ -8,7 +8,7 @@
 #include "platform/values/error.h"
 #include "suite/clock.h"
 #include "suite/company_schema.h"
-#include "suitefiles/company/session.h"
+#include "suitefiles/company/data_access.h"
 #include "suitefiles/company/setup_rows.h"
 
 namespace suitefiles {
@@ -40,8 +40,8 @@ CompanyRow AddCompanyRow(const std::string& datFile, const CompanyRecord& compan
   } catch (const platform::Error& problem) {
     if (problem.Number() != kFileExists) throw;  // another program has just made it
   }
-  Session session;
-  const auto rows = session.Open(datFile)->OpenRecordset("Company", platform::RecordsetType::Table);
+  DataAccess data;
+  const auto rows = data.Open(datFile)->OpenRecordset("Company", platform::RecordsetType::Table);
   rows->AddNew();
   rows->SetField("CompID", std::int32_t{company.number});
   rows->SetField("AccountingEntity", std::uint8_t{0});

@@ -7,7 +7,7 @@
 #include "platform/values/convert.h"
 #include "suitefiles/company/company_files.h"
 #include "suitefiles/company/company_links.h"
-#include "suitefiles/company/session.h"
+#include "suitefiles/company/data_access.h"
 
 namespace suitefiles {
 
@@ -213,8 +213,8 @@ void CheckUsers(const platform::DatabaseRef& customer, std::vector<std::string>&
 
 std::vector<std::string> CheckReferences(const CheckedCompany& files, const std::function<void(const std::string&)>& working) {
   std::vector<std::string> sentences;
-  Session session;
-  const auto customer = session.Open(files.customer);
+  DataAccess data;
+  const auto customer = data.Open(files.customer);
   for (const auto& group : {OwnerTests(), CodeTests(), CustomerTests()}) {
     for (const auto& test : group) {
       working(test.table);
@@ -223,14 +223,14 @@ std::vector<std::string> CheckReferences(const CheckedCompany& files, const std:
   }
   CheckUsers(customer, sentences);
 
-  const auto ledger = session.Open(files.ledger);
+  const auto ledger = data.Open(files.ledger);
   CheckDepartments(customer, Texts(ledger, "SELECT DeptNumber FROM Departments"), sentences);
   CheckTaxAccounts(customer, Texts(ledger, "SELECT AccountNumber FROM Accounts WHERE AccountType = 'L'"), sentences);
 
   working("Transactions");
-  CheckNumbers(session.Open(files.transactions), "Transactions", "AcctNum", Numbers(customer, "Customers", "AcctNum"),
+  CheckNumbers(data.Open(files.transactions), "Transactions", "AcctNum", Numbers(customer, "Customers", "AcctNum"),
                "name a customer that does not exist", sentences);
-  CheckNumbers(session.Open(files.flatRate), "FRDeptTax", "TaxID", Numbers(customer, "TaxGrid", "TaxID"),
+  CheckNumbers(data.Open(files.flatRate), "FRDeptTax", "TaxID", Numbers(customer, "TaxGrid", "TaxID"),
                "name a tax rate that does not exist", sentences);
   CheckLinks(files, sentences);
   return sentences;

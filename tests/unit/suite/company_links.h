@@ -4,12 +4,12 @@
 
 #include "engine/data_file.h"
 #include "engine/store/sqlite/connection.h"
-#include "suitefiles/company/session.h"
+#include "suitefiles/company/data_access.h"
 
 /// The links that a program makes when it opens a company for the first time.
 inline void MakeLinks(const std::string& customer, const std::string& ledger, const std::string& transactions) {
-  suitefiles::Session session;
-  const auto database = session.Open(customer);
+  suitefiles::DataAccess data;
+  const auto database = data.Open(customer);
   database->AppendTableDef({"Departments", ";DATABASE=" + ledger, "Departments"});
   database->AppendTableDef({"Transactions", ";DATABASE=" + transactions, "Transactions"});
 }

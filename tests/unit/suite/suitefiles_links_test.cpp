@@ -93,8 +93,8 @@ TEST_F(Links, LinksOfOthersLeadIntoTheCopyOrAreTold) {
   ASSERT_EQ(RunSuitefiles({"create", folder / "live", "--company", "2"}).status, 0);
   ASSERT_EQ(RunSuitefiles({"create", folder / "far", "--company", "9"}).status, 0);
   {
-    suitefiles::Session session;
-    const auto database = session.Open(folder / "live/data/orv2/customer.zdb");
+    suitefiles::DataAccess data;
+    const auto database = data.Open(folder / "live/data/orv2/customer.zdb");
     database->AppendTableDef({"OtherLedger", ";DATABASE=" + folder / "live/data/orv1/GL.zdb", "GL"});
     database->AppendTableDef({"Foreign", ";DATABASE=" + folder / "far/data/orv9/GL.zdb", "GL"});
   }

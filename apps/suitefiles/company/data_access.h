@@ -9,9 +9,9 @@
 namespace suitefiles {
 
 /// The data engine with one workspace, for commands that run statements.
-class Session {
+class DataAccess {
  public:
-  Session();
+  DataAccess();
   platform::DatabaseRef Open(const std::string& path);
 
  private:

@@ -1,16 +1,16 @@
-#include "suitefiles/company/session.h"
+#include "suitefiles/company/data_access.h"
 
 #include "engine/engine.h"
 #include "platform/values/convert.h"
 
 namespace suitefiles {
 
-Session::Session() : engine_(engine::MakeEngine()) {
+DataAccess::DataAccess() : engine_(engine::MakeEngine()) {
   workspace_ = engine_->CreateWorkspace("suitefiles", "Admin", "", 2);
   engine_->AppendWorkspace(workspace_);
 }
 
-platform::DatabaseRef Session::Open(const std::string& path) { return workspace_->OpenDatabase(path); }
+platform::DatabaseRef DataAccess::Open(const std::string& path) { return workspace_->OpenDatabase(path); }
 
 std::int64_t CountRows(const platform::DatabaseRef& database, const std::string& table) {
   const auto rows = database->OpenRecordset("SELECT Count(*) AS Total FROM " + table);

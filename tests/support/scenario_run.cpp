@@ -6,9 +6,9 @@
 #include "platform/host/application.h"
 #include "platform/values/error.h"
 #include "platform/values/text.h"
-#include "robot/interpreter.h"
-#include "robot/model_hands.h"
-#include "robot/scripted_front_end.h"
+#include "robot/hands/model_hands.h"
+#include "robot/runner/interpreter.h"
+#include "robot/stage/scripted_front_end.h"
 #include "suite/operating_system.h"
 #include "support/test_screens.h"
 

@@ -1,4 +1,4 @@
-#include "robot/script.h"
+#include "robot/language/script.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,10 @@
 #include <optional>
 
 #include "platform/host/front_end.h"
+#include "robot/commands/commands.h"
+#include "robot/language/arguments.h"
 #include "robot/language/failure.h"
-#include "robot/runner/interpreter.h"
+#include "robot/runner/runner.h"
 
 namespace robot {
 namespace {
@@ -17,24 +19,24 @@ std::optional<int> ButtonNamed(const Arguments& words, std::size_t index) {
   return std::nullopt;
 }
 
-void QueueButtons(Interpreter& run, const Arguments& words) {
+void QueueButtons(Runner& run, const Arguments& words) {
   for (std::size_t i = 0; i < words.Count(); ++i) {
     const auto button = ButtonNamed(words, i);
     if (!button) throw ActionFailed("no button " + words.Text(i));
-    run.QueueAnswer(*button);
+    run.Queued().Queue(*button);
   }
 }
 
-void AnswerPrinter(Interpreter& run, const Arguments& words) {
+void AnswerPrinter(Runner& run, const Arguments& words) {
   if (words.Count() == 2 && words.Is(1, "cancel")) {
-    run.QueuePrinter(std::nullopt);
+    run.Queued().QueuePrinter(std::nullopt);
     return;
   }
   if (words.Count() != 4) throw ActionFailed("no FROM TO COPIES");
-  run.QueuePrinter(PrinterChoice{words.Number(1), words.Number(2), words.Number(3)});
+  run.Queued().QueuePrinter(PrinterChoice{words.Number(1), words.Number(2), words.Number(3)});
 }
 
-void AnswerAccount(Interpreter& run, const Arguments& words) {
+void AnswerAccount(Runner& run, const Arguments& words) {
   ChosenAccount answer;
   if (!(words.Count() == 2 && words.Is(1, "cancel"))) {
     if (words.Count() != 5) throw ActionFailed("no ACCT DEPT ACCTTEXT DEPTTEXT");
@@ -43,13 +45,13 @@ void AnswerAccount(Interpreter& run, const Arguments& words) {
   run.Accounts().answers.push_back(answer);
 }
 
-void AnswerReport(Interpreter& run, const Arguments& words) {
+void AnswerReport(Runner& run, const Arguments& words) {
   if (words.Count() != 2) throw ActionFailed("no N");
   run.Reports().answers.push_back(words.Number(1));
 }
 
 /// "map ADDRESS [at LAT LON] [result N] [LINE...]".
-void AnswerMap(Interpreter& run, const Arguments& words) {
+void AnswerMap(Runner& run, const Arguments& words) {
   if (words.Count() < 2) throw ActionFailed("no ADDRESS");
   GeocodeAnswer answer;
   std::size_t next = 2;
@@ -67,7 +69,7 @@ void AnswerMap(Interpreter& run, const Arguments& words) {
   run.Map().answers[words.Text(1)] = answer;
 }
 
-Outcome Answer(Interpreter& run, const Arguments& words) {
+Outcome Answer(Runner& run, const Arguments& words) {
   if (words.Is(0, "printer"))
     AnswerPrinter(run, words);
   else if (words.Is(0, "account"))
@@ -81,16 +83,14 @@ Outcome Answer(Interpreter& run, const Arguments& words) {
   return Outcome::Done;
 }
 
-Outcome Printer(Interpreter& run, const Arguments& words) {
-  run.PrinterName(words.Text(0));
-  return Outcome::Done;
-}
+/// No screen asks for the default printer's name: its dialog is answered by `answer printer`.
+Outcome Printer(Runner&, const Arguments&) { return Outcome::Done; }
 
 }  // namespace
 
 CommandList AnswerCommands() {
   return {
-      {"answer", 1, -1, CommandKind::Other, Answer},
+      {"answer", 1, kAnyNumber, CommandKind::Other, Answer},
       {"printer", 1, 1, CommandKind::Other, Printer},
   };
 }

@@ -3,15 +3,17 @@
 
 #include "platform/values/convert.h"
 #include "platform/values/text.h"
+#include "robot/commands/commands.h"
+#include "robot/language/arguments.h"
 #include "robot/language/failure.h"
 #include "robot/language/value_text.h"
-#include "robot/runner/interpreter.h"
+#include "robot/runner/runner.h"
 
 namespace robot {
 namespace {
 
 /// Statements of other users follow the host's company and user. A number that no property can hold is refused there.
-void FollowHost(Interpreter& run, const std::string& property, const std::string& value) {
+void FollowHost(Runner& run, const std::string& property, const std::string& value) {
   using Limits = std::numeric_limits<std::int32_t>;
   double number = 0;
   if (!PlainNumber(value, number) || number < Limits::min() || number > Limits::max()) return;
@@ -19,37 +21,51 @@ void FollowHost(Interpreter& run, const std::string& property, const std::string
   if (platform::EqualsNoCase(property, "UserID")) run.Others().User(static_cast<std::int32_t>(number));
 }
 
-Outcome Host(Interpreter& run, const Arguments& words) {
+Outcome Host(Runner& run, const Arguments& words) {
   if (words.Is(0, "ShowUser")) {
-    run.ShowUser();
+    run.Host().ShowUser();
   } else if (words.Is(0, "release")) {
-    run.ReleaseHost();
+    run.Host().Release();
   } else {
     FollowHost(run, words.Text(0), words.Text(1));
     try {
-      if (!run.Host().Let(words.Text(0), platform::Value(words.Text(1)))) throw ActionFailed("no property " + words.Text(0));
+      if (!run.Host().Object().Let(words.Text(0), platform::Value(words.Text(1)))) throw ActionFailed("no property " + words.Text(0));
     } catch (const platform::Error& error) {
       run.Records().Unhandled(error, false);
     }
-    run.KeepUnreached();
+    // Setting a property is no act of the user: what waits for one goes on waiting.
+    if (!run.InsideAnother()) run.Interrupted().KeepForTheNextAct();
   }
   return Outcome::Done;
 }
 
-Outcome Today(Interpreter& run, const Arguments& words) {
+bool StandsAlone(const Arguments& words) { return words.Is(0, "ShowUser") || words.Is(0, "release"); }
+
+std::string HostMistake(const Arguments& words) {
+  const int wanted = StandsAlone(words) ? 0 : 1;
+  return CountMistake("host " + words.Text(0), static_cast<int>(words.Count()) - 1, wanted, wanted);
+}
+
+Outcome Today(Runner& run, const Arguments& words) {
   run.App().System().SetToday(platform::CDate(platform::Value(words.Text(0)), run.App().ThisYear()));
   return Outcome::Done;
 }
 
-Outcome Allow(Interpreter&, const Arguments&) { return Outcome::Done; }
+Outcome Allow(Runner&, const Arguments&) { return Outcome::Done; }
+
+std::string AllowMistake(const Arguments& words) {
+  return platform::EqualsNoCase(words.Text(0), "boxes") ? "" : "allow is followed by boxes";
+}
+
+void AllowBoxes(Script& script) { script.allowBoxes = true; }
 
 }  // namespace
 
 CommandList HostCommands() {
   return {
-      {"host", 1, 2, CommandKind::Act, Host},
-      {"today", 1, 1, CommandKind::Other, Today},
-      {"allow", 1, 1, CommandKind::Other, Allow},
+      {.name = "host", .least = 1, .most = 2, .kind = CommandKind::Act, .handler = Host, .mistake = HostMistake},
+      {.name = "today", .least = 1, .most = 1, .handler = Today},
+      {.name = "allow", .least = 1, .most = 1, .handler = Allow, .mistake = AllowMistake, .tell = AllowBoxes},
   };
 }
 

@@ -1,21 +1,23 @@
 #include "robot/stage/lists.h"
 
 #include "platform/controls/lists.h"
+#include "robot/commands/commands.h"
+#include "robot/language/arguments.h"
 #include "robot/language/failure.h"
-#include "robot/runner/interpreter.h"
+#include "robot/runner/runner.h"
 
 namespace robot {
 namespace {
 
 using namespace platform;
 
-Grid& UsableGrid(const Interpreter& run, const std::string& name) {
+Grid& UsableGrid(const Runner& run, const std::string& name) {
   Grid& grid = GridOf(run.ControlNamed(name));
   DemandUsable(run.App(), grid);
   return grid;
 }
 
-Outcome ChooseLine(Interpreter& run, ListBox& list, const Arguments& words) {
+Outcome ChooseLine(Runner& run, ListBox& list, const Arguments& words) {
   DemandUsable(run.App(), list);
   const int line = words.Number(1);
   if (line < 0 || line >= static_cast<int>(list.Items().size())) throw Refused("no line " + words.Text(1));
@@ -23,7 +25,7 @@ Outcome ChooseLine(Interpreter& run, ListBox& list, const Arguments& words) {
   return Outcome::Done;
 }
 
-Outcome Row(Interpreter& run, const Arguments& words) {
+Outcome Row(Runner& run, const Arguments& words) {
   Control& control = run.ControlNamed(words.Text(0));
   if (auto* list = dynamic_cast<ListBox*>(&control)) return ChooseLine(run, *list, words);
   Grid& grid = UsableGrid(run, words.Text(0));
@@ -40,13 +42,13 @@ Outcome Row(Interpreter& run, const Arguments& words) {
   return there ? Outcome::Done : Outcome::StayedAsItWas;
 }
 
-Grid& MarkedGrid(const Interpreter& run, const std::string& name) {
+Grid& MarkedGrid(const Runner& run, const std::string& name) {
   Grid& grid = UsableGrid(run, name);
   if (!grid.MarksRows()) throw Refused(name + " a list that marks no rows");
   return grid;
 }
 
-Outcome Mark(Interpreter& run, const Arguments& words) {
+Outcome Mark(Runner& run, const Arguments& words) {
   Grid& grid = MarkedGrid(run, words.Text(0));
   std::vector<Bookmark> rows;
   for (std::size_t i = 1; i < words.Count(); ++i) rows.push_back(RowAt(RowsOf(DataOf(grid)), words.Number(i)).bookmark);
@@ -54,18 +56,18 @@ Outcome Mark(Interpreter& run, const Arguments& words) {
   return Outcome::Done;
 }
 
-Outcome Unmark(Interpreter& run, const Arguments& words) {
+Outcome Unmark(Runner& run, const Arguments& words) {
   run.Hands().Mark(MarkedGrid(run, words.Text(0)), {});
   return Outcome::Done;
 }
 
-Outcome Head(Interpreter& run, const Arguments& words) {
+Outcome Head(Runner& run, const Arguments& words) {
   Grid& grid = UsableGrid(run, words.Text(0));
   run.Hands().HeadClick(grid, ColumnWith(grid, words.Text(1)));
   return Outcome::Done;
 }
 
-Outcome Column(Interpreter& run, const Arguments& words) {
+Outcome Column(Runner& run, const Arguments& words) {
   Grid& grid = UsableGrid(run, words.Text(0));
   if (!words.Is(2, "to")) throw ActionFailed("no CAPTION to N");
   const int place = words.Number(3);
@@ -74,7 +76,7 @@ Outcome Column(Interpreter& run, const Arguments& words) {
   return Outcome::Done;
 }
 
-Outcome Cell(Interpreter& run, const Arguments& words) {
+Outcome Cell(Runner& run, const Arguments& words) {
   Grid& grid = UsableGrid(run, words.Text(0));
   const int column = ColumnWith(grid, words.Text(1));
   if (!grid.Column(column).open) throw Refused("the column " + words.Text(1) + " closed");
@@ -83,7 +85,7 @@ Outcome Cell(Interpreter& run, const Arguments& words) {
   return grid.OpenCell() ? Outcome::StayedAsItWas : Outcome::Done;
 }
 
-Outcome Leave(Interpreter& run, const Arguments& words) {
+Outcome Leave(Runner& run, const Arguments& words) {
   Grid& grid = UsableGrid(run, words.Text(0));
   run.Hands().LeaveRow(grid);
   return grid.OpenCell() || grid.DataChanged() ? Outcome::StayedAsItWas : Outcome::Done;
@@ -98,7 +100,7 @@ int ColumnNamedOrNumbered(const Grid& grid, const Arguments& words, std::size_t 
   return column;
 }
 
-Outcome Scroll(Interpreter& run, const Arguments& words) {
+Outcome Scroll(Runner& run, const Arguments& words) {
   Grid& grid = UsableGrid(run, words.Text(0));
   const int split = words.Number(1);
   if (split < 0 || split >= grid.SplitCount()) throw ActionFailed("no split " + words.Text(1));
@@ -111,8 +113,8 @@ Outcome Scroll(Interpreter& run, const Arguments& words) {
 CommandList ListCommands() {
   constexpr auto act = CommandKind::Act;
   return {
-      {"row", 2, 4, act, Row},       {"mark", 2, -1, act, Mark}, {"unmark", 1, 1, act, Unmark}, {"head", 2, 2, act, Head},
-      {"column", 4, 4, act, Column}, {"cell", 3, 3, act, Cell},  {"leave", 1, 1, act, Leave},   {"scroll", 3, 3, act, Scroll},
+      {"row", 2, 4, act, Row},       {"mark", 2, kAnyNumber, act, Mark}, {"unmark", 1, 1, act, Unmark}, {"head", 2, 2, act, Head},
+      {"column", 4, 4, act, Column}, {"cell", 3, 3, act, Cell},          {"leave", 1, 1, act, Leave},   {"scroll", 3, 3, act, Scroll},
   };
 }
 

@@ -1,10 +1,12 @@
+#include "robot/commands/commands.h"
+#include "robot/language/arguments.h"
 #include "robot/language/failure.h"
-#include "robot/runner/interpreter.h"
+#include "robot/runner/runner.h"
 
 namespace robot {
 namespace {
 
-Outcome Other(Interpreter& run, const Arguments& words) {
+Outcome Other(Runner& run, const Arguments& words) {
   OtherUsers& others = run.Others();
   if (words.Count() == 1 && (words.Is(0, "release") || words.Is(0, "undo"))) {
     if (!others.Holding()) throw ActionFailed("nothing held");
@@ -21,7 +23,7 @@ Outcome Other(Interpreter& run, const Arguments& words) {
   return Outcome::Done;
 }
 
-Outcome RunProgram(Interpreter& run, const Arguments& words) {
+Outcome RunProgram(Runner& run, const Arguments& words) {
   if (!run.Around().runProgram) throw ActionFailed("no programs here");
   std::vector<std::string> line;
   for (const Word& word : words.Words()) line.push_back(word.text);
@@ -35,8 +37,8 @@ Outcome RunProgram(Interpreter& run, const Arguments& words) {
 
 CommandList OtherUserCommands() {
   return {
-      {"other", 1, 3, CommandKind::Other, Other},
-      {"run", 1, -1, CommandKind::Other, RunProgram},
+      {.name = "other", .least = 1, .most = 3, .handler = Other},
+      {.name = "run", .least = 1, .most = kAnyNumber, .handler = RunProgram},
   };
 }
 

@@ -5,33 +5,35 @@
 #include "platform/controls/grid.h"
 #include "platform/controls/lists.h"
 #include "platform/controls/text_box.h"
+#include "robot/commands/commands.h"
+#include "robot/language/arguments.h"
 #include "robot/language/failure.h"
 #include "robot/language/value_text.h"
-#include "robot/runner/interpreter.h"
+#include "robot/runner/runner.h"
 
 namespace robot {
 namespace {
 
 using namespace platform;
 
-Outcome Click(Interpreter& run, const Arguments& words) {
+Outcome Click(Runner& run, const Arguments& words) {
   run.Hands().Click(run.Usable(words.Text(0)));
   return Outcome::Done;
 }
 
-Outcome DoubleClick(Interpreter& run, const Arguments& words) {
+Outcome DoubleClick(Runner& run, const Arguments& words) {
   run.Hands().DoubleClick(run.Usable(words.Text(0)));
   return Outcome::Done;
 }
 
-Outcome SetCheck(Interpreter& run, const Arguments& words, int value) {
+Outcome SetCheck(Runner& run, const Arguments& words, int value) {
   auto& box = run.UsableAs<CheckBox>(words.Text(0), "check box");
   if (box.Value() != value) run.Hands().Click(box);
   return Outcome::Done;
 }
 
-Outcome Check(Interpreter& run, const Arguments& words) { return SetCheck(run, words, 1); }
-Outcome Uncheck(Interpreter& run, const Arguments& words) { return SetCheck(run, words, 0); }
+Outcome Check(Runner& run, const Arguments& words) { return SetCheck(run, words, 1); }
+Outcome Uncheck(Runner& run, const Arguments& words) { return SetCheck(run, words, 0); }
 
 /// The text of `type`: plain, or "repeat N TEXT".
 std::string TypedText(const Arguments& words) {
@@ -51,7 +53,7 @@ Outcome FocusOutcome(const Control& control) {
   return Outcome::Done;
 }
 
-Outcome TypeInto(Interpreter& run, const Arguments& words, bool append) {
+Outcome TypeInto(Runner& run, const Arguments& words, bool append) {
   Control& control = run.Usable(words.Text(0));
   auto* box = dynamic_cast<TextBox*>(&control);
   if (box == nullptr && dynamic_cast<ComboBox*>(&control) == nullptr) throw ActionFailed(words.Text(0) + " no text to type");
@@ -60,10 +62,10 @@ Outcome TypeInto(Interpreter& run, const Arguments& words, bool append) {
   return FocusOutcome(control);
 }
 
-Outcome Type(Interpreter& run, const Arguments& words) { return TypeInto(run, words, false); }
-Outcome Append(Interpreter& run, const Arguments& words) { return TypeInto(run, words, true); }
+Outcome Type(Runner& run, const Arguments& words) { return TypeInto(run, words, false); }
+Outcome Append(Runner& run, const Arguments& words) { return TypeInto(run, words, true); }
 
-Outcome Put(Interpreter& run, const Arguments& words) {
+Outcome Put(Runner& run, const Arguments& words) {
   Control& control = run.Usable(words.Text(0));
   const std::string& text = words.Text(1);
   if (auto* box = dynamic_cast<TextBox*>(&control))
@@ -75,26 +77,26 @@ Outcome Put(Interpreter& run, const Arguments& words) {
   return Outcome::Done;
 }
 
-Control& UsableWithFocus(const Interpreter& run, const std::string& name) {
+Control& UsableWithFocus(const Runner& run, const std::string& name) {
   Control& control = run.ControlNamed(name);
   if (!control.TakesFocus()) throw ActionFailed(name + " without the focus at any time");
   DemandUsable(run.App(), control);
   return control;
 }
 
-Outcome Key(Interpreter& run, const Arguments& words) {
+Outcome Key(Runner& run, const Arguments& words) {
   Control& control = UsableWithFocus(run, words.Text(0));
   run.Hands().Key(control, words.Text(1));
   return FocusOutcome(control);
 }
 
-Outcome Focus(Interpreter& run, const Arguments& words) {
+Outcome Focus(Runner& run, const Arguments& words) {
   Control& control = UsableWithFocus(run, words.Text(0));
   run.Hands().Focus(control);
   return FocusOutcome(control);
 }
 
-Outcome Pick(Interpreter& run, const Arguments& words) {
+Outcome Pick(Runner& run, const Arguments& words) {
   auto& combo = run.UsableAs<ComboBox>(words.Text(0), "combo");
   const bool byKey = words.Count() == 3;
   if (byKey && !words.Is(1, "key")) throw ActionFailed("no TEXT or key KEY");
@@ -111,7 +113,7 @@ Outcome Pick(Interpreter& run, const Arguments& words) {
   throw Refused("no row " + wanted.text + " of " + words.Text(0));
 }
 
-Outcome Tab(Interpreter& run, const Arguments& words) {
+Outcome Tab(Runner& run, const Arguments& words) {
   auto& tabs = run.UsableAs<TabControl>(words.Text(0), "tabs");
   const int tab = words.Number(1);
   if (tab < 0 || tab >= tabs.TabCount()) throw ActionFailed("no tab " + words.Text(1));
@@ -119,7 +121,7 @@ Outcome Tab(Interpreter& run, const Arguments& words) {
   return tabs.Tab() == tab ? Outcome::Done : Outcome::StayedAsItWas;
 }
 
-Outcome Slide(Interpreter& run, const Arguments& words) {
+Outcome Slide(Runner& run, const Arguments& words) {
   auto& bar = run.UsableAs<ScrollBar>(words.Text(0), "scroll bar");
   const int value = words.Number(1);
   if (value < bar.Min() || value > bar.Max())
@@ -128,14 +130,14 @@ Outcome Slide(Interpreter& run, const Arguments& words) {
   return Outcome::Done;
 }
 
-Outcome Spin(Interpreter& run, const Arguments& words) {
+Outcome Spin(Runner& run, const Arguments& words) {
   auto& spin = run.UsableAs<SpinButton>(words.Text(0), "spin pair");
   if (!words.Is(1, "up") && !words.Is(1, "down")) throw ActionFailed("no up or down");
   run.Hands().Spin(spin, words.Is(1, "up"));
   return Outcome::Done;
 }
 
-Outcome Hover(Interpreter& run, const Arguments& words) {
+Outcome Hover(Runner& run, const Arguments& words) {
   const Named named = Find(run.App(), words.Text(0));
   if (!named.property.empty()) throw ActionFailed("no control " + words.Text(0));
   if (named.control != nullptr) {
@@ -148,14 +150,14 @@ Outcome Hover(Interpreter& run, const Arguments& words) {
   return Outcome::Done;
 }
 
-Outcome Close(Interpreter& run, const Arguments&) {
+Outcome Close(Runner& run, const Arguments&) {
   Form* form = run.App().ActiveForm();
   if (form == nullptr) throw Refused("no screen up");
   run.Hands().CloseForm(*form);
   return Outcome::Done;
 }
 
-Outcome Pin(Interpreter& run, const Arguments& words) {
+Outcome Pin(Runner& run, const Arguments& words) {
   run.Usable(words.Text(0));
   for (const MapPin& pin : run.Map().pins) {
     if (pin.key != words.Text(1)) continue;

@@ -4,9 +4,10 @@
 
 #include "platform/controls/report_control.h"
 #include "platform/values/text.h"
+#include "robot/expectations/expectations.h"
 #include "robot/language/failure.h"
 #include "robot/language/value_text.h"
-#include "robot/runner/interpreter.h"
+#include "robot/runner/runner.h"
 
 /// What the report control, the map and the accounts look-up were given.
 namespace robot {
@@ -21,7 +22,7 @@ ReportControl* ReportOn(const Form& form) {
 }
 
 /// The report control of the top-most screen that has one, or of the screen named in front.
-ReportControl& ReportOf(const Interpreter& run, const Form* named) {
+ReportControl& ReportOf(const Runner& run, const Form* named) {
   if (named != nullptr) {
     if (ReportControl* report = ReportOn(*named)) return *report;
     throw ActionFailed("no report control on " + named->Name());
@@ -64,7 +65,7 @@ std::optional<Value> JobValue(const ReportJob& job, const NamePart& part) {
   return std::nullopt;
 }
 
-void Report(Interpreter& run, const Arguments& words) {
+void Report(Runner& run, const Arguments& words) {
   const std::vector<NamePart> parts = SplitName(words.Text(0));
   const Form* named = parts.size() > 1 ? LoadedForm(run.App(), parts[0].name) : nullptr;
   if (parts.size() > 2 || (parts.size() == 2 && named == nullptr)) throw ActionFailed("no report " + words.Text(0));
@@ -126,7 +127,7 @@ bool IsPin(const std::string& text, std::string& key, std::string& property) {
   return true;
 }
 
-void Map(Interpreter& run, const Arguments& words) {
+void Map(Runner& run, const Arguments& words) {
   const MapRecorder& map = run.Map();
   std::string key;
   std::string property;
@@ -151,7 +152,7 @@ void Map(Interpreter& run, const Arguments& words) {
   }
 }
 
-void Lookup(Interpreter& run, const Arguments& words) {
+void Lookup(Runner& run, const Arguments& words) {
   const auto& input = run.Accounts().lastInput;
   const int number = words.Number(0);
   const std::string expected = "lookup " + words.Text(0) + " " + Wanted(words.At(1));
@@ -166,7 +167,7 @@ void Lookup(Interpreter& run, const Arguments& words) {
 ExpectationList DoubleExpectations() {
   return {
       {"report", 2, 2, Report},
-      {"map", 1, -1, Map},
+      {"map", 1, kAnyNumber, Map},
       {"lookup", 2, 2, Lookup},
   };
 }

@@ -4,9 +4,10 @@
 #include "platform/controls/lists.h"
 #include "platform/controls/toolbar.h"
 #include "platform/values/text.h"
+#include "robot/expectations/expectations.h"
 #include "robot/language/failure.h"
 #include "robot/language/value_text.h"
-#include "robot/runner/interpreter.h"
+#include "robot/runner/runner.h"
 #include "robot/stage/lists.h"
 
 /// What lists, toolbars and menus hold.
@@ -22,7 +23,7 @@ std::int64_t RowCount(Control& control) {
   return rows == nullptr ? 0 : CountRows(*rows);  // a list that was never opened shows no row
 }
 
-void Rows(Interpreter& run, const Arguments& words) {
+void Rows(Runner& run, const Arguments& words) {
   const std::int64_t count = RowCount(run.ControlNamed(words.Text(0)));
   if (count != words.Number(1)) throw Unmet("rows " + words.Text(0) + " " + words.Text(1), std::to_string(count));
 }
@@ -33,7 +34,7 @@ std::string Numbers(const std::vector<std::int64_t>& numbers) {
   return text.empty() ? "nothing" : text;
 }
 
-void Marked(Interpreter& run, const Arguments& words) {
+void Marked(Runner& run, const Arguments& words) {
   const Grid& grid = GridOf(run.ControlNamed(words.Text(0)));
   std::vector<std::int64_t> marked;
   if (RowWindow* rows = DataOf(run.ControlNamed(words.Text(0))).Window(); rows != nullptr) {
@@ -52,7 +53,7 @@ void DemandList(const std::string& what, const std::vector<std::string>& was, co
     throw Unmet(what + " " + WantedList(wanted), ShownList(was));
 }
 
-void Cells(Interpreter& run, const Arguments& words) {
+void Cells(Runner& run, const Arguments& words) {
   Grid& grid = GridOf(run.ControlNamed(words.Text(0)));
   const int column = ColumnWith(grid, words.Text(1));
   const std::vector<Word> wanted = words.From(2);
@@ -62,7 +63,7 @@ void Cells(Interpreter& run, const Arguments& words) {
   DemandList("cells " + words.Text(0) + " " + Quoted(words.Text(1)), was, wanted);
 }
 
-void Columns(Interpreter& run, const Arguments& words) {
+void Columns(Runner& run, const Arguments& words) {
   Control& control = run.ControlNamed(words.Text(0));
   std::vector<std::string> was;
   if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) {
@@ -81,7 +82,7 @@ std::vector<std::string> InWantedCase(std::vector<std::string> names, const std:
   return names;
 }
 
-void Keys(Interpreter& run, const Arguments& words) {
+void Keys(Runner& run, const Arguments& words) {
   const auto* bar = dynamic_cast<const Toolbar*>(&run.ControlNamed(words.Text(0)));
   if (bar == nullptr) throw ActionFailed(words.Text(0) + " no toolbar");
   std::vector<std::string> was;
@@ -90,7 +91,7 @@ void Keys(Interpreter& run, const Arguments& words) {
   DemandList("keys " + words.Text(0), InWantedCase(was, wanted), wanted);
 }
 
-void Items(Interpreter& run, const Arguments& words) {
+void Items(Runner& run, const Arguments& words) {
   const Control& control = run.ControlNamed(words.Text(0));
   const std::vector<Word> wanted = words.From(1);
   if (const auto* list = dynamic_cast<const ListBox*>(&control)) return DemandList("items " + words.Text(0), list->Items(), wanted);
@@ -105,8 +106,12 @@ void Items(Interpreter& run, const Arguments& words) {
 
 ExpectationList ListExpectations() {
   return {
-      {"rows", 2, 2, Rows},        {"marked", 1, -1, Marked}, {"cells", 3, -1, Cells},
-      {"columns", 1, -1, Columns}, {"keys", 1, -1, Keys},     {"items", 1, -1, Items},
+      {"rows", 2, 2, Rows},
+      {"marked", 1, kAnyNumber, Marked},
+      {"cells", 3, kAnyNumber, Cells},
+      {"columns", 1, kAnyNumber, Columns},
+      {"keys", 1, kAnyNumber, Keys},
+      {"items", 1, kAnyNumber, Items},
   };
 }
 

@@ -1,7 +1,8 @@
 #include "platform/values/text.h"
+#include "robot/expectations/expectations.h"
 #include "robot/language/failure.h"
 #include "robot/language/value_text.h"
-#include "robot/runner/interpreter.h"
+#include "robot/runner/runner.h"
 
 /// Boxes, error reports, unhandled errors and dialogs, each expected once, oldest first.
 namespace robot {
@@ -27,7 +28,7 @@ WantedBox BoxWords(const Arguments& words) {
   return wanted;
 }
 
-void Box(Interpreter& run, const Arguments& words) {
+void Box(Runner& run, const Arguments& words) {
   const WantedBox wanted = BoxWords(words);
   std::string expected = "box " + Wanted(*wanted.text);
   if (wanted.title != nullptr) expected += " title " + Wanted(*wanted.title);
@@ -43,7 +44,7 @@ void Box(Interpreter& run, const Arguments& words) {
   throw Unmet(expected, was);
 }
 
-void NoBox(Interpreter& run, const Arguments&) {
+void NoBox(Runner& run, const Arguments&) {
   if (const ShownBox* box = run.Records().OldestBox()) throw Unmet("no box", Quoted(box->text));
 }
 
@@ -52,7 +53,7 @@ std::string LogText(const LoggedError& logged) {
 }
 
 /// "MODULE [NUMBER|any [TEXT]]".
-void Log(Interpreter& run, const Arguments& words) {
+void Log(Runner& run, const Arguments& words) {
   const std::string expected = "log " + Written(words.Words());
   const LoggedError* logged = run.Records().TakeLogged();
   if (logged == nullptr) throw Unmet(expected, "no error report");
@@ -63,11 +64,11 @@ void Log(Interpreter& run, const Arguments& words) {
   if (!met) throw Unmet(expected, LogText(*logged));
 }
 
-void NoLog(Interpreter& run, const Arguments&) {
+void NoLog(Runner& run, const Arguments&) {
   if (const LoggedError* logged = run.Records().OldestLogged()) throw Unmet("no log", LogText(*logged));
 }
 
-void Unhandled(Interpreter& run, const Arguments& words) {
+void Unhandled(Runner& run, const Arguments& words) {
   const UnhandledError* unhandled = run.Records().TakeUnhandled();
   if (unhandled == nullptr) throw Unmet("unhandled " + words.Text(0), "none");
   if (unhandled->error.Number() != words.Number(0)) {
@@ -75,13 +76,13 @@ void Unhandled(Interpreter& run, const Arguments& words) {
   }
 }
 
-void Dialog(Interpreter& run, const Arguments& words) {
+void Dialog(Runner& run, const Arguments& words) {
   const AskedDialog* dialog = run.Records().TakeDialog();
   if (dialog == nullptr) throw Unmet("dialog " + words.Text(0), "none");
   if (!platform::EqualsNoCase(dialog->name, words.Text(0))) throw Unmet("dialog " + words.Text(0), dialog->name);
 }
 
-void NoDialog(Interpreter& run, const Arguments&) {
+void NoDialog(Runner& run, const Arguments&) {
   if (const AskedDialog* dialog = run.Records().OldestDialog()) throw Unmet("no dialog", dialog->name);
 }
 

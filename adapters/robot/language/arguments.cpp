@@ -3,7 +3,6 @@
 #include <cassert>
 #include <charconv>
 
-#include "platform/values/text.h"
 #include "robot/language/failure.h"
 
 namespace robot {
@@ -13,17 +12,21 @@ const Word& Arguments::At(std::size_t index) const {
   return words_[index];
 }
 
-int Arguments::Number(std::size_t index) const {
+std::optional<int> Arguments::WholeNumber(std::size_t index) const {
   const std::string& text = Text(index);
   int number = 0;
   const auto [end, mistake] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (mistake != std::errc{} || end != text.data() + text.size()) throw ActionFailed("no whole number: " + text);
+  if (mistake != std::errc{} || end != text.data() + text.size()) return std::nullopt;
   return number;
 }
 
-bool Arguments::Is(std::size_t index, std::string_view keyword) const {
-  return index < words_.size() && !words_[index].quoted && platform::EqualsNoCase(words_[index].text, keyword);
+int Arguments::Number(std::size_t index) const {
+  const auto number = WholeNumber(index);
+  if (!number) throw ActionFailed("no whole number: " + Text(index));
+  return *number;
 }
+
+bool Arguments::Is(std::size_t index, std::string_view keyword) const { return index < words_.size() && words_[index].Is(keyword); }
 
 std::vector<Word> Arguments::From(std::size_t index) const {
   if (index >= words_.size()) return {};

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "robot/language/script.h"
+#include "robot/language/words.h"
 
 namespace robot {
 
@@ -15,7 +16,9 @@ class Arguments {
   std::size_t Count() const noexcept { return words_.size(); }
   const Word& At(std::size_t index) const;
   const std::string& Text(std::size_t index) const { return At(index).text; }
-  /// A whole number; raises ActionFailed for any other text.
+  /// A whole number; nothing for any other text.
+  std::optional<int> WholeNumber(std::size_t index) const;
+  /// The same; raises ActionFailed for any other text.
   int Number(std::size_t index) const;
   /// Whether the word is this keyword, unquoted, in any case.
   bool Is(std::size_t index, std::string_view keyword) const;

@@ -4,15 +4,10 @@
 #include <string>
 #include <vector>
 
-namespace robot {
+#include "robot/language/vocabulary.h"
+#include "robot/language/words.h"
 
-/// One word of a command line. In expectations `like PATTERN` counts as one word with `pattern` set.
-struct Word {
-  std::string text;
-  bool quoted = false;
-  bool pattern = false;
-  bool operator==(const Word&) const = default;
-};
+namespace robot {
 
 struct Command {
   int line = 0;
@@ -38,17 +33,6 @@ struct ScriptReading {
 
 /// Reads a scenario: UTF-8 (a byte order mark is passed over), one command a line, every command known and with as many words
 /// as it takes.
-ScriptReading ReadScript(std::istream& input, std::string name);
-
-/// The words of one line; the text after an unquoted "#" is a comment. On a mistake `error` is set and the words are worthless.
-std::vector<Word> SplitLine(const std::string& line, std::string& error);
-
-/// Where in `words` the command of an `at ...` or `refused` begins; 0 for a plain command.
-std::size_t InnerCommand(const std::vector<Word>& words);
-
-/// The text as a quoted word of the language, escapes included.
-std::string Quoted(const std::string& text);
-/// The words as the user wrote them, for messages.
-std::string Written(const std::vector<Word>& words);
+ScriptReading ReadScript(std::istream& input, std::string name, const Vocabulary& vocabulary);
 
 }  // namespace robot

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/values/value.h"
-#include "robot/language/script.h"
+#include "robot/language/words.h"
 
 namespace robot {
 

@@ -83,11 +83,6 @@ class ScriptedAccounts final : public platform::AccountsLookup {
 
 }  // namespace
 
-void RecordingErrorLog::Write(const platform::ErrorRecord& record) noexcept {
-  journal_.Logged(record);
-  if (inner_) inner_->Write(record);
-}
-
 std::unique_ptr<platform::ReportEngine> MakeRecordingReports(ReportRecorder& recorder) {
   return std::make_unique<RecordingReports>(recorder);
 }

@@ -17,16 +17,14 @@
 
 namespace robot {
 
-/// The error log of the suite, with a copy of each record for the journal.
+/// Keeps every error report for the journal, and writes none to a file.
 class RecordingErrorLog final : public platform::ErrorLog {
  public:
-  /// `inner` may be empty.
-  RecordingErrorLog(Journal& journal, std::unique_ptr<platform::ErrorLog> inner) : journal_(journal), inner_(std::move(inner)) {}
-  void Write(const platform::ErrorRecord& record) noexcept override;
+  explicit RecordingErrorLog(Journal& journal) : journal_(journal) {}
+  void Write(const platform::ErrorRecord& record) noexcept override { journal_.Logged(record); }
 
  private:
   Journal& journal_;
-  std::unique_ptr<platform::ErrorLog> inner_;
 };
 
 /// What the report control is told; it prints nothing.

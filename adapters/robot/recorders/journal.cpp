@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "robot/language/script.h"
+#include "robot/language/words.h"
 
 namespace robot {
 namespace {

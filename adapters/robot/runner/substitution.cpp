@@ -1,7 +1,8 @@
+#include "robot/runner/substitution.h"
+
 #include "platform/values/convert.h"
 #include "platform/values/text.h"
 #include "robot/language/value_text.h"
-#include "robot/runner/interpreter.h"
 
 namespace robot {
 namespace {
@@ -18,14 +19,13 @@ std::size_t ClosingBrace(const std::string& text, std::size_t open) {
 
 }  // namespace
 
-std::vector<Word> Interpreter::Expanded(const std::vector<Word>& words) {
-  std::vector<Word> expanded = words;
-  for (Word& word : expanded)
-    if (word.text.find('{') != std::string::npos) word.text = Substituted(word.text);
-  return expanded;
+std::vector<Word> Substitution::In(std::vector<Word> words) const {
+  for (Word& word : words)
+    if (word.text.find('{') != std::string::npos) word.text = In(word.text);
+  return words;
 }
 
-std::string Interpreter::Substituted(const std::string& text) {
+std::string Substitution::In(const std::string& text) const {
   std::string result;
   std::size_t at = 0;
   while (at < text.size()) {
@@ -35,7 +35,7 @@ std::string Interpreter::Substituted(const std::string& text) {
       continue;
     }
     const std::string inside = text.substr(at + 1, close - at - 1);
-    if (const auto value = InBraces(inside)) {
+    if (const auto value = ValueOf(inside)) {
       result += *value;
       at = close + 1;
     } else {
@@ -45,14 +45,14 @@ std::string Interpreter::Substituted(const std::string& text) {
   return result;
 }
 
-std::optional<std::string> Interpreter::InBraces(const std::string& inside) {
-  if (platform::EqualsNoCase(inside, "today")) return platform::ShortDate(app_->System().Today());
-  if (platform::EqualsNoCase(inside, "ThreadID")) return std::to_string(app_->ThreadID());
+std::optional<std::string> Substitution::ValueOf(const std::string& inside) const {
+  if (platform::EqualsNoCase(inside, "today")) return platform::ShortDate(app_.System().Today());
+  if (platform::EqualsNoCase(inside, "ThreadID")) return std::to_string(app_.ThreadID());
   if (platform::EqualsNoCase(inside, "DIR")) return surroundings_.directory;
   if (platform::EqualsNoCase(inside, "LOCAL")) return surroundings_.localRoot;
   constexpr std::string_view query = "value ";
   if (inside.size() <= query.size() || !platform::EqualsNoCase(inside.substr(0, query.size()), query)) return std::nullopt;
-  const std::string rest = Substituted(inside.substr(query.size()));
+  const std::string rest = In(inside.substr(query.size()));
   const std::size_t blank = rest.find(' ');
   if (blank == std::string::npos) return std::nullopt;
   const auto value = others_.ValueOf(rest.substr(0, blank), rest.substr(blank + 1));

@@ -6,7 +6,7 @@
 
 #include "platform/controls/data_control.h"
 #include "platform/controls/grid.h"
-#include "robot/language/script.h"
+#include "robot/language/words.h"
 
 namespace robot {
 

@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "platform/controls/label.h"
 #include "platform/controls/text_box.h"
 #include "platform/values/text.h"
 #include "robot/language/failure.h"
@@ -40,6 +41,13 @@ platform::Form* LoadedForm(const platform::Application& app, std::string_view na
   for (int i = 0; i < app.FormCount(); ++i)
     if (platform::EqualsNoCase(app.FormAt(i).Name(), name)) return &app.FormAt(i);
   return nullptr;
+}
+
+std::optional<std::string> StatusText(const platform::Form* form) {
+  if (form == nullptr) return std::nullopt;
+  for (const platform::Control* control : form->Controls())
+    if (const auto* bar = dynamic_cast<const platform::StatusBar*>(control)) return bar->Panel(1);
+  return std::nullopt;
 }
 
 Named Find(const platform::Application& app, const std::string& name) {

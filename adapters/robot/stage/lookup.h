@@ -34,6 +34,9 @@ Named Find(const platform::Application& app, const std::string& name);
 /// The loaded screen of that name; nullptr if there is none.
 platform::Form* LoadedForm(const platform::Application& app, std::string_view name);
 
+/// What panel 1 of the screen's status bar says; nothing for a screen without one, or for none.
+std::optional<std::string> StatusText(const platform::Form* form);
+
 /// The control's own value: its text, caption, value or tab number.
 platform::Value OwnValue(const platform::Control& control);
 /// A property. Raises ActionFailed for one that the control does not have, platform::Error for what can't be read.

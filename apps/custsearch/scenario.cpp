@@ -8,9 +8,9 @@
 #include "library/places.h"
 #include "library/windows.h"
 #include "maintenance/frmCustMain.h"
-#include "robot/interpreter.h"
-#include "robot/model_hands.h"
-#include "robot/scripted_front_end.h"
+#include "robot/commands/commands.h"
+#include "robot/hands/model_hands.h"
+#include "robot/runner/runner.h"
 #include "session/CustSearch.h"
 #include "session/ModCustSch.h"
 #include "session/inspect.h"
@@ -104,7 +104,7 @@ robot::Surroundings Around(const Options& options, const library::Places& places
 std::optional<robot::Script> Read(const std::string& file) {
   robot::ScriptReading reading;
   if (file == "-") {
-    reading = robot::ReadScript(std::cin, file);
+    reading = robot::ReadScript(std::cin, file, robot::Commands());
   } else {
     std::error_code ignored;
     std::ifstream input(file, std::ios::binary);
@@ -112,7 +112,7 @@ std::optional<robot::Script> Read(const std::string& file) {
       std::cerr << "custsearch: the scenario " << file << " can't be read\n";
       return std::nullopt;
     }
-    reading = robot::ReadScript(input, file);
+    reading = robot::ReadScript(input, file, robot::Commands());
   }
   for (const auto& error : reading.errors) std::cerr << reading.script.name << ':' << error.line << ": " << error.message << '\n';
   if (!reading.errors.empty()) return std::nullopt;
@@ -126,31 +126,25 @@ int RunScenario(const Options& options, const std::string& program) {
   if (!script) return kWrongUsage;
   library::Places places = FindPlaces(options);
   Late late;
-  robot::Interpreter interpreter(std::move(*script), Around(options, places, late, program), std::cout);
+  robot::Runner runner(std::move(*script), robot::Commands(), Around(options, places, late, program), std::cout);
 
-  std::unique_ptr<platform::FrontEnd> windows = std::make_unique<robot::NoWindows>();
-  std::unique_ptr<platform::UserHands> hands;
-  if (options.front == Front::Desktop) {
-    windows = library::MakeWindows("", true);
-    hands = library::MakeWindowHands(*windows);
-  }
   platform::ApplicationParts parts;
+  std::unique_ptr<platform::UserHands> hands = robot::MakeModelHands();
+  if (options.front == Front::Desktop) {
+    parts.frontEnd = library::MakeWindows("", true);
+    hands = library::MakeWindowHands(*parts.frontEnd);
+  }
+  runner.FillIn(parts);
   parts.engine = library::MakeEngine(*places.system, options.threshold);
   parts.system = std::move(places.system);
-  parts.errorLog = interpreter.RecordLog(nullptr);
-  parts.reports = interpreter.MakeReports();
-  parts.map = interpreter.MakeMap();
-  parts.accounts = interpreter.MakeAccounts();
-  parts.frontEnd = std::make_unique<robot::ScriptedFrontEnd>(interpreter, std::move(windows));
   parts.path = places.libraryFolder;
   parts.title = "Customer Search";
 
   platform::Application app(std::move(parts));
   late.app = &app;
-  if (!hands) hands = robot::MakeModelHands();
-  interpreter.Attach(app, *hands);
+  runner.Attach(app, *hands);
   orcussch::AttachApplication(&app);
-  const int status = interpreter.Run();
+  const int status = runner.Run();
   hands.reset();
   return status;
 }

@@ -1,6 +1,6 @@
 #include "hostile/acts.h"
 
-#include "robot/failure.h"
+#include "robot/language/failure.h"
 
 namespace hostile {
 namespace {

@@ -6,7 +6,7 @@
 #include "hostile/checks.h"
 #include "library/entry.h"
 #include "library/orcussch.h"
-#include "robot/failure.h"
+#include "robot/language/failure.h"
 #include "session/CustSearch.h"
 #include "suite/operating_system.h"
 

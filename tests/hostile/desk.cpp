@@ -1,9 +1,9 @@
 #include "hostile/desk.h"
 
 #include "platform/values/convert.h"
-#include "robot/failure.h"
-#include "robot/lookup.h"
-#include "robot/model_hands.h"
+#include "robot/hands/model_hands.h"
+#include "robot/language/failure.h"
+#include "robot/stage/lookup.h"
 
 namespace hostile {
 namespace {

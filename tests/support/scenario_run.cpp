@@ -6,9 +6,9 @@
 #include "platform/host/application.h"
 #include "platform/values/error.h"
 #include "platform/values/text.h"
-#include "robot/interpreter.h"
-#include "robot/model_hands.h"
-#include "robot/scripted_front_end.h"
+#include "robot/commands/commands.h"
+#include "robot/hands/model_hands.h"
+#include "robot/runner/runner.h"
 #include "suite/operating_system.h"
 #include "support/test_screens.h"
 
@@ -81,7 +81,7 @@ robot::Surroundings Around(const ScenarioOptions& options, const std::unique_ptr
 
 ScenarioResult RunScenario(const std::string& text, const ScenarioOptions& options) {
   std::istringstream input(text);
-  robot::ScriptReading reading = robot::ReadScript(input, "t.scn");
+  robot::ScriptReading reading = robot::ReadScript(input, "t.scn", robot::Commands());
   ScenarioResult result;
   std::ostringstream output;
   if (!reading.errors.empty()) {
@@ -89,28 +89,24 @@ ScenarioResult RunScenario(const std::string& text, const ScenarioOptions& optio
     return {2, output.str()};
   }
   std::unique_ptr<frmFirst> screen;
-  robot::Interpreter interpreter(std::move(reading.script), Around(options, screen), output);
+  robot::Runner runner(std::move(reading.script), robot::Commands(), Around(options, screen), output);
   platform::ApplicationParts parts;
   if (options.makeEngine)
     parts.engine = options.makeEngine();
   else
     parts.engine = std::make_unique<NoEngine>();
   parts.system = suite::MakeNativeSystem("/");
-  parts.errorLog = interpreter.RecordLog(nullptr);
-  parts.reports = interpreter.MakeReports();
-  parts.map = interpreter.MakeMap();
-  parts.accounts = interpreter.MakeAccounts();
-  parts.frontEnd = std::make_unique<robot::ScriptedFrontEnd>(interpreter, std::make_unique<robot::NoWindows>());
+  runner.FillIn(parts);
   parts.path = "/suite";
   parts.title = "Test host";
   parts.threadId = 4711;
   platform::Application app(std::move(parts));
   const auto hands = robot::MakeModelHands();
-  interpreter.Attach(app, *hands);
+  runner.Attach(app, *hands);
   screen = std::make_unique<frmFirst>(app);
   screen->database = options.makeEngine ? options.database : "";
   if (options.prepare) options.prepare(*screen);
-  result.status = interpreter.Run();
+  result.status = runner.Run();
   if (options.inspect) options.inspect(*screen);
   screen.reset();
   result.output = output.str();

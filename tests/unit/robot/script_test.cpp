@@ -1,15 +1,17 @@
-#include "robot/script.h"
+#include "robot/language/script.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
+
+#include "robot/commands/commands.h"
 
 namespace robot {
 namespace {
 
 ScriptReading Read(const std::string& text) {
   std::istringstream input(text);
-  return ReadScript(input, "t.scn");
+  return ReadScript(input, "t.scn", Commands());
 }
 
 std::string OnlyError(const std::string& text) {
@@ -73,6 +75,7 @@ TEST(Script, UnknownCommandsAndWrongCounts) {
   EXPECT_EQ(OnlyError("click\n"), "1: click takes 1 word, not 0");
   EXPECT_EQ(OnlyError("host UserID\n"), "1: host UserID takes 1 word, not 0");
   EXPECT_EQ(OnlyError("host ShowUser now\n"), "1: host ShowUser takes 0 words, not 1");
+  EXPECT_EQ(OnlyError("host \"ShowUser\"\n"), "1: host ShowUser takes 1 word, not 0") << "a word in quotes is a property";
   EXPECT_EQ(OnlyError("expect txtName\n"), "1: expect takes 2 words, not 1");
   EXPECT_EQ(OnlyError("expect not said\n"), "1: expect not said takes 1 word, not 0");
   EXPECT_EQ(OnlyError("expect log a b c d\n"), "1: expect log takes 1 to 3 words, not 4");

@@ -1,4 +1,4 @@
-#include "robot/value_text.h"
+#include "robot/language/value_text.h"
 
 #include <gtest/gtest.h>
 

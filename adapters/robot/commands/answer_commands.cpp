@@ -1,0 +1,98 @@
+#include <optional>
+
+#include "platform/host/front_end.h"
+#include "robot/commands/commands.h"
+#include "robot/language/arguments.h"
+#include "robot/language/failure.h"
+#include "robot/runner/runner.h"
+
+namespace robot {
+namespace {
+
+using namespace platform;
+
+std::optional<int> ButtonNamed(const Arguments& words, std::size_t index) {
+  if (words.Is(index, "Yes")) return box::Yes;
+  if (words.Is(index, "No")) return box::No;
+  if (words.Is(index, "OK")) return box::Ok;
+  if (words.Is(index, "Cancel")) return box::Cancel;
+  return std::nullopt;
+}
+
+void QueueButtons(Runner& run, const Arguments& words) {
+  for (std::size_t i = 0; i < words.Count(); ++i) {
+    const auto button = ButtonNamed(words, i);
+    if (!button) throw ActionFailed("no button " + words.Text(i));
+    run.Queued().Queue(*button);
+  }
+}
+
+void AnswerPrinter(Runner& run, const Arguments& words) {
+  if (words.Count() == 2 && words.Is(1, "cancel")) {
+    run.Queued().QueuePrinter(std::nullopt);
+    return;
+  }
+  if (words.Count() != 4) throw ActionFailed("no FROM TO COPIES");
+  run.Queued().QueuePrinter(PrinterChoice{words.Number(1), words.Number(2), words.Number(3)});
+}
+
+void AnswerAccount(Runner& run, const Arguments& words) {
+  ChosenAccount answer;
+  if (!(words.Count() == 2 && words.Is(1, "cancel"))) {
+    if (words.Count() != 5) throw ActionFailed("no ACCT DEPT ACCTTEXT DEPTTEXT");
+    answer = {true, words.Text(1), words.Text(2), words.Text(3), words.Text(4)};
+  }
+  run.Accounts().answers.push_back(answer);
+}
+
+void AnswerReport(Runner& run, const Arguments& words) {
+  if (words.Count() != 2) throw ActionFailed("no N");
+  run.Reports().answers.push_back(words.Number(1));
+}
+
+/// "map ADDRESS [at LAT LON] [result N] [LINE...]".
+void AnswerMap(Runner& run, const Arguments& words) {
+  if (words.Count() < 2) throw ActionFailed("no ADDRESS");
+  GeocodeAnswer answer;
+  std::size_t next = 2;
+  if (words.Is(next, "at") && next + 2 < words.Count()) {
+    answer.positionFound = true;
+    answer.latitude = words.Number(next + 1);
+    answer.longitude = words.Number(next + 2);
+    next += 3;
+  }
+  if (words.Is(next, "result") && next + 1 < words.Count()) {
+    answer.result = words.Number(next + 1);
+    next += 2;
+  }
+  for (; next < words.Count(); ++next) answer.candidates.push_back(words.Text(next));
+  run.Map().answers[words.Text(1)] = answer;
+}
+
+Outcome Answer(Runner& run, const Arguments& words) {
+  if (words.Is(0, "printer"))
+    AnswerPrinter(run, words);
+  else if (words.Is(0, "account"))
+    AnswerAccount(run, words);
+  else if (words.Is(0, "report"))
+    AnswerReport(run, words);
+  else if (words.Is(0, "map"))
+    AnswerMap(run, words);
+  else
+    QueueButtons(run, words);
+  return Outcome::Done;
+}
+
+/// No screen asks for the default printer's name: its dialog is answered by `answer printer`.
+Outcome Printer(Runner&, const Arguments&) { return Outcome::Done; }
+
+}  // namespace
+
+CommandList AnswerCommands() {
+  return {
+      {"answer", 1, kAnyNumber, CommandKind::Other, Answer},
+      {"printer", 1, 1, CommandKind::Other, Printer},
+  };
+}
+
+}  // namespace robot

@@ -1,0 +1,71 @@
+#include "robot/runner/scripted_stage.h"
+
+#include "platform/controls/data_control.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/label.h"
+#include "robot/language/value_text.h"
+#include "robot/runner/runner.h"
+
+namespace robot {
+
+void ScriptedStage::RunModal(platform::Form& form, const std::function<bool()>& done) {
+  if (!runner_.RunUntil(done, form.Name())) CloseWithoutSaving(form);
+}
+
+void ScriptedStage::CloseWithoutSaving(platform::Form& form) {
+  for (platform::Control* control : form.Controls()) {
+    if (auto* grid = dynamic_cast<platform::Grid*>(control)) grid->DropPending();
+    auto* data = dynamic_cast<platform::DataControl*>(control);
+    if (data == nullptr || !data->HasRecordset()) continue;
+    try {
+      if (data->Recordset()->Mode() != platform::EditMode::None) data->Recordset()->CancelUpdate();
+    } catch (const platform::Error&) {
+      // The list goes with its screen.
+    }
+  }
+  form.Act([&] { runner_.App().Unload(form); });
+}
+
+void ScriptedStage::Yielded() {
+  if (runner_.Ended() || runner_.InsideAnother()) return;
+  for (const Interruptions::Waiting& one : runner_.Interrupted().AtYield()) runner_.RunInside(one);
+}
+
+int ScriptedStage::Box(const std::string& text, int style, const std::string& title) {
+  if (runner_.Ended()) return Answers::Harmless(style);
+  runner_.Records().Box(text, style, title);
+  ++boxesUp_;
+  if (!runner_.InsideAnother())
+    for (const Interruptions::Waiting& one : runner_.Interrupted().AtBox()) runner_.RunInside(one);
+  const Answers::Pressed pressed = runner_.Queued().PressIn(style);
+  if (!pressed.missing.empty()) runner_.Missing(pressed.missing, "the box " + Quoted(text));
+  if (!runner_.Ended()) runner_.Hands().PressInBox(text, style, title, pressed.button);
+  --boxesUp_;
+  return pressed.button;
+}
+
+std::optional<platform::PrinterChoice> ScriptedStage::PrinterDialog() {
+  if (runner_.Ended()) return std::nullopt;
+  runner_.Records().Dialog("Printer");
+  std::optional<platform::PrinterChoice> choice;
+  if (!runner_.Queued().TakePrinter(choice)) runner_.Missing("an answer printer", "the printer dialog");
+  return choice;
+}
+
+void ScriptedStage::PointerChanged(int pointer) { runner_.Records().Pointer(pointer); }
+
+void ScriptedStage::FormLoaded(platform::Form& form) {
+  for (const platform::Control* control : form.Controls()) runner_.Records().ShowsAtFirst(*control, TextOf(OwnValue(*control)));
+}
+
+void ScriptedStage::FormUnloaded(platform::Form& form) {
+  for (const platform::Control* control : form.Controls()) runner_.Records().Forget(*control);
+}
+
+void ScriptedStage::ControlChanged(platform::Control& control, platform::Aspect aspect) {
+  if (aspect != platform::Aspect::Text && aspect != platform::Aspect::Tab) return;
+  if (const auto* bar = dynamic_cast<const platform::StatusBar*>(&control)) runner_.Records().Status(bar->Panel(1));
+  runner_.Records().Showed(control, TextOf(OwnValue(control)));
+}
+
+}  // namespace robot

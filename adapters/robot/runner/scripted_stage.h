@@ -1,0 +1,32 @@
+#pragma once
+
+#include "robot/stage/stage.h"
+
+namespace robot {
+
+class Runner;
+
+/// What the program asks of the user, and what it shows him: answered and written down for the scenario that runs.
+class ScriptedStage final : public Stage {
+ public:
+  explicit ScriptedStage(Runner& runner) : runner_(runner) {}
+
+  void RunModal(platform::Form& form, const std::function<bool()>& done) override;
+  void Yielded() override;
+  int Box(const std::string& text, int style, const std::string& title) override;
+  std::optional<platform::PrinterChoice> PrinterDialog() override;
+  void PointerChanged(int pointer) override;
+  void FormLoaded(platform::Form& form) override;
+  void FormUnloaded(platform::Form& form) override;
+  void ControlChanged(platform::Control& control, platform::Aspect aspect) override;
+
+  bool BoxUp() const noexcept { return boxesUp_ > 0; }
+
+ private:
+  void CloseWithoutSaving(platform::Form& form);
+
+  Runner& runner_;
+  int boxesUp_ = 0;
+};
+
+}  // namespace robot

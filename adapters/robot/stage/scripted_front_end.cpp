@@ -1,0 +1,30 @@
+#include "robot/stage/scripted_front_end.h"
+
+namespace robot {
+
+void ScriptedFrontEnd::Loaded(platform::Form& form) {
+  inner_->Loaded(form);
+  stage_.FormLoaded(form);
+}
+
+void ScriptedFrontEnd::Unloaded(platform::Form& form) {
+  stage_.FormUnloaded(form);
+  inner_->Unloaded(form);
+}
+
+void ScriptedFrontEnd::DoEvents() {
+  inner_->DoEvents();
+  stage_.Yielded();
+}
+
+void ScriptedFrontEnd::Pointer(int pointer) {
+  stage_.PointerChanged(pointer);
+  inner_->Pointer(pointer);
+}
+
+void ScriptedFrontEnd::Changed(platform::Form& form, platform::Control* control, platform::Aspect aspect) {
+  if (control != nullptr) stage_.ControlChanged(*control, aspect);
+  inner_->Changed(form, control, aspect);
+}
+
+}  // namespace robot

@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "engine/engine.h"
-#include "engine/translate/iso_date.h"
+#include "engine/values/iso_date.h"
 
 namespace bench {
 namespace {

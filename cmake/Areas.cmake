@@ -1,5 +1,5 @@
 # orcussch_area(NAME [LINK targets...] SOURCES files...): a folder's static library with the project's settings. The
-# include roots are src/ and adapters/, so that an include names its area: "platform/values/value.h", "engine/catalogue.h".
+# include roots are src/ and adapters/, so that an include names its area: "platform/values/value.h", "engine/translate/names/catalogue.h".
 function(orcussch_area name)
   cmake_parse_arguments(AREA "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
   add_library(${name} STATIC ${AREA_SOURCES})

@@ -11,9 +11,9 @@
 #include "engine/sql/parser.h"
 #include "engine/sql/print.h"
 #include "engine/text/text_order.h"
-#include "engine/translate/select_planner.h"
-#include "engine/translate/store_functions.h"
-#include "engine/translate/translate.h"
+#include "engine/translate/functions/store_functions.h"
+#include "engine/translate/plan/planning.h"
+#include "engine/translate/plan/select_planner.h"
 #include "platform/values/text.h"
 
 // Any text as a statement and as a criterion: only the engine's errors come out, printing and parsing again changes

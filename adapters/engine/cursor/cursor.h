@@ -6,8 +6,8 @@
 #include <string>
 
 #include "engine/cursor/list_window.h"
-#include "engine/cursor/row_editor.h"
-#include "engine/cursor/row_list.h"
+#include "engine/lists/row_list.h"
+#include "engine/rows/row_editor.h"
 #include "platform/data/data.h"
 
 namespace engine {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/cursor/row_list.h"
+#include "engine/lists/row_list.h"
 #include "platform/data/data.h"
 
 namespace engine {

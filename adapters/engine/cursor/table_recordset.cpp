@@ -4,7 +4,7 @@
 #include <array>
 
 #include "engine/errors.h"
-#include "engine/store/sqlite/field_values.h"
+#include "engine/values/field_values.h"
 #include "platform/values/text.h"
 
 namespace engine {
@@ -77,7 +77,7 @@ void TableRecordset::Seek(std::string_view comparison, std::span<const Value> ke
 
 std::vector<Value> TableRecordset::KeysFor(std::span<const Value> given) const {
   std::vector<Value> keys(keyFields_.size(), platform::Null);
-  for (std::size_t i = 0; i < given.size(); ++i) keys[i] = ConvertForField(source_->Store(), keyFields_[i], given[i]);
+  for (std::size_t i = 0; i < given.size(); ++i) keys[i] = ConvertForField(source_->Context().clock, keyFields_[i], given[i]);
   return keys;
 }
 

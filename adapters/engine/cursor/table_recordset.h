@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "engine/cursor/cursor.h"
-#include "engine/cursor/indexed_list.h"
+#include "engine/lists/indexed_list.h"
 
 namespace engine {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <vector>
 
-#include "engine/cursor/row_editor.h"
 #include "engine/errors.h"
-#include "engine/store/sqlite/field_values.h"
-#include "engine/translate/translate.h"
+#include "engine/rows/row_editor.h"
+#include "engine/translate/plan/planning.h"
+#include "engine/values/field_values.h"
 #include "platform/values/convert.h"
 
 namespace engine {
@@ -27,7 +27,7 @@ std::int32_t RunDirect(Connection& connection, const ActionPlan& plan, Unfit unf
 // Rows whose values must first become those of their fields: read, converted and written one by one, all or none.
 class RowByRow {
  public:
-  RowByRow(Connection& connection, const ActionPlan& plan, Unfit unfit) : connection_(connection), plan_(plan), unfit_(unfit) {
+  RowByRow(EngineContext& context, const ActionPlan& plan, Unfit unfit) : context_(context), plan_(plan), unfit_(unfit) {
     isUpdate_ = plan.kind == ActionPlan::Kind::Update;
     write_.text = isUpdate_ ? UpdateText() : InsertText();
   }
@@ -36,7 +36,7 @@ class RowByRow {
     // All rows are read before the first is written: a statement may read the table that it writes.
     std::vector<std::vector<Value>> rows;
     std::vector<std::int64_t> keys;
-    Transaction together(connection_, Transaction::Kind::Write);
+    Transaction together(context_.connection, Transaction::Kind::Write);
     ReadRows(rows, keys);
     std::int64_t written = 0;
     for (std::size_t i = 0; i < rows.size(); ++i) written += WriteRow(rows[i], isUpdate_ ? keys[i] : 0) ? 1 : 0;
@@ -68,7 +68,7 @@ class RowByRow {
   }
 
   void ReadRows(std::vector<std::vector<Value>>& rows, std::vector<std::int64_t>& keys) {
-    Query query(connection_, std::string_view(plan_.source));
+    Query query(context_.connection, std::string_view(plan_.source));
     while (query.Step()) {
       const int first = isUpdate_ ? 1 : 0;
       if (isUpdate_) keys.push_back(query.Int(0));
@@ -80,7 +80,7 @@ class RowByRow {
 
   Value ForField(std::size_t place, const Value& value) const {
     try {
-      return ConvertForField(connection_, Field(place), value);
+      return ConvertForField(context_.clock, Field(place), value);
     } catch (const platform::Error& error) {
       if (unfit_ == Unfit::Null) return platform::Null;
       // A number for a number field can only be out of its range.
@@ -96,7 +96,7 @@ class RowByRow {
   }
 
   bool WriteRow(const std::vector<Value>& row, std::int64_t key) {
-    Query query(connection_, write_);
+    Query query(context_.connection, write_);
     try {
       for (std::size_t i = 0; i < row.size(); ++i) query.Bind(static_cast<int>(i) + 1, ForField(i, row[i]));
     } catch (const platform::Error&) {
@@ -114,7 +114,7 @@ class RowByRow {
     }
   }
 
-  Connection& connection_;
+  EngineContext& context_;
   const ActionPlan& plan_;
   Unfit unfit_;
   bool isUpdate_ = false;
@@ -123,11 +123,11 @@ class RowByRow {
 
 }  // namespace
 
-std::int32_t RunAction(Session& session, DatabaseCatalogue& catalogue, std::string_view sql, Unfit unfit) {
-  const ActionPlan plan = PlanAction(sql, catalogue, session.dialect);
+std::int32_t RunAction(EngineContext& context, DatabaseCatalogue& catalogue, std::string_view sql, Unfit unfit) {
+  const ActionPlan plan = PlanAction(sql, catalogue, context.dialect);
   if (FileOf(*plan.target).ReadOnly()) throw errors::ReadOnly();
-  if (plan.direct) return RunDirect(session.connection, plan, unfit);
-  return RowByRow(session.connection, plan, unfit).Run();
+  if (plan.direct) return RunDirect(context.connection, plan, unfit);
+  return RowByRow(context, plan, unfit).Run();
 }
 
 }  // namespace engine

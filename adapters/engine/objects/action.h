@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "engine/objects/database_catalogue.h"
-#include "engine/objects/session.h"
+#include "engine/catalogue/database_catalogue.h"
+#include "engine/catalogue/engine_context.h"
 
 namespace engine {
 
@@ -16,6 +16,6 @@ enum class Unfit {
 };
 
 /// Runs an action statement and returns how many rows it wrote.
-std::int32_t RunAction(Session& session, DatabaseCatalogue& catalogue, std::string_view sql, Unfit unfit);
+std::int32_t RunAction(EngineContext& context, DatabaseCatalogue& catalogue, std::string_view sql, Unfit unfit);
 
 }  // namespace engine

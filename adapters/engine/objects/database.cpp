@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "engine/cursor/dynaset_recordset.h"
-#include "engine/cursor/list_choice.h"
 #include "engine/cursor/table_recordset.h"
 #include "engine/errors.h"
+#include "engine/lists/list_choice.h"
 #include "engine/objects/action.h"
-#include "engine/translate/translate.h"
+#include "engine/translate/plan/planning.h"
 #include "platform/values/text.h"
 
 namespace engine {
@@ -36,10 +36,10 @@ bool IsStatement(std::string_view source) {
 
 }  // namespace
 
-OpenDatabase::OpenDatabase(Session& session, std::shared_ptr<DataFile> file, std::string name,
+OpenDatabase::OpenDatabase(EngineContext& context, std::shared_ptr<DataFile> file, std::string name,
                            std::function<void(const OpenDatabase&)> onClose)
-    : session_(session),
-      catalogue_(std::make_shared<DatabaseCatalogue>(session, std::move(file), name)),
+    : context_(context),
+      catalogue_(std::make_shared<DatabaseCatalogue>(context, std::move(file), name)),
       name_(std::move(name)),
       onClose_(std::move(onClose)) {}
 
@@ -57,7 +57,7 @@ platform::RecordsetRef OpenDatabase::OpenRecordset(std::string_view source, Reco
 
 std::shared_ptr<Cursor> OpenDatabase::OpenTable(std::string_view source, const ResolvedTable& table) {
   auto recordset = std::make_shared<TableRecordset>(
-      *this, std::string(source), std::make_shared<RowSource>(session_, catalogue_, std::make_shared<RowShape>(PlanOfTable(table))));
+      *this, std::string(source), std::make_shared<RowSource>(context_, catalogue_, std::make_shared<RowShape>(PlanOfTable(table))));
   recordset->StandOnFirst();
   return recordset;
 }
@@ -65,7 +65,7 @@ std::shared_ptr<Cursor> OpenDatabase::OpenTable(std::string_view source, const R
 std::shared_ptr<Cursor> OpenDatabase::OpenDynaset(std::string_view source, RecordsetType type) {
   if (shapes_.contains(source)) {
     // Whether the tables still are as they were, and the first rows, in one reading.
-    Transaction oneState(session_.connection, Transaction::Kind::Read);
+    Transaction oneState(context_.connection, Transaction::Kind::Read);
     if (const auto shape = KnownShape(source)) {
       auto recordset = OpenShape(source, type, shape);
       oneState.Commit();
@@ -78,7 +78,7 @@ std::shared_ptr<Cursor> OpenDatabase::OpenDynaset(std::string_view source, Recor
 
 std::shared_ptr<Cursor> OpenDatabase::OpenShape(std::string_view source, RecordsetType type, std::shared_ptr<const RowShape> shape) {
   const RecordsetType kind = type == RecordsetType::Snapshot ? type : RecordsetType::Dynaset;
-  auto list = ChooseList(std::make_shared<RowSource>(session_, catalogue_, std::move(shape)));
+  auto list = ChooseList(std::make_shared<RowSource>(context_, catalogue_, std::move(shape)));
   auto recordset = std::make_shared<DynasetRecordset>(*this, std::string(source), kind, std::move(list));
   recordset->StandOnFirst();
   return recordset;
@@ -94,7 +94,7 @@ std::shared_ptr<const RowShape> OpenDatabase::KnownShape(std::string_view source
 
 std::shared_ptr<const RowShape> OpenDatabase::NewShape(std::string_view source) {
   constexpr std::size_t keptShapes = 64;
-  auto shape = std::make_shared<const RowShape>(PlanSelect(source, *catalogue_, session_.dialect));
+  auto shape = std::make_shared<const RowShape>(PlanSelect(source, *catalogue_, context_.dialect));
   if (shapes_.size() >= keptShapes) shapes_.clear();
   if (catalogue_->StandsAsPlanned(shape->plan)) shapes_.emplace(source, shape);
   return shape;
@@ -103,7 +103,7 @@ std::shared_ptr<const RowShape> OpenDatabase::NewShape(std::string_view source) 
 void OpenDatabase::Execute(std::string_view sql, int options) {
   recordsAffected_ = 0;
   const Unfit lenient = (options & executeWholeRows) != 0 ? Unfit::Leave : Unfit::Null;
-  recordsAffected_ = RunAction(session_, *catalogue_, sql, (options & platform::dbFailOnError) != 0 ? Unfit::Raise : lenient);
+  recordsAffected_ = RunAction(context_, *catalogue_, sql, (options & platform::dbFailOnError) != 0 ? Unfit::Raise : lenient);
 }
 
 platform::TableDef OpenDatabase::TableDefAt(int index) {

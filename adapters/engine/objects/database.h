@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/catalogue/database_catalogue.h"
+#include "engine/catalogue/engine_context.h"
 #include "engine/cursor/cursor.h"
-#include "engine/objects/database_catalogue.h"
-#include "engine/objects/session.h"
 #include "platform/data/data.h"
 
 namespace engine {
@@ -18,7 +18,7 @@ namespace engine {
 class OpenDatabase final : public platform::Database, public RecordsetOwner {
  public:
   /// `onClose` takes it out of the collection that owns it.
-  OpenDatabase(Session& session, std::shared_ptr<DataFile> file, std::string name, std::function<void(const OpenDatabase&)> onClose);
+  OpenDatabase(EngineContext& context, std::shared_ptr<DataFile> file, std::string name, std::function<void(const OpenDatabase&)> onClose);
   ~OpenDatabase() override;
 
   const std::string& Name() const override { return name_; }
@@ -49,7 +49,7 @@ class OpenDatabase final : public platform::Database, public RecordsetOwner {
   std::shared_ptr<const RowShape> KnownShape(std::string_view source);
   std::shared_ptr<const RowShape> NewShape(std::string_view source);
 
-  Session& session_;
+  EngineContext& context_;
   std::shared_ptr<DatabaseCatalogue> catalogue_;
   std::map<std::string, std::shared_ptr<const RowShape>, std::less<>> shapes_;  ///< of statements opened before
   std::string name_;

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "engine/catalogue/engine_context.h"
 #include "engine/errors.h"
-#include "engine/objects/session.h"
 #include "engine/objects/workspace.h"
 
 namespace engine {
@@ -12,15 +12,15 @@ namespace {
 
 class SqliteEngine final : public platform::DataEngine {
  public:
-  explicit SqliteEngine(const EngineOptions& options) : session_(options) {
-    workspaces_.push_back(std::make_shared<EngineWorkspace>(session_, "#Default Workspace#", true, [](const EngineWorkspace&) {}));
+  explicit SqliteEngine(const EngineOptions& options) : context_(options) {
+    workspaces_.push_back(std::make_shared<EngineWorkspace>(context_, "#Default Workspace#", true, [](const EngineWorkspace&) {}));
   }
 
   platform::WorkspaceRef CreateWorkspace(std::string_view name, std::string_view, std::string_view, int type) override {
     constexpr int ownType = 2;
     if (type != ownType) throw errors::InvalidOperation();
     auto workspace =
-        std::make_shared<EngineWorkspace>(session_, std::string(name), false, [this](const EngineWorkspace& closed) { Forget(closed); });
+        std::make_shared<EngineWorkspace>(context_, std::string(name), false, [this](const EngineWorkspace& closed) { Forget(closed); });
     loose_.push_back(workspace);
     return platform::WorkspaceRef(workspace);
   }
@@ -43,14 +43,14 @@ class SqliteEngine final : public platform::DataEngine {
   void RefreshWorkspaces() override {}
 
   platform::DatabaseRef OpenControlDatabase(std::string_view path) override {
-    auto database = std::make_shared<OpenDatabase>(session_, session_.Open(path), std::string(path), [this](const OpenDatabase& closed) {
+    auto database = std::make_shared<OpenDatabase>(context_, context_.Open(path), std::string(path), [this](const OpenDatabase& closed) {
       std::erase_if(controlDatabases_, [&](const auto& open) { return open.get() == &closed; });
     });
     controlDatabases_.push_back(database);
     return platform::DatabaseRef(std::shared_ptr<platform::Database>(database));
   }
 
-  void OnWait(std::function<void()> servePainting) override { session_.connection.OnWait(std::move(servePainting)); }
+  void OnWait(std::function<void()> servePainting) override { context_.connection.OnWait(std::move(servePainting)); }
 
  private:
   void Forget(const EngineWorkspace& closed) {
@@ -59,7 +59,7 @@ class SqliteEngine final : public platform::DataEngine {
     std::erase_if(loose_, isClosed);
   }
 
-  Session session_;
+  EngineContext context_;
   std::vector<std::shared_ptr<EngineWorkspace>> workspaces_;
   std::vector<std::shared_ptr<EngineWorkspace>> loose_;  ///< created and not appended yet
   std::vector<std::shared_ptr<OpenDatabase>> controlDatabases_;

@@ -11,8 +11,8 @@ constexpr std::size_t deepestTransaction = 5;
 
 }  // namespace
 
-EngineWorkspace::EngineWorkspace(Session& session, std::string name, bool isDefault, std::function<void(const EngineWorkspace&)> onClose)
-    : session_(session), name_(std::move(name)), isDefault_(isDefault), onClose_(std::move(onClose)) {}
+EngineWorkspace::EngineWorkspace(EngineContext& context, std::string name, bool isDefault, std::function<void(const EngineWorkspace&)> onClose)
+    : context_(context), name_(std::move(name)), isDefault_(isDefault), onClose_(std::move(onClose)) {}
 
 EngineWorkspace::~EngineWorkspace() {
   while (!transactions_.empty()) transactions_.pop_back();
@@ -20,7 +20,7 @@ EngineWorkspace::~EngineWorkspace() {
 
 platform::DatabaseRef EngineWorkspace::OpenDatabase(std::string_view path) {
   auto database = std::make_shared<engine::OpenDatabase>(
-      session_, session_.Open(path), std::string(path),
+      context_, context_.Open(path), std::string(path),
       [this](const engine::OpenDatabase& closed) { std::erase_if(databases_, [&](const auto& open) { return open.get() == &closed; }); });
   databases_.push_back(database);
   return platform::DatabaseRef(database);
@@ -33,7 +33,7 @@ void EngineWorkspace::BeginTrans() {
     return;
   }
   if (transactions_.size() == deepestTransaction) throw errors::TooManyTransactions();
-  transactions_.push_back(std::make_unique<Transaction>(session_.connection, Transaction::Kind::Write));
+  transactions_.push_back(std::make_unique<Transaction>(context_.connection, Transaction::Kind::Write));
 }
 
 void EngineWorkspace::CommitTrans() { EndTransaction(true); }

@@ -15,7 +15,7 @@ namespace engine {
 /// others begin, commit and undo them.
 class EngineWorkspace final : public platform::Workspace {
  public:
-  EngineWorkspace(Session& session, std::string name, bool isDefault, std::function<void(const EngineWorkspace&)> onClose);
+  EngineWorkspace(EngineContext& context, std::string name, bool isDefault, std::function<void(const EngineWorkspace&)> onClose);
   ~EngineWorkspace() override;
 
   const std::string& Name() const override { return name_; }
@@ -33,7 +33,7 @@ class EngineWorkspace final : public platform::Workspace {
  private:
   void EndTransaction(bool keep);
 
-  Session& session_;
+  EngineContext& context_;
   std::string name_;
   bool isDefault_;
   std::function<void(const EngineWorkspace&)> onClose_;

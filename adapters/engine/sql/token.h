@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "engine/sql/ast/span.h"
 #include "engine/sql/keywords.h"
-#include "engine/sql/span.h"
 #include "platform/values/value.h"
 
 namespace engine::sql {

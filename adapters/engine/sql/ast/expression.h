@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "engine/sql/ast/box.h"
-#include "engine/sql/span.h"
+#include "engine/sql/ast/span.h"
 #include "platform/values/value.h"
 
 /// The nodes of an expression: plain values. Where a node stood in the text does not count when two are compared.

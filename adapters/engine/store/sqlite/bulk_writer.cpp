@@ -5,9 +5,9 @@
 #include "engine/errors.h"
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/data_files.h"
-#include "engine/store/sqlite/field_values.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
+#include "engine/values/field_values.h"
 #include "platform/values/text.h"
 
 namespace engine {
@@ -35,7 +35,7 @@ class TableBulkWriter final : public BulkWriter {
 
   void Add(std::span<const platform::Value> row) override {
     assert(row.size() == fields_.size());
-    for (std::size_t i = 0; i < row.size(); ++i) insert_->Bind(static_cast<int>(i) + 1, ConvertForField(connection_, *fields_[i], row[i]));
+    for (std::size_t i = 0; i < row.size(); ++i) insert_->Bind(static_cast<int>(i) + 1, ConvertForField(LocalNow, *fields_[i], row[i]));
     insert_->Run();
     insert_->Again();
   }

@@ -3,10 +3,10 @@
 #include "engine/data_file.h"
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/data_files.h"
+#include "engine/store/sqlite/declared_types.h"
 #include "engine/store/sqlite/find_by_name.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
-#include "engine/store/sqlite/stored_values.h"
 #include "platform/values/error.h"
 #include "platform/values/text.h"
 

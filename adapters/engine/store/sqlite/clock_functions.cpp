@@ -2,19 +2,15 @@
 
 #include <sqlite3.h>
 
-#include <ctime>
 #include <memory>
 #include <string>
 
+#include "engine/store/dialect.h"
 #include "engine/store/sqlite/connection.h"
-#include "engine/translate/dialect.h"
-#include "engine/translate/iso_date.h"
-#include "platform/values/convert.h"
+#include "engine/values/iso_date.h"
 
 namespace engine {
 namespace {
-
-using Clock = std::function<platform::Date()>;
 
 void Now(sqlite3_context* context, int, sqlite3_value**) {
   const auto& clock = *static_cast<const Clock*>(sqlite3_user_data(context));
@@ -35,14 +31,6 @@ void RegisterClock(Connection& connection, const Clock& now) {
     sqlite3_create_function_v2(connection.Handle(), name.c_str(), 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, clock.release(), Now, nullptr, nullptr,
                                [](void* gone) { std::unique_ptr<Clock>(static_cast<Clock*>(gone)); });
   }
-}
-
-platform::Date LocalNow() {
-  const std::time_t seconds = std::time(nullptr);
-  const std::tm local = *std::localtime(&seconds);
-  constexpr double secondsPerDay = 86'400;
-  const platform::Date day = platform::DateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday).value_or(platform::Date{});
-  return {day.serial + (local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec) / secondsPerDay};
 }
 
 }  // namespace engine

@@ -1,18 +1,13 @@
 #pragma once
 
-#include <functional>
-
-#include "platform/values/value.h"
+#include "engine/values/clock.h"
 
 namespace engine {
 
 class Connection;
 
-/// Makes the store's part of Date(), Time() and Now() known: one function that asks `now` for the present moment. It lives as
+/// Makes the store's part of Date(), Time() and Now() known: one function that asks the clock for the present moment. It lives as
 /// long as the connection.
-void RegisterClock(Connection& connection, const std::function<platform::Date()>& now);
-
-/// The machine's own clock, in whole seconds of local time.
-platform::Date LocalNow();
+void RegisterClock(Connection& connection, const Clock& clock);
 
 }  // namespace engine

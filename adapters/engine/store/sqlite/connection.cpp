@@ -7,9 +7,7 @@
 #include <thread>
 
 #include "engine/errors.h"
-#include "engine/store/sqlite/clock_functions.h"
 #include "engine/store/sqlite/functions.h"
-#include "platform/values/convert.h"
 
 namespace engine {
 namespace {
@@ -57,8 +55,6 @@ Connection::~Connection() {
   DropStatements();
   sqlite3_close_v2(db_);
 }
-
-int Connection::ThisYear() const { return platform::CalendarOf(now_ ? now_() : LocalNow()).year; }
 
 void Connection::Execute(const std::string& sql) {
   StatementSlot slot(*this, sql);

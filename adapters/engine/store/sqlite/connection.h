@@ -48,11 +48,6 @@ class Connection {
   /// Lets the windows paint; does nothing when called from inside painting.
   void ServePainting();
 
-  /// The program's clock; without one the machine's is asked.
-  void Clock(std::function<platform::Date()> now) { now_ = std::move(now); }
-  /// The year of a date that is written without one.
-  int ThisYear() const;
-
   /// Forgets every prepared statement, as a detach demands.
   void DropStatements();
   /// Whether a statement that names the file is being run.
@@ -92,7 +87,6 @@ class Connection {
   sqlite3* db_ = nullptr;
   int lockWait_;
   std::function<void()> servePainting_;
-  std::function<platform::Date()> now_;
   std::function<void(std::string_view)> onPrepare_;
   bool painting_ = false;
   Recent recent_;  ///< kept statements, last used first

@@ -17,7 +17,7 @@ namespace engine {
 /// A link as a file stores it.
 struct StoredLink {
   std::string name;
-  std::string path;    ///< as links.h says
+  std::string path;    ///< as link_paths.h says
   std::string source;  ///< table in the other file
 };
 

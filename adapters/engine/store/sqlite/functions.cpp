@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "engine/store/dialect.h"
 #include "engine/store/sqlite/connection.h"
 #include "engine/text/like.h"
 #include "engine/text/text_order.h"
-#include "engine/translate/dialect.h"
-#include "engine/translate/store_functions.h"
+#include "engine/translate/functions/store_functions.h"
 
 namespace engine {
 namespace {

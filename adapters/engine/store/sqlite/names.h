@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "engine/translate/dialect.h"
+#include "engine/store/dialect.h"
 
 namespace engine {
 

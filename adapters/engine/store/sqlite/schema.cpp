@@ -4,8 +4,8 @@
 
 #include "engine/errors.h"
 #include "engine/store/sqlite/connection.h"
+#include "engine/store/sqlite/declared_types.h"
 #include "engine/store/sqlite/names.h"
-#include "engine/store/sqlite/stored_values.h"
 #include "platform/values/text.h"
 
 namespace engine {

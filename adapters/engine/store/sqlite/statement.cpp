@@ -10,7 +10,7 @@
 
 #include "engine/errors.h"
 #include "engine/store/sqlite/connection.h"
-#include "engine/translate/iso_date.h"
+#include "engine/values/iso_date.h"
 
 namespace engine {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "engine/sql/parser.h"
 #include "engine/sql/print.h"
-#include "engine/translate/translate.h"
+#include "engine/translate/plan/planning.h"
 #include "unit/engine/sql/corpus.h"
 #include "unit/engine/sql/fake_catalogue.h"
 

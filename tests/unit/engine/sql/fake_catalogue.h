@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "engine/catalogue.h"
 #include "engine/errors.h"
-#include "engine/translate/dialect.h"
+#include "engine/store/dialect.h"
+#include "engine/translate/names/catalogue.h"
 #include "platform/values/text.h"
 #include "unit/engine/sql/corpus.h"
 

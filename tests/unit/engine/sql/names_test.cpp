@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "engine/translate/translate.h"
+#include "engine/translate/plan/planning.h"
 #include "unit/engine/sql/expect_error.h"
 #include "unit/engine/sql/fake_catalogue.h"
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "engine/translate/store_functions.h"
-#include "engine/translate/translate.h"
+#include "engine/translate/functions/store_functions.h"
+#include "engine/translate/plan/planning.h"
 #include "platform/values/convert.h"
 #include "unit/engine/sql/fake_catalogue.h"
 

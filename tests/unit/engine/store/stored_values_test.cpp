@@ -1,6 +1,6 @@
-#include "engine/store/sqlite/stored_values.h"
+#include "engine/store/sqlite/declared_types.h"
 
-#include "engine/translate/iso_date.h"
+#include "engine/values/iso_date.h"
 
 #include <gtest/gtest.h>
 

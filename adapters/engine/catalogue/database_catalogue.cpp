@@ -1,0 +1,126 @@
+#include "engine/catalogue/database_catalogue.h"
+
+#include "engine/store/link_paths.h"
+#include "engine/store/sqlite/names.h"
+#include "engine/store/sqlite/schema.h"
+#include "platform/values/text.h"
+
+namespace engine {
+namespace {
+
+constexpr std::string_view connectStart = ";DATABASE=";
+
+// The path in a link's Connect text.
+std::string PathOfConnect(std::string_view connect) {
+  if (connect.size() <= connectStart.size() || !platform::EqualsNoCase(connect.substr(0, connectStart.size()), connectStart))
+    throw errors::InvalidOperation();
+  std::string_view path = connect.substr(connectStart.size());
+  return std::string(path.substr(0, path.find(';')));
+}
+
+}  // namespace
+
+std::string DatabaseCatalogue::StoredNameIn(DataFile& file, std::string_view name) {
+  if (name.empty() || name.front() == ownNameMark) return {};
+  Query query(context_.connection,
+              "SELECT name FROM " + QuoteName(file.Alias()) +
+                  ".sqlite_schema WHERE type = 'table' AND name = ?1 COLLATE NOCASE AND substr(name, 1, 7) <> 'sqlite_'");
+  query.Bind(1, name);
+  return query.Step() ? std::string(query.Text(0)) : std::string();
+}
+
+const ResolvedTable* DatabaseCatalogue::FindIn(const std::shared_ptr<DataFile>& file, std::string_view name, bool linked) {
+  const std::string key = file->Alias() + (linked ? "@" : ".") + platform::ToLowerAscii(name);
+  const std::int64_t version = file->SchemaVersion();
+  std::unique_ptr<StoredTable>& known = known_[key];
+  if (known != nullptr && known->schemaVersion == version) return known.get();
+
+  const std::string stored = StoredNameIn(*file, name);
+  if (known != nullptr) outdated_.push_back(std::move(known));
+  if (stored.empty()) return nullptr;
+  auto table = std::make_unique<StoredTable>();
+  table->definition = ReadTable(context_.connection, file->Alias(), stored);
+  table->storeName = QuoteName(file->Alias()) + '.' + QuoteName(stored);
+  table->rowKey = QuoteName(RowKeyOf(table->definition));
+  table->linked = linked;
+  table->file = file;
+  table->schemaVersion = version;
+  known = std::move(table);
+  return known.get();
+}
+
+const ResolvedTable* DatabaseCatalogue::FindTable(std::string_view name) {
+  if (const ResolvedTable* own = FindIn(file_, name, false)) return own;
+  for (const StoredLink& link : file_->Links()) {
+    if (!platform::EqualsNoCase(link.name, name)) continue;
+    const ResolvedTable* linked = FindIn(context_.Open(FullLinkPath(link.path, name_)), link.source, true);
+    if (linked == nullptr) throw errors::ObjectNotFound(link.source);
+    return linked;
+  }
+  return nullptr;
+}
+
+const ResolvedTable* DatabaseCatalogue::FindTable(std::string_view name, std::string_view inFile) {
+  const auto file = context_.Open(inFile);
+  if (file == file_) return FindTable(name);
+  return FindIn(file, name, false);
+}
+
+bool DatabaseCatalogue::StandsAsPlanned(const SelectPlan& plan) const {
+  const std::int64_t version = file_->SchemaVersion();
+  for (const PlanTable& table : plan.tables) {
+    const auto& stored = static_cast<const StoredTable&>(*table.table);
+    if (stored.file != file_ || stored.linked || stored.schemaVersion != version) return false;
+  }
+  return true;
+}
+
+std::vector<platform::TableDef> DatabaseCatalogue::ReadTableDefs() {
+  std::vector<platform::TableDef> definitions;
+  for (std::string& name : file_->TableNames()) definitions.push_back({std::move(name), "", ""});
+  for (StoredLink& link : file_->Links())
+    definitions.push_back({link.name, std::string(connectStart) + FullLinkPath(link.path, name_), link.source});
+  return definitions;
+}
+
+std::vector<platform::TableDef> DatabaseCatalogue::TableDefs() {
+  auto definitions = ReadTableDefs();
+  seen_.emplace();
+  for (const platform::TableDef& definition : definitions) seen_->insert(definition.Name);
+  return definitions;
+}
+
+bool DatabaseCatalogue::IsMadeAlready(const platform::TableDef& definition) {
+  for (const platform::TableDef& there : ReadTableDefs()) {
+    if (!platform::EqualsNoCase(there.Name, definition.Name)) continue;
+    const bool anothers = seen_ && !seen_->contains(there.Name);
+    if (!anothers || there.Connect.empty() || there.Name != definition.Name ||
+        !platform::EqualsNoCase(there.SourceTableName, definition.SourceTableName) ||
+        context_.Open(PathOfConnect(there.Connect)) != context_.Open(PathOfConnect(definition.Connect)))
+      throw errors::ObjectExists(definition.Name);
+    return true;
+  }
+  return false;
+}
+
+void DatabaseCatalogue::AppendLink(const platform::TableDef& definition) {
+  if (definition.Name.empty() || definition.Name.front() == ownNameMark) throw errors::InvalidOperation();
+  if (IsMadeAlready(definition)) return;
+  const std::string path = PathOfConnect(definition.Connect);
+  const auto target = context_.Open(path);
+  if (StoredNameIn(*target, definition.SourceTableName).empty()) throw errors::ObjectNotFound(definition.SourceTableName);
+
+  // In one folder for the program, and in one folder where the file really lies.
+  const std::string folder = RealFolder(context_.HostPath(FolderOfPath(path)));
+  const bool asOpened = folder == RealFolder(context_.HostPath(FolderOfPath(name_)));
+  const std::string stored = asOpened ? LinkPathToStore(path, folder, file_->Path()) : path;
+  try {
+    file_->AddLink({definition.Name, stored, definition.SourceTableName});
+  } catch (const platform::Error& error) {
+    if (error.Number() != 3012 || !IsMadeAlready(definition)) throw;
+    return;
+  }
+  if (seen_) seen_->insert(definition.Name);
+}
+
+}  // namespace engine

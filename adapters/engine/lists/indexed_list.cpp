@@ -1,0 +1,357 @@
+#include "engine/lists/indexed_list.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "engine/errors.h"
+
+namespace engine {
+namespace {
+
+constexpr std::size_t keptSegments = 6;
+constexpr std::int64_t longestPage = 128;
+
+std::int64_t RowKeyIn(const std::string& bookmark) {
+  std::int64_t rowKey = 0;
+  if (bookmark.size() != sizeof(rowKey)) throw errors::BadBookmark();
+  std::memcpy(&rowKey, bookmark.data(), sizeof(rowKey));
+  return rowKey;
+}
+
+}  // namespace
+
+IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape)
+    : RowList(std::move(source)),
+      shape_(std::move(shape)),
+      forward_(shape_.descending ? Direction::Down : Direction::Up),
+      walker_(Source().Shape().Walker(Source().Store(), shape_.order, shape_.index)),
+      fences_(*walker_, forward_),
+      search_(Source(), *walker_, forward_, *this) {}
+
+// ---- walking
+
+bool IndexedList::First(Place& place) {
+  lastReached_ = lastReached_ && count_.has_value();
+  if (!TakeEnd(place, true)) return false;
+  place.ordinal = 0;
+  reached_ = std::max<std::int64_t>(reached_, 1);
+  return true;
+}
+
+bool IndexedList::Last(Place& place) {
+  if (!TakeEnd(place, false)) return false;
+  place.ordinal = -1;
+  lastReached_ = true;
+  return true;
+}
+
+bool IndexedList::Next(Place& place) {
+  if (!Step(place, true)) {
+    lastReached_ = true;
+    return false;
+  }
+  if (place.ordinal >= 0) reached_ = std::max(reached_, ++place.ordinal + 1);
+  return true;
+}
+
+bool IndexedList::Previous(Place& place) {
+  if (!Step(place, false)) return false;
+  if (place.ordinal > 0) --place.ordinal;
+  return true;
+}
+
+bool IndexedList::TakeEnd(Place& place, bool forward) {
+  DropStalePages();
+  const Segment* segment = SegmentAtEnd(forward);
+  if (segment == nullptr) {
+    run_ = 0;
+    segment = &ReadSegment(nullptr, forward, 1);
+  }
+  if (segment->page->Rows() == 0) return false;
+  SetPlace(place, *segment, forward ? 0 : segment->page->Rows() - 1);
+  return true;
+}
+
+bool IndexedList::Step(Place& place, bool forward) {
+  DropStalePages();
+  std::size_t row = 0;
+  if (const Segment* segment = SegmentOf(place, row)) {
+    if (forward ? row + 1 < segment->page->Rows() : row > 0) {
+      SetPlace(place, *segment, forward ? row + 1 : row - 1);
+      return true;
+    }
+    if (forward ? segment->reachesEnd : segment->reachesStart) return false;
+  }
+  run_ = runForward_ == forward ? run_ + 1 : 0;
+  runForward_ = forward;
+  const std::int64_t limit = std::min<std::int64_t>(longestPage, std::int64_t{16} << std::min(run_, 3));
+  const Segment& read = ReadSegment(&place, forward, limit);
+  if (read.page->Rows() == 0) return false;
+  SetPlace(place, read, forward ? 0 : read.page->Rows() - 1);
+  return true;
+}
+
+void IndexedList::SetPlace(Place& place, const Segment& segment, std::size_t row) const {
+  const RowPage& page = *segment.page;
+  place.keys.assign(1, *page.KeysOf(row));
+  place.order.clear();
+  for (std::size_t i = 0; i < shape_.order.size(); ++i) place.order.push_back(page.Cell(row, Source().Fields().size() + i));
+  place.added = segment.added.empty() ? 0 : segment.added[row];
+  place.page = segment.page;
+  place.row = row;
+}
+
+const IndexedList::Segment* IndexedList::SegmentOf(const Place& place, std::size_t& row) {
+  for (auto segment = segments_.begin(); segment != segments_.end(); ++segment) {
+    const RowPage& page = *segment->page;
+    std::size_t found = page.Rows();
+    if (segment->page == place.page) {
+      found = place.row;
+    } else {
+      for (std::size_t i = 0; i < page.Rows() && found == page.Rows(); ++i)
+        if (*page.KeysOf(i) == place.keys[0]) found = i;
+    }
+    if (found == page.Rows()) continue;
+    row = found;
+    segments_.splice(segments_.begin(), segments_, segment);
+    return &segments_.front();
+  }
+  return nullptr;
+}
+
+const IndexedList::Segment* IndexedList::SegmentAtEnd(bool atStart) {
+  for (const Segment& segment : segments_)
+    if (atStart ? segment.reachesStart : segment.reachesEnd) return &segment;
+  return nullptr;
+}
+
+void IndexedList::DropStalePages() {
+  const std::uint64_t version = Source().RecentVersion();
+  if (version == segmentsVersion_) return;
+  segments_.clear();
+  segmentsVersion_ = version;
+}
+
+// ---- reading pages
+
+std::shared_ptr<RowPage> IndexedList::NewPage() const {
+  return std::make_shared<RowPage>(Source().Fields().size() + shape_.order.size(), 1);
+}
+
+void IndexedList::AppendRow(const Query& row, RowPage& page) const {
+  Source().ReadCells(row, 0, page);
+  for (std::size_t i = 0; i < shape_.order.size(); ++i)
+    row.Append(page.cells, walker_->OrderAt(false) + static_cast<int>(i), shape_.order[i].type);
+  page.keys.push_back(row.Int(walker_->RowKeyAt(false)));
+}
+
+OrderPlace IndexedList::OrderOf(const Place& place) const { return {place.order, place.keys[0]}; }
+
+OrderPlace IndexedList::OrderInPage(const RowPage& page, std::size_t row) const {
+  OrderPlace place;
+  for (std::size_t i = 0; i < shape_.order.size(); ++i) place.values.push_back(page.Cell(row, Source().Fields().size() + i));
+  place.rowKey = *page.KeysOf(row);
+  return place;
+}
+
+const IndexedList::Segment& IndexedList::ReadSegment(const Place* from, bool forward, std::int64_t limit) {
+  std::optional<Transaction> oneState;  // rows alone are read in one state anyway
+  if (!pinned_.empty()) oneState.emplace(Source().Store(), Transaction::Kind::Read);
+  Segment segment;
+  auto page = NewPage();
+  bool ended = false;
+  ReadTableRows(from, forward, limit, *page, ended);
+  segment.page = std::move(page);
+  if (!pinned_.empty()) MergePinned(from, forward, ended, segment);
+  segment.reachesEnd = forward && ended;
+  segment.reachesStart = !forward && ended;
+  if (from == nullptr) (forward ? segment.reachesStart : segment.reachesEnd) = true;
+  if (oneState) oneState->Commit();
+  segments_.push_front(std::move(segment));
+  if (segments_.size() > keptSegments) segments_.pop_back();
+  return segments_.front();
+}
+
+// The rows as the table has them, without those that the list holds elsewhere; in list order.
+void IndexedList::ReadTableRows(const Place* from, bool forward, std::int64_t limit, RowPage& page, bool& ended) {
+  if (from != nullptr && from->added > 0) {
+    if (forward) {
+      ended = true;
+      return;
+    }
+    from = nullptr;  // before the rows at the end stands the table's last row
+  }
+  OrderPlace place;
+  if (from != nullptr) place = OrderOf(*from);
+  KeyWalker::Request request;
+  request.direction = forward ? forward_ : Opposite(forward_);
+  request.from = from != nullptr ? &place : nullptr;
+  request.limit = limit + static_cast<std::int64_t>(pinned_.size());
+  std::vector<std::size_t> dropped;
+  page.cells.reserve(static_cast<std::size_t>(limit) * page.columns);
+  page.keys.reserve(static_cast<std::size_t>(limit));
+  const std::int64_t read = walker_->Read(request, [&](const Query& row) {
+    if (pinned_.empty() || !pinned_.contains(row.Int(walker_->RowKeyAt(false)))) AppendRow(row, page);
+    return true;
+  });
+  ended = read < request.limit;
+  if (forward) return;
+  // Read against the list's direction: turned round.
+  const std::size_t rows = page.Rows();
+  for (std::size_t i = 0; i < rows / 2; ++i) {
+    std::swap_ranges(page.cells.begin() + static_cast<std::ptrdiff_t>(i * page.columns),
+                     page.cells.begin() + static_cast<std::ptrdiff_t>((i + 1) * page.columns),
+                     page.cells.begin() + static_cast<std::ptrdiff_t>((rows - 1 - i) * page.columns));
+    std::swap(page.keys[i], page.keys[rows - 1 - i]);
+  }
+}
+
+// Puts the rows in that keep their places: those whose place lies in the stretch that was read.
+void IndexedList::MergePinned(const Place* from, bool forward, bool ended, Segment& segment) {
+  struct Entry {
+    Place place;
+    bool pinned = false;
+  };
+  std::vector<Entry> entries;
+  for (std::size_t i = 0; i < segment.page->Rows(); ++i) {
+    Entry entry;
+    SetPlace(entry.place, segment, i);
+    entries.push_back(std::move(entry));
+  }
+  Place far;  // the stretch ends here
+  if (!ended && !entries.empty()) far = forward ? entries.back().place : entries.front().place;
+  std::vector<std::int64_t> gone;
+  for (const auto& [rowKey, pinned] : pinned_) {
+    Place place;
+    if (!RowByKey(rowKey, place)) {
+      gone.push_back(rowKey);
+      continue;
+    }
+    const bool behindStart = from == nullptr || (forward ? ComparePlaces(place, *from) > 0 : ComparePlaces(place, *from) < 0);
+    const bool beforeEnd = ended || (forward ? ComparePlaces(place, far) < 0 : ComparePlaces(place, far) > 0);
+    if (behindStart && beforeEnd) entries.push_back({std::move(place), true});
+  }
+  for (const std::int64_t rowKey : gone) pinned_.erase(rowKey);
+  std::ranges::sort(entries, [&](const Entry& left, const Entry& right) { return ComparePlaces(left.place, right.place) < 0; });
+
+  auto page = NewPage();
+  for (const Entry& entry : entries) {
+    const platform::Value* cells = entry.place.page->CellsOf(entry.place.row);
+    page->cells.insert(page->cells.end(), cells, cells + Source().Fields().size());
+    page->cells.insert(page->cells.end(), entry.place.order.begin(), entry.place.order.end());
+    page->keys.push_back(entry.place.keys[0]);
+    segment.added.push_back(entry.place.added);
+  }
+  segment.page = std::move(page);
+}
+
+int IndexedList::ComparePlaces(const Place& left, const Place& right) const {
+  if (left.added != right.added && (left.added > 0 || right.added > 0)) {
+    if (left.added == 0) return -1;
+    if (right.added == 0) return 1;
+    return left.added < right.added ? -1 : 1;
+  }
+  const int order = walker_->Compare(OrderOf(left), OrderOf(right));
+  return forward_ == Direction::Up ? order : -order;
+}
+
+bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
+  Segment single;
+  auto page = NewPage();
+  page->cells.reserve(page->columns);
+  if (!walker_->ReadRow(rowKey, [&](const Query& row) {
+        AppendRow(row, *page);
+        return true;
+      }))
+    return false;
+  single.page = std::move(page);
+  SetPlace(place, single, 0);
+  place.ordinal = -1;
+  if (const auto pinned = pinned_.find(rowKey); pinned != pinned_.end()) {
+    place.order = pinned->second.place.values;
+    place.added = pinned->second.added;
+  }
+  return true;
+}
+
+bool IndexedList::PlaceByKey(std::int64_t rowKey, Place& place) {
+  auto now = walker_->PlaceOfRow(rowKey);
+  if (!now) return false;
+  const auto pinned = pinned_.find(rowKey);
+  place = {};
+  place.keys.assign(1, rowKey);
+  place.order = pinned == pinned_.end() ? std::move(now->values) : pinned->second.place.values;
+  place.added = pinned == pinned_.end() ? 0 : pinned->second.added;
+  return true;
+}
+
+// ---- bookmarks
+
+std::string IndexedList::KeyOf(const Place& place) const {
+  std::string key(sizeof(std::int64_t), '\0');
+  std::memcpy(key.data(), place.keys.data(), sizeof(std::int64_t));
+  return key;
+}
+
+Place IndexedList::PlaceOf(const std::string& key) {
+  Place place;
+  if (!RowByKey(RowKeyIn(key), place)) throw errors::RecordDeleted();
+  return place;
+}
+
+// Windows begin at the row that was just found, more often than not.
+bool IndexedList::WindowPlace(const std::string& key, Place& place) {
+  const std::int64_t rowKey = RowKeyIn(key);
+  if (foundLast_.keys.empty() || foundLast_.keys[0] != rowKey || foundVersion_ != Source().RecentVersion())
+    return PlaceByKey(rowKey, place);
+  place = foundLast_;
+  return true;
+}
+
+bool IndexedList::Find(std::string_view criterion, const Place* after, Place& found) {
+  foundLast_.keys.clear();
+  const std::uint64_t version = Source().KnownVersion();
+  if (!search_.Find(criterion, after, found)) return false;
+  foundLast_.keys = found.keys;
+  foundLast_.order = found.order;
+  foundLast_.added = found.added;
+  foundVersion_ = version;
+  return true;
+}
+
+// ---- own changes
+
+Place IndexedList::Added(const std::vector<std::int64_t>& keys) {
+  const std::vector<platform::Value> noOrder(shape_.order.size(), platform::Null);
+  if (shape_.keepsPlaces) pinned_[keys[0]] = {{noOrder, keys[0]}, ++lastAdded_};
+  if (count_) ++*count_;
+  ++reached_;
+  Place place;
+  if (!RowByKey(keys[0], place)) throw errors::RecordDeleted();
+  return place;
+}
+
+void IndexedList::Changed(Place& place) {
+  const Place before = place;
+  if (!RowByKey(place.keys[0], place)) return;
+  place.ordinal = before.ordinal;
+  if (!shape_.keepsPlaces || pinned_.contains(place.keys[0])) return;
+  // With a filter the row may have left it, which only the store could tell: it keeps its place in any case.
+  if (walker_->Compare(OrderOf(place), OrderOf(before)) == 0 && Source().Plan().where.empty()) return;
+  pinned_[place.keys[0]] = {OrderOf(before), 0};
+  place.order = before.order;
+}
+
+void IndexedList::Deleted(const Place& place) {
+  pinned_.erase(place.keys[0]);
+  if (count_ && *count_ > 0) --*count_;
+  if (reached_ > 0) --reached_;
+}
+
+std::vector<std::int64_t> IndexedList::PinnedRows() const {
+  std::vector<std::int64_t> rows;
+  for (const auto& [rowKey, pinned] : pinned_) rows.push_back(rowKey);
+  return rows;
+}
+
+}  // namespace engine

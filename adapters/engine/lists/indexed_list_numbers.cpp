@@ -1,0 +1,170 @@
+// A list in index order by numbers: counts, the place of a number, the number of a place, pages for windows.
+#include <algorithm>
+
+#include "engine/lists/indexed_list.h"
+
+namespace engine {
+
+std::int64_t IndexedList::RowsReached() {
+  if (!shape_.keepsPlaces || lastReached_) return CountNow();
+  return AnyRow() ? std::max<std::int64_t>(1, reached_) : 0;
+}
+
+bool IndexedList::AnyRow() {
+  DropStalePages();
+  const Segment* start = SegmentAtEnd(true);
+  if (start == nullptr) start = &ReadSegment(nullptr, true, 1);
+  return start->page->Rows() != 0;
+}
+
+std::int64_t IndexedList::CountNow() {
+  const std::uint64_t version = Source().Version();
+  if (count_ && countVersion_ == version) return *count_;
+  Transaction oneState(Source().Store(), Transaction::Kind::Read);
+  std::int64_t count = walker_->CountAll();
+  // A row that keeps its place counts, whatever the filter says of it now.
+  for (const std::int64_t rowKey : PinnedRows()) {
+    if (!walker_->PlaceOfRow(rowKey))
+      pinned_.erase(rowKey);
+    else if (!walker_->InFilter(rowKey))
+      ++count;
+  }
+  oneState.Commit();
+  count_ = count;
+  countVersion_ = version;
+  return count;
+}
+
+std::int64_t IndexedList::Count() {
+  if (count_) return *count_;
+  return std::max(Estimate(), fences_.Rows());
+}
+
+bool IndexedList::CountIsExact() { return count_ && countVersion_ == Source().Version(); }
+
+// Row keys are given in a row, so their span is near the number of rows that there ever were.
+std::int64_t IndexedList::Estimate() {
+  const PlanTable& table = Source().Plan().tables.front();
+  Query query(Source().Store(), "SELECT (SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName + ") - (SELECT min(" +
+                                    table.table->rowKey + ") FROM " + table.table->storeName + ") + 1");
+  return query.Step() && !query.IsNull(0) ? query.Int(0) : 0;
+}
+
+bool IndexedList::IdleSlice() {
+  const std::uint64_t version = Source().Version();
+  const bool counted = count_ && countVersion_ == version;
+  // A table that the store counts within a slice; larger ones are counted by their fences.
+  constexpr std::int64_t quicklyCounted = 200'000;
+  if (!counted && Source().Plan().where.empty() && Estimate() <= quicklyCounted) {
+    CountNow();
+    return true;
+  }
+  const bool more = fences_.Slice(version);
+  if (!more && !counted && Source().Version() == version) {
+    if (pinned_.empty()) {
+      count_ = fences_.Rows();
+      countVersion_ = version;
+    } else {
+      CountNow();
+    }
+  }
+  return more;
+}
+
+// Rows of the table (not of the list) before a place.
+std::int64_t IndexedList::RowsOffset(const OrderPlace& place) {
+  if (const auto ordinal = fences_.OrdinalOf(place)) return *ordinal;
+  const std::int64_t below = walker_->CountBelow(place);
+  if (forward_ == Direction::Up) return below;
+  const auto now = walker_->InFilter(place.rowKey) ? walker_->PlaceOfRow(place.rowKey) : std::nullopt;
+  const bool there = now && walker_->Compare(*now, place) == 0;
+  return walker_->CountAll() - below - (there ? 1 : 0);
+}
+
+std::optional<std::int64_t> IndexedList::OrdinalOf(const Place& place) {
+  if (place.added > 0) {
+    const auto behind = std::ranges::count_if(pinned_, [&](const auto& entry) { return entry.second.added > place.added; });
+    return CountNow() - 1 - behind;
+  }
+  if (!IsPinned(place.keys[0]) && !walker_->InFilter(place.keys[0])) return {};
+  const OrderPlace here = OrderOf(place);
+  std::int64_t ordinal = RowsOffset(here);
+  // Rows that keep their places are counted where they stand in the list, not where the table has them.
+  const auto standsBefore = [&](const OrderPlace& other) {
+    const int order = walker_->Compare(other, here);
+    return forward_ == Direction::Up ? order < 0 : order > 0;
+  };
+  for (const auto& [rowKey, pinned] : pinned_) {
+    const auto now = walker_->PlaceOfRow(rowKey);
+    if (now && walker_->InFilter(rowKey) && standsBefore(*now)) --ordinal;
+    if (now && pinned.added == 0 && rowKey != here.rowKey && standsBefore(pinned.place)) ++ordinal;
+  }
+  return ordinal;
+}
+
+bool IndexedList::At(std::int64_t ordinal, Place& place) {
+  if (ordinal < 0) return false;
+  std::optional<OrderPlace> raw = fences_.At(ordinal);
+  if (!raw) {
+    KeyWalker::Request request;
+    const std::int64_t all = count_.value_or(INT64_MAX);
+    const bool fromEnd = CountIsExact() && ordinal < all && all - ordinal < ordinal;
+    request.direction = fromEnd ? Opposite(forward_) : forward_;
+    request.skip = fromEnd ? all - 1 - ordinal : ordinal;
+    request.keysOnly = true;
+    walker_->Read(request, [&](const Query& row) {
+      raw = walker_->PlaceAt(row, true);
+      return true;
+    });
+  }
+  if (pinned_.empty()) {
+    if (!raw) return false;
+    place = {};
+    place.keys.assign(1, raw->rowKey);
+    place.order = std::move(raw->values);
+    return true;
+  }
+  // The number is that of the table's order: a few steps lead to the list's own.
+  Place found;
+  if (!(raw && PlaceByKey(raw->rowKey, found)) && !Last(found)) return false;
+  for (auto at = OrdinalOf(found); at && *at != ordinal; at = OrdinalOf(found))
+    if (!Step(found, *at < ordinal)) return false;
+  place = found;
+  place.ordinal = -1;
+  return true;
+}
+
+std::vector<platform::ListRow> IndexedList::Rows(const Place* from, bool forward, int count) {
+  DropStalePages();
+  if (!pinned_.empty()) return RowList::Rows(from, forward, count);
+  std::size_t row = 0;
+  const Segment* known = from == nullptr ? SegmentAtEnd(forward) : SegmentOf(*from, row);
+  if (known != nullptr) {
+    const std::size_t rows = known->page->Rows();
+    const std::size_t there = from == nullptr ? rows : forward ? rows - row - 1 : row;
+    if (there >= static_cast<std::size_t>(count) || (forward ? known->reachesEnd : known->reachesStart))
+      return RowList::Rows(from, forward, count);
+  }
+  // A window's page goes straight into its rows.
+  OrderPlace place;
+  if (from != nullptr) place = OrderOf(*from);
+  KeyWalker::Request request;
+  request.direction = forward ? forward_ : Opposite(forward_);
+  request.from = from != nullptr ? &place : nullptr;
+  request.limit = count;
+  std::vector<platform::ListRow> shown;
+  shown.reserve(static_cast<std::size_t>(count));
+  walker_->Read(request, [&](const Query& read) {
+    RowPage page(Source().Fields().size(), 1);
+    page.cells.reserve(page.columns);
+    Source().ReadCells(read, 0, page);
+    Place at;
+    at.keys.assign(1, read.Int(walker_->RowKeyAt(false)));
+    shown.push_back({{Source().Set(), KeyOf(at)}, std::move(page.cells)});
+    return true;
+  });
+  if (!forward) std::ranges::reverse(shown);
+  return shown;
+}
+
+}  // namespace engine

@@ -1,0 +1,255 @@
+#include "engine/lists/key_feed.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+
+#include "engine/rows/order_prefix.h"
+
+namespace engine {
+namespace {
+
+constexpr std::int64_t rowsBetweenPaints = 8192;
+
+// Row keys are given in a row: their span is near the number of rows that there ever were.
+std::int64_t KeySpan(RowSource& source) {
+  const PlanTable& table = source.Plan().tables.front();
+  const std::string from = table.table->rowKey + ") FROM " + table.table->storeName;
+  return source.Store().AskNumber("SELECT (SELECT max(" + from + ") - (SELECT min(" + from + ") + 1").value_or(0);
+}
+
+}  // namespace
+
+// ---- ordered by the store
+
+std::string QueryFeed::Text() const {
+  const SelectPlan& plan = source_.Plan();
+  std::string text = "SELECT " + source_.KeyList() + " FROM " + plan.from;
+  if (!plan.where.empty()) text += " WHERE " + plan.where;
+  text += " ORDER BY ";
+  for (const PlanOrder& key : plan.order) text += key.sql + (key.descending ? " DESC, " : ", ");
+  // Equal rows stand by their row keys, in the direction of the last key; the driving table's counts first.
+  const std::string direction = !plan.order.empty() && plan.order.back().descending ? " DESC" : "";
+  const auto keyOf = [&](const PlanTable& table) { return table.alias + '.' + table.table->rowKey + direction; };
+  text += keyOf(plan.tables[static_cast<std::size_t>(plan.driving)]);
+  for (std::size_t i = 0; i < plan.tables.size(); ++i)
+    if (static_cast<int>(i) != plan.driving) text += ", " + keyOf(plan.tables[i]);
+  return text;
+}
+
+bool QueryFeed::More(std::vector<std::int64_t>& keys, std::size_t, RowPage*) {
+  Query query(source_.Store(), std::string_view(Text()));
+  RowPage page(0, source_.KeyCount());
+  std::int64_t rows = 0;
+  while (query.Step()) {
+    source_.ReadKeys(query, 0, page);
+    if (++rows % rowsBetweenPaints == 0) source_.Store().ServePainting();
+  }
+  keys.insert(keys.end(), page.keys.begin(), page.keys.end());
+  return false;
+}
+
+// ---- in the order of an index
+
+bool WalkFeed::More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPage* rows) {
+  const OrderPlace from = last_;
+  KeyWalker::Request request;
+  request.direction = forward_;
+  request.from = begun_ ? &from : nullptr;
+  request.limit = static_cast<std::int64_t>(wanted);
+  request.keysOnly = rows == nullptr;
+  std::int64_t number = 0;
+  const std::int64_t read = walker_.Read(request, [&](const Query& row) {
+    keys.push_back(row.Int(walker_.RowKeyAt(request.keysOnly)));
+    if (rows != nullptr) {
+      source_.ReadCells(row, 0, *rows);
+      rows->keys.push_back(keys.back());
+    }
+    if (++number == request.limit) last_ = walker_.PlaceAt(row, request.keysOnly);
+    return true;
+  });
+  begun_ = true;
+  return read == request.limit;
+}
+
+std::int64_t WalkFeed::Estimate() { return KeySpan(source_); }
+
+// ---- without an index
+
+SortedFeed::SortedFeed(RowSource& source, OrderColumn order, bool descending)
+    : source_(source), order_(std::move(order)), descending_(descending) {
+  const PlanTable& table = source.Plan().tables.front();
+  valueOf_.text = "SELECT " + order_.sql + " FROM " + table.table->storeName + " AS " + table.alias + " WHERE " + table.alias + '.' +
+                  table.table->rowKey + " = ?1";
+}
+
+void SortedFeed::Collect() {
+  collected_ = true;
+  const SelectPlan& plan = source_.Plan();
+  const std::string select = "SELECT " + order_.sql + ", " + source_.KeyList() + " FROM " + plan.from;
+  constexpr std::int64_t mostReserved = 1 << 23;
+  if (plan.where.empty()) {
+    entries_.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(KeySpan(source_), 0, mostReserved)));
+    SqlText all(select + " NOT INDEXED");
+    CollectFrom(all, 0, 0);
+  } else if (SqlText some(select + " WHERE " + plan.where); LooksAtAllRows(some)) {
+    CollectBySlices(select + " NOT INDEXED WHERE (" + plan.where + ")");
+  } else {
+    CollectFrom(some, 0, 0);
+  }
+  if (!entries_.empty()) ends_.push_back(entries_.size());
+}
+
+void SortedFeed::CollectFrom(SqlText& text, std::int64_t from, std::int64_t to) {
+  Query query(source_.Store(), text);
+  if (from != to) {
+    query.Bind(1, from);
+    query.Bind(2, to);
+  }
+  std::int64_t rows = 0;
+  while (query.Step()) {
+    const OrderStart start = OrderStartOf(query, 0, order_.type);
+    entries_.emplace_back(start.prefix, query.Int(1), !start.whole);
+    if (++rows % rowsBetweenPaints == 0) source_.Store().ServePainting();
+  }
+}
+
+// Whether the store goes through the whole of a long table for a filter. One that asks other tables would ask them anew for
+// each slice and is left whole.
+bool SortedFeed::LooksAtAllRows(const SqlText& some) {
+  if (source_.Plan().where.find("SELECT") != std::string::npos || KeySpan(source_) <= 2 * rowsBetweenPaints) return false;
+  Query way(source_.Store(), std::string_view("EXPLAIN QUERY PLAN " + some.text));
+  return way.Step() && way.Text(3).starts_with("SCAN");
+}
+
+// A filter that few rows pass gives no row to pause at: the table is taken by stretches of row keys.
+void SortedFeed::CollectBySlices(const std::string& filtered) {
+  const std::string rowKey = source_.KeyList();
+  const PlanTable& table = source_.Plan().tables.front();
+  const auto end = [&](const char* function) {
+    return source_.Store()
+        .AskNumber(std::string("SELECT ") + function + "(" + table.table->rowKey + ") FROM " + table.table->storeName)
+        .value_or(0);
+  };
+  SqlText slice(filtered + " AND " + rowKey + " > ?1 AND " + rowKey + " <= ?2");
+  Transaction oneState(source_.Store(), Transaction::Kind::Read);
+  const std::int64_t last = end("max");
+  std::int64_t width = 2 * rowsBetweenPaints;
+  for (std::int64_t from = end("min") - 1; from < last;) {
+    const auto begun = std::chrono::steady_clock::now();
+    CollectFrom(slice, from, from + width);
+    from += width;
+    source_.Store().ServePainting();
+    // Keys can lie thinly: empty stretches are crossed faster.
+    width = std::chrono::steady_clock::now() - begun < std::chrono::milliseconds(1) ? width * 2 : 2 * rowsBetweenPaints;
+  }
+  oneState.Commit();
+}
+
+bool SortedFeed::Before(const Entry& left, const Entry& right) const {
+  const bool less = left.prefix != right.prefix ? left.prefix < right.prefix : left.RowKey() < right.RowKey();
+  const bool same = left.prefix == right.prefix && left.RowKey() == right.RowKey();
+  return descending_ ? !less && !same : less;
+}
+
+// Brings the entries of a piece that stand in its first eighth, near enough, to its front, by what `key` takes of them; where
+// the others begin. Entries of one key stay together, and so some may be all.
+template <class Key>
+std::size_t SortedFeed::Divide(std::size_t from, std::size_t to, Key key) {
+  constexpr std::size_t entriesBetweenPaints = 1 << 19;
+  std::array<decltype(key(entries_[from])), 64> some{};
+  for (std::size_t i = 0; i < some.size(); ++i) some[i] = key(entries_[from + (to - from) * i / some.size()]);
+  const auto eighth = some.begin() + (descending_ ? some.size() - some.size() / 8 : some.size() / 8);
+  std::ranges::nth_element(some, eighth);
+  const auto bringForward = [&](bool withEighth) {
+    std::size_t cut = from;
+    for (std::size_t i = from; i < to; ++i) {
+      const auto own = key(entries_[i]);
+      if (own == *eighth ? withEighth : descending_ ? own > *eighth : own < *eighth) std::swap(entries_[cut++], entries_[i]);
+      // Only before the first rows: later the windows have the list, and would read on in it.
+      if (given_ == 0 && i % entriesBetweenPaints == 0) source_.Store().ServePainting();
+    }
+    return cut;
+  };
+  const std::size_t cut = bringForward(true);
+  return cut == to ? bringForward(false) : cut;
+}
+
+// Cuts a part off the first unsorted piece until it is short enough to be sorted as a whole. False when it is.
+bool SortedFeed::SplitFirst() {
+  constexpr std::size_t shortPiece = 256;
+  if (ends_.empty()) return false;
+  const std::size_t end = ends_.back();
+  if (end - given_ <= shortPiece) return false;
+  const auto all = [&](auto test) {
+    return std::all_of(entries_.begin() + static_cast<std::ptrdiff_t>(given_), entries_.begin() + static_cast<std::ptrdiff_t>(end), test);
+  };
+  const std::uint64_t start = entries_[given_].prefix;
+  if (!all([start](const Entry& entry) { return entry.prefix == start; })) {
+    ends_.push_back(Divide(given_, end, [](const Entry& entry) { return entry.prefix; }));
+    return true;
+  }
+  // Equal keys stand by their row keys; where the start is not the whole key, only the full keys order them.
+  if (!PrefixDecides(order_.type) && !all([](const Entry& entry) { return !entry.Partial(); })) return false;
+  ends_.push_back(Divide(given_, end, [](const Entry& entry) { return entry.RowKey(); }));
+  return true;
+}
+
+bool SortedFeed::Prepare() {
+  if (!collected_) {
+    Collect();
+    return true;
+  }
+  return SplitFirst();
+}
+
+bool SortedFeed::More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPage*) {
+  if (!collected_) Collect();
+  std::size_t delivered = 0;
+  while (delivered < wanted && !ends_.empty()) {
+    while (SplitFirst()) {
+    }
+    const std::size_t end = ends_.back();
+    ends_.pop_back();
+    const auto at = [&](std::size_t place) { return entries_.begin() + static_cast<std::ptrdiff_t>(place); };
+    std::sort(at(given_), at(end), [&](const Entry& left, const Entry& right) { return Before(left, right); });
+    if (!PrefixDecides(order_.type))
+      for (std::size_t from = given_, to = given_; from < end; from = to) {
+        while (to < end && entries_[to].prefix == entries_[from].prefix) ++to;
+        const bool partial = std::any_of(at(from), at(to), [](const Entry& entry) { return entry.Partial(); });
+        if (to - from > 1 && partial) OrderTies(from, to);
+      }
+    for (std::size_t i = given_; i < end; ++i) keys.push_back(entries_[i].RowKey());
+    delivered += end - given_;
+    given_ = end;
+  }
+  if (!ends_.empty()) return true;
+  entries_ = {};
+  given_ = 0;
+  return false;
+}
+
+// Texts that begin alike: their full keys decide. Read in row key order, in which they lie beside one another.
+void SortedFeed::OrderTies(std::size_t from, std::size_t to) {
+  std::vector<std::int64_t> rowKeys;
+  for (std::size_t i = from; i < to; ++i) rowKeys.push_back(entries_[i].RowKey());
+  std::ranges::sort(rowKeys);
+  std::vector<Full> rows;
+  Transaction oneState(source_.Store(), Transaction::Kind::Read);
+  for (const std::int64_t rowKey : rowKeys) {
+    Query query(source_.Store(), valueOf_);
+    query.Bind(1, rowKey);
+    rows.push_back({query.Step() ? query.Read(0, order_.type) : platform::Value(platform::Null), rowKey});
+  }
+  oneState.Commit();
+  std::ranges::sort(rows, [&](const Full& left, const Full& right) {
+    const int order = CompareStored(order_.type, left.value, right.value);
+    if (order != 0) return descending_ ? order > 0 : order < 0;
+    return descending_ ? left.rowKey > right.rowKey : left.rowKey < right.rowKey;
+  });
+  for (std::size_t i = from; i < to; ++i) entries_[i] = Entry(entries_[i].prefix, rows[i - from].rowKey, true);
+}
+
+std::int64_t SortedFeed::Estimate() { return static_cast<std::int64_t>(entries_.size()); }
+
+}  // namespace engine

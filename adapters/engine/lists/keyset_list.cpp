@@ -1,0 +1,397 @@
+#include "engine/lists/keyset_list.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "engine/errors.h"
+
+namespace engine {
+namespace {
+
+constexpr std::size_t readRows = 128;  // up to here rows come with their keys
+constexpr std::size_t sliceKeys = 8192;
+constexpr std::size_t keptBlocks = 6;
+
+}  // namespace
+
+KeysetList::KeysetList(std::shared_ptr<RowSource> source) : RowList(std::move(source)), search_(Source(), *this) {
+  feed_ = std::make_unique<QueryFeed>(Source());
+}
+
+KeysetList::KeysetList(std::shared_ptr<RowSource> source, const Walk& walk)
+    : RowList(std::move(source)), forward_(walk.descending ? Direction::Down : Direction::Up), search_(Source(), *this) {
+  walker_ = Source().Shape().Walker(Source().Store(), walk.order, walk.index);
+  feed_ = std::make_unique<WalkFeed>(Source(), *walker_, forward_);
+}
+
+KeysetList::KeysetList(std::shared_ptr<RowSource> source, const Walk& walk, Known known) : KeysetList(std::move(source), walk) {
+  keys_ = std::move(known.keys);
+  state_.resize(keys_.size(), State::Alive);
+  filledVersion_ = known.version;
+  complete_ = true;
+  feed_.reset();
+}
+
+KeysetList::KeysetList(std::shared_ptr<RowSource> source, OrderColumn order, bool descending) : RowList(std::move(source)), search_(Source(), *this) {
+  feed_ = std::make_unique<SortedFeed>(Source(), std::move(order), descending);
+}
+
+// ---- the keys
+
+void KeysetList::ReadMore(std::size_t wanted, bool withRows) {
+  DropStaleBlocks();
+  if (state_.empty()) filledVersion_ = blocksVersion_;
+  mixed_ = mixed_ || filledVersion_ != blocksVersion_;
+  const std::size_t before = state_.size();
+  auto page = std::make_shared<RowPage>(Source().Fields().size(), Source().KeyCount());
+  if (withRows) page->cells.reserve(wanted * page->columns);
+  complete_ = !feed_->More(keys_, wanted, withRows && !mixed_ ? page.get() : nullptr);
+  if (mixed_) DropKnownKeys(before);
+  state_.resize(keys_.size() / Source().KeyCount(), State::Alive);
+  shownValid_ = false;
+  if (complete_) {
+    keys_.shrink_to_fit();
+    feed_.reset();
+  }
+  if (page->Rows() == 0) return;
+  Block block;
+  block.first = static_cast<std::int64_t>(before);
+  for (std::size_t i = 0; i < page->Rows(); ++i) block.rows.push_back(static_cast<int>(i));
+  block.page = std::move(page);
+  blocks_.push_front(std::move(block));
+}
+
+// A row that somebody has moved along the index between two readings would come twice.
+void KeysetList::DropKnownKeys(std::size_t from) {
+  NumberKeys();
+  keys_.erase(std::remove_if(keys_.begin() + static_cast<std::ptrdiff_t>(from), keys_.end(),
+                             [&](std::int64_t key) { return ordinals_.contains(key); }),
+              keys_.end());
+}
+
+void KeysetList::NumberKeys() {
+  for (; ordinalsFor_ < state_.size(); ++ordinalsFor_) ordinals_.emplace(keys_[ordinalsFor_], static_cast<std::int64_t>(ordinalsFor_));
+}
+
+bool KeysetList::Reach(std::int64_t ordinal, bool withRows) {
+  // A walk reads rows with their keys, twice as many each time; a window reads the keys that it is missing.
+  while (ordinal >= Size() && !complete_) {
+    const auto missing = static_cast<std::size_t>(ordinal + 1 - Size());
+    if (missing > readRows)
+      ReadMore(sliceKeys, false);
+    else
+      ReadMore(withRows ? std::max(missing, std::min(state_.size(), readRows)) : missing, withRows);
+  }
+  return ordinal >= 0 && ordinal < Size();
+}
+
+void KeysetList::FillAll() {
+  while (!complete_) ReadMore(sliceKeys, false);
+}
+
+std::optional<std::int64_t> KeysetList::OrdinalOfKey(std::int64_t rowKey) {
+  FillAll();
+  NumberKeys();
+  const auto found = ordinals_.find(rowKey);
+  return found == ordinals_.end() ? std::nullopt : std::optional(found->second);
+}
+
+void KeysetList::MarkGone(std::int64_t ordinal, State state) {
+  State& now = state_[static_cast<std::size_t>(ordinal)];
+  if (now == State::Alive) ++missing_;
+  if (state == State::Deleted && now != State::Deleted) ++deleted_;
+  if (now != State::Deleted) now = state;
+  shownValid_ = false;
+}
+
+// ---- rows
+
+void KeysetList::DropStaleBlocks() {
+  const std::uint64_t version = Source().RecentVersion();
+  if (version == blocksVersion_) return;
+  blocks_.clear();
+  blocksVersion_ = version;
+}
+
+const KeysetList::Block* KeysetList::BlockWith(std::int64_t ordinal) {
+  for (auto block = blocks_.begin(); block != blocks_.end(); ++block) {
+    if (ordinal < block->first || ordinal >= block->first + static_cast<std::int64_t>(block->rows.size())) continue;
+    blocks_.splice(blocks_.begin(), blocks_, block);
+    return &blocks_.front();
+  }
+  return nullptr;
+}
+
+// One row where a search or bookmark led; more and more of them in a walk.
+const KeysetList::Block& KeysetList::ReadBlock(std::int64_t ordinal, bool forward) {
+  const std::int64_t size = std::int64_t{1} << std::min(2 * run_, 6);
+  Block block;
+  block.first = forward ? ordinal : std::max<std::int64_t>(0, ordinal - size + 1);
+  const std::int64_t end = forward ? std::min(Size(), ordinal + size) : ordinal + 1;
+  auto page = std::make_shared<RowPage>(Source().Fields().size(), Source().KeyCount());
+  page->cells.reserve(static_cast<std::size_t>(end - block.first) * page->columns);
+  if (!ReadAlongIndex(block, end, *page)) ReadByKeys(block, end, *page);
+  block.page = std::move(page);
+  blocks_.push_front(std::move(block));
+  if (blocks_.size() > keptBlocks) blocks_.pop_back();
+  return blocks_.front();
+}
+
+// As long as nobody has written, a stretch of the list is a stretch of the index, and read as such.
+bool KeysetList::AlongIndex(std::int64_t first, std::int64_t end, const RowSink& sink) {
+  if (end - first < 8 || !InIndexOrder()) return false;
+  std::optional<OrderPlace> before;
+  if (first > 0) {
+    before = walker_->PlaceOfRow(*KeysOf(first - 1));
+    if (!before) return false;
+  }
+  KeyWalker::Request request;
+  request.direction = forward_;
+  request.from = before ? &*before : nullptr;
+  request.limit = end - first;
+  std::int64_t next = first;
+  walker_->Read(request, [&](const Query& row) {
+    if (row.Int(walker_->RowKeyAt(false)) != *KeysOf(next)) return false;
+    sink(row);
+    return ++next < end;
+  });
+  return next == end;
+}
+
+bool KeysetList::ReadAlongIndex(Block& block, std::int64_t end, RowPage& page) {
+  const bool read = AlongIndex(block.first, end, [&](const Query& row) {
+    Source().ReadCells(row, 0, page);
+    page.keys.push_back(row.Int(walker_->RowKeyAt(false)));
+    block.rows.push_back(static_cast<int>(block.rows.size()));
+  });
+  if (read) return true;
+  block.rows.clear();
+  page.cells.clear();
+  page.keys.clear();
+  return false;
+}
+
+void KeysetList::ReadByKeys(Block& block, std::int64_t end, RowPage& page) {
+  std::optional<Transaction> oneState;
+  if (end - block.first > 1) oneState.emplace(Source().Store(), Transaction::Kind::Read);
+  for (std::int64_t i = block.first; i < end; ++i) {
+    const bool there = IsAlive(i) && Source().Fetch(KeysOf(i), page);
+    block.rows.push_back(there ? static_cast<int>(page.Rows()) - 1 : -1);
+    if (!there && IsAlive(i)) MarkGone(i, State::Gone);
+  }
+  if (oneState) oneState->Commit();
+}
+
+void KeysetList::SetPlace(Place& place, std::int64_t ordinal) const {
+  place.keys.assign(KeysOf(ordinal), KeysOf(ordinal) + Source().KeyCount());
+  place.ordinal = ordinal;
+}
+
+bool KeysetList::Visit(std::int64_t ordinal, Place& place, bool forward) {
+  DropStaleBlocks();
+  const Block* block = BlockWith(ordinal);
+  if (block == nullptr) block = &ReadBlock(ordinal, forward);
+  const int row = block->rows[static_cast<std::size_t>(ordinal - block->first)];
+  if (row < 0) return false;
+  place.page = block->page;
+  place.row = static_cast<std::size_t>(row);
+  place.ordinal = ordinal;
+  // As they were read: what follows from the row's fields may have changed since the list was opened.
+  place.keys.assign(place.page->KeysOf(place.row), place.page->KeysOf(place.row) + Source().KeyCount());
+  return true;
+}
+
+// ---- walking
+
+bool KeysetList::WalkFrom(Place& place, std::int64_t from, bool forward) {
+  for (std::int64_t i = from; forward ? Reach(i) : i >= 0; i += forward ? 1 : -1) {
+    if (!IsAlive(i)) continue;
+    ++run_;
+    if (Visit(i, place, forward)) return true;
+  }
+  return false;
+}
+
+bool KeysetList::First(Place& place) {
+  DropStaleBlocks();
+  run_ = 2;
+  return WalkFrom(place, 0, true);
+}
+
+bool KeysetList::Last(Place& place) {
+  FillAll();
+  DropStaleBlocks();
+  run_ = 0;
+  return WalkFrom(place, Size() - 1, false);
+}
+
+bool KeysetList::Next(Place& place) { return WalkFrom(place, place.ordinal + 1, true); }
+bool KeysetList::Previous(Place& place) { return WalkFrom(place, place.ordinal - 1, false); }
+
+// ---- bookmarks: the row's number
+
+std::string KeysetList::KeyOf(const Place& place) const {
+  std::string key(sizeof(place.ordinal), '\0');
+  std::memcpy(key.data(), &place.ordinal, sizeof(place.ordinal));
+  return key;
+}
+
+bool KeysetList::WindowPlace(const std::string& key, Place& place) {
+  std::int64_t ordinal = 0;
+  if (key.size() != sizeof(ordinal)) throw errors::BadBookmark();
+  std::memcpy(&ordinal, key.data(), sizeof(ordinal));
+  if (!Reach(ordinal)) throw errors::BadBookmark();
+  if (state_[static_cast<std::size_t>(ordinal)] == State::Deleted) return false;
+  place = {};
+  SetPlace(place, ordinal);
+  return true;
+}
+
+Place KeysetList::PlaceOf(const std::string& key) {
+  Place place;
+  run_ = 0;
+  DropStaleBlocks();
+  if (!WindowPlace(key, place) || !Visit(place.ordinal, place)) throw errors::RecordDeleted();
+  return place;
+}
+
+bool KeysetList::Find(std::string_view criterion, const Place* after, Place& found) {
+  run_ = 0;
+  return search_.Find(criterion, after, found);
+}
+
+// ---- own changes
+
+Place KeysetList::Added(const std::vector<std::int64_t>& keys) {
+  keys_.insert(keys_.end(), keys.begin(), keys.end());
+  state_.push_back(State::Alive);
+  shownValid_ = false;
+  ownRows_.push_back(Size() - 1);
+  Place place;
+  SetPlace(place, Size() - 1);
+  return place;
+}
+
+void KeysetList::Changed(Place& place) {
+  // A row whose own change has left its partner in the join stays what it was written as.
+  FetchRow(place, RowSource::Missing::Null);
+  if (std::ranges::find(ownRows_, place.ordinal) == ownRows_.end()) ownRows_.push_back(place.ordinal);
+}
+
+void KeysetList::Deleted(const Place& place) {
+  MarkGone(place.ordinal, State::Deleted);
+  // Other rows of a join can have lost the same record; they are found gone when they are visited.
+  std::erase(ownRows_, place.ordinal);
+}
+
+// ---- numbers and windows
+
+std::int64_t KeysetList::RowsReached() {
+  Place place;
+  if (Size() == missing_ && !complete_) Reach(Size());
+  return Size() - missing_;
+}
+
+std::int64_t KeysetList::Count() {
+  if (complete_) return Size() - deleted_;
+  return std::max(Size(), feed_->Estimate()) - deleted_;
+}
+
+// Own deletes leave the list; a row that others have deleted keeps its line.
+const std::vector<std::int64_t>& KeysetList::Shown() {
+  if (!shownValid_) {
+    shown_.clear();
+    for (std::int64_t i = 0; i < Size(); ++i)
+      if (state_[static_cast<std::size_t>(i)] != State::Deleted) shown_.push_back(i);
+    shownValid_ = true;
+  }
+  return shown_;
+}
+
+bool KeysetList::At(std::int64_t ordinal, Place& place) {
+  if (ordinal < 0 || !Reach(ordinal + deleted_)) return false;
+  std::int64_t number = ordinal;
+  if (deleted_ > 0) {
+    const auto& shown = Shown();
+    if (static_cast<std::size_t>(ordinal) >= shown.size()) return false;
+    number = shown[static_cast<std::size_t>(ordinal)];
+  }
+  place = {};
+  SetPlace(place, number);
+  return true;
+}
+
+std::optional<std::int64_t> KeysetList::OrdinalOf(const Place& place) {
+  if (deleted_ == 0) return place.ordinal;
+  const auto& shown = Shown();
+  const auto found = std::ranges::lower_bound(shown, place.ordinal);
+  if (found == shown.end() || *found != place.ordinal) return {};
+  return found - shown.begin();
+}
+
+// Numbers of up to `count` rows that the list shows, in list order.
+std::vector<std::int64_t> KeysetList::NumbersFrom(std::int64_t from, bool forward, int count) {
+  std::vector<std::int64_t> numbers;
+  if (forward) Reach(from + count - 1, false);
+  for (std::int64_t i = from; static_cast<int>(numbers.size()) < count && (forward ? Reach(i) : i >= 0); i += forward ? 1 : -1)
+    if (state_[static_cast<std::size_t>(i)] != State::Deleted) numbers.push_back(i);
+  if (!forward) std::ranges::reverse(numbers);
+  return numbers;
+}
+
+// A window's page is read as a whole and moves into its rows.
+std::vector<platform::ListRow> KeysetList::Rows(const Place* from, bool forward, int count) {
+  if (count <= 0) return {};
+  if (from == nullptr && !forward) FillAll();
+  const std::int64_t start = from != nullptr ? from->ordinal + (forward ? 1 : -1) : forward ? 0 : Size() - 1;
+  const std::vector<std::int64_t> numbers = NumbersFrom(start, forward, count);
+  std::vector<platform::ListRow> rows;
+  if (numbers.empty()) return rows;
+  DropStaleBlocks();
+  const Block* known = BlockWith(numbers.front());
+  if (known != nullptr && BlockWith(numbers.back()) == known) {
+    for (const std::int64_t number : numbers) {
+      Place place;
+      if (!Visit(number, place)) SetPlace(place, number);
+      rows.push_back(ShownRow(place));
+    }
+    return rows;
+  }
+  const std::int64_t end = numbers.back() + 1;
+  if (end - numbers.front() == static_cast<std::int64_t>(numbers.size())) {
+    const bool read = AlongIndex(numbers.front(), end, [&](const Query& row) {
+      RowPage cells(Source().Fields().size(), 1);
+      cells.cells.reserve(cells.columns);
+      Source().ReadCells(row, 0, cells);
+      Place place;
+      SetPlace(place, numbers[rows.size()]);
+      rows.push_back({{Source().Set(), KeyOf(place)}, std::move(cells.cells)});
+    });
+    if (read) return rows;
+    rows.clear();
+  }
+  Block block;
+  block.first = numbers.front();
+  RowPage page(Source().Fields().size(), Source().KeyCount());
+  page.cells.reserve(static_cast<std::size_t>(end - block.first) * page.columns);
+  ReadByKeys(block, end, page);
+  for (const std::int64_t number : numbers) {
+    Place place;
+    SetPlace(place, number);
+    rows.push_back(ShownRow(place));
+    const int row = block.rows[static_cast<std::size_t>(number - block.first)];
+    if (row < 0) continue;
+    const auto cells = page.cells.begin() + static_cast<std::ptrdiff_t>(static_cast<std::size_t>(row) * page.columns);
+    rows.back().cells.assign(std::make_move_iterator(cells), std::make_move_iterator(cells + static_cast<std::ptrdiff_t>(page.columns)));
+  }
+  return rows;
+}
+
+bool KeysetList::IdleSlice() {
+  if (complete_) return false;
+  if (feed_->Prepare()) return true;
+  ReadMore(sliceKeys, false);
+  return !complete_;
+}
+
+}  // namespace engine

@@ -1,0 +1,51 @@
+#include "engine/lists/row_list.h"
+
+#include <algorithm>
+
+#include "engine/errors.h"
+
+namespace engine {
+
+bool RowList::Fetch(Place& place) { return FetchRow(place, RowSource::Missing::Gone); }
+
+bool RowList::FetchRow(Place& place, RowSource::Missing missing) {
+  auto page = std::make_shared<RowPage>(source_->Plan().columns.size(), source_->KeyCount());
+  page->cells.reserve(page->columns);
+  if (!source_->Fetch(place.keys.data(), *page, missing)) return false;
+  place.keys = page->keys;
+  place.page = std::move(page);
+  place.row = 0;
+  return true;
+}
+
+bool RowList::WindowPlace(const std::string& key, Place& place) {
+  try {
+    place = PlaceOf(key);
+    return true;
+  } catch (const platform::Error& error) {
+    if (error.Number() != errors::RecordDeleted().Number()) throw;
+    return false;
+  }
+}
+
+platform::ListRow RowList::ShownRow(const Place& place) const {
+  if (place.page == nullptr) return {{source_->Set(), KeyOf(place)}, {}};
+  const platform::Value* cells = place.page->CellsOf(place.row);
+  return {{source_->Set(), KeyOf(place)}, std::vector<platform::Value>(cells, cells + source_->Fields().size())};
+}
+
+std::vector<platform::ListRow> RowList::Rows(const Place* from, bool forward, int count) {
+  std::vector<platform::ListRow> rows;
+  Place place;
+  if (from != nullptr) place = *from;
+  for (int i = 0; i < count; ++i) {
+    const bool atEnd = from == nullptr && i == 0;
+    const bool moved = forward ? (atEnd ? First(place) : Next(place)) : (atEnd ? Last(place) : Previous(place));
+    if (!moved) break;
+    rows.push_back(ShownRow(place));
+  }
+  if (!forward) std::ranges::reverse(rows);
+  return rows;
+}
+
+}  // namespace engine

@@ -1,0 +1,244 @@
+#include "engine/rows/key_walker.h"
+
+#include <cassert>
+#include <compare>
+
+#include "engine/text/text_order.h"
+
+namespace engine {
+namespace {
+
+using platform::FieldType;
+using platform::Value;
+
+template <class T>
+int CompareAs(const Value& left, const Value& right) {
+  const T& a = left.As<T>();
+  const T& b = right.As<T>();
+  return a < b ? -1 : b < a ? 1 : 0;
+}
+
+}  // namespace
+
+int CompareStored(FieldType type, const Value& left, const Value& right) {
+  if (left.IsNull() || right.IsNull()) return (left.IsNull() ? 0 : 1) - (right.IsNull() ? 0 : 1);
+  switch (type) {
+    case FieldType::Boolean:
+      return CompareAs<bool>(right, left);  // True is -1
+    case FieldType::Byte:
+      return CompareAs<std::uint8_t>(left, right);
+    case FieldType::Short:
+      return CompareAs<std::int16_t>(left, right);
+    case FieldType::Long:
+    case FieldType::Counter:
+      return CompareAs<std::int32_t>(left, right);
+    case FieldType::Currency:
+      return CompareAs<platform::Currency>(left, right);
+    case FieldType::Double:
+      return CompareAs<double>(left, right);
+    case FieldType::Date:
+      return CompareAs<platform::Date>(left, right);
+    case FieldType::Text:
+    case FieldType::Memo:
+      return CompareText(left.As<std::string>(), right.As<std::string>());
+  }
+  return 0;
+}
+
+KeyWalker::KeyWalker(Connection& connection, const RowShape& shape, std::vector<OrderColumn> order, const std::string& index)
+    : connection_(connection), shape_(shape), order_(std::move(order)) {
+  const PlanTable& table = shape.plan.tables.front();
+  rowKey_ = table.alias + '.' + table.table->rowKey;
+  from_ = shape.plan.from;
+  if (!index.empty())
+    from_ += " INDEXED BY " + QuoteName(index);
+  else if (order_.empty() && shape.plan.where.empty())
+    from_ += " NOT INDEXED";
+  for (const OrderColumn& column : order_) keyColumns_ += column.sql + ", ";
+  keyColumns_ += rowKey_;
+}
+
+// Only the list's own pages are read without exception; the other statements are put together when they are first needed.
+const SqlText& KeyWalker::Ready(SqlText& text, std::string_view columns, bool filtered) const {
+  if (!text.text.empty()) return text;
+  const SelectPlan& plan = shape_.plan;
+  const PlanTable& table = plan.tables.front();
+  text.text.append("SELECT ").append(columns).append(" FROM ");
+  text.text += filtered ? plan.from : table.table->storeName + " AS " + table.alias;
+  text.text += " WHERE " + rowKey_ + " = ?1";
+  if (filtered && !plan.where.empty()) text.text += " AND (" + plan.where + ")";
+  return text;
+}
+
+bool KeyWalker::ReadRow(std::int64_t rowKey, const Sink& sink) {
+  if (row_.text.empty()) Ready(row_, shape_.columnList + ", " + keyColumns_, false);
+  Query query(connection_, row_);
+  query.Bind(1, rowKey);
+  if (!query.Step()) return false;
+  sink(query);
+  return true;
+}
+
+std::optional<OrderPlace> KeyWalker::PlaceOfRow(std::int64_t rowKey) {
+  Ready(placeOfRow_, keyColumns_, false);
+  Query query(connection_, placeOfRow_);
+  query.Bind(1, rowKey);
+  if (!query.Step()) return {};
+  return PlaceAt(query, true);
+}
+
+bool KeyWalker::InFilter(std::int64_t rowKey) {
+  if (shape_.plan.where.empty()) return true;
+  Ready(inFilter_, rowKey_, true);
+  Query query(connection_, inFilter_);
+  query.Bind(1, rowKey);
+  return query.Step();
+}
+
+std::int64_t KeyWalker::CountAll() {
+  const SelectPlan& plan = shape_.plan;
+  if (count_.text.empty()) count_.text = "SELECT count(*) FROM " + plan.from + (plan.where.empty() ? "" : " WHERE " + plan.where);
+  Query query(connection_, count_);
+  return query.Step() ? query.Int(0) : 0;
+}
+
+std::int64_t KeyWalker::CountBelow(const OrderPlace& place) {
+  Request request;
+  request.direction = Direction::Down;
+  request.from = &place;
+  std::int64_t count = 0;
+  Transaction oneState(connection_, Transaction::Kind::Read);
+  for (const Level& level : LevelsFor(request)) {
+    Query query(connection_, std::string_view("SELECT count(*) FROM " + from_ + " WHERE " + ConditionOf(request, level)));
+    BindPlace(query, request, level);
+    if (query.Step()) count += query.Int(0);
+  }
+  oneState.Commit();
+  return count;
+}
+
+void KeyWalker::BindPlace(Query& query, const Request& request, const Level& level) const {
+  if (request.from == nullptr) return;
+  for (std::size_t i = 0; i < order_.size(); ++i)
+    if (i < level.equal || (i == level.equal && level.step == Step::BehindColumn))
+      query.Bind(static_cast<int>(i) + 1, request.from->values[i]);
+  if (level.step == Step::BehindRow) query.Bind(static_cast<int>(order_.size()) + 1, request.from->rowKey);
+}
+
+std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
+  std::int64_t left = request.limit;
+  const std::vector<Level> levels = LevelsFor(request);
+  std::optional<Transaction> oneState;
+  if (levels.size() > 1 && left > 1) oneState.emplace(connection_, Transaction::Kind::Read);
+  bool goOn = true;
+  for (const Level& level : levels) {
+    if (left == 0 || !goOn) break;
+    SqlText own;
+    Query query(connection_, Statement(request, level, own));
+    BindPlace(query, request, level);
+    const int more = static_cast<int>(order_.size()) + 2;
+    query.Bind(more, left);
+    query.Bind(more + 1, request.skip);
+    if (request.bounds != nullptr) {
+      if (request.bounds->lower) query.Bind(more + 2, std::string_view(*request.bounds->lower));
+      if (request.bounds->upper) query.Bind(more + 3, std::string_view(*request.bounds->upper));
+    }
+    if (request.conditionText) query.Bind(ConditionTextAt(), *request.conditionText);
+    while (left > 0 && query.Step()) {
+      --left;
+      if (!sink(query)) {
+        goOn = false;
+        break;
+      }
+    }
+  }
+  if (oneState) oneState->Commit();
+  return request.limit - left;
+}
+
+// From the longest run of equal columns to none: together the statements deliver the rows in order.
+std::vector<KeyWalker::Level> KeyWalker::LevelsFor(const Request& request) const {
+  if (request.from == nullptr) return {{Step::All, 0}};
+  std::vector<Level> levels{{Step::BehindRow, order_.size()}};
+  if (request.equalsOnly) return levels;
+  for (std::size_t equal = order_.size(); equal-- > 0;) {
+    const bool isNull = request.from->values[equal].IsNull();
+    if (request.direction == Direction::Up) {
+      levels.push_back({isNull ? Step::NotNull : Step::BehindColumn, equal});
+    } else if (!isNull) {
+      levels.push_back({Step::BehindColumn, equal});
+      // Rows without a value stand below all values; bounds are on values.
+      if (request.bounds == nullptr || equal > 0) levels.push_back({Step::NullBlock, equal});
+    }
+  }
+  return levels;
+}
+
+SqlText& KeyWalker::Statement(const Request& request, const Level& level, SqlText& own) {
+  if (!request.condition.empty() || !request.flag.empty() || request.bounds != nullptr) {
+    own.text = StatementText(request, level);
+    return own;
+  }
+  const unsigned code = static_cast<unsigned>(level.step) | (request.direction == Direction::Up ? 0U : 8U) | (request.keysOnly ? 16U : 0U) |
+                        static_cast<unsigned>(level.equal) << 5;
+  SqlText& kept = statements_[code];
+  if (kept.text.empty()) kept.text = StatementText(request, level);
+  return kept;
+}
+
+std::string KeyWalker::StatementText(const Request& request, const Level& level) const {
+  std::string text = "SELECT ";
+  if (!request.keysOnly) text += shape_.columnList + ", ";
+  text += keyColumns_;
+  if (!request.flag.empty()) text.append(", (").append(request.flag).append(")");
+  text += " FROM " + from_;
+  const std::string condition = ConditionOf(request, level);
+  if (!condition.empty()) text += " WHERE " + condition;
+  // Columns that are held equal order nothing: without them the store reads straight along the index.
+  const std::size_t ordered = level.step == Step::NullBlock ? level.equal + 1 : level.equal;
+  return text + " ORDER BY " + OrderText(request.direction, ordered) + " LIMIT ?" + std::to_string(order_.size() + 2) + " OFFSET ?" +
+         std::to_string(order_.size() + 3);
+}
+
+std::string KeyWalker::ConditionOf(const Request& request, const Level& level) const {
+  std::string text;
+  const auto add = [&](std::string_view condition) {
+    if (!text.empty()) text += " AND ";
+    text += condition;
+  };
+  const std::string beyond = request.direction == Direction::Up ? " > ?" : " < ?";
+  for (std::size_t i = 0; i < level.equal; ++i) add(order_[i].sql + " IS ?" + std::to_string(i + 1));
+  if (level.step == Step::BehindRow) add(rowKey_ + beyond + std::to_string(order_.size() + 1));
+  if (level.step == Step::BehindColumn) add(order_[level.equal].sql + beyond + std::to_string(level.equal + 1));
+  if (level.step == Step::NotNull) add(order_[level.equal].sql + " IS NOT NULL");
+  if (level.step == Step::NullBlock) add(order_[level.equal].sql + " IS NULL");
+  if (request.bounds != nullptr) {
+    if (request.bounds->lower) add(order_[0].sql + " >= ?" + std::to_string(order_.size() + 4));
+    if (request.bounds->upper) add(order_[0].sql + " < ?" + std::to_string(order_.size() + 5));
+  }
+  if (!shape_.plan.where.empty()) add("(" + shape_.plan.where + ")");
+  if (!request.condition.empty()) add("(" + std::string(request.condition) + ")");
+  return text;
+}
+
+std::string KeyWalker::OrderText(Direction direction, std::size_t from) const {
+  const std::string suffix = direction == Direction::Up ? "" : " DESC";
+  std::string text;
+  for (std::size_t i = from; i < order_.size(); ++i) text += order_[i].sql + suffix + ", ";
+  return text + rowKey_ + suffix;
+}
+
+OrderPlace KeyWalker::PlaceAt(const Query& row, bool keysOnly) const {
+  OrderPlace place;
+  for (std::size_t i = 0; i < order_.size(); ++i) place.values.push_back(row.Read(OrderAt(keysOnly) + static_cast<int>(i), order_[i].type));
+  place.rowKey = row.Int(RowKeyAt(keysOnly));
+  return place;
+}
+
+int KeyWalker::Compare(const OrderPlace& left, const OrderPlace& right) const {
+  for (std::size_t i = 0; i < order_.size(); ++i)
+    if (const int order = CompareStored(order_[i].type, left.values[i], right.values[i]); order != 0) return order;
+  return left.rowKey < right.rowKey ? -1 : right.rowKey < left.rowKey ? 1 : 0;
+}
+
+}  // namespace engine

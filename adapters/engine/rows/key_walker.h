@@ -1,0 +1,114 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "engine/rows/row_source.h"
+
+namespace engine {
+
+/// Ascending or against it, always in terms of the keys themselves.
+enum class Direction { Up, Down };
+inline Direction Opposite(Direction direction) { return direction == Direction::Up ? Direction::Down : Direction::Up; }
+
+/// A place between rows or on one: the values of the order columns and the row key.
+struct OrderPlace {
+  std::vector<platform::Value> values;
+  std::int64_t rowKey = 0;
+};
+
+/// Bounds on the first order column: lower <= key < upper; either may be missing.
+struct KeyBounds {
+  std::optional<std::string> lower;
+  std::optional<std::string> upper;
+};
+
+/// Reads one table in the order of some columns and, among equals, of its row key: from an end or from behind a place, in
+/// either direction, by one statement for each number of leading columns that stay equal. So a page costs the same
+/// wherever it stands, also inside a large group of equal keys, and nothing stays open between pages.
+class KeyWalker {
+ public:
+  /// `index`: name in the store of the index that has this order, "" to leave the choice to the store (or for row key order).
+  KeyWalker(Connection& connection, const RowShape& shape, std::vector<OrderColumn> order, const std::string& index);
+
+  const std::vector<OrderColumn>& Order() const noexcept { return order_; }
+  /// "t0.a, t0.key": the order columns and the row key.
+  const std::string& KeyColumns() const noexcept { return keyColumns_; }
+
+  struct Request {
+    Direction direction = Direction::Up;
+    const OrderPlace* from = nullptr;  ///< nullptr: from the end where the direction starts
+    std::int64_t limit = 1;
+    std::int64_t skip = 0;       ///< rows left out first; only from an end
+    bool keysOnly = false;       ///< rows without their columns
+    bool equalsOnly = false;     ///< only rows whose order columns equal those of `from`
+    std::string_view condition;  ///< one more condition on the rows, "" for none
+    /// The text behind the parameter ConditionTextAt(), if the condition has that.
+    std::optional<std::string_view> conditionText{};
+    std::string_view flag;  ///< an expression delivered behind the keys, "" for none
+    const KeyBounds* bounds = nullptr;
+  };
+  /// Takes one row; false ends the reading. Keys-only rows start with the order columns, others with the columns; then the
+  /// order columns (others), the row key, the flag.
+  using Sink = std::function<bool(const Query& row)>;
+  /// Returns the number of rows read.
+  std::int64_t Read(const Request& request, const Sink& sink);
+
+  /// The row with that key, as a full row, whatever the list's filter says; false when it is gone.
+  bool ReadRow(std::int64_t rowKey, const Sink& sink);
+  /// Where the table has the row with that key now; nothing when it is gone.
+  std::optional<OrderPlace> PlaceOfRow(std::int64_t rowKey);
+  /// Whether the list's filter takes the row; true without a filter.
+  bool InFilter(std::int64_t rowKey);
+  /// Rows that stand below the place.
+  std::int64_t CountBelow(const OrderPlace& place);
+  std::int64_t CountAll();
+
+  int ConditionTextAt() const { return static_cast<int>(order_.size()) + 6; }
+
+  /// Where the parts stand in a row of a full read.
+  int OrderAt(bool keysOnly) const { return keysOnly ? 0 : static_cast<int>(shape_.plan.columns.size()); }
+  int RowKeyAt(bool keysOnly) const { return OrderAt(keysOnly) + static_cast<int>(order_.size()); }
+  int FlagAt(bool keysOnly) const { return RowKeyAt(keysOnly) + 1; }
+  OrderPlace PlaceAt(const Query& row, bool keysOnly) const;
+
+  /// Order of two places, Null lowest: below, equal to or above 0.
+  int Compare(const OrderPlace& left, const OrderPlace& right) const;
+
+ private:
+  /// Which rows one statement takes: the first `equal` columns as in `from`, the next one beyond it.
+  enum class Step { All, BehindRow, BehindColumn, NotNull, NullBlock };
+  struct Level {
+    Step step = Step::All;
+    std::size_t equal = 0;
+  };
+  std::vector<Level> LevelsFor(const Request& request) const;
+  SqlText& Statement(const Request& request, const Level& level, SqlText& own);
+  const SqlText& Ready(SqlText& text, std::string_view columns, bool filtered) const;
+  void BindPlace(Query& query, const Request& request, const Level& level) const;
+  std::string StatementText(const Request& request, const Level& level) const;
+  std::string ConditionOf(const Request& request, const Level& level) const;
+  std::string OrderText(Direction direction, std::size_t from) const;
+
+  Connection& connection_;
+  const RowShape& shape_;
+  std::vector<OrderColumn> order_;
+  std::string rowKey_;
+  std::string from_;
+  std::string keyColumns_;
+  SqlText row_;
+  SqlText placeOfRow_;
+  SqlText inFilter_;
+  SqlText count_;
+  std::unordered_map<unsigned, SqlText> statements_;  ///< those without conditions of their own
+};
+
+/// Order of two stored values of one type, Null lowest.
+int CompareStored(platform::FieldType type, const platform::Value& left, const platform::Value& right);
+
+}  // namespace engine

@@ -1,0 +1,192 @@
+#include "engine/rows/row_editor.h"
+
+#include <algorithm>
+#include <cassert>
+
+#include "engine/errors.h"
+#include "engine/values/field_values.h"
+
+namespace engine {
+namespace {
+
+using platform::EditMode;
+using platform::FieldType;
+using platform::Value;
+
+bool HasCounter(const ResolvedTable& table) {
+  return std::ranges::any_of(table.definition.fields, [](const auto& field) { return field.type == FieldType::Counter; });
+}
+
+std::string CountersOf(const ResolvedTable& table) { return QuoteName(FileOf(table).Alias()) + ".sqlite_sequence"; }
+
+std::string HighestOf(const ResolvedTable& table) { return "(SELECT ifnull(max(" + table.rowKey + "), 0) FROM " + table.storeName + ")"; }
+
+}  // namespace
+
+std::int64_t NextCounter(Connection& connection, const ResolvedTable& table) {
+  const std::string counters = CountersOf(table);
+  const std::string highest = HighestOf(table);
+  const std::string name = QuoteText(table.definition.name);
+  std::optional<std::int64_t> number;
+  {
+    Query query(connection, std::string_view("UPDATE " + counters + " SET seq = max(seq, " + highest + ") + 1 WHERE name = " + name +
+                                             " RETURNING seq"));
+    while (query.Step()) number = query.Int(0);
+  }
+  if (!number) {
+    Query query(connection,
+                std::string_view("INSERT INTO " + counters + " (name, seq) VALUES (" + name + ", " + highest + " + 1) RETURNING seq"));
+    while (query.Step()) number = query.Int(0);
+  }
+  if (*number > INT32_MAX) throw errors::NumericOverflow();
+  return *number;
+}
+
+void RowEditor::BeginAdd() {
+  source_.RequireWritable();
+  Drop();
+  const SelectPlan& plan = source_.Plan();
+  const ResolvedTable& table = *plan.tables[static_cast<std::size_t>(plan.driving)].table;
+  if (HasCounter(table)) counter_ = NextCounter(source_.Store(), table);
+  values_.assign(plan.columns.size(), platform::Null);
+  assigned_.assign(plan.columns.size(), false);
+  for (std::size_t i = 0; i < plan.columns.size(); ++i) {
+    const platform::FieldDefinition* field = source_.DefinitionOf(static_cast<int>(i));
+    if (field == nullptr || plan.columns[i].table != plan.driving) continue;
+    values_[i] = field->type == FieldType::Counter ? Value(static_cast<std::int32_t>(*counter_)) : field->defaultValue;
+  }
+  mode_ = EditMode::Add;
+}
+
+void RowEditor::BeginEdit(const Place& row) {
+  Drop();
+  const Value* cells = row.page->CellsOf(row.row);
+  values_.assign(cells, cells + source_.Plan().columns.size());
+  assigned_.assign(values_.size(), false);
+  keys_ = row.keys;
+  mode_ = EditMode::Edit;
+}
+
+void RowEditor::Set(int index, const Value& value) {
+  if (mode_ == EditMode::None) throw errors::UpdateWithoutEdit();
+  const auto place = static_cast<std::size_t>(index);
+  const platform::FieldDefinition* field = source_.DefinitionOf(index);
+  if (field == nullptr || field->type == FieldType::Counter) throw errors::FieldLocked();
+  const auto table = static_cast<std::size_t>(source_.Plan().columns[place].table);
+  if (mode_ == EditMode::Edit && keys_[table] == noRowKey) throw errors::FieldLocked();
+  values_[place] = ConvertForField(source_.Context().clock, *field, value);
+  assigned_[place] = true;
+}
+
+void RowEditor::Drop() {
+  mode_ = EditMode::None;
+  counter_.reset();
+}
+
+std::vector<std::int64_t> RowEditor::Insert() {
+  const SelectPlan& plan = source_.Plan();
+  const ResolvedTable& table = *plan.tables[static_cast<std::size_t>(plan.driving)].table;
+  InsertRow(table);
+  auto keys = KeysOfNewRow(counter_ ? *counter_ : source_.Store().LastRowKey());
+  Drop();
+  return keys;
+}
+
+void RowEditor::InsertRow(const ResolvedTable& table) {
+  const SelectPlan& plan = source_.Plan();
+  std::string names;
+  std::string places;
+  std::vector<const Value*> values;
+  const auto add = [&](const std::string& name, const Value* value) {
+    names += (names.empty() ? "" : ", ") + name;
+    places += (places.empty() ? "?" : ", ?") + std::to_string(values.size() + 1);
+    values.push_back(value);
+  };
+  Value counter;
+  if (counter_) {
+    counter = static_cast<std::int32_t>(*counter_);
+    add(table.rowKey, &counter);
+  }
+  std::vector<int> taken;
+  for (std::size_t i = 0; i < plan.columns.size(); ++i) {
+    const PlanColumn& column = plan.columns[i];
+    const platform::FieldDefinition* field = source_.DefinitionOf(static_cast<int>(i));
+    if (field == nullptr || column.table != plan.driving || field->type == FieldType::Counter) continue;
+    if (std::ranges::find(taken, column.field) != taken.end()) continue;  // shown twice
+    taken.push_back(column.field);
+    add(QuoteName(field->name), &values_[i]);
+  }
+  const std::string text = names.empty() ? "INSERT INTO " + table.storeName + " DEFAULT VALUES"
+                                         : "INSERT INTO " + table.storeName + " (" + names + ") VALUES (" + places + ")";
+  Query query(source_.Store(), std::string_view(text));
+  for (std::size_t i = 0; i < values.size(); ++i) query.Bind(static_cast<int>(i) + 1, *values[i]);
+  query.Run();
+}
+
+// In a join the new row belongs to the rows of the other tables that it now meets.
+std::vector<std::int64_t> RowEditor::KeysOfNewRow(std::int64_t driving) {
+  const SelectPlan& plan = source_.Plan();
+  const auto own = static_cast<std::size_t>(plan.driving);
+  std::vector<std::int64_t> keys(plan.tables.size(), noRowKey);
+  keys[own] = driving;
+  if (keys.size() == 1) return keys;
+  const PlanTable& table = plan.tables[own];
+  Query query(source_.Store(), std::string_view("SELECT " + source_.KeyList() + " FROM " + plan.from + " WHERE " + table.alias + '.' +
+                                                table.table->rowKey + " = ?1 LIMIT 1"));
+  query.Bind(1, driving);
+  if (query.Step())
+    for (std::size_t i = 0; i < keys.size(); ++i)
+      if (!query.IsNull(static_cast<int>(i))) keys[i] = query.Int(static_cast<int>(i));
+  return keys;
+}
+
+void RowEditor::Write() {
+  const SelectPlan& plan = source_.Plan();
+  std::vector<std::size_t> tables;
+  for (std::size_t i = 0; i < assigned_.size(); ++i) {
+    const auto table = static_cast<std::size_t>(plan.columns[i].table);
+    if (assigned_[i] && std::ranges::find(tables, table) == tables.end()) tables.push_back(table);
+  }
+  if (tables.empty()) {
+    RowPage now(plan.columns.size(), keys_.size());
+    if (!source_.Fetch(keys_.data(), now)) throw errors::RecordDeleted();
+  } else if (tables.size() == 1) {
+    WriteTable(tables.front());
+  } else {
+    Transaction together(source_.Store(), Transaction::Kind::Write);
+    for (const std::size_t table : tables) WriteTable(table);
+    together.Commit();
+  }
+  Drop();
+}
+
+void RowEditor::WriteTable(std::size_t table) {
+  const SelectPlan& plan = source_.Plan();
+  const ResolvedTable& target = *plan.tables[table].table;
+  std::string sets;
+  std::vector<const Value*> values;
+  for (std::size_t i = 0; i < assigned_.size(); ++i) {
+    if (!assigned_[i] || static_cast<std::size_t>(plan.columns[i].table) != table) continue;
+    values.push_back(&values_[i]);
+    sets +=
+        (sets.empty() ? "" : ", ") + QuoteName(source_.DefinitionOf(static_cast<int>(i))->name) + " = ?" + std::to_string(values.size());
+  }
+  Query query(source_.Store(), std::string_view("UPDATE " + target.storeName + " SET " + sets + " WHERE " + target.rowKey + " = ?" +
+                                                std::to_string(values.size() + 1)));
+  for (std::size_t i = 0; i < values.size(); ++i) query.Bind(static_cast<int>(i) + 1, *values[i]);
+  query.Bind(static_cast<int>(values.size()) + 1, keys_[table]);
+  query.Run();
+  if (source_.Store().Changes() == 0) throw errors::RecordDeleted();
+}
+
+void RowEditor::Delete(const Place& row) {
+  const SelectPlan& plan = source_.Plan();
+  const auto driving = static_cast<std::size_t>(plan.driving);
+  const ResolvedTable& table = *plan.tables[driving].table;
+  Query query(source_.Store(), std::string_view("DELETE FROM " + table.storeName + " WHERE " + table.rowKey + " = ?1"));
+  query.Bind(1, row.keys[driving]);
+  query.Run();
+  if (source_.Store().Changes() == 0) throw errors::RecordDeleted();
+}
+
+}  // namespace engine

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "engine/rows/place.h"
+#include "engine/rows/row_source.h"
+#include "platform/data/data.h"
+
+namespace engine {
+
+/// The copy buffer of one recordset: what AddNew and Edit open, field writes fill and Update brings into the tables.
+class RowEditor {
+ public:
+  explicit RowEditor(RowSource& source) : source_(source) {}
+
+  platform::EditMode Mode() const noexcept { return mode_; }
+  const platform::Value& Field(int index) const { return values_[static_cast<std::size_t>(index)]; }
+
+  /// Opens the buffer for a new row: defaults, else Null; a Counter gets its number by a commit of its own, so that nobody else
+  /// is ever given it. Raises 3027, 3218 after the wait for a lock, 3043; no buffer is open then.
+  void BeginAdd();
+  /// Opens it with the row's present fields.
+  void BeginEdit(const Place& row);
+  /// Converts and keeps a value; a value that doesn't fit leaves the field as it was. Raises 3164 for a field that can't be written.
+  void Set(int index, const platform::Value& value);
+  void Drop();
+
+  /// Writes the new row; its keys. The buffer stays open when that fails.
+  std::vector<std::int64_t> Insert();
+  /// Writes the assigned fields, each to the table that owns it. Raises 3167 when the row is gone.
+  void Write();
+  /// Removes the row from the driving table. Raises 3167 when it is gone.
+  void Delete(const Place& row);
+
+ private:
+  void InsertRow(const ResolvedTable& table);
+  std::vector<std::int64_t> KeysOfNewRow(std::int64_t driving);
+  void WriteTable(std::size_t table);
+
+  RowSource& source_;
+  platform::EditMode mode_ = platform::EditMode::None;
+  std::vector<platform::Value> values_;
+  std::vector<bool> assigned_;
+  std::vector<std::int64_t> keys_;
+  std::optional<std::int64_t> counter_;
+};
+
+/// The table's next number, used up whether or not a row ever gets it.
+std::int64_t NextCounter(Connection& connection, const ResolvedTable& table);
+
+}  // namespace engine

@@ -1,0 +1,175 @@
+#include "engine/rows/row_source.h"
+
+#include <algorithm>
+
+#include "engine/errors.h"
+#include "engine/rows/key_walker.h"
+#include "platform/values/text.h"
+
+namespace engine {
+namespace {
+
+char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+platform::FieldInfo InfoOf(const SelectPlan& plan, const PlanColumn& column) {
+  platform::FieldInfo info;
+  info.name = column.name;
+  info.type = column.type;
+  info.size = column.size;
+  if (column.table < 0) return info;
+  const PlanTable& table = plan.tables[static_cast<std::size_t>(column.table)];
+  info.sourceTable = table.table->definition.name;
+  info.sourceField = table.table->definition.fields[static_cast<std::size_t>(column.field)].name;
+  info.updatable = plan.updatable && column.type != platform::FieldType::Counter;
+  return info;
+}
+
+}  // namespace
+
+std::size_t RowShape::NoCaseHash::operator()(std::string_view name) const noexcept {
+  std::size_t hash = 1469598103934665603ULL;
+  for (const char c : name) hash = (hash ^ static_cast<unsigned char>(LowerAscii(c))) * 1099511628211ULL;
+  return hash;
+}
+
+bool RowShape::NoCaseEqual::operator()(std::string_view left, std::string_view right) const noexcept {
+  return std::ranges::equal(left, right, {}, LowerAscii, LowerAscii);
+}
+
+RowShape::RowShape(SelectPlan given) : plan(std::move(given)) {
+  for (const PlanColumn& column : plan.columns) {
+    fields.push_back(InfoOf(plan, column));
+    byName_.emplace(column.name, static_cast<int>(fields.size()) - 1);
+    columnList += (columnList.empty() ? "" : ", ") + column.sql;
+  }
+  for (const PlanTable& table : plan.tables) {
+    keyList += (keyList.empty() ? "" : ", ") + table.alias + '.' + table.table->rowKey;
+    const auto& file = static_cast<const StoredTable&>(*table.table).file;
+    if (std::ranges::find(files, file) == files.end()) files.push_back(file);
+  }
+  fetchText = "SELECT " + columnList + ", " + keyList + " FROM " + FromByKeys();
+}
+
+int RowShape::FieldIndex(std::string_view name) const {
+  const auto found = byName_.find(name);
+  return found == byName_.end() ? -1 : found->second;
+}
+
+std::string RowShape::FromByKeys() const {
+  const auto byKey = [&](std::size_t i) {
+    return plan.tables[i].alias + '.' + plan.tables[i].table->rowKey + " = ?" + std::to_string(i + 1);
+  };
+  const auto named = [&](std::size_t i) { return plan.tables[i].table->storeName + " AS " + plan.tables[i].alias; };
+  const auto driving = static_cast<std::size_t>(plan.driving);
+  std::string from = named(driving);
+  for (const int next : plan.fetchOrder) {
+    const auto i = static_cast<std::size_t>(next);
+    if (i == driving) continue;
+    const PlanTable& table = plan.tables[i];
+    const std::string join = table.tie.empty() ? "" : '(' + table.tie + ')';
+    from += " LEFT JOIN " + named(i) + " ON " + (table.follows ? join : byKey(i) + (join.empty() ? "" : " AND " + join));
+  }
+  return from + " WHERE " + byKey(driving);
+}
+
+const std::shared_ptr<KeyWalker>& RowShape::Walker(Connection& connection, const std::vector<OrderColumn>& order,
+                                                   const std::string& index) const {
+  std::string name = index;
+  for (const OrderColumn& column : order) name += '\n' + column.sql;
+  auto& walker = walkers_[name];
+  if (!walker) walker = std::make_shared<KeyWalker>(connection, *this, order, index);
+  return walker;
+}
+
+RowSource::RowSource(EngineContext& context, std::shared_ptr<DatabaseCatalogue> catalogue, std::shared_ptr<const RowShape> shape)
+    : context_(context),
+      catalogue_(std::move(catalogue)),
+      shape_(std::move(shape)),
+      set_(context.NewSet()),
+      fetch_(shape_->fetchText),
+      others_(shape_->files.size()) {}
+
+void RowSource::BindKeys(Query& query, const std::int64_t* keys) const {
+  for (std::size_t i = 0; i < Plan().tables.size(); ++i) {
+    if (!shape_->IsKnownByKey(i)) continue;
+    keys[i] != noRowKey ? query.Bind(static_cast<int>(i) + 1, keys[i]) : query.BindNull(static_cast<int>(i) + 1);
+  }
+}
+
+// A table that follows in an outer join may have found, lost or changed its row. A row that came without a partner needs none.
+bool RowSource::AllThere(const Query& query, int first, const std::int64_t* keys) const {
+  for (std::size_t i = 0; i < Plan().tables.size(); ++i) {
+    const PlanTable& table = Plan().tables[i];
+    const bool needed = keys[i] != noRowKey && !(table.follows && table.nullable);
+    if (needed && query.IsNull(first + static_cast<int>(i))) return false;
+  }
+  return true;
+}
+
+const platform::FieldDefinition* RowSource::DefinitionOf(int column) const {
+  const PlanColumn& planned = Plan().columns[static_cast<std::size_t>(column)];
+  if (planned.table < 0) return nullptr;
+  return &Plan().tables[static_cast<std::size_t>(planned.table)].table->definition.fields[static_cast<std::size_t>(planned.field)];
+}
+
+std::uint64_t RowSource::Version() {
+  for (std::size_t i = 0; i < others_.size(); ++i) others_[i] = shape_->files[i]->OthersVersion();
+  asked_ = std::chrono::steady_clock::now();
+  return MixedVersion();
+}
+
+// Own writes are counted here and never asked for.
+std::uint64_t RowSource::RecentVersion() {
+  const auto trust = std::chrono::microseconds(context_.options.readAheadTrust);
+  return std::chrono::steady_clock::now() - asked_ < trust ? MixedVersion() : Version();
+}
+
+std::uint64_t RowSource::MixedVersion() const {
+  std::uint64_t mixed = 0;
+  for (std::size_t i = 0; i < others_.size(); ++i) {
+    mixed = (mixed * 0x9E3779B97F4A7C15ULL) ^ static_cast<std::uint64_t>(others_[i]);
+    mixed = (mixed * 0x9E3779B97F4A7C15ULL) ^ shape_->files[i]->OwnVersion();
+  }
+  return mixed;
+}
+
+void RowSource::ReadCells(const Query& query, int first, RowPage& page) const {
+  for (std::size_t i = 0; i < Plan().columns.size(); ++i) query.Append(page.cells, first + static_cast<int>(i), Plan().columns[i].type);
+}
+
+void RowSource::ReadKeys(const Query& query, int first, RowPage& page) const {
+  for (std::size_t i = 0; i < Plan().tables.size(); ++i) {
+    const int column = first + static_cast<int>(i);
+    page.keys.push_back(query.IsNull(column) ? noRowKey : query.Int(column));
+  }
+}
+
+bool RowSource::Fetch(const std::int64_t* keys, RowPage& page, Missing missing) {
+  Query query(Store(), fetch_);
+  BindKeys(query, keys);
+  const int keysAt = static_cast<int>(Plan().columns.size());
+  if (!query.Step() || (missing == Missing::Gone && !AllThere(query, keysAt, keys))) return false;
+  ReadCells(query, 0, page);
+  ReadKeys(query, keysAt, page);
+  return true;
+}
+
+SqlText RowSource::TestFor(std::string_view criterion) const {
+  return SqlText("SELECT (" + std::string(criterion) + "), " + KeyList() + " FROM " + shape_->FromByKeys());
+}
+
+bool RowSource::Test(const std::int64_t* keys, SqlText& test) {
+  Query query(Store(), test);
+  BindKeys(query, keys);
+  return query.Step() && AllThere(query, 1, keys) && !query.IsNull(0) && query.Int(0) != 0;
+}
+
+bool RowSource::Writable() const {
+  return Plan().updatable && std::ranges::none_of(shape_->files, [](const auto& file) { return file->ReadOnly(); });
+}
+
+void RowSource::RequireWritable() const {
+  if (!Writable()) throw errors::ReadOnly();
+}
+
+}  // namespace engine

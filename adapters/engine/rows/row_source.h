@@ -1,0 +1,126 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "engine/catalogue/database_catalogue.h"
+#include "engine/catalogue/engine_context.h"
+#include "engine/rows/row_page.h"
+#include "engine/translate/plan/plan.h"
+#include "platform/data/data.h"
+
+namespace engine {
+
+class KeyWalker;
+
+/// One column that orders a list.
+struct OrderColumn {
+  std::string sql;  ///< qualified by the table's alias
+  platform::FieldType type = platform::FieldType::Long;
+};
+
+/// What every opening of one statement shares: its plan, its columns by name, the parts of its statements.
+class RowShape {
+ public:
+  explicit RowShape(SelectPlan plan);
+
+  /// -1 for an unknown name.
+  int FieldIndex(std::string_view name) const;
+
+  SelectPlan plan;
+  std::vector<platform::FieldInfo> fields;
+  std::string columnList;  ///< "t0.a, t0.b, ...": the columns of a row
+  std::string keyList;     ///< the row keys of its tables
+  std::string fetchText;   ///< the row with given keys
+  std::vector<std::shared_ptr<DataFile>> files;
+
+  /// One row of a join: the driving table's by its key, the others' as the join ties them to it now, so that code and name
+  /// always stand for the same thing. Tables that no unique field ties are found by their own keys, too.
+  std::string FromByKeys() const;
+  /// Whether a row's key of that table is part of its identity; the others follow from these.
+  bool IsKnownByKey(std::size_t table) const { return !plan.tables[table].follows; }
+  /// Whether the plan's one table was too long once for its keys to be held; it is not asked again.
+  mutable bool knownLong = false;
+  /// The way through the plan's one table in that order, with its statements.
+  const std::shared_ptr<KeyWalker>& Walker(Connection& connection, const std::vector<OrderColumn>& order, const std::string& index) const;
+
+ private:
+  struct NoCaseHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view name) const noexcept;
+  };
+  struct NoCaseEqual {
+    using is_transparent = void;
+    bool operator()(std::string_view left, std::string_view right) const noexcept;
+  };
+  std::unordered_map<std::string, int, NoCaseHash, NoCaseEqual> byName_;
+  mutable std::map<std::string, std::shared_ptr<KeyWalker>> walkers_;
+};
+
+/// The rows that a plan speaks of, apart from their order: columns, files, reading a row by its keys. Shared by all that
+/// belongs to one open recordset.
+class RowSource {
+ public:
+  RowSource(EngineContext& context, std::shared_ptr<DatabaseCatalogue> catalogue, std::shared_ptr<const RowShape> shape);
+
+  EngineContext& Context() const noexcept { return context_; }
+  Connection& Store() const noexcept { return context_.connection; }
+  const RowShape& Shape() const noexcept { return *shape_; }
+  const SelectPlan& Plan() const noexcept { return shape_->plan; }
+  const std::shared_ptr<DatabaseCatalogue>& SharedCatalogue() const noexcept { return catalogue_; }
+  std::size_t KeyCount() const noexcept { return Plan().tables.size(); }
+  std::uint64_t Set() const noexcept { return set_; }
+
+  const std::vector<platform::FieldInfo>& Fields() const noexcept { return shape_->fields; }
+  /// -1 for an unknown name.
+  int FieldIndex(std::string_view name) const { return shape_->FieldIndex(name); }
+  const platform::FieldDefinition* DefinitionOf(int column) const;
+
+  /// A number that changes with each commit to one of the files, by anyone.
+  std::uint64_t Version();
+  /// The same, but in a run of calls without a pause the number found last.
+  std::uint64_t RecentVersion();
+  /// The number found last, nobody asked: an older one when others have written since.
+  std::uint64_t KnownVersion() const { return MixedVersion(); }
+
+  /// "t0.a, t0.b, ...": the columns of a row, and behind them the row keys.
+  const std::string& ColumnList() const noexcept { return shape_->columnList; }
+  const std::string& KeyList() const noexcept { return shape_->keyList; }
+  /// Reads the columns at the query's row into a page; `first` is the place of the first column.
+  void ReadCells(const Query& query, int first, RowPage& page) const;
+  void ReadKeys(const Query& query, int first, RowPage& page) const;
+
+  /// What a row is of which the join finds a part no more.
+  enum class Missing { Gone, Null };
+  /// Adds the row with these keys to the page, with the keys that its tables' rows have now; false when it is gone.
+  bool Fetch(const std::int64_t* keys, RowPage& page, Missing missing = Missing::Gone);
+  /// Whether the row with these keys is there and the criterion is true of it.
+  bool Test(const std::int64_t* keys, SqlText& test);
+  /// The statement that Test runs.
+  SqlText TestFor(std::string_view criterion) const;
+
+  bool Writable() const;
+  /// Raises 3027 when the table's file or the plan can't be written.
+  void RequireWritable() const;
+
+ private:
+  std::uint64_t MixedVersion() const;
+  void BindKeys(Query& query, const std::int64_t* keys) const;
+  bool AllThere(const Query& query, int first, const std::int64_t* keys) const;
+
+  EngineContext& context_;
+  std::shared_ptr<DatabaseCatalogue> catalogue_;
+  std::shared_ptr<const RowShape> shape_;
+  std::uint64_t set_;
+  SqlText fetch_;
+  std::vector<std::int64_t> others_;  ///< what each file told of others' commits
+  std::chrono::steady_clock::time_point asked_;
+};
+
+}  // namespace engine

@@ -1,0 +1,296 @@
+#include "engine/search/indexed_search.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "engine/text/text_order.h"
+#include "engine/translate/plan/planning.h"
+#include "engine/values/field_values.h"
+#include "platform/values/text.h"
+
+namespace engine {
+namespace {
+
+using platform::FieldType;
+using platform::Value;
+
+constexpr std::int64_t fewHits = 256;  // of another index: taken without a walk
+constexpr std::int64_t firstSliceKeys = 20'000;
+
+// How many rows are looked at in list order, before the whole table is: few beside its size, since each lies elsewhere.
+std::int64_t RowsToWalk(std::int64_t rows) { return rows <= firstSliceKeys ? 0 : std::min<std::int64_t>(rows / 512, 1024); }
+
+}  // namespace
+
+bool IndexedSearch::Find(std::string_view criterion, const Place* after, Place& found) {
+  Understand(criterion);
+  if (OnRowKey()) return ByRowKey(after, found);
+  if (OnOrderColumn()) return ByOrderColumn(after, found);
+  if (!OtherIndex().empty()) return ByOtherIndex(after, found);
+  return ByRows(after, found);
+}
+
+void IndexedSearch::Understand(std::string_view criterion) {
+  if (criterion == criterion_ && !plan_.where.empty()) return;
+  plan_ = PlanCriterion(criterion, source_.Plan(), source_.Context().dialect);
+  criterion_ = criterion;
+  test_ = {};
+  hits_.reset();
+}
+
+// ---- ways to search
+
+bool IndexedSearch::OnRowKey() const {
+  if (plan_.shape.kind != SearchShape::Kind::Equals || plan_.shape.field < 0) return false;
+  const auto& table = source_.Plan().tables.front().table->definition;
+  return table.fields[static_cast<std::size_t>(plan_.shape.field)].type == FieldType::Counter;
+}
+
+bool IndexedSearch::OnOrderColumn() const {
+  if (plan_.shape.kind == SearchShape::Kind::Scan || walker_.Order().size() != 1) return false;
+  const auto& order = source_.Plan().order;
+  return !order.empty() && order.front().field == plan_.shape.field;
+}
+
+std::string IndexedSearch::OtherIndex() const {
+  if (plan_.shape.kind == SearchShape::Kind::Scan || plan_.shape.field < 0) return {};
+  const auto& table = source_.Plan().tables.front().table->definition;
+  const std::string& field = table.fields[static_cast<std::size_t>(plan_.shape.field)].name;
+  for (const auto& index : table.indexes)
+    if (platform::EqualsNoCase(index.fields.front(), field)) return table.name + '.' + index.name;
+  return {};
+}
+
+bool IndexedSearch::ByRowKey(const Place* after, Place& found) {
+  const Value& wanted = plan_.shape.value;
+  if (wanted.Kind() != platform::ValueKind::Long) return ByRows(after, found);
+  const std::int64_t rowKey = wanted.As<std::int32_t>();
+  Place place;
+  if (!list_.RowByKey(rowKey, place)) return false;
+  if (!list_.IsPinned(rowKey) && !walker_.InFilter(rowKey)) return false;
+  if (after != nullptr && list_.ComparePlaces(place, *after) <= 0) return false;
+  found = std::move(place);
+  return true;
+}
+
+bool IndexedSearch::ByOrderColumn(const Place* after, Place& found) {
+  KeyBounds bounds;
+  if (plan_.shape.kind == SearchShape::Kind::Prefix) {
+    PrimaryRange range = PrefixRange(plan_.shape.value.As<std::string>());
+    bounds = {std::move(range.lower), std::move(range.upper)};
+  }
+  return WithPinned(Probe(after, std::move(bounds)), after, found);
+}
+
+// A criterion on an index other than the list's: few hits are simply sorted; many are common enough for a walk.
+bool IndexedSearch::ByOtherIndex(const Place* after, Place& found) {
+  const std::uint64_t version = source_.Version();
+  if (hits_ && hitsVersion_ == version) return FromHits(after, found);
+
+  std::string condition = "(" + plan_.where + ")";
+  const auto& field = source_.Plan().tables.front().table->definition.fields[static_cast<std::size_t>(plan_.shape.field)];
+  const std::string column = source_.Plan().tables.front().alias + '.' + QuoteName(field.name);
+  PrimaryRange range;
+  if (plan_.shape.kind == SearchShape::Kind::Prefix) {
+    range = PrefixRange(plan_.shape.value.As<std::string>());
+    condition += " AND " + column + " >= ?1 AND " + column + " < ?2";
+  }
+  if (!source_.Plan().where.empty()) condition += " AND (" + source_.Plan().where + ")";
+  const std::string keys = walker_.KeyColumns();
+  const auto collect = [&](std::int64_t limit) {
+    auto hits = std::make_unique<Hits>(walker_, forward_);
+    Query query(source_.Store(), std::string_view("SELECT " + keys + " FROM " + source_.Plan().from + " INDEXED BY " +
+                                                 QuoteName(OtherIndex()) + " WHERE " + condition + " LIMIT " + std::to_string(limit)));
+    if (plan_.shape.kind == SearchShape::Kind::Prefix) {
+      query.Bind(1, std::string_view(range.lower));
+      query.Bind(2, std::string_view(range.upper));
+    }
+    while (query.Step()) {
+      hits->Add(query);
+      if (hits->Size() % 8192 == 0) source_.Store().ServePainting();
+    }
+    return hits;
+  };
+  auto hits = collect(fewHits + 1);
+  if (static_cast<std::int64_t>(hits->Size()) > fewHits) {
+    if (const auto near = WalkAhead(after, found)) return *near;
+    hits = collect(-1);
+  }
+  hits_ = std::move(hits);
+  hitsVersion_ = version;
+  return FromHits(after, found);
+}
+
+bool IndexedSearch::ByRows(const Place* after, Place& found) {
+  const std::uint64_t version = source_.Version();
+  if (hits_ && hitsVersion_ == version) return FromHits(after, found);
+  if (const auto near = WalkAhead(after, found)) return *near;
+  CollectAll();
+  return FromHits(after, found);
+}
+
+// ---- their parts
+
+// Where a probe begins and ends. A place before the bounds is no start: the index is entered at the bound itself.
+bool IndexedSearch::BoundsFor(const Place* after, KeyBounds& bounds, bool& fromEnd) const {
+  fromEnd = after == nullptr;
+  if (after == nullptr) return true;
+  const FieldType type = walker_.Order().front().type;
+  const Value& here = after->order.front();
+  const bool up = forward_ == Direction::Up;
+  if (plan_.shape.kind == SearchShape::Kind::Equals) {
+    const auto& table = source_.Plan().tables.front().table->definition;
+    const Value wanted =
+        ConvertForField(source_.Store(), table.fields[static_cast<std::size_t>(plan_.shape.field)], plan_.shape.value);
+    const int order = CompareStored(type, here, wanted);
+    if (up ? order > 0 : order < 0) return false;
+    fromEnd = order != 0;
+    return true;
+  }
+  const bool belowAll = here.IsNull() || CompareText(here.As<std::string>(), *bounds.lower) < 0;
+  const bool aboveAll = !here.IsNull() && CompareText(here.As<std::string>(), *bounds.upper) >= 0;
+  if (up ? aboveAll : belowAll) return false;
+  fromEnd = up ? belowAll : aboveAll;
+  if (!fromEnd) (up ? bounds.lower : bounds.upper).reset();
+  return true;
+}
+
+std::optional<std::int64_t> IndexedSearch::Probe(const Place* after, KeyBounds bounds) {
+  if (after != nullptr && after->added > 0) return {};
+  bool fromEnd = true;
+  if (!BoundsFor(after, bounds, fromEnd)) return {};
+  OrderPlace place;
+  if (after != nullptr) place = {after->order, after->keys[0]};
+  KeyWalker::Request request;
+  request.direction = forward_;
+  request.from = fromEnd ? nullptr : &place;
+  request.equalsOnly = !fromEnd && plan_.shape.kind == SearchShape::Kind::Equals;
+  request.limit = 1 + static_cast<std::int64_t>(list_.PinnedRows().size());
+  request.keysOnly = true;
+  std::string like;
+  if (plan_.shape.kind == SearchShape::Kind::Prefix) {
+    // The pattern apart from the statement, which so need not be prepared for each search.
+    like = source_.Context().dialect.like + '(' + walker_.Order().front().sql + ", ?" +
+           std::to_string(walker_.ConditionTextAt()) + ')';
+    request.conditionText = plan_.shape.pattern;
+  }
+  request.condition = like.empty() ? std::string_view(plan_.where) : like;
+  if (bounds.lower || bounds.upper) request.bounds = &bounds;
+  std::optional<std::int64_t> hit;
+  walker_.Read(request, [&](const Query& row) {
+    const std::int64_t rowKey = row.Int(walker_.RowKeyAt(true));
+    if (!list_.IsPinned(rowKey)) hit = rowKey;
+    return !hit.has_value();
+  });
+  return hit;
+}
+
+// The next rows in list order: true or false when they decide, nothing when there are more rows behind them.
+std::optional<bool> IndexedSearch::WalkAhead(const Place* after, Place& found) {
+  const std::int64_t rows = RowsToWalk(list_.Count());
+  if (rows == 0) return {};
+  std::optional<std::int64_t> hit;
+  bool ended = true;
+  if (after == nullptr || after->added == 0) {
+    OrderPlace place;
+    if (after != nullptr) place = {after->order, after->keys[0]};
+    KeyWalker::Request request;
+    request.direction = forward_;
+    request.from = after == nullptr ? nullptr : &place;
+    request.limit = rows;
+    request.keysOnly = true;
+    request.flag = plan_.where;
+    const std::int64_t read = walker_.Read(request, [&](const Query& row) {
+      const std::int64_t rowKey = row.Int(walker_.RowKeyAt(true));
+      const int flag = walker_.FlagAt(true);
+      if (!row.IsNull(flag) && row.Int(flag) != 0 && !list_.IsPinned(rowKey)) hit = rowKey;
+      return !hit.has_value();
+    });
+    ended = read < request.limit;
+  }
+  if (!hit && !ended) return {};
+  return WithPinned(hit, after, found);
+}
+
+// The whole table in the order in which it lies.
+void IndexedSearch::CollectAll() {
+  const PlanTable& table = source_.Plan().tables.front();
+  const std::string filter = source_.Plan().where.empty() ? "" : "(" + source_.Plan().where + ") AND ";
+  Transaction oneState(source_.Store(), Transaction::Kind::Read);
+  hitsVersion_ = source_.Version();
+  hits_ = std::make_unique<Hits>(walker_, forward_);
+  const auto ask = [&](const char* function) {
+    return source_.Store()
+        .AskNumber(std::string("SELECT ") + function + "(" + table.table->rowKey + ") FROM " + table.table->storeName)
+        .value_or(0);
+  };
+  const std::int64_t first = ask("min");
+  const std::int64_t last = ask("max");
+  // A filter that asks other tables would ask them anew for each slice.
+  const bool whole = last - first < firstSliceKeys || filter.find("SELECT") != std::string::npos;
+  const std::string scan = "SELECT " + walker_.KeyColumns() + " FROM " + source_.Plan().from;
+  const std::string condition = " WHERE " + filter + "(" + plan_.where + ")";
+  if (whole) {
+    SqlText all(scan + (filter.empty() ? " NOT INDEXED" : "") + condition);
+    Collect(all, 0, 0);
+  } else {
+    const std::string rowKey = table.alias + '.' + table.table->rowKey;
+    SqlText slice(scan + " NOT INDEXED" + condition + " AND " + rowKey + " > ?1 AND " + rowKey + " <= ?2");
+    CollectBySlices(slice, first - 1, last);
+  }
+  oneState.Commit();
+}
+
+// Slice by slice, so that the windows can paint between them. Keys can lie thinly: empty stretches are crossed faster.
+void IndexedSearch::CollectBySlices(SqlText& slice, std::int64_t from, std::int64_t end) {
+  std::int64_t width = firstSliceKeys;
+  while (from < end) {
+    const auto begun = std::chrono::steady_clock::now();
+    Collect(slice, from, from + width);
+    from += width;
+    source_.Store().ServePainting();
+    width = std::chrono::steady_clock::now() - begun < std::chrono::milliseconds(1) ? width * 2 : firstSliceKeys;
+  }
+}
+
+void IndexedSearch::Collect(SqlText& scan, std::int64_t from, std::int64_t to) {
+  Query query(source_.Store(), scan);
+  if (from != to) {
+    query.Bind(1, from);
+    query.Bind(2, to);
+  }
+  while (query.Step()) hits_->Add(query);
+}
+
+bool IndexedSearch::FromHits(const Place* after, Place& found) {
+  OrderPlace place;
+  if (after != nullptr) place = {after->order, after->keys[0]};
+  std::optional<std::int64_t> hit;
+  if (after == nullptr || after->added == 0) {
+    const OrderPlace* behind = after == nullptr ? nullptr : &place;
+    auto next = hits_->FirstBehind(behind);
+    while (next && list_.IsPinned(next->rowKey)) next = hits_->FirstBehind(&*next);
+    if (next) hit = next->rowKey;
+  }
+  return WithPinned(hit, after, found);
+}
+
+// Rows that the list holds in their places are looked at one by one and compared with what the table gave.
+bool IndexedSearch::WithPinned(std::optional<std::int64_t> rowKey, const Place* after, Place& found) {
+  std::optional<Place> best;
+  Place place;
+  if (rowKey && list_.RowByKey(*rowKey, place)) best = std::move(place);
+  for (const std::int64_t pinned : list_.PinnedRows()) {
+    Place other;
+    if (!list_.RowByKey(pinned, other)) continue;
+    if (after != nullptr && list_.ComparePlaces(other, *after) <= 0) continue;
+    if (best && list_.ComparePlaces(other, *best) >= 0) continue;
+    if (test_.text.empty()) test_ = source_.TestFor(plan_.where);
+    if (source_.Test(&pinned, test_)) best = std::move(other);
+  }
+  if (!best) return false;
+  found = std::move(*best);
+  return true;
+}
+
+}  // namespace engine

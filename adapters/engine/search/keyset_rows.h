@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "engine/rows/key_walker.h"
+#include "engine/rows/place.h"
+
+namespace engine {
+
+/// What a search asks of a list of held keys.
+class KeysetRows {
+ public:
+  virtual ~KeysetRows() = default;
+
+  /// Keys held so far.
+  virtual std::int64_t Size() const = 0;
+  /// Reads on until there is a row with that number; false when there is none.
+  virtual bool Reach(std::int64_t ordinal) = 0;
+  virtual void FillAll() = 0;
+  virtual const std::int64_t* KeysOf(std::int64_t ordinal) const = 0;
+  virtual bool IsAlive(std::int64_t ordinal) const = 0;
+  /// Rows that this recordset has added or changed: they may fit or not fit apart from what the tables' order says.
+  virtual const std::vector<std::int64_t>& OwnRows() const = 0;
+  /// The row with that number, read; false when it is gone.
+  virtual bool Visit(std::int64_t ordinal, Place& place) = 0;
+  /// Number of the row with that key of the first table; the list has one table.
+  virtual std::optional<std::int64_t> OrdinalOfKey(std::int64_t rowKey) = 0;
+
+  /// Of a list in the order of an index, else nullptr.
+  virtual KeyWalker* Walker() = 0;
+  virtual Direction Forward() const = 0;
+  /// Whether nobody has written since the keys were read, so that they still are in the order of the index.
+  virtual bool InIndexOrder() = 0;
+};
+
+}  // namespace engine

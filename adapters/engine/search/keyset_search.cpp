@@ -1,0 +1,191 @@
+#include "engine/search/keyset_search.h"
+
+#include <algorithm>
+
+#include "engine/text/text_order.h"
+#include "engine/translate/plan/planning.h"
+
+namespace engine {
+namespace {
+
+// What a row of a join is known by.
+std::string KeyText(const RowSource& source, const std::int64_t* keys) {
+  std::string text;
+  for (std::size_t i = 0; i < source.KeyCount(); ++i)
+    if (source.Shape().IsKnownByKey(i)) text.append(reinterpret_cast<const char*>(keys + i), sizeof(std::int64_t));
+  return text;
+}
+
+// How many rows are looked at one by one. Of one table the one statement over all of them says the same, and is quicker
+// unless there are very few rows or very many.
+std::int64_t RowsToWalk(std::int64_t rows, bool oneTable) {
+  constexpr std::int64_t few = 64;
+  constexpr std::int64_t many = 20'000;
+  if (oneTable && rows > few && rows <= many) return 0;
+  return std::clamp<std::int64_t>(rows / 256, few, 1024);
+}
+
+}  // namespace
+
+bool KeysetSearch::Find(std::string_view criterion, const Place* after, Place& found) {
+  Understand(criterion);
+  std::int64_t from = after == nullptr ? 0 : after->ordinal + 1;
+  while (const auto hit = FirstFit(from)) {
+    if (list_.Visit(*hit, found)) return true;
+    from = *hit + 1;  // deleted by others in the meantime
+  }
+  return false;
+}
+
+void KeysetSearch::Understand(std::string_view criterion) {
+  if (criterion == criterion_ && !plan_.where.empty()) return;
+  plan_ = PlanCriterion(criterion, source_.Plan(), source_.Context().dialect);
+  criterion_ = criterion;
+  test_ = source_.TestFor(plan_.where);
+  hitsKnown_ = false;
+}
+
+std::optional<std::int64_t> KeysetSearch::FirstFit(std::int64_t from) {
+  std::int64_t hit = 0;
+  std::optional<bool> answer = ByRowKey(from, hit);
+  if (!answer) answer = ByIndex(from, hit);
+  if (!answer && hitsKnown_ && hitsVersion_ == source_.Version()) answer = FromHits(from, hit);
+  if (!answer) answer = WalkAhead(from, hit);
+  if (!answer) {
+    CollectHits();
+    answer = FromHits(from, hit);
+  }
+  return *answer ? std::optional(hit) : std::nullopt;
+}
+
+bool KeysetSearch::OnField(int& field) const {
+  field = plan_.shape.field;
+  return plan_.shape.kind != SearchShape::Kind::Scan && plan_.shape.field >= 0 && source_.KeyCount() == 1;
+}
+
+// A criterion that names one row by its key.
+std::optional<bool> KeysetSearch::ByRowKey(std::int64_t from, std::int64_t& hit) {
+  int field = -1;
+  if (!OnField(field) || plan_.shape.kind != SearchShape::Kind::Equals || plan_.shape.value.Kind() != platform::ValueKind::Long) return {};
+  const auto& definition = source_.Plan().tables.front().table->definition;
+  if (definition.fields[static_cast<std::size_t>(field)].type != platform::FieldType::Counter) return {};
+  const std::int64_t rowKey = plan_.shape.value.As<std::int32_t>();
+  const auto ordinal = list_.OrdinalOfKey(rowKey);
+  if (!ordinal || *ordinal < from || !list_.IsAlive(*ordinal)) return false;
+  hit = *ordinal;
+  return true;
+}
+
+// As long as nobody has written, the keys stand in the order of the index, and the first hit there is the first here.
+std::optional<bool> KeysetSearch::ByIndex(std::int64_t from, std::int64_t& hit) {
+  int field = -1;
+  KeyWalker* walker = list_.Walker();
+  const auto& order = source_.Plan().order;
+  if (walker == nullptr || !OnField(field) || order.empty() || order.front().field != field || walker->Order().size() != 1) return {};
+  list_.FillAll();
+  if (!list_.InIndexOrder()) return {};
+
+  std::optional<OrderPlace> place;
+  if (from > 0) {
+    if (from > list_.Size()) return false;
+    place = walker->PlaceOfRow(*list_.KeysOf(from - 1));
+    if (!place) return {};
+  }
+  KeyWalker::Request request;
+  KeyBounds bounds;
+  request.direction = list_.Forward();
+  request.from = place ? &*place : nullptr;
+  request.keysOnly = true;
+  request.condition = plan_.where;
+  const bool up = list_.Forward() == Direction::Up;
+  if (plan_.shape.kind == SearchShape::Kind::Prefix) {
+    const PrimaryRange range = PrefixRange(plan_.shape.value.As<std::string>());
+    bounds = {range.lower, range.upper};
+    request.bounds = &bounds;
+    if (place) {
+      const platform::Value& here = place->values.front();
+      const bool belowAll = here.IsNull() || CompareText(here.As<std::string>(), range.lower) < 0;
+      const bool aboveAll = !here.IsNull() && CompareText(here.As<std::string>(), range.upper) >= 0;
+      if (up ? aboveAll : belowAll) return false;
+      if (up ? belowAll : aboveAll)
+        request.from = nullptr;
+      else
+        (up ? bounds.lower : bounds.upper).reset();
+    }
+  }
+  std::optional<std::int64_t> rowKey;
+  walker->Read(request, [&](const Query& row) {
+    rowKey = row.Int(walker->RowKeyAt(true));
+    return false;
+  });
+  if (!rowKey) return false;
+  const auto ordinal = list_.OrdinalOfKey(*rowKey);
+  if (!ordinal || *ordinal < from || !list_.IsAlive(*ordinal)) return {};
+  hit = *ordinal;
+  return true;
+}
+
+// The next rows one by one: true or false when they decide, nothing when there are more rows behind them.
+std::optional<bool> KeysetSearch::WalkAhead(std::int64_t from, std::int64_t& hit) {
+  const std::int64_t end = from + RowsToWalk(list_.Size(), source_.KeyCount() == 1);
+  if (end == from) return {};
+  Transaction oneState(source_.Store(), Transaction::Kind::Read);
+  for (std::int64_t i = from; i < end; ++i) {
+    if (!list_.Reach(i)) return false;
+    if (!list_.IsAlive(i) || !source_.Test(list_.KeysOf(i), test_)) continue;
+    hit = i;
+    return true;
+  }
+  if (!list_.Reach(end)) return false;
+  return {};
+}
+
+bool KeysetSearch::IsHit(const std::int64_t* keys) const {
+  const std::size_t count = source_.KeyCount();
+  return count == 1 ? hits_.contains(*keys) : joinedHits_.contains(KeyText(source_, keys));
+}
+
+// All rows that fit, in whatever order the store finds them. Of one table its filter need not be asked again: which rows
+// belong to the list, the list knows.
+void KeysetSearch::CollectHits() {
+  const SelectPlan& plan = source_.Plan();
+  hitsVersion_ = source_.Version();
+  hits_.clear();
+  joinedHits_.clear();
+  std::string text = "SELECT " + source_.KeyList() + " FROM ";
+  if (plan.tables.size() == 1)
+    text += plan.tables.front().table->storeName + " AS " + plan.tables.front().alias + " WHERE " + plan_.where;
+  else
+    text += plan.from + " WHERE " + (plan.where.empty() ? "" : "(" + plan.where + ") AND ") + "(" + plan_.where + ")";
+  Query query(source_.Store(), std::string_view(text));
+  for (std::int64_t rows = 1; query.Step(); ++rows) {
+    RowPage row(0, source_.KeyCount());
+    source_.ReadKeys(query, 0, row);
+    if (source_.KeyCount() == 1)
+      hits_.insert(*row.KeysOf(0));
+    else
+      joinedHits_.insert(KeyText(source_, row.KeysOf(0)));
+    if (rows % 8192 == 0) source_.Store().ServePainting();
+  }
+  hitsKnown_ = true;
+}
+
+bool KeysetSearch::FromHits(std::int64_t from, std::int64_t& hit) {
+  const auto isOwn = [&](std::int64_t i) { return std::ranges::find(list_.OwnRows(), i) != list_.OwnRows().end(); };
+  const bool manyTables = source_.KeyCount() > 1;
+  // Rows that a join might not deliver any more, since they were changed here, are asked themselves.
+  std::optional<std::int64_t> ownHit;
+  if (manyTables)
+    for (const std::int64_t own : list_.OwnRows())
+      if (own >= from && list_.IsAlive(own) && (!ownHit || own < *ownHit) && source_.Test(list_.KeysOf(own), test_)) ownHit = own;
+  const bool none = hits_.empty() && joinedHits_.empty();
+  for (std::int64_t i = from; !none && list_.Reach(i) && (!ownHit || i < *ownHit); ++i) {
+    if (!list_.IsAlive(i) || !IsHit(list_.KeysOf(i)) || (manyTables && isOwn(i))) continue;
+    hit = i;
+    return true;
+  }
+  if (ownHit) hit = *ownHit;
+  return ownHit.has_value();
+}
+
+}  // namespace engine

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/translate/names/catalogue.h"
+#include "platform/data/table_definition.h"
+#include "platform/values/value.h"
+
+/// What translation makes of a statement: not one SQL text but the parts from which the cursors build their own
+/// statements (a page from a key, a count, a row by its key). All names in the SQL parts are qualified by the table's
+/// alias ("t0", "t1" ...) and quoted; literals are written in by the emitter in the store's form.
+namespace engine {
+
+/// One table occurrence of FROM.
+struct PlanTable {
+  const ResolvedTable* table = nullptr;
+  std::string alias;      ///< "t0", "t1" ... in the order of the statement
+  std::string name;       ///< the statement's own name for it
+  bool nullable = false;  ///< an outer join can leave it without a row
+  bool follows = false;   ///< in a row that is read anew: found by `tie` alone, not by its key
+  std::string tie = {};   ///< condition that ties it to the tables before it in `fetchOrder`; "" for none
+};
+
+/// One column that the recordset shows.
+struct PlanColumn {
+  std::string name;  ///< field name, alias, or "Table.field"
+  platform::FieldType type = platform::FieldType::Long;
+  int size = 0;
+  std::string sql;  ///< expression; yields the stored form of `type`
+  int table = -1;   ///< which PlanTable owns the field, -1 for a computed column
+  int field = -1;   ///< place in that table's definition
+};
+
+/// One key of ORDER BY.
+struct PlanOrder {
+  std::string sql;  ///< expression with its COLLATE where it needs one
+  bool descending = false;
+  platform::FieldType type = platform::FieldType::Long;
+  int table = -1;  ///< a bare column: its table and field; -1 for an expression
+  int field = -1;
+};
+
+/// A SELECT ready for a cursor. Row identity is the tuple of the row keys of `tables`.
+struct SelectPlan {
+  std::vector<PlanTable> tables;
+  std::string from;   ///< text behind FROM
+  std::string where;  ///< text behind WHERE, "" if none; already a Boolean expression of the store
+  std::vector<PlanColumn> columns;
+  std::vector<PlanOrder> order;
+  bool distinct = false;   ///< DISTINCT: distinct output values, read-only
+  bool aggregate = false;  ///< always one row, read-only; the columns' expressions hold the aggregates
+  bool bareTable = false;  ///< the source was a table's name alone
+  /// DISTINCTROW over tables that give no output: `tables` holds only those that give output, and `from`/`where` ask for
+  /// the others by IN or EXISTS, so that each combination of output rows comes once.
+  bool updatable = true;
+  /// Driving table for "no order: row key order", and for the exact strategy's ties: index into tables. In a join it is
+  /// the "many" side (no other table is joined to it by a unique field of its own), whose row a Delete removes. Never one
+  /// that an outer join can leave without a row.
+  int driving = 0;
+  /// In which order the tables of one row are found when it is read anew, the driving table first. Empty for a bare table.
+  std::vector<int> fetchOrder;
+};
+
+/// INSERT, DELETE or UPDATE as the store runs it.
+///
+/// INSERT and UPDATE that are `direct` run as one statement. Others can meet a value that does not convert or a text that
+/// is too long for its field: their rows are read by `source`, each value is assigned to its field by the rules of field
+/// assignment (without fail-on-error: Null where it fails), and they are written one by one.
+struct ActionPlan {
+  enum class Kind { Insert, Delete, Update } kind = Kind::Delete;
+  const ResolvedTable* target = nullptr;
+  bool direct = true;
+  /// The one statement; "" when not direct. DELETE always has it.
+  std::string sql;
+  /// The same, leaving out rows that break a key. Equal to `sql` for DELETE.
+  std::string lenientSql;
+  /// Insert: statement whose columns are the values for `targetFields`, in their order, each the stored form of its
+  /// `sourceTypes`. Update: the same with the target's row key as one more column in front.
+  std::string source;
+  std::vector<int> targetFields;
+  std::vector<platform::FieldType> sourceTypes;
+  /// Insert: the target has a Counter and `targetFields` does not hold it, so the store gives each row its number. When
+  /// they hold it, the table's next number must afterwards stand above the highest.
+  bool needsCounter = false;
+};
+
+/// How a criterion can be searched without looking at every row.
+struct SearchShape {
+  enum class Kind {
+    Scan,    ///< only by looking at rows
+    Equals,  ///< one bare column equals `value`
+    Prefix,  ///< one bare text column Like a pattern with the fixed start `value`
+  } kind = Kind::Scan;
+  int table = -1;
+  int field = -1;
+  platform::Value value;  ///< Equals: of the field's own type (Long for Byte to Counter); Prefix: the fixed start as text
+  std::string pattern;    ///< Prefix: the whole pattern
+};
+
+/// A Find criterion against an open SelectPlan's columns.
+struct CriterionPlan {
+  std::string where;  ///< Boolean expression of the store over the plan's aliases, complete (the whole Like test included)
+  SearchShape shape;
+};
+
+}  // namespace engine

@@ -1,0 +1,175 @@
+#include "engine/translate/plan/semi_join.h"
+
+#include <algorithm>
+
+#include "engine/translate/names/walk.h"
+
+namespace engine {
+namespace {
+
+struct Conjunct {
+  const sql::Expression* condition = nullptr;
+  TableSet tables = 0;
+};
+
+std::string JoinedBy(const std::vector<std::string>& parts, std::string_view word) {
+  std::string text;
+  for (const std::string& part : parts) text += (text.empty() ? "" : std::string(word)) + part;
+  return text;
+}
+
+// Two fields that the store compares without a change.
+bool ComparePlainly(const ResolvedField& left, const ResolvedField& right) {
+  const SqlType a = SqlTypeOf(left.type);
+  const SqlType b = SqlTypeOf(right.type);
+  if (a == b) return true;
+  return IsNumber(a) && IsNumber(b) && a != SqlType::Currency && b != SqlType::Currency;
+}
+
+class Builder {
+ public:
+  Builder(BoundSources& sources, const std::optional<sql::Expression>& where, TableSet kept, Emitter& emitter)
+      : sources_(sources), names_(sources.Names()), where_(where), kept_(kept), emitter_(emitter) {}
+
+  SemiJoin Run() {
+    GiveAliases('t', 'd');
+    if (!sources_.HasOuterJoin()) {
+      if (std::optional<SemiJoin> grouped = ByGroups()) return *std::move(grouped);
+    }
+    return ByKeys();
+  }
+
+ private:
+  bool IsKept(int table) const { return (kept_ & TableBit(table)) != 0; }
+
+  void GiveAliases(char kept, char others) {
+    std::vector<std::string> aliases;
+    aliases.reserve(static_cast<std::size_t>(sources_.TableCount()));
+    int keptCount = 0;
+    int otherCount = 0;
+    for (int i = 0; i < sources_.TableCount(); ++i) {
+      aliases.push_back(IsKept(i) ? kept + std::to_string(keptCount++) : others + std::to_string(otherCount++));
+    }
+    names_.SetAliases(aliases);
+  }
+
+  std::string TablesText(TableSet tables) const {
+    std::vector<std::string> parts;
+    for (int i = 0; i < sources_.TableCount(); ++i) {
+      if ((tables & TableBit(i)) != 0) parts.push_back(sources_.EmitTable(i));
+    }
+    return JoinedBy(parts, " INNER JOIN ");
+  }
+
+  // By groups --------------------------------------------------------------------------------------------------------
+
+  std::optional<SemiJoin> ByGroups() {
+    GatherConjuncts();
+    std::vector<std::string> conditions;
+    for (const Conjunct& conjunct : conjuncts_) {
+      if ((conjunct.tables & ~kept_) == 0) conditions.push_back(emitter_.Conjunct(*conjunct.condition));
+    }
+    for (TableSet rest = sources_.AllTables() & ~kept_; rest != 0;) {
+      const TableSet group = GroupOf(rest & (~rest + 1));
+      rest &= ~group;
+      std::optional<std::string> condition = GroupCondition(group);
+      if (!condition) return std::nullopt;
+      conditions.push_back(*std::move(condition));
+    }
+    return SemiJoin{.from = TablesText(kept_), .where = JoinedBy(conditions, " AND ")};
+  }
+
+  void GatherConjuncts() {
+    std::vector<const sql::Expression*> parts;
+    for (const sql::Expression* condition : sources_.Conditions()) SplitConjuncts(*condition, parts);
+    if (where_) SplitConjuncts(*where_, parts);
+    for (const sql::Expression* part : parts) conjuncts_.push_back({.condition = part, .tables = TablesOf(*part, names_)});
+  }
+
+  // The dropped tables that conditions tie to `start`, itself included.
+  TableSet GroupOf(TableSet start) const {
+    TableSet group = start;
+    for (bool grown = true; grown;) {
+      grown = false;
+      for (const Conjunct& conjunct : conjuncts_) {
+        const TableSet dropped = conjunct.tables & ~kept_;
+        if ((dropped & group) == 0 || (dropped & ~group) == 0) continue;
+        group |= dropped;
+        grown = true;
+      }
+    }
+    return group;
+  }
+
+  std::optional<std::string> GroupCondition(TableSet group) {
+    const sql::Expression* tie = nullptr;
+    std::vector<std::string> inner;
+    for (const Conjunct& conjunct : conjuncts_) {
+      if ((conjunct.tables & group) == 0) continue;
+      if ((conjunct.tables & kept_) == 0) {
+        inner.push_back(emitter_.Conjunct(*conjunct.condition));
+      } else if (tie == nullptr) {
+        tie = conjunct.condition;
+      } else {
+        return std::nullopt;
+      }
+    }
+    const std::string behind = " FROM " + TablesText(group) + (inner.empty() ? "" : " WHERE " + JoinedBy(inner, " AND ")) + ')';
+    if (tie == nullptr) return "EXISTS (SELECT 1" + behind;
+    std::optional<FieldEquality> equality = FieldEqualityOf(*tie, names_);
+    if (!equality || !ComparePlainly(equality->left, equality->right)) return std::nullopt;
+    if (!IsKept(equality->left.table)) std::swap(equality->left, equality->right);
+    if (!IsKept(equality->left.table) || IsKept(equality->right.table)) return std::nullopt;
+    const bool text = SqlTypeOf(equality->left.type) == SqlType::Text;
+    return equality->left.sql + (text ? emitter_.GetForms().Collate() : "") + " IN (SELECT " + equality->right.sql + behind;
+  }
+
+  // By keys ----------------------------------------------------------------------------------------------------------
+
+  SemiJoin ByKeys() {
+    GiveAliases('k', 'd');
+    std::string inner = " FROM " + sources_.Emit(emitter_);
+    if (where_) inner += " WHERE " + emitter_.Condition(*where_);
+    std::vector<std::string> keys;
+    std::vector<std::string> innerKeys;
+    for (int i = 0; i < sources_.TableCount(); ++i) {
+      if (!IsKept(i)) continue;
+      innerKeys.push_back(KeyOf(i));
+      keptTables_.push_back(i);
+    }
+    GiveAliases('t', 'd');
+    for (const int table : keptTables_) keys.push_back(KeyOf(table));
+    if (keptTables_.size() == 1 && (sources_.Nullable() & kept_) == 0) {
+      return {.from = sources_.EmitTable(keptTables_[0]), .where = keys[0] + " IN (SELECT " + innerKeys[0] + inner + ')'};
+    }
+    std::string list;
+    std::string joins;
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+      const std::string name = 'c' + std::to_string(i);
+      list += (i == 0 ? "" : ", ") + innerKeys[i] + " AS " + name;
+      joins += " LEFT JOIN " + sources_.EmitTable(keptTables_[i]) + " ON " + keys[i] + " = k." + name;
+    }
+    return {.from = "(SELECT DISTINCT " + list + inner + ") AS k" + joins, .where = {}};
+  }
+
+  std::string KeyOf(int table) const {
+    const StatementScope::Table& entry = names_.Tables()[static_cast<std::size_t>(table)];
+    return entry.alias + '.' + entry.table->rowKey;
+  }
+
+  BoundSources& sources_;
+  StatementScope& names_;
+  const std::optional<sql::Expression>& where_;
+  TableSet kept_;
+  Emitter& emitter_;
+  std::vector<Conjunct> conjuncts_;
+  std::vector<int> keptTables_;
+};
+
+}  // namespace
+
+SemiJoin BuildSemiJoin(BoundSources& sources, const std::optional<sql::Expression>& where, TableSet kept, Emitter& emitter) {
+  return Builder(sources, where, kept, emitter).Run();
+}
+
+}  // namespace engine

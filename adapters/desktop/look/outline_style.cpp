@@ -1,12 +1,12 @@
-#include "desktop/outline_style.h"
+#include "desktop/look/outline_style.h"
 
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QStyleOption>
 #include <algorithm>
 
-#include "desktop/icons.h"
-#include "desktop/theme.h"
+#include "desktop/look/icons.h"
+#include "desktop/look/theme.h"
 
 namespace desktop {
 

@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 #include <memory>
 
-#include "desktop/form_window.h"
+#include "desktop/window/form_window.h"
 
 // Where a window stands and how large it is.
 namespace desktop {

@@ -1,4 +1,4 @@
-#include "desktop/front_end.h"
+#include "desktop/window/front_end.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,10 +1,10 @@
-#include "desktop/icons.h"
+#include "desktop/look/icons.h"
 
 #include <QImage>
 #include <QPixmap>
 
+#include "desktop/look/theme.h"
 #include "desktop/support/desk.h"
-#include "desktop/theme.h"
 
 namespace desktop_test {
 namespace {

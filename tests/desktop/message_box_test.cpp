@@ -1,4 +1,4 @@
-#include "desktop/message_box.h"
+#include "desktop/window/message_box.h"
 
 #include <QApplication>
 #include <QPushButton>

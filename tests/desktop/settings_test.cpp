@@ -1,4 +1,4 @@
-#include "desktop/settings.h"
+#include "desktop/services/settings.h"
 
 #include <QDir>
 #include <QScreen>

@@ -8,9 +8,9 @@
 #include <QStyleOption>
 #include <cmath>
 
-#include "desktop/outline_style.h"
+#include "desktop/look/outline_style.h"
+#include "desktop/look/theme.h"
 #include "desktop/support/desk.h"
-#include "desktop/theme.h"
 
 namespace desktop_test {
 namespace {

@@ -3,8 +3,8 @@
 #include <QMenuBar>
 #include <QToolButton>
 
-#include "desktop/form_window.h"
-#include "desktop/icons.h"
+#include "desktop/look/icons.h"
+#include "desktop/window/form_window.h"
 #include "platform/host/shortcuts.h"
 
 namespace desktop {

@@ -8,7 +8,7 @@
 #include "desktop/binding/list_binding.h"
 #include "desktop/binding/simple_bindings.h"
 #include "desktop/binding/tab_binding.h"
-#include "desktop/form_window.h"
+#include "desktop/window/form_window.h"
 #include "platform/controls/common_dialog.h"
 #include "platform/controls/data_control.h"
 #include "platform/controls/report_control.h"

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <memory>
 
-#include "desktop/toolkit.h"
+#include "desktop/toolkit/toolkit.h"
 #include "platform/controls/form/control.h"
 
 namespace desktop {

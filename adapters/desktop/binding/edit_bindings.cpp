@@ -1,7 +1,7 @@
 #include "desktop/binding/edit_bindings.h"
 
 #include "desktop/controls/date_popup.h"
-#include "desktop/form_window.h"
+#include "desktop/window/form_window.h"
 
 namespace desktop {
 

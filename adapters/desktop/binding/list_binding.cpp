@@ -1,6 +1,6 @@
 #include "desktop/binding/list_binding.h"
 
-#include "desktop/form_window.h"
+#include "desktop/window/form_window.h"
 
 namespace desktop {
 

@@ -2,8 +2,8 @@
 
 #include <QSignalBlocker>
 
-#include "desktop/form_window.h"
-#include "desktop/mnemonics.h"
+#include "desktop/look/mnemonics.h"
+#include "desktop/window/form_window.h"
 
 namespace desktop {
 

@@ -3,7 +3,7 @@
 #include <QComboBox>
 #include <vector>
 
-#include "desktop/toolkit.h"
+#include "desktop/toolkit/toolkit.h"
 #include "platform/controls/combo.h"
 
 namespace desktop {

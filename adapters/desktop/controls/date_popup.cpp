@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/icons.h"
+#include "desktop/look/icons.h"
 #include "platform/values/convert.h"
 
 namespace desktop {

@@ -3,7 +3,7 @@
 #include <QPlainTextEdit>
 #include <string>
 
-#include "desktop/toolkit.h"
+#include "desktop/toolkit/toolkit.h"
 #include "platform/controls/text_box.h"
 
 namespace desktop {

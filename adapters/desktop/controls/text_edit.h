@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/toolkit.h"
+#include "desktop/toolkit/toolkit.h"
 #include "platform/controls/text_box.h"
 
 namespace desktop {

@@ -19,7 +19,7 @@
 #include "desktop/controls/spin_pair.h"
 #include "desktop/hands/input.h"
 #include "desktop/list/list_view.h"
-#include "desktop/message_box.h"
+#include "desktop/window/message_box.h"
 #include "platform/values/text.h"
 
 namespace desktop {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/front_end.h"
+#include "desktop/window/front_end.h"
 #include "platform/host/user_hands.h"
 
 namespace desktop {

@@ -7,7 +7,7 @@
 #include <QtTest/QTest>
 #include <array>
 
-#include "desktop/toolkit.h"
+#include "desktop/toolkit/toolkit.h"
 #include "platform/values/text.h"
 
 namespace desktop::input {

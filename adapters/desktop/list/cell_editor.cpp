@@ -6,7 +6,7 @@
 #include <QPainter>
 
 #include "desktop/controls/text_edit.h"
-#include "desktop/toolkit.h"
+#include "desktop/toolkit/toolkit.h"
 
 namespace desktop {
 

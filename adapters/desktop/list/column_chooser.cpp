@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 #include <memory>
 
-#include "desktop/toolkit.h"
+#include "desktop/toolkit/toolkit.h"
 
 namespace desktop {
 

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "desktop/list/list_view.h"
-#include "desktop/services.h"
-#include "desktop/toolkit.h"
+#include "desktop/services/services.h"
+#include "desktop/toolkit/toolkit.h"
 
 namespace desktop {
 

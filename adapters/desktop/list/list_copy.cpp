@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "desktop/toolkit.h"
+#include "desktop/toolkit/toolkit.h"
 
 namespace desktop {
 

@@ -9,7 +9,7 @@
 #include <algorithm>
 
 #include "desktop/list/list_view.h"
-#include "desktop/theme.h"
+#include "desktop/look/theme.h"
 #include "platform/values/text.h"
 
 namespace desktop {

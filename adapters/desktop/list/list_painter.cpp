@@ -4,8 +4,8 @@
 #include <QStyleOptionViewItem>
 #include <algorithm>
 
-#include "desktop/theme.h"
-#include "desktop/toolkit.h"
+#include "desktop/look/theme.h"
+#include "desktop/toolkit/toolkit.h"
 #include "platform/values/error.h"
 
 namespace desktop {

@@ -9,8 +9,8 @@
 #include "desktop/list/cell_editor.h"
 #include "desktop/list/list_header.h"
 #include "desktop/list/list_painter.h"
-#include "desktop/services.h"
-#include "desktop/toolkit.h"
+#include "desktop/services/services.h"
+#include "desktop/toolkit/toolkit.h"
 
 namespace desktop {
 

@@ -3,8 +3,8 @@
 
 #include "desktop/list/list_header.h"
 #include "desktop/list/list_view.h"
-#include "desktop/services.h"
-#include "desktop/toolkit.h"
+#include "desktop/services/services.h"
+#include "desktop/toolkit/toolkit.h"
 #include "platform/controls/form/form.h"
 
 // Columns: what the design gives, what the user made of them, and sideways scrolling.

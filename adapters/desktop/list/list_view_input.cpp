@@ -7,8 +7,8 @@
 
 #include "desktop/controls/text_edit.h"
 #include "desktop/list/list_act.h"
-#include "desktop/services.h"
-#include "desktop/toolkit.h"
+#include "desktop/services/services.h"
+#include "desktop/toolkit/toolkit.h"
 #include "platform/values/text.h"
 
 // What keys and clicks in a list ask of its model.

@@ -8,8 +8,8 @@
 #include "desktop/list/column_chooser.h"
 #include "desktop/list/list_act.h"
 #include "desktop/list/list_header.h"
-#include "desktop/services.h"
-#include "desktop/toolkit.h"
+#include "desktop/services/services.h"
+#include "desktop/toolkit/toolkit.h"
 #include "platform/controls/toolbar.h"
 #include "platform/host/shortcuts.h"
 

@@ -12,9 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "desktop/front_end.h"
 #include "desktop/hands/input.h"
 #include "desktop/list/list_view.h"
+#include "desktop/window/front_end.h"
 #include "engine/engine.h"
 #include "maintenance/frmCustMain.h"
 #include "session/CustSearch.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "desktop/desktop.h"
-#include "desktop/form_designs.h"
+#include "desktop/window/form_designs.h"
 #include "suite/operating_system.h"
 #include "ui_sample_screen.h"
 

@@ -5,9 +5,9 @@
 #include <QTemporaryDir>
 #include <memory>
 
-#include "desktop/front_end.h"
 #include "desktop/support/fake_rows.h"
 #include "desktop/support/sample_screen.h"
+#include "desktop/window/front_end.h"
 
 namespace desktop_test {
 

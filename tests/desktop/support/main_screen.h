@@ -6,8 +6,8 @@
 #include <QStackedWidget>
 #include <memory>
 
-#include "desktop/front_end.h"
 #include "desktop/support/fake_rows.h"
+#include "desktop/window/front_end.h"
 #include "maintenance/frmCustMain.h"
 #include "session/ModCustSch.h"
 #include "suite/operating_system.h"

@@ -1,4 +1,4 @@
-#include "desktop/outline_style.h"
+#include "desktop/look/outline_style.h"
 
 #include <QAbstractScrollArea>
 #include <QPainter>
@@ -6,8 +6,8 @@
 #include <QStyleOption>
 #include <algorithm>
 
-#include "desktop/icons.h"
-#include "desktop/theme.h"
+#include "desktop/look/icons.h"
+#include "desktop/look/theme.h"
 
 namespace desktop {
 

@@ -1,4 +1,4 @@
-#include "desktop/front_end.h"
+#include "desktop/window/front_end.h"
 
 #include <QAbstractButton>
 #include <QAbstractEventDispatcher>
@@ -8,9 +8,9 @@
 #include <QPrinter>
 #include <algorithm>
 
-#include "desktop/form_designs.h"
-#include "desktop/message_box.h"
-#include "desktop/theme.h"
+#include "desktop/look/theme.h"
+#include "desktop/window/form_designs.h"
+#include "desktop/window/message_box.h"
 
 static void LoadResources() { Q_INIT_RESOURCE(desktop); }
 

@@ -1,4 +1,4 @@
-#include "desktop/mnemonics.h"
+#include "desktop/look/mnemonics.h"
 
 namespace desktop {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "desktop/form_window.h"
+#include "desktop/window/form_window.h"
 
 namespace desktop {
 

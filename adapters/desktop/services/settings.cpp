@@ -1,6 +1,6 @@
-#include "desktop/settings.h"
+#include "desktop/services/settings.h"
 
-#include "desktop/toolkit.h"
+#include "desktop/toolkit/toolkit.h"
 
 namespace desktop {
 

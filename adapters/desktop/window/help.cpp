@@ -1,4 +1,4 @@
-#include "desktop/help.h"
+#include "desktop/window/help.h"
 
 #include <QAction>
 #include <QDialog>
@@ -12,8 +12,8 @@
 #include <QTextTable>
 #include <QVBoxLayout>
 
-#include "desktop/icons.h"
-#include "desktop/toolkit.h"
+#include "desktop/look/icons.h"
+#include "desktop/toolkit/toolkit.h"
 
 namespace desktop {
 

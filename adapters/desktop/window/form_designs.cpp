@@ -1,4 +1,4 @@
-#include "desktop/form_designs.h"
+#include "desktop/window/form_designs.h"
 
 #include "ui_frmCustMain.h"
 

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "desktop/desktop.h"
-#include "desktop/form_window.h"
-#include "desktop/services.h"
-#include "desktop/toolkit_application.h"
+#include "desktop/services/services.h"
+#include "desktop/services/toolkit_application.h"
+#include "desktop/window/form_window.h"
 #include "platform/host/front_end.h"
 
 namespace desktop {

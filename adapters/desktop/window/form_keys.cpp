@@ -2,7 +2,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
-#include "desktop/form_window.h"
+#include "desktop/window/form_window.h"
 #include "platform/controls/form/tab_control.h"
 #include "platform/controls/toolbar.h"
 #include "platform/host/shortcuts.h"

@@ -1,4 +1,4 @@
-#include "desktop/form_window.h"
+#include "desktop/window/form_window.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -13,8 +13,8 @@
 
 #include "desktop/binding/binder.h"
 #include "desktop/controls/text_edit.h"
-#include "desktop/mnemonics.h"
-#include "desktop/theme.h"
+#include "desktop/look/mnemonics.h"
+#include "desktop/look/theme.h"
 #include "platform/controls/buttons.h"
 #include "platform/controls/form/card_screen.h"
 #include "platform/controls/grid.h"

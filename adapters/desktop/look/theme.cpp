@@ -1,9 +1,9 @@
-#include "desktop/theme.h"
+#include "desktop/look/theme.h"
 
 #include <QApplication>
 #include <memory>
 
-#include "desktop/outline_style.h"
+#include "desktop/look/outline_style.h"
 
 namespace desktop::theme {
 

@@ -1,4 +1,4 @@
-#include "desktop/display_probe.h"
+#include "desktop/services/display_probe.h"
 
 #include <sys/resource.h>
 

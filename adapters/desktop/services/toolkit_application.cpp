@@ -1,8 +1,8 @@
-#include "desktop/toolkit_application.h"
+#include "desktop/services/toolkit_application.h"
 
 #include <QThread>
 
-#include "desktop/display.h"
+#include "desktop/services/display.h"
 #include "platform/values/error.h"
 
 #ifdef __linux__

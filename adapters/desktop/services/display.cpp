@@ -1,4 +1,4 @@
-#include "desktop/display.h"
+#include "desktop/services/display.h"
 
 #include <QByteArray>
 #include <QLibraryInfo>
@@ -19,7 +19,7 @@
 #include <cstring>
 #include <filesystem>
 
-#include "desktop/display_probe.h"
+#include "desktop/services/display_probe.h"
 #endif
 
 namespace desktop {

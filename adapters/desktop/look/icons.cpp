@@ -1,4 +1,4 @@
-#include "desktop/icons.h"
+#include "desktop/look/icons.h"
 
 #include <QFile>
 #include <QGuiApplication>

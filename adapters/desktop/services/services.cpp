@@ -1,4 +1,4 @@
-#include "desktop/services.h"
+#include "desktop/services/services.h"
 
 #include <utility>
 

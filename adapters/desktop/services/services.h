@@ -6,7 +6,7 @@
 #include <deque>
 #include <functional>
 
-#include "desktop/settings.h"
+#include "desktop/services/settings.h"
 
 namespace desktop {
 

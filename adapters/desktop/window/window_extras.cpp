@@ -1,4 +1,4 @@
-#include "desktop/window_extras.h"
+#include "desktop/window/window_extras.h"
 
 #include <QAction>
 #include <QLocale>
@@ -7,9 +7,9 @@
 #include <QPushButton>
 #include <QStatusBar>
 
-#include "desktop/help.h"
-#include "desktop/services.h"
-#include "desktop/toolkit.h"
+#include "desktop/services/services.h"
+#include "desktop/toolkit/toolkit.h"
+#include "desktop/window/help.h"
 #include "platform/controls/data_control.h"
 #include "platform/controls/form/card_screen.h"
 #include "platform/controls/form/tab_control.h"

@@ -1,11 +1,11 @@
-#include "desktop/message_box.h"
+#include "desktop/window/message_box.h"
 
 #include <QAbstractButton>
 #include <QPointer>
 #include <QTimer>
 #include <memory>
 
-#include "desktop/toolkit.h"
+#include "desktop/toolkit/toolkit.h"
 #include "platform/host/front_end.h"
 
 namespace desktop {

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "desktop/binding/binding.h"
-#include "desktop/services.h"
-#include "desktop/window_extras.h"
+#include "desktop/services/services.h"
+#include "desktop/window/window_extras.h"
 #include "platform/controls/form/form.h"
 
 namespace desktop {

@@ -1,4 +1,4 @@
-#include "desktop/toolkit.h"
+#include "desktop/toolkit/toolkit.h"
 
 #include "platform/values/error.h"
 

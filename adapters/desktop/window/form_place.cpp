@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "desktop/form_window.h"
+#include "desktop/window/form_window.h"
 
 // Where a window stands and how large it is.
 namespace desktop {

@@ -141,7 +141,7 @@ bool IndexedSearch::BoundsFor(const Place* after, KeyBounds& bounds, bool& fromE
   if (plan_.shape.kind == SearchShape::Kind::Equals) {
     const auto& table = source_.Plan().tables.front().table->definition;
     const Value wanted =
-        ConvertForField(source_.Store(), table.fields[static_cast<std::size_t>(plan_.shape.field)], plan_.shape.value);
+        ConvertForField(source_.Context().clock, table.fields[static_cast<std::size_t>(plan_.shape.field)], plan_.shape.value);
     const int order = CompareStored(type, here, wanted);
     if (up ? order > 0 : order < 0) return false;
     fromEnd = order != 0;

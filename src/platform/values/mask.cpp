@@ -61,8 +61,26 @@ std::string MaskDisplay(std::string_view mask, std::string_view raw) {
   return FromCodePoints(display);
 }
 
+namespace {
+
+/// Where each byte is a character, and no mask asks more of them.
+MaskedText InsertPlain(const MaskedText& before, std::size_t selected, std::string_view typed, std::size_t maxLength) {
+  const std::size_t start = std::min(before.caret, before.raw.size());
+  const std::size_t replaced = std::min(selected, before.raw.size() - start);
+  const std::size_t kept = before.raw.size() - replaced;
+  if (maxLength > 0) typed = typed.substr(0, maxLength - std::min(maxLength, kept));
+  if (typed.empty()) return before;
+  MaskedText after{before.raw, start + typed.size()};
+  after.raw.replace(start, replaced, typed);
+  return after;
+}
+
+}  // namespace
+
 MaskedText MaskInsert(std::string_view mask, const MaskedText& before, std::size_t selected, std::string_view typed,
                       std::size_t maxLength) {
+  if (mask.empty() && IsAscii(before.raw) && IsAscii(typed) && typed.find('\0') == std::string_view::npos)
+    return InsertPlain(before, selected, typed, maxLength);
   Parts parts = PartsOf(before, selected);
   std::u32string accepted = ToCodePoints(typed);
   if (!mask.empty()) std::erase_if(accepted, [](char32_t c) { return !IsDigit(c); });

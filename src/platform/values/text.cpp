@@ -1,6 +1,8 @@
 #include "platform/values/text.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 #include "platform/values/unicode.h"
 
@@ -11,9 +13,6 @@ constexpr char32_t kReplacement = 0xFFFD;
 
 unsigned char ByteAt(std::string_view text, std::size_t offset) { return static_cast<unsigned char>(text[offset]); }
 char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
-bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
 bool Continues(std::string_view text, std::size_t offset) { return offset < text.size() && (ByteAt(text, offset) & 0xC0) == 0x80; }
 
 /// Below U+0300 nothing combines, so that such texts are precomposed already.
@@ -128,6 +127,16 @@ std::string NormaliseLossy(std::string_view bytes) {
   return NothingCombines(text) ? text : Precomposed(text);
 }
 
+bool IsAscii(std::string_view text) {
+  // Eight bytes at a time: long comments are asked at each key.
+  std::size_t at = 0;
+  for (std::uint64_t word = 0; at + sizeof word <= text.size(); at += sizeof word) {
+    std::memcpy(&word, text.data() + at, sizeof word);
+    if ((word & 0x8080808080808080U) != 0) return false;
+  }
+  return std::all_of(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 std::size_t CharacterCount(std::string_view text) {
   if (IsAscii(text)) return text.size();
   std::size_t count = 0;
@@ -136,6 +145,7 @@ std::size_t CharacterCount(std::string_view text) {
 }
 
 std::size_t ByteOffset(std::string_view text, std::size_t index) {
+  if (IsAscii(text)) return std::min(index, text.size());
   std::size_t at = 0;
   for (; index > 0 && at < text.size(); --index) NextCodePoint(text, at);
   return at;

@@ -19,6 +19,8 @@ std::optional<std::string> Normalise(std::string_view bytes);
 /// As Normalise, with every invalid byte (and NUL, and kHighestCodePoint) replaced by U+FFFD, for texts that must be shown in any case.
 std::string NormaliseLossy(std::string_view bytes);
 
+/// Whether each byte is a character, below 128.
+bool IsAscii(std::string_view text);
 bool IsValidUtf8(std::string_view bytes);
 std::size_t CharacterCount(std::string_view text);
 /// Byte offset of the character at `index`, the text's size when it has fewer.

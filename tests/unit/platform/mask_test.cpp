@@ -34,6 +34,23 @@ TEST(Mask, DisplayShowsLiteralsUpToTheLastPlaceFilled) {
   EXPECT_EQ(MaskDisplay("", "any text"), "any text");
 }
 
+TEST(Mask, WithoutAMaskTheTextIsTakenAsFarAsItFits) {
+  const MaskedText inside = MaskInsert("", {"one three", 4}, 0, "two ", 0);
+  EXPECT_EQ(inside.raw, "one two three");
+  EXPECT_EQ(inside.caret, 8u);
+  const MaskedText over = MaskInsert("", {"one two", 0}, 3, "four", 9);
+  EXPECT_EQ(over.raw, "four two");
+  EXPECT_EQ(over.caret, 4u);
+  const MaskedText full = MaskInsert("", {"abc", 3}, 0, "def", 5);
+  EXPECT_EQ(full.raw, "abcde");
+  EXPECT_EQ(full.caret, 5u);
+  EXPECT_EQ(MaskInsert("", {"abcde", 2}, 0, "x", 5).raw, "abcde");
+  // A mark that combines with the letter before it is one character with that, wherever it is typed.
+  const MaskedText mark = MaskInsert("", {"cafe s", 4}, 0, "\xCC\x81", 0);
+  EXPECT_EQ(mark.raw, "caf\xC3\xA9 s");
+  EXPECT_EQ(mark.caret, 4u);
+}
+
 TEST(Mask, TypingTakesDigitsAndPassesOverTheRest) {
   const MaskedText text = Typed(kArea, "a6(1-2)");
   EXPECT_EQ(text.raw, "612");

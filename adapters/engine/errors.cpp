@@ -21,7 +21,7 @@ Error ObjectNotFound(std::string_view name) {
   return {3011, Join({"The Microsoft Jet database engine could not find the object '", name,
                       "'. Make sure the object exists and that you spell its name and the path name correctly."})};
 }
-Error ObjectExists(std::string_view name) { return {3012, Join({"Object '", name, "' already exists."})}; }
+Error ObjectExists(std::string_view name) { return {number::ObjectExists, Join({"Object '", name, "' already exists."})}; }
 Error CommitWithoutBegin() { return {3034, "You tried to commit or roll back a transaction without first using BeginTrans."}; }
 Error NameInCollection() { return {3367, "Can't append.  An object with that name already exists in the collection."}; }
 
@@ -32,14 +32,13 @@ Error UnknownIndex(std::string_view name) {
 }
 Error NoCurrentIndex() { return {3019, "Operation invalid without a current index."}; }
 Error UpdateWithoutEdit() { return {3020, "Update or CancelUpdate without AddNew or Edit."}; }
-Error NoCurrentRecord() { return {3021, "No current record."}; }
 Error DuplicateKey() {
-  return {3022,
+  return {platform::error::number::DuplicateKey,
           "The changes you requested to the table were not successful because they would create duplicate values in the index, primary "
           "key, or relationship.  Change the data in the field or fields that contain duplicate data, remove the index, or redefine the "
           "index to permit duplicate entries and try again."};
 }
-Error ReadOnly() { return {3027, "Can't update.  Database or object is read-only."}; }
+Error ReadOnly() { return {number::ReadOnly, "Can't update.  Database or object is read-only."}; }
 Error NullInKey() { return {3058, "Index or primary key can't contain a Null value."}; }
 Error BadBookmark() { return {3159, "Not a valid bookmark."}; }
 Error FieldTooSmall() {
@@ -48,7 +47,6 @@ Error FieldTooSmall() {
 Error FieldLocked() {
   return {3164, "The field can't be updated because another user or process has locked the corresponding record or table."};
 }
-Error RecordDeleted() { return {3167, "Record is deleted."}; }
 Error InvalidOperation() { return {3219, "Invalid operation."}; }
 Error NotSupported() { return {3251, "Operation is not supported for this type of object."}; }
 Error RequiredField(std::string_view name) {
@@ -59,7 +57,6 @@ Error RequiredField(std::string_view name) {
 Error ZeroLengthForbidden(std::string_view name) { return {3315, Join({"Field '", name, "' can't be a zero-length string."})}; }
 Error NumericOverflow() { return {3349, "Numeric field overflow."}; }
 Error DataConversion() { return {3421, "Data type conversion error."}; }
-Error ActionCancelled() { return {3426, "The action was cancelled by an associated object."}; }
 
 Error FileNotFound(std::string_view path) { return {3024, Join({"Couldn't find file '", path, "'."})}; }
 Error DiskOrNetwork() { return {3043, "Disk or network error."}; }
@@ -68,14 +65,15 @@ Error InvalidPath(std::string_view path) {
                       "' isn't a valid path.  Make sure that the path name is spelled correctly and that you are connected to the server "
                       "on which the file resides."})};
 }
-Error FileInUse(std::string_view path) { return {3045, Join({"Couldn't use '", path, "'; file already in use."})}; }
+Error FileInUse(std::string_view path) { return {number::FileInUse, Join({"Couldn't use '", path, "'; file already in use."})}; }
 Error NotADatabase(std::string_view path) {
-  return {3049, Join({"Can't open database '", path,
-                      "'.  It may not be a database that your application recognizes, or the file may be corrupt."})};
+  return {number::NotADatabase, Join({"Can't open database '", path,
+                                      "'.  It may not be a database that your application recognizes, or the file may be corrupt."})};
 }
 Error OpenedExclusively(std::string_view path) {
-  return {3051, Join({"The Microsoft Jet database engine cannot open the file '", path,
-                      "'.  It is already opened exclusively by another user, or you need permission to view its data."})};
+  return {number::OpenedExclusively,
+          Join({"The Microsoft Jet database engine cannot open the file '", path,
+                "'.  It is already opened exclusively by another user, or you need permission to view its data."})};
 }
 Error UnrecognizedFormat(std::string_view path) { return {3343, Join({"Unrecognized database format '", path, "'."})}; }
 
@@ -95,7 +93,7 @@ Error ChangedByOther() {
 Error TableInUse(std::string_view name) {
   return {3211, Join({"The database engine couldn't lock table '", name, "' because it's already in use by another person or process."})};
 }
-Error UpdateLocked() { return {3218, "Couldn't update; currently locked."}; }
+Error UpdateLocked() { return {number::UpdateLocked, "Couldn't update; currently locked."}; }
 Error UpdateLockedBy(std::string_view user, std::string_view machine) {
   return {3260, Join({"Couldn't update; currently locked by user '", user, "' on machine '", machine, "'."})};
 }

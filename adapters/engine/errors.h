@@ -5,10 +5,23 @@
 #include "platform/values/error.h"
 
 /// The engine's errors by name: each function makes the error with its number and its full description. The language's own
-/// errors (5, 6, 11, 13, 91, 93, 94, 3265, 3420) stand in platform/error.h.
+/// errors (5, 6, 11, 13, 91, 93, 94), and those that recordsets outside of it raise too, stand in platform/values/error.h.
 namespace engine::errors {
 
 using platform::Error;
+using platform::error::ActionCancelled;  // 3426
+using platform::error::NoCurrentRecord;  // 3021
+using platform::error::RecordDeleted;    // 3167
+
+/// Numbers by which the engine tells its own errors apart, beside platform::error::number.
+namespace number {
+inline constexpr int ObjectExists = 3012;
+inline constexpr int ReadOnly = 3027;
+inline constexpr int FileInUse = 3045;
+inline constexpr int NotADatabase = 3049;
+inline constexpr int OpenedExclusively = 3051;
+inline constexpr int UpdateLocked = 3218;
+}  // namespace number
 
 // Transactions and objects.
 Error TooManyTransactions();                  ///< 3003: sixth nested BeginTrans
@@ -23,21 +36,18 @@ Error NameInCollection();                     ///< 3367
 Error UnknownIndex(std::string_view name);         ///< 3015
 Error NoCurrentIndex();                            ///< 3019: Seek before Index
 Error UpdateWithoutEdit();                         ///< 3020
-Error NoCurrentRecord();                           ///< 3021
 Error DuplicateKey();                              ///< 3022: unique index or primary key violated
 Error ReadOnly();                                  ///< 3027
 Error NullInKey();                                 ///< 3058: Null in a primary key
 Error BadBookmark();                               ///< 3159
 Error FieldTooSmall();                             ///< 3163: text longer than the field
 Error FieldLocked();                               ///< 3164
-Error RecordDeleted();                             ///< 3167
 Error InvalidOperation();                          ///< 3219
 Error NotSupported();                              ///< 3251: method not for this kind of recordset
 Error RequiredField(std::string_view name);        ///< 3314
 Error ZeroLengthForbidden(std::string_view name);  ///< 3315
 Error NumericOverflow();                           ///< 3349: an SQL result does not fit a number field
 Error DataConversion();                            ///< 3421: value can't become the field's type
-Error ActionCancelled();                           ///< 3426
 
 // Files.
 Error FileNotFound(std::string_view path);        ///< 3024: file missing, folder present

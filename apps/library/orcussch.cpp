@@ -29,19 +29,6 @@ orcussch_result WithProperty(orcussch_handle* handle, const char* property, Body
   });
 }
 
-/// Numbers and yes/no values come in as texts too; one that does not convert is refused here, without a box.
-bool Fits(std::string_view property, const platform::Value& value) {
-  try {
-    if (platform::EqualsNoCase(property, "UserID") || platform::EqualsNoCase(property, "CompanyID") ||
-        platform::EqualsNoCase(property, "Customer"))
-      platform::CLng(value);
-    if (platform::EqualsNoCase(property, "NonSelection")) platform::CBool(value);
-    return true;
-  } catch (const platform::Error&) {
-    return false;
-  }
-}
-
 bool CanShow(const library::Session& session) { return library::CanShow(session.application->FrontEnd()); }
 
 orcussch_result RefuseWithoutWindows() {
@@ -52,7 +39,9 @@ std::int32_t User(const library::Session& session) { return platform::CLng(sessi
 
 orcussch_result Let(library::Session& session, const char* property, const platform::Value& value) {
   if (!CanShow(session)) return RefuseWithoutWindows();
-  if (!Fits(property, value)) return Refuse(ORCUSSCH_INVALID_ARGUMENT, std::string("the value does not fit ") + property);
+  // Numbers and yes/no values come in as texts too; one that does not convert is refused here, without a box.
+  if (!orcussch::CustSearch::Fits(property, value))
+    return Refuse(ORCUSSCH_INVALID_ARGUMENT, std::string("the value does not fit ") + property);
   if (session.makeTemporaryFile && platform::EqualsNoCase(property, "CompanyID"))
     library::MakeTemporaryFile(session.application->System(), User(session));
   const int lackedBefore = orcussch::gMemoryLacked;

@@ -80,8 +80,7 @@ void MakeTemporaryFile(const platform::OperatingSystem& system, std::int32_t use
   try {
     engine::CreateDataFile(file.string(), suite::TablesOf(suite::DataFile::Temporary), true);
   } catch (const platform::Error& failure) {
-    constexpr int kExists = 3204;
-    if (failure.Number() != kExists) throw;  // another program has just made it, whole
+    if (failure.Number() != platform::error::number::FileExists) throw;  // another program has just made it, whole
   }
 }
 

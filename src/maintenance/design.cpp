@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "maintenance/shortcuts.h"
 #include "session/ModCustSch.h"
 
 // What the screen's design fixes: captions, lengths, masks, places, first states. Nothing here runs a rule.
@@ -221,6 +222,7 @@ frmCustMain::frmCustMain()
       Report1(*this, "Report1"),
       CommonDialog1(*this, "CommonDialog1"),
       miTypedBack(*this, "miTypedBack", "Back to What Was Typed") {
+  Shortcuts(kCustMainShortcuts);
   DesignListPages();
   DesignListRows();
   DesignCards();

@@ -4,6 +4,7 @@
 
 #include "maintenance/frmCustMain.h"
 #include "platform/values/convert.h"
+#include "platform/values/error.h"
 #include "platform/values/text.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
@@ -71,26 +72,30 @@ void ClearAnswer() {
   gCustomerAddr1 = gCustomerAddr2 = gCustomerCity = gCustomerState = gCustomerZip = "";
 }
 
+/// What a property's value is kept as.
+enum class Kind { Long, Boolean, Text };
+
 struct Property {
   const char* name;
+  Kind kind;
   Value (*get)();
   void (*let)(const Value&);
 };
 
 template <std::string& Text>
 constexpr Property TextProperty(const char* name) {
-  return {name, [] { return Value(Text); }, [](const Value& value) { Text = AsText(value); }};
+  return {name, Kind::Text, [] { return Value(Text); }, [](const Value& value) { Text = AsText(value); }};
 }
 
 const Property kProperties[] = {
-    {"UserID", [] { return Value(gUserID); }, [](const Value& value) { gUserID = CLng(value); }},
-    {"CompanyID", [] { return Value(); }, LetCompanyID},
-    {"Company", [] { return Value(gCompany.CompName); },
+    {"UserID", Kind::Long, [] { return Value(gUserID); }, [](const Value& value) { gUserID = CLng(value); }},
+    {"CompanyID", Kind::Long, [] { return Value(); }, LetCompanyID},
+    {"Company", Kind::Text, [] { return Value(gCompany.CompName); },
      [](const Value& value) { gCompany.CompName = platform::FixedText(AsText(value), kCompanyLength); }},
-    {"NonSelection", [] { return Value(gNonSelection); }, [](const Value& value) { gNonSelection = CBool(value); }},
+    {"NonSelection", Kind::Boolean, [] { return Value(gNonSelection); }, [](const Value& value) { gNonSelection = CBool(value); }},
     TextProperty<gBillingStatus>("BillingStatus"),
     // What is written is where the list opens; what is read is what the user chose.
-    {"Customer", [] { return Value(gSelAcctNum); }, [](const Value& value) { gHostAcctNum = CLng(value); }},
+    {"Customer", Kind::Long, [] { return Value(gSelAcctNum); }, [](const Value& value) { gHostAcctNum = CLng(value); }},
     TextProperty<gCustomerLastName>("CustomerLastName"),
     TextProperty<gCustomerFirstName>("CustomerFirstName"),
     TextProperty<gCustomerTitle>("CustomerTitle"),
@@ -109,7 +114,7 @@ const Property* FindProperty(std::string_view name) {
 
 const Property& PropertyOrRaise(std::string_view name) {
   const Property* property = FindProperty(name);
-  if (!property) throw platform::Error(438, "Object doesn't support this property or method");
+  if (!property) throw platform::error::NoSuchProperty();
   return *property;
 }
 
@@ -174,6 +179,17 @@ CustSearch::~CustSearch() {
 }
 
 bool CustSearch::IsProperty(std::string_view property) { return FindProperty(property) != nullptr; }
+
+bool CustSearch::Fits(std::string_view property, const Value& value) {
+  const Kind kind = PropertyOrRaise(property).kind;
+  try {
+    if (kind == Kind::Long) CLng(value);
+    if (kind == Kind::Boolean) CBool(value);
+    return true;
+  } catch (const platform::Error&) {
+    return false;
+  }
+}
 
 Value CustSearch::Get(std::string_view property) const { return PropertyOrRaise(property).get(); }
 

@@ -28,6 +28,8 @@ class CustSearch {
   platform::Value Get(std::string_view property) const;
   void Let(std::string_view property, const platform::Value& value);
   static bool IsProperty(std::string_view property);
+  /// Whether the value, a text too, converts to what that property holds. Unknown name: error 438.
+  static bool Fits(std::string_view property, const platform::Value& value);
 
   platform::Value UserID() const { return Get("UserID"); }        ///< Long
   platform::Value CompanyID() const { return Get("CompanyID"); }  ///< always Empty: the number goes in only

@@ -52,7 +52,7 @@ TEST_F(Binder, WidgetsAreOfTheControlsKind) {
 
 TEST_F(Binder, AControlWithoutAWidgetIsToldAndHarmless) {
   platform::TextBox extra(*screen, "txtNowhere");
-  EXPECT_EQ(desktop::MakeBinding(*window, extra), nullptr);
+  EXPECT_EQ(desktop::MakeBinding(*window, window->Shared(), extra), nullptr);
   extra.Text("still a model");
   EXPECT_EQ(extra.Text(), "still a model");
 }

@@ -22,7 +22,6 @@
 #include "desktop/support/main_screen.h"
 #include "platform/controls/form/card_screen.h"
 #include "platform/host/screen.h"
-#include "platform/host/shortcuts.h"
 
 // What the window adds around a screen's cards.
 namespace desktop_test {
@@ -204,7 +203,7 @@ TEST_F(CardWindow, TheKeysPageHasAirInItsTables) {
 TEST_F(CardWindow, TheKeysPageIsComplete) {
   window->findChild<QAction*>("helpKeysAction")->trigger();
   const QString text = window->findChild<QDialog*>("helpKeys")->findChild<QTextBrowser*>()->toPlainText();
-  for (const platform::Shortcut& shortcut : platform::kShortcuts) {
+  for (const platform::Shortcut& shortcut : screen->Shortcuts()) {
     QString key = QString::fromUtf8(shortcut.key.data(), static_cast<qsizetype>(shortcut.key.size()));
     key.replace("Plus", "+").replace("Minus", "-");
     EXPECT_TRUE(text.contains(key)) << key.toStdString();

@@ -8,7 +8,7 @@
 
 #include "desktop/controls/text_edit.h"
 #include "desktop/support/main_screen.h"
-#include "platform/host/shortcuts.h"
+#include "platform/keys/shortcuts.h"
 
 // The seven cards of the main screen: captions, letters, order of the keyboard, what is required.
 namespace desktop_test {

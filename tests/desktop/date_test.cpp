@@ -4,7 +4,7 @@
 #include "desktop/controls/text_edit.h"
 #include "desktop/hands/input.h"
 #include "desktop/support/desk.h"
-#include "platform/values/convert.h"
+#include "platform/values/calendar.h"
 
 namespace desktop_test {
 namespace {

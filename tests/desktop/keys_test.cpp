@@ -5,6 +5,7 @@
 #include "desktop/hands/input.h"
 #include "desktop/list/list_view.h"
 #include "desktop/support/desk.h"
+#include "desktop/toolkit/key_event.h"
 
 namespace desktop_test {
 namespace {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/values/calendar.h"
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
 #include "platform/values/format.h"

@@ -18,6 +18,8 @@ platform::GridColumn Column(const char* caption, const char* field) {
 }  // namespace
 
 frmFirst::frmFirst(platform::Application& app) : Screen(app, "frmFirst", "First") {
+  static constexpr platform::Shortcut kShortcuts[] = {{"miFind", "F3", "tb_Find"}, {"miExit", "Ctrl+Q", ""}, {"tb_SaveRec", "Ctrl+S", ""}};
+  Shortcuts(kShortcuts);
   txtLocked.Locked(true);
   txtInBox.Container(fraBox);
   txtOnTab.PutOnTab(SSIndexTab1, 1, 0);

@@ -4,8 +4,7 @@
 #include <QToolButton>
 
 #include "desktop/look/icons.h"
-#include "desktop/window/form_window.h"
-#include "platform/host/shortcuts.h"
+#include "platform/keys/shortcuts.h"
 
 namespace desktop {
 
@@ -39,7 +38,7 @@ bool LineBefore(const QMenuBar& bar, const platform::MenuItem& item) {
 
 }  // namespace
 
-ToolbarBinding::ToolbarBinding(FormWindow& window, platform::Toolbar& control, QToolBar* widget) : TypedBinding(window, control, widget) {
+ToolbarBinding::ToolbarBinding(platform::Toolbar& control, QToolBar* widget) : TypedBinding(control, widget) {
   widget->setIconSize(QSize(kIconSize, kIconSize));
   widget->setMovable(false);
   widget->setContextMenuPolicy(Qt::PreventContextMenu);
@@ -71,7 +70,7 @@ void ToolbarBinding::Drop() {
   TypedBinding::Drop();
 }
 
-ToolbarButtonBinding::ToolbarButtonBinding(FormWindow& window, platform::ToolbarButton& key) : Binding(window, key, nullptr), key_(key) {
+ToolbarButtonBinding::ToolbarButtonBinding(QMainWindow& window, platform::ToolbarButton& key) : Binding(key, nullptr), key_(key) {
   auto* bar = window.findChild<QToolBar*>(WidgetName(key.Bar()));
   if (!bar) return;
   for (const auto& design : key.Bar().Keys())
@@ -84,7 +83,7 @@ ToolbarButtonBinding::ToolbarButtonBinding(FormWindow& window, platform::Toolbar
   }
   connect(action_, &QAction::triggered, this, [this] {
     Act([this] {
-      if (platform::IsOpenToUser(&key_)) key_.UserClick();
+      if (key_.OpenToUser()) key_.UserClick();
     });
   });
 }
@@ -99,8 +98,8 @@ void ToolbarButtonBinding::Show(Aspect aspect) {
   }
 }
 
-MenuBinding::MenuBinding(FormWindow& window, platform::Menu& menu)
-    : Binding(window, menu, nullptr), model_(menu), menu_(window.menuBar()->addMenu(ToShown(menu.Caption()))) {
+MenuBinding::MenuBinding(QMainWindow& window, platform::Menu& menu)
+    : Binding(menu, nullptr), model_(menu), menu_(window.menuBar()->addMenu(ToShown(menu.Caption()))) {
   menu_->setObjectName(WidgetName(menu));
   for (const platform::MenuItem* item : menu.Items()) {
     auto* action = window.findChild<QAction*>(WidgetName(*item), Qt::FindDirectChildrenOnly);
@@ -112,13 +111,13 @@ MenuBinding::MenuBinding(FormWindow& window, platform::Menu& menu)
 
 void MenuBinding::Show(Aspect aspect) { ShowAction(*menu_->menuAction(), model_, aspect); }
 
-MenuItemBinding::MenuItemBinding(FormWindow& window, platform::MenuItem& item)
-    : Binding(window, item, nullptr), item_(item), action_(NewChild<QAction>(&window)) {
+MenuItemBinding::MenuItemBinding(QMainWindow& window, platform::MenuItem& item)
+    : Binding(item, nullptr), item_(item), action_(NewChild<QAction>(&window)) {
   action_->setObjectName(WidgetName(item));
   action_->setMenuRole(QAction::NoRole);
   connect(action_, &QAction::triggered, this, [this] {
     Act([this] {
-      if (platform::IsOpenToUser(&item_)) item_.UserClick();
+      if (item_.OpenToUser()) item_.UserClick();
     });
   });
 }

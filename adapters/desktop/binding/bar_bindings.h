@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAction>
+#include <QMainWindow>
 #include <QMenu>
 #include <QTimer>
 #include <QToolBar>
@@ -13,7 +14,7 @@ namespace desktop {
 /// The toolbar: one action per key. A screen turns it off for the time of each click; it greys only when that lasts.
 class ToolbarBinding final : public TypedBinding<platform::Toolbar, QToolBar> {
  public:
-  ToolbarBinding(FormWindow& window, platform::Toolbar& control, QToolBar* widget);
+  ToolbarBinding(platform::Toolbar& control, QToolBar* widget);
   void Show(platform::Aspect aspect) override;
   void Drop() override;
 
@@ -25,7 +26,7 @@ class ToolbarBinding final : public TypedBinding<platform::Toolbar, QToolBar> {
 /// One key; its action bears the key's name.
 class ToolbarButtonBinding final : public Binding {
  public:
-  ToolbarButtonBinding(FormWindow& window, platform::ToolbarButton& key);
+  ToolbarButtonBinding(QMainWindow& window, platform::ToolbarButton& key);
   void Show(platform::Aspect aspect) override;
   QAction* Action() const { return action_; }
 
@@ -36,7 +37,7 @@ class ToolbarButtonBinding final : public Binding {
 
 class MenuBinding final : public Binding {
  public:
-  MenuBinding(FormWindow& window, platform::Menu& menu);
+  MenuBinding(QMainWindow& window, platform::Menu& menu);
   void Show(platform::Aspect aspect) override;
   QMenu* Shown() const { return menu_; }
 
@@ -48,7 +49,7 @@ class MenuBinding final : public Binding {
 /// One item of a menu; its action bears the item's name and shows the item's shortcut.
 class MenuItemBinding final : public Binding {
  public:
-  MenuItemBinding(FormWindow& window, platform::MenuItem& item);
+  MenuItemBinding(QMainWindow& window, platform::MenuItem& item);
   void Show(platform::Aspect aspect) override;
   QAction* Action() const { return action_; }
 

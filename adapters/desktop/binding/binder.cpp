@@ -8,7 +8,6 @@
 #include "desktop/binding/list_binding.h"
 #include "desktop/binding/simple_bindings.h"
 #include "desktop/binding/tab_binding.h"
-#include "desktop/window/form_window.h"
 #include "platform/controls/common_dialog.h"
 #include "platform/controls/data_control.h"
 #include "platform/controls/report_control.h"
@@ -22,12 +21,12 @@ using platform::Control;
 
 /// Tries one pair of model and widget type: nothing when the control is of another type; an empty pointer, and a diagnostic
 /// line, when the layout has no such widget.
-template <class Model, class Shown, class Made>
-bool Try(FormWindow& window, Control& control, std::unique_ptr<Binding>& binding) {
+template <class Model, class Shown, class Made, class... More>
+bool Try(QMainWindow& window, Control& control, std::unique_ptr<Binding>& binding, More&... more) {
   auto* model = dynamic_cast<Model*>(&control);
   if (!model) return false;
   if (Shown* widget = dynamic_cast<Shown*>(window.findChild<QWidget*>(WidgetName(control)))) {
-    binding = std::make_unique<Made>(window, *model, widget);
+    binding = std::make_unique<Made>(*model, widget, more...);
     return true;
   }
   return false;
@@ -40,14 +39,14 @@ bool HasWidget(const Control& control) {
          !dynamic_cast<const platform::ReportControl*>(&control);
 }
 
-std::unique_ptr<Binding> MakeBinding(FormWindow& window, Control& control) {
+std::unique_ptr<Binding> MakeBinding(QMainWindow& window, Services& services, Control& control) {
   if (!HasWidget(control)) return nullptr;
   if (auto* item = dynamic_cast<platform::MenuItem*>(&control)) return std::make_unique<MenuItemBinding>(window, *item);
   if (auto* key = dynamic_cast<platform::ToolbarButton*>(&control)) return std::make_unique<ToolbarButtonBinding>(window, *key);
   if (auto* menu = dynamic_cast<platform::Menu*>(&control)) return std::make_unique<MenuBinding>(window, *menu);
   std::unique_ptr<Binding> binding;
   const bool bound = Try<platform::Toolbar, QToolBar, ToolbarBinding>(window, control, binding) ||
-                     Try<platform::Grid, ListView, ListBinding>(window, control, binding) ||
+                     Try<platform::Grid, ListView, ListBinding>(window, control, binding, services) ||
                      Try<platform::TabControl, TabBar, TabBinding>(window, control, binding) ||
                      Try<platform::TextBox, TextEdit, TextEditBinding>(window, control, binding) ||
                      Try<platform::TextBox, MemoEdit, MemoEditBinding>(window, control, binding) ||

@@ -1,13 +1,10 @@
 #include "desktop/binding/binding.h"
 
-#include "desktop/window/form_window.h"
-
 namespace desktop {
 
 using platform::Aspect;
 
-Binding::Binding(FormWindow& window, platform::Control& control, QWidget* widget)
-    : window_(window), host_(control.Owner().Host()), model_(control), widget_(widget) {}
+Binding::Binding(platform::Control& control, QWidget* widget) : host_(control.Owner().Host()), model_(control), widget_(widget) {}
 
 void Binding::ShowAll() {
   for (const Aspect aspect :

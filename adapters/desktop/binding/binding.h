@@ -8,16 +8,13 @@
 
 namespace desktop {
 
-class FormWindow;
-class Services;
-
 /// Joins one control of a screen with its widget: shows the control's changes, hands the user's acts to it. After Drop the
 /// control is not touched any more.
 class Binding : public QObject {
   Q_OBJECT
 
  public:
-  Binding(FormWindow& window, platform::Control& control, QWidget* widget);
+  Binding(platform::Control& control, QWidget* widget);
 
   platform::Control& Model() const { return model_; }
   QWidget* Widget() const { return widget_; }
@@ -33,7 +30,6 @@ class Binding : public QObject {
   virtual bool IdleSlice() { return false; }
 
  protected:
-  FormWindow& Window() const { return window_; }
   platform::FormHost& Host() const { return host_; }
   /// Runs an act of the user unless the screen is gone or the control is closed to the user.
   template <class Body>
@@ -43,7 +39,6 @@ class Binding : public QObject {
   }
 
  private:
-  FormWindow& window_;
   platform::FormHost& host_;
   platform::Control& model_;
   QWidget* widget_;
@@ -54,8 +49,7 @@ class Binding : public QObject {
 template <class Model_, class Widget_>
 class TypedBinding : public Binding {
  public:
-  TypedBinding(FormWindow& window, Model_& control, Widget_* widget)
-      : Binding(window, control, widget), control_(control), shown_(widget) {}
+  TypedBinding(Model_& control, Widget_* widget) : Binding(control, widget), control_(control), shown_(widget) {}
 
  protected:
   Model_& control() const { return control_; }

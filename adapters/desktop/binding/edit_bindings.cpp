@@ -1,20 +1,19 @@
 #include "desktop/binding/edit_bindings.h"
 
 #include "desktop/controls/date_popup.h"
-#include "desktop/window/form_window.h"
 
 namespace desktop {
 
 using platform::Aspect;
 
-TextEditBinding::TextEditBinding(FormWindow& window, platform::TextBox& control, TextEdit* widget) : TypedBinding(window, control, widget) {
+TextEditBinding::TextEditBinding(platform::TextBox& control, TextEdit* widget) : TypedBinding(control, widget) {
   widget->Attach(control);
   if (auto* date = dynamic_cast<platform::DateEdit*>(&control)) AddCalendar(*widget, *date);
 }
 
 void TextEditBinding::Show(Aspect aspect) {
   Binding::Show(aspect);
-  if (aspect == Aspect::Text || aspect == Aspect::Mask || aspect == Aspect::Enabled) shown().ShowModel();
+  if (aspect == Aspect::Text || aspect == Aspect::Mask || aspect == Aspect::Enabled || aspect == Aspect::Selection) shown().ShowModel();
 }
 
 void TextEditBinding::Drop() {
@@ -22,9 +21,7 @@ void TextEditBinding::Drop() {
   TypedBinding::Drop();
 }
 
-MemoEditBinding::MemoEditBinding(FormWindow& window, platform::TextBox& control, MemoEdit* widget) : TypedBinding(window, control, widget) {
-  widget->Attach(control);
-}
+MemoEditBinding::MemoEditBinding(platform::TextBox& control, MemoEdit* widget) : TypedBinding(control, widget) { widget->Attach(control); }
 
 void MemoEditBinding::Show(Aspect aspect) {
   Binding::Show(aspect);
@@ -36,9 +33,7 @@ void MemoEditBinding::Drop() {
   TypedBinding::Drop();
 }
 
-ComboBinding::ComboBinding(FormWindow& window, platform::ComboBox& control, ComboEdit* widget) : TypedBinding(window, control, widget) {
-  widget->Attach(control);
-}
+ComboBinding::ComboBinding(platform::ComboBox& control, ComboEdit* widget) : TypedBinding(control, widget) { widget->Attach(control); }
 
 void ComboBinding::Show(Aspect aspect) {
   Binding::Show(aspect);

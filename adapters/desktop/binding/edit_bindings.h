@@ -10,21 +10,21 @@ namespace desktop {
 /// Text, number, currency and date edits of one line.
 class TextEditBinding final : public TypedBinding<platform::TextBox, TextEdit> {
  public:
-  TextEditBinding(FormWindow& window, platform::TextBox& control, TextEdit* widget);
+  TextEditBinding(platform::TextBox& control, TextEdit* widget);
   void Show(platform::Aspect aspect) override;
   void Drop() override;
 };
 
 class MemoEditBinding final : public TypedBinding<platform::TextBox, MemoEdit> {
  public:
-  MemoEditBinding(FormWindow& window, platform::TextBox& control, MemoEdit* widget);
+  MemoEditBinding(platform::TextBox& control, MemoEdit* widget);
   void Show(platform::Aspect aspect) override;
   void Drop() override;
 };
 
 class ComboBinding final : public TypedBinding<platform::ComboBox, ComboEdit> {
  public:
-  ComboBinding(FormWindow& window, platform::ComboBox& control, ComboEdit* widget);
+  ComboBinding(platform::ComboBox& control, ComboEdit* widget);
   void Show(platform::Aspect aspect) override;
   void Drop() override;
 };

@@ -1,13 +1,11 @@
 #include "desktop/binding/list_binding.h"
 
-#include "desktop/window/form_window.h"
-
 namespace desktop {
 
 using platform::Aspect;
 
-ListBinding::ListBinding(FormWindow& window, platform::Grid& control, ListView* widget) : TypedBinding(window, control, widget) {
-  widget->Attach(control, window.Shared());
+ListBinding::ListBinding(platform::Grid& control, ListView* widget, Services& services) : TypedBinding(control, widget) {
+  widget->Attach(control, services);
 }
 
 void ListBinding::ShowAll() {

@@ -7,7 +7,7 @@ namespace desktop {
 
 class ListBinding final : public TypedBinding<platform::Grid, ListView> {
  public:
-  ListBinding(FormWindow& window, platform::Grid& control, ListView* widget);
+  ListBinding(platform::Grid& control, ListView* widget, Services& services);
   void ShowAll() override;
   void Show(platform::Aspect aspect) override;
   void Drop() override;

@@ -3,7 +3,6 @@
 #include <QSignalBlocker>
 
 #include "desktop/look/mnemonics.h"
-#include "desktop/window/form_window.h"
 
 namespace desktop {
 
@@ -16,7 +15,7 @@ QString Literal(const std::string& text) { return ToShown(text).replace('&', QSt
 
 }  // namespace
 
-LabelBinding::LabelBinding(FormWindow& window, platform::Label& control, QLabel* widget) : TypedBinding(window, control, widget) {
+LabelBinding::LabelBinding(platform::Label& control, QLabel* widget) : TypedBinding(control, widget) {
   widget->setTextFormat(Qt::PlainText);
 }
 
@@ -40,8 +39,7 @@ void GroupBinding::Show(Aspect aspect) {
   }
 }
 
-StatusBarBinding::StatusBarBinding(FormWindow& window, platform::StatusBar& control, QStatusBar* widget)
-    : TypedBinding(window, control, widget) {
+StatusBarBinding::StatusBarBinding(platform::StatusBar& control, QStatusBar* widget) : TypedBinding(control, widget) {
   for (QLabel*& panel : panels_) {
     panel = NewWidget<QLabel>(widget);
     panel->setTextFormat(Qt::PlainText);
@@ -63,8 +61,7 @@ void StatusBarBinding::Show(Aspect aspect) {
   }
 }
 
-CheckBoxBinding::CheckBoxBinding(FormWindow& window, platform::CheckBox& control, QCheckBox* widget)
-    : TypedBinding(window, control, widget) {
+CheckBoxBinding::CheckBoxBinding(platform::CheckBox& control, QCheckBox* widget) : TypedBinding(control, widget) {
   connect(widget, &QCheckBox::clicked, this, [this] {
     Act([this] { this->control().UserClick(); });
     if (!Dropped()) Show(Aspect::Text);
@@ -80,8 +77,7 @@ void CheckBoxBinding::Show(Aspect aspect) {
   }
 }
 
-OptionBinding::OptionBinding(FormWindow& window, platform::OptionButton& control, QRadioButton* widget)
-    : TypedBinding(window, control, widget) {
+OptionBinding::OptionBinding(platform::OptionButton& control, QRadioButton* widget) : TypedBinding(control, widget) {
   connect(widget, &QRadioButton::clicked, this, [this] {
     Act([this] { this->control().UserClick(); });
     if (!Dropped()) Show(Aspect::Text);
@@ -100,8 +96,7 @@ void OptionBinding::Show(Aspect aspect) {
   shown().setAutoExclusive(true);
 }
 
-CommandBinding::CommandBinding(FormWindow& window, platform::CommandButton& control, QPushButton* widget)
-    : TypedBinding(window, control, widget) {
+CommandBinding::CommandBinding(platform::CommandButton& control, QPushButton* widget) : TypedBinding(control, widget) {
   widget->setAutoDefault(false);
   connect(widget, &QPushButton::clicked, this, [this] { Act([this] { this->control().UserClick(); }); });
 }
@@ -123,8 +118,7 @@ void ProgressBinding::Show(Aspect aspect) {
   }
 }
 
-ListBoxBinding::ListBoxBinding(FormWindow& window, platform::ListBox& control, QListWidget* widget)
-    : TypedBinding(window, control, widget) {
+ListBoxBinding::ListBoxBinding(platform::ListBox& control, QListWidget* widget) : TypedBinding(control, widget) {
   connect(widget, &QListWidget::currentRowChanged, this, [this](int row) {
     if (row >= 0 && row != this->control().ListIndex()) Act([&] { this->control().UserSelect(row); });
   });
@@ -153,8 +147,7 @@ void ListBoxBinding::Show(Aspect aspect) {
   }
 }
 
-ScrollBarBinding::ScrollBarBinding(FormWindow& window, platform::ScrollBar& control, QScrollBar* widget)
-    : TypedBinding(window, control, widget) {
+ScrollBarBinding::ScrollBarBinding(platform::ScrollBar& control, QScrollBar* widget) : TypedBinding(control, widget) {
   connect(widget, &QScrollBar::valueChanged, this, [this](int value) { Act([&] { this->control().UserSlide(value); }); });
 }
 
@@ -168,7 +161,7 @@ void ScrollBarBinding::Show(Aspect aspect) {
   }
 }
 
-SpinBinding::SpinBinding(FormWindow& window, platform::SpinButton& control, SpinPair* widget) : TypedBinding(window, control, widget) {
+SpinBinding::SpinBinding(platform::SpinButton& control, SpinPair* widget) : TypedBinding(control, widget) {
   widget->OnSpin([this](bool up) { Act([&] { this->control().UserSpin(up); }); });
 }
 

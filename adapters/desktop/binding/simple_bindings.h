@@ -23,7 +23,7 @@ namespace desktop {
 
 class LabelBinding final : public TypedBinding<platform::Label, QLabel> {
  public:
-  LabelBinding(FormWindow& window, platform::Label& control, QLabel* widget);
+  LabelBinding(platform::Label& control, QLabel* widget);
   void Show(platform::Aspect aspect) override;
 };
 
@@ -41,7 +41,7 @@ class FrameBinding final : public TypedBinding<platform::Frame, QFrame> {
 
 class StatusBarBinding final : public TypedBinding<platform::StatusBar, QStatusBar> {
  public:
-  StatusBarBinding(FormWindow& window, platform::StatusBar& control, QStatusBar* widget);
+  StatusBarBinding(platform::StatusBar& control, QStatusBar* widget);
   void Show(platform::Aspect aspect) override;
 
  private:
@@ -50,19 +50,19 @@ class StatusBarBinding final : public TypedBinding<platform::StatusBar, QStatusB
 
 class CheckBoxBinding final : public TypedBinding<platform::CheckBox, QCheckBox> {
  public:
-  CheckBoxBinding(FormWindow& window, platform::CheckBox& control, QCheckBox* widget);
+  CheckBoxBinding(platform::CheckBox& control, QCheckBox* widget);
   void Show(platform::Aspect aspect) override;
 };
 
 class OptionBinding final : public TypedBinding<platform::OptionButton, QRadioButton> {
  public:
-  OptionBinding(FormWindow& window, platform::OptionButton& control, QRadioButton* widget);
+  OptionBinding(platform::OptionButton& control, QRadioButton* widget);
   void Show(platform::Aspect aspect) override;
 };
 
 class CommandBinding final : public TypedBinding<platform::CommandButton, QPushButton> {
  public:
-  CommandBinding(FormWindow& window, platform::CommandButton& control, QPushButton* widget);
+  CommandBinding(platform::CommandButton& control, QPushButton* widget);
   void Show(platform::Aspect aspect) override;
 };
 
@@ -74,19 +74,19 @@ class ProgressBinding final : public TypedBinding<platform::ProgressBar, QProgre
 
 class ListBoxBinding final : public TypedBinding<platform::ListBox, QListWidget> {
  public:
-  ListBoxBinding(FormWindow& window, platform::ListBox& control, QListWidget* widget);
+  ListBoxBinding(platform::ListBox& control, QListWidget* widget);
   void Show(platform::Aspect aspect) override;
 };
 
 class ScrollBarBinding final : public TypedBinding<platform::ScrollBar, QScrollBar> {
  public:
-  ScrollBarBinding(FormWindow& window, platform::ScrollBar& control, QScrollBar* widget);
+  ScrollBarBinding(platform::ScrollBar& control, QScrollBar* widget);
   void Show(platform::Aspect aspect) override;
 };
 
 class SpinBinding final : public TypedBinding<platform::SpinButton, SpinPair> {
  public:
-  SpinBinding(FormWindow& window, platform::SpinButton& control, SpinPair* widget);
+  SpinBinding(platform::SpinButton& control, SpinPair* widget);
 };
 
 }  // namespace desktop

@@ -1,13 +1,11 @@
 #include "desktop/binding/tab_binding.h"
 
-#include "desktop/window/form_window.h"
-
 namespace desktop {
 
 using platform::Aspect;
 
-TabBinding::TabBinding(FormWindow& window, platform::TabControl& control, TabBar* widget)
-    : TypedBinding(window, control, widget), pages_(window.findChild<QStackedWidget*>(WidgetName(control) + "_pages")) {
+TabBinding::TabBinding(platform::TabControl& control, TabBar* widget)
+    : TypedBinding(control, widget), pages_(widget->window()->findChild<QStackedWidget*>(WidgetName(control) + "_pages")) {
   widget->OnClick([this](int tab) {
     Act([&] { this->control().UserClick(tab); });
     if (!Dropped()) Show(Aspect::Tab);

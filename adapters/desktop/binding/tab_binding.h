@@ -11,7 +11,7 @@ namespace desktop {
 /// Tabs and, beside them in a stack named after the tabs with "_pages", the pages "tab_<tab>_page_<page>".
 class TabBinding final : public TypedBinding<platform::TabControl, TabBar> {
  public:
-  TabBinding(FormWindow& window, platform::TabControl& control, TabBar* widget);
+  TabBinding(platform::TabControl& control, TabBar* widget);
   void Show(platform::Aspect aspect) override;
 
  private:

@@ -9,7 +9,7 @@
 #include <QTreeView>
 #include <QWheelEvent>
 
-#include "desktop/controls/text_edit.h"
+#include "desktop/toolkit/key_event.h"
 #include "platform/values/text.h"
 
 namespace desktop {

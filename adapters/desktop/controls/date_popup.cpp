@@ -11,7 +11,7 @@
 #include <algorithm>
 
 #include "desktop/look/icons.h"
-#include "platform/values/convert.h"
+#include "platform/values/calendar.h"
 
 namespace desktop {
 

@@ -5,15 +5,14 @@
 #include <QTextBlock>
 #include <algorithm>
 
-#include "desktop/controls/text_edit.h"
+#include "desktop/toolkit/key_event.h"
+#include "platform/keys/control_keys.h"
+#include "platform/keys/key.h"
 #include "platform/values/text.h"
 
 namespace desktop {
 
 namespace {
-
-constexpr char32_t kEnter = 13;
-constexpr char32_t kBackspace = 8;
 
 bool EndsLine(char32_t character) { return character == U'\r' || character == U'\n'; }
 
@@ -124,17 +123,9 @@ void MemoEdit::Changed(int, int, int) {
 
 void MemoEdit::keyPressEvent(QKeyEvent* event) {
   if (!model_) return event->ignore();
-  const bool plain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
-  if (!isReadOnly() && plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-    Edit([this] { model_->UserKey(kEnter); });
-    return event->accept();
-  }
-  if (!isReadOnly() && plain && event->key() == Qt::Key_Backspace) {
-    Edit([this] { model_->UserKey(kBackspace); });
-    return event->accept();
-  }
-  if (!isReadOnly() && plain && event->key() == Qt::Key_Delete) {
-    Edit([this] { model_->UserDelete(); });
+  const std::string key = platform::WithoutShift(KeyName(*event));
+  if (!isReadOnly() && (key == "Enter" || key == "Backspace" || key == "Delete")) {
+    Edit([&] { platform::PressKeyInEdit(*model_, key); });
     return event->accept();
   }
   if (!isReadOnly() && TypesCharacter(*event)) {

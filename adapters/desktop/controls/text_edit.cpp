@@ -10,6 +10,9 @@
 #include <QMimeData>
 #include <algorithm>
 
+#include "desktop/toolkit/key_event.h"
+#include "platform/keys/control_keys.h"
+#include "platform/keys/key.h"
 #include "platform/values/mask.h"
 #include "platform/values/text.h"
 
@@ -19,9 +22,6 @@ namespace {
 
 constexpr int kTextMargin = 2;
 constexpr std::size_t kUndoSteps = 100;
-constexpr char32_t kEnter = 13;
-constexpr char32_t kBackspace = 8;
-constexpr char32_t kEscape = 27;
 
 qsizetype DigitPlaces(const platform::TextBox& model) {
   const std::string& mask = model.Mask();
@@ -29,18 +29,6 @@ qsizetype DigitPlaces(const platform::TextBox& model) {
 }
 
 }  // namespace
-
-bool TypesCharacter(const QKeyEvent& event) {
-  const QString text = event.text();
-  if (text.isEmpty()) return false;
-  const auto modifiers = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier);
-  const bool altGr = modifiers == (Qt::ControlModifier | Qt::AltModifier);
-  if (modifiers != Qt::NoModifier && !altGr) return false;
-  return text[0].isPrint() || text[0].isSurrogate() || text[0].category() == QChar::Other_PrivateUse ||
-         text[0].category() == QChar::Other_Format;
-}
-
-bool IsStrayLetter(const QKeyEvent& event) { return !event.text().isEmpty() && event.text()[0].isPrint() && !TypesCharacter(event); }
 
 TextEdit::TextEdit(QWidget* parent) : QLineEdit(parent) {
   setDragEnabled(false);
@@ -193,17 +181,16 @@ bool TextEdit::EditKey(const QKeyEvent& event) {
 }
 
 bool TextEdit::ControlKey(const QKeyEvent& event) {
-  const bool plain = (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
-  if (!plain) return false;
-  if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) return Edit([this] { model_->UserKey(kEnter); }), true;
-  if (event.key() == Qt::Key_Backspace) return Edit([this] { model_->UserKey(kBackspace); }), true;
-  return false;
+  const std::string key = platform::WithoutShift(KeyName(event));
+  if (key != "Enter" && key != "Backspace") return false;
+  Edit([&] { platform::PressKeyInEdit(*model_, key); });
+  return true;
 }
 
 void TextEdit::keyPressEvent(QKeyEvent* event) {
   if (!model_) return event->ignore();
   if (event->key() == Qt::Key_Escape) {
-    Edit([this] { model_->UserKey(kEscape); });
+    Edit([this] { platform::PressKeyInEdit(*model_, "Escape"); });
     return event->ignore();
   }
   if (ControlKey(*event)) return event->accept();

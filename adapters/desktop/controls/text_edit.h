@@ -70,9 +70,4 @@ class TextEdit final : public QLineEdit {
   bool composing_ = false;
 };
 
-/// Whether the key types a character (and is no command).
-bool TypesCharacter(const QKeyEvent& event);
-/// Whether the key has a printable text that is not meant as such: Alt with a letter that no menu or caption knows.
-bool IsStrayLetter(const QKeyEvent& event);
-
 }  // namespace desktop

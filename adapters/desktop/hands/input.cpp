@@ -5,10 +5,12 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QtTest/QTest>
+#include <algorithm>
 #include <array>
+#include <cctype>
 
 #include "desktop/toolkit/toolkit.h"
-#include "platform/values/text.h"
+#include "platform/keys/key.h"
 
 namespace desktop::input {
 
@@ -96,39 +98,21 @@ void Type(QWidget& window, const QString& text) {
 
 NamedKey KeyByName(std::string_view name) {
   NamedKey named;
-  struct Modifier {
-    std::string_view name;
-    Qt::KeyboardModifier modifier;
-  };
-  constexpr std::array modifiers = {Modifier{"ctrl+", Qt::ControlModifier}, Modifier{"alt+", Qt::AltModifier},
-                                    Modifier{"shift+", Qt::ShiftModifier}};
-  for (bool more = true; more;) {
-    more = false;
-    for (const Modifier& one : modifiers) {
-      if (name.size() <= one.name.size() || !platform::EqualsNoCase(name.substr(0, one.name.size()), one.name)) continue;
-      named.modifiers |= one.modifier;
-      name.remove_prefix(one.name.size());
-      more = true;
-    }
+  const std::optional<platform::Key> key = platform::KeyNamed(name);
+  if (!key) return named;
+  if (key->control) named.modifiers |= Qt::ControlModifier;
+  if (key->alt) named.modifiers |= Qt::AltModifier;
+  if (key->shift) named.modifiers |= Qt::ShiftModifier;
+  const auto found = std::find_if(kNames.begin(), kNames.end(), [&](const Name& one) { return one.name == key->plain; });
+  if (found != kNames.end()) {
+    named.key = found->key == Qt::Key_Tab && key->shift ? Qt::Key_Backtab : found->key;
+    if (!key->control && !key->alt) named.text = QString::fromLatin1(found->text);
+  } else if (key->plain.size() > 1 && key->plain[0] == 'F' && std::isdigit(static_cast<unsigned char>(key->plain[1]))) {
+    named.key = static_cast<Qt::Key>(Qt::Key_F1 + ToShown(key->plain).mid(1).toInt() - 1);
+  } else {
+    named.key = KeyOfCharacter(ToShown(key->plain));
+    named.text = ToShown(platform::TypedBy(platform::NameOf(*key)));
   }
-  const bool types = (named.modifiers & ~Qt::ShiftModifier) == Qt::NoModifier;
-  for (const Name& one : kNames) {
-    if (!platform::EqualsNoCase(one.name, name)) continue;
-    named.key = one.key;
-    if (types) named.text = QString::fromLatin1(one.text);
-    if (named.key == Qt::Key_Tab && named.modifiers.testFlag(Qt::ShiftModifier)) named.key = Qt::Key_Backtab;
-    return named;
-  }
-  const QString shown = ToShown(name);
-  if (name.size() >= 2 && (name[0] == 'F' || name[0] == 'f')) {
-    const int number = shown.mid(1).toInt();
-    if (number >= 1 && number <= 12) {
-      named.key = static_cast<Qt::Key>(Qt::Key_F1 + number - 1);
-      return named;
-    }
-  }
-  named.key = KeyOfCharacter(shown);
-  if (types) named.text = named.modifiers.testFlag(Qt::ShiftModifier) ? shown.toUpper() : shown;
   return named;
 }
 

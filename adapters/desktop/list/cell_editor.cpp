@@ -5,7 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 
-#include "desktop/controls/text_edit.h"
+#include "desktop/toolkit/key_event.h"
 #include "desktop/toolkit/toolkit.h"
 
 namespace desktop {
@@ -37,13 +37,13 @@ void CellEditor::Close() {
   deleteLater();  // hidden it would hand the focus to whatever comes next
 }
 
+bool CellEditor::ListTakes(const QKeyEvent& key) const { return onKey && onKey(key); }
+
+/// Tab is the list's before it is the toolkit's.
 bool CellEditor::event(QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) {
-      if (onLeave) onLeave(Leave::TakeAndNext);
-      return true;
-    }
+    if ((key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) && ListTakes(*key)) return true;
   }
   return QLineEdit::event(event);
 }
@@ -61,13 +61,17 @@ void CellEditor::paintEvent(QPaintEvent* event) {
 }
 
 void CellEditor::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    if (onLeave) onLeave(Leave::Take);
-    return event->accept();
-  }
-  if (event->key() == Qt::Key_Escape) {
-    if (onLeave) onLeave(Leave::Drop);
-    return event->accept();
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+      if (ListTakes(*event)) return event->accept();
+      return event->ignore();
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+      return event->ignore();
+    default:
+      break;
   }
   if (IsStrayLetter(*event)) return event->ignore();
   QLineEdit::keyPressEvent(event);

@@ -10,11 +10,10 @@ class CellEditor final : public QLineEdit {
   Q_OBJECT
 
  public:
-  enum class Leave { Take, TakeAndNext, Drop };
-
   explicit CellEditor(QWidget* parent);
   std::function<void(const QString&)> onText;
-  std::function<void(Leave)> onLeave;
+  /// Whether a key is the list's; the others are the edit's own.
+  std::function<bool(const QKeyEvent&)> onKey;
 
   /// Offers these texts while typing.
   void Offer(const QStringList& texts);
@@ -25,6 +24,9 @@ class CellEditor final : public QLineEdit {
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool ListTakes(const QKeyEvent& key) const;
 };
 
 }  // namespace desktop

@@ -17,6 +17,7 @@
 #include "platform/controls/form/form.h"
 #include "platform/controls/form/form_host.h"
 #include "platform/controls/grid.h"
+#include "platform/keys/list_keys.h"
 
 namespace desktop {
 
@@ -135,10 +136,10 @@ class ListView final : public QAbstractScrollArea {
   QString SettingsName() const;
 
   // Keys and clicks.
-  bool MoveKey(const QKeyEvent& event);
-  bool CellKey(const QKeyEvent& event);
-  bool MarkKey(const QKeyEvent& event);
-  bool TypingKey(QKeyEvent* event);
+  bool TakeKey(const QKeyEvent& event);
+  void TypeIntoSearchBox(const QKeyEvent& event);
+  std::vector<int> ShownColumns() const;
+  platform::ListShown Shown() const;
   bool CopyKey(const QKeyEvent& event);
   void EditCell(int column);
   TextEdit* SearchBox() const;
@@ -156,7 +157,6 @@ class ListView final : public QAbstractScrollArea {
   std::vector<platform::Bookmark> RowsBetween(const platform::Bookmark& one, const platform::Bookmark& other) const;
   std::vector<platform::Bookmark> RowsDownTo(const platform::Bookmark& first, const platform::Bookmark& last) const;
   void ToggleCheck(int column);
-  bool HasOpenColumns() const;
   bool IsOpen(int column) const;
 
   platform::Grid* grid_ = nullptr;

@@ -26,8 +26,7 @@ void ListView::CopyCell(int column) {
 void ListView::CopyRows() {
   if (!grid_) return;
   Sync();
-  std::vector<int> shown;
-  for (int place = 0; place < columns_.PlaceCount(); ++place) shown.push_back(columns_.ColumnAt(place));
+  const std::vector<int> shown = ShownColumns();
   Act([&](platform::Grid& grid) {
     std::vector<platform::Bookmark> rows = Marked();
     if (rows.empty() && grid.Data() && grid.Data()->OnRecord()) rows.push_back(grid.CurrentBookmark());

@@ -8,7 +8,9 @@
 #include "desktop/controls/text_edit.h"
 #include "desktop/list/list_act.h"
 #include "desktop/services/services.h"
+#include "desktop/toolkit/key_event.h"
 #include "desktop/toolkit/toolkit.h"
+#include "platform/keys/list_keys.h"
 #include "platform/values/text.h"
 
 // What keys and clicks in a list ask of its model.
@@ -21,12 +23,6 @@ void ListView::Later(std::function<void(platform::Grid&)> act) {
 
 bool ListView::IsOpen(int column) const { return grid_ && column >= 0 && column < grid_->ColumnCount() && grid_->Column(column).open; }
 
-bool ListView::HasOpenColumns() const {
-  for (int column = 0; grid_ && column < grid_->ColumnCount(); ++column)
-    if (IsOpen(column)) return true;
-  return false;
-}
-
 void ListView::HeadClicked(int column) {
   Act([&](platform::Grid& grid) { grid.UserHeadClick(column); });
 }
@@ -35,52 +31,60 @@ void ListView::keyPressEvent(QKeyEvent* event) {
   event->accept();
   if (!grid_) return;
   Sync();
-  if (!grid_ || MoveKey(*event) || CellKey(*event) || MarkKey(*event) || CopyKey(*event) || TypingKey(event)) return;
+  if (!grid_ || TakeKey(*event) || CopyKey(*event)) return;
   event->ignore();
 }
 
-bool ListView::MoveKey(const QKeyEvent& event) {
-  const auto modifiers = event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-  const bool control = modifiers == Qt::ControlModifier;
-  if (modifiers != Qt::NoModifier && !control) return false;
-  const int page = std::max(1, WholeRowsShown() - 1);
-  const auto move = [&](int rows) { Act([&](platform::Grid& grid) { grid.UserMove(rows); }); };
-  switch (event.key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-      if (control) return false;
-      // The box above the list is the way back from its first row.
-      if (event.key() == Qt::Key_Up && currentOrdinal_.value_or(0) == 0 && !currentChanged_ && !listChanged_) {
-        if (TextEdit* box = SearchBox()) box->setFocus(Qt::TabFocusReason);
-        return true;
-      }
-      move(event.key() == Qt::Key_Up ? -1 : 1);
+std::vector<int> ListView::ShownColumns() const {
+  std::vector<int> shown;
+  for (int place = 0; place < columns_.PlaceCount(); ++place) shown.push_back(columns_.ColumnAt(place));
+  return shown;
+}
+
+platform::ListShown ListView::Shown() const {
+  const bool first = currentOrdinal_.value_or(0) == 0 && !currentChanged_ && !listChanged_;
+  return {ShownColumns(), std::max(1, WholeRowsShown() - 1), first};
+}
+
+/// Moves go at once; what opens or leaves a cell, or starts a command, comes from the event loop.
+bool ListView::TakeKey(const QKeyEvent& event) {
+  using platform::ListAct;
+  const platform::ListKey key = platform::ListKeyOf(*grid_, KeyName(event), ShownColumns());
+  switch (key.act) {
+    case ListAct::None:
+      return false;
+    case ListAct::Search:
+      return TypeIntoSearchBox(event), true;
+    case ListAct::CellLeft:
+    case ListAct::CellRight:
+      return MoveCellCursor(key.act == ListAct::CellLeft ? -1 : 1), true;
+    case ListAct::Mark:
+    case ListAct::MarkAndGoOn:
+      Sync();
+      if (currentOrdinal_) Mark(*currentOrdinal_, Qt::ControlModifier, false);
+      if (key.act == ListAct::MarkAndGoOn) Act([](platform::Grid& grid) { grid.UserMove(1); });
       return true;
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-      if (control) return false;
-      move(event.key() == Qt::Key_PageUp ? -page : page);
-      return true;
-    case Qt::Key_Home:
-      Act([](platform::Grid& grid) { grid.UserFirst(); });
-      return true;
-    case Qt::Key_End:
-      Act([](platform::Grid& grid) { grid.UserLast(); });
-      return true;
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-      MoveCellCursor(event.key() == Qt::Key_Left ? -1 : 1);
+    case ListAct::RowUp:
+    case ListAct::RowDown:
+    case ListAct::PageUp:
+    case ListAct::PageDown:
+    case ListAct::FirstRow:
+    case ListAct::LastRow:
+      Act([this, &key](platform::Grid& grid) { platform::PerformListKey(grid, key, Shown()); });
       return true;
     default:
-      return false;
+      Later([this, key](platform::Grid& grid) {
+        platform::PerformListKey(grid, key, Shown());
+        if (grid_ && key.act == ListAct::TakeCellAndGoOn) ScrollToColumn(CursorColumn());
+      });
+      return true;
   }
 }
 
 /// With open columns the cursor goes from cell to cell; without, the list scrolls by a column.
 void ListView::MoveCellCursor(int step) {
-  if (HasOpenColumns()) {
-    const int place = columns_.PlaceOf(CursorColumn()).value_or(0) + step;
-    grid_->CursorColumn(columns_.ColumnAt(std::clamp(place, 0, columns_.PlaceCount() - 1)));
+  if (platform::HasOpenColumns(*grid_)) {
+    grid_->CursorColumn(platform::ColumnBesideCursor(*grid_, ShownColumns(), step));
     ScrollToColumn(CursorColumn());
   } else if (horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOn) {
     const int offset = HorizontalOffset();
@@ -92,55 +96,11 @@ void ListView::MoveCellCursor(int step) {
   viewport()->update();
 }
 
-bool ListView::CellKey(const QKeyEvent& event) {
-  const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-  if (event.key() == Qt::Key_Escape && event.modifiers() == Qt::NoModifier) {
-    if (!grid_->OpenCell() && !grid_->DataChanged()) return false;
-    Later([](platform::Grid& grid) { grid.UserEscape(); });
-    return true;
-  }
-  if (enter && event.modifiers() == Qt::ShiftModifier) {
-    Later([](platform::Grid& grid) { grid.UserLeaveRow(); });
-    return true;
-  }
-  if (enter && (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
-    Later([column = CursorColumn()](platform::Grid& grid) {
-      if (grid.OpenCell()) {
-        grid.UserCloseCell();
-      } else {
-        grid.UserEnter(column);
-      }
-    });
-    return true;
-  }
-  if (event.key() == Qt::Key_E && event.modifiers() == Qt::ControlModifier) {
-    EditCell(CursorColumn());
-    return true;
-  }
-  if (event.key() == Qt::Key_Space && event.modifiers() == Qt::NoModifier && IsOpen(CursorColumn()) &&
-      grid_->Column(CursorColumn()).checkBox) {
-    ToggleCheck(CursorColumn());
-    return true;
-  }
-  return false;
-}
-
-bool ListView::MarkKey(const QKeyEvent& event) {
-  const bool mark = (event.key() == Qt::Key_Space && event.modifiers() != Qt::AltModifier) || event.key() == Qt::Key_Insert;
-  if (!mark || !MarksRows()) return false;
-  Sync();
-  if (currentOrdinal_) Mark(*currentOrdinal_, Qt::ControlModifier, false);
-  if (event.key() == Qt::Key_Insert) Act([](platform::Grid& grid) { grid.UserMove(1); });
-  return true;
-}
-
 /// The cell of the current row at that column, or the next one behind it that can be changed by typing.
 void ListView::EditCell(int column) {
   if (!grid_) return;
-  std::vector<int> shown;
-  for (int place = 0; place < columns_.PlaceCount(); ++place) shown.push_back(columns_.ColumnAt(place));
   grid_->CursorColumn(column);
-  if (const auto cell = grid_->CellToEdit(shown)) Later([cell = *cell](platform::Grid& grid) { grid.UserOpenCell(cell); });
+  if (const auto cell = grid_->CellToEdit(ShownColumns())) Later([cell = *cell](platform::Grid& grid) { grid.UserOpenCell(cell); });
 }
 
 TextEdit* ListView::SearchBox() const {
@@ -149,15 +109,14 @@ TextEdit* ListView::SearchBox() const {
 }
 
 /// A letter typed in a list never changes what stands there: it begins a search.
-bool ListView::TypingKey(QKeyEvent* event) {
-  if (!TypesCharacter(*event) || event->text() == " " || event->text() == "/") return false;
+void ListView::TypeIntoSearchBox(const QKeyEvent& event) {
   TextEdit* box = SearchBox();
-  if (!box || !box->isEnabled() || !box->isVisible()) return false;
+  if (!box) return;
   box->setFocus(Qt::ShortcutFocusReason);
-  if (!box->hasFocus()) return true;
+  if (!box->hasFocus()) return;
   box->selectAll();
-  QApplication::sendEvent(box, event);
-  return true;
+  const std::unique_ptr<QKeyEvent> copy(event.clone());
+  QApplication::sendEvent(box, copy.get());
 }
 
 std::optional<std::int64_t> ListView::OrdinalAt(int y) const {
@@ -187,7 +146,7 @@ void ListView::ClickForMenu(std::int64_t ordinal, int x) {
   const ShownRow* row = rows_.At(ordinal);
   if (!row) return;
   const auto place = columns_.PlaceAt(x - MarkerWidth(), HorizontalOffset());
-  if (place && HasOpenColumns()) grid_->CursorColumn(columns_.ColumnAt(*place));
+  if (place && platform::HasOpenColumns(*grid_)) grid_->CursorColumn(columns_.ColumnAt(*place));
   const platform::Bookmark bookmark = row->row.bookmark;
   Act([&](platform::Grid& grid) {
     if (current_ == bookmark && !currentChanged_) return grid.Owner().UserFocus(grid);
@@ -207,7 +166,7 @@ bool ListView::ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modif
   }
   const auto place = columns_.PlaceAt(x - MarkerWidth(), HorizontalOffset());
   const int column = place ? columns_.ColumnAt(*place) : -1;
-  if (column >= 0 && HasOpenColumns()) grid_->CursorColumn(column);
+  if (column >= 0 && platform::HasOpenColumns(*grid_)) grid_->CursorColumn(column);
   const auto onBox = [&](std::int64_t at) {
     const bool box = column >= 0 && grid_->Column(column).checkBox && IsOpen(column);
     const QRect cell = box ? CellRect(at, column) : QRect();
@@ -230,11 +189,7 @@ bool ListView::ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modif
 }
 
 void ListView::ToggleCheck(int column) {
-  Later([column](platform::Grid& grid) {
-    if (!grid.UserOpenCell(column)) return;
-    grid.UserCellText(grid.OpenText() == "True" ? "False" : "True");
-    grid.UserCloseCell();
-  });
+  Later([this, column](platform::Grid& grid) { platform::PerformListKey(grid, {platform::ListAct::TurnCheck, column}, Shown()); });
 }
 
 /// The bar's range reaches beyond what a narrow list needs, so a sideways wheel counts only where the bar is shown.

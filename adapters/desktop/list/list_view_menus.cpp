@@ -2,8 +2,6 @@
 #include <QHelpEvent>
 #include <QMenu>
 #include <QToolTip>
-#include <algorithm>
-#include <iterator>
 
 #include "desktop/list/column_chooser.h"
 #include "desktop/list/list_act.h"
@@ -11,7 +9,7 @@
 #include "desktop/services/services.h"
 #include "desktop/toolkit/toolkit.h"
 #include "platform/controls/toolbar.h"
-#include "platform/host/shortcuts.h"
+#include "platform/keys/shortcuts.h"
 
 // The menus of a row and of a heading, and the columns that the user chooses.
 namespace desktop {
@@ -27,13 +25,6 @@ QMenu* NewMenu(QWidget& list) {
 
 /// With the key beside it, which is the list's own and no shortcut of the menu.
 QString Entry(const QString& caption, std::string_view key) { return key.empty() ? caption : caption + "\t" + ToShown(key); }
-
-/// The key of the menu item that this toolbar key guards.
-std::string_view KeyOf(const platform::ToolbarButton& button) {
-  const auto* found = std::find_if(std::begin(platform::kShortcuts), std::end(platform::kShortcuts),
-                                   [&](const platform::Shortcut& shortcut) { return shortcut.guard == button.Name(); });
-  return found == std::end(platform::kShortcuts) ? std::string_view() : found->key;
-}
 
 }  // namespace
 
@@ -58,11 +49,11 @@ void ListView::RowMenu(const QPoint& global, int column) {
   QMenu* menu = NewMenu(*this);
   for (const platform::RowCommand& command : grid_->RowCommands()) {
     if (!command.key->EffectivelyVisible()) continue;
-    QAction* action = menu->addAction(Entry(ToShown(command.caption), KeyOf(*command.key)));
+    QAction* action = menu->addAction(Entry(ToShown(command.caption), platform::ShortcutKeyFor(*command.key)));
     action->setEnabled(command.key->EffectivelyEnabled());
     connect(action, &QAction::triggered, this, [this, key = command.key] {
       Later([key](platform::Grid&) {
-        if (platform::IsOpenToUser(key)) key->UserClick();
+        if (key->OpenToUser()) key->UserClick();
       });
     });
   }

@@ -261,14 +261,7 @@ void ListView::SyncOpenCell() {
     made->onText = [this](const QString& text) {
       if (grid_) grid_->UserCellText(ToUtf8(text));
     };
-    made->onLeave = [this](CellEditor::Leave leave) {
-      if (leave == CellEditor::Leave::Drop) return Later([](platform::Grid& grid) { grid.UserEscape(); });
-      const bool next = leave == CellEditor::Leave::TakeAndNext;
-      Later([this, next](platform::Grid& grid) {
-        const bool closed = grid.UserCloseCell();
-        if (grid_ && closed && next) MoveCellCursor(1);
-      });
-    };
+    made->onKey = [this](const QKeyEvent& event) { return grid_ && (!grid_->OpenCell() || TakeKey(event)); };
     QStringList offers;
     for (const auto& [code, text] : grid_->Column(*open).valueItems) offers << ToShown(text);
     if (!offers.isEmpty()) made->Offer(offers);

@@ -14,8 +14,6 @@ namespace desktop {
 
 namespace {
 
-constexpr int kInvalidCall = 5;
-
 bool OnMainThread() {
   if (const auto* app = QCoreApplication::instance()) return app->thread() == QThread::currentThread();
 #ifdef __linux__
@@ -28,20 +26,21 @@ bool OnMainThread() {
 }  // namespace
 
 ToolkitApplication::ToolkitApplication(bool offscreenIfNoDisplay) {
-  if (!OnMainThread()) throw platform::Error(kInvalidCall, "The screens can only be shown on the program's main thread.");
+  if (!OnMainThread())
+    throw platform::Error(platform::error::number::InvalidCall, "The screens can only be shown on the program's main thread.");
   if (QCoreApplication::instance() != nullptr) {
     if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
-      throw platform::Error(kInvalidCall, "The host's application object can't show windows.");
+      throw platform::Error(platform::error::number::InvalidCall, "The host's application object can't show windows.");
     used_ = QCoreApplication::instance();
     return;
   }
   words_ = {"orcussch"};
   if (!DisplayIsNamed()) {
-    if (!offscreenIfNoDisplay) throw platform::Error(kInvalidCall, "There is no display to show the screens on.");
+    if (!offscreenIfNoDisplay) throw platform::Error(platform::error::number::InvalidCall, "There is no display to show the screens on.");
     words_.insert(words_.end(), {"-platform", "offscreen"});
   }
   if (const std::string why = WhyNoDisplay(words_); !why.empty())
-    throw platform::Error(kInvalidCall, "The display to show the screens on can't be opened: " + why);
+    throw platform::Error(platform::error::number::InvalidCall, "The display to show the screens on can't be opened: " + why);
   for (std::string& word : words_) arguments_.push_back(word.data());
   arguments_.push_back(nullptr);
   argumentCount_ = static_cast<int>(words_.size());

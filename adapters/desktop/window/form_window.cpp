@@ -15,9 +15,11 @@
 #include "desktop/controls/text_edit.h"
 #include "desktop/look/mnemonics.h"
 #include "desktop/look/theme.h"
-#include "platform/controls/buttons.h"
+#include "desktop/toolkit/key_event.h"
 #include "platform/controls/form/card_screen.h"
 #include "platform/controls/grid.h"
+#include "platform/keys/control_keys.h"
+#include "platform/keys/screen_keys.h"
 
 namespace desktop {
 
@@ -75,7 +77,7 @@ FormWindow::~FormWindow() = default;
 void FormWindow::Bind() {
   const Showing showing(showing_);
   for (platform::Control* control : form_->Controls()) {
-    std::unique_ptr<Binding> binding = MakeBinding(*this, *control);
+    std::unique_ptr<Binding> binding = MakeBinding(*this, services_, *control);
     if (!binding) continue;
     byControl_[control] = binding.get();
     if (QWidget* widget = binding->Widget()) {
@@ -216,6 +218,15 @@ void FormWindow::changeEvent(QEvent* event) {
   }
 }
 
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  event->ignore();
+  if (!form_ || services_.PaintingOnly()) return;
+  const Binding* here = BindingAround(focusWidget());
+  bool taken = false;
+  Safely(host_, [&] { taken = platform::PressKeyOnScreen(*form_, here ? &here->Model() : nullptr, KeyName(*event)); });
+  if (taken) event->accept();
+}
+
 bool FormWindow::focusNextPrevChild(bool next) {
   if (!form_) return QMainWindow::focusNextPrevChild(next);
   Safely(host_, [&] {
@@ -244,14 +255,13 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     Binding* inner = BindingAround(under);
     if (!inner || inner == found->second) Hovered(*found->second);
   } else if (event->type() == QEvent::KeyPress) {
-    const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return false;
+    // The toolkit's buttons know Space and the arrows, and not Enter.
     const auto found = byWidget_.find(watched);
-    if (found == byWidget_.end()) return false;
-    auto* button = dynamic_cast<platform::CommandButton*>(&found->second->Model());
-    if (!button || !button->EffectivelyEnabled() || key->modifiers() != Qt::NoModifier) return false;
-    Safely(host_, [&] { button->UserClick(); });
-    return true;
+    if (found == byWidget_.end() || KeyName(*static_cast<QKeyEvent*>(event)) != "Enter") return false;
+    platform::Control& control = found->second->Model();
+    bool taken = false;
+    if (control.EffectivelyEnabled()) Safely(host_, [&] { taken = platform::PressKeyOnButton(control, "Enter"); });
+    return taken;
   }
   return false;
 }

@@ -68,9 +68,6 @@ class FormWindow final : public QMainWindow {
   void NameForAccessibility();
   void TookFocus(Binding& binding, Qt::FocusReason reason);
   void Hovered(Binding& binding);
-  bool TabKey(const QKeyEvent& event);
-  bool SearchKey(const QKeyEvent& event);
-  bool ShortcutKey(const QKeyEvent& event);
   void KeepPlace();
   void RestorePlace();
   void FitInto(const QSize& room);
@@ -88,8 +85,5 @@ class FormWindow final : public QMainWindow {
   bool asking_ = false;       ///< whether to close; a second wish to close asks nothing
   bool takingFocus_ = false;  ///< the user has put the keyboard there: what he selected stays
 };
-
-/// "Ctrl+Shift+P" for a key event, in the words of the table of shortcuts; "" for a key that the table can't name.
-std::string KeyName(const QKeyEvent& event);
 
 }  // namespace desktop

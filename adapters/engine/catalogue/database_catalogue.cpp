@@ -117,7 +117,7 @@ void DatabaseCatalogue::AppendLink(const platform::TableDef& definition) {
   try {
     file_->AddLink({definition.Name, stored, definition.SourceTableName});
   } catch (const platform::Error& error) {
-    if (error.Number() != 3012 || !IsMadeAlready(definition)) throw;
+    if (error.Number() != errors::number::ObjectExists || !IsMadeAlready(definition)) throw;
     return;
   }
   if (seen_) seen_->insert(definition.Name);

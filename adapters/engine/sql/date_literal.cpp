@@ -1,6 +1,6 @@
 #include "engine/sql/date_literal.h"
 
-#include "platform/values/convert.h"
+#include "platform/values/calendar.h"
 
 namespace engine::sql {
 namespace {

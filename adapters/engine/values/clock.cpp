@@ -2,16 +2,15 @@
 
 #include <ctime>
 
-#include "platform/values/convert.h"
+#include "platform/values/calendar.h"
 
 namespace engine {
 
 platform::Date LocalNow() {
   const std::time_t seconds = std::time(nullptr);
   const std::tm local = *std::localtime(&seconds);
-  constexpr double secondsPerDay = 86'400;
   const platform::Date day = platform::DateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday).value_or(platform::Date{});
-  return {day.serial + (local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec) / secondsPerDay};
+  return platform::MomentOf(day.serial, local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec);
 }
 
 int YearOf(const Clock& clock) { return platform::CalendarOf(clock()).year; }

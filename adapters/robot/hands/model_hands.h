@@ -9,8 +9,7 @@ namespace robot {
 /// Hands that act on the control models, without any window.
 std::unique_ptr<platform::UserHands> MakeModelHands();
 
-/// Presses a key in a control as a window would take it: the control's own use of the key first, then the screen's shortcuts,
-/// then Tab. A key that means nothing there does nothing. Raises ActionFailed for a key name that no keyboard has.
+/// Presses a key in a control as a window would take it (platform/keys). Raises ActionFailed for a key name that no keyboard has.
 void PressKey(platform::Control& control, std::string_view key);
 
 /// A screen as text: its caption, and each control to be seen with its value, one a line.

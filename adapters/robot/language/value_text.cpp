@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "platform/values/calendar.h"
 #include "platform/values/convert.h"
 #include "platform/values/text.h"
 

@@ -1,6 +1,6 @@
 #include "robot/runner/substitution.h"
 
-#include "platform/values/convert.h"
+#include "platform/values/calendar.h"
 #include "platform/values/text.h"
 #include "robot/language/value_text.h"
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <iostream>
 
-#include "platform/values/convert.h"
+#include "platform/values/calendar.h"
 #include "suitefiles/company/company_files.h"
 #include "suitefiles/company/company_maker.h"
 #include "suitefiles/company/data_access.h"

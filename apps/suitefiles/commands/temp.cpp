@@ -26,8 +26,7 @@ int RunTemp(const std::vector<std::string>& words, const Console& console) {
   try {
     engine::CreateDataFile(file.string(), suite::TablesOf(suite::DataFile::Temporary), true);
   } catch (const platform::Error& failure) {
-    constexpr int kExists = 3204;
-    if (failure.Number() != kExists) throw;
+    if (failure.Number() != platform::error::number::FileExists) throw;
     return there();  // another program has just made it
   }
   console.out << file.string() << " made.\n";

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "engine/data_file.h"
-#include "platform/values/convert.h"
+#include "platform/values/calendar.h"
 #include "platform/values/error.h"
 #include "suite/clock.h"
 #include "suite/company_schema.h"
@@ -18,9 +18,6 @@ namespace fs = std::filesystem;
 namespace {
 
 platform::Value TextOrNull(const std::string& text) { return text.empty() ? platform::Value(platform::Null) : platform::Value(text); }
-
-constexpr int kFileExists = 3204;
-constexpr int kKeyExists = 3022;
 
 }  // namespace
 
@@ -38,7 +35,7 @@ CompanyRow AddCompanyRow(const std::string& datFile, const CompanyRecord& compan
       engine::CreateDataFile(datFile, suite::TablesOf(suite::DataFile::Dat));
     }
   } catch (const platform::Error& problem) {
-    if (problem.Number() != kFileExists) throw;  // another program has just made it
+    if (problem.Number() != platform::error::number::FileExists) throw;  // another program has just made it
   }
   DataAccess data;
   const auto rows = data.Open(datFile)->OpenRecordset("Company", platform::RecordsetType::Table);
@@ -53,7 +50,7 @@ CompanyRow AddCompanyRow(const std::string& datFile, const CompanyRecord& compan
   try {
     rows->Update();
   } catch (const platform::Error& problem) {
-    if (problem.Number() != kKeyExists) throw;
+    if (problem.Number() != platform::error::number::DuplicateKey) throw;
     return CompanyRow::WasThere;
   }
   return CompanyRow::Added;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/values/calendar.h"
 #include "platform/values/convert.h"
 #include "suitefiles/demo/codes.h"
 

@@ -81,7 +81,7 @@ bool OptionButton::IsTabStop() const {
   return std::none_of(Owner().Controls().begin(), Owner().Controls().end(), [this](const Control* other) {
     const auto* sibling = dynamic_cast<const OptionButton*>(other);
     if (!sibling || sibling == this || sibling->Name() != Name()) return false;
-    if (!sibling->EffectivelyVisible() || !sibling->EffectivelyEnabled()) return false;
+    if (!sibling->OpenToUser()) return false;
     return sibling->Value() || sibling->Index() < Index();
   });
 }

@@ -100,9 +100,8 @@ void DataControl::ReadAnew() {
   if (!OnRecord() || recordset_->Mode() != EditMode::None || (grid_ && grid_->DataChanged())) return;
   try {
     recordset_->FetchAgain();
-  } catch (const Error& error) {
-    constexpr int deleted = 3167;
-    if (error.Number() != deleted) throw;
+  } catch (const Error& failure) {
+    if (failure.Number() != error::number::RecordDeleted) throw;
     return;
   }
   RowWritten();
@@ -126,13 +125,12 @@ bool DataControl::OnRecord() const {
 }
 
 bool DataControl::RowHasGone() const {
-  constexpr int kRecordDeleted = 3167;
   if (!OnRecord()) return true;
   try {
     listRows_->SetBookmark(recordset_->Bookmark());
     return false;
-  } catch (const Error& error) {
-    return error.Number() == kRecordDeleted;
+  } catch (const Error& failure) {
+    return failure.Number() == error::number::RecordDeleted;
   }
 }
 

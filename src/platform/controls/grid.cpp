@@ -13,31 +13,6 @@
 
 namespace platform {
 
-const Bookmark& SelectedBookmarks::Item(int index) const {
-  if (index < 0 || index >= Count()) throw error::SubscriptOutOfRange();
-  return items_[static_cast<std::size_t>(index)];
-}
-
-void SelectedBookmarks::Add(Bookmark bookmark) {
-  if (!keys_.insert(bookmark.key).second) return;
-  items_.push_back(std::move(bookmark));
-  grid_.Changed(Aspect::Selection);
-}
-
-void SelectedBookmarks::Remove(int index) {
-  if (index < 0 || index >= Count()) throw error::SubscriptOutOfRange();
-  keys_.erase(items_[static_cast<std::size_t>(index)].key);
-  items_.erase(items_.begin() + index);
-  grid_.Changed(Aspect::Selection);
-}
-
-void SelectedBookmarks::Replace(std::vector<Bookmark> items) {
-  items_.clear();
-  keys_.clear();
-  for (Bookmark& item : items)
-    if (keys_.insert(item.key).second) items_.push_back(std::move(item));
-}
-
 Grid::Grid(Form& form, std::string name) : Control(form, std::move(name)) {}
 Grid::Grid(Form& form, std::string name, int index) : Control(form, std::move(name), index) {}
 
@@ -203,7 +178,7 @@ void Grid::UserLast() {
 void Grid::UserMark(std::vector<Bookmark> rows) {
   Act([&] {
     SetFocus();
-    const std::vector<Bookmark> before(SelBookmarks.items_.begin(), SelBookmarks.items_.end());
+    const std::vector<Bookmark> before = SelBookmarks.All();
     SelBookmarks.Replace(std::move(rows));
     bool cancel = false;
     SelChange.Fire(cancel);

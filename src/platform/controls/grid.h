@@ -1,16 +1,16 @@
 #pragma once
 
-#include <deque>
 #include <map>
 #include <optional>
 #include <span>
 #include <string>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "platform/controls/form/control.h"
+#include "platform/controls/grid_column.h"
 #include "platform/controls/grid_rows.h"
+#include "platform/controls/selected_bookmarks.h"
 #include "platform/data/data.h"
 #include "platform/values/value.h"
 
@@ -18,40 +18,6 @@ namespace platform {
 
 class DataControl;
 class TextBox;
-
-/// One column of a grid, in its design order.
-struct GridColumn {
-  std::string caption;
-  std::string dataField;
-  std::string numberFormat;                               ///< display only
-  std::vector<std::pair<Value, std::string>> valueItems;  ///< stored code and shown text
-  bool checkBox = false;
-  bool open = false;  ///< the user may edit its cells
-  bool visible = true;
-  int width = 0;          ///< first width in characters, 0: from the field
-  bool percent = false;   ///< the number is a percentage, and is seen as one
-  bool lastFour = false;  ///< of this number only the last four digits leave the list by copying
-};
-
-/// The rows that the user has marked, in the order of marking. Adding and removing in code fires nothing.
-class SelectedBookmarks {
- public:
-  explicit SelectedBookmarks(class Grid& grid) : grid_(grid) {}
-  int Count() const noexcept { return static_cast<int>(items_.size()); }
-  const Bookmark& Item(int index) const;
-  std::vector<Bookmark> All() const { return {items_.begin(), items_.end()}; }
-  /// A row that is marked already stays where it is.
-  void Add(Bookmark bookmark);
-  void Remove(int index);
-  bool Contains(const Bookmark& bookmark) const { return keys_.count(bookmark.key) != 0; }
-
- private:
-  friend class Grid;
-  void Replace(std::vector<Bookmark> items);
-  class Grid& grid_;
-  std::deque<Bookmark> items_;  ///< taken off at the front when all are unmarked
-  std::unordered_set<std::string> keys_;
-};
 
 /// A list bound to a data control. Its rows are the data control's (Window); the model holds the columns, the selection, the
 /// scroll position and the cell that is being edited.
@@ -95,7 +61,7 @@ class Grid final : public Control {
   int LeftCol(int split) const;
   void LeftCol(int split, int column);
 
-  SelectedBookmarks SelBookmarks{*this};
+  SelectedBookmarks SelBookmarks{[this] { Changed(Aspect::Selection); }};
   /// Bookmark of the data control's row.
   Bookmark CurrentBookmark() const;
   /// Makes that row current; a pending row is written first.
@@ -185,7 +151,6 @@ class Grid final : public Control {
   void WritePendingRow();
 
  private:
-  friend class SelectedBookmarks;
   friend class ControlRecordset;
   const std::map<int, Value>& Pending() const noexcept { return pending_; }
   void WriteBegins() noexcept { writing_ = true; }

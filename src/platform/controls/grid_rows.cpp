@@ -50,9 +50,8 @@ bool Grid::UserEnter(int column) {
 }
 
 bool Grid::UserChooseRow() {
-  const auto open = std::find_if(rowCommands_.begin(), rowCommands_.end(), [](const RowCommand& command) {
-    return command.chosen && command.key->EffectivelyVisible() && command.key->EffectivelyEnabled();
-  });
+  const auto open = std::find_if(rowCommands_.begin(), rowCommands_.end(),
+                                 [](const RowCommand& command) { return command.chosen && command.key->OpenToUser(); });
   if (open == rowCommands_.end() || !data_ || !data_->OnRecord()) return false;
   open->key->UserClick();  // the screen may be gone now
   return true;

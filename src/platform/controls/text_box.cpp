@@ -52,6 +52,11 @@ void TextBox::Select(std::size_t start, std::size_t length) {
   selectionLength_ = caret_ - selectionStart_;
 }
 
+void TextBox::UserSelectAll() {
+  Select(0, CharacterCount(text_));
+  Changed(Aspect::Selection);
+}
+
 std::size_t TextBox::LineEndAt(std::u32string_view text, std::size_t place) {
   if (place >= text.size() || !EndsLine(text[place])) return 0;
   return text[place] == U'\r' && place + 1 < text.size() && text[place + 1] == U'\n' ? 2 : 1;

@@ -44,6 +44,8 @@ class TextBox : public Control {
   std::size_t SelectionLength() const noexcept { return selectionLength_; }
   /// A place inside a line end stands for the one before it.
   void Select(std::size_t start, std::size_t length);
+  /// What is typed next takes the place of all.
+  void UserSelectAll();
 
   Event<> Change;
   Event<int&> KeyPress;
@@ -93,7 +95,6 @@ class NumberEdit : public TextBox {
   double Value() const;
   /// Change when the text really changes.
   void Value(double value);
-  int Decimals() const noexcept { return decimals_; }
   std::string DisplayText() const override;
   bool IsNumberEdit() const override { return true; }
 

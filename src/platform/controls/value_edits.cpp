@@ -1,6 +1,7 @@
 #include "platform/controls/form/form.h"
 #include "platform/controls/form/form_host.h"
 #include "platform/controls/text_box.h"
+#include "platform/values/calendar.h"
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
 #include "platform/values/format.h"

@@ -6,12 +6,9 @@
 #include <new>
 #include <utility>
 
-
 namespace platform {
 
 namespace {
-
-constexpr int kOutOfMemory = 7;
 
 /// Steps that are all done, whatever one of them raises; the first such failure goes on when they are through.
 class AllSteps {
@@ -192,7 +189,7 @@ void Application::Act(Form& form, const std::function<void()>& body) {
       Unhandled(error);
     } catch (const std::bad_alloc&) {
       putBack();
-      Unhandled({kOutOfMemory, "Out of memory"});
+      Unhandled({error::number::OutOfMemory, "Out of memory"});
     } catch (...) {
       putBack();
       throw;

@@ -1,12 +1,11 @@
+#include "platform/values/calendar.h"
+
 #include <chrono>
 #include <cmath>
-
-#include "platform/values/convert.h"
 
 namespace platform {
 namespace {
 
-constexpr int kSecondsOfDay = 24 * 60 * 60;
 constexpr int kFirstYear = 100;
 constexpr int kLastYear = 9999;
 constexpr auto kEpoch = std::chrono::sys_days{std::chrono::year{1899} / 12 / 30};
@@ -34,12 +33,18 @@ std::string TimeText(int seconds) {
 
 }  // namespace
 
-std::optional<Date> DateSerial(int year, int month, int day) {
-  if (year < kFirstYear || year > kLastYear || month < 1 || month > 12 || day < 1 || day > 31) return {};
+std::optional<int> DayNumber(CalendarDay day) {
+  if (day.year < 0 || day.year > kLastYear || day.month < 1 || day.month > 12 || day.day < 1 || day.day > 31) return {};
   const auto calendar =
-      std::chrono::year{year} / std::chrono::month{static_cast<unsigned>(month)} / std::chrono::day{static_cast<unsigned>(day)};
+      std::chrono::year{day.year} / std::chrono::month{static_cast<unsigned>(day.month)} / std::chrono::day{static_cast<unsigned>(day.day)};
   if (!calendar.ok()) return {};
-  return Date{static_cast<double>((std::chrono::sys_days{calendar} - kEpoch).count())};
+  return static_cast<int>((std::chrono::sys_days{calendar} - kEpoch).count());
+}
+
+std::optional<Date> DateSerial(int year, int month, int day) {
+  const std::optional<int> number = year < kFirstYear ? std::nullopt : DayNumber({year, month, day});
+  if (!number) return {};
+  return Date{static_cast<double>(*number)};
 }
 
 CalendarDay CalendarOf(Date date) {
@@ -48,6 +53,11 @@ CalendarDay CalendarOf(Date date) {
 }
 
 int SecondsOf(Date date) { return PartsOf(date).seconds; }
+
+Date MomentOf(double dayNumber, int seconds) {
+  const double time = seconds / static_cast<double>(kSecondsOfDay);
+  return {dayNumber < 0 ? dayNumber - time : dayNumber + time};
+}
 
 std::string ShortDate(Date date) {
   const CalendarDay day = CalendarOf(date);

@@ -50,25 +50,6 @@ std::string FixedText(std::string_view text, int characters);
 /// Rounds to a whole number, halves to the even neighbour.
 double RoundHalfEven(double number);
 
-/// Calendar <-> serial. Dates run from 1 Jan 100 to 31 Dec 9999; DateSerial gives nothing for an impossible day.
-struct CalendarDay {
-  int year = 1899;
-  int month = 12;
-  int day = 30;
-};
-std::optional<Date> DateSerial(int year, int month, int day);
-CalendarDay CalendarOf(Date date);
-/// Seconds since midnight of the date's time part, rounded to whole seconds.
-int SecondsOf(Date date);
-/// "M/d/yyyy".
-std::string ShortDate(Date date);
-/// Short date, with " h:mm:ss AM" behind it when the date has a time; a time of day 0 alone is the time.
-std::string GeneralDate(Date date);
-
-/// A text with a date, a time or both, in en-US order: month/day/year; where that is impossible year/month/day, then
-/// day/month/year; month names in full or by their first three letters. Years 0 to 29 are 20xx, 30 to 99 are 19xx. Month and
-/// day alone are of `thisYear`, and no date when that is 0. Nothing when the text is no date.
-std::optional<Date> ParseDate(std::string_view text, int thisYear);
 /// The number that the whole text is, as IsNumeric and CDbl see it; nothing when it is none or too large for a Double.
 std::optional<double> ParseNumber(std::string_view text);
 

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "platform/values/calendar.h"
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
 

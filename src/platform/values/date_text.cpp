@@ -2,6 +2,7 @@
 #include <cmath>
 #include <vector>
 
+#include "platform/values/calendar.h"
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
 #include "platform/values/text.h"
@@ -173,11 +174,6 @@ std::optional<std::vector<Part>> DateParts(const std::vector<Token>& tokens, std
   return parts;
 }
 
-Date Together(Date day, int seconds) {
-  const double time = seconds / 86400.0;
-  return {day.serial < 0 ? day.serial - time : day.serial + time};
-}
-
 }  // namespace
 
 std::optional<Date> ParseDate(std::string_view text, int thisYear) {
@@ -199,11 +195,11 @@ std::optional<Date> ParseDate(std::string_view text, int thisYear) {
 
   const auto parts = DateParts(*tokens, from, to);
   if (!parts) return {};
-  if (parts->empty()) return time.present ? std::optional(Together({0}, time.seconds)) : std::nullopt;
+  if (parts->empty()) return time.present ? std::optional(MomentOf(0, time.seconds)) : std::nullopt;
   std::optional<Date> date;
   if (parts->size() == 2) date = TwoParts((*parts)[0], (*parts)[1], thisYear);
   if (parts->size() == 3) date = ThreeParts((*parts)[0], (*parts)[1], (*parts)[2]);
-  return date ? std::optional(Together(*date, time.seconds)) : std::nullopt;
+  return date ? std::optional(MomentOf(date->serial, time.seconds)) : std::nullopt;
 }
 
 Date CDate(const Value& value, int thisYear) {

@@ -2,7 +2,7 @@
 
 namespace platform::error {
 
-Error InvalidCall() { return {5, "Invalid procedure call or argument"}; }
+Error InvalidCall() { return {number::InvalidCall, "Invalid procedure call or argument"}; }
 Error Overflow() { return {6, "Overflow"}; }
 Error SubscriptOutOfRange() { return {9, "Subscript out of range"}; }
 Error DivisionByZero() { return {11, "Division by zero"}; }
@@ -13,7 +13,9 @@ Error ObjectNotSet() { return {91, "Object variable or With block variable not s
 Error InvalidPattern() { return {93, "Invalid pattern string"}; }
 Error InvalidUseOfNull() { return {94, "Invalid use of Null"}; }
 Error ObjectRequired() { return {424, "Object required"}; }
+Error NoSuchProperty() { return {438, "Object doesn't support this property or method"}; }
 Error NoCurrentRecord() { return {3021, "No current record."}; }
+Error RecordDeleted() { return {number::RecordDeleted, "Record is deleted."}; }
 Error ItemNotFound() { return {3265, "Item not found in this collection."}; }
 Error ObjectClosed() { return {3420, "Object invalid or no longer set."}; }
 Error ActionCancelled() { return {3426, "The action was cancelled by an associated object."}; }

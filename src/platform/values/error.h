@@ -22,8 +22,19 @@ class Error final : public std::exception {
   std::string description_;
 };
 
-/// The language's own run-time errors (5 to 424), which carry no inserted text. Engine errors are made in the engine.
+/// Errors that carry no inserted text and are raised outside of the engine too: the language's own (5 to 438), and some of the
+/// recordsets. All others are made in the engine.
 namespace error {
+
+/// Numbers by which a program tells an error from others.
+namespace number {
+inline constexpr int InvalidCall = 5;
+inline constexpr int OutOfMemory = 7;
+inline constexpr int DuplicateKey = 3022;
+inline constexpr int RecordDeleted = 3167;
+inline constexpr int FileExists = 3204;
+}  // namespace number
+
 Error InvalidCall();          ///< 5
 Error Overflow();             ///< 6
 Error SubscriptOutOfRange();  ///< 9
@@ -35,7 +46,9 @@ Error ObjectNotSet();         ///< 91
 Error InvalidPattern();       ///< 93
 Error InvalidUseOfNull();     ///< 94
 Error ObjectRequired();       ///< 424
+Error NoSuchProperty();       ///< 438
 Error NoCurrentRecord();      ///< 3021
+Error RecordDeleted();        ///< 3167
 Error ItemNotFound();         ///< 3265, member of a collection
 Error ObjectClosed();         ///< 3420
 Error ActionCancelled();      ///< 3426, an event's handler or an open cell stopped a move or a write

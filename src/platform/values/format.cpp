@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/values/calendar.h"
 #include "platform/values/convert.h"
 #include "platform/values/format_section.h"
 #include "platform/values/text.h"

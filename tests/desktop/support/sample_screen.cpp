@@ -4,7 +4,13 @@ namespace desktop_test {
 
 using namespace platform;
 
+namespace {
+constexpr Shortcut kShortcuts[] = {
+    {"miFind", "F3", "tb_Find"}, {"miPrint", "Ctrl+P", "tb_Print"}, {"miExit", "Ctrl+Q", ""}, {"tb_SaveRec", "Ctrl+S", ""}};
+}  // namespace
+
 frmSample::frmSample(Application& app) : Form(app, "frmSample", "Sample Screen") {
+  Shortcuts(kShortcuts);
   const auto note = [this](std::string what) { return [this, what] { seen.push_back(what); }; };
   grid.DefineColumns({{"No.", "Number", "", {}, false, false, true, 0},
                       {"Name", "Name", "", {}, false, true, true, 0},

@@ -24,6 +24,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/guard-of-save-and-delete
   frame/host-account-no-customers
   frame/keyboard
+  frame/keys-of-lists-and-tabs
   frame/list-cannot-be-built
   frame/load-that-fails
   frame/lookup-button

@@ -1,4 +1,3 @@
-#include "platform/host/shortcuts.h"
 #include "platform/values/convert.h"
 #include "unit/maintenance/screen_fixture.h"
 

@@ -1,4 +1,5 @@
 #include "platform/values/convert.h"
+#include "platform/values/calendar.h"
 
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string_view>
 
+#include "platform/values/calendar.h"
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
 

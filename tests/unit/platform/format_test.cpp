@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/values/convert.h"
+#include "platform/values/calendar.h"
 #include "platform/values/error.h"
 
 namespace platform {

@@ -100,7 +100,7 @@ void DataFile::AddLink(const StoredLink& link) {
   try {
     query.Run();
   } catch (const platform::Error& error) {
-    if (error.Number() == 3022) throw errors::ObjectExists(link.name);
+    if (error.Number() == platform::error::number::DuplicateKey) throw errors::ObjectExists(link.name);
     throw;
   }
 }
@@ -230,9 +230,9 @@ void DataFiles::AttachStatement(const std::string& path, const std::string& alia
   } catch (const platform::Error& error) {
     Abandon(alias);
     // A statement on a file that is not attached yet can't name it.
-    if (error.Number() == 3218 || error.Number() == 3045) throw errors::FileInUse(asked);
-    if (error.Number() == 3049) throw errors::NotADatabase(asked);
-    if (error.Number() != 3051 && error.Number() != 3027) throw;
+    if (error.Number() == errors::number::UpdateLocked || error.Number() == errors::number::FileInUse) throw errors::FileInUse(asked);
+    if (error.Number() == errors::number::NotADatabase) throw errors::NotADatabase(asked);
+    if (error.Number() != errors::number::OpenedExclusively && error.Number() != errors::number::ReadOnly) throw;
     if (MayWriteBeside(path)) throw errors::OpenedExclusively(asked);
     // Who may not write reads along while the store's side files are there. Alone he has none and can't make them, and reading
     // without them would show the file as it once was, or torn, as soon as somebody else writes. So only a file that nobody writes

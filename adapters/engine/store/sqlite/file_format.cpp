@@ -83,7 +83,9 @@ platform::Error NewerFormat(const std::string& path) {
           errors::UnrecognizedFormat(path).Description() + "  A newer version of this program made the file; this version can't use it."};
 }
 
-platform::Error FileExistsAlready(const std::string& path) { return {3204, "Database '" + path + "' already exists."}; }
+platform::Error FileExistsAlready(const std::string& path) {
+  return {platform::error::number::FileExists, "Database '" + path + "' already exists."};
+}
 
 platform::Error OnNetwork(const std::string& path) {
   return {3043, errors::DiskOrNetwork().Description() + "  '" + path +
@@ -92,9 +94,10 @@ platform::Error OnNetwork(const std::string& path) {
 }
 
 platform::Error CantBeReadAlone(const std::string& path) {
-  return {3051, errors::OpenedExclusively(path).Description() +
-                    "  You may not write in its folder, so it can be read only while somebody who may has it open.  Ask for the right "
-                    "to write there, or work with a copy."};
+  return {errors::number::OpenedExclusively,
+          errors::OpenedExclusively(path).Description() +
+              "  You may not write in its folder, so it can be read only while somebody who may has it open.  Ask for the right "
+              "to write there, or work with a copy."};
 }
 
 bool NobodyMayWrite(const std::string& path) {

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "engine/translate/functions/stored_value.h"
+#include "platform/values/calendar.h"
 #include "platform/values/text.h"
 
 namespace engine {

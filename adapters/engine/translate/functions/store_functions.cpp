@@ -7,6 +7,7 @@
 
 #include "engine/translate/functions/functions.h"
 #include "engine/translate/functions/stored_value.h"
+#include "platform/values/calendar.h"
 #include "platform/values/format.h"
 
 namespace engine {

@@ -47,7 +47,7 @@ bool Control::EffectivelyVisible() const {
 bool Control::EffectivelyEnabled() const { return enabled_ && (!container_ || container_->EffectivelyEnabled()); }
 
 void Control::SetFocus() {
-  if (TakesFocus() && EffectivelyVisible() && EffectivelyEnabled()) form_.MoveFocus(this);
+  if (TakesFocus() && OpenToUser()) form_.MoveFocus(this);
 }
 
 void Control::UserHover() {

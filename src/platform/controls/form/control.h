@@ -25,7 +25,7 @@ enum class Aspect {
   List,        ///< a list was opened anew, or a combo's rows
   CurrentRow,  ///< a list's current row
   RowContent,  ///< cells of the current row
-  Selection,   ///< a list's multiple selection
+  Selection,   ///< a list's multiple selection, or a text's
   Columns,     ///< headings, formats, scroll position
   OpenCell,    ///< the cell that is being edited
   Focus,
@@ -65,6 +65,8 @@ class Control {
   /// What the user can see and use: the control itself, its containers and its tab's page.
   bool EffectivelyVisible() const;
   bool EffectivelyEnabled() const;
+  /// Both.
+  bool OpenToUser() const { return EffectivelyVisible() && EffectivelyEnabled(); }
   /// Whether the control takes the keyboard focus at all.
   virtual bool TakesFocus() const { return false; }
   /// Whether the Tab key stops here now.

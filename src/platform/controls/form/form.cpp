@@ -7,8 +7,7 @@
 
 namespace platform {
 
-Form::Form(FormHost& host, std::string name, std::string caption)
-    : host_(host), name_(std::move(name)), caption_(std::move(caption)) {}
+Form::Form(FormHost& host, std::string name, std::string caption) : host_(host), name_(std::move(name)), caption_(std::move(caption)) {}
 
 Form::~Form() { destroying_ = true; }
 
@@ -68,7 +67,7 @@ void Form::MoveFocus(Control* to) {
   if (!focusWanted_) return;
   focusWanted_ = false;
   Control* wanted = std::exchange(wantedFocus_, nullptr);
-  if (!wanted || (wanted->EffectivelyVisible() && wanted->EffectivelyEnabled())) MoveFocus(wanted);
+  if (!wanted || wanted->OpenToUser()) MoveFocus(wanted);
 }
 
 Control* Form::NextInTabOrder(const Control* from, bool backwards) const {
@@ -79,14 +78,14 @@ Control* Form::NextInTabOrder(const Control* from, bool backwards) const {
   for (std::size_t step = 0; step < count; ++step) {
     at = backwards ? (at + count - 1) % count : (at + 1) % count;
     Control* control = controls_[at];
-    if (control != from && control->TakesFocus() && control->IsTabStop() && control->EffectivelyVisible() && control->EffectivelyEnabled()) return control;
+    if (control != from && control->TakesFocus() && control->IsTabStop() && control->OpenToUser()) return control;
   }
   return nullptr;
 }
 
 void Form::CheckFocus() {
   if (!focus_ || destroying_) return;
-  if (focus_->EffectivelyVisible() && focus_->EffectivelyEnabled()) return;
+  if (focus_->OpenToUser()) return;
   MoveFocus(NextInTabOrder(focus_));
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/controls/form/control.h"
+#include "platform/controls/form/shortcut.h"
 
 namespace platform {
 
@@ -24,6 +26,9 @@ class Form {
   const std::string& Caption() const noexcept { return caption_; }
   void Caption(std::string caption);
   FormHost& Host() const noexcept { return host_; }
+  /// The keys of the screen's commands. The table stands as long as the screen.
+  std::span<const Shortcut> Shortcuts() const noexcept { return shortcuts_; }
+  void Shortcuts(std::span<const Shortcut> table) noexcept { shortcuts_ = table; }
 
   /// The life's events, in the order in which they can come.
   virtual void Form_Load() {}
@@ -33,7 +38,6 @@ class Form {
 
   bool Loaded() const noexcept { return loaded_; }
   bool Visible() const noexcept { return visible_; }
-  bool Unloading() const noexcept { return unloading_; }
   /// True while an act of this form is on the stack.
   bool Busy() const noexcept { return handlers_ > 0; }
 
@@ -75,6 +79,7 @@ class Form {
   FormHost& host_;
   std::string name_;
   std::string caption_;
+  std::span<const Shortcut> shortcuts_;
   std::vector<Control*> controls_;
   Control* focus_ = nullptr;
   Control* wantedFocus_ = nullptr;

@@ -10,7 +10,7 @@
 #include "platform/data/data.h"
 #include "platform/services/error_log.h"
 #include "platform/services/report_engine.h"
-#include "platform/values/convert.h"
+#include "platform/values/calendar.h"
 #include "platform/values/error.h"
 
 namespace platform {

@@ -4,7 +4,7 @@
 
 #include "engine/translate/functions/store_functions.h"
 #include "engine/translate/plan/planning.h"
-#include "platform/values/convert.h"
+#include "platform/values/calendar.h"
 #include "unit/engine/sql/fake_catalogue.h"
 
 // The parts of a plan that cursors build on.

@@ -1,4 +1,4 @@
-#include "platform/values/convert.h"
+#include "platform/values/calendar.h"
 #include "platform/values/error.h"
 #include "unit/platform/controls/screen_fixture.h"
 

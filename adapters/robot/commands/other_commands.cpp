@@ -1,4 +1,5 @@
 #include "robot/commands/commands.h"
+#include "robot/commands/row_kinds.h"
 #include "robot/language/arguments.h"
 #include "robot/language/failure.h"
 #include "robot/runner/runner.h"
@@ -23,6 +24,21 @@ Outcome Other(Runner& run, const Arguments& words) {
   return Outcome::Done;
 }
 
+/// "KIND VALUE... [FIELD VALUE]...".
+Outcome Add(Runner& run, const Arguments& words) {
+  std::size_t taken = 0;
+  const RowKind* kind = FindRowKind(words, taken);
+  run.Others().Run("customer.zdb", RowWords(*kind, Arguments(words.From(taken))).Statement());
+  return Outcome::Done;
+}
+
+std::string AddMistake(const Arguments& words) {
+  std::size_t taken = 0;
+  const RowKind* kind = FindRowKind(words, taken);
+  if (kind == nullptr) return "add is followed by one of: " + RowKindNames();
+  return RowWords(*kind, Arguments(words.From(taken))).Mistake();
+}
+
 Outcome RunProgram(Runner& run, const Arguments& words) {
   if (!run.Around().runProgram) throw ActionFailed("no programs here");
   std::vector<std::string> line;
@@ -38,6 +54,7 @@ Outcome RunProgram(Runner& run, const Arguments& words) {
 CommandList OtherUserCommands() {
   return {
       {.name = "other", .least = 1, .most = 3, .handler = Other},
+      {.name = "add", .least = 2, .most = kAnyNumber, .handler = Add, .mistake = AddMistake},
       {.name = "run", .least = 1, .most = kAnyNumber, .handler = RunProgram},
   };
 }

@@ -2,4 +2,5 @@
 list(APPEND ORCUSSCH_SCENARIOS
   language/each-expectation-can-fail
   language/every-word
+  language/rows-by-short-lines
 )

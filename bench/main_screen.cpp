@@ -59,14 +59,14 @@ double YieldWatch::RareGap() const {
   return sorted[sorted.size() - 1 - sorted.size() / 1000].wall;
 }
 
-void NoWindows::RunModal(platform::Form& form, const std::function<bool()>& done) {
+void WatchedFrontEnd::RunModal(platform::Form& form, const std::function<bool()>& done) {
   user_(form);
   if (!done()) form.Host().Unload(form);
 }
 
-void NoWindows::DoEvents() { watch.Yield(); }
+void WatchedFrontEnd::DoEvents() { watch.Yield(); }
 
-int NoWindows::MessageBox(const std::string& text, int, const std::string& title) {
+int WatchedFrontEnd::MessageBox(const std::string& text, int, const std::string& title) {
   throw std::runtime_error("the program shows a box, \"" + title + "\": " + text);
 }
 
@@ -79,11 +79,11 @@ std::string TemporaryFileIn(const std::string& folder) {
   return path.string();
 }
 
-void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, NoWindows&)>& work) {
+void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, WatchedFrontEnd&)>& work) {
   TemporaryFileIn(folder);
   std::exception_ptr problem;
-  NoWindows* windows = nullptr;
-  auto frontEnd = std::make_unique<NoWindows>([&](platform::Form& form) {
+  WatchedFrontEnd* windows = nullptr;
+  auto frontEnd = std::make_unique<WatchedFrontEnd>([&](platform::Form& form) {
     try {
       work(dynamic_cast<orcussch::frmCustMain&>(form), *windows);
     } catch (...) {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "maintenance/frmCustMain.h"
-#include "platform/host/front_end.h"
+#include "platform/host/no_windows.h"
 
 namespace bench {
 
@@ -32,21 +32,13 @@ class YieldWatch {
 };
 
 /// A front end without windows, whose user is the bench. A box that the program shows ends the run.
-class NoWindows final : public platform::FrontEnd {
+class WatchedFrontEnd final : public platform::NoWindows {
  public:
-  explicit NoWindows(std::function<void(platform::Form&)> user) : user_(std::move(user)) {}
+  explicit WatchedFrontEnd(std::function<void(platform::Form&)> user) : user_(std::move(user)) {}
 
-  void Loaded(platform::Form&) override {}
-  void Shown(platform::Form&) override {}
-  void Hidden(platform::Form&) override {}
-  void Unloaded(platform::Form&) override {}
   void RunModal(platform::Form& form, const std::function<bool()>& done) override;
   void DoEvents() override;
-  void ServePainting() override {}
   int MessageBox(const std::string& text, int style, const std::string& title) override;
-  void Pointer(int) override {}
-  std::optional<platform::PrinterChoice> PrinterDialog(platform::Form&) override { return {}; }
-  void Changed(platform::Form&, platform::Control*, platform::Aspect) override {}
 
   YieldWatch watch;
 
@@ -59,7 +51,7 @@ std::string TemporaryFileIn(const std::string& folder);
 
 /// Opens company 1 of the folder as a host does and shows the main screen; `user` is what is done with it. Throws
 /// std::runtime_error when the program shows a box or reports a failure.
-void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, NoWindows&)>& user);
+void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, WatchedFrontEnd&)>& user);
 
 /// The first tab's list on that customer.
 void StandOnCustomer(orcussch::frmCustMain& screen, std::int64_t account);

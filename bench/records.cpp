@@ -76,7 +76,7 @@ int main(int count, char** words) {
     bench::raw::Records bare(company.Raw(), temporary);
     bare.FillUp(bench::raw::Ticked::Types, options.types);
     bare.FillUp(bench::raw::Ticked::KeyWords, options.words);
-    bench::AtMainScreen(options.folder, [&](orcussch::frmCustMain& screen, bench::NoWindows& windows) {
+    bench::AtMainScreen(options.folder, [&](orcussch::frmCustMain& screen, bench::WatchedFrontEnd& windows) {
       const bench::ScreenSides sides{company, bare, screen, windows};
       MeasureAll(sides, options);
       if (options.only.empty()) ShowYields(sides);

@@ -57,7 +57,7 @@ int main(int count, char** words) {
   try {
     const int saves = count > 2 ? std::stoi(words[2]) : 10'000;
     if (saves < 10) throw std::runtime_error("at least 10 saves");
-    bench::AtMainScreen(words[1], [&](orcussch::frmCustMain& screen, bench::NoWindows&) { SaveMany(screen, saves); });
+    bench::AtMainScreen(words[1], [&](orcussch::frmCustMain& screen, bench::WatchedFrontEnd&) { SaveMany(screen, saves); });
     return EXIT_SUCCESS;
   } catch (const std::exception& error) {
     std::cerr << "bench_saves: " << error.what() << "\n";

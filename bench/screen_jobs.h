@@ -14,7 +14,7 @@ struct ScreenSides {
   Company& company;
   raw::Records& bare;
   orcussch::frmCustMain& screen;
-  NoWindows& windows;
+  WatchedFrontEnd& windows;
 };
 
 /// Saving an edited customer: from the key on the card to the list on the row again.

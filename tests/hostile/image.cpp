@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "engine/data_file.h"
-#include "suite/company_schema.h"
-#include "suitefiles/company/company_maker.h"
+#include "support/company.h"
 
 namespace hostile {
 namespace {
@@ -94,14 +93,8 @@ void AddCodes(const std::string& file) {
 }
 
 void MakeCompany(const std::string& folder) {
+  test_support::MakeCompany(folder);
   const std::string books = folder + "data/orv1";
-  fs::create_directories(books);
-  fs::create_directories(folder + "orvTEMP");
-  suitefiles::MakeCompanyFiles(books, 2025);
-  engine::CreateDataFile(folder + "orvTEMP/orvTemp1.zdb", suite::TablesOf(suite::DataFile::Temporary), true);
-  suitefiles::CompanyRecord company;
-  company.name = "Company 1";
-  suitefiles::AddCompanyRow(folder + "dat.zdb", company);
   const std::string file = books + "/customer.zdb";
   Add(file, "Customers",
       {"AcctNum", "LastName", "FirstName", "Title", "Addr1", "Addr2", "City", "State", "Zip", "Terms", "Status", "NonBillable",

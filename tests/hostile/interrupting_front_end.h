@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/host/application.h"
+#include "platform/host/no_windows.h"
 
 namespace hostile {
 
@@ -14,19 +15,11 @@ using Place = std::uintptr_t;
 
 /// A front end without windows that counts the yields of one procedure and does something at one of them. Like a window it
 /// reads the visible lists anew at each yield.
-class InterruptingFrontEnd final : public platform::FrontEnd {
+class InterruptingFrontEnd final : public platform::NoWindows {
  public:
-  void Loaded(platform::Form&) override {}
-  void Shown(platform::Form&) override {}
-  void Hidden(platform::Form&) override {}
-  void Unloaded(platform::Form&) override {}
   void RunModal(platform::Form& form, const std::function<bool()>& done) override;
   void DoEvents() override;
-  void ServePainting() override {}
   int MessageBox(const std::string& text, int style, const std::string& title) override;
-  void Pointer(int) override {}
-  std::optional<platform::PrinterChoice> PrinterDialog(platform::Form&) override { return std::nullopt; }
-  void Changed(platform::Form&, platform::Control*, platform::Aspect) override {}
 
   /// Counts from here on; at the yield with the number `at` (0: at none) `act` is called.
   void Arm(int at, std::function<void()> act);

@@ -113,4 +113,6 @@ ScenarioResult RunScenario(const std::string& text, const ScenarioOptions& optio
   return result;
 }
 
+std::string InScreen(const std::string& commands) { return RunScenario("host ShowUser\n" + commands + "\nclose\n").output; }
+
 }  // namespace test_support

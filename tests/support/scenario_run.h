@@ -29,5 +29,7 @@ struct ScenarioOptions {
 /// Runs a scenario under the name "t.scn" on the test screens. The host's object has the properties UserID, CompanyID and Name and
 /// one, "Broken", that raises error 13; ShowUser shows frmFirst.
 ScenarioResult RunScenario(const std::string& text, const ScenarioOptions& options = {});
+/// What it prints when it is run inside ShowUser and the screen is closed at its end; "" when all holds.
+std::string InScreen(const std::string& commands);
 
 }  // namespace test_support

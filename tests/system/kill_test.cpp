@@ -8,9 +8,9 @@
 
 #include "engine/data_file.h"
 #include "suite/company_schema.h"
+#include "support/temporary_folder.h"
 #include "system/child.h"
 #include "system/numbered_writes.h"
-#include "unit/suite/temporary_folder.h"
 
 /// kill_test WRITER [--kills N] [--seed S]: lets a program write numbered writes into a company's file and kills it at a random
 /// moment, again and again, sometimes while a second one writes beside it. After each kill every write that the victim had

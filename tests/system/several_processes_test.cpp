@@ -7,9 +7,9 @@
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
 #include "suite/company_schema.h"
+#include "support/temporary_folder.h"
 #include "system/child.h"
 #include "system/numbered_writes.h"
-#include "unit/suite/temporary_folder.h"
 
 /// Several processes on the same files.
 namespace system_test {

@@ -9,9 +9,9 @@
 
 #include "engine/data_file.h"
 #include "suite/company_schema.h"
+#include "support/temporary_folder.h"
 #include "system/child.h"
 #include "system/screen_kills/books.h"
-#include "unit/suite/temporary_folder.h"
 
 /// Two copies of the program at work at the same moment on the same rows, each with a user of its own at the main screen.
 namespace system_test {

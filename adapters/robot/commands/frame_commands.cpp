@@ -1,3 +1,4 @@
+#include "platform/values/text.h"
 #include "robot/commands/commands.h"
 #include "robot/expectations/expectations.h"
 #include "robot/language/arguments.h"
@@ -23,18 +24,20 @@ std::string ExpectMistake(const Arguments& words) {
 }
 
 /// "at yield N COMMAND", "at box COMMAND".
-int BeforeCommandAt(const Arguments& words) { return words.Is(0, "yield") ? 2 : 1; }
+bool IsAt(const Arguments& words, std::string_view moment) { return words.Count() > 0 && platform::EqualsNoCase(words.Text(0), moment); }
+
+int BeforeCommandAt(const Arguments& words) { return IsAt(words, "yield") ? 2 : 1; }
 
 std::string AtMistake(const Arguments& words) {
-  if (words.Is(0, "box")) return "";
-  if (!words.Is(0, "yield")) return "at is followed by yield or box";
+  if (IsAt(words, "box")) return "";
+  if (!IsAt(words, "yield")) return "at is followed by yield or box";
   const auto number = words.WholeNumber(1);
   if (!number || *number < 1) return "at yield takes the yield's number, from 1";
   return words.Count() > 2 ? "" : "at yield takes a command";
 }
 
 Outcome At(Runner& run, const Arguments& words) {
-  const int yield = words.Is(0, "box") ? 0 : words.Number(1);
+  const int yield = IsAt(words, "box") ? 0 : words.Number(1);
   run.Interrupted().Wait({run.Records().Line(), yield, words.From(static_cast<std::size_t>(BeforeCommandAt(words)))});
   return Outcome::Done;
 }

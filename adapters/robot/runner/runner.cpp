@@ -2,10 +2,10 @@
 
 #include <utility>
 
+#include "platform/host/no_windows.h"
 #include "robot/language/arguments.h"
 #include "robot/language/failure_text.h"
 #include "robot/runner/substitution.h"
-#include "robot/stage/no_windows.h"
 #include "robot/stage/scripted_front_end.h"
 
 namespace robot {
@@ -26,7 +26,7 @@ void Runner::FillIn(platform::ApplicationParts& parts) {
   parts.reports = MakeRecordingReports(reports_);
   parts.map = MakeRecordingMap(map_);
   parts.accounts = MakeScriptedAccounts(accounts_);
-  if (!parts.frontEnd) parts.frontEnd = std::make_unique<NoWindows>();
+  if (!parts.frontEnd) parts.frontEnd = std::make_unique<platform::NoWindows>();
   parts.frontEnd = std::make_unique<ScriptedFrontEnd>(stage_, std::move(parts.frontEnd));
 }
 

@@ -15,10 +15,10 @@
 #include "engine/data_file.h"
 #include "platform/values/error.h"
 #include "suite/company_schema.h"
+#include "support/temporary_folder.h"
 #include "system/child.h"
 #include "system/obstacles/obstacle.h"
 #include "system/screen_kills/books.h"
-#include "unit/suite/temporary_folder.h"
 
 /// obstacle_test PROGRAMS SCENARIO OBSTACLE [custsearch options]: runs a scenario in which the customer file can't be written for a
 /// while. In the scenario the line "@begin" begins that and "@end" ends it; "@number" stands for the number of the error that a

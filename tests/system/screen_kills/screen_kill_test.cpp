@@ -10,9 +10,9 @@
 #include "engine/data_file.h"
 #include "platform/values/error.h"
 #include "suite/company_schema.h"
+#include "support/temporary_folder.h"
 #include "system/screen_kills/clerk.h"
 #include "system/screen_kills/victim.h"
-#include "unit/suite/temporary_folder.h"
 
 /// screen_kill_test PROGRAMS [--kills N] [--acts N] [--seed S] [--front F]: a user adds, changes and deletes every kind of record
 /// by the real program's main screen; the program is killed at a random moment, again and again. After each kill the files must

@@ -1,4 +1,4 @@
-#include "unit/maintenance/screen_fixture.h"
+#include "support/main_screen_test.h"
 
 // What the desk adds where the user acts, and what it leaves alone.
 namespace {
@@ -6,7 +6,7 @@ namespace {
 using orcussch::frmCustMain;
 namespace tab = orcussch::tab;
 
-class CardDeskTest : public ScreenTest {
+class CardDeskTest : public MainScreenTest {
  protected:
   CardDeskTest() {
     AddRows(CustomerFile(), "Customers", {"LastName", "FirstName", "City", "Terms"},

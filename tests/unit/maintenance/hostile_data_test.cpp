@@ -1,6 +1,6 @@
 #include <sqlite3.h>
 
-#include "unit/maintenance/screen_fixture.h"
+#include "support/main_screen_test.h"
 
 // Texts in data files that no screen would have written: the screens go on with them.
 namespace {
@@ -22,7 +22,7 @@ void WriteRawAddress(const std::string& file, int account, const std::string& by
   sqlite3_close(store);
 }
 
-class HostileDataTest : public ScreenTest {
+class HostileDataTest : public MainScreenTest {
  protected:
   HostileDataTest() {
     AddRows(CustomerFile(), "Customers", {"AcctNum", "LastName", "Addr1"},

@@ -1,4 +1,4 @@
-#include "unit/maintenance/screen_fixture.h"
+#include "support/main_screen_test.h"
 
 // Loads of the assignment lists that no click reaches: their tabs are closed without customers.
 namespace {
@@ -14,7 +14,7 @@ std::vector<std::string> Shown(const platform::Grid& grid, int column) {
   return texts;
 }
 
-TEST_F(ScreenTest, WithoutCustomersAllTypesAreUnticked) {
+TEST_F(MainScreenTest, WithoutCustomersAllTypesAreUnticked) {
   AddRows(CustomerFile(), "DataCodes", {"Code", "Description"}, {{std::int16_t{1}, "Old"}, {std::int16_t{2}, "New"}});
   AddRows(CustomerFile(), "CustCodes", {"AcctNum", "CustCodes"}, {{0, std::int16_t{1}}});
   Serve([&](frmCustMain& screen) {
@@ -26,7 +26,7 @@ TEST_F(ScreenTest, WithoutCustomersAllTypesAreUnticked) {
   EXPECT_THAT(Reports(), testing::IsEmpty());
 }
 
-TEST_F(ScreenTest, WithoutCustomersAllKeyWordsAreUnticked) {
+TEST_F(MainScreenTest, WithoutCustomersAllKeyWordsAreUnticked) {
   AddRows(CustomerFile(), "Keywords", {"Keyword"}, {{"pool"}, {"boiler"}});
   Serve([&](frmCustMain& screen) {
     screen.LoadKeyWords();
@@ -37,7 +37,7 @@ TEST_F(ScreenTest, WithoutCustomersAllKeyWordsAreUnticked) {
   EXPECT_THAT(Reports(), testing::IsEmpty());
 }
 
-TEST_F(ScreenTest, WithoutCustomersNoTaxIsTicked) {
+TEST_F(MainScreenTest, WithoutCustomersNoTaxIsTicked) {
   AddRows(CustomerFile(), "TaxGrid", {"TaxID", "Description"}, {{1, "County"}});
   Serve([&](frmCustMain& screen) {
     screen.LoadTaxBasis(true);
@@ -47,14 +47,14 @@ TEST_F(ScreenTest, WithoutCustomersNoTaxIsTicked) {
   EXPECT_THAT(Reports(), testing::IsEmpty());
 }
 
-TEST_F(ScreenTest, StatementOfAListWithoutCustomersAsksForAccountZero) {
+TEST_F(MainScreenTest, StatementOfAListWithoutCustomersAsksForAccountZero) {
   Serve([&](frmCustMain& screen) {
     screen.SQLData(2);
     EXPECT_EQ(screen.data[2].RecordSource(), "Select * From Addresses WHERE (Customer=0) ORDER BY Addr1;");
   });
 }
 
-TEST_F(ScreenTest, NextTypeCode) {
+TEST_F(MainScreenTest, NextTypeCode) {
   const auto next = [this] {
     std::int16_t code = 0;
     Serve([&](frmCustMain& screen) { code = screen.NextDataCode(); });
@@ -68,7 +68,7 @@ TEST_F(ScreenTest, NextTypeCode) {
   EXPECT_THAT(Reports(), testing::IsEmpty());
 }
 
-TEST_F(ScreenTest, NextTypeCodeBeyondTheGreatestIsReported) {
+TEST_F(MainScreenTest, NextTypeCodeBeyondTheGreatestIsReported) {
   AddRows(CustomerFile(), "DataCodes", {"Code", "Description"}, {{std::int16_t{32767}, "last"}});
   Serve([&](frmCustMain& screen) { EXPECT_EQ(screen.NextDataCode(), 0); });
   ASSERT_EQ(log->records.size(), 1U);

@@ -1,4 +1,4 @@
-#include "unit/maintenance/screen_fixture.h"
+#include "support/main_screen_test.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ void AddCommentColumn(frmCustMain& screen) {
   screen.grid[0].DefineColumns(std::move(columns));
 }
 
-TEST_F(ScreenTest, CustomersAreNotOrderedByTheirComments) {
+TEST_F(MainScreenTest, CustomersAreNotOrderedByTheirComments) {
   AddRows(CustomerFile(), "Customers", {"LastName", "Comments"}, {{"Ames", "b"}, {"Bell", "a"}});
   Serve([&](frmCustMain& screen) {
     AddCommentColumn(screen);
@@ -40,7 +40,7 @@ TEST_F(ScreenTest, CustomersAreNotOrderedByTheirComments) {
   EXPECT_THAT(Reports(), testing::IsEmpty());
 }
 
-TEST_F(ScreenTest, TheFieldOfTheCommentsIsKnownInAnyCase) {
+TEST_F(MainScreenTest, TheFieldOfTheCommentsIsKnownInAnyCase) {
   AddRows(CustomerFile(), "Customers", {"LastName"}, {{"Ames"}});
   Serve([&](frmCustMain& screen) {
     AddCommentColumn(screen);

@@ -1,5 +1,5 @@
 #include "platform/values/convert.h"
-#include "unit/maintenance/screen_fixture.h"
+#include "support/main_screen_test.h"
 
 // A cell that the user has typed into and not left yet: what he does next takes it, and its text reaches its own row or none.
 namespace {
@@ -13,7 +13,7 @@ constexpr int kCommentColumn = 6;
 constexpr int kCityColumn = 6;
 constexpr int kYearColumn = 5;
 
-class OpenCell : public ScreenTest {
+class OpenCell : public MainScreenTest {
  protected:
   OpenCell() {
     AddRows(CustomerFile(), "Customers", {"AcctNum", "LastName", "City", "Terms", "NonBillable"},

@@ -6,7 +6,7 @@
 #include <fstream>
 
 #include "platform/values/convert.h"
-#include "unit/maintenance/screen_fixture.h"
+#include "support/main_screen_test.h"
 
 // A customer file that can be read and not written: what the main screen's user sees of it.
 namespace {
@@ -35,7 +35,7 @@ class PlainUser {
   bool root_;
 };
 
-class ReadOnlyTest : public ScreenTest, public testing::WithParamInterface<Closed> {
+class ReadOnlyTest : public MainScreenTest, public testing::WithParamInterface<Closed> {
  protected:
   ReadOnlyTest() {
     AddRows(CustomerFile(), "Customers", {"LastName", "Terms", "NonBillable", "DefaultPhoneNumber"}, {{"Abel", 2, false, 0}});

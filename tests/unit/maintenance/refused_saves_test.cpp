@@ -1,4 +1,4 @@
-#include "unit/maintenance/screen_fixture.h"
+#include "support/main_screen_test.h"
 
 // What a command has opened for its own use is closed when it ends, however it ends.
 namespace {
@@ -6,7 +6,7 @@ namespace {
 using orcussch::frmCustMain;
 using platform::Value;
 
-class OpenedRows : public ScreenTest {
+class OpenedRows : public MainScreenTest {
  protected:
   OpenedRows() {
     AddRows(CustomerFile(), "Customers", {"AcctNum", "LastName", "Addr1", "Addr2", "City", "State", "Terms", "LaborRateType"},

@@ -1,11 +1,11 @@
 #include "platform/values/convert.h"
-#include "unit/maintenance/screen_fixture.h"
+#include "support/main_screen_test.h"
 
 namespace {
 
 using orcussch::frmCustMain;
 
-TEST_F(ScreenTest, SelectingFromAClosedListIsReportedUnderItsLiteral) {
+TEST_F(MainScreenTest, SelectingFromAClosedListIsReportedUnderItsLiteral) {
   Serve([&](frmCustMain& screen) {
     const platform::RecordsetRef types = orcussch::dbCustomer->OpenRecordset("SELECT * FROM DataCodes");
     types->Close();
@@ -18,7 +18,7 @@ TEST_F(ScreenTest, SelectingFromAClosedListIsReportedUnderItsLiteral) {
   });
 }
 
-TEST_F(ScreenTest, SelectingFromAnEmptyListSelectsNothing) {
+TEST_F(MainScreenTest, SelectingFromAnEmptyListSelectsNothing) {
   Serve([&](frmCustMain& screen) {
     const platform::RecordsetRef types = orcussch::dbCustomer->OpenRecordset("SELECT * FROM DataCodes");
     screen.miUnselectAll.Enabled(true);
@@ -31,7 +31,7 @@ TEST_F(ScreenTest, SelectingFromAnEmptyListSelectsNothing) {
 }
 
 /// The walk begins on the first row wherever the list stands, and yields once a row beside the first and last yields.
-TEST_F(ScreenTest, SelectingWalksTheWholeListAndYieldsOnEachRow) {
+TEST_F(MainScreenTest, SelectingWalksTheWholeListAndYieldsOnEachRow) {
   std::vector<std::vector<platform::Value>> rows;
   for (std::int16_t code = 1; code <= 40; ++code) rows.push_back({code, "type " + std::to_string(code)});
   AddRows(CustomerFile(), "DataCodes", {"Code", "Description"}, rows);
@@ -50,7 +50,7 @@ TEST_F(ScreenTest, SelectingWalksTheWholeListAndYieldsOnEachRow) {
 }
 
 /// A long bulk command leaves the user no frozen window: twice as many rows, twice as many yields, both ways.
-TEST_F(ScreenTest, AssigningYieldsForEveryRow) {
+TEST_F(MainScreenTest, AssigningYieldsForEveryRow) {
   AddRows(CustomerFile(), "Customers", {"AcctNum", "LastName"}, {{7, "Ames"}});
   const auto addTypes = [this](std::int16_t from, std::int16_t to) {
     std::vector<std::vector<platform::Value>> rows;
@@ -77,7 +77,7 @@ TEST_F(ScreenTest, AssigningYieldsForEveryRow) {
   EXPECT_THAT(Reports(), testing::IsEmpty());
 }
 
-TEST_F(ScreenTest, TheAnswerIsTakenFromTheFirstTabsList) {
+TEST_F(MainScreenTest, TheAnswerIsTakenFromTheFirstTabsList) {
   AddRows(CustomerFile(), "Customers", {"AcctNum", "LastName", "Zip"}, {{7, " Ames ", platform::Null}});
   Serve([&](frmCustMain& screen) {
     screen.SelectCustomer();

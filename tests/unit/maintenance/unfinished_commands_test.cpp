@@ -3,7 +3,7 @@
 #include <set>
 #include <sstream>
 
-#include "unit/maintenance/screen_fixture.h"
+#include "support/main_screen_test.h"
 
 // docs/status.md tells users which commands do nothing yet. A command that is listed there must do nothing, though it
 // follows its enabling rule; every other command must do something.
@@ -108,7 +108,7 @@ void Click(Control& control) {
     button->UserClick();
 }
 
-class UnfinishedCommandsTest : public ScreenTest {
+class UnfinishedCommandsTest : public MainScreenTest {
  protected:
   UnfinishedCommandsTest() {
     AddRows(CustomerFile(), "Customers", {"LastName"}, {{"Ames"}, {"Bell"}});

@@ -1,4 +1,4 @@
-#include "unit/maintenance/screen_fixture.h"
+#include "support/main_screen_test.h"
 
 // Lists that are opened anew, or left, in the middle of a procedure that walks through them: the walk ends with one report, and
 // nothing is written to another customer.
@@ -7,7 +7,7 @@ namespace {
 using orcussch::frmCustMain;
 namespace tab = orcussch::tab;
 
-class VanishingLists : public ScreenTest {
+class VanishingLists : public MainScreenTest {
  protected:
   VanishingLists() {
     AddRows(CustomerFile(), "Customers", {"AcctNum", "LastName", "Terms", "NonBillable", "LaborRateType"},

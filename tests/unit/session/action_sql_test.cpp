@@ -1,4 +1,4 @@
-#include "unit/session/session_fixture.h"
+#include "support/session_test.h"
 
 namespace orcussch {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <chrono>
 
-#include "unit/session/session_fixture.h"
+#include "support/session_test.h"
 
 namespace orcussch {
 namespace {

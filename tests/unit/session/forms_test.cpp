@@ -1,5 +1,5 @@
 #include "platform/host/screen.h"
-#include "unit/session/session_fixture.h"
+#include "support/session_test.h"
 
 namespace orcussch {
 namespace {

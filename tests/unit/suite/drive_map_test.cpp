@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "unit/suite/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <sstream>
 
 #include "suite/line_log.h"
-#include "unit/suite/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "suite/operating_system.h"
-#include "unit/suite/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "unit/suite/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace {
 

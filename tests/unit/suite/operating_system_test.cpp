@@ -4,7 +4,7 @@
 #include <unistd.h>
 
 #include "platform/values/error.h"
-#include "unit/suite/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace {
 

@@ -197,7 +197,7 @@ TEST_F(Events, AnErrorThatLeavesAToolbarsHandlerLeavesTheToolbarOpen) {
   screen->Toolbar1.Button("tb_Go").UserClick();
   EXPECT_TRUE(screen->Toolbar1.Enabled());
   EXPECT_EQ(app->MousePointer(), platform::pointer::Default);
-  EXPECT_THAT(boxes, ElementsAre("No current record."));
+  EXPECT_THAT(Boxes(), ElementsAre("No current record."));
 }
 
 }  // namespace

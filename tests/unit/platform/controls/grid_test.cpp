@@ -85,8 +85,8 @@ TEST_F(Grids, ARowThatCanNotBeWrittenKeepsItsCells) {
   Type("Baker");
   EXPECT_TRUE(screen->grid.UserCloseCell());
   screen->grid.UserMove(1);
-  ASSERT_EQ(boxes.size(), 1U) << "the list shows the error itself";
-  EXPECT_TRUE(boxes[0].starts_with("The changes you requested to the table were not successful"));
+  ASSERT_EQ(Boxes().size(), 1U) << "the list shows the error itself";
+  EXPECT_TRUE(Boxes()[0].starts_with("The changes you requested to the table were not successful"));
   EXPECT_TRUE(screen->grid.DataChanged());
   EXPECT_EQ(Text(screen->data.Recordset()->Field("Name")), "Baker");
   screen->grid.UserEscape();

@@ -20,32 +20,7 @@
 #include "platform/controls/lists.h"
 #include "platform/controls/text_box.h"
 #include "platform/controls/toolbar.h"
-#include "platform/host/application.h"
-#include "suite/operating_system.h"
-#include "unit/suite/temporary_folder.h"
-
-/// Shows nothing and keeps the boxes.
-class SilentFrontEnd final : public platform::FrontEnd {
- public:
-  explicit SilentFrontEnd(std::vector<std::string>& boxes) : boxes_(boxes) {}
-  void Loaded(platform::Form&) override {}
-  void Shown(platform::Form&) override {}
-  void Hidden(platform::Form&) override {}
-  void Unloaded(platform::Form&) override {}
-  void RunModal(platform::Form&, const std::function<bool()>&) override {}
-  void DoEvents() override {}
-  void ServePainting() override {}
-  int MessageBox(const std::string& text, int, const std::string&) override {
-    boxes_.push_back(text);
-    return platform::box::Ok;
-  }
-  void Pointer(int) override {}
-  std::optional<platform::PrinterChoice> PrinterDialog(platform::Form&) override { return {}; }
-  void Changed(platform::Form&, platform::Control*, platform::Aspect) override {}
-
- private:
-  std::vector<std::string>& boxes_;
-};
+#include "support/hosted_test.h"
 
 /// A screen with every kind of control; its handlers write down their names.
 class frmEvery final : public platform::Form {
@@ -118,7 +93,7 @@ inline void frmEvery::Watch(platform::Control& control) {
 }
 
 /// An application with that screen, and a file "People" with three rows: 1 Adams, 2 Baker, 3 Cole.
-class ScreenTest : public testing::Test {
+class ScreenTest : public HostedTest {
  protected:
   ScreenTest() {
     using platform::FieldType;
@@ -135,12 +110,6 @@ class ScreenTest : public testing::Test {
     for (const char* name : {"Adams", "Baker", "Cole"}) rows->Add(std::vector<platform::Value>{platform::Value(name)});
     rows->Finish();
 
-    platform::ApplicationParts parts;
-    parts.engine = engine::MakeEngine();
-    parts.system = suite::MakeNativeSystem(folder.Path());
-    parts.frontEnd = std::make_unique<SilentFrontEnd>(boxes);
-    parts.title = "Test";
-    app = std::make_unique<platform::Application>(std::move(parts));
     screen = std::make_unique<frmEvery>(*app);
     app->Load(*screen);
   }
@@ -172,8 +141,5 @@ class ScreenTest : public testing::Test {
     other->OpenControlDatabase(folder / "people.zdb")->Execute(sql, platform::dbFailOnError);
   }
 
-  TemporaryFolder folder;
-  std::vector<std::string> boxes;
-  std::unique_ptr<platform::Application> app;
   std::unique_ptr<frmEvery> screen;
 };

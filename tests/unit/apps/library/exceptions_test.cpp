@@ -1,7 +1,7 @@
 #include <new>
 #include <stdexcept>
 
-#include "unit/library/library_fixture.h"
+#include "unit/apps/library/library_fixture.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "engine/data_file.h"
 #include "engine/engine.h"
 #include "suite/company_schema.h"
-#include "unit/suite/program_runner.h"
+#include "unit/apps/suitefiles/program_runner.h"
 
 /// A company of an older version gets what this one has.
 namespace {
@@ -39,9 +39,9 @@ TEST_F(Upgrade, TheCompanyIsAsThisVersionMakesIt) {
   ASSERT_EQ(RunSuitefiles({"check", folder / "live"}).status, 1) << "as it is before";
   const auto outcome = RunSuitefiles({"upgrade", folder / "live"});
   EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(outcome.out, customer_ + ": Table Customers has got the field Comments.\n" +                                 //
-                             customer_ + ": Table " + lostTable_ + " was made.\n" +                                     //
-                             customer_ + ": As it was it is kept as " + customer_ + ".before-upgrade.\n" +              //
+  EXPECT_EQ(outcome.out, customer_ + ": Table Customers has got the field Comments.\n" +                    //
+                             customer_ + ": Table " + lostTable_ + " was made.\n" +                         //
+                             customer_ + ": As it was it is kept as " + customer_ + ".before-upgrade.\n" +  //
                              "5 files, 1 upgraded.\n");
   EXPECT_EQ(RunSuitefiles({"check", folder / "live"}).status, 0);
   EXPECT_EQ(RunSuitefiles({"sql", customer_, "SELECT LastName, Comments FROM Customers", "--no-header"}).out, "Reed\t\n");

@@ -1,7 +1,7 @@
 #include "platform/controls/text_box.h"
 #include "platform/controls/toolbar.h"
 #include "platform/host/screen_ref.h"
-#include "unit/session/session_fixture.h"
+#include "support/hosted_test.h"
 
 namespace orcussch {
 namespace {
@@ -30,7 +30,7 @@ class ToldForm final : public platform::Form {
   Events& events_;
 };
 
-class ApplicationTest : public SessionTest {
+class ApplicationTest : public HostedTest {
  protected:
   std::vector<std::string> Told() { return std::exchange(events.all, {}); }
   /// What the user does on each screen as it is up; a screen that stays up is closed.

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "unit/suite/program_runner.h"
+#include "unit/apps/suitefiles/program_runner.h"
 
 namespace {
 

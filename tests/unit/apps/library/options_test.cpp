@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "unit/library/library_fixture.h"
+#include "unit/apps/library/library_fixture.h"
 
 namespace {
 

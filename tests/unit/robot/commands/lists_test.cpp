@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <filesystem>
 
 #include "engine/data_file.h"
 #include "engine/engine.h"
 #include "support/scenario_run.h"
+#include "support/temporary_folder.h"
 #include "support/test_screens.h"
 
 /// Commands and expectations on lists and files: each that holds and each that does not, with its message. Run twice, with lists
@@ -19,10 +17,7 @@ using test_support::ScenarioOptions;
 class Lists : public testing::TestWithParam<int> {
  protected:
   void SetUp() override {
-    folder_ = std::filesystem::temp_directory_path() / ("orcussch-robot-" + std::to_string(::getpid()));
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
-    options_.database = (folder_ / "people.zdb").string();
+    options_.database = folder_ / "people.zdb";
     options_.makeEngine = [] {
       engine::EngineOptions options;
       options.exactRows = GetParam();
@@ -31,7 +26,6 @@ class Lists : public testing::TestWithParam<int> {
     };
     MakePeople();
   }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
 
   void MakePeople() const {
     platform::TableDefinition people;
@@ -59,7 +53,7 @@ class Lists : public testing::TestWithParam<int> {
   }
   std::string Run(const std::string& commands) const { return RunScenario(commands, options_).output; }
 
-  std::filesystem::path folder_;
+  TemporaryFolder folder_;
   ScenarioOptions options_;
 };
 

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "unit/suite/company_links.h"
-#include "unit/suite/program_runner.h"
+#include "unit/apps/suitefiles/company_links.h"
+#include "unit/apps/suitefiles/program_runner.h"
 
 /// Copies are companies of their own: their links lead to their own files.
 namespace {

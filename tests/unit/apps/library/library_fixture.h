@@ -11,12 +11,13 @@
 #include "library/entry.h"
 #include "library/orcussch.h"
 #include "library/places.h"
-#include "suitefiles/company/company_maker.h"
-#include "unit/session/session_fixture.h"
+#include "session/ModCustSch.h"
+#include "support/company.h"
+#include "support/hosted_test.h"
 
 /// The C functions over an application without windows. `at` is told of each place where the library gives control away, and may
 /// call the library or raise anything there.
-class StagedFrontEnd final : public platform::FrontEnd {
+class StagedFrontEnd final : public platform::NoWindows {
  public:
   explicit StagedFrontEnd(std::function<void(const std::string&)>& at) : at_(at) {}
   void Loaded(platform::Form&) override { at_("loaded"); }
@@ -28,14 +29,11 @@ class StagedFrontEnd final : public platform::FrontEnd {
     if (!done()) form.Host().Unload(form);
   }
   void DoEvents() override { at_("yield"); }
-  void ServePainting() override {}
   int MessageBox(const std::string&, int, const std::string&) override {
     at_("box");
     return platform::box::Ok;
   }
   void Pointer(int) override { at_("pointer"); }
-  std::optional<platform::PrinterChoice> PrinterDialog(platform::Form&) override { return {}; }
-  void Changed(platform::Form&, platform::Control*, platform::Aspect) override {}
 
  private:
   std::function<void(const std::string&)>& at_;
@@ -65,15 +63,7 @@ class LibraryTest : public testing::Test {
   }
 
   /// Company 1 and the temporary file of user 1 in the folder.
-  void MakeCompany() const {
-    std::filesystem::create_directories(folder / "data/orv1");
-    suitefiles::MakeCompanyFiles(folder / "data/orv1", 2025);
-    std::filesystem::create_directories(folder / "orvTEMP");
-    engine::CreateDataFile(folder / "orvTEMP/orvTemp1.zdb", suite::TablesOf(suite::DataFile::Temporary), true);
-    suitefiles::CompanyRecord company;
-    company.name = "Company 1";
-    suitefiles::AddCompanyRow(folder / "dat.zdb", company);
-  }
+  void MakeCompany() const { test_support::MakeCompany(folder.Path()); }
   orcussch_options Options() const {
     orcussch_options options{};
     options.size = sizeof options;

@@ -8,12 +8,12 @@
 #include "engine/engine.h"
 #include "maintenance/frmCustMain.h"
 #include "platform/values/convert.h"
-#include "unit/session/session_fixture.h"
+#include "support/session_test.h"
 
 /// A company with the main screen up: `Serve` is what the user does with it.
-class ScreenTest : public SessionTest {
+class MainScreenTest : public SessionTest {
  protected:
-  ScreenTest() { MakeCompany(); }
+  MainScreenTest() { MakeCompany(); }
 
   std::string CustomerFile() const { return folder / "data/orv1/customer.zdb"; }
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "unit/suite/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 /// What a run of the program left.
 struct Outcome {

@@ -4,22 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "engine/data_file.h"
 #include "engine/engine.h"
 #include "platform/host/application.h"
-#include "session/CustSearch.h"
-#include "session/ModCustSch.h"
-#include "session/failures.h"
-#include "session/modAppShutdown.h"
-#include "suite/company_schema.h"
+#include "platform/host/no_windows.h"
 #include "suite/operating_system.h"
-#include "suitefiles/company/company_maker.h"
-#include "unit/suite/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 /// What the application asked of the outside, in its order.
 struct Events {
@@ -34,12 +27,9 @@ struct ShownBox {
 };
 
 /// A front end without windows. `serve` is the user while a screen is up.
-class PlainFrontEnd final : public platform::FrontEnd {
+class PlainFrontEnd final : public platform::NoWindows {
  public:
   explicit PlainFrontEnd(Events& events) : events_(events) {}
-  void Loaded(platform::Form&) override {}
-  void Shown(platform::Form&) override {}
-  void Hidden(platform::Form&) override {}
   void Unloaded(platform::Form& form) override { events_.Add("unloaded " + form.Name()); }
   void RunModal(platform::Form& form, const std::function<bool()>& done) override {
     if (serve) serve(form);
@@ -50,19 +40,16 @@ class PlainFrontEnd final : public platform::FrontEnd {
     const auto act = onYield;  // it may replace itself
     if (act) act();
   }
-  void ServePainting() override {}
   int MessageBox(const std::string& text, int style, const std::string& title) override {
     events_.Add("box");
     boxes.push_back({text, style, title});
     if (onBox) onBox();
     return (style & 0xf) == platform::box::OkOnly ? platform::box::Ok : answer;
   }
-  void Pointer(int) override {}
   std::optional<platform::PrinterChoice> PrinterDialog(platform::Form&) override {
     if (!printer) return {};
     return printer();
   }
-  void Changed(platform::Form&, platform::Control*, platform::Aspect) override {}
 
   std::function<void(platform::Form&)> serve;
   std::function<void()> onBox;
@@ -90,11 +77,11 @@ class KeptErrorLog final : public platform::ErrorLog {
 };
 
 /// An application over an engine, an empty folder as library folder and local root, and no windows.
-class SessionTest : public testing::Test {
+class HostedTest : public testing::Test {
  protected:
-  SessionTest() : SessionTest(nullptr) {}
+  HostedTest() : HostedTest(nullptr) {}
   /// An engine of the test's own instead of the real one.
-  explicit SessionTest(std::unique_ptr<platform::DataEngine> engine) {
+  explicit HostedTest(std::unique_ptr<platform::DataEngine> engine) {
     platform::ApplicationParts parts;
     auto frontEndPart = std::make_unique<PlainFrontEnd>(events);
     auto logPart = std::make_unique<KeptErrorLog>(events);
@@ -108,12 +95,7 @@ class SessionTest : public testing::Test {
     parts.title = "The host";
     parts.threadId = 4711;
     app = std::make_unique<platform::Application>(std::move(parts));
-    orcussch::AttachApplication(app.get());
   }
-  ~SessionTest() override { orcussch::AttachApplication(nullptr); }
-
-  /// The files of company 1, dat.zdb and the temporary file of user 1.
-  void MakeCompany() const { std::filesystem::copy(Pattern(), folder.Path(), std::filesystem::copy_options::recursive); }
 
   /// The literals of the reports so far.
   std::vector<std::string> Reports() const {
@@ -121,25 +103,16 @@ class SessionTest : public testing::Test {
     for (const auto& record : log->records) modules.push_back(record.module);
     return modules;
   }
+  /// The texts of the boxes so far.
+  std::vector<std::string> Boxes() const {
+    std::vector<std::string> texts;
+    for (const auto& box : frontEnd->boxes) texts.push_back(box.text);
+    return texts;
+  }
 
   TemporaryFolder folder;
   Events events;
   PlainFrontEnd* frontEnd = nullptr;
   KeptErrorLog* log = nullptr;
   std::unique_ptr<platform::Application> app;
-
- private:
-  /// Made once and copied by every test.
-  static std::string Pattern() {
-    static const TemporaryFolder pattern;
-    if (std::filesystem::exists(pattern / "dat.zdb")) return pattern.Path();
-    std::filesystem::create_directories(pattern / "data/orv1");
-    suitefiles::MakeCompanyFiles(pattern / "data/orv1", 2025);
-    std::filesystem::create_directories(pattern / "orvTEMP");
-    engine::CreateDataFile(pattern / "orvTEMP/orvTemp1.zdb", suite::TablesOf(suite::DataFile::Temporary), true);
-    suitefiles::CompanyRecord company;
-    company.name = "Company 1";
-    suitefiles::AddCompanyRow(pattern / "dat.zdb", company);
-    return pattern.Path();
-  }
 };

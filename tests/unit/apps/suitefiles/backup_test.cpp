@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
-#include "unit/suite/company_links.h"
-#include "unit/suite/program_runner.h"
+#include "unit/apps/suitefiles/company_links.h"
+#include "unit/apps/suitefiles/program_runner.h"
 
 namespace {
 

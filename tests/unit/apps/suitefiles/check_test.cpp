@@ -2,7 +2,7 @@
 
 #include "engine/data_file.h"
 #include "suite/company_schema.h"
-#include "unit/suite/program_runner.h"
+#include "unit/apps/suitefiles/program_runner.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 #include "platform/values/error.h"
-#include "unit/platform/controls/screen_fixture.h"
+#include "support/every_control.h"
 
 // What a data control does: opening anew, moves, pending rows.
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/values/calendar.h"
 #include "platform/values/error.h"
-#include "unit/platform/controls/screen_fixture.h"
+#include "support/every_control.h"
 
 // Which act fires what, and which assignment in code.
 namespace {

@@ -3,7 +3,7 @@
 
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
-#include "unit/platform/controls/screen_fixture.h"
+#include "support/every_control.h"
 
 // What people type, correct and paste into edits of figures, and what is read from them.
 namespace {

@@ -1,4 +1,4 @@
-#include "unit/platform/controls/screen_fixture.h"
+#include "support/every_control.h"
 
 // Where the focus goes, and what fires when it moves.
 namespace {

@@ -1,5 +1,5 @@
 #include "platform/values/error.h"
-#include "unit/platform/controls/screen_fixture.h"
+#include "support/every_control.h"
 
 // The bound list: the order of a cell's events, when its row is written, what fires and what does not.
 namespace {

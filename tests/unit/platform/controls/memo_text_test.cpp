@@ -1,5 +1,5 @@
 #include "platform/values/text.h"
-#include "unit/platform/controls/screen_fixture.h"
+#include "support/every_control.h"
 
 // Line ends in an edit of several lines: always carriage return and line feed, whichever way they come.
 namespace {

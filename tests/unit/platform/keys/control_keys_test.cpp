@@ -1,6 +1,6 @@
 #include "platform/keys/control_keys.h"
 
-#include "unit/platform/controls/screen_fixture.h"
+#include "support/every_control.h"
 
 namespace {
 

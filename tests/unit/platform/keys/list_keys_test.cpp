@@ -1,7 +1,7 @@
 #include "platform/keys/list_keys.h"
 
 #include "platform/keys/control_keys.h"
-#include "unit/platform/controls/screen_fixture.h"
+#include "support/every_control.h"
 
 // The list of three people: column 0 the name, column 1 the check.
 namespace {

@@ -2,7 +2,7 @@
 
 #include "platform/keys/control_keys.h"
 #include "platform/keys/shortcuts.h"
-#include "unit/platform/controls/screen_fixture.h"
+#include "support/every_control.h"
 
 namespace {
 

@@ -4,7 +4,6 @@
 
 #include "desktop/list/list_act.h"
 #include "desktop/list/list_copy.h"
-#include "platform/host/front_end.h"
 
 // What leaves a list by the clipboard.
 namespace desktop {

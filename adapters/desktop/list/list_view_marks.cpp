@@ -1,7 +1,6 @@
 #include <algorithm>
 
 #include "desktop/list/list_act.h"
-#include "platform/host/front_end.h"
 
 // Which rows are marked. A mark belongs to a row and a range to the list, however much of it is held or in view.
 namespace desktop {

@@ -11,6 +11,7 @@
 
 #include "engine/data_file.h"
 #include "engine/engine.h"
+#include "entry/screens.h"
 #include "platform/host/application.h"
 #include "session/CustSearch.h"
 #include "session/ModCustSch.h"
@@ -109,6 +110,7 @@ class SessionTest : public testing::Test {
     parts.threadId = 4711;
     app = std::make_unique<platform::Application>(std::move(parts));
     orcussch::AttachApplication(app.get());
+    orcussch::ConnectScreens();
   }
   ~SessionTest() override { orcussch::AttachApplication(nullptr); }
 

@@ -44,7 +44,7 @@ Job Entering(const ScreenSides& sides, Ticked list, const std::string& name) {
   enter.readyOurs = [sides, account](int call) { StandOnCustomer(sides.screen, account(call)); };
   enter.ours = [sides, list](int) {
     sides.screen.SSIndexTab1.UserClick(TabOf(list));
-    return PageSum(sides.screen.data[static_cast<std::size_t>(TabOf(list))].Window()->RowsAt(0, pageRows));
+    return PageSum(sides.screen.data[TabOf(list)].Window()->RowsAt(0, pageRows));
   };
   enter.readyRaw = [sides, list](int) { sides.bare.ClearList(list); };
   enter.raw = [sides, list, account](int call) {

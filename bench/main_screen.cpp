@@ -9,6 +9,7 @@
 
 #include "engine/data_file.h"
 #include "engine/engine.h"
+#include "entry/screens.h"
 #include "platform/host/application.h"
 #include "session/CustSearch.h"
 #include "session/ModCustSch.h"
@@ -102,6 +103,7 @@ void AtMainScreen(const std::string& folder, const std::function<void(orcussch::
   parts.title = "bench";
   platform::Application application(std::move(parts));
   orcussch::AttachApplication(&application);
+  orcussch::ConnectScreens();
   {
     orcussch::CustSearch host(application);
     host.UserID(user);

@@ -41,7 +41,7 @@ std::vector<Job> SaveJobs(const ScreenSides& sides) {
   save.readyOurs = [sides](int call) {
     StandOnCustomer(sides.screen, Pick(sides.company.Somewhere(), call).account);
     sides.screen.Toolbar1.Button("tb_EditRec").UserClick();
-    sides.screen.txtAddr2.Text(OurAddress(call));
+    dynamic_cast<platform::TextBox&>(*sides.screen.Find("txtAddr2")).Text(OurAddress(call));
   };
   save.readyRaw = [sides](int call) { sides.bare.ReadCard(Pick(sides.company.Somewhere(), call).account); };
   save.ours = [sides](int call) { return SaveOnTheCard(sides, call); };

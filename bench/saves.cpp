@@ -27,7 +27,7 @@ double ResidentMegabytes() {
 
 void Save(orcussch::frmCustMain& screen, int number) {
   screen.Toolbar1.Button("tb_EditRec").UserClick();
-  screen.txtAddr2.Text("Suite " + std::to_string(number));
+  dynamic_cast<platform::TextBox&>(*screen.Find("txtAddr2")).Text("Suite " + std::to_string(number));
   screen.Toolbar1.Button("tb_SaveRec").UserClick();
   if (screen.SSIndexTab1.Page() != 0) throw std::runtime_error("the card was not saved");
   screen.data[0].Window()->RowsAfter(screen.data[0].Recordset()->Bookmark(), 50);

@@ -17,7 +17,7 @@ areas="engine desktop robot suite"
 for file in $(list 'src/*.h' 'src/*.cpp'); do
   for include in $(sed -n 's/^#include "\([^"]*\)".*/\1/p' "$file"); do
     area=${include%%/*}
-    case " platform session maintenance setup queries reports mapping relationships " in
+    case " platform session records maintenance entry setup queries reports mapping relationships " in
       *" $area "*) ;;
       *) case "$accepted" in *"$file:$include"*) ;; *) complain "$file includes $include: src/ stands on the standard library alone" ;; esac ;;
     esac

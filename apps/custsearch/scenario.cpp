@@ -5,6 +5,7 @@
 
 #include "custsearch/tasks.h"
 #include "engine/data_file.h"
+#include "entry/screens.h"
 #include "library/places.h"
 #include "library/windows.h"
 #include "maintenance/frmCustMain.h"
@@ -144,6 +145,7 @@ int RunScenario(const Options& options, const std::string& program) {
   late.app = &app;
   runner.Attach(app, *hands);
   orcussch::AttachApplication(&app);
+  orcussch::ConnectScreens();
   const int status = runner.Run();
   hands.reset();
   return status;

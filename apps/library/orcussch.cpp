@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string>
 
+#include "entry/screens.h"
 #include "library/entry.h"
 #include "library/options.h"
 #include "library/windows.h"
@@ -66,6 +67,7 @@ orcussch_result orcussch_create(const orcussch_options* options, orcussch_handle
     auto session = std::make_unique<library::Session>();
     session->makeTemporaryFile = read.makeTemporaryFile;
     session->application = library::MakeApplication(read);
+    orcussch::ConnectScreens();
     session->object = std::make_unique<orcussch::CustSearch>(*session->application);
     *handle = library::AddHandle(std::move(session));
     return ORCUSSCH_OK;

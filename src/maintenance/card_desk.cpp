@@ -12,23 +12,13 @@ namespace {
 /// The panel of the status bar that is the desk's own; the first one belongs to the procedures' texts.
 constexpr int kPanel = 2;
 
-struct TabWords {
-  const char* key;     ///< the field by which a record is known
-  const char* record;  ///< what the record is called in a text
-};
-
-constexpr TabWords kWords[tab::Count] = {
-    {"AcctNum", "customer"}, {"RecordID", "phone"},     {"AddressID", "address"}, {"CreditCardID", "credit card"},
-    {"Dept", "labor rate"},  {"Code", "customer type"}, {"Keyword", "key word"},
-};
-
-const TabWords& WordsOf(int tab) { return kWords[static_cast<std::size_t>(tab)]; }
-
 platform::Value FieldOf(const platform::DataControl& list, const char* field) {
   platform::Value value = platform::Null;
   if (list.OnRecord()) Ignore()([&] { value = list.Recordset()->Field(field); });
   return value;
 }
+
+const char* WordOf(const frmCustMain& screen, int tab) { return screen.Record(tab).Design().record; }
 
 std::string Shown(const platform::Value& value) { return platform::CStr(platform::Concat("", value)); }
 
@@ -57,14 +47,14 @@ void CardDesk::Tell(const std::string& text) const { s.StatusBar1.Panel(kPanel, 
 std::string CardDesk::RefusalOfSave() const { return IsOpen() ? "" : "No record is being added or edited."; }
 
 std::string CardDesk::RefusalWhileOpen() const {
-  return IsOpen() ? std::string("Save or cancel the open ") + WordsOf(s.Tab()).record + " first." : "";
+  return IsOpen() ? std::string("Save or cancel the open ") + WordOf(s, s.Tab()) + " first." : "";
 }
 
 std::string CardDesk::RefusalOfBringBack() const {
   if (IsOpen()) return RefusalWhileOpen();
   if (!typed_) return "There is nothing typed that was not saved.";
   const Record& record = typed_->record;
-  const std::string what = WordsOf(record.tab).record;
+  const std::string what = WordOf(s, record.tab);
   if (record.tab != tab::Customers || record.mode == "E") {
     if (FieldOf(s.data[tab::Customers], "AcctNum") != record.account)
       return "What was typed belongs to account " + Shown(record.account) + ": go to that customer first.";
@@ -78,18 +68,14 @@ std::string CardDesk::RefusalOfBringBack() const {
 CardDesk::Record CardDesk::AtHand(const std::string& mode) const {
   Record record{s.Tab(), mode, platform::Null, platform::Null};
   if (record.tab != tab::Customers || mode == "E") record.account = FieldOf(s.data[tab::Customers], "AcctNum");
-  if (mode == "E") record.key = FieldOf(s.data[static_cast<std::size_t>(record.tab)], WordsOf(record.tab).key);
+  if (mode == "E") record.key = FieldOf(s.data[record.tab], s.Record(record.tab).Key());
   return record;
 }
 
 CardDesk::Start CardDesk::Begins(const std::string& key) {
   Start start{IsOpen(), gFailuresReported, ""};
   if (!start.open || (key != "tb_SaveRec" && key != "tb_CancelRec")) return start;
-  const platform::TextBox* name = s.Tab() == tab::Customers       ? &s.txtLastName
-                                  : s.Tab() == tab::CustomerTypes ? &s.txtCustomerType
-                                  : s.Tab() == tab::KeyWords      ? &s.txtKeyWord
-                                                                  : nullptr;
-  if (name) start.name = name->Text();
+  start.name = s.Record(s.Tab()).NameOnCard();
   // A card on which nothing was typed takes nothing away from what was typed before it.
   CardEntries now = CardEntries::Of(s);
   if (filled_ && filled_->entries != now) typed_ = Card{filled_->record, std::move(now)};
@@ -123,7 +109,7 @@ void CardDesk::Opened() { filled_ = Card{AtHand(s.mRecordMode), CardEntries::Of(
 
 void CardDesk::TellSaved(const std::string& name) const {
   const std::string account = ", account " + Shown(FieldOf(s.data[tab::Customers], "AcctNum"));
-  const std::string what = WordsOf(s.Tab()).record;
+  const std::string what = WordOf(s, s.Tab());
   if (s.Tab() == tab::Customers) {
     Tell("Saved: " + name + account);
   } else if (!name.empty()) {
@@ -137,7 +123,7 @@ bool CardDesk::Unsaved() const { return IsOpen() && filled_ && filled_->entries 
 
 std::string CardDesk::Mode() const {
   if (!IsOpen()) return "";
-  return s.mRecordMode == "A" ? std::string("New ") + WordsOf(s.Tab()).record : "Editing";
+  return s.mRecordMode == "A" ? std::string("New ") + WordOf(s, s.Tab()) : "Editing";
 }
 
 void CardDesk::BringBack() {

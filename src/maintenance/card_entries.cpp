@@ -3,26 +3,16 @@
 #include <algorithm>
 
 #include "maintenance/frmCustMain.h"
-#include "platform/values/convert.h"
-#include "session/ModCustSch.h"
-#include "session/opened.h"
+#include "platform/controls/combo.h"
 
 namespace orcussch {
 
 namespace {
 
-std::string InstanceOf(const frmCustMain& screen) { return std::to_string(screen.mInstance); }
-
-/// The ticked taxes, from the work table itself: the list may show a part of them only.
-std::optional<std::vector<platform::Value>> TickedTaxes(const frmCustMain& screen) {
-  std::vector<platform::Value> taxes;
-  const bool known = screen.mTaxesLoaded && Ignore()([&] {
-                       const Opened Assigned(dbTemp->OpenRecordset("Select TaxID From CU_AssignTaxes Where (Assign=True) And (Instance = " +
-                                                                   InstanceOf(screen) + ") Order By TaxID;"));
-                       for (; !Assigned->Eof(); Assigned->MoveNext()) taxes.push_back(Assigned->Field("TaxID"));
-                     });
-  if (!known) return {};
-  return taxes;
+std::string CaptionOf(const platform::Control& control) {
+  if (const auto* label = dynamic_cast<const platform::Label*>(&control)) return label->Caption();
+  if (const auto* button = dynamic_cast<const platform::CommandButton*>(&control)) return button->Caption();
+  return "";
 }
 
 }  // namespace
@@ -55,17 +45,15 @@ void CardEntries::Write(platform::Control& control, const Entry& entry) {
 
 CardEntries CardEntries::Of(const frmCustMain& screen) {
   CardEntries card;
+  RecordTab& record = screen.Record(screen.Tab());
   card.tab_ = screen.Tab();
   for (const platform::Control* control : screen.Controls()) {
-    if (!screen.IsOnCard(*control, card.tab_)) continue;
-    // Which taxes the list shows is no entry: which are ticked is.
-    if (control->Container() == &screen.fraTaxBasis) continue;
+    if (!record.IsOnCard(*control) || !record.KeepsEntry(*control)) continue;
     if (auto entry = Read(*control)) card.entries_.push_back(std::move(*entry));
   }
-  if (card.tab_ != tab::Customers) return card;
-  card.entries_.push_back({screen.cmdPlusMinus.Name(), screen.cmdPlusMinus.Caption(), {}, 0});
-  for (std::size_t i = 0; i < 2; ++i) card.entries_.push_back({screen.lblMapCode[i].FullName(), screen.lblMapCode[i].Caption(), {}, 0});
-  card.taxes_ = TickedTaxes(screen);
+  for (const platform::Control* control : record.CaptionEntries())
+    card.entries_.push_back({control->FullName(), CaptionOf(*control), {}, 0});
+  card.ticked_ = record.TickedOnCard();
   return card;
 }
 
@@ -84,15 +72,7 @@ void CardEntries::PutBack(frmCustMain& screen) const {
       Write(**found, entry);
     }
   }
-  if (taxes_ && screen.mTaxesLoaded) PutBackTaxes(screen, *taxes_);
-}
-
-void CardEntries::PutBackTaxes(frmCustMain& screen, const std::vector<platform::Value>& taxes) {
-  const std::string mine = " Where (Instance = " + InstanceOf(screen) + ")";
-  dbTemp->Execute("Update CU_AssignTaxes Set Assign = False" + mine + ";");
-  for (const platform::Value& tax : taxes)
-    dbTemp->Execute("Update CU_AssignTaxes Set Assign = True" + mine + " And (TaxID = " + platform::CStr(tax) + ");");
-  screen.SQLTaxBasis();
+  if (ticked_) screen.Record(tab_).TickOnCard(*ticked_);
 }
 
 }  // namespace orcussch

@@ -34,11 +34,10 @@ class CardEntries {
   };
   static std::optional<Entry> Read(const platform::Control& control);
   static void Write(platform::Control& control, const Entry& entry);
-  static void PutBackTaxes(frmCustMain& screen, const std::vector<platform::Value>& taxes);
 
   int tab_ = -1;
   std::vector<Entry> entries_;
-  std::optional<std::vector<platform::Value>> taxes_;  ///< nothing where they are not known
+  std::optional<std::vector<platform::Value>> ticked_;  ///< in the card's list; nothing where they are not known
 };
 
 }  // namespace orcussch

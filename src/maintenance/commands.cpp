@@ -1,4 +1,5 @@
 #include "maintenance/frmCustMain.h"
+#include "maintenance/openers.h"
 #include "session/ModCustSch.h"
 
 // Toolbar and menu: one table of commands, each under the key of its toolbar button.
@@ -11,8 +12,11 @@ struct Command {
   void (*run)(frmCustMain& screen);
 };
 
-/// Commands whose screen or report is not there yet keep their key, follow its enabling rule and do nothing.
-void NotThereYet(frmCustMain&) {}
+/// Commands whose screen is not there yet keep their key, follow its enabling rule and do nothing.
+template <MainOpeners::Opener MainOpeners::*Which>
+void Open(frmCustMain& screen) {
+  if (gMainOpeners.*Which) (gMainOpeners.*Which)(screen);
+}
 
 }  // namespace
 
@@ -44,11 +48,17 @@ void frmCustMain::AttachCommands() {
   for (const auto& [item, key] : sameAsKey)
     item->Click = [this, command = std::string(key)] { UserRuns(command, [&] { RunCommand(command); }); };
 
-  miExit.Click = [this] { orcussch::App().Unload(*this); };
+  miExit.Click = [this] { App().Unload(*this); };
   // The menu's save has no follow-on, its refresh is the fuller one.
   miSaveRec.Click = [this] { UserRuns("tb_SaveRec", [this] { RecordSave(); }); };
   miRefresh.Click = [this] { RefreshRecords(); };
-  miSetupMapCodes.Click = [this] { cmdMapCode.Tag(""); };
+  miSetupMapCodes.Click = [this] {
+    Find("cmdMapCode")->Tag("");
+    Open<&MainOpeners::mapCodes>(*this);
+  };
+  mnuUserStartup.Click = [this] { Open<&MainOpeners::userOptions>(*this); };
+  miStatistics.Click = [this] { Open<&MainOpeners::statistics>(*this); };  // on no record either
+  miRelationships.Click = [this] { Open<&MainOpeners::relationships>(*this); };
   miTypedBack.Click = [this] { mDesk.BringBack(); };
   mDesk.AttachRefusals();
 }
@@ -69,8 +79,8 @@ void frmCustMain::Toolbar1_ButtonClick(const std::string& Key) {
     if (!Loaded()) return;  // the customer was selected and the screen is gone
     if (Key == "tb_SaveRec") SaveAndGoOn();
     Toolbar1.Enabled(true);
-    orcussch::App().MousePointer(platform::pointer::Default);
-    orcussch::App().DoEvents();
+    App().MousePointer(platform::pointer::Default);
+    App().DoEvents();
   });
 }
 
@@ -84,57 +94,49 @@ void frmCustMain::SaveAndGoOn() {
 
 void frmCustMain::RunCommand(const std::string& Key) {
   static constexpr Command kCommands[] = {
-      {"tb_Print", NotThereYet},
-      {"tb_Preview", NotThereYet},
+      {"tb_Print", Open<&MainOpeners::print>},
+      {"tb_Preview", Open<&MainOpeners::preview>},
       {"tb_PrintSetup", [](frmCustMain& screen) { PrinterSetup(screen.CommonDialog1, screen.Report1); }},
       {"tb_Select", [](frmCustMain& screen) { screen.SelectCustomer(); }},
       {"tb_Find", [](frmCustMain& screen) { screen.FindOnTab(); }},
-      {"tb_Queries", NotThereYet},
-      {"tb_Refresh", [](frmCustMain& screen) { screen.data[static_cast<std::size_t>(screen.Tab())].Refresh(); }},
+      {"tb_Queries", Open<&MainOpeners::queries>},
+      {"tb_Refresh", [](frmCustMain& screen) { screen.data[screen.Tab()].Refresh(); }},
       {"tb_AddRec", [](frmCustMain& screen) { screen.RecordAdd(); }},
       {"tb_EditRec", [](frmCustMain& screen) { screen.RecordEdit(); }},
       {"tb_DeleteRec", [](frmCustMain& screen) { screen.RecordDelete(); }},
       {"tb_SaveRec", [](frmCustMain& screen) { screen.RecordSave(); }},
       {"tb_CancelRec", [](frmCustMain& screen) { screen.RecordCancel(); }},
-      {"tb_MapCustomer", NotThereYet},
-      {"tb_MapAll", NotThereYet},
-      {"tb_Statistics", NotThereYet},
-      {"tb_Reports", NotThereYet},
+      {"tb_MapCustomer", Open<&MainOpeners::mapCustomer>},
+      {"tb_MapAll", Open<&MainOpeners::mapAll>},
+      {"tb_Statistics",
+       [](frmCustMain& screen) {
+         if (screen.data[tab::Customers].OnRecord()) Open<&MainOpeners::statistics>(screen);
+       }},
+      {"tb_Reports", Open<&MainOpeners::reports>},
       {"tb_SelectAll", [](frmCustMain& screen) { screen.SelectAllOnTab(); }},
       {"tb_UnselectAll", [](frmCustMain& screen) { screen.UnselectAllOnTab(); }},
       {"tb_UnassignSelected", [](frmCustMain& screen) { screen.SelectedAssignment(false); }},
       {"tb_AssignSelected", [](frmCustMain& screen) { screen.SelectedAssignment(true); }},
-      {"tb_TaxSetup", NotThereYet},
-      {"tb_CreditCardSetup", NotThereYet},
-      {"tb_PhoneSetup", NotThereYet},
+      {"tb_TaxSetup", Open<&MainOpeners::taxSetup>},
+      {"tb_CreditCardSetup", Open<&MainOpeners::creditCardSetup>},
+      {"tb_PhoneSetup", Open<&MainOpeners::phoneSetup>},
   };
   for (const Command& command : kCommands)
     if (Key == command.key) return command.run(*this);
 }
 
 void frmCustMain::FindOnTab() {
-  if (!txtSearch[static_cast<std::size_t>(Tab())].Text().empty()) SearchRecord(Tab());
+  if (!txtSearch[Tab()].Text().empty()) SearchRecord(Tab());
 }
 
 void frmCustMain::SelectAllOnTab() {
-  if (Tab() == tab::Customers)
-    SelectAllRecords(grdTaxBasis, DataTaxBasis.Recordset());
-  else if (Tab() > tab::LaborRates)
-    SelectAllRecords(grid[static_cast<std::size_t>(Tab())], data[static_cast<std::size_t>(Tab())].Recordset());
+  const TickList Ticks = Record(Tab()).Ticks();
+  if (Ticks.grid) SelectAllRecords(*Ticks.grid, Ticks.data->Recordset());
 }
 
 void frmCustMain::UnselectAllOnTab() {
-  if (Tab() == tab::Customers)
-    UnselectAllRecords(grdTaxBasis);
-  else if (Tab() > tab::LaborRates)
-    UnselectAllRecords(grid[static_cast<std::size_t>(Tab())]);
-}
-
-/// The tag tells the map code screen to offer selection instead of setup.
-void frmCustMain::cmdMapCode_Click() {
-  cmdMapCode.Enabled(false);
-  cmdMapCode.Tag("Select");
-  cmdMapCode.Enabled(true);
+  const TickList Ticks = Record(Tab()).Ticks();
+  if (Ticks.grid) UnselectAllRecords(*Ticks.grid);
 }
 
 }  // namespace orcussch

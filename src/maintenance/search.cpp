@@ -15,9 +15,8 @@ constexpr const char* kSearchNext = "Search Next";
 
 /// On the customer list a status is searched by its first letter, for which the stored code stands.
 std::string frmCustMain::SearchValue(int Tab) const {
-  const auto n = static_cast<std::size_t>(Tab);
-  const std::string Text = txtSearch[n].Text();
-  if (Tab == tab::Customers && fraSearch[n].Tag() == "Status") {
+  const std::string Text = txtSearch[Tab].Text();
+  if (Tab == tab::Customers && fraSearch[Tab].Tag() == "Status") {
     const std::string Letter = platform::Left(Text, 1);
     if (Letter == "A") return "0";
     if (Letter == "O") return "1";
@@ -27,14 +26,13 @@ std::string frmCustMain::SearchValue(int Tab) const {
 }
 
 void frmCustMain::SearchRecord(int Tab) {
-  const auto n = static_cast<std::size_t>(Tab);
-  if (txtSearch[n].Text().empty()) return;
-  orcussch::App().MousePointer(platform::pointer::Hourglass);
+  if (txtSearch[Tab].Text().empty()) return;
+  App().MousePointer(platform::pointer::Hourglass);
 
-  const std::string Criteria = "([" + fraSearch[n].Tag() + "] Like '" + SearchValue(Tab) + "*')";
-  const platform::RecordsetRef Rs = data[n].Recordset();
+  const std::string Criteria = "([" + fraSearch[Tab].Tag() + "] Like '" + SearchValue(Tab) + "*')";
+  const platform::RecordsetRef Rs = data[Tab].Recordset();
   std::string Word;
-  if (fraSearch[n].Caption() == kSearchNext) {
+  if (fraSearch[Tab].Caption() == kSearchNext) {
     Word = "No more ";
     Rs->FindNext(Criteria);
   } else {
@@ -43,23 +41,22 @@ void frmCustMain::SearchRecord(int Tab) {
   }
 
   if (Rs->NoMatch()) {
-    orcussch::App().MsgBox(Word + lblSearch[n].Caption() + "'s beginning with '" + txtSearch[n].Text() + "' can be found!",
-                           platform::box::Information + platform::box::OkOnly, SSIndexTab1.TabCaption(SSIndexTab1.Tab()) + " Search");
-    fraSearch[n].Caption(kSearchFirst);
+    App().MsgBox(Word + lblSearch[Tab].Caption() + "'s beginning with '" + txtSearch[Tab].Text() + "' can be found!",
+                 platform::box::Information + platform::box::OkOnly, SSIndexTab1.TabCaption(SSIndexTab1.Tab()) + " Search");
+    fraSearch[Tab].Caption(kSearchFirst);
   } else {
-    fraSearch[n].Caption(kSearchNext);
+    fraSearch[Tab].Caption(kSearchNext);
   }
-  orcussch::App().MousePointer(platform::pointer::Default);
+  App().MousePointer(platform::pointer::Default);
 }
 
 void frmCustMain::txtSearch_Change(int Index) {
-  const auto n = static_cast<std::size_t>(Index);
-  fraSearch[n].Caption(kSearchFirst);
-  tb("tb_Find").Enabled(!txtSearch[n].Text().empty());
+  fraSearch[Index].Caption(kSearchFirst);
+  tb("tb_Find").Enabled(!txtSearch[Index].Text().empty());
 }
 
 void frmCustMain::txtSearch_KeyPress(int Index, int& KeyAscii) {
-  if (KeyAscii == kEnter && !txtSearch[static_cast<std::size_t>(Index)].Text().empty()) SearchRecord(Index);
+  if (KeyAscii == kEnter && !txtSearch[Index].Text().empty()) SearchRecord(Index);
 }
 
 }  // namespace orcussch

@@ -1,5 +1,6 @@
 #include "maintenance/frmCustMain.h"
 #include "platform/values/convert.h"
+#include "records/lists.h"
 #include "session/ModCustSch.h"
 
 // Handing the current customer to the host, and the multiple selection of rows.
@@ -27,25 +28,25 @@ void frmCustMain::SelectCustomer() {
     gSelAcctNum = 0;
     for (const AnswerText& text : texts) text.answer->clear();
   }
-  orcussch::App().Unload(*this);
+  App().Unload(*this);
 }
 
 void frmCustMain::SelectAllRecords(platform::Grid& Grid, platform::RecordsetRef Rs) {
   Trap("frmCustMain,SelectAllRecords", [&] {
-    orcussch::App().MousePointer(platform::pointer::Hourglass);
-    orcussch::App().DoEvents();
+    App().MousePointer(platform::pointer::Hourglass);
+    App().DoEvents();
     if (Rs->RecordCount() != 0) {
       Rs->MoveFirst();
       while (!Rs->Eof()) {
         Grid.SelBookmarks.Add(Rs->Bookmark());
         Rs->MoveNext();
-        orcussch::App().DoEvents();
+        App().DoEvents();
       }
       Rs->MoveFirst();
     }
     TestGridSelection(Grid);
-    orcussch::App().MousePointer(platform::pointer::Default);
-    orcussch::App().DoEvents();
+    App().MousePointer(platform::pointer::Default);
+    App().DoEvents();
   });
 }
 
@@ -58,6 +59,28 @@ void frmCustMain::TestGridSelection(platform::Grid& Grid) {
   const bool Selection = Grid.SelBookmarks.Count() != 0;
   for (const char* key : {"tb_UnselectAll", "tb_UnassignSelected", "tb_AssignSelected"}) tb(key).Enabled(Selection);
   for (platform::MenuItem* item : {&miUnselectAll, &miUnassignSelected, &miAssignSelected}) item->Enabled(Selection);
+}
+
+void frmCustMain::SelectedAssignment(bool Assign) {
+  Trap("frmCustMain.UnassignSelected", [&] {
+    App().DoEvents();
+    RecordTab& record = Record(Tab());
+    const TickList Ticks = record.Ticks();
+    if (!Ticks.grid || SSIndexTab1.Page() != Ticks.page) return;
+    platform::Grid& Grid = *Ticks.grid;
+    if (Grid.SelBookmarks.Count() == 0) return;
+    // The rows that the user saw marked; a list that is opened anew in a yield does not know them any more (error 3159).
+    const std::vector<platform::Bookmark> Selected = Grid.SelBookmarks.All();
+    for (const platform::Bookmark& Row : Selected) {
+      Grid.CurrentBookmark(Row);
+      Grid.ColumnValue(0, Assign);
+      record.CellTaken(0);
+      App().DoEvents();
+    }
+    Grid.Row(0);  // writes the last change
+    App().MousePointer(platform::pointer::Default);
+    App().DoEvents();
+  });
 }
 
 }  // namespace orcussch

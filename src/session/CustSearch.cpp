@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "maintenance/frmCustMain.h"
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
 #include "platform/values/text.h"
@@ -10,6 +9,7 @@
 #include "session/failures.h"
 #include "session/modAppShutdown.h"
 #include "session/opened.h"
+#include "session/openers.h"
 
 namespace orcussch {
 
@@ -72,6 +72,12 @@ void ClearAnswer() {
   gCustomerAddr1 = gCustomerAddr2 = gCustomerCity = gCustomerState = gCustomerZip = "";
 }
 
+/// By the user's start-up row, on which the recordset stands.
+bool WantsQueriesFirst() {
+  const Value startGrid = rsUserStartup->Field("StartGrid");
+  return !startGrid.IsNull() && !CBool(startGrid);
+}
+
 /// What a property's value is kept as.
 enum class Kind { Long, Boolean, Text };
 
@@ -127,7 +133,7 @@ void AbandonScreens() noexcept {
     App().Log(platform::LogLevel::Warning, "a screen can't be unloaded");
   }
   try {
-    screens::frmCustMain.release();
+    gSessionOpeners.giveUpMain();
   } catch (...) {
     App().Log(platform::LogLevel::Warning, "the screen can't be given up");
   }
@@ -211,9 +217,10 @@ void CustSearch::ShowUser() {
   const Run run;
   AtBorder([] {
     ClearAnswer();
-    SetUserStartup();
+    const bool beginsWithQueries = SetUserStartup() && gSessionOpeners.showQueries && WantsQueriesFirst();
     try {
-      screens::frmCustMain.Show();
+      if (beginsWithQueries) gSessionOpeners.showQueries();
+      gSessionOpeners.showMain();
     } catch (...) {
       AbandonScreens();
       throw;

@@ -21,7 +21,7 @@ inline int gMemoryLacked = 0;
 /// The lack of memory is a failure of the statement that needed it, like any other.
 inline platform::Error OutOfMemory() {
   ++gMemoryLacked;
-  return {7, "Out of memory"};
+  return platform::error::OutOfMemory();
 }
 
 /// Runs a procedure's body; a failure is reported under the literal and ends the body. Returns whether it ran to its end.

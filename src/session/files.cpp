@@ -2,22 +2,13 @@
 #include "session/ModCustSch.h"
 #include "session/failures.h"
 #include "session/modAppShutdown.h"
+#include "session/recordsets.h"
 
 namespace orcussch {
 
 using platform::DatabaseRef;
-using platform::RecordsetType;
 
 namespace {
-
-struct SessionTable {
-  const char* table;
-  platform::RecordsetRef* rows;
-};
-
-platform::RecordsetRef* const kSessionRows[] = {&rsCustomers, &rsLookups,         &rsPhones,         &rsKeywords,       &rsLocations,
-                                                &rsTaxGrid,   &rsCustCodes,       &rsDataCodes,      &rsSuperCustomers, &rsTerms,
-                                                &rsAddresses, &rsCustCreditCards, &rsCustLaborRates, &rsUserStartup,    &rsAR};
 
 void OpenWorkspace() {
   gWorkspaceName = "CustomerSearch#" + std::to_string(App().ThreadID());
@@ -34,18 +25,6 @@ void OpenDatabases() {
   gGLPath = GetDataPath(gCompanyID, "GL.zdb");
   dbGL = wsCustomer->OpenDatabase(gGLPath);
   dbTemp = wsCustomer->OpenDatabase(gTempPath);
-}
-
-void OpenSessionTables() {
-  const SessionTable tables[] = {
-      {"Customers", &rsCustomers},           {"Lookups", &rsLookups}, {"Phones", &rsPhones},       {"Keywords", &rsKeywords},
-      {"Locations", &rsLocations},           {"TaxGrid", &rsTaxGrid}, {"CustCodes", &rsCustCodes}, {"DataCodes", &rsDataCodes},
-      {"SuperCustomers", &rsSuperCustomers}, {"Terms", &rsTerms},     {"Addresses", &rsAddresses}, {"CustCreditCards", &rsCustCreditCards},
-      {"CustLaborRates", &rsCustLaborRates},
-  };
-  for (const SessionTable& table : tables) *table.rows = dbCustomer->OpenRecordset(table.table, RecordsetType::Table);
-  rsUserStartup = dbCustomer->OpenRecordset("Select * From UserStartup Where (UserNum = " + std::to_string(gUserID) + ");");
-  rsAR = dbDat->OpenRecordset("AR", RecordsetType::Table);
 }
 
 bool HasTable(const DatabaseRef& Db, const std::string& Name) {
@@ -73,7 +52,7 @@ std::string GetDataPath(std::int32_t CompanyID, const std::string& FileName) {
 }
 
 void ForgetFiles() {
-  for (platform::RecordsetRef* rows : kSessionRows) rows->Reset();
+  for (const SessionRecordset& one : kSessionRecordsets) one.rows.Reset();
   for (DatabaseRef* database : {&dbCustomer, &dbDat, &dbARTrans, &dbGL, &dbTemp}) database->Reset();
   wsCustomer.Reset();
 }
@@ -93,7 +72,7 @@ void OpenFiles() {
     if (gFilesOpen) return;
     OpenWorkspace();
     OpenDatabases();
-    OpenSessionTables();
+    for (const SessionRecordset& one : kSessionRecordsets) one.rows = one.open();
     GetCompanyRecord();
     LinkTables();
     App().DoEvents();
@@ -113,7 +92,7 @@ void CloseFiles() {
   if (!gFilesOpen) return;
   const Ignore on;
   on([] { App().DoEvents(); });
-  for (platform::RecordsetRef* rows : kSessionRows) on([&] { (*rows)->Close(); });
+  for (const SessionRecordset& one : kSessionRecordsets) on([&] { one.rows->Close(); });
   for (DatabaseRef* database : {&dbARTrans, &dbDat, &dbCustomer, &dbGL}) on([&] { (*database)->Close(); });
   on([] { App().DoEvents(); });
   for (DatabaseRef* database : {&dbARTrans, &dbDat, &dbCustomer, &dbGL}) database->Reset();

@@ -12,30 +12,65 @@ namespace {
 struct Known {
   const char* name;
   Value (*read)();
+  void (*forget)();
 };
 
-#define KNOWN(variable)                       \
-  {                                           \
-#variable, [] { return Value(variable); } \
+/// A variable and the name that it is known by. The company's fields are forgotten with the whole record.
+#define KNOWN(variable)                                                                \
+  {                                                                                    \
+#variable, [] { return Value(variable); }, [] { variable = decltype(variable){}; } \
+  }
+#define COMPANY(field)                                                                           \
+  {                                                                                              \
+    "gCompany." #field, [] { return Value(gCompany.field); }, [] { gCompany = CompanyRecord{}; } \
   }
 
 const Known kKnown[] = {
-    KNOWN(gUserID),           KNOWN(gCompanyID),         KNOWN(gDefaultTerms),
-    KNOWN(gAddPhone),         KNOWN(gRightsMask),        KNOWN(gBillingStatus),
-    KNOWN(gNonSelection),     KNOWN(gHostAcctNum),       KNOWN(gSelAcctNum),
-    KNOWN(gCustomerLastName), KNOWN(gCustomerFirstName), KNOWN(gCustomerTitle),
-    KNOWN(gCustomerAddr1),    KNOWN(gCustomerAddr2),     KNOWN(gCustomerCity),
-    KNOWN(gCustomerState),    KNOWN(gCustomerZip),       KNOWN(gQuerySQL),
-    KNOWN(gFirstActivate),    KNOWN(gCustomerPath),      KNOWN(gARTransPath),
-    KNOWN(gGLPath),           KNOWN(gTempPath),          KNOWN(gTempDir),
-    KNOWN(gSysModsDir),       KNOWN(gUpdateDir),         KNOWN(gIniPath),
-    KNOWN(gWorkspaceName),    KNOWN(gFilesOpen),         KNOWN(gCompany.CompName),
-    KNOWN(gCompany.Addr1),    KNOWN(gCompany.Addr2),     KNOWN(gCompany.City),
-    KNOWN(gCompany.State),    KNOWN(gCompany.Zip),       KNOWN(gCompany.Country),
-    KNOWN(gCompany.Phone),    KNOWN(gCompany.Fax),       KNOWN(gCompany.BeginningMonth),
-    KNOWN(gCompany.Owner),    KNOWN(gCompany.FIN),       KNOWN(gCompany.AccountingEntity),
+    KNOWN(gUserID),
+    KNOWN(gCompanyID),
+    KNOWN(gDefaultTerms),
+    KNOWN(gAddPhone),
+    KNOWN(gRightsMask),
+    KNOWN(gBillingStatus),
+    KNOWN(gNonSelection),
+    KNOWN(gHostAcctNum),
+    KNOWN(gSelAcctNum),
+    KNOWN(gCustomerLastName),
+    KNOWN(gCustomerFirstName),
+    KNOWN(gCustomerTitle),
+    KNOWN(gCustomerAddr1),
+    KNOWN(gCustomerAddr2),
+    KNOWN(gCustomerCity),
+    KNOWN(gCustomerState),
+    KNOWN(gCustomerZip),
+    KNOWN(gQuerySQL),
+    KNOWN(gFirstActivate),
+    KNOWN(gCustomerPath),
+    KNOWN(gARTransPath),
+    KNOWN(gGLPath),
+    KNOWN(gTempPath),
+    KNOWN(gTempDir),
+    KNOWN(gSysModsDir),
+    KNOWN(gUpdateDir),
+    KNOWN(gIniPath),
+    KNOWN(gWorkspaceName),
+    KNOWN(gFilesOpen),
+    COMPANY(CompName),
+    COMPANY(Addr1),
+    COMPANY(Addr2),
+    COMPANY(City),
+    COMPANY(State),
+    COMPANY(Zip),
+    COMPANY(Country),
+    COMPANY(Phone),
+    COMPANY(Fax),
+    COMPANY(BeginningMonth),
+    COMPANY(Owner),
+    COMPANY(FIN),
+    COMPANY(AccountingEntity),
 };
 
+#undef COMPANY
 #undef KNOWN
 
 }  // namespace
@@ -44,6 +79,10 @@ std::optional<Value> SessionValue(std::string_view name) {
   for (const Known& known : kKnown)
     if (platform::EqualsNoCase(known.name, name)) return known.read();
   return {};
+}
+
+void ForgetSessionValues() {
+  for (const Known& known : kKnown) known.forget();
 }
 
 }  // namespace orcussch

@@ -4,6 +4,7 @@
 #include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
+#include "session/inspect.h"
 #include "session/reports.h"
 
 namespace orcussch {
@@ -13,14 +14,7 @@ platform::Application* attached = nullptr;
 bool mainDone = false;
 
 void ForgetModule() {
-  gUserID = gCompanyID = gDefaultTerms = gHostAcctNum = gSelAcctNum = 0;
-  gCompany = CompanyRecord{};
-  gAddPhone = gNonSelection = gFirstActivate = gFilesOpen = false;
-  for (std::string* text :
-       {&gRightsMask,   &gBillingStatus, &gCustomerFirstName, &gCustomerLastName, &gCustomerTitle, &gCustomerAddr1, &gCustomerAddr2,
-        &gCustomerCity, &gCustomerState, &gCustomerZip,       &gQuerySQL,         &gCustomerPath,  &gARTransPath,   &gGLPath,
-        &gTempPath,     &gTempDir,       &gSysModsDir,        &gUpdateDir,        &gIniPath,       &gWorkspaceName})
-    text->clear();
+  ForgetSessionValues();
   ForgetFiles();
   mainDone = false;
 }

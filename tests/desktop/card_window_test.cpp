@@ -22,6 +22,7 @@
 #include "desktop/support/main_screen.h"
 #include "platform/controls/form/card_screen.h"
 #include "platform/host/screen.h"
+#include "support/controls.h"
 
 // What the window adds around a screen's cards.
 namespace desktop_test {
@@ -263,14 +264,14 @@ TEST_F(CardWindow, ARefusedEntryIsSelectedAsAWhole) {
   ShowAt({1180, 760});
   screen->SSIndexTab1.Page(1);
   window->Changed(&screen->SSIndexTab1, platform::Aspect::Tab);
-  screen->txtCity.Text("Duluth");
-  window->BindingOf(screen->txtCity)->ShowAll();
-  screen->MoveFocus(&screen->txtCity);
-  window->Changed(&screen->txtCity, platform::Aspect::Focus);
+  EditOf(*screen, "txtCity").Text("Duluth");
+  window->BindingOf(EditOf(*screen, "txtCity"))->ShowAll();
+  screen->MoveFocus(&EditOf(*screen, "txtCity"));
+  window->Changed(&EditOf(*screen, "txtCity"), platform::Aspect::Focus);
   auto* box = window->findChild<QLineEdit*>("txtCity");
   ASSERT_TRUE(box->hasFocus());
   box->deselect();
-  window->Changed(&screen->txtCity, platform::Aspect::Focus);
+  window->Changed(&EditOf(*screen, "txtCity"), platform::Aspect::Focus);
   EXPECT_EQ(box->selectedText(), "Duluth");
 
   box->deselect();

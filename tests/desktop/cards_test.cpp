@@ -9,6 +9,7 @@
 #include "desktop/controls/text_edit.h"
 #include "desktop/support/main_screen.h"
 #include "platform/keys/shortcuts.h"
+#include "support/controls.h"
 
 // The seven cards of the main screen: captions, letters, order of the keyboard, what is required.
 namespace desktop_test {
@@ -110,13 +111,13 @@ TEST_F(Cards, ALetterIsTheCaptionsOwn) {
     window->BindingOf(control)->ShowAll();
     return qobject_cast<QAbstractButton*>(window->BindingOf(control)->Widget())->text();
   };
-  EXPECT_EQ(shown(screen->chkHoldCredit).toStdString(), "&Hold Credit");
-  screen->cmdAddAllDepts.Caption("Apply Adjustment %");
-  EXPECT_EQ(shown(screen->cmdAddAllDepts).toStdString(), "&Apply Adjustment %");
-  screen->chkHoldCredit.Caption("in the middle");
-  EXPECT_EQ(shown(screen->chkHoldCredit).toStdString(), "in t&he middle");
-  screen->chkHoldCredit.Caption("none & none");
-  EXPECT_EQ(shown(screen->chkHoldCredit).toStdString(), "none && none");
+  EXPECT_EQ(shown(CheckOf(*screen, "chkHoldCredit")).toStdString(), "&Hold Credit");
+  ButtonOf(*screen, "cmdAddAllDepts").Caption("Apply Adjustment %");
+  EXPECT_EQ(shown(ButtonOf(*screen, "cmdAddAllDepts")).toStdString(), "&Apply Adjustment %");
+  CheckOf(*screen, "chkHoldCredit").Caption("in the middle");
+  EXPECT_EQ(shown(CheckOf(*screen, "chkHoldCredit")).toStdString(), "in t&he middle");
+  CheckOf(*screen, "chkHoldCredit").Caption("none & none");
+  EXPECT_EQ(shown(CheckOf(*screen, "chkHoldCredit")).toStdString(), "none && none");
 }
 
 TEST_F(Cards, WhatIsRequiredIsBoldAndSaidToTheBlind) {
@@ -178,11 +179,11 @@ TEST_F(Cards, FiguresThatOnlyShowCannotBeTypedIn) {
 TEST_F(Cards, AWholePhoneNumberFillsBothEdits) {
   for (const char* edit : {"txtPhoneArea", "txtPhone"}) {
     for (const char* number : {"(612) 555-1234", "612.555.1234", "+1 612 555 1234", "6125551234"}) {
-      screen->txtPhoneArea.Text("000");
-      screen->txtPhone.Text("");
+      EditOf(*screen, "txtPhoneArea").Text("000");
+      EditOf(*screen, "txtPhone").Text("");
       Edit(edit)->PutIn(number);
-      EXPECT_EQ(screen->txtPhoneArea.Text(), "612") << edit << " " << number;
-      EXPECT_EQ(screen->txtPhone.Text(), "5551234") << edit << " " << number;
+      EXPECT_EQ(EditOf(*screen, "txtPhoneArea").Text(), "612") << edit << " " << number;
+      EXPECT_EQ(EditOf(*screen, "txtPhone").Text(), "5551234") << edit << " " << number;
       EXPECT_EQ(Edit("txtPhoneArea")->text(), "(612)");
       EXPECT_EQ(Edit("txtPhone")->text(), "555-1234");
     }
@@ -190,15 +191,15 @@ TEST_F(Cards, AWholePhoneNumberFillsBothEdits) {
 }
 
 TEST_F(Cards, APartOfAPhoneNumberStaysInItsEdit) {
-  screen->txtPhoneArea.Text("218");
-  screen->txtPhone.Text("");
+  EditOf(*screen, "txtPhoneArea").Text("218");
+  EditOf(*screen, "txtPhone").Text("");
   Edit("txtPhone")->PutIn("555-1234");
-  EXPECT_EQ(screen->txtPhoneArea.Text(), "218");
-  EXPECT_EQ(screen->txtPhone.Text(), "5551234");
-  screen->txtPhoneArea.Text("");
+  EXPECT_EQ(EditOf(*screen, "txtPhoneArea").Text(), "218");
+  EXPECT_EQ(EditOf(*screen, "txtPhone").Text(), "5551234");
+  EditOf(*screen, "txtPhoneArea").Text("");
   Edit("txtPhoneArea")->PutIn("(61");
-  EXPECT_EQ(screen->txtPhoneArea.Text(), "61");
-  EXPECT_EQ(screen->txtPhone.Text(), "5551234");
+  EXPECT_EQ(EditOf(*screen, "txtPhoneArea").Text(), "61");
+  EXPECT_EQ(EditOf(*screen, "txtPhone").Text(), "5551234");
 }
 
 TEST_F(Cards, TheHintBelowACardNamesTheKeysOfTheMenu) {

@@ -15,6 +15,7 @@
 #include "desktop/binding/binder.h"
 #include "desktop/list/list_view.h"
 #include "desktop/support/main_screen.h"
+#include "support/controls.h"
 
 namespace desktop_test {
 namespace {
@@ -82,7 +83,7 @@ TEST_F(MainScreen, ListsKnowTheirSearchBoxesAndMarks) {
   for (int tab = 0; tab < 7; ++tab) {
     const auto* list = window->findChild<desktop::ListView*>(QString("grid_%1").arg(tab));
     ASSERT_NE(list, nullptr);
-    EXPECT_EQ(list->Model()->SearchBox(), &screen->txtSearch[static_cast<std::size_t>(tab)]);
+    EXPECT_EQ(list->Model()->SearchBox(), &screen->txtSearch[tab]);
     EXPECT_EQ(list->MarksRows(), tab > 4) << tab;
   }
   EXPECT_TRUE(window->findChild<desktop::ListView*>("grdTaxBasis")->MarksRows());
@@ -93,19 +94,19 @@ TEST_F(MainScreen, AHeadingsMenuOrdersBothWays) {
   constexpr int kCity = 6;
   screen->grid[0].UserSort(kCity, true);
   EXPECT_EQ(screen->fraOrder[0].Tag(), "City");
-  EXPECT_TRUE(screen->optOrder0[1].Value());
-  EXPECT_EQ(screen->optOrder0[1].Caption(), "Descending City");
+  EXPECT_TRUE(OptionOf(*screen, "optOrder0", 1).Value());
+  EXPECT_EQ(OptionOf(*screen, "optOrder0", 1).Caption(), "Descending City");
   screen->grid[0].UserSort(kCity, false);
-  EXPECT_TRUE(screen->optOrder0[0].Value());
-  EXPECT_FALSE(screen->optOrder0[1].Value());
-  screen->grdTaxBasis.UserSort(1, true);
-  EXPECT_EQ(screen->grdTaxBasis.Tag(), "Description") << "a list that knows one direction";
+  EXPECT_TRUE(OptionOf(*screen, "optOrder0", 0).Value());
+  EXPECT_FALSE(OptionOf(*screen, "optOrder0", 1).Value());
+  GridOf(*screen, "grdTaxBasis").UserSort(1, true);
+  EXPECT_EQ(GridOf(*screen, "grdTaxBasis").Tag(), "Description") << "a list that knows one direction";
 }
 
 TEST_F(MainScreen, OfACardNumberTheLastDigitsAloneLeaveTheList) {
   for (int tab = 0; tab < 7; ++tab)
-    for (int column = 0; column < screen->grid[static_cast<std::size_t>(tab)].ColumnCount(); ++column) {
-      const auto& design = screen->grid[static_cast<std::size_t>(tab)].Column(column);
+    for (int column = 0; column < screen->grid[tab].ColumnCount(); ++column) {
+      const auto& design = screen->grid[tab].Column(column);
       EXPECT_EQ(design.lastFour, design.dataField == "CCNumber") << design.caption;
       EXPECT_EQ(design.percent, design.caption.find('%') != std::string::npos) << design.caption;
     }
@@ -154,12 +155,12 @@ TEST_F(MainScreen, TheCommentTakesTheRoomOfWhatItHides) {
     std::map<const char*, QRect> room;
     for (const char* name : {"fraStatus", "fraBillingStatus", "fraTaxBasis", "fraTax", "chkAgeMethod", "chkOmitFinChg"})
       room[name] = PlaceOf(name);
-    screen->txtComment_GotFocus();
+    EditOf(*screen, "txtComment").GotFocus.Fire();
     ShowWhatIsHidden();
     for (const auto& [name, place] : room)
       EXPECT_TRUE(PlaceOf("fraComment").adjusted(0, -1, 0, 0).contains(place)) << size.width() << " " << name;
     EXPECT_GE(PlaceOf("txtComment").height(), PlaceOf("fraComment").height() - 40);
-    screen->txtComment_LostFocus();
+    EditOf(*screen, "txtComment").LostFocus.Fire();
     ShowWhatIsHidden();
     for (const auto& [name, place] : room) EXPECT_EQ(PlaceOf(name), place) << size.width() << " " << name;
   }
@@ -179,11 +180,11 @@ TEST_F(MainScreen, TheCommentMovesNothingElse) {
     ShowPage(0, 1);
     const auto before = places();
     const QPoint bottom = PlaceOf("fraComment").bottomLeft() + QPoint(5, -5);
-    screen->txtComment_GotFocus();
+    EditOf(*screen, "txtComment").GotFocus.Fire();
     ShowWhatIsHidden();
     EXPECT_EQ(places(), before);
     EXPECT_TRUE(PlaceOf("fraComment").contains(bottom));
-    screen->txtComment_LostFocus();
+    EditOf(*screen, "txtComment").LostFocus.Fire();
     ShowWhatIsHidden();
     EXPECT_TRUE(window->findChild<QWidget*>("fraTaxBasis")->isVisible());
     EXPECT_EQ(places(), before);
@@ -194,10 +195,10 @@ TEST_F(MainScreen, TheCommentMovesNothingElse) {
 TEST_F(MainScreen, ALongHeadingDoesNotWidenTheWindow) {
   ShowAt({1024, 768});
   screen->lblSearch[0].Caption("Tax Exemption Expiration Date");
-  screen->optOrder0[0].Caption("Ascending Tax Exemption Expiration Date");
-  screen->optOrder0[1].Caption("Descending Tax Exemption Expiration Date");
-  for (const platform::Control* control :
-       std::initializer_list<const platform::Control*>{&screen->lblSearch[0], &screen->optOrder0[0], &screen->optOrder0[1]})
+  OptionOf(*screen, "optOrder0", 0).Caption("Ascending Tax Exemption Expiration Date");
+  OptionOf(*screen, "optOrder0", 1).Caption("Descending Tax Exemption Expiration Date");
+  for (const platform::Control* control : std::initializer_list<const platform::Control*>{
+           &screen->lblSearch[0], &OptionOf(*screen, "optOrder0", 0), &OptionOf(*screen, "optOrder0", 1)})
     window->BindingOf(*control)->ShowAll();
   QApplication::processEvents();
   EXPECT_EQ(window->findChild<QLabel*>("lblSearch_0")->text(), "Tax Exemption Expiration Date");

@@ -137,7 +137,7 @@ void Running::HostRelease() {
 void Running::Paint() const {
   const orcussch::frmCustMain* screen = desk_->Screen();
   if (screen == nullptr || !screen->Visible()) return;
-  const auto& grid = screen->grid[static_cast<std::size_t>(screen->Tab())];
+  const auto& grid = screen->grid[screen->Tab()];
   if (platform::RowWindow* window = grid.Data()->Window()) {
     try {
       window->RowsAt(0, kPaintedRows);

@@ -5,6 +5,7 @@
 #include "hostile/desk.h"
 #include "platform/values/convert.h"
 #include "platform/values/text.h"
+#include "support/controls.h"
 
 namespace hostile {
 namespace {
@@ -51,8 +52,7 @@ std::int32_t AccountOfStatement(const std::string& statement) {
 }
 
 void CheckDependent(const frmCustMain& screen, int tab, Faults& faults) {
-  const auto n = static_cast<std::size_t>(tab);
-  const platform::DataControl& data = screen.data[n];
+  const platform::DataControl& data = screen.data[tab];
   const std::int32_t named = NamedAccount(screen);
   const platform::Recordset& rows = RowsOf(data.Recordset());
   const std::string list = "the list of tab " + std::to_string(tab);
@@ -66,15 +66,14 @@ void CheckDependent(const frmCustMain& screen, int tab, Faults& faults) {
         faults.push_back(list + " has a row of customer " + Shown(row.cells[at]) + " under the name of " + std::to_string(named));
   }
   const std::string caption = screen.lblCustomer.Caption() + " - " + TrimmedCaption(screen, tab);
-  if (screen.grid[n].Caption() != caption)
-    faults.push_back(list + " is headed \"" + screen.grid[n].Caption() + "\", not \"" + caption + "\"");
+  if (screen.grid[tab].Caption() != caption)
+    faults.push_back(list + " is headed \"" + screen.grid[tab].Caption() + "\", not \"" + caption + "\"");
 }
 
 /// The ticks of types and key words against what the named customer has.
 void CheckAssignments(const frmCustMain& screen, int tab, const Books& books, Faults& faults) {
-  const auto n = static_cast<std::size_t>(tab);
   const bool types = tab == tab::CustomerTypes;
-  const platform::DataControl& data = screen.data[n];
+  const platform::DataControl& data = screen.data[tab];
   const std::set<std::string> assigned = books.Assigned(types ? "CustCodes" : "Lookups", NamedAccount(screen));
   const platform::Recordset& rows = RowsOf(data.Recordset());
   const auto tick = static_cast<std::size_t>(rows.FieldIndex("Assign"));
@@ -87,14 +86,14 @@ void CheckAssignments(const frmCustMain& screen, int tab, const Books& books, Fa
       faults.push_back("tab " + std::to_string(tab) + ": " + Shown(row.cells[key]) + (ticked ? " is ticked" : " is not ticked") +
                        " against what customer " + std::to_string(NamedAccount(screen)) + " has");
   }
-  const auto& display = types ? screen.optCustTypeDisp : screen.optKeyWordDisp;
+  const char* display = types ? "optCustTypeDisp" : "optKeyWordDisp";
   const std::string list = TrimmedCaption(screen, tab);
   const std::string& customer = screen.lblCustomer.Caption();
-  const std::string caption = display[1].Value()   ? customer + " assigned " + list
-                              : display[2].Value() ? list + "  not assigned to " + customer
-                                                   : "All " + list;
-  if (screen.grid[n].Caption() != caption)
-    faults.push_back("the list of tab " + std::to_string(tab) + " is headed \"" + screen.grid[n].Caption() + "\", not \"" + caption + "\"");
+  const std::string caption = OptionOf(screen, display, 1).Value()   ? customer + " assigned " + list
+                              : OptionOf(screen, display, 2).Value() ? list + "  not assigned to " + customer
+                                                                     : "All " + list;
+  if (screen.grid[tab].Caption() != caption)
+    faults.push_back("the list of tab " + std::to_string(tab) + " is headed \"" + screen.grid[tab].Caption() + "\", not \"" + caption + "\"");
 }
 
 /// An open card of a stored record against the row on which its list stands.
@@ -105,11 +104,11 @@ void CheckCard(const frmCustMain& screen, Faults& faults) {
     const char* field;
     std::string shown;
   };
-  const Card cards[] = {{tab::Customers, "LastName", screen.txtLastName.Text()},
-                        {tab::Phones, "RecordID", screen.lblPhoneRecordID.Caption()},
-                        {tab::Addresses, "addressID", screen.lblAltAddressID.Caption()}};
+  const Card cards[] = {{tab::Customers, "LastName", EditOf(screen, "txtLastName").Text()},
+                        {tab::Phones, "RecordID", LabelOf(screen, "lblPhoneRecordID").Caption()},
+                        {tab::Addresses, "addressID", LabelOf(screen, "lblAltAddressID").Caption()}};
   for (const Card& card : cards) {
-    const platform::DataControl& data = screen.data[static_cast<std::size_t>(card.tab)];
+    const platform::DataControl& data = screen.data[card.tab];
     if (card.tab != screen.Tab() || !data.OnRecord()) continue;
     const std::string row = Shown(RowsOf(data.Recordset()).Field(card.field));
     if (!card.shown.empty() && row != card.shown)
@@ -129,7 +128,7 @@ std::vector<std::string> Mismatches(const frmCustMain& screen, const Books& book
   try {
     CheckHead(screen, books, faults);
     const int tab = screen.Tab();
-    if (screen.data[static_cast<std::size_t>(tab)].HasRecordset()) {
+    if (screen.data[tab].HasRecordset()) {
       if (tab >= tab::Phones && tab <= tab::LaborRates) CheckDependent(screen, tab, faults);
       if (tab > tab::LaborRates) CheckAssignments(screen, tab, books, faults);
     }

@@ -1,4 +1,5 @@
 #include "hostile/procedures.h"
+#include "maintenance/assignment_tab.h"
 
 // Showing, visiting, ordering and refreshing lists, the loads, search, bulk commands, and the ways out.
 namespace hostile {
@@ -66,8 +67,8 @@ void AddLists(Procedures& all) {
 void AddLoads(Procedures& all) {
   all.push_back({"load/taxes", Nothing, Direct([](frmCustMain& screen) { screen.LoadTaxBasis(false); })});
   all.push_back({"load/taxes-of-customer", Nothing, Direct([](frmCustMain& screen) { screen.LoadTaxBasis(true); })});
-  all.push_back({"load/types", GoTo(tab::CustomerTypes), Direct([](frmCustMain& screen) { screen.LoadCustTypes(); })});
-  all.push_back({"load/words", GoTo(tab::KeyWords), Direct([](frmCustMain& screen) { screen.LoadKeyWords(); })});
+  all.push_back({"load/types", GoTo(tab::CustomerTypes), Direct([](frmCustMain& screen) { LoadEntries(screen, tab::CustomerTypes); })});
+  all.push_back({"load/words", GoTo(tab::KeyWords), Direct([](frmCustMain& screen) { LoadEntries(screen, tab::KeyWords); })});
 }
 
 /// A list whose rows can be marked: how it is reached, its grid.

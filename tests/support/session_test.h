@@ -6,6 +6,7 @@
 #include <string>
 
 #include "engine/data_file.h"
+#include "entry/screens.h"
 #include "session/CustSearch.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
@@ -19,6 +20,7 @@ class SessionTest : public HostedTest {
   SessionTest() : SessionTest(nullptr) {}
   explicit SessionTest(std::unique_ptr<platform::DataEngine> engine) : HostedTest(std::move(engine)) {
     orcussch::AttachApplication(app.get());
+    orcussch::ConnectScreens();
   }
   ~SessionTest() override { orcussch::AttachApplication(nullptr); }
 

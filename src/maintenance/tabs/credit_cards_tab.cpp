@@ -1,46 +1,93 @@
+#include "maintenance/columns.h"
 #include "maintenance/frmCustMain.h"
-#include "maintenance/tabs/fields.h"
-#include "maintenance/tabs/record_tab.h"
+#include "records/card_fields.h"
+#include "records/fields.h"
 #include "session/ModCustSch.h"
 
 namespace orcussch {
 
+using namespace column;
 using platform::Val;
 
 namespace {
 
 constexpr int kYearLength = 4;
 
+bool NotNumeric(const std::string& V) { return !platform::IsNumeric(V); }
+bool NoCardNumber(const std::string& V) { return V.empty() || !platform::IsNumeric(V); }
+/// A text that is no number can't be compared: the failure is reported and the cell passes on.
+bool NoMonth(const std::string& V) { return platform::CDbl(V) < 1 || platform::CDbl(V) > 12; }
+bool NoYear(const std::string& V) { return platform::Len(V) != kYearLength; }
+
+TabDesign TheTab() {
+  return {.caption = "  Credit Cards    ",
+          .record = "credit card",
+          .field = "CCNumber",
+          .ascending = "Ascending Number",
+          .descending = "Descending Number",
+          .prompt = "Number",
+          .searchMask = "%%%%%-%%%",
+          .database = &gCustomerPath,
+          .columns =
+              {
+                  Closed(Plain("Record ID", "CreditCardID")),
+                  Closed(Plain("Credit Card Type", "CreditCardName")),
+                  CardNumber("Number", "CCNumber"),
+                  Plain("Card Holder", "CCHolder"),
+                  Plain("Expire Month", "CCMonth"),
+                  Formatted("Expire Year", "CCYear", "####"),
+                  Money("Limit", "CCLimit"),
+                  Plain("Comment", "CCComment"),
+              },
+          .cellTests =
+              {
+                  {"CCNumber", NoCardNumber, "You must enter a numeric credit card number!"},
+                  {"CCMonth", NoMonth, "You must enter a numeric credit card expiration month form 1 to 12!"},
+                  {"CCYear", NoYear, "You must enter a 4 digit numeric credit card expiration year!"},
+                  // No column has that name, so a limit is not tested here; the engine takes care of it.
+                  {"CCLimt", NotNumeric, "You must enter a numeric credit card limit!"},
+              },
+          .defaultRows = {{"DefaultCreditCard", "Default Credit Card"}},
+          .billableOnly = true,
+          .setupKey = "tb_CreditCardSetup"};
+}
+
 class CreditCardsTab final : public RecordTab {
  public:
-  explicit CreditCardsTab(frmCustMain& screen)
-      : RecordTab(screen, tab::CreditCards, "CreditCardID"),
-        mTexts{{{"CCNumber", &s.txtCCNumber}, {"CCHolder", &s.txtCCHolder}, {"CCMonth", &s.txtCCMonth}, {"CCYear", &s.txtCCYear}}},
-        mFields{From("CCType", s.cboCreditCards), From("CCNumber", s.txtCCNumber), From("CCHolder", s.txtCCHolder),
-                From("CCMonth", s.txtCCMonth),    From("CCYear", s.txtCCYear),     From("CCLimit", s.txtCCLimit),
-                From("CCComment", s.txtCCComment)} {}
+  explicit CreditCardsTab(frmCustMain& screen) : RecordTab(screen, tab::CreditCards, "CreditCardID", TheTab()) {
+    CardBeginsWith(cboCreditCards);
+    cboCreditCards.FillFrom(s.DataCreditCards, "CreditCardType", "CreditCardName", {{"CreditCardName", "", ""}});
+    txtCCYear.ToolTipText("Enter the 4 digit year");
+  }
+
+  std::string Statement(std::int32_t Acct) override {
+    return "SELECT CustCreditCards.CreditCardID, CustCreditCards.AcctNum, CustCreditCards.CCType, CreditCardTypes.CreditCardName, "
+           "CustCreditCards.CCNumber, CustCreditCards.CCHolder, CustCreditCards.CCMonth, CustCreditCards.CCYear, "
+           "CustCreditCards.CCLimit, CustCreditCards.CCComment"
+           " FROM CreditCardTypes INNER JOIN CustCreditCards ON CreditCardTypes.CreditCardType = CustCreditCards.CCType"
+           " WHERE (AcctNum=" +
+           std::to_string(Acct) + ")";
+  }
+
+  std::optional<std::string> OrderBy(const platform::GridColumn& column, int) override {
+    s.txtSearch[mTab].Mask("");
+    return column.dataField;
+  }
+
+  platform::Control& FirstField() override { return cboCreditCards; }
+  void Loading() override { cboCreditCards.ColumnCaption(0, "Credit Card Name"); }
 
   bool Add(ResumeNext& on) override {
     on([&] { s.DataCreditCards.Refresh(); });
-    EmptyCombo(s.cboCreditCards);
-    s.txtCCNumber.Text("");
-    s.txtCCHolder.Text(s.lblCustomer.Caption());
-    s.txtCCMonth.Text("");
-    s.txtCCYear.Text("");
-    s.txtCCLimit.Value(platform::Currency{0});
-    s.txtCCComment.Text("");
+    mFields.Clear(on);
+    txtCCHolder.Text(s.lblCustomer.Caption());
     ProposeDefault(on);
     return true;
   }
 
   void Edit(ResumeNext& on) override {
     on([&] { s.DataCreditCards.Refresh(); });
-    EmptyCombo(s.cboCreditCards);
-    on([&] { s.cboCreditCards.BoundValue(Rows()->Field("CCType")); });
-    on([&] { s.cboCreditCards.Text(TextUnguarded(Rows(), "CreditCardName")); });
-    for (const TextField& text : mTexts) on([&] { text.edit->Text(TextUnguarded(Rows(), text.field)); });
-    on([&] { s.txtCCLimit.Value(platform::CCur(Rows()->Field("CCLimit"))); });
-    on([&] { s.txtCCComment.Text(TextUnguarded(Rows(), "CCComment")); });
+    mFields.Load(on, Rows());
     ProposeDefault(on);
   }
 
@@ -50,26 +97,25 @@ class CreditCardsTab final : public RecordTab {
     if (Adding()) {
       row.Must([] { rsCustCreditCards->AddNew(); });
       row([&] { rsCustCreditCards->SetField("AcctNum", Owner()); });
-    } else if (!BeginEdit(row, rsCustCreditCards, "CreditCardID", state, kGone)) {
+    } else if (!BeginEdit(row, rsCustCreditCards, state, kGone)) {
       return false;
     }
-    Write(row, rsCustCreditCards, mFields);
-    Store(row, rsCustCreditCards, "CreditCardID", state);
-    if (s.chkDefaultCC.Value() != 0) MakeDefault(row, rsCustCreditCards, "CreditCardID", {"DefaultCreditCard"});
+    mFields.Write(row, rsCustCreditCards);
+    Store(row, rsCustCreditCards, state);
+    if (chkDefaultCC.Value() != 0) MakeDefault(row, rsCustCreditCards, {"DefaultCreditCard"});
     return true;
   }
 
   bool MayDelete(ResumeNext& on, DeleteState& state) override {
-    std::int32_t Id = 0;
-    on([&] { Id = LongOf(Rows(), "CreditCardID"); });
-    bool Default = false;
-    on([&] { Default = IsNumber(Customer()->Field("DefaultCreditCard"), Id); });
-    if (Default) state.Repairs[0] = {true, "DefaultCreditCard"};
-    state.Position = "[CreditCardID]>=" + std::to_string(Id);
+    const std::int32_t Id = NumberToDelete(on, state);
+    if (IsDefault(on, "DefaultCreditCard", Id)) state.Repairs[0] = {true, "DefaultCreditCard"};
     return true;
   }
 
  private:
+  static constexpr GoneText kGone{"The edited credit card can no longer be found (Credit Card ID ",
+                                  ").  The credit card changes made can not be saved!"};
+
   /// Whether the customer has a default card at all, not whether this one is it.
   void ProposeDefault(ResumeNext& on) {
     bool HasDefault = false;
@@ -77,25 +123,44 @@ class CreditCardsTab final : public RecordTab {
       const platform::Value card = Customer()->Field("DefaultCreditCard");
       HasDefault = !card.IsNull() && platform::CLng(card) > 0;
     });
-    s.chkDefaultCC.Value(HasDefault ? 0 : 1);
+    chkDefaultCC.Value(HasDefault ? 0 : 1);
+  }
+
+  void ShowType(ResumeNext& on, const platform::RecordsetRef& Row) {
+    EmptyCombo(cboCreditCards);
+    on([&] { cboCreditCards.BoundValue(Row->Field("CCType")); });
+    on([&] { cboCreditCards.Text(TextUnguarded(Row, "CreditCardName")); });
   }
 
   bool Valid(const SaveState& state) {
-    const double Month = Val(s.txtCCMonth.Text());
-    const int YearLength = platform::Len(platform::Trim(s.txtCCYear.Text()));
+    const double Month = Val(txtCCMonth.Text());
+    const int YearLength = platform::Len(platform::Trim(txtCCYear.Text()));
     return Passes(state, {
-                             {BoundText(s.cboCreditCards).empty(), "You must select a credit card type!", &s.cboCreditCards},
-                             {s.txtCCNumber.Text().empty(), "You must enter the credit card number!", &s.txtCCNumber},
-                             {Month < 1 || Month > 12, "You must enter an expiration month between 1 and 12!", &s.txtCCMonth},
-                             {YearLength != kYearLength, "You must enter a 4-digit expiration date year!", &s.txtCCYear},
+                             {BoundText(cboCreditCards).empty(), "You must select a credit card type!", &cboCreditCards},
+                             {txtCCNumber.Text().empty(), "You must enter the credit card number!", &txtCCNumber},
+                             {Month < 1 || Month > 12, "You must enter an expiration month between 1 and 12!", &txtCCMonth},
+                             {YearLength != kYearLength, "You must enter a 4-digit expiration date year!", &txtCCYear},
                          });
   }
 
-  static constexpr GoneText kGone{"The edited credit card can no longer be found (Credit Card ID ",
-                                  ").  The credit card changes made can not be saved!"};
+  platform::ComboBox cboCreditCards{s, "cboCreditCards"};
+  platform::TextBox txtCCNumber{s, "txtCCNumber", 30};
+  platform::TextBox txtCCHolder{s, "txtCCHolder", 30};
+  platform::TextBox txtCCMonth{s, "txtCCMonth", 2, "%%"};
+  platform::TextBox txtCCYear{s, "txtCCYear", 4, "%%%%"};
+  platform::CurrencyEdit txtCCLimit{s, "txtCCLimit"};
+  platform::TextBox txtCCComment{s, "txtCCComment", 30};
+  platform::CheckBox chkDefaultCC{s, "chkDefaultCC", "Default Credit Card"};
 
-  std::array<TextField, 4> mTexts;
-  std::vector<CardField> mFields;
+  CardFields mFields{
+      card::Bound("CCType", cboCreditCards, [this](ResumeNext& on, const platform::RecordsetRef& row) { ShowType(on, row); }),
+      card::TextNotNull("CCNumber", txtCCNumber),
+      card::TextNotNull("CCHolder", txtCCHolder),
+      card::TextNotNull("CCMonth", txtCCMonth),
+      card::TextNotNull("CCYear", txtCCYear),
+      card::Amount("CCLimit", txtCCLimit),
+      card::TextNotNull("CCComment", txtCCComment),
+  };
 };
 
 }  // namespace

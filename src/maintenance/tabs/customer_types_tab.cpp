@@ -1,48 +1,104 @@
+#include "maintenance/assignment_tab.h"
+#include "maintenance/columns.h"
 #include "maintenance/frmCustMain.h"
-#include "maintenance/tabs/fields.h"
-#include "maintenance/tabs/record_tab.h"
+#include "maintenance/tabs/data_codes.h"
+#include "platform/values/convert.h"
+#include "records/card_fields.h"
+#include "records/fields.h"
 #include "session/ModCustSch.h"
+#include "session/opened.h"
 
 namespace orcussch {
 
+using namespace column;
+
+std::int16_t NextDataCode() {
+  std::int16_t Next = 0;
+  Trap("frmCustMain.NextDataCode", [&] {
+    const Opened Codes(dbCustomer->OpenRecordset("SELECT Max([Code]) AS MaxCode FROM DataCodes WHERE [Code]>0;"));
+    if (Codes->RecordCount() == 0) {
+      Next = 1;
+    } else {
+      const platform::Value MaxCode = Codes->Field("MaxCode");
+      Next = MaxCode.IsNull() ? std::int16_t{1} : platform::CInt(platform::CLng(MaxCode) + 1);
+    }
+  });
+  return Next;
+}
+
 namespace {
 
-class CustomerTypesTab final : public RecordTab {
- public:
-  explicit CustomerTypesTab(frmCustMain& screen) : RecordTab(screen, tab::CustomerTypes, "Code") {}
+bool IsEmpty(const std::string& V) { return V.empty(); }
 
-  bool Add(ResumeNext&) override {
-    s.txtCustomerType.Text("");
-    s.chkAssignCustType.Value(0);
-    s.chkAssignCustType.Visible(true);
+TabDesign TheTab() {
+  return {.caption = "  Customer Types  ",
+          .record = "customer type",
+          .field = "Description",
+          .ascending = "Ascending Description",
+          .descending = "Descending Description",
+          .prompt = "Description",
+          .database = &gTempPath,
+          .columns = {Check("Assigned", "Assign"), Plain("Type Description", "Description")},
+          .cellTests = {{"Description", IsEmpty, "You must have a customer type description!"}},
+          .assigns = true};
+}
+
+const AssignmentDesign kAssignment = {
+    .display = "optCustTypeDisp",
+    .listTable = "CU_AssignDataCodes",
+    .workTable = "CU_AssignDataCodes",
+    .columns = "Code, Description",
+    .literal = "frmCustMain.LoadCustTypes",
+    .assigned =
+        "DataCodes.Code, DataCodes.Description"
+        " FROM DataCodes INNER JOIN CustCodes ON DataCodes.Code = CustCodes.CustCodes"
+        " WHERE (CustCodes.AcctNum=",
+    .all =
+        "DataCodes.Code, DataCodes.Description"
+        " FROM DataCodes",
+    .tables = {rsCustCodes, "AcctCode", "CustCodes", rsDataCodes, "Description"},
+};
+
+class CustomerTypesTab final : public AssignmentTab {
+ public:
+  explicit CustomerTypesTab(frmCustMain& screen) : AssignmentTab(screen, tab::CustomerTypes, "Code", TheTab(), kAssignment) {
+    CardBeginsWith(txtCustomerType);
+  }
+
+  platform::Control& FirstField() override { return txtCustomerType; }
+  std::string NameOnCard() const override { return txtCustomerType.Text(); }
+
+  bool Add(ResumeNext& on) override {
+    mFields.Clear(on);
+    chkAssignCustType.Value(0);
+    chkAssignCustType.Visible(true);
     return true;
   }
 
   void Edit(ResumeNext& on) override {
-    on([&] { s.txtCustomerType.Text(TextUnguarded(Rows(), "Description")); });
-    s.chkAssignCustType.Value(0);
-    s.chkAssignCustType.Visible(false);
+    mFields.Load(on, Rows());
+    chkAssignCustType.Value(0);
+    chkAssignCustType.Visible(false);
   }
 
   bool Save(ResumeNext& on, SaveState& state) override {
-    if (!Passes(state, {{s.txtCustomerType.Text().empty(), "You must enter a customer type description!"}})) return false;
+    if (!Passes(state, {{txtCustomerType.Text().empty(), "You must enter a customer type description!"}})) return false;
     RowWrite row(on);
     std::int16_t Code = 0;
     if (Adding()) {
-      Code = s.NextDataCode();
+      Code = NextDataCode();
       row.Must([] { rsDataCodes->AddNew(); });
       row([&] { rsDataCodes->SetField("Code", Code); });
-    } else if (!BeginEdit(row, rsDataCodes, "Code", state, kGone)) {
+    } else if (!BeginEdit(row, rsDataCodes, state, kGone)) {
       return false;
     }
-    Write(row, rsDataCodes, {From("Description", s.txtCustomerType)});
+    mFields.Write(row, rsDataCodes);
     row.Must([] { rsDataCodes->Update(); });
     if (Adding()) {
       state.Position = "[Code]=" + std::to_string(Code);
-      if (s.chkAssignCustType.Value() != 0 && (row.Going() || IsThere(on, Code))) Assign(on, Code);
+      if (chkAssignCustType.Value() != 0 && (row.Going() || IsThere(on, Code))) Assign(on, Code);
     }
-    s.LoadCustTypes();
-    on([&] { s.data[tab::CustomerTypes].Refresh(); });
+    LoadAnew(on);
     return true;
   }
 
@@ -64,8 +120,7 @@ class CustomerTypesTab final : public RecordTab {
       return false;
     }
     if (Find(on, rsDataCodes, "PrimaryKey", Code) == Search::Found) on([] { rsDataCodes->Delete(); });
-    s.LoadCustTypes();
-    on([&] { s.data[tab::CustomerTypes].Refresh(); });
+    LoadAnew(on);
     return true;
   }
 
@@ -86,6 +141,10 @@ class CustomerTypesTab final : public RecordTab {
     row([&] { rsCustCodes->SetField("CustCodes", Code); });
     row.Must([] { rsCustCodes->Update(); });
   }
+
+  platform::TextBox txtCustomerType{s, "txtCustomerType", 30};
+  platform::CheckBox chkAssignCustType{s, "chkAssignCustType", "Assign New Customer Type to Current Customer"};
+  CardFields mFields{card::TextNotNull("Description", txtCustomerType)};
 };
 
 }  // namespace

@@ -1,45 +1,86 @@
+#include "maintenance/assignment_tab.h"
+#include "maintenance/columns.h"
 #include "maintenance/frmCustMain.h"
-#include "maintenance/tabs/fields.h"
-#include "maintenance/tabs/record_tab.h"
+#include "records/card_fields.h"
+#include "records/fields.h"
 #include "session/ModCustSch.h"
 
 namespace orcussch {
 
+using namespace column;
+
 namespace {
 
-class KeyWordsTab final : public RecordTab {
- public:
-  explicit KeyWordsTab(frmCustMain& screen) : RecordTab(screen, tab::KeyWords, "Keyword") {}
+bool IsEmpty(const std::string& V) { return V.empty(); }
 
-  bool Add(ResumeNext&) override {
-    s.txtKeyWord.Text("");
-    s.chkAssignKeyWord.Value(0);
-    s.chkAssignKeyWord.Visible(true);
+TabDesign TheTab() {
+  return {.caption = "  Key Words  ",
+          .record = "key word",
+          .field = "Keyword",
+          .ascending = "Ascending Key Word",
+          .descending = "Descending Key Word",
+          .prompt = "Key Word",
+          .database = &gTempPath,
+          .columns = {Check("Assigned", "Assign"), Plain("Key Word", "KeyWord")},
+          // The field's name is written otherwise than the column's, so a key word is not tested here; an empty cell is left
+          // alone when the word is written.
+          .cellTests = {{"Keyword", IsEmpty, "You must have a key word!"}},
+          .assigns = true};
+}
+
+const AssignmentDesign kAssignment = {
+    .display = "optKeyWordDisp",
+    .listTable = "CU_AssignKeyWords",
+    .workTable = "CU_AssignKeywords",
+    .columns = "Keyword",
+    .literal = "frmCustMain.LoadKeywords",
+    .assigned =
+        "Keyword"
+        " FROM KeyWords INNER JOIN Lookups ON KeyWords.KeyWord = Lookups.Text"
+        " WHERE (AcctNum=",
+    .all =
+        "Keyword"
+        " FROM Keywords",
+    .tables = {rsLookups, "ByAcct", "Text", rsKeywords, "Keyword"},
+};
+
+class KeyWordsTab final : public AssignmentTab {
+ public:
+  explicit KeyWordsTab(frmCustMain& screen) : AssignmentTab(screen, tab::KeyWords, "Keyword", TheTab(), kAssignment) {
+    CardBeginsWith(txtKeyWord);
+  }
+
+  platform::Control& FirstField() override { return txtKeyWord; }
+  std::string NameOnCard() const override { return txtKeyWord.Text(); }
+
+  bool Add(ResumeNext& on) override {
+    mFields.Clear(on);
+    chkAssignKeyWord.Value(0);
+    chkAssignKeyWord.Visible(true);
     return true;
   }
 
   void Edit(ResumeNext& on) override {
-    on([&] { s.txtKeyWord.Text(TextUnguarded(Rows(), "Keyword")); });
-    s.chkAssignKeyWord.Value(0);
-    s.chkAssignKeyWord.Visible(false);
+    mFields.Load(on, Rows());
+    chkAssignKeyWord.Value(0);
+    chkAssignKeyWord.Visible(false);
   }
 
   /// A word that is there already fails at Update on the key, which is reported; the rest goes on. A changed word leaves the
   /// customers' own rows as they are: they name the word by its text.
   bool Save(ResumeNext& on, SaveState& state) override {
-    if (!Passes(state, {{s.txtKeyWord.Text().empty(), "You must enter a Key Word!"}})) return false;
+    if (!Passes(state, {{txtKeyWord.Text().empty(), "You must enter a Key Word!"}})) return false;
     RowWrite row(on);
     if (Adding()) {
       row.Must([] { rsKeywords->AddNew(); });
     } else if (!BeginWord(row, state)) {
       return false;
     }
-    Write(row, rsKeywords, {From("Keyword", s.txtKeyWord)});
+    mFields.Write(row, rsKeywords);
     row.Must([] { rsKeywords->Update(); });
-    if (s.chkAssignKeyWord.Value() != 0 && Adding()) Assign(on);
-    s.LoadKeyWords();
-    on([&] { s.data[tab::KeyWords].Refresh(); });
-    state.Position = "[Keyword]='" + FixQuotes(s.txtKeyWord.Text()) + "'";
+    if (chkAssignKeyWord.Value() != 0 && Adding()) Assign(on);
+    LoadAnew(on);
+    state.Position = "[Keyword]='" + FixQuotes(txtKeyWord.Text()) + "'";
     return true;
   }
 
@@ -59,8 +100,7 @@ class KeyWordsTab final : public RecordTab {
       return false;
     }
     if (Find(on, rsKeywords, "PrimaryKey", Word()) == Search::Found) on([] { rsKeywords->Delete(); });
-    s.LoadKeyWords();
-    on([&] { s.data[tab::KeyWords].Refresh(); });
+    LoadAnew(on);
     return true;
   }
 
@@ -74,7 +114,7 @@ class KeyWordsTab final : public RecordTab {
   void Assign(ResumeNext& on) const {
     RowWrite row(on);
     row.Must([] { rsLookups->AddNew(); });
-    row([&] { rsLookups->SetField("Text", s.txtKeyWord.Text()); });
+    row([&] { rsLookups->SetField("Text", txtKeyWord.Text()); });
     row([&] { rsLookups->SetField("AcctNum", Owner()); });
     row.Must([] { rsLookups->Update(); });
   }
@@ -97,6 +137,10 @@ class KeyWordsTab final : public RecordTab {
     Refuse(state.Title, Message);
     return false;
   }
+
+  platform::TextBox txtKeyWord{s, "txtKeyWord", 20};
+  platform::CheckBox chkAssignKeyWord{s, "chkAssignKeyWord", "Assign New Key Word to Current Customer"};
+  CardFields mFields{card::TextNotNull("Keyword", txtKeyWord)};
 };
 
 }  // namespace

@@ -1,69 +1,97 @@
+#include "maintenance/columns.h"
 #include "maintenance/frmCustMain.h"
-#include "maintenance/tabs/fields.h"
-#include "maintenance/tabs/record_tab.h"
+#include "records/card_fields.h"
+#include "records/fields.h"
+#include "records/lists.h"
 #include "session/ModCustSch.h"
 
 namespace orcussch {
 
+using namespace column;
+
 namespace {
+
+bool IsEmpty(const std::string& V) { return V.empty(); }
+
+TabDesign TheTab() {
+  return {.caption = "  Phones ",
+          .record = "phone",
+          .field = "Area",
+          .ascending = "Ascending Area Code",
+          .descending = "Descending Area Code",
+          .prompt = "Area Code",
+          .searchMask = "(%%%)",
+          .database = &gCustomerPath,
+          .columns =
+              {
+                  Closed(Plain("Record ID", "RecordID")),
+                  Closed(Plain("AcctNum", "AcctNum")),
+                  Formatted("Area Code", "Area", "(###)"),
+                  Formatted("Phone Number", "Phone", "###-####"),
+                  Plain("Extention Number", "Ext"),
+                  Plain("Type of Number", "TypeDescription"),
+                  Plain("Comment", "Comment"),
+              },
+          .cellTests = {{"TypeDescription", IsEmpty, "You must have a type of phone number description!"}},
+          .defaultRows = {{"DefaultPhoneNumber", "Default Phone Number"}},
+          .setupKey = "tb_PhoneSetup"};
+}
 
 class PhonesTab final : public RecordTab {
  public:
-  explicit PhonesTab(frmCustMain& screen)
-      : RecordTab(screen, tab::Phones, "RecordID"),
-        mTexts{{{"Area", &s.txtPhoneArea}, {"Phone", &s.txtPhone}, {"Ext", &s.txtPhoneExt}, {"Comment", &s.txtPhoneComment}}},
-        mFields{From("Area", s.txtPhoneArea), From("Phone", s.txtPhone), From("Ext", s.txtPhoneExt), From("Type", s.cboPhoneTypes),
-                From("Comment", s.txtPhoneComment)} {}
+  explicit PhonesTab(frmCustMain& screen) : RecordTab(screen, tab::Phones, "RecordID", TheTab()) {
+    CardBeginsWith(lblPhoneRecordID);
+    cboPhoneTypes.FillFrom(s.DataPhoneTypes, "Type", "TypeDescription", {{"TypeDescription", "", ""}});
+    txtPhoneArea.KeyPress = [this](int& KeyAscii) { txtPhoneArea_KeyPress(KeyAscii); };
+    txtPhoneArea.GotFocus = [this] { mAreaDigits.clear(); };
+  }
+
+  std::string Statement(std::int32_t Acct) override {
+    return "SELECT Phones.RecordID, Phones.AcctNum, Phones.Area, Phones.Phone, Phones.Ext, Phones.Type, PhoneTypes.TypeDescription, "
+           "Phones.Comment"
+           " FROM PhoneTypes INNER JOIN Phones ON PhoneTypes.Type = Phones.Type"
+           " WHERE (AcctNum=" +
+           std::to_string(Acct) + ")";
+  }
+
+  std::optional<std::string> OrderBy(const platform::GridColumn& column, int ColIndex) override {
+    s.txtSearch[mTab].Mask(ColIndex == 2 ? "(%%%)" : ColIndex == 3 ? "%%%-%%%%" : "");
+    return column.dataField;
+  }
+
+  platform::Control& FirstField() override { return txtPhoneArea; }
+  void Loading() override { cboPhoneTypes.ColumnCaption(0, "Phone Type"); }
 
   bool Add(ResumeNext& on) override {
-    s.lblPhoneRecordID.Caption("");
-    for (const TextField& text : mTexts) text.edit->Text("");
-    EmptyCombo(s.cboPhoneTypes);
+    mFields.Clear(on);
     // A customer's first phone proposes itself as the default.
     bool First = false;
     on([&] { First = Rows()->RecordCount() == 0; });
-    s.chkDefaultPhone.Value(First ? 1 : 0);
+    chkDefaultPhone.Value(First ? 1 : 0);
     return true;
   }
 
   /// The default box is not touched: it keeps what it showed last.
-  void Edit(ResumeNext& on) override {
-    on([&] { s.lblPhoneRecordID.Caption(TextUnguarded(Rows(), "RecordID")); });
-    for (const TextField& text : mTexts) on([&] { text.edit->Text(TextOf(Rows(), text.field)); });
-    EmptyCombo(s.cboPhoneTypes);
-    bool Found = false;
-    on([&] {
-      if (!HasRecords(s.DataPhoneTypes)) return;
-      s.DataPhoneTypes.Recordset()->FindFirst("[Type]='" + TextOf(Rows(), "Type") + "'");
-      Found = !s.DataPhoneTypes.Recordset()->NoMatch();
-    });
-    if (!Found) return;
-    on([&] { s.cboPhoneTypes.BoundValue(s.DataPhoneTypes.Recordset()->Field("Type")); });
-    on([&] { s.cboPhoneTypes.Text(TextOf(s.DataPhoneTypes.Recordset(), "TypeDescription")); });
-  }
+  void Edit(ResumeNext& on) override { mFields.Load(on, Rows()); }
 
   bool Save(ResumeNext& on, SaveState& state) override {
-    if (!Passes(state, {{BoundText(s.cboPhoneTypes).empty(), "You must select a phone number type!"}})) return false;
+    if (!Passes(state, {{BoundText(cboPhoneTypes).empty(), "You must select a phone number type!"}})) return false;
     RowWrite row(on);
     if (Adding()) {
       row.Must([] { rsPhones->AddNew(); });
       row([&] { rsPhones->SetField("AcctNum", Owner()); });
-    } else if (!BeginEdit(row, rsPhones, "RecordID", state, kGone)) {
+    } else if (!BeginEdit(row, rsPhones, state, kGone)) {
       return false;
     }
-    Write(row, rsPhones, mFields);
-    Store(row, rsPhones, "RecordID", state);
-    if (s.chkDefaultPhone.Value() != 0) MakeDefault(row, rsPhones, "RecordID", {"DefaultPhoneNumber"});
+    mFields.Write(row, rsPhones);
+    Store(row, rsPhones, state);
+    if (chkDefaultPhone.Value() != 0) MakeDefault(row, rsPhones, {"DefaultPhoneNumber"});
     return true;
   }
 
   bool MayDelete(ResumeNext& on, DeleteState& state) override {
-    std::int32_t Id = 0;
-    on([&] { Id = LongOf(Rows(), "RecordID"); });
-    bool Default = false;
-    on([&] { Default = IsNumber(Customer()->Field("DefaultPhoneNumber"), Id); });
-    if (Default) state.Repairs[0] = {true, "DefaultPhoneNumber"};
-    state.Position = "[RecordID]>=" + std::to_string(Id);
+    const std::int32_t Id = NumberToDelete(on, state);
+    if (IsDefault(on, "DefaultPhoneNumber", Id)) state.Repairs[0] = {true, "DefaultPhoneNumber"};
     return true;
   }
 
@@ -71,9 +99,63 @@ class PhonesTab final : public RecordTab {
   static constexpr GoneText kGone{"The edited phone number can longer be found (Phone Record ID ",
                                   ").  The phone number changes made can not be saved!"};
 
-  std::array<TextField, 4> mTexts;
-  std::vector<CardField> mFields;
+  void ShowType(ResumeNext& on, const platform::RecordsetRef& Row) {
+    EmptyCombo(cboPhoneTypes);
+    const platform::DataControl& types = s.DataPhoneTypes;
+    bool Found = false;
+    on([&] {
+      if (!HasRecords(types)) return;
+      types.Recordset()->FindFirst("[Type]='" + TextOf(Row, "Type") + "'");
+      Found = !types.Recordset()->NoMatch();
+    });
+    if (!Found) return;
+    on([&] { cboPhoneTypes.BoundValue(types.Recordset()->Field("Type")); });
+    on([&] { cboPhoneTypes.Text(TextOf(types.Recordset(), "TypeDescription")); });
+  }
+
+  void txtPhoneArea_KeyPress(int& KeyAscii);
+
+  platform::Label lblPhoneRecordID{s, "lblPhoneRecordID"};
+  platform::TextBox txtPhoneArea{s, "txtPhoneArea", 3, "(%%%)"};
+  platform::TextBox txtPhone{s, "txtPhone", 7, "%%%-%%%%"};
+  platform::TextBox txtPhoneExt{s, "txtPhoneExt", 5};
+  platform::ComboBox cboPhoneTypes{s, "cboPhoneTypes"};
+  platform::TextBox txtPhoneComment{s, "txtPhoneComment", 20};
+  platform::CheckBox chkDefaultPhone{s, "chkDefaultPhone", "Default Phone Number"};
+
+  CardFields mFields{
+      card::Shown("RecordID", lblPhoneRecordID),
+      card::Text("Area", txtPhoneArea),
+      card::Text("Phone", txtPhone),
+      card::Text("Ext", txtPhoneExt),
+      card::Bound("Type", cboPhoneTypes, [this](ResumeNext& on, const platform::RecordsetRef& row) { ShowType(on, row); }),
+      card::Text("Comment", txtPhoneComment),
+  };
+
+  std::string mAreaDigits;  ///< what has been typed into the area code at one go, beyond its own length
 };
+
+/// A whole number typed into the area code, as it stands on a letter head, goes on into the number when that is empty. Ten
+/// digits came at one go, or eleven with the 1 of a long-distance call in front; fewer stay what they are.
+void PhonesTab::txtPhoneArea_KeyPress(int& KeyAscii) {
+  constexpr std::size_t kArea = 3;
+  constexpr std::size_t kWhole = 10;
+  if (KeyAscii < '0' || KeyAscii > '9') {
+    if (KeyAscii < ' ') mAreaDigits.clear();
+    return;
+  }
+  // Typed somewhere else in the box, or after another text came into it: a new beginning.
+  if (txtPhoneArea.Text() != mAreaDigits.substr(0, kArea)) mAreaDigits.clear();
+  mAreaDigits += static_cast<char>(KeyAscii);
+  const std::size_t lead = mAreaDigits.front() == '1' ? 1 : 0;
+  if (mAreaDigits.size() < kWhole + lead) return;
+  if (mAreaDigits.size() == kWhole + lead && txtPhone.Text().empty()) {
+    txtPhoneArea.Text(mAreaDigits.substr(lead, kArea));
+    txtPhone.Text(mAreaDigits.substr(lead + kArea));
+    KeyAscii = 0;
+  }
+  mAreaDigits.clear();
+}
 
 }  // namespace
 

@@ -189,7 +189,7 @@ void Application::Act(Form& form, const std::function<void()>& body) {
       Unhandled(error);
     } catch (const std::bad_alloc&) {
       putBack();
-      Unhandled({error::number::OutOfMemory, "Out of memory"});
+      Unhandled(error::OutOfMemory());
     } catch (...) {
       putBack();
       throw;

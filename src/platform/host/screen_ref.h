@@ -6,11 +6,12 @@
 
 namespace platform {
 
-/// The global reference of a screen, of which there is one instance. Using it makes the screen and loads it; peek() looks
-/// without loading.
+/// The global reference of a screen, of which there is one instance. Using it makes the screen, with the application that is
+/// there then, and loads it; peek() looks without loading.
 template <class Screen>
 class ScreenRef {
  public:
+  explicit constexpr ScreenRef(Application& (*application)()) noexcept : application_(application) {}
   /// The screen, made and loaded if need be.
   Screen* operator->() {
     make();
@@ -34,8 +35,9 @@ class ScreenRef {
 
  private:
   void make() {
-    if (!screen_) screen_ = std::make_unique<Screen>();
+    if (!screen_) screen_ = std::make_unique<Screen>(application_());
   }
+  Application& (*application_)();
   std::unique_ptr<Screen> screen_;
 };
 

@@ -4,6 +4,7 @@ namespace platform::error {
 
 Error InvalidCall() { return {number::InvalidCall, "Invalid procedure call or argument"}; }
 Error Overflow() { return {6, "Overflow"}; }
+Error OutOfMemory() { return {7, "Out of memory"}; }
 Error SubscriptOutOfRange() { return {9, "Subscript out of range"}; }
 Error DivisionByZero() { return {11, "Division by zero"}; }
 Error TypeMismatch() { return {13, "Type mismatch"}; }

@@ -29,7 +29,6 @@ namespace error {
 /// Numbers by which a program tells an error from others.
 namespace number {
 inline constexpr int InvalidCall = 5;
-inline constexpr int OutOfMemory = 7;
 inline constexpr int DuplicateKey = 3022;
 inline constexpr int RecordDeleted = 3167;
 inline constexpr int FileExists = 3204;
@@ -37,6 +36,7 @@ inline constexpr int FileExists = 3204;
 
 Error InvalidCall();          ///< 5
 Error Overflow();             ///< 6
+Error OutOfMemory();          ///< 7
 Error SubscriptOutOfRange();  ///< 9
 Error DivisionByZero();       ///< 11
 Error TypeMismatch();         ///< 13

@@ -16,6 +16,7 @@
 #include "desktop/list/list_view.h"
 #include "desktop/window/front_end.h"
 #include "engine/engine.h"
+#include "entry/screens.h"
 #include "maintenance/frmCustMain.h"
 #include "session/CustSearch.h"
 #include "session/ModCustSch.h"
@@ -225,6 +226,7 @@ int main(int count, char** words) {
     parts.accounts = suite::MakeMissingAccountsLookup();
     parts.path = words[1];
     platform::Application app(std::move(parts));
+    orcussch::ConnectScreens();
     orcussch::CustSearch session(app);
     session.UserID(count > 2 ? words[2] : "1");
     session.CompanyID(1);

@@ -11,6 +11,7 @@
 #include "maintenance/frmCustMain.h"
 #include "session/ModCustSch.h"
 #include "suite/operating_system.h"
+#include "support/controls.h"
 
 namespace desktop_test {
 
@@ -26,7 +27,7 @@ class MainScreen : public testing::Test {
     parts.frontEnd = std::move(made);
     app = std::make_unique<platform::Application>(std::move(parts));
     orcussch::AttachApplication(app.get());
-    screen = std::make_unique<orcussch::frmCustMain>();
+    screen = std::make_unique<orcussch::frmCustMain>(*app);
     front->Loaded(*screen);
     window = front->WindowOf(*screen);
   }
@@ -48,10 +49,8 @@ class MainScreen : public testing::Test {
   }
   /// The six controls that the comment box hides and shows, as their models are.
   void ShowWhatIsHidden() {
-    for (const platform::Control* control :
-         std::initializer_list<const platform::Control*>{&screen->fraStatus, &screen->fraBillingStatus, &screen->fraTaxBasis,
-                                                         &screen->fraTax, &screen->chkAgeMethod, &screen->chkOmitFinChg})
-      window->BindingOf(*control)->ShowAll();
+    for (const char* name : {"fraStatus", "fraBillingStatus", "fraTaxBasis", "fraTax", "chkAgeMethod", "chkOmitFinChg"})
+      window->BindingOf(*screen->Find(name))->ShowAll();
     QApplication::processEvents();
   }
   void ShowAt(const QSize& size) {

@@ -1,3 +1,4 @@
+#include "support/controls.h"
 #include "support/main_screen_test.h"
 
 // What the desk adds where the user acts, and what it leaves alone.
@@ -21,18 +22,18 @@ TEST_F(CardDeskTest, ACardIsUnsavedWhileItDiffersFromWhatFilledIt) {
     EXPECT_FALSE(screen.HasUnsavedEntries());
     screen.miEditRec.UserClick();
     EXPECT_FALSE(screen.HasUnsavedEntries());
-    screen.txtCity.Text("Proctor");
+    EditOf(screen, "txtCity").Text("Proctor");
     EXPECT_TRUE(screen.HasUnsavedEntries());
-    screen.txtCity.Text("Duluth");
+    EditOf(screen, "txtCity").Text("Duluth");
     EXPECT_FALSE(screen.HasUnsavedEntries());
-    screen.cmdPlusMinus.UserClick();
+    ButtonOf(screen, "cmdPlusMinus").UserClick();
     EXPECT_TRUE(screen.HasUnsavedEntries());
     screen.miCancelRec.UserClick();
     EXPECT_FALSE(screen.HasUnsavedEntries());
 
     screen.Toolbar1.Button("tb_AddRec").UserClick();
     EXPECT_FALSE(screen.HasUnsavedEntries());
-    screen.optStatus[2].UserClick();
+    OptionOf(screen, "optStatus", 2).UserClick();
     EXPECT_TRUE(screen.HasUnsavedEntries());
     screen.miCancelRec.UserClick();
   });

@@ -1,5 +1,6 @@
 #include <sqlite3.h>
 
+#include "support/controls.h"
 #include "support/main_screen_test.h"
 
 // Texts in data files that no screen would have written: the screens go on with them.
@@ -43,7 +44,7 @@ TEST_F(HostileDataTest, EveryRowIsThereInEveryOrder) {
         accounts.insert(row.cells[static_cast<std::size_t>(screen.grid[0].FieldIndexOf(0))].As<std::int32_t>());
       EXPECT_THAT(accounts, testing::ElementsAre(1, 2, 3, 4, 5)) << "column " << column;
     }
-    screen.optOrder0[1].UserClick();
+    OptionOf(screen, "optOrder0", 1).UserClick();
     EXPECT_EQ(screen.data[0].Window()->RowsAt(0, 100).size(), 5U);
   });
   EXPECT_THAT(Reports(), testing::IsEmpty());
@@ -79,7 +80,7 @@ TEST_F(HostileDataTest, TheCardOpensOnThem) {
     screen.grid[0].UserMove(1);
     screen.miEditRec.UserClick();
     EXPECT_EQ(screen.SSIndexTab1.Page(), 1);
-    EXPECT_EQ(screen.txtLastName.Text(), "Bell");
+    EXPECT_EQ(EditOf(screen, "txtLastName").Text(), "Bell");
   });
   EXPECT_THAT(Reports(), testing::IsEmpty());
 }

@@ -1,9 +1,15 @@
+#include "maintenance/assignment_tab.h"
+#include "maintenance/tabs/data_codes.h"
+#include "support/controls.h"
 #include "support/main_screen_test.h"
 
 // Loads of the assignment lists that no click reaches: their tabs are closed without customers.
 namespace {
 
 using orcussch::frmCustMain;
+using orcussch::LoadEntries;
+using orcussch::NextDataCode;
+namespace tab = orcussch::tab;
 using platform::Value;
 
 std::vector<std::string> Shown(const platform::Grid& grid, int column) {
@@ -18,7 +24,7 @@ TEST_F(MainScreenTest, WithoutCustomersAllTypesAreUnticked) {
   AddRows(CustomerFile(), "DataCodes", {"Code", "Description"}, {{std::int16_t{1}, "Old"}, {std::int16_t{2}, "New"}});
   AddRows(CustomerFile(), "CustCodes", {"AcctNum", "CustCodes"}, {{0, std::int16_t{1}}});
   Serve([&](frmCustMain& screen) {
-    screen.LoadCustTypes();
+    LoadEntries(screen, tab::CustomerTypes);
     screen.SQLData(5);
     EXPECT_THAT(Shown(screen.grid[5], 1), testing::ElementsAre("New", "Old"));
     EXPECT_THAT(Shown(screen.grid[5], 0), testing::ElementsAre("False", "False"));
@@ -29,7 +35,7 @@ TEST_F(MainScreenTest, WithoutCustomersAllTypesAreUnticked) {
 TEST_F(MainScreenTest, WithoutCustomersAllKeyWordsAreUnticked) {
   AddRows(CustomerFile(), "Keywords", {"Keyword"}, {{"pool"}, {"boiler"}});
   Serve([&](frmCustMain& screen) {
-    screen.LoadKeyWords();
+    LoadEntries(screen, tab::KeyWords);
     screen.SQLData(6);
     EXPECT_THAT(Shown(screen.grid[6], 1), testing::ElementsAre("boiler", "pool"));
     EXPECT_THAT(Shown(screen.grid[6], 0), testing::ElementsAre("False", "False"));
@@ -41,8 +47,8 @@ TEST_F(MainScreenTest, WithoutCustomersNoTaxIsTicked) {
   AddRows(CustomerFile(), "TaxGrid", {"TaxID", "Description"}, {{1, "County"}});
   Serve([&](frmCustMain& screen) {
     screen.LoadTaxBasis(true);
-    EXPECT_THAT(Shown(screen.grdTaxBasis, 0), testing::ElementsAre("False"));
-    EXPECT_THAT(Shown(screen.grdTaxBasis, 1), testing::ElementsAre("County"));
+    EXPECT_THAT(Shown(GridOf(screen, "grdTaxBasis"), 0), testing::ElementsAre("False"));
+    EXPECT_THAT(Shown(GridOf(screen, "grdTaxBasis"), 1), testing::ElementsAre("County"));
   });
   EXPECT_THAT(Reports(), testing::IsEmpty());
 }
@@ -57,7 +63,7 @@ TEST_F(MainScreenTest, StatementOfAListWithoutCustomersAsksForAccountZero) {
 TEST_F(MainScreenTest, NextTypeCode) {
   const auto next = [this] {
     std::int16_t code = 0;
-    Serve([&](frmCustMain& screen) { code = screen.NextDataCode(); });
+    Serve([&](frmCustMain&) { code = NextDataCode(); });
     return code;
   };
   EXPECT_EQ(next(), 1) << "no types at all";
@@ -70,7 +76,7 @@ TEST_F(MainScreenTest, NextTypeCode) {
 
 TEST_F(MainScreenTest, NextTypeCodeBeyondTheGreatestIsReported) {
   AddRows(CustomerFile(), "DataCodes", {"Code", "Description"}, {{std::int16_t{32767}, "last"}});
-  Serve([&](frmCustMain& screen) { EXPECT_EQ(screen.NextDataCode(), 0); });
+  Serve([](frmCustMain&) { EXPECT_EQ(NextDataCode(), 0); });
   ASSERT_EQ(log->records.size(), 1U);
   EXPECT_EQ(log->records[0].module, "frmCustMain.NextDataCode");
   EXPECT_EQ(log->records[0].number, 6);

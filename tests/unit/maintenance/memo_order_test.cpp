@@ -1,3 +1,4 @@
+#include "support/controls.h"
 #include "support/main_screen_test.h"
 
 namespace {
@@ -33,7 +34,7 @@ TEST_F(MainScreenTest, CustomersAreNotOrderedByTheirComments) {
     EXPECT_EQ(screen.fraSearch[0].Tag(), "Comments");
     EXPECT_EQ(screen.lblSearch[0].Caption(), "Comments");
     EXPECT_EQ(screen.fraOrder[0].Tag(), "LastName");
-    EXPECT_EQ(screen.optOrder0[0].Caption(), "Ascending Customer Last Name");
+    EXPECT_EQ(OptionOf(screen, "optOrder0", 0).Caption(), "Ascending Customer Last Name");
     EXPECT_EQ(screen.data[0].RefreshCount(), builds);
     EXPECT_EQ(screen.data[0].RecordSource(), "SELECT * FROM Customers ORDER BY LastName;");
   });

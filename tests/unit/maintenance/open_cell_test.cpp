@@ -1,4 +1,5 @@
 #include "platform/values/convert.h"
+#include "support/controls.h"
 #include "support/main_screen_test.h"
 
 // A cell that the user has typed into and not left yet: what he does next takes it, and its text reaches its own row or none.
@@ -27,7 +28,7 @@ class OpenCell : public MainScreenTest {
   /// The user is on a tab's first row and has typed into one of its cells.
   static void TypeInto(frmCustMain& screen, int Tab, int column, const std::string& text) {
     if (screen.Tab() != Tab) screen.SSIndexTab1.UserClick(Tab);
-    platform::Grid& grid = screen.grid[static_cast<std::size_t>(Tab)];
+    platform::Grid& grid = screen.grid[Tab];
     ASSERT_TRUE(grid.UserOpenCell(column));
     grid.UserCellText(text);
   }
@@ -71,7 +72,7 @@ TEST_F(OpenCell, TheCardShowsIt) {
   Serve([&](frmCustMain& screen) {
     TypeInto(screen, tab::Phones, kCommentColumn, "typed");
     screen.miEditRec.UserClick();
-    EXPECT_EQ(screen.txtPhoneComment.Text(), "typed");
+    EXPECT_EQ(EditOf(screen, "txtPhoneComment").Text(), "typed");
   });
   EXPECT_EQ(Comments(), "typed,second,third");
 }
@@ -81,7 +82,7 @@ TEST_F(OpenCell, EveryCommandThatMovesOrRebuildsTakesIt) {
   const std::vector<Act> acts = {
       [](frmCustMain& screen) { screen.miRefresh.UserClick(); },
       [](frmCustMain& screen) { screen.Toolbar1.Button("tb_Refresh").UserClick(); },
-      [](frmCustMain& screen) { screen.optOrder1[1].UserClick(); },
+      [](frmCustMain& screen) { OptionOf(screen, "optOrder1", 1).UserClick(); },
       [](frmCustMain& screen) { screen.grid[tab::Phones].UserHeadClick(kPhoneColumn); },
       [](frmCustMain& screen) { screen.grid[tab::Phones].UserMove(1); },
       [](frmCustMain& screen) { screen.grid[tab::Phones].UserLast(); },

@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "platform/values/convert.h"
+#include "support/controls.h"
 #include "support/main_screen_test.h"
 
 // A customer file that can be read and not written: what the main screen's user sees of it.
@@ -89,21 +90,21 @@ TEST_P(ReadOnlyTest, ASaveIsRefusedAndTheCardKeepsItsContent) {
     Serve([&](frmCustMain& screen) {
       ASSERT_TRUE(log->records.empty()) << log->records[0].module << ' ' << log->records[0].number;
       Press(screen, "tb_EditRec");
-      Enter(screen.txtLastName, "Abelson");
+      Enter(EditOf(screen, "txtLastName"), "Abelson");
       Press(screen, "tb_SaveRec");
       ExpectRefusal();
       ExpectCommonEnd(screen);
-      EXPECT_EQ(screen.txtLastName.Text(), "Abelson");
+      EXPECT_EQ(EditOf(screen, "txtLastName").Text(), "Abelson");
       EXPECT_EQ(screen.data[0].Recordset()->Field("LastName"), platform::Value("Abel"));
 
       screen.SSIndexTab1.UserClick(orcussch::tab::Phones);
       Press(screen, "tb_AddRec");
-      screen.cboPhoneTypes.UserPick(screen.cboPhoneTypes.Rows().at(1));
-      Enter(screen.txtPhoneComment, "new");
+      ComboOf(screen, "cboPhoneTypes").UserPick(ComboOf(screen, "cboPhoneTypes").Rows().at(1));
+      Enter(EditOf(screen, "txtPhoneComment"), "new");
       Press(screen, "tb_SaveRec");
       ExpectRefusal();
       ExpectCommonEnd(screen);
-      EXPECT_EQ(screen.txtPhoneComment.Text(), "new");
+      EXPECT_EQ(EditOf(screen, "txtPhoneComment").Text(), "new");
       EXPECT_EQ(screen.data[1].Recordset()->RecordCount(), 1);
     });
   }
@@ -143,7 +144,7 @@ TEST_P(ReadOnlyTest, TheNextSessionSavesOnceTheFileIsOpenAgain) {
     const PlainUser user;
     Serve([&](frmCustMain& screen) {
       Press(screen, "tb_EditRec");
-      Enter(screen.txtLastName, "Refused");
+      Enter(EditOf(screen, "txtLastName"), "Refused");
       Press(screen, "tb_SaveRec");
     });
   }
@@ -152,7 +153,7 @@ TEST_P(ReadOnlyTest, TheNextSessionSavesOnceTheFileIsOpenAgain) {
   const PlainUser user;
   Serve([&](frmCustMain& screen) {
     Press(screen, "tb_EditRec");
-    Enter(screen.txtLastName, "Stored");
+    Enter(EditOf(screen, "txtLastName"), "Stored");
     Press(screen, "tb_SaveRec");
   });
   EXPECT_TRUE(log->records.empty());

@@ -1,3 +1,5 @@
+#include "maintenance/tabs/data_codes.h"
+#include "support/controls.h"
 #include "support/main_screen_test.h"
 
 // What a command has opened for its own use is closed when it ends, however it ends.
@@ -22,11 +24,11 @@ class OpenedRows : public MainScreenTest {
     return open;
   }
   static void FillCard(frmCustMain& screen) {
-    screen.txtLastName.Text("Reed");
-    screen.txtAddr1.Text("1 Elm St");
-    screen.txtCity.Text("Duluth");
-    screen.txtState.Text("MN");
-    screen.cboTerms.BoundValue(std::int16_t{1});
+    EditOf(screen, "txtLastName").Text("Reed");
+    EditOf(screen, "txtAddr1").Text("1 Elm St");
+    EditOf(screen, "txtCity").Text("Duluth");
+    EditOf(screen, "txtState").Text("MN");
+    ComboOf(screen, "cboTerms").BoundValue(std::int16_t{1});
   }
   void DeleteElsewhere(const std::string& sql) const {
     const auto other = engine::MakeEngine();
@@ -51,7 +53,7 @@ TEST_F(OpenedRows, ASaveThatTheDuplicateQuestionRefuses) {
 TEST_F(OpenedRows, ASaveWhoseCustomerIsGone) {
   Serve([&](frmCustMain& screen) {
     screen.miEditRec.UserClick();
-    screen.cboTerms.BoundValue(std::int16_t{1});
+    ComboOf(screen, "cboTerms").BoundValue(std::int16_t{1});
     DeleteElsewhere("DELETE * FROM Customers");
     const int before = Open();
     screen.miSaveRec.UserClick();
@@ -65,7 +67,7 @@ TEST_F(OpenedRows, ASaveThatGoesThrough) {
   frontEnd->answer = platform::box::Yes;
   Serve([&](frmCustMain& screen) {
     screen.miEditRec.UserClick();
-    screen.cboTerms.BoundValue(std::int16_t{1});
+    ComboOf(screen, "cboTerms").BoundValue(std::int16_t{1});
     const int before = Open();
     screen.miSaveRec.UserClick();
     EXPECT_EQ(screen.SSIndexTab1.Page(), 0);
@@ -81,9 +83,9 @@ TEST_F(OpenedRows, ASaveThatGoesThrough) {
 
 TEST_F(OpenedRows, ANumberForATypeThatCanNotBeGiven) {
   AddRows(CustomerFile(), "DataCodes", {"Code", "Description"}, {{std::int16_t{32767}, "last"}});
-  Serve([&](frmCustMain& screen) {
+  Serve([&](frmCustMain&) {
     const int before = Open();
-    screen.NextDataCode();
+    orcussch::NextDataCode();
     EXPECT_EQ(Open(), before);
   });
   EXPECT_THAT(Reports(), testing::ElementsAre("frmCustMain.NextDataCode"));

@@ -1,3 +1,4 @@
+#include "support/controls.h"
 #include "support/main_screen_test.h"
 
 // Lists that are opened anew, or left, in the middle of a procedure that walks through them: the walk ends with one report, and
@@ -38,11 +39,11 @@ class VanishingLists : public MainScreenTest {
 TEST_F(VanishingLists, APercentageEndsWhereTheListIsReadAnew) {
   Serve([&](frmCustMain& screen) {
     screen.SSIndexTab1.UserClick(tab::LaborRates);
-    screen.optAllDept[1].UserClick();
-    screen.txtAdjustAllDept.Text("5");
+    OptionOf(screen, "optAllDept", 1).UserClick();
+    EditOf(screen, "txtAdjustAllDept").Text("5");
     AtYield(2, [&] { screen.miRefresh.UserClick(); });
-    screen.cmdAddAllDepts.UserClick();
-    EXPECT_TRUE(screen.cmdAddAllDepts.Enabled());
+    ButtonOf(screen, "cmdAddAllDepts").UserClick();
+    EXPECT_TRUE(ButtonOf(screen, "cmdAddAllDepts").Enabled());
     EXPECT_EQ(app->MousePointer(), 0);
   });
   ExpectOneReport("frmCustMain.cmdAddAllDepts_Click", 3420);
@@ -56,7 +57,7 @@ TEST_F(VanishingLists, AddingAllDepartmentsGoesToTheCustomerWhomTheUserSaw) {
       screen.SSIndexTab1.UserClick(tab::Customers);
       screen.data[tab::Customers].Recordset()->MoveLast();
     });
-    screen.cmdAddAllDepts.UserClick();
+    ButtonOf(screen, "cmdAddAllDepts").UserClick();
   });
   EXPECT_EQ(Stored("SELECT Count(*) FROM CustLaborRates WHERE AcctNum=2"), "1");
 }
@@ -115,8 +116,8 @@ TEST_F(VanishingLists, ATabThatWasLeftWhileItLoadedDoesNotCloseTheQueries) {
 TEST_F(VanishingLists, ASaveInTheMiddleOfASaveWritesOnce) {
   Serve([&](frmCustMain& screen) {
     screen.miAddRec.UserClick();
-    screen.txtLastName.Text("Tran");
-    screen.cboTerms.BoundValue(2);
+    EditOf(screen, "txtLastName").Text("Tran");
+    ComboOf(screen, "cboTerms").BoundValue(2);
     AtYield(1, [&] { screen.miSaveRec.UserClick(); });
     screen.miSaveRec.UserClick();
     EXPECT_EQ(screen.SSIndexTab1.Page(), 0);
@@ -132,9 +133,9 @@ TEST_F(VanishingLists, ASaveWritesTheCustomerOfItsCard) {
   frontEnd->answer = platform::box::Yes;
   Serve([&](frmCustMain& screen) {
     screen.miEditRec.UserClick();
-    screen.cboTerms.BoundValue(2);
-    screen.txtCity.Text("Duluth");
-    screen.optLaborRate[0].UserClick();
+    ComboOf(screen, "cboTerms").BoundValue(2);
+    EditOf(screen, "txtCity").Text("Duluth");
+    OptionOf(screen, "optLaborRate", 0).UserClick();
     frontEnd->onBox = [&] {
       frontEnd->onBox = nullptr;
       screen.data[tab::Customers].Recordset()->MoveLast();

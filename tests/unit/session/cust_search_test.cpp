@@ -1,4 +1,5 @@
 #include "maintenance/frmCustMain.h"
+#include "session/openers.h"
 #include "support/session_test.h"
 
 namespace orcussch {
@@ -113,6 +114,34 @@ TEST_F(CustSearchTest, ShowUserReadsTheStartupRowAndShowsOneScreen) {
   EXPECT_TRUE(gAddPhone);
   EXPECT_THAT(events.all, ElementsAre("unloaded frmCustMain"));
   EXPECT_EQ(app->FormCount(), 0);
+}
+
+/// The query screen comes first for a user whose start-up row says so, once there is one.
+TEST_F(CustSearchTest, AUserCanBeginWithTheQueries) {
+  MakeCompany();
+  static std::vector<std::string> shown;
+  frontEnd->serve = [](platform::Form& form) { shown.push_back(form.Name()); };
+  const std::pair<const char*, bool> rows[] = {{"", false}, {"(1, True, True)", false}, {"(1, False, True)", true}};
+  for (const auto& [row, first] : rows) {
+    CustSearch host(*app);
+    host.UserID(1);
+    host.CompanyID(1);
+    dbCustomer->Execute("DELETE * FROM UserStartup");
+    if (*row != 0) dbCustomer->Execute(std::string("INSERT INTO UserStartup (UserNum, StartGrid, AddPhone) VALUES ") + row);
+    host.CompanyID(1);
+    for (const bool there : {false, true}) {
+      ConnectScreens();
+      if (there) gSessionOpeners.showQueries = [] { shown.push_back("queries"); };
+      shown.clear();
+      host.ShowUser();
+      if (there && first)
+        EXPECT_THAT(shown, ElementsAre("queries", "frmCustMain")) << row;
+      else
+        EXPECT_THAT(shown, ElementsAre("frmCustMain")) << row;
+    }
+  }
+  ConnectScreens();
+  EXPECT_TRUE(log->records.empty());
 }
 
 TEST_F(CustSearchTest, AnObjectThatGoesWhileAScreenIsUpTakesItAlong) {

@@ -118,8 +118,8 @@ class ControlArray {
   explicit ControlArray(Form& form, const std::string& name, const Args&... args) {
     for (std::size_t i = 0; i < N; ++i) items_[i] = std::make_unique<T>(form, name, static_cast<int>(i), args...);
   }
-  T& operator[](std::size_t index) const { return *items_.at(index); }
-  static constexpr std::size_t size() { return N; }
+  T& operator[](int index) const { return *items_.at(static_cast<std::size_t>(index)); }
+  static constexpr int size() { return static_cast<int>(N); }
   /// Calls `body(control, index)` for each.
   template <class Body>
   void Each(Body&& body) const {

@@ -1,0 +1,19 @@
+#include "entry/screens.h"
+
+#include "maintenance/frmCustMain.h"
+#include "maintenance/openers.h"
+#include "session/openers.h"
+
+namespace orcussch {
+
+void ConnectScreens() {
+  gSessionOpeners.showMain = [] { screens::frmCustMain.Show(); };
+  gSessionOpeners.giveUpMain = [] { screens::frmCustMain.release(); };
+
+  // Each screen that comes fills its own opener here. What stays empty is not there yet: its commands keep their keys and do
+  // nothing, and a user who wants to begin with the queries begins with the list.
+  gSessionOpeners.showQueries = nullptr;
+  gMainOpeners = MainOpeners{};
+}
+
+}  // namespace orcussch

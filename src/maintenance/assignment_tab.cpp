@@ -1,0 +1,136 @@
+#include "maintenance/assignment_tab.h"
+
+#include "maintenance/display_options.h"
+#include "maintenance/frmCustMain.h"
+#include "platform/values/convert.h"
+#include "session/ModCustSch.h"
+
+namespace orcussch {
+
+using platform::Value;
+
+namespace {
+
+constexpr int kAssignColumn = 0;
+constexpr int kTextColumn = 1;
+
+void Run(const platform::DatabaseRef& Db, const std::string& SQL) {
+  bool ErrorFlag = false;
+  ExecuteSQLStmt(Db, SQL, false, ErrorFlag);
+}
+
+}  // namespace
+
+AssignmentTab::AssignmentTab(frmCustMain& screen, int tab, const char* key, TabDesign design, const AssignmentDesign& assignment)
+    : RecordTab(screen, tab, key, std::move(design)), mAssignment(assignment), optDisplay(screen, assignment.display) {
+  CaptionOptions(optDisplay, kDisplayFilters);
+  optDisplay.Each([this](platform::OptionButton& option, int) {
+    PutOnListPage({&option});
+    option.Click = [this] {
+      s.SQLData(mTab);
+      CaptionByFilter();
+    };
+  });
+}
+
+std::string AssignmentTab::Statement(std::int32_t) {
+  return std::string("Select * From ") + mAssignment.listTable + " WHERE (Instance=" + std::to_string(s.mInstance) + ")" +
+         AssignFilter(optDisplay);
+}
+
+TickList AssignmentTab::Ticks() { return {&s.grid[mTab], &s.data[mTab], 0}; }
+
+void AssignmentTab::Visit(const std::string& Caption) {
+  s.grid[mTab].Caption("All " + Caption);
+  optDisplay[0].Value(true);
+  Load();
+}
+
+void AssignmentTab::Load() {
+  Trap(mAssignment.literal, [this] {
+    const std::string Instance = std::to_string(s.mInstance);
+    const std::string Head = std::string("INSERT INTO ") + mAssignment.workTable + " ( Instance, Assign, " + mAssignment.columns + " )" +
+                             InFile(gTempPath) + " SELECT " + Instance + " As Instance, ";
+    s.App().DoEvents();
+    Run(dbTemp, std::string("Delete * From ") + mAssignment.workTable + " Where (Instance = " + Instance + ");");
+    mFilledFor.reset();
+    if (s.data[tab::Customers].OnRecord()) {
+      const std::int32_t Acct = platform::CLng(Customer()->Field("AcctNum"));
+      mFilledFor = Acct;
+      Run(dbCustomer, Head + "True AS Assign, " + mAssignment.assigned + std::to_string(Acct) + ");");
+    }
+    // The ticked rows stand already: the table's key refuses them here, so that the ticks survive.
+    Run(dbCustomer, Head + "False AS Assign, " + mAssignment.all + ";");
+    s.App().DoEvents();
+  });
+}
+
+void AssignmentTab::LoadAnew(ResumeNext& on) {
+  Load();
+  on([this] { List().Refresh(); });
+}
+
+void AssignmentTab::CellTaken(int ColIndex) {
+  Trap("frmCustMain.grid_AfterColUpdate", [&] {
+    if (ColIndex == kAssignColumn)
+      Assign();
+    else if (ColIndex == kTextColumn)
+      Rename();
+  });
+}
+
+/// A tick adds the customer's row, taking it away deletes that row. The customer is the one for whom the list was filled: in a
+/// yield of a longer command the customers' list may have moved on.
+void AssignmentTab::Assign() {
+  platform::Grid& list = s.grid[mTab];
+  const AssignmentTables& tables = mAssignment.tables;
+  const Value Acct = mFilledFor ? Value(*mFilledFor) : Customer()->Field("AcctNum");
+  const Value Entry = Rows()->Field(Key());
+  tables.assigned->SetIndex(tables.assignedIndex);
+  tables.assigned->Seek("=", {Acct, Entry});
+  const bool Found = !tables.assigned->NoMatch();
+  const bool Ticked = platform::CBool(list.ColumnValue(kAssignColumn));
+  if (!Found && Ticked) {
+    tables.assigned->AddNew();
+    tables.assigned->SetField("AcctNum", Acct);
+    tables.assigned->SetField(tables.assignedField, Entry);
+    tables.assigned->Update();
+    list.RefreshRow();
+  } else if (Found && !Ticked) {
+    tables.assigned->Delete();
+    list.RefreshRow();
+  }
+  s.App().DoEvents();
+}
+
+/// The list's row still holds the old key word at this moment. An empty cell changes nothing.
+void AssignmentTab::Rename() {
+  platform::Grid& list = s.grid[mTab];
+  const Value Cell = list.ColumnValue(kTextColumn);
+  if (platform::CStr(platform::Concat("", Cell)).empty()) return;
+  const AssignmentTables& tables = mAssignment.tables;
+  tables.entries->SetIndex("PrimaryKey");
+  tables.entries->Seek("=", {Rows()->Field(Key())});
+  if (tables.entries->NoMatch()) return;
+  tables.entries->Edit();
+  tables.entries->SetField(tables.entryField, Cell);
+  tables.entries->Update();
+  list.RefreshRow();
+}
+
+/// By the filter that is on now: another one may have been chosen while the list was built.
+void AssignmentTab::CaptionByFilter() {
+  const std::string Entries = TrimmedCaption(s, mTab);
+  const std::string Customer = s.lblCustomer.Caption();
+  platform::Grid& list = s.grid[mTab];
+  if (optDisplay[1].Value())
+    list.Caption(Customer + " assigned " + Entries);
+  else if (optDisplay[2].Value())
+    list.Caption(Entries + "  not assigned to " + Customer);
+  else
+    list.Caption("All " + Entries);
+}
+
+void LoadEntries(const frmCustMain& screen, int Tab) { dynamic_cast<AssignmentTab&>(screen.Record(Tab)).Load(); }
+
+}  // namespace orcussch

@@ -1,0 +1,174 @@
+#include "maintenance/tabs/customer_taxes.h"
+
+#include "maintenance/columns.h"
+#include "maintenance/display_options.h"
+#include "maintenance/frmCustMain.h"
+#include "platform/values/convert.h"
+#include "records/lists.h"
+#include "session/ModCustSch.h"
+
+namespace orcussch {
+
+using namespace column;
+using platform::Value;
+
+namespace {
+
+constexpr const char* kPlaces[4] = {"TaxBasisA", "TaxBasisB", "TaxBasisC", "TaxBasisD"};
+
+/// Runs one statement of a load; a failure is reported there and the list shows what got in. False after one.
+bool Run(const platform::DatabaseRef& Db, const std::string& Statement) {
+  bool ErrorFlag = false;
+  ExecuteSQLStmt(Db, Statement, false, ErrorFlag);
+  return !ErrorFlag;
+}
+
+}  // namespace
+
+CustomerTaxes::CustomerTaxes(frmCustMain& screen)
+    : s(screen), fraTaxBasis(s, "fraTaxBasis", "Applicable Customer Taxes:"), optTaxDisp(s, "optTaxDisp"), grdTaxBasis(s, "grdTaxBasis") {
+  CaptionOptions(optTaxDisp, kDisplayFilters);
+  optTaxDisp.Each([this](platform::OptionButton& option, int) {
+    option.Container(fraTaxBasis);
+    option.Click = [this] { SQL(); };  // the list keeps its caption
+  });
+  grdTaxBasis.Container(fraTaxBasis);
+  grdTaxBasis.Tag("Assign, Description");
+  grdTaxBasis.BindTo(s.DataTaxBasis);
+  grdTaxBasis.MarksRows(true);
+  grdTaxBasis.DefineColumns({
+      Check("Assigned", "Assign"),
+      Closed(Plain("Description", "Description")),
+      Closed(Plain("TypeDescription", "TypeDescription")),
+      Closed(Plain("Tax Entity", "EntityDescription")),
+      Closed(Plain("Tax ID", "TaxID")),
+  });
+  grdTaxBasis.HeadClick = [this](int ColIndex) { HeadClick(ColIndex); };
+  grdTaxBasis.AfterColUpdate = [this](int) { AfterColUpdate(); };
+  grdTaxBasis.SelChange = [this](bool&) { s.TestGridSelection(grdTaxBasis); };
+}
+
+void CustomerTaxes::Load(bool Customer) {
+  mLoaded = false;
+  Trap("frmCustMain.LoadAvailableKeyWords", [&] {
+    const std::string Instance = std::to_string(s.mInstance);
+    s.App().DoEvents();
+    bool Loaded = Run(dbTemp, "Delete * From CU_AssignTaxes Where (Instance = " + Instance + ");");
+    // The right joins keep a tax that has no type or entity.
+    Loaded =
+        Run(dbCustomer, "INSERT INTO CU_AssignTaxes ( Instance, TaxID, Assign, Description, TypeDescription, EntityDescription )" +
+                            InFile(gTempPath) + " SELECT " + Instance +
+                            " As Instance, TaxGrid.TaxID, False AS Assign, TaxGrid.Description, TaxTypes.TypeDescription, "
+                            "TaxEntities.EntityDescription"
+                            " FROM TaxTypes RIGHT JOIN (TaxEntities RIGHT JOIN TaxGrid ON TaxEntities.TaxEntity = TaxGrid.TaxEntity) ON "
+                            "TaxTypes.TaxType = TaxGrid.TaxType"
+                            ";") &&
+        Loaded;
+    Loaded = SQL() && Loaded;
+    if (Customer && s.data[tab::Customers].OnRecord()) TickCustomers();
+    mLoaded = Loaded;
+    if (HasRecords(s.DataTaxBasis)) s.DataTaxBasis.Recordset()->MoveFirst();
+    s.App().DoEvents();
+  });
+}
+
+void CustomerTaxes::TickCustomers() {
+  const platform::RecordsetRef Taxes = s.DataTaxBasis.Recordset();
+  for (const char* Field : kPlaces) {
+    const Value Tax = s.data[tab::Customers].Recordset()->Field(Field);
+    if (Tax.IsNull() || platform::CLng(Tax) <= 0) continue;
+    Taxes->FindFirst("[TaxID]=" + platform::CStr(Tax));
+    if (Taxes->NoMatch()) continue;
+    Taxes->Edit();
+    Taxes->SetField("Assign", true);
+    Taxes->Update();
+  }
+}
+
+bool CustomerTaxes::SQL() {
+  return Trap("frmCustMain.SQLTaxBasis", [this] {
+    s.App().DoEvents();
+    const int LeftCol = HasRecords(s.DataTaxBasis) ? grdTaxBasis.LeftCol(0) : 0;
+    std::string Statement =
+        "SELECT * FROM CU_AssignTaxes WHERE (Instance = " + std::to_string(s.mInstance) + ")" + AssignFilter(optTaxDisp);
+    Statement += " ORDER BY " + grdTaxBasis.Tag();
+    s.DataTaxBasis.RecordSource(Statement);
+    s.DataTaxBasis.Refresh();
+    s.DataTaxBasis.UpdateControls();
+    const bool Records = HasRecords(s.DataTaxBasis);
+    s.Toolbar1.Button("tb_SelectAll").Enabled(Records);
+    s.miSelectAll.Enabled(Records);
+    grdTaxBasis.LeftCol(0, LeftCol);
+    s.App().DoEvents();
+  });
+}
+
+void CustomerTaxes::HeadClick(int ColIndex) {
+  grdTaxBasis.Tag(grdTaxBasis.Column(ColIndex).dataField);
+  if (HasRecords(s.DataTaxBasis)) SQL();
+}
+
+void CustomerTaxes::AfterColUpdate() {
+  Trap("frmCustMain.gridTaxBasis_AfterColEdit", [this] {
+    s.DataTaxBasis.Recordset()->Edit();
+    s.DataTaxBasis.Recordset()->Update();
+  });
+}
+
+std::optional<std::vector<Value>> CustomerTaxes::Ticked() const {
+  std::vector<Value> taxes;
+  const bool known = mLoaded && Ignore()([&] {
+                       const Opened Assigned(dbTemp->OpenRecordset("Select TaxID From CU_AssignTaxes Where (Assign=True) And (Instance = " +
+                                                                   std::to_string(s.mInstance) + ") Order By TaxID;"));
+                       for (; !Assigned->Eof(); Assigned->MoveNext()) taxes.push_back(Assigned->Field("TaxID"));
+                     });
+  if (!known) return {};
+  return taxes;
+}
+
+void CustomerTaxes::Tick(const std::vector<Value>& taxes) {
+  if (!mLoaded) return;
+  const std::string mine = " Where (Instance = " + std::to_string(s.mInstance) + ")";
+  dbTemp->Execute("Update CU_AssignTaxes Set Assign = False" + mine + ";");
+  for (const Value& tax : taxes)
+    dbTemp->Execute("Update CU_AssignTaxes Set Assign = True" + mine + " And (TaxID = " + platform::CStr(tax) + ");");
+  SQL();
+}
+
+platform::RecordsetRef CustomerTaxes::OpenTicked() const {
+  return dbTemp->OpenRecordset("Select * From CU_AssignTaxes Where (Assign=True) And (Instance = " + std::to_string(s.mInstance) +
+                               ") Order By TaxID;");
+}
+
+/// The first four assigned taxes are kept, without a word about others. False when they could not be read.
+bool CustomerTaxes::ReadPlaces(ResumeNext& on, const Opened& Assigned, std::int16_t TaxCount, Places& taxes) const {
+  if (Assigned.IsNothing()) return false;
+  bool More = false;
+  if (!on([&] {
+        More = Assigned->RecordCount() != 0;
+        if (More) Assigned->MoveFirst();
+      }))
+    return false;
+  while (More) {
+    // Short like the number of duplicates: after the greatest one the addition is reported and no place is left either.
+    on([&] { TaxCount = platform::CInt(std::int32_t{TaxCount} + 1); });
+    if (TaxCount > 4) break;
+    if (!on([&] {
+          taxes[static_cast<std::size_t>(TaxCount - 1)] = Assigned->Field("TaxID");
+          Assigned->MoveNext();
+          More = !Assigned->Eof();
+        }))
+      return false;
+  }
+  return true;
+}
+
+void CustomerTaxes::Write(RowWrite& row, const Opened& Assigned, std::int16_t TaxCount, bool Adding) const {
+  Places taxes;
+  taxes.fill(std::int32_t{0});
+  const bool Known = ReadPlaces(row.Reports(), Assigned, TaxCount, taxes) && mLoaded;
+  if (!Known && !Adding) return;
+  for (std::size_t i = 0; i < taxes.size(); ++i) row([&] { rsCustomers->SetField(kPlaces[i], taxes[i]); });
+}
+
+}  // namespace orcussch

@@ -10,6 +10,7 @@
 #include "engine/errors.h"
 #include "engine/sql/parser.h"
 #include "engine/sql/print.h"
+#include "engine/store/sqlite/dialect.h"
 #include "engine/text/text_order.h"
 #include "engine/translate/functions/store_functions.h"
 #include "engine/translate/plan/planning.h"
@@ -87,7 +88,7 @@ class Company final : public engine::Catalogue {
 class Store {
  public:
   explicit Store(const Company& company) {
-    const engine::Dialect plain;
+    const engine::Dialect& plain = engine::SqliteDialect();
     if (sqlite3_open(":memory:", &db_) != SQLITE_OK) std::abort();
     const auto nothing = [](sqlite3_context* context, int, sqlite3_value**) { sqlite3_result_null(context); };
     const auto create = [&](const std::string& name, int arguments) {
@@ -183,7 +184,7 @@ class Fuzzer {
     if (!plan.source.empty()) store_.Require(plan.source);
   }
 
-  engine::Dialect dialect_;
+  const engine::Dialect& dialect_ = engine::SqliteDialect();
   Company company_;
   Store store_;
   SelectPlan wide_;

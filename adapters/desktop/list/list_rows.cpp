@@ -155,25 +155,18 @@ std::optional<std::int64_t> ListRows::Find(const platform::Bookmark& row, int ar
   Count();
   std::optional<std::int64_t> found;
   Try([&](platform::RowWindow& window) {
-    const auto self = window.RowOf(row);
-    if (!self) return false;
-    auto before = window.RowsBefore(row, around);
-    auto behind = window.RowsAfter(row, around);
-    const auto above = static_cast<std::int64_t>(before.size());
-    const auto below = static_cast<std::int64_t>(behind.size());
-    if (above < around) {
-      found = above;
-    } else if (exact_) {
-      found = window.OrdinalOf(row);
+    auto near = window.Around(row, around);
+    if (!near) return false;
+    const auto above = static_cast<std::int64_t>(near->before);
+    const auto below = static_cast<std::int64_t>(near->rows.size()) - above - 1;
+    if (near->ordinal) {
+      found = near->ordinal;
     } else if (below < around) {
       found = std::max(above, count_ - 1 - below);
     } else {
       found = std::max(above, count_ / 2);
     }
-    if (!found) return false;
-    before.push_back(*self);
-    before.insert(before.end(), std::make_move_iterator(behind.begin()), std::make_move_iterator(behind.end()));
-    Replace(std::max<std::int64_t>(0, *found - above), std::move(before));
+    Replace(std::max<std::int64_t>(0, *found - above), std::move(near->rows));
     return true;
   });
   return found;

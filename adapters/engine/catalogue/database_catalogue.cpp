@@ -1,8 +1,6 @@
 #include "engine/catalogue/database_catalogue.h"
 
 #include "engine/store/link_paths.h"
-#include "engine/store/sqlite/names.h"
-#include "engine/store/sqlite/schema.h"
 #include "platform/values/text.h"
 
 namespace engine {
@@ -20,28 +18,20 @@ std::string PathOfConnect(std::string_view connect) {
 
 }  // namespace
 
-std::string DatabaseCatalogue::StoredNameIn(DataFile& file, std::string_view name) {
-  if (name.empty() || name.front() == ownNameMark) return {};
-  Query query(context_.connection,
-              "SELECT name FROM " + QuoteName(file.Alias()) +
-                  ".sqlite_schema WHERE type = 'table' AND name = ?1 COLLATE NOCASE AND substr(name, 1, 7) <> 'sqlite_'");
-  query.Bind(1, name);
-  return query.Step() ? std::string(query.Text(0)) : std::string();
-}
-
-const ResolvedTable* DatabaseCatalogue::FindIn(const std::shared_ptr<DataFile>& file, std::string_view name, bool linked) {
-  const std::string key = file->Alias() + (linked ? "@" : ".") + platform::ToLowerAscii(name);
+const ResolvedTable* DatabaseCatalogue::FindIn(const std::shared_ptr<StoreFile>& file, std::string_view name, bool linked) {
+  const std::string key = file->Qualifier() + (linked ? "@" : ".") + platform::ToLowerAscii(name);
   const std::int64_t version = file->SchemaVersion();
-  std::unique_ptr<StoredTable>& known = known_[key];
+  std::unique_ptr<ResolvedTable>& known = known_[key];
   if (known != nullptr && known->schemaVersion == version) return known.get();
 
-  const std::string stored = StoredNameIn(*file, name);
+  const std::string stored = file->StoredName(name);
   if (known != nullptr) outdated_.push_back(std::move(known));
   if (stored.empty()) return nullptr;
-  auto table = std::make_unique<StoredTable>();
-  table->definition = ReadTable(context_.connection, file->Alias(), stored);
-  table->storeName = QuoteName(file->Alias()) + '.' + QuoteName(stored);
-  table->rowKey = QuoteName(RowKeyOf(table->definition));
+  auto table = std::make_unique<ResolvedTable>();
+  const Dialect& dialect = context_.OwnDialect();
+  table->definition = file->ReadTable(stored);
+  table->storeName = dialect.Name(file->Qualifier()) + '.' + dialect.Name(stored);
+  table->rowKey = dialect.Name(file->RowKeyOf(table->definition));
   table->linked = linked;
   table->file = file;
   table->schemaVersion = version;
@@ -69,7 +59,7 @@ const ResolvedTable* DatabaseCatalogue::FindTable(std::string_view name, std::st
 bool DatabaseCatalogue::StandsAsPlanned(const SelectPlan& plan) const {
   const std::int64_t version = file_->SchemaVersion();
   for (const PlanTable& table : plan.tables) {
-    const auto& stored = static_cast<const StoredTable&>(*table.table);
+    const ResolvedTable& stored = *table.table;
     if (stored.file != file_ || stored.linked || stored.schemaVersion != version) return false;
   }
   return true;
@@ -108,7 +98,7 @@ void DatabaseCatalogue::AppendLink(const platform::TableDef& definition) {
   if (IsMadeAlready(definition)) return;
   const std::string path = PathOfConnect(definition.Connect);
   const auto target = context_.Open(path);
-  if (StoredNameIn(*target, definition.SourceTableName).empty()) throw errors::ObjectNotFound(definition.SourceTableName);
+  if (target->StoredName(definition.SourceTableName).empty()) throw errors::ObjectNotFound(definition.SourceTableName);
 
   // In one folder for the program, and in one folder where the file really lies.
   const std::string folder = RealFolder(context_.HostPath(FolderOfPath(path)));

@@ -14,21 +14,12 @@
 
 namespace engine {
 
-/// A table as this engine resolves it: with the file that it lies in, kept open.
-struct StoredTable : ResolvedTable {
-  std::shared_ptr<DataFile> file;
-  std::int64_t schemaVersion = 0;  ///< of the file, when the definition was read
-};
-
-/// The file of a plan's table. Every plan of this engine is made over a DatabaseCatalogue.
-inline DataFile& FileOf(const ResolvedTable& table) { return *static_cast<const StoredTable&>(table).file; }
-
 /// Tables and links of one open database. Definitions are read when first asked for, and again when somebody has changed
 /// the file's tables; those in use by open recordsets stay as they were.
 class DatabaseCatalogue final : public Catalogue {
  public:
   /// `name`: the path by which the database was opened.
-  DatabaseCatalogue(EngineContext& context, std::shared_ptr<DataFile> file, std::string name)
+  DatabaseCatalogue(EngineContext& context, std::shared_ptr<StoreFile> file, std::string name)
       : context_(context), file_(std::move(file)), name_(std::move(name)) {}
 
   const ResolvedTable* FindTable(std::string_view name) override;
@@ -38,28 +29,26 @@ class DatabaseCatalogue final : public Catalogue {
   /// these can be replaced.
   bool StandsAsPlanned(const SelectPlan& plan) const;
 
-  DataFile& File() const { return *file_; }
   /// Base tables, then links.
   std::vector<platform::TableDef> ReadTableDefs();
   /// The same at the beginning of a walk through them: what is there now is what the walker sees, also when another program makes
   /// a link while he walks.
   std::vector<platform::TableDef> TableDefs();
-  /// Stores a link; errors as DataFiles::Open, 3011 for a table that isn't there, 3012 for a name that is taken. Taken by just this
+  /// Stores a link; errors as Store::Open, 3011 for a table that isn't there, 3012 for a name that is taken. Taken by just this
   /// link since the tables were last looked through, by another program: then there is nothing left to do.
   void AppendLink(const platform::TableDef& definition);
 
  private:
-  const ResolvedTable* FindIn(const std::shared_ptr<DataFile>& file, std::string_view name, bool linked);
-  std::string StoredNameIn(DataFile& file, std::string_view name);
+  const ResolvedTable* FindIn(const std::shared_ptr<StoreFile>& file, std::string_view name, bool linked);
   /// Whether the name is taken; raises 3012 unless it is by this link and by another program.
   bool IsMadeAlready(const platform::TableDef& definition);
 
   EngineContext& context_;
-  std::shared_ptr<DataFile> file_;
+  std::shared_ptr<StoreFile> file_;
   std::string name_;
-  std::optional<std::set<std::string>> seen_;                  ///< names when the tables were last looked through, and own links
-  std::map<std::string, std::unique_ptr<StoredTable>> known_;  ///< by file, kind and name
-  std::vector<std::unique_ptr<StoredTable>> outdated_;         ///< open recordsets may still use them
+  std::optional<std::set<std::string>> seen_;                    ///< names when the tables were last looked through, and own links
+  std::map<std::string, std::unique_ptr<ResolvedTable>> known_;  ///< by file, kind and name
+  std::vector<std::unique_ptr<ResolvedTable>> outdated_;         ///< open recordsets may still use them
 };
 
 }  // namespace engine

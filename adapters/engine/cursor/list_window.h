@@ -17,12 +17,14 @@ class ListWindow final : public platform::RowWindow {
   std::vector<platform::ListRow> RowsBefore(const platform::Bookmark& row, int count) override;
   std::vector<platform::ListRow> LastRows(int count) override { return list_.Rows(nullptr, false, count); }
   std::optional<platform::ListRow> RowOf(const platform::Bookmark& row) override;
+  std::optional<platform::RowsAround> Around(const platform::Bookmark& row, int count) override;
   std::optional<std::int64_t> OrdinalOf(const platform::Bookmark& row) override;
   bool IdleSlice() override { return list_.IdleSlice(); }
 
  private:
   /// The place behind a bookmark; false for a row that is gone.
   bool PlaceOf(const platform::Bookmark& bookmark, Place& place);
+  platform::ListRow Shown(Place& place);
 
   RowList& list_;
 };

@@ -26,8 +26,8 @@ std::shared_ptr<IndexedList> ListFor(const std::shared_ptr<RowSource>& source, c
   const bool onRowKey = index == nullptr || (index->fields.size() == 1 && FieldOf(*source, index->fields[0]).type == FieldType::Counter);
   if (!onRowKey) {
     for (const std::string& field : index->fields)
-      shape.order.push_back({table.alias + '.' + QuoteName(field), FieldOf(*source, field).type});
-    shape.index = table.table->definition.name + '.' + index->name;
+      shape.order.push_back({table.alias + '.' + source->OwnDialect().Name(field), FieldOf(*source, field).type});
+    shape.index = index->name;
   }
   return std::make_shared<IndexedList>(source, std::move(shape));
 }
@@ -77,7 +77,7 @@ void TableRecordset::Seek(std::string_view comparison, std::span<const Value> ke
 
 std::vector<Value> TableRecordset::KeysFor(std::span<const Value> given) const {
   std::vector<Value> keys(keyFields_.size(), platform::Null);
-  for (std::size_t i = 0; i < given.size(); ++i) keys[i] = ConvertForField(source_->Context().clock, keyFields_[i], given[i]);
+  for (std::size_t i = 0; i < given.size(); ++i) keys[i] = ConvertForField(source_->Context().OwnClock(), keyFields_[i], given[i]);
   return keys;
 }
 

@@ -138,13 +138,6 @@ std::shared_ptr<RowPage> IndexedList::NewPage() const {
   return std::make_shared<RowPage>(Source().Fields().size() + shape_.order.size(), 1);
 }
 
-void IndexedList::AppendRow(const Query& row, RowPage& page) const {
-  Source().ReadCells(row, 0, page);
-  for (std::size_t i = 0; i < shape_.order.size(); ++i)
-    row.Append(page.cells, walker_->OrderAt(false) + static_cast<int>(i), shape_.order[i].type);
-  page.keys.push_back(row.Int(walker_->RowKeyAt(false)));
-}
-
 OrderPlace IndexedList::OrderOf(const Place& place) const { return {place.order, place.keys[0]}; }
 
 OrderPlace IndexedList::OrderInPage(const RowPage& page, std::size_t row) const {
@@ -191,7 +184,7 @@ void IndexedList::ReadTableRows(const Place* from, bool forward, std::int64_t li
   page.cells.reserve(static_cast<std::size_t>(limit) * page.columns);
   page.keys.reserve(static_cast<std::size_t>(limit));
   const std::int64_t read = walker_->Read(request, [&](const Query& row) {
-    if (pinned_.empty() || !pinned_.contains(row.Int(walker_->RowKeyAt(false)))) AppendRow(row, page);
+    if (pinned_.empty() || !pinned_.contains(row.Int(walker_->RowKeyAt(false)))) walker_->AppendRow(row, page);
     return true;
   });
   ended = read < request.limit;
@@ -260,7 +253,7 @@ bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
   auto page = NewPage();
   page->cells.reserve(page->columns);
   if (!walker_->ReadRow(rowKey, [&](const Query& row) {
-        AppendRow(row, *page);
+        walker_->AppendRow(row, *page);
         return true;
       }))
     return false;

@@ -25,7 +25,7 @@ class IndexedList final : public RowList, public IndexedRows {
   struct Shape {
     std::vector<OrderColumn> order;
     bool descending = false;
-    std::string index;        ///< the index that has this order, "" for the row key or the store's choice
+    std::string index;        ///< the table's index that has this order, "" for the row key or the store's choice
     bool keepsPlaces = true;  ///< a dynaset
   };
   IndexedList(std::shared_ptr<RowSource> source, Shape shape);
@@ -89,7 +89,6 @@ class IndexedList final : public RowList, public IndexedRows {
   OrderPlace OrderOf(const Place& place) const;
   OrderPlace OrderInPage(const RowPage& page, std::size_t row) const;
   std::shared_ptr<RowPage> NewPage() const;
-  void AppendRow(const Query& row, RowPage& page) const;
   std::int64_t RowsOffset(const OrderPlace& place);
   std::int64_t Estimate();
 

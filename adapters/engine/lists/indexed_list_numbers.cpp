@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "engine/lists/indexed_list.h"
+#include "engine/rows/slices.h"
 
 namespace engine {
 
@@ -42,13 +43,7 @@ std::int64_t IndexedList::Count() {
 
 bool IndexedList::CountIsExact() { return count_ && countVersion_ == Source().Version(); }
 
-// Row keys are given in a row, so their span is near the number of rows that there ever were.
-std::int64_t IndexedList::Estimate() {
-  const PlanTable& table = Source().Plan().tables.front();
-  Query query(Source().Store(), "SELECT (SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName + ") - (SELECT min(" +
-                                    table.table->rowKey + ") FROM " + table.table->storeName + ") + 1");
-  return query.Step() && !query.IsNull(0) ? query.Int(0) : 0;
-}
+std::int64_t IndexedList::Estimate() { return SpanOf(Source()).Width(); }
 
 bool IndexedList::IdleSlice() {
   const std::uint64_t version = Source().Version();

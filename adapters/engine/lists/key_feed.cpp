@@ -2,21 +2,14 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 
 #include "engine/rows/order_prefix.h"
+#include "engine/rows/slices.h"
 
 namespace engine {
 namespace {
 
 constexpr std::int64_t rowsBetweenPaints = 8192;
-
-// Row keys are given in a row: their span is near the number of rows that there ever were.
-std::int64_t KeySpan(RowSource& source) {
-  const PlanTable& table = source.Plan().tables.front();
-  const std::string from = table.table->rowKey + ") FROM " + table.table->storeName;
-  return source.Store().AskNumber("SELECT (SELECT max(" + from + ") - (SELECT min(" + from + ") + 1").value_or(0);
-}
 
 }  // namespace
 
@@ -27,7 +20,7 @@ std::string QueryFeed::Text() const {
   std::string text = "SELECT " + source_.KeyList() + " FROM " + plan.from;
   if (!plan.where.empty()) text += " WHERE " + plan.where;
   text += " ORDER BY ";
-  for (const PlanOrder& key : plan.order) text += key.sql + (key.descending ? " DESC, " : ", ");
+  for (const PlanOrder& key : plan.order) text += key.sql + source_.OwnDialect().OrderSuffix(key.descending) + ", ";
   // Equal rows stand by their row keys, in the direction of the last key; the driving table's counts first.
   const std::string direction = !plan.order.empty() && plan.order.back().descending ? " DESC" : "";
   const auto keyOf = [&](const PlanTable& table) { return table.alias + '.' + table.table->rowKey + direction; };
@@ -72,7 +65,7 @@ bool WalkFeed::More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPage
   return read == request.limit;
 }
 
-std::int64_t WalkFeed::Estimate() { return KeySpan(source_); }
+std::int64_t WalkFeed::Estimate() { return SpanOf(source_).Width(); }
 
 // ---- without an index
 
@@ -80,70 +73,41 @@ SortedFeed::SortedFeed(RowSource& source, OrderColumn order, bool descending)
     : source_(source), order_(std::move(order)), descending_(descending) {
   const PlanTable& table = source.Plan().tables.front();
   valueOf_.text = "SELECT " + order_.sql + " FROM " + table.table->storeName + " AS " + table.alias + " WHERE " + table.alias + '.' +
-                  table.table->rowKey + " = ?1";
+                  table.table->rowKey + " = " + source.OwnDialect().Parameter(1);
 }
 
 void SortedFeed::Collect() {
   collected_ = true;
   const SelectPlan& plan = source_.Plan();
-  const std::string select = "SELECT " + order_.sql + ", " + source_.KeyList() + " FROM " + plan.from;
-  constexpr std::int64_t mostReserved = 1 << 23;
+  const std::string columns = order_.sql + ", " + source_.KeyList();
+  const std::string select = "SELECT " + columns + " FROM " + plan.from;
   if (plan.where.empty()) {
-    entries_.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(KeySpan(source_), 0, mostReserved)));
-    SqlText all(select + " NOT INDEXED");
-    CollectFrom(all, 0, 0);
-  } else if (SqlText some(select + " WHERE " + plan.where); LooksAtAllRows(some)) {
-    CollectBySlices(select + " NOT INDEXED WHERE (" + plan.where + ")");
+    constexpr std::int64_t mostReserved = 1 << 23;
+    entries_.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(SpanOf(source_).Width(), 0, mostReserved)));
+    CollectAll(select + source_.OwnDialect().withoutIndex);
+  } else if (const std::string some = select + " WHERE " + plan.where; LooksAtAllRows(some)) {
+    ReadBySlices(source_, columns, plan.where, [this](const Query& row) { Take(row); });
   } else {
-    CollectFrom(some, 0, 0);
+    CollectAll(some);
   }
   if (!entries_.empty()) ends_.push_back(entries_.size());
 }
 
-void SortedFeed::CollectFrom(SqlText& text, std::int64_t from, std::int64_t to) {
-  Query query(source_.Store(), text);
-  if (from != to) {
-    query.Bind(1, from);
-    query.Bind(2, to);
-  }
-  std::int64_t rows = 0;
-  while (query.Step()) {
-    const OrderStart start = OrderStartOf(query, 0, order_.type);
-    entries_.emplace_back(start.prefix, query.Int(1), !start.whole);
-    if (++rows % rowsBetweenPaints == 0) source_.Store().ServePainting();
-  }
+void SortedFeed::CollectAll(const std::string& text) {
+  Query query(source_.Store(), std::string_view(text));
+  while (query.Step()) Take(query);
+}
+
+void SortedFeed::Take(const Query& row) {
+  const OrderStart start = OrderStartOf(row, 0, order_.type);
+  entries_.emplace_back(start.prefix, row.Int(1), !start.whole);
+  if (entries_.size() % rowsBetweenPaints == 0) source_.Store().ServePainting();
 }
 
 // Whether the store goes through the whole of a long table for a filter. One that asks other tables would ask them anew for
 // each slice and is left whole.
-bool SortedFeed::LooksAtAllRows(const SqlText& some) {
-  if (source_.Plan().where.find("SELECT") != std::string::npos || KeySpan(source_) <= 2 * rowsBetweenPaints) return false;
-  Query way(source_.Store(), std::string_view("EXPLAIN QUERY PLAN " + some.text));
-  return way.Step() && way.Text(3).starts_with("SCAN");
-}
-
-// A filter that few rows pass gives no row to pause at: the table is taken by stretches of row keys.
-void SortedFeed::CollectBySlices(const std::string& filtered) {
-  const std::string rowKey = source_.KeyList();
-  const PlanTable& table = source_.Plan().tables.front();
-  const auto end = [&](const char* function) {
-    return source_.Store()
-        .AskNumber(std::string("SELECT ") + function + "(" + table.table->rowKey + ") FROM " + table.table->storeName)
-        .value_or(0);
-  };
-  SqlText slice(filtered + " AND " + rowKey + " > ?1 AND " + rowKey + " <= ?2");
-  Transaction oneState(source_.Store(), Transaction::Kind::Read);
-  const std::int64_t last = end("max");
-  std::int64_t width = 2 * rowsBetweenPaints;
-  for (std::int64_t from = end("min") - 1; from < last;) {
-    const auto begun = std::chrono::steady_clock::now();
-    CollectFrom(slice, from, from + width);
-    from += width;
-    source_.Store().ServePainting();
-    // Keys can lie thinly: empty stretches are crossed faster.
-    width = std::chrono::steady_clock::now() - begun < std::chrono::milliseconds(1) ? width * 2 : 2 * rowsBetweenPaints;
-  }
-  oneState.Commit();
+bool SortedFeed::LooksAtAllRows(const std::string& some) {
+  return !source_.Plan().asksOtherTables && SpanOf(source_).Width() > shortestCut && source_.Store().ScansAll(some);
 }
 
 bool SortedFeed::Before(const Entry& left, const Entry& right) const {

@@ -73,9 +73,9 @@ class SortedFeed final : public KeyFeed {
     std::int64_t rowKey;
   };
   void Collect();
-  void CollectFrom(SqlText& text, std::int64_t from, std::int64_t to);
-  void CollectBySlices(const std::string& filtered);
-  bool LooksAtAllRows(const SqlText& some);
+  void CollectAll(const std::string& text);
+  void Take(const Query& row);
+  bool LooksAtAllRows(const std::string& some);
   template <class Key>
   std::size_t Divide(std::size_t from, std::size_t to, Key key);
   bool Before(const Entry& left, const Entry& right) const;

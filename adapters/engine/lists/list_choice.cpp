@@ -6,6 +6,7 @@
 #include "engine/lists/indexed_list.h"
 #include "engine/lists/keyset_list.h"
 #include "engine/lists/stored_list.h"
+#include "engine/rows/slices.h"
 #include "platform/values/text.h"
 
 namespace engine {
@@ -31,10 +32,8 @@ bool FollowsInAnIndex(const platform::TableDefinition& table, const std::string&
   });
 }
 
-bool IsOneTable(const SelectPlan& plan) { return plan.tables.size() == 1 && plan.from.find(" JOIN ") == std::string::npos; }
-
 std::optional<IndexOrder> OrderByIndex(const SelectPlan& plan) {
-  if (!IsOneTable(plan) || plan.order.size() > 1) return {};
+  if (!plan.oneTable || plan.order.size() > 1) return {};
   if (plan.order.empty()) return IndexOrder{};
   const PlanOrder& key = plan.order.front();
   if (key.table != 0 || key.field < 0) return {};
@@ -42,7 +41,7 @@ std::optional<IndexOrder> OrderByIndex(const SelectPlan& plan) {
   if (field.type == FieldType::Counter) return IndexOrder{{}, "", key.descending, false};
   for (const platform::IndexDefinition& index : TableOf(plan).indexes)
     if (index.fields.size() == 1 && platform::EqualsNoCase(index.fields.front(), field.name))
-      return IndexOrder{{{key.sql, key.type}}, TableOf(plan).name + '.' + index.name, key.descending, false};
+      return IndexOrder{{{key.sql, key.type}}, index.name, key.descending, false};
   if (!plan.where.empty() && FollowsInAnIndex(TableOf(plan), field.name))
     return IndexOrder{{{key.sql, key.type}}, "", key.descending, true};
   return {};
@@ -52,10 +51,9 @@ std::optional<IndexOrder> OrderByIndex(const SelectPlan& plan) {
 // the keys of short lists are worth reading.
 bool FitsExact(RowSource& source) {
   constexpr std::int64_t shortList = 1000;
-  const PlanTable& table = source.Plan().tables.front();
-  const std::int64_t most = std::min(source.Context().options.exactRows, shortList);
+  const std::int64_t most = std::min(source.Context().Options().exactRows, shortList);
   if (most <= 0 || source.Shape().knownLong) return false;
-  const bool fits = source.Store().AskNumber("SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName).value_or(0) <= most;
+  const bool fits = SpanOf(source).last <= most;
   source.Shape().knownLong = !fits;
   return fits;
 }
@@ -64,27 +62,21 @@ bool FitsExact(RowSource& source) {
 // with the work of a thousand rows, and the store must not have had to sort. Few: those are all, and stay in `known`.
 enum class Density { Dense, Few, Thin };
 Density DensityOf(RowSource& source, const IndexOrder& order, KeysetList::Known& known) {
-  constexpr std::int64_t page = 64;
-  constexpr int workOfThousandRows = 60'000;
+  constexpr std::size_t page = 64;
   KeyWalker& walker = *source.Shape().Walker(source.Store(), order.order, "");
   KeyWalker::Request request;
   request.direction = order.descending ? Direction::Down : Direction::Up;
   request.limit = page;
   request.keysOnly = true;
-  bool sorted = false;
   known.version = source.RecentVersion();
-  try {
-    const WorkLimit limit(source.Store(), workOfThousandRows);
-    const std::int64_t read = walker.Read(request, [&](const Query& row) {
-      sorted = row.Sorted();
+  const bool cheap = source.Store().ReadsCheaply(1000, [&] {
+    walker.Read(request, [&](const Query& row) {
       known.keys.push_back(row.Int(walker.RowKeyAt(true)));
-      return !sorted;
+      return true;
     });
-    if (sorted) return Density::Thin;
-    return read == page || source.Context().options.exactRows <= 0 ? Density::Dense : Density::Few;
-  } catch (const WorkLimitReached&) {
-    return Density::Thin;
-  }
+  });
+  if (!cheap) return Density::Thin;
+  return known.keys.size() == page || source.Context().Options().exactRows <= 0 ? Density::Dense : Density::Few;
 }
 
 // All keys of one table, put in order here when that is quicker than the store's own sorting.
@@ -99,7 +91,7 @@ std::shared_ptr<RowList> HeldKeys(const std::shared_ptr<RowSource>& source) {
 std::shared_ptr<RowList> ChooseList(const std::shared_ptr<RowSource>& source) {
   const SelectPlan& plan = source->Plan();
   if (plan.distinct || plan.aggregate) return std::make_shared<StoredList>(source);
-  if (!IsOneTable(plan)) return std::make_shared<KeysetList>(source);
+  if (!plan.oneTable) return std::make_shared<KeysetList>(source);
 
   const auto byIndex = OrderByIndex(plan);
   if (!byIndex) return HeldKeys(source);

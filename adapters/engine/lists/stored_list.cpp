@@ -28,7 +28,7 @@ std::string StoredList::SelectText(std::string_view condition) const {
   if (!plan.aggregate && !plan.order.empty()) {
     text += " ORDER BY ";
     for (std::size_t i = 0; i < plan.order.size(); ++i)
-      text += (i == 0 ? "" : ", ") + plan.order[i].sql + (plan.order[i].descending ? " DESC" : "");
+      text += (i == 0 ? "" : ", ") + plan.order[i].sql + Source().OwnDialect().OrderSuffix(plan.order[i].descending);
   }
   if (!condition.empty() && plan.aggregate) text = "SELECT * FROM (" + text + ") WHERE " + std::string(condition);
   return text;
@@ -71,7 +71,7 @@ Place StoredList::PlaceOf(const std::string& key) {
 
 // The rows that fit now are asked for anew; those of them that the list holds are hits.
 bool StoredList::Find(std::string_view criterion, const Place* after, Place& found) {
-  const CriterionPlan planned = PlanCriterion(criterion, Source().Plan(), Source().Context().dialect);
+  const CriterionPlan planned = PlanCriterion(criterion, Source().Plan(), Source().OwnDialect());
   RowPage fitting(rows_->columns, 1);
   ReadRows(SelectText(planned.where), fitting);
   const auto fits = [&](std::int64_t ordinal) {

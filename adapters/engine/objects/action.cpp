@@ -18,16 +18,17 @@ using platform::Value;
 std::int32_t RowCount(std::int64_t rows) { return static_cast<std::int32_t>(std::min<std::int64_t>(rows, INT32_MAX)); }
 
 // One statement of the store does it all, and undoes it all when it fails.
-std::int32_t RunDirect(Connection& connection, const ActionPlan& plan, Unfit unfit) {
-  Query query(connection, std::string_view(unfit == Unfit::Raise ? plan.sql : plan.lenientSql));
+std::int32_t RunDirect(Store& store, const ActionPlan& plan, Unfit unfit) {
+  Query query(store, std::string_view(unfit == Unfit::Raise ? plan.sql : plan.lenientSql));
   query.Run();
-  return RowCount(connection.Changes());
+  return RowCount(query.Changed());
 }
 
 // Rows whose values must first become those of their fields: read, converted and written one by one, all or none.
 class RowByRow {
  public:
-  RowByRow(EngineContext& context, const ActionPlan& plan, Unfit unfit) : context_(context), plan_(plan), unfit_(unfit) {
+  RowByRow(EngineContext& context, const ActionPlan& plan, Unfit unfit)
+      : context_(context), dialect_(context.OwnDialect()), plan_(plan), unfit_(unfit) {
     isUpdate_ = plan.kind == ActionPlan::Kind::Update;
     write_.text = isUpdate_ ? UpdateText() : InsertText();
   }
@@ -36,7 +37,7 @@ class RowByRow {
     // All rows are read before the first is written: a statement may read the table that it writes.
     std::vector<std::vector<Value>> rows;
     std::vector<std::int64_t> keys;
-    Transaction together(context_.connection, Transaction::Kind::Write);
+    Transaction together(context_.OwnStore(), Transaction::Kind::Write);
     ReadRows(rows, keys);
     std::int64_t written = 0;
     for (std::size_t i = 0; i < rows.size(); ++i) written += WriteRow(rows[i], isUpdate_ ? keys[i] : 0) ? 1 : 0;
@@ -53,8 +54,8 @@ class RowByRow {
     std::string names;
     std::string places;
     for (std::size_t i = 0; i < plan_.targetFields.size(); ++i) {
-      names += (i == 0 ? "" : ", ") + QuoteName(Field(i).name);
-      places += (i == 0 ? "?" : ", ?") + std::to_string(i + 1);
+      names += (i == 0 ? "" : ", ") + dialect_.Name(Field(i).name);
+      places += (i == 0 ? "" : ", ") + dialect_.Parameter(i + 1);
     }
     return "INSERT INTO " + plan_.target->storeName + " (" + names + ") VALUES (" + places + ")";
   }
@@ -62,25 +63,23 @@ class RowByRow {
   std::string UpdateText() const {
     std::string sets;
     for (std::size_t i = 0; i < plan_.targetFields.size(); ++i)
-      sets += (i == 0 ? "" : ", ") + QuoteName(Field(i).name) + " = ?" + std::to_string(i + 1);
-    return "UPDATE " + plan_.target->storeName + " SET " + sets + " WHERE " + plan_.target->rowKey + " = ?" +
-           std::to_string(plan_.targetFields.size() + 1);
+      sets += (i == 0 ? "" : ", ") + dialect_.Name(Field(i).name) + " = " + dialect_.Parameter(i + 1);
+    return "UPDATE " + plan_.target->storeName + " SET " + sets + " WHERE " + plan_.target->rowKey + " = " +
+           dialect_.Parameter(plan_.targetFields.size() + 1);
   }
 
   void ReadRows(std::vector<std::vector<Value>>& rows, std::vector<std::int64_t>& keys) {
-    Query query(context_.connection, std::string_view(plan_.source));
+    Query query(context_.OwnStore(), std::string_view(plan_.source));
     while (query.Step()) {
       const int first = isUpdate_ ? 1 : 0;
       if (isUpdate_) keys.push_back(query.Int(0));
-      std::vector<Value>& row = rows.emplace_back();
-      for (std::size_t i = 0; i < plan_.sourceTypes.size(); ++i)
-        row.push_back(query.Read(first + static_cast<int>(i), plan_.sourceTypes[i]));
+      query.Append(rows.emplace_back(), first, plan_.sourceTypes);
     }
   }
 
   Value ForField(std::size_t place, const Value& value) const {
     try {
-      return ConvertForField(context_.clock, Field(place), value);
+      return ConvertForField(context_.OwnClock(), Field(place), value);
     } catch (const platform::Error& error) {
       if (unfit_ == Unfit::Null) return platform::Null;
       // A number for a number field can only be out of its range.
@@ -96,7 +95,7 @@ class RowByRow {
   }
 
   bool WriteRow(const std::vector<Value>& row, std::int64_t key) {
-    Query query(context_.connection, write_);
+    Query query(context_.OwnStore(), write_);
     try {
       for (std::size_t i = 0; i < row.size(); ++i) query.Bind(static_cast<int>(i) + 1, ForField(i, row[i]));
     } catch (const platform::Error&) {
@@ -115,6 +114,7 @@ class RowByRow {
   }
 
   EngineContext& context_;
+  const Dialect& dialect_;
   const ActionPlan& plan_;
   Unfit unfit_;
   bool isUpdate_ = false;
@@ -124,9 +124,9 @@ class RowByRow {
 }  // namespace
 
 std::int32_t RunAction(EngineContext& context, DatabaseCatalogue& catalogue, std::string_view sql, Unfit unfit) {
-  const ActionPlan plan = PlanAction(sql, catalogue, context.dialect);
-  if (FileOf(*plan.target).ReadOnly()) throw errors::ReadOnly();
-  if (plan.direct) return RunDirect(context.connection, plan, unfit);
+  const ActionPlan plan = PlanAction(sql, catalogue, context.OwnDialect());
+  if (plan.target->file->ReadOnly()) throw errors::ReadOnly();
+  if (plan.direct) return RunDirect(context.OwnStore(), plan, unfit);
   return RowByRow(context, plan, unfit).Run();
 }
 

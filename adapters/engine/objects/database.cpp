@@ -15,19 +15,6 @@ namespace {
 
 using platform::RecordsetType;
 
-// A table's own rows, all columns, in no particular order.
-SelectPlan PlanOfTable(const ResolvedTable& table) {
-  SelectPlan plan;
-  plan.bareTable = true;
-  plan.tables.push_back({&table, "t0", table.definition.name, false});
-  plan.from = table.storeName + " AS t0";
-  for (std::size_t i = 0; i < table.definition.fields.size(); ++i) {
-    const platform::FieldDefinition& field = table.definition.fields[i];
-    plan.columns.push_back({field.name, field.type, field.size, "t0." + QuoteName(field.name), 0, static_cast<int>(i)});
-  }
-  return plan;
-}
-
 bool IsStatement(std::string_view source) {
   constexpr std::string_view select = "SELECT";
   return source.size() > select.size() && platform::EqualsNoCase(source.substr(0, select.size()), select) &&
@@ -36,7 +23,7 @@ bool IsStatement(std::string_view source) {
 
 }  // namespace
 
-OpenDatabase::OpenDatabase(EngineContext& context, std::shared_ptr<DataFile> file, std::string name,
+OpenDatabase::OpenDatabase(EngineContext& context, std::shared_ptr<StoreFile> file, std::string name,
                            std::function<void(const OpenDatabase&)> onClose)
     : context_(context),
       catalogue_(std::make_shared<DatabaseCatalogue>(context, std::move(file), name)),
@@ -57,7 +44,9 @@ platform::RecordsetRef OpenDatabase::OpenRecordset(std::string_view source, Reco
 
 std::shared_ptr<Cursor> OpenDatabase::OpenTable(std::string_view source, const ResolvedTable& table) {
   auto recordset = std::make_shared<TableRecordset>(
-      *this, std::string(source), std::make_shared<RowSource>(context_, catalogue_, std::make_shared<RowShape>(PlanOfTable(table))));
+      *this, std::string(source),
+      std::make_shared<RowSource>(context_, catalogue_,
+                                  std::make_shared<RowShape>(PlanWholeTable(table, context_.OwnDialect()), context_.OwnDialect())));
   recordset->StandOnFirst();
   return recordset;
 }
@@ -65,7 +54,7 @@ std::shared_ptr<Cursor> OpenDatabase::OpenTable(std::string_view source, const R
 std::shared_ptr<Cursor> OpenDatabase::OpenDynaset(std::string_view source, RecordsetType type) {
   if (shapes_.contains(source)) {
     // Whether the tables still are as they were, and the first rows, in one reading.
-    Transaction oneState(context_.connection, Transaction::Kind::Read);
+    Transaction oneState(context_.OwnStore(), Transaction::Kind::Read);
     if (const auto shape = KnownShape(source)) {
       auto recordset = OpenShape(source, type, shape);
       oneState.Commit();
@@ -94,7 +83,7 @@ std::shared_ptr<const RowShape> OpenDatabase::KnownShape(std::string_view source
 
 std::shared_ptr<const RowShape> OpenDatabase::NewShape(std::string_view source) {
   constexpr std::size_t keptShapes = 64;
-  auto shape = std::make_shared<const RowShape>(PlanSelect(source, *catalogue_, context_.dialect));
+  auto shape = std::make_shared<const RowShape>(PlanSelect(source, *catalogue_, context_.OwnDialect()), context_.OwnDialect());
   if (shapes_.size() >= keptShapes) shapes_.clear();
   if (catalogue_->StandsAsPlanned(shape->plan)) shapes_.emplace(source, shape);
   return shape;

@@ -18,7 +18,7 @@ namespace engine {
 class OpenDatabase final : public platform::Database, public RecordsetOwner {
  public:
   /// `onClose` takes it out of the collection that owns it.
-  OpenDatabase(EngineContext& context, std::shared_ptr<DataFile> file, std::string name, std::function<void(const OpenDatabase&)> onClose);
+  OpenDatabase(EngineContext& context, std::shared_ptr<StoreFile> file, std::string name, std::function<void(const OpenDatabase&)> onClose);
   ~OpenDatabase() override;
 
   const std::string& Name() const override { return name_; }

@@ -1,4 +1,4 @@
-#include "engine/engine.h"
+#include "engine/objects/engine.h"
 
 #include <algorithm>
 #include <vector>
@@ -10,9 +10,9 @@
 namespace engine {
 namespace {
 
-class SqliteEngine final : public platform::DataEngine {
+class Engine final : public platform::DataEngine {
  public:
-  explicit SqliteEngine(const EngineOptions& options) : context_(options) {
+  Engine(const EngineOptions& options, std::unique_ptr<Store> store) : context_(options, std::move(store)) {
     workspaces_.push_back(std::make_shared<EngineWorkspace>(context_, "#Default Workspace#", true, [](const EngineWorkspace&) {}));
   }
 
@@ -50,7 +50,7 @@ class SqliteEngine final : public platform::DataEngine {
     return platform::DatabaseRef(std::shared_ptr<platform::Database>(database));
   }
 
-  void OnWait(std::function<void()> servePainting) override { context_.connection.OnWait(std::move(servePainting)); }
+  void OnWait(std::function<void()> servePainting) override { context_.OwnStore().OnWait(std::move(servePainting)); }
 
  private:
   void Forget(const EngineWorkspace& closed) {
@@ -67,6 +67,8 @@ class SqliteEngine final : public platform::DataEngine {
 
 }  // namespace
 
-std::unique_ptr<platform::DataEngine> MakeEngine(const EngineOptions& options) { return std::make_unique<SqliteEngine>(options); }
+std::unique_ptr<platform::DataEngine> MakeEngineOver(std::unique_ptr<Store> store, const EngineOptions& options) {
+  return std::make_unique<Engine>(options, std::move(store));
+}
 
 }  // namespace engine

@@ -11,7 +11,8 @@ constexpr std::size_t deepestTransaction = 5;
 
 }  // namespace
 
-EngineWorkspace::EngineWorkspace(EngineContext& context, std::string name, bool isDefault, std::function<void(const EngineWorkspace&)> onClose)
+EngineWorkspace::EngineWorkspace(EngineContext& context, std::string name, bool isDefault,
+                                 std::function<void(const EngineWorkspace&)> onClose)
     : context_(context), name_(std::move(name)), isDefault_(isDefault), onClose_(std::move(onClose)) {}
 
 EngineWorkspace::~EngineWorkspace() {
@@ -33,7 +34,7 @@ void EngineWorkspace::BeginTrans() {
     return;
   }
   if (transactions_.size() == deepestTransaction) throw errors::TooManyTransactions();
-  transactions_.push_back(std::make_unique<Transaction>(context_.connection, Transaction::Kind::Write));
+  transactions_.push_back(std::make_unique<Transaction>(context_.OwnStore(), Transaction::Kind::Write));
 }
 
 void EngineWorkspace::CommitTrans() { EndTransaction(true); }

@@ -45,16 +45,20 @@ int CompareStored(FieldType type, const Value& left, const Value& right) {
   return 0;
 }
 
-KeyWalker::KeyWalker(Connection& connection, const RowShape& shape, std::vector<OrderColumn> order, const std::string& index)
-    : connection_(connection), shape_(shape), order_(std::move(order)) {
+KeyWalker::KeyWalker(Store& store, const RowShape& shape, std::vector<OrderColumn> order, const std::string& index)
+    : store_(store), dialect_(store.OwnDialect()), shape_(shape), order_(std::move(order)), rowTypes_(shape.types) {
   const PlanTable& table = shape.plan.tables.front();
   rowKey_ = table.alias + '.' + table.table->rowKey;
   from_ = shape.plan.from;
   if (!index.empty())
-    from_ += " INDEXED BY " + QuoteName(index);
+    from_ += dialect_.Along(table.table->definition.name, index);
   else if (order_.empty() && shape.plan.where.empty())
-    from_ += " NOT INDEXED";
-  for (const OrderColumn& column : order_) keyColumns_ += column.sql + ", ";
+    from_ += dialect_.withoutIndex;
+  for (const OrderColumn& column : order_) {
+    keyColumns_ += column.sql + ", ";
+    orderTypes_.push_back(column.type);
+    rowTypes_.push_back(column.type);
+  }
   keyColumns_ += rowKey_;
 }
 
@@ -65,14 +69,14 @@ const SqlText& KeyWalker::Ready(SqlText& text, std::string_view columns, bool fi
   const PlanTable& table = plan.tables.front();
   text.text.append("SELECT ").append(columns).append(" FROM ");
   text.text += filtered ? plan.from : table.table->storeName + " AS " + table.alias;
-  text.text += " WHERE " + rowKey_ + " = ?1";
+  text.text += " WHERE " + rowKey_ + " = " + dialect_.Parameter(1);
   if (filtered && !plan.where.empty()) text.text += " AND (" + plan.where + ")";
   return text;
 }
 
 bool KeyWalker::ReadRow(std::int64_t rowKey, const Sink& sink) {
   if (row_.text.empty()) Ready(row_, shape_.columnList + ", " + keyColumns_, false);
-  Query query(connection_, row_);
+  Query query(store_, row_);
   query.Bind(1, rowKey);
   if (!query.Step()) return false;
   sink(query);
@@ -81,7 +85,7 @@ bool KeyWalker::ReadRow(std::int64_t rowKey, const Sink& sink) {
 
 std::optional<OrderPlace> KeyWalker::PlaceOfRow(std::int64_t rowKey) {
   Ready(placeOfRow_, keyColumns_, false);
-  Query query(connection_, placeOfRow_);
+  Query query(store_, placeOfRow_);
   query.Bind(1, rowKey);
   if (!query.Step()) return {};
   return PlaceAt(query, true);
@@ -90,7 +94,7 @@ std::optional<OrderPlace> KeyWalker::PlaceOfRow(std::int64_t rowKey) {
 bool KeyWalker::InFilter(std::int64_t rowKey) {
   if (shape_.plan.where.empty()) return true;
   Ready(inFilter_, rowKey_, true);
-  Query query(connection_, inFilter_);
+  Query query(store_, inFilter_);
   query.Bind(1, rowKey);
   return query.Step();
 }
@@ -98,7 +102,7 @@ bool KeyWalker::InFilter(std::int64_t rowKey) {
 std::int64_t KeyWalker::CountAll() {
   const SelectPlan& plan = shape_.plan;
   if (count_.text.empty()) count_.text = "SELECT count(*) FROM " + plan.from + (plan.where.empty() ? "" : " WHERE " + plan.where);
-  Query query(connection_, count_);
+  Query query(store_, count_);
   return query.Step() ? query.Int(0) : 0;
 }
 
@@ -107,9 +111,9 @@ std::int64_t KeyWalker::CountBelow(const OrderPlace& place) {
   request.direction = Direction::Down;
   request.from = &place;
   std::int64_t count = 0;
-  Transaction oneState(connection_, Transaction::Kind::Read);
+  Transaction oneState(store_, Transaction::Kind::Read);
   for (const Level& level : LevelsFor(request)) {
-    Query query(connection_, std::string_view("SELECT count(*) FROM " + from_ + " WHERE " + ConditionOf(request, level)));
+    Query query(store_, std::string_view("SELECT count(*) FROM " + from_ + " WHERE " + ConditionOf(request, level)));
     BindPlace(query, request, level);
     if (query.Step()) count += query.Int(0);
   }
@@ -120,7 +124,7 @@ std::int64_t KeyWalker::CountBelow(const OrderPlace& place) {
 void KeyWalker::BindPlace(Query& query, const Request& request, const Level& level) const {
   if (request.from == nullptr) return;
   for (std::size_t i = 0; i < order_.size(); ++i)
-    if (i < level.equal || (i == level.equal && level.step == Step::BehindColumn))
+    if ((i < level.equal && !request.from->values[i].IsNull()) || (i == level.equal && level.step == Step::BehindColumn))
       query.Bind(static_cast<int>(i) + 1, request.from->values[i]);
   if (level.step == Step::BehindRow) query.Bind(static_cast<int>(order_.size()) + 1, request.from->rowKey);
 }
@@ -129,12 +133,12 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
   std::int64_t left = request.limit;
   const std::vector<Level> levels = LevelsFor(request);
   std::optional<Transaction> oneState;
-  if (levels.size() > 1 && left > 1) oneState.emplace(connection_, Transaction::Kind::Read);
+  if (levels.size() > 1 && left > 1) oneState.emplace(store_, Transaction::Kind::Read);
   bool goOn = true;
   for (const Level& level : levels) {
     if (left == 0 || !goOn) break;
     SqlText own;
-    Query query(connection_, Statement(request, level, own));
+    Query query(store_, Statement(request, level, own));
     BindPlace(query, request, level);
     const int more = static_cast<int>(order_.size()) + 2;
     query.Bind(more, left);
@@ -179,8 +183,10 @@ SqlText& KeyWalker::Statement(const Request& request, const Level& level, SqlTex
     own.text = StatementText(request, level);
     return own;
   }
-  const unsigned code = static_cast<unsigned>(level.step) | (request.direction == Direction::Up ? 0U : 8U) | (request.keysOnly ? 16U : 0U) |
-                        static_cast<unsigned>(level.equal) << 5;
+  std::uint64_t code = static_cast<std::uint64_t>(level.step) | (request.direction == Direction::Up ? 0U : 8U) |
+                       (request.keysOnly ? 16U : 0U) | static_cast<std::uint64_t>(level.equal) << 5;
+  for (std::size_t i = 0; i < level.equal; ++i)
+    if (request.from->values[i].IsNull()) code |= std::uint64_t{1} << (16 + i);
   SqlText& kept = statements_[code];
   if (kept.text.empty()) kept.text = StatementText(request, level);
   return kept;
@@ -196,8 +202,8 @@ std::string KeyWalker::StatementText(const Request& request, const Level& level)
   if (!condition.empty()) text += " WHERE " + condition;
   // Columns that are held equal order nothing: without them the store reads straight along the index.
   const std::size_t ordered = level.step == Step::NullBlock ? level.equal + 1 : level.equal;
-  return text + " ORDER BY " + OrderText(request.direction, ordered) + " LIMIT ?" + std::to_string(order_.size() + 2) + " OFFSET ?" +
-         std::to_string(order_.size() + 3);
+  return text + " ORDER BY " + OrderText(request.direction, ordered) + " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " +
+         dialect_.Parameter(order_.size() + 3);
 }
 
 std::string KeyWalker::ConditionOf(const Request& request, const Level& level) const {
@@ -206,15 +212,16 @@ std::string KeyWalker::ConditionOf(const Request& request, const Level& level) c
     if (!text.empty()) text += " AND ";
     text += condition;
   };
-  const std::string beyond = request.direction == Direction::Up ? " > ?" : " < ?";
-  for (std::size_t i = 0; i < level.equal; ++i) add(order_[i].sql + " IS ?" + std::to_string(i + 1));
-  if (level.step == Step::BehindRow) add(rowKey_ + beyond + std::to_string(order_.size() + 1));
-  if (level.step == Step::BehindColumn) add(order_[level.equal].sql + beyond + std::to_string(level.equal + 1));
+  const std::string beyond = request.direction == Direction::Up ? " > " : " < ";
+  for (std::size_t i = 0; i < level.equal; ++i)
+    add(order_[i].sql + (request.from->values[i].IsNull() ? " IS NULL" : " = " + dialect_.Parameter(i + 1)));
+  if (level.step == Step::BehindRow) add(rowKey_ + beyond + dialect_.Parameter(order_.size() + 1));
+  if (level.step == Step::BehindColumn) add(order_[level.equal].sql + beyond + dialect_.Parameter(level.equal + 1));
   if (level.step == Step::NotNull) add(order_[level.equal].sql + " IS NOT NULL");
   if (level.step == Step::NullBlock) add(order_[level.equal].sql + " IS NULL");
   if (request.bounds != nullptr) {
-    if (request.bounds->lower) add(order_[0].sql + " >= ?" + std::to_string(order_.size() + 4));
-    if (request.bounds->upper) add(order_[0].sql + " < ?" + std::to_string(order_.size() + 5));
+    if (request.bounds->lower) add(order_[0].sql + " >= " + dialect_.Parameter(order_.size() + 4));
+    if (request.bounds->upper) add(order_[0].sql + " < " + dialect_.Parameter(order_.size() + 5));
   }
   if (!shape_.plan.where.empty()) add("(" + shape_.plan.where + ")");
   if (!request.condition.empty()) add("(" + std::string(request.condition) + ")");
@@ -222,17 +229,23 @@ std::string KeyWalker::ConditionOf(const Request& request, const Level& level) c
 }
 
 std::string KeyWalker::OrderText(Direction direction, std::size_t from) const {
-  const std::string suffix = direction == Direction::Up ? "" : " DESC";
+  const bool down = direction == Direction::Down;
   std::string text;
-  for (std::size_t i = from; i < order_.size(); ++i) text += order_[i].sql + suffix + ", ";
-  return text + rowKey_ + suffix;
+  for (std::size_t i = from; i < order_.size(); ++i) text += order_[i].sql + dialect_.OrderSuffix(down) + ", ";
+  return text + rowKey_ + (down ? " DESC" : "");
 }
 
 OrderPlace KeyWalker::PlaceAt(const Query& row, bool keysOnly) const {
   OrderPlace place;
-  for (std::size_t i = 0; i < order_.size(); ++i) place.values.push_back(row.Read(OrderAt(keysOnly) + static_cast<int>(i), order_[i].type));
+  place.values.reserve(order_.size());
+  row.Append(place.values, OrderAt(keysOnly), orderTypes_);
   place.rowKey = row.Int(RowKeyAt(keysOnly));
   return place;
+}
+
+void KeyWalker::AppendRow(const Query& row, RowPage& page) const {
+  row.Append(page.cells, 0, rowTypes_);
+  page.keys.push_back(row.Int(RowKeyAt(false)));
 }
 
 int KeyWalker::Compare(const OrderPlace& left, const OrderPlace& right) const {

@@ -33,8 +33,8 @@ struct KeyBounds {
 /// wherever it stands, also inside a large group of equal keys, and nothing stays open between pages.
 class KeyWalker {
  public:
-  /// `index`: name in the store of the index that has this order, "" to leave the choice to the store (or for row key order).
-  KeyWalker(Connection& connection, const RowShape& shape, std::vector<OrderColumn> order, const std::string& index);
+  /// `index`: name of the table's index that has this order, "" to leave the choice to the store (or for row key order).
+  KeyWalker(Store& store, const RowShape& shape, std::vector<OrderColumn> order, const std::string& index);
 
   const std::vector<OrderColumn>& Order() const noexcept { return order_; }
   /// "t0.a, t0.key": the order columns and the row key.
@@ -76,6 +76,8 @@ class KeyWalker {
   int RowKeyAt(bool keysOnly) const { return OrderAt(keysOnly) + static_cast<int>(order_.size()); }
   int FlagAt(bool keysOnly) const { return RowKeyAt(keysOnly) + 1; }
   OrderPlace PlaceAt(const Query& row, bool keysOnly) const;
+  /// Puts a full row behind the others of a page whose rows hold the columns and the order columns.
+  void AppendRow(const Query& row, RowPage& page) const;
 
   /// Order of two places, Null lowest: below, equal to or above 0.
   int Compare(const OrderPlace& left, const OrderPlace& right) const;
@@ -95,9 +97,12 @@ class KeyWalker {
   std::string ConditionOf(const Request& request, const Level& level) const;
   std::string OrderText(Direction direction, std::size_t from) const;
 
-  Connection& connection_;
+  Store& store_;
+  const Dialect& dialect_;
   const RowShape& shape_;
   std::vector<OrderColumn> order_;
+  std::vector<platform::FieldType> orderTypes_;
+  std::vector<platform::FieldType> rowTypes_;  ///< of the columns and the order columns
   std::string rowKey_;
   std::string from_;
   std::string keyColumns_;
@@ -105,7 +110,7 @@ class KeyWalker {
   SqlText placeOfRow_;
   SqlText inFilter_;
   SqlText count_;
-  std::unordered_map<unsigned, SqlText> statements_;  ///< those without conditions of their own
+  std::unordered_map<std::uint64_t, SqlText> statements_;  ///< those without conditions of their own
 };
 
 /// Order of two stored values of one type, Null lowest.

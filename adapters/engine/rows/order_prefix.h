@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "engine/store/sqlite/statement.h"
+#include "engine/store/query.h"
 #include "platform/data/table_definition.h"
 #include "platform/values/value.h"
 

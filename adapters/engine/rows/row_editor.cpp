@@ -17,37 +17,17 @@ bool HasCounter(const ResolvedTable& table) {
   return std::ranges::any_of(table.definition.fields, [](const auto& field) { return field.type == FieldType::Counter; });
 }
 
-std::string CountersOf(const ResolvedTable& table) { return QuoteName(FileOf(table).Alias()) + ".sqlite_sequence"; }
-
-std::string HighestOf(const ResolvedTable& table) { return "(SELECT ifnull(max(" + table.rowKey + "), 0) FROM " + table.storeName + ")"; }
-
 }  // namespace
-
-std::int64_t NextCounter(Connection& connection, const ResolvedTable& table) {
-  const std::string counters = CountersOf(table);
-  const std::string highest = HighestOf(table);
-  const std::string name = QuoteText(table.definition.name);
-  std::optional<std::int64_t> number;
-  {
-    Query query(connection, std::string_view("UPDATE " + counters + " SET seq = max(seq, " + highest + ") + 1 WHERE name = " + name +
-                                             " RETURNING seq"));
-    while (query.Step()) number = query.Int(0);
-  }
-  if (!number) {
-    Query query(connection,
-                std::string_view("INSERT INTO " + counters + " (name, seq) VALUES (" + name + ", " + highest + " + 1) RETURNING seq"));
-    while (query.Step()) number = query.Int(0);
-  }
-  if (*number > INT32_MAX) throw errors::NumericOverflow();
-  return *number;
-}
 
 void RowEditor::BeginAdd() {
   source_.RequireWritable();
   Drop();
   const SelectPlan& plan = source_.Plan();
   const ResolvedTable& table = *plan.tables[static_cast<std::size_t>(plan.driving)].table;
-  if (HasCounter(table)) counter_ = NextCounter(source_.Store(), table);
+  if (HasCounter(table)) {
+    counter_ = table.file->TakeNumber(table.definition);
+    if (*counter_ > INT32_MAX) throw errors::NumericOverflow();
+  }
   values_.assign(plan.columns.size(), platform::Null);
   assigned_.assign(plan.columns.size(), false);
   for (std::size_t i = 0; i < plan.columns.size(); ++i) {
@@ -74,7 +54,7 @@ void RowEditor::Set(int index, const Value& value) {
   if (field == nullptr || field->type == FieldType::Counter) throw errors::FieldLocked();
   const auto table = static_cast<std::size_t>(source_.Plan().columns[place].table);
   if (mode_ == EditMode::Edit && keys_[table] == noRowKey) throw errors::FieldLocked();
-  values_[place] = ConvertForField(source_.Context().clock, *field, value);
+  values_[place] = ConvertForField(source_.Context().OwnClock(), *field, value);
   assigned_[place] = true;
 }
 
@@ -86,21 +66,22 @@ void RowEditor::Drop() {
 std::vector<std::int64_t> RowEditor::Insert() {
   const SelectPlan& plan = source_.Plan();
   const ResolvedTable& table = *plan.tables[static_cast<std::size_t>(plan.driving)].table;
-  InsertRow(table);
-  auto keys = KeysOfNewRow(counter_ ? *counter_ : source_.Store().LastRowKey());
+  auto keys = KeysOfNewRow(InsertRow(table));
   Drop();
   return keys;
 }
 
-void RowEditor::InsertRow(const ResolvedTable& table) {
+// The row key that the new row has got.
+std::int64_t RowEditor::InsertRow(const ResolvedTable& table) {
   const SelectPlan& plan = source_.Plan();
+  const Dialect& dialect = source_.OwnDialect();
   std::string names;
   std::string places;
   std::vector<const Value*> values;
   const auto add = [&](const std::string& name, const Value* value) {
     names += (names.empty() ? "" : ", ") + name;
-    places += (places.empty() ? "?" : ", ?") + std::to_string(values.size() + 1);
     values.push_back(value);
+    places += (places.empty() ? "" : ", ") + dialect.Parameter(values.size());
   };
   Value counter;
   if (counter_) {
@@ -114,13 +95,16 @@ void RowEditor::InsertRow(const ResolvedTable& table) {
     if (field == nullptr || column.table != plan.driving || field->type == FieldType::Counter) continue;
     if (std::ranges::find(taken, column.field) != taken.end()) continue;  // shown twice
     taken.push_back(column.field);
-    add(QuoteName(field->name), &values_[i]);
+    add(dialect.Name(field->name), &values_[i]);
   }
-  const std::string text = names.empty() ? "INSERT INTO " + table.storeName + " DEFAULT VALUES"
-                                         : "INSERT INTO " + table.storeName + " (" + names + ") VALUES (" + places + ")";
+  std::string text = names.empty() ? "INSERT INTO " + table.storeName + " DEFAULT VALUES"
+                                   : "INSERT INTO " + table.storeName + " (" + names + ") VALUES (" + places + ")";
+  if (!counter_) text += " RETURNING " + table.rowKey;
   Query query(source_.Store(), std::string_view(text));
   for (std::size_t i = 0; i < values.size(); ++i) query.Bind(static_cast<int>(i) + 1, *values[i]);
-  query.Run();
+  std::int64_t rowKey = counter_.value_or(0);
+  while (query.Step()) rowKey = query.Int(0);
+  return rowKey;
 }
 
 // In a join the new row belongs to the rows of the other tables that it now meets.
@@ -132,7 +116,7 @@ std::vector<std::int64_t> RowEditor::KeysOfNewRow(std::int64_t driving) {
   if (keys.size() == 1) return keys;
   const PlanTable& table = plan.tables[own];
   Query query(source_.Store(), std::string_view("SELECT " + source_.KeyList() + " FROM " + plan.from + " WHERE " + table.alias + '.' +
-                                                table.table->rowKey + " = ?1 LIMIT 1"));
+                                                table.table->rowKey + " = " + source_.OwnDialect().Parameter(1) + " LIMIT 1"));
   query.Bind(1, driving);
   if (query.Step())
     for (std::size_t i = 0; i < keys.size(); ++i)
@@ -163,30 +147,32 @@ void RowEditor::Write() {
 void RowEditor::WriteTable(std::size_t table) {
   const SelectPlan& plan = source_.Plan();
   const ResolvedTable& target = *plan.tables[table].table;
+  const Dialect& dialect = source_.OwnDialect();
   std::string sets;
   std::vector<const Value*> values;
   for (std::size_t i = 0; i < assigned_.size(); ++i) {
     if (!assigned_[i] || static_cast<std::size_t>(plan.columns[i].table) != table) continue;
     values.push_back(&values_[i]);
-    sets +=
-        (sets.empty() ? "" : ", ") + QuoteName(source_.DefinitionOf(static_cast<int>(i))->name) + " = ?" + std::to_string(values.size());
+    const std::string& name = source_.DefinitionOf(static_cast<int>(i))->name;
+    sets += (sets.empty() ? "" : ", ") + dialect.Name(name) + " = " + dialect.Parameter(values.size());
   }
-  Query query(source_.Store(), std::string_view("UPDATE " + target.storeName + " SET " + sets + " WHERE " + target.rowKey + " = ?" +
-                                                std::to_string(values.size() + 1)));
+  Query query(source_.Store(), std::string_view("UPDATE " + target.storeName + " SET " + sets + " WHERE " + target.rowKey + " = " +
+                                                dialect.Parameter(values.size() + 1)));
   for (std::size_t i = 0; i < values.size(); ++i) query.Bind(static_cast<int>(i) + 1, *values[i]);
   query.Bind(static_cast<int>(values.size()) + 1, keys_[table]);
   query.Run();
-  if (source_.Store().Changes() == 0) throw errors::RecordDeleted();
+  if (query.Changed() == 0) throw errors::RecordDeleted();
 }
 
 void RowEditor::Delete(const Place& row) {
   const SelectPlan& plan = source_.Plan();
   const auto driving = static_cast<std::size_t>(plan.driving);
   const ResolvedTable& table = *plan.tables[driving].table;
-  Query query(source_.Store(), std::string_view("DELETE FROM " + table.storeName + " WHERE " + table.rowKey + " = ?1"));
+  Query query(source_.Store(),
+              std::string_view("DELETE FROM " + table.storeName + " WHERE " + table.rowKey + " = " + source_.OwnDialect().Parameter(1)));
   query.Bind(1, row.keys[driving]);
   query.Run();
-  if (source_.Store().Changes() == 0) throw errors::RecordDeleted();
+  if (query.Changed() == 0) throw errors::RecordDeleted();
 }
 
 }  // namespace engine

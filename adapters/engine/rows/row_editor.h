@@ -36,7 +36,7 @@ class RowEditor {
   void Delete(const Place& row);
 
  private:
-  void InsertRow(const ResolvedTable& table);
+  std::int64_t InsertRow(const ResolvedTable& table);
   std::vector<std::int64_t> KeysOfNewRow(std::int64_t driving);
   void WriteTable(std::size_t table);
 
@@ -47,8 +47,5 @@ class RowEditor {
   std::vector<std::int64_t> keys_;
   std::optional<std::int64_t> counter_;
 };
-
-/// The table's next number, used up whether or not a row ever gets it.
-std::int64_t NextCounter(Connection& connection, const ResolvedTable& table);
 
 }  // namespace engine

@@ -36,18 +36,19 @@ bool RowShape::NoCaseEqual::operator()(std::string_view left, std::string_view r
   return std::ranges::equal(left, right, {}, LowerAscii, LowerAscii);
 }
 
-RowShape::RowShape(SelectPlan given) : plan(std::move(given)) {
+RowShape::RowShape(SelectPlan given, const Dialect& dialect) : plan(std::move(given)) {
   for (const PlanColumn& column : plan.columns) {
     fields.push_back(InfoOf(plan, column));
+    types.push_back(column.type);
     byName_.emplace(column.name, static_cast<int>(fields.size()) - 1);
     columnList += (columnList.empty() ? "" : ", ") + column.sql;
   }
   for (const PlanTable& table : plan.tables) {
     keyList += (keyList.empty() ? "" : ", ") + table.alias + '.' + table.table->rowKey;
-    const auto& file = static_cast<const StoredTable&>(*table.table).file;
+    const auto& file = table.table->file;
     if (std::ranges::find(files, file) == files.end()) files.push_back(file);
   }
-  fetchText = "SELECT " + columnList + ", " + keyList + " FROM " + FromByKeys();
+  fetchText = "SELECT " + columnList + ", " + keyList + " FROM " + FromByKeys(dialect);
 }
 
 int RowShape::FieldIndex(std::string_view name) const {
@@ -55,9 +56,9 @@ int RowShape::FieldIndex(std::string_view name) const {
   return found == byName_.end() ? -1 : found->second;
 }
 
-std::string RowShape::FromByKeys() const {
+std::string RowShape::FromByKeys(const Dialect& dialect) const {
   const auto byKey = [&](std::size_t i) {
-    return plan.tables[i].alias + '.' + plan.tables[i].table->rowKey + " = ?" + std::to_string(i + 1);
+    return plan.tables[i].alias + '.' + plan.tables[i].table->rowKey + " = " + dialect.Parameter(i + 1);
   };
   const auto named = [&](std::size_t i) { return plan.tables[i].table->storeName + " AS " + plan.tables[i].alias; };
   const auto driving = static_cast<std::size_t>(plan.driving);
@@ -72,12 +73,11 @@ std::string RowShape::FromByKeys() const {
   return from + " WHERE " + byKey(driving);
 }
 
-const std::shared_ptr<KeyWalker>& RowShape::Walker(Connection& connection, const std::vector<OrderColumn>& order,
-                                                   const std::string& index) const {
+const std::shared_ptr<KeyWalker>& RowShape::Walker(Store& store, const std::vector<OrderColumn>& order, const std::string& index) const {
   std::string name = index;
   for (const OrderColumn& column : order) name += '\n' + column.sql;
   auto& walker = walkers_[name];
-  if (!walker) walker = std::make_shared<KeyWalker>(connection, *this, order, index);
+  if (!walker) walker = std::make_shared<KeyWalker>(store, *this, order, index);
   return walker;
 }
 
@@ -120,7 +120,7 @@ std::uint64_t RowSource::Version() {
 
 // Own writes are counted here and never asked for.
 std::uint64_t RowSource::RecentVersion() {
-  const auto trust = std::chrono::microseconds(context_.options.readAheadTrust);
+  const auto trust = std::chrono::microseconds(context_.Options().readAheadTrust);
   return std::chrono::steady_clock::now() - asked_ < trust ? MixedVersion() : Version();
 }
 
@@ -133,9 +133,7 @@ std::uint64_t RowSource::MixedVersion() const {
   return mixed;
 }
 
-void RowSource::ReadCells(const Query& query, int first, RowPage& page) const {
-  for (std::size_t i = 0; i < Plan().columns.size(); ++i) query.Append(page.cells, first + static_cast<int>(i), Plan().columns[i].type);
-}
+void RowSource::ReadCells(const Query& query, int first, RowPage& page) const { query.Append(page.cells, first, shape_->types); }
 
 void RowSource::ReadKeys(const Query& query, int first, RowPage& page) const {
   for (std::size_t i = 0; i < Plan().tables.size(); ++i) {
@@ -155,7 +153,7 @@ bool RowSource::Fetch(const std::int64_t* keys, RowPage& page, Missing missing) 
 }
 
 SqlText RowSource::TestFor(std::string_view criterion) const {
-  return SqlText("SELECT (" + std::string(criterion) + "), " + KeyList() + " FROM " + shape_->FromByKeys());
+  return SqlText("SELECT (" + std::string(criterion) + "), " + KeyList() + " FROM " + shape_->FromByKeys(OwnDialect()));
 }
 
 bool RowSource::Test(const std::int64_t* keys, SqlText& test) {

@@ -12,6 +12,7 @@
 #include "engine/catalogue/database_catalogue.h"
 #include "engine/catalogue/engine_context.h"
 #include "engine/rows/row_page.h"
+#include "engine/store/query.h"
 #include "engine/translate/plan/plan.h"
 #include "platform/data/data.h"
 
@@ -28,27 +29,28 @@ struct OrderColumn {
 /// What every opening of one statement shares: its plan, its columns by name, the parts of its statements.
 class RowShape {
  public:
-  explicit RowShape(SelectPlan plan);
+  RowShape(SelectPlan plan, const Dialect& dialect);
 
   /// -1 for an unknown name.
   int FieldIndex(std::string_view name) const;
 
   SelectPlan plan;
   std::vector<platform::FieldInfo> fields;
-  std::string columnList;  ///< "t0.a, t0.b, ...": the columns of a row
-  std::string keyList;     ///< the row keys of its tables
-  std::string fetchText;   ///< the row with given keys
-  std::vector<std::shared_ptr<DataFile>> files;
+  std::vector<platform::FieldType> types;  ///< of the columns
+  std::string columnList;                  ///< "t0.a, t0.b, ...": the columns of a row
+  std::string keyList;                     ///< the row keys of its tables
+  std::string fetchText;                   ///< the row with given keys
+  std::vector<std::shared_ptr<StoreFile>> files;
 
   /// One row of a join: the driving table's by its key, the others' as the join ties them to it now, so that code and name
   /// always stand for the same thing. Tables that no unique field ties are found by their own keys, too.
-  std::string FromByKeys() const;
+  std::string FromByKeys(const Dialect& dialect) const;
   /// Whether a row's key of that table is part of its identity; the others follow from these.
   bool IsKnownByKey(std::size_t table) const { return !plan.tables[table].follows; }
   /// Whether the plan's one table was too long once for its keys to be held; it is not asked again.
   mutable bool knownLong = false;
   /// The way through the plan's one table in that order, with its statements.
-  const std::shared_ptr<KeyWalker>& Walker(Connection& connection, const std::vector<OrderColumn>& order, const std::string& index) const;
+  const std::shared_ptr<KeyWalker>& Walker(Store& store, const std::vector<OrderColumn>& order, const std::string& index) const;
 
  private:
   struct NoCaseHash {
@@ -70,10 +72,10 @@ class RowSource {
   RowSource(EngineContext& context, std::shared_ptr<DatabaseCatalogue> catalogue, std::shared_ptr<const RowShape> shape);
 
   EngineContext& Context() const noexcept { return context_; }
-  Connection& Store() const noexcept { return context_.connection; }
+  engine::Store& Store() const noexcept { return context_.OwnStore(); }
+  const Dialect& OwnDialect() const { return context_.OwnDialect(); }
   const RowShape& Shape() const noexcept { return *shape_; }
   const SelectPlan& Plan() const noexcept { return shape_->plan; }
-  const std::shared_ptr<DatabaseCatalogue>& SharedCatalogue() const noexcept { return catalogue_; }
   std::size_t KeyCount() const noexcept { return Plan().tables.size(); }
   std::uint64_t Set() const noexcept { return set_; }
 

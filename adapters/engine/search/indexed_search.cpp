@@ -1,8 +1,8 @@
 #include "engine/search/indexed_search.h"
 
 #include <algorithm>
-#include <chrono>
 
+#include "engine/rows/slices.h"
 #include "engine/text/text_order.h"
 #include "engine/translate/plan/planning.h"
 #include "engine/values/field_values.h"
@@ -32,7 +32,7 @@ bool IndexedSearch::Find(std::string_view criterion, const Place* after, Place& 
 
 void IndexedSearch::Understand(std::string_view criterion) {
   if (criterion == criterion_ && !plan_.where.empty()) return;
-  plan_ = PlanCriterion(criterion, source_.Plan(), source_.Context().dialect);
+  plan_ = PlanCriterion(criterion, source_.Plan(), source_.OwnDialect());
   criterion_ = criterion;
   test_ = {};
   hits_.reset();
@@ -57,7 +57,7 @@ std::string IndexedSearch::OtherIndex() const {
   const auto& table = source_.Plan().tables.front().table->definition;
   const std::string& field = table.fields[static_cast<std::size_t>(plan_.shape.field)].name;
   for (const auto& index : table.indexes)
-    if (platform::EqualsNoCase(index.fields.front(), field)) return table.name + '.' + index.name;
+    if (platform::EqualsNoCase(index.fields.front(), field)) return index.name;
   return {};
 }
 
@@ -89,18 +89,19 @@ bool IndexedSearch::ByOtherIndex(const Place* after, Place& found) {
 
   std::string condition = "(" + plan_.where + ")";
   const auto& field = source_.Plan().tables.front().table->definition.fields[static_cast<std::size_t>(plan_.shape.field)];
-  const std::string column = source_.Plan().tables.front().alias + '.' + QuoteName(field.name);
+  const Dialect& dialect = source_.OwnDialect();
+  const std::string column = source_.Plan().tables.front().alias + '.' + dialect.Name(field.name);
   PrimaryRange range;
   if (plan_.shape.kind == SearchShape::Kind::Prefix) {
     range = PrefixRange(plan_.shape.value.As<std::string>());
-    condition += " AND " + column + " >= ?1 AND " + column + " < ?2";
+    condition += " AND " + column + " >= " + dialect.Parameter(1) + " AND " + column + " < " + dialect.Parameter(2);
   }
   if (!source_.Plan().where.empty()) condition += " AND (" + source_.Plan().where + ")";
-  const std::string keys = walker_.KeyColumns();
-  const auto collect = [&](std::int64_t limit) {
+  const std::string hint = dialect.Along(source_.Plan().tables.front().table->definition.name, OtherIndex());
+  const std::string all = "SELECT " + walker_.KeyColumns() + " FROM " + source_.Plan().from + hint + " WHERE " + condition;
+  const auto collect = [&](const std::string& text) {
     auto hits = std::make_unique<Hits>(walker_, forward_);
-    Query query(source_.Store(), std::string_view("SELECT " + keys + " FROM " + source_.Plan().from + " INDEXED BY " +
-                                                 QuoteName(OtherIndex()) + " WHERE " + condition + " LIMIT " + std::to_string(limit)));
+    Query query(source_.Store(), std::string_view(text));
     if (plan_.shape.kind == SearchShape::Kind::Prefix) {
       query.Bind(1, std::string_view(range.lower));
       query.Bind(2, std::string_view(range.upper));
@@ -111,10 +112,10 @@ bool IndexedSearch::ByOtherIndex(const Place* after, Place& found) {
     }
     return hits;
   };
-  auto hits = collect(fewHits + 1);
+  auto hits = collect(all + " LIMIT " + std::to_string(fewHits + 1));
   if (static_cast<std::int64_t>(hits->Size()) > fewHits) {
     if (const auto near = WalkAhead(after, found)) return *near;
-    hits = collect(-1);
+    hits = collect(all);
   }
   hits_ = std::move(hits);
   hitsVersion_ = version;
@@ -141,7 +142,7 @@ bool IndexedSearch::BoundsFor(const Place* after, KeyBounds& bounds, bool& fromE
   if (plan_.shape.kind == SearchShape::Kind::Equals) {
     const auto& table = source_.Plan().tables.front().table->definition;
     const Value wanted =
-        ConvertForField(source_.Context().clock, table.fields[static_cast<std::size_t>(plan_.shape.field)], plan_.shape.value);
+        ConvertForField(source_.Context().OwnClock(), table.fields[static_cast<std::size_t>(plan_.shape.field)], plan_.shape.value);
     const int order = CompareStored(type, here, wanted);
     if (up ? order > 0 : order < 0) return false;
     fromEnd = order != 0;
@@ -170,8 +171,8 @@ std::optional<std::int64_t> IndexedSearch::Probe(const Place* after, KeyBounds b
   std::string like;
   if (plan_.shape.kind == SearchShape::Kind::Prefix) {
     // The pattern apart from the statement, which so need not be prepared for each search.
-    like = source_.Context().dialect.like + '(' + walker_.Order().front().sql + ", ?" +
-           std::to_string(walker_.ConditionTextAt()) + ')';
+    like = source_.OwnDialect().like + '(' + walker_.Order().front().sql + ", " +
+           source_.OwnDialect().Parameter(static_cast<std::size_t>(walker_.ConditionTextAt())) + ')';
     request.conditionText = plan_.shape.pattern;
   }
   request.condition = like.empty() ? std::string_view(plan_.where) : like;
@@ -214,52 +215,21 @@ std::optional<bool> IndexedSearch::WalkAhead(const Place* after, Place& found) {
 
 // The whole table in the order in which it lies.
 void IndexedSearch::CollectAll() {
-  const PlanTable& table = source_.Plan().tables.front();
-  const std::string filter = source_.Plan().where.empty() ? "" : "(" + source_.Plan().where + ") AND ";
+  const SelectPlan& plan = source_.Plan();
+  const std::string condition = (plan.where.empty() ? "" : "(" + plan.where + ") AND ") + ("(" + plan_.where + ")");
   Transaction oneState(source_.Store(), Transaction::Kind::Read);
   hitsVersion_ = source_.Version();
   hits_ = std::make_unique<Hits>(walker_, forward_);
-  const auto ask = [&](const char* function) {
-    return source_.Store()
-        .AskNumber(std::string("SELECT ") + function + "(" + table.table->rowKey + ") FROM " + table.table->storeName)
-        .value_or(0);
-  };
-  const std::int64_t first = ask("min");
-  const std::int64_t last = ask("max");
+  const auto take = [this](const Query& row) { hits_->Add(row); };
   // A filter that asks other tables would ask them anew for each slice.
-  const bool whole = last - first < firstSliceKeys || filter.find("SELECT") != std::string::npos;
-  const std::string scan = "SELECT " + walker_.KeyColumns() + " FROM " + source_.Plan().from;
-  const std::string condition = " WHERE " + filter + "(" + plan_.where + ")";
-  if (whole) {
-    SqlText all(scan + (filter.empty() ? " NOT INDEXED" : "") + condition);
-    Collect(all, 0, 0);
+  if (plan.asksOtherTables || SpanOf(source_).Width() <= shortestCut) {
+    Query all(source_.Store(), "SELECT " + walker_.KeyColumns() + " FROM " + plan.from +
+                                   (plan.where.empty() ? source_.OwnDialect().withoutIndex : "") + " WHERE " + condition);
+    while (all.Step()) take(all);
   } else {
-    const std::string rowKey = table.alias + '.' + table.table->rowKey;
-    SqlText slice(scan + " NOT INDEXED" + condition + " AND " + rowKey + " > ?1 AND " + rowKey + " <= ?2");
-    CollectBySlices(slice, first - 1, last);
+    ReadBySlices(source_, walker_.KeyColumns(), condition, take);
   }
   oneState.Commit();
-}
-
-// Slice by slice, so that the windows can paint between them. Keys can lie thinly: empty stretches are crossed faster.
-void IndexedSearch::CollectBySlices(SqlText& slice, std::int64_t from, std::int64_t end) {
-  std::int64_t width = firstSliceKeys;
-  while (from < end) {
-    const auto begun = std::chrono::steady_clock::now();
-    Collect(slice, from, from + width);
-    from += width;
-    source_.Store().ServePainting();
-    width = std::chrono::steady_clock::now() - begun < std::chrono::milliseconds(1) ? width * 2 : firstSliceKeys;
-  }
-}
-
-void IndexedSearch::Collect(SqlText& scan, std::int64_t from, std::int64_t to) {
-  Query query(source_.Store(), scan);
-  if (from != to) {
-    query.Bind(1, from);
-    query.Bind(2, to);
-  }
-  while (query.Step()) hits_->Add(query);
 }
 
 bool IndexedSearch::FromHits(const Place* after, Place& found) {

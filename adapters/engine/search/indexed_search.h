@@ -36,8 +36,6 @@ class IndexedSearch {
   bool BoundsFor(const Place* after, KeyBounds& bounds, bool& fromEnd) const;
   std::optional<bool> WalkAhead(const Place* after, Place& found);
   void CollectAll();
-  void CollectBySlices(SqlText& slice, std::int64_t from, std::int64_t end);
-  void Collect(SqlText& scan, std::int64_t from, std::int64_t to);
   bool FromHits(const Place* after, Place& found);
   bool WithPinned(std::optional<std::int64_t> rowKey, const Place* after, Place& found);
   bool OnRowKey() const;

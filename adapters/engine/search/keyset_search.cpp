@@ -39,7 +39,7 @@ bool KeysetSearch::Find(std::string_view criterion, const Place* after, Place& f
 
 void KeysetSearch::Understand(std::string_view criterion) {
   if (criterion == criterion_ && !plan_.where.empty()) return;
-  plan_ = PlanCriterion(criterion, source_.Plan(), source_.Context().dialect);
+  plan_ = PlanCriterion(criterion, source_.Plan(), source_.OwnDialect());
   criterion_ = criterion;
   test_ = source_.TestFor(plan_.where);
   hitsKnown_ = false;

@@ -3,43 +3,68 @@
 #include <string>
 #include <string_view>
 
+#include "platform/values/value.h"
+
 namespace engine {
 
-/// What differs between the stores that run translated statements. Shared code never asks which store it is.
+/// What differs between the stores that run translated statements. Shared code never asks which store it is; each store fills
+/// in all of it.
 struct Dialect {
+  /// Quotes of names and of text literals; within the text they are doubled.
+  char nameQuote = 0;
+  char textQuote = 0;
+  /// Stands before the number of a parameter.
+  std::string parameterSign;
+  /// A number beyond all others, as a literal.
+  std::string endless;
+  /// The type of real numbers, behind CAST ... AS.
+  std::string realType;
+  /// Behind a table in FROM: before the quoted name of an index that the rows must be read along, and the words for none; both
+  /// "" where the store takes no such hints.
+  std::string alongIndex;
+  std::string withoutIndex;
   /// Collation of the text order, written as COLLATE "..." on every text comparison; declared on text columns too.
-  std::string collation = "GENERAL";
+  std::string collation;
   /// The whole Like test: like(value, pattern) gives -1, 0 or Null.
-  std::string like = "jlike";
+  std::string like;
   /// Stands in front of the names of the dialect's functions and of the helpers in store_functions.h ("f_val", "f_ccur"),
   /// so that they never meet the store's own.
-  std::string functionPrefix = "f_";
+  std::string functionPrefix;
   /// The same functions for a computed cell: one that fails gives Null and leaves a mark instead of failing its statement.
-  std::string cellPrefix = "c_";
+  std::string cellPrefix;
   /// Names of two more of these: cell(begin(), expression) is the expression, or Null when a function left its mark in it.
-  std::string cellBegin = "begin";
-  std::string cell = "cell";
+  std::string cellBegin;
+  std::string cell;
   /// The smallest and the greatest of their arguments, Null if one is Null.
-  std::string least = "min";
-  std::string greatest = "max";
+  std::string least;
+  std::string greatest;
   /// Behind a key of ORDER BY to get Null first ascending and last descending; "" where the store does so by itself.
   std::string nullsAscending;
   std::string nullsDescending;
   /// How an INSERT and an UPDATE begin that leave out rows which break a key.
-  std::string insertLenient = "INSERT OR IGNORE INTO";
-  std::string updateLenient = "UPDATE OR IGNORE";
-  /// Comparison that takes two Nulls as equal.
-  std::string same = "IS";
+  std::string insertLenient;
+  std::string updateLenient;
   /// How deep calls and parentheses of an expression may nest; deeper ones raise 3360.
-  int nesting = 20;
+  int nesting = 0;
 
   /// The dialect in which the columns of a list are written: its functions are those of cells.
   Dialect ForCells() const;
+
+  /// A name in the store's quotes: "Customers".
+  std::string Name(std::string_view name) const;
+  /// A text literal; a NUL is a bug.
+  std::string Text(std::string_view text) const;
+  /// A constant in its stored form: Booleans as -1 and 0, Currency as its ten-thousandths, dates as ISO text.
+  std::string Constant(const platform::Value& value) const;
+  /// Parameter of that number, from 1 on.
+  std::string Parameter(std::size_t number) const;
+  /// Behind a table: read along that index of it.
+  std::string Along(std::string_view table, std::string_view index) const;
+  /// Behind a key of ORDER BY.
+  std::string OrderSuffix(bool descending) const;
 };
 
-/// A name in the store's quotes: "Customers", with its own quotes doubled.
-std::string QuoteName(std::string_view name);
-/// A text literal of the store; a NUL is a bug.
-std::string QuoteText(std::string_view text);
+/// The name of a table's index in the store.
+std::string IndexName(std::string_view table, std::string_view index);
 
 }  // namespace engine

@@ -59,6 +59,14 @@ struct ListRow {
   std::vector<Value> cells;  ///< in the order of Recordset::Fields
 };
 
+/// Rows around one row of a list.
+struct RowsAround {
+  std::vector<ListRow> rows;  ///< in list order, that row among them
+  std::size_t before = 0;     ///< how many of them stand before it
+  /// Its place in the list; nothing as long as idle work is left that tells it.
+  std::optional<std::int64_t> ordinal;
+};
+
 /// A windowed look at a recordset's rows that never moves its current row. Ordinals are 0-based and may be approximate
 /// until CountIsExact(). Raises like any read.
 class RowWindow {
@@ -74,6 +82,8 @@ class RowWindow {
   virtual std::vector<ListRow> RowsBefore(const Bookmark& row, int count) = 0;
   virtual std::vector<ListRow> LastRows(int count) = 0;
   virtual std::optional<ListRow> RowOf(const Bookmark& row) = 0;
+  /// That row with up to `count` rows on either side, and its place; nothing when it is not in the list any more.
+  virtual std::optional<RowsAround> Around(const Bookmark& row, int count) = 0;
   /// Place of that row in the list, a guess while idle work is left; nothing when it is not in the list any more.
   virtual std::optional<std::int64_t> OrdinalOf(const Bookmark& row) = 0;
   /// One slice (under 5 ms) of counting, fences and keys; false when nothing is left to do. Called in idle time.

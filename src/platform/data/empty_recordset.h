@@ -61,6 +61,7 @@ class EmptyRecordset final : public Recordset, private RowWindow {
   std::vector<ListRow> RowsBefore(const platform::Bookmark&, int) override { return {}; }
   std::vector<ListRow> LastRows(int) override { return {}; }
   std::optional<ListRow> RowOf(const platform::Bookmark&) override { return {}; }
+  std::optional<RowsAround> Around(const platform::Bookmark&, int) override { return {}; }
   std::optional<std::int64_t> OrdinalOf(const platform::Bookmark&) override { return {}; }
   bool IdleSlice() override { return false; }
 

@@ -29,6 +29,14 @@ class FakeWindow final : public RowWindow {
     if (rows.empty()) return {};
     return rows.front();
   }
+  std::optional<RowsAround> Around(const Bookmark& row, int count) override {
+    const std::int64_t at = Of(row);
+    if (at >= table_.rows) return {};
+    const std::int64_t first = std::max<std::int64_t>(0, at - count);
+    RowsAround around{Rows(first, static_cast<int>(at - first) + 1 + count), static_cast<std::size_t>(at - first), {}};
+    if (at < count || table_.counted) around.ordinal = at;
+    return around;
+  }
   std::optional<std::int64_t> OrdinalOf(const Bookmark& row) override { return Of(row); }
   bool IdleSlice() override {
     if (table_.counted) return false;

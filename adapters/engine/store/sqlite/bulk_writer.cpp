@@ -21,15 +21,15 @@ class TableBulkWriter final : public BulkWriter {
       : connection_(lockWait), files_(connection_, [](const std::string&) { return false; }), file_(files_.Open(path)) {
     if (file_->ReadOnly()) throw errors::ReadOnly();
     // Room for sorting the indexes; everything reaches the disk in Finish.
-    connection_.Execute("PRAGMA " + file_->Alias() + ".cache_size=-131072");
-    connection_.Execute("PRAGMA " + file_->Alias() + ".synchronous=OFF");
+    connection_.Execute("PRAGMA " + file_->Qualifier() + ".cache_size=-131072");
+    connection_.Execute("PRAGMA " + file_->Qualifier() + ".synchronous=OFF");
     connection_.Execute("PRAGMA wal_autocheckpoint=0");
-    table_ = ReadTable(connection_, file_->Alias(), StoredName(table));
+    table_ = ReadTable(connection_, file_->Qualifier(), StoredName(table));
     ChooseFields(fields);
     transaction_.emplace(connection_, Transaction::Kind::Write);
-    dropsIndexes_ = connection_.AskNumber("SELECT 1 FROM " + StoreName() + " LIMIT 1") == std::nullopt;
+    dropsIndexes_ = AskNumber(connection_, "SELECT 1 FROM " + StoreName() + " LIMIT 1") == std::nullopt;
     if (dropsIndexes_)
-      for (const std::string& text : DropIndexTexts(file_->Alias(), table_)) connection_.Execute(text);
+      for (const std::string& text : DropIndexTexts(file_->Qualifier(), table_)) connection_.Execute(text);
     insert_.emplace(connection_, std::string_view(InsertText()));
   }
 
@@ -43,17 +43,17 @@ class TableBulkWriter final : public BulkWriter {
   void Finish() override {
     insert_.reset();
     if (dropsIndexes_)
-      for (const std::string& text : CreateIndexTexts(file_->Alias(), table_)) connection_.Execute(text);
+      for (const std::string& text : CreateIndexTexts(file_->Qualifier(), table_)) connection_.Execute(text);
     connection_.Execute("PRAGMA analysis_limit=1000");
     connection_.Execute("ANALYZE " + StoreName());
     transaction_->Commit();
     transaction_.reset();
-    connection_.Execute("PRAGMA " + file_->Alias() + ".synchronous=FULL");
-    connection_.Execute("PRAGMA " + file_->Alias() + ".wal_checkpoint(TRUNCATE)");
+    connection_.Execute("PRAGMA " + file_->Qualifier() + ".synchronous=FULL");
+    connection_.Execute("PRAGMA " + file_->Qualifier() + ".wal_checkpoint(TRUNCATE)");
   }
 
  private:
-  std::string StoreName() const { return QuoteName(file_->Alias()) + '.' + QuoteName(table_.name); }
+  std::string StoreName() const { return QuoteName(file_->Qualifier()) + '.' + QuoteName(table_.name); }
 
   std::string StoredName(std::string_view table) {
     for (const std::string& name : file_->TableNames())
@@ -81,7 +81,7 @@ class TableBulkWriter final : public BulkWriter {
 
   Connection connection_;
   DataFiles files_;
-  std::shared_ptr<DataFile> file_;
+  std::shared_ptr<AttachedFile> file_;
   platform::TableDefinition table_;
   std::vector<const platform::FieldDefinition*> fields_;
   std::optional<Transaction> transaction_;

@@ -77,7 +77,7 @@ std::vector<std::string> CheckDataFile(const std::string& path, std::span<const 
     Connection connection(lockWait);
     DataFiles files(connection, [](const std::string&) { return false; });
     const auto file = files.Open(path);
-    CheckStore(connection, file->Alias(), findings);
+    CheckStore(connection, file->Qualifier(), findings);
     const auto names = file->TableNames();
     for (const TableDefinition& table : expected) {
       const auto name = std::ranges::find_if(names, [&](const std::string& there) { return EqualsNoCase(there, table.name); });
@@ -85,7 +85,7 @@ std::vector<std::string> CheckDataFile(const std::string& path, std::span<const 
         findings.push_back("Table " + table.name + " is missing.");
         continue;
       }
-      const TableDefinition there = ReadTable(connection, file->Alias(), *name);
+      const TableDefinition there = ReadTable(connection, file->Qualifier(), *name);
       CompareFields(there, table, findings);
       CompareIndexes(there, table, findings);
     }

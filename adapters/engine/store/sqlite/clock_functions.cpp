@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "engine/store/dialect.h"
 #include "engine/store/sqlite/connection.h"
+#include "engine/store/sqlite/dialect.h"
 #include "engine/values/iso_date.h"
 
 namespace engine {
@@ -25,7 +25,7 @@ void Now(sqlite3_context* context, int, sqlite3_value**) {
 }  // namespace
 
 void RegisterClock(Connection& connection, const Clock& now) {
-  for (const Dialect& dialect : {Dialect(), Dialect().ForCells()}) {
+  for (const Dialect& dialect : {SqliteDialect(), SqliteDialect().ForCells()}) {
     const std::string name = dialect.functionPrefix + "now";
     auto clock = std::make_unique<Clock>(now);
     sqlite3_create_function_v2(connection.Handle(), name.c_str(), 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, clock.release(), Now, nullptr, nullptr,

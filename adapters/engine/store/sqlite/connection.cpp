@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <cassert>
 #include <thread>
 
 #include "engine/errors.h"
@@ -39,6 +38,8 @@ void RaiseForMessage(std::string_view message) {
   if (message == "integer overflow") throw platform::error::Overflow();
 }
 
+std::string Savepoint(const Channel::Unit& unit) { return "s" + std::to_string(unit.depth); }
+
 }  // namespace
 
 Connection::Connection(int lockWait) : lockWait_(lockWait) {
@@ -57,22 +58,10 @@ Connection::~Connection() {
 }
 
 void Connection::Execute(const std::string& sql) {
-  StatementSlot slot(*this, sql);
-  const auto start = std::chrono::steady_clock::now();
-  int code = sqlite3_step(slot.statement);
-  while ((code & 0xff) == SQLITE_BUSY && WaitForLock(start)) {
-    sqlite3_reset(slot.statement);
-    code = sqlite3_step(slot.statement);
+  SqliteStatement statement(*this, sql);
+  statement.Begin();
+  while (statement.Step()) {
   }
-  while (code == SQLITE_ROW) code = sqlite3_step(slot.statement);
-  if (code != SQLITE_DONE) RaiseFor(code, slot);
-  if (slot.writes) CountWrite(slot.file);
-}
-
-std::optional<std::int64_t> Connection::AskNumber(std::string_view sql) {
-  Query query(*this, sql);
-  if (!query.Step() || query.IsNull(0)) return {};
-  return query.Int(0);
 }
 
 std::optional<std::string> Connection::AskText(std::string_view sql) {
@@ -81,8 +70,6 @@ std::optional<std::string> Connection::AskText(std::string_view sql) {
   return std::string(query.Text(0));
 }
 
-std::int64_t Connection::LastRowKey() const { return sqlite3_last_insert_rowid(db_); }
-std::int64_t Connection::Changes() const { return sqlite3_changes64(db_); }
 bool Connection::InTransaction() const { return sqlite3_get_autocommit(db_) == 0; }
 
 std::uint64_t Connection::Writes(int file) const {
@@ -115,39 +102,37 @@ const std::string& Connection::PathOf(int file) const {
   return found == paths_.end() ? none : found->second;
 }
 
-std::shared_ptr<StatementSlot> Connection::Slot(std::string_view sql) {
-  if (const auto found = bySql_.find(sql); found != bySql_.end() && !(*found->second)->inUse) {
+std::shared_ptr<SqliteStatement> Connection::Kept(std::string_view sql) {
+  if (const auto found = bySql_.find(sql); found != bySql_.end() && !(*found->second)->InUse()) {
     recent_.splice(recent_.begin(), recent_, found->second);
     return recent_.front();
   }
-  auto slot = std::make_shared<StatementSlot>(*this, sql);
-  if (bySql_.contains(sql)) return slot;  // the kept one is in use: this one lives for its run alone
-  recent_.push_front(slot);
-  bySql_.emplace(slot->sql, recent_.begin());
+  auto statement = std::make_shared<SqliteStatement>(*this, sql);
+  if (bySql_.contains(sql)) return statement;  // the kept one is in use: this one lives for its run alone
+  recent_.push_front(statement);
+  bySql_.emplace(statement->Sql(), recent_.begin());
   if (recent_.size() > keptStatements) {
-    bySql_.erase(recent_.back()->sql);
+    bySql_.erase(recent_.back()->Sql());
     recent_.pop_back();
   }
-  return slot;
+  return statement;
 }
 
-void Connection::Prepare(StatementSlot& slot) {
-  if (onPrepare_) onPrepare_(slot.sql);
-  const int code = sqlite3_prepare_v3(db_, slot.sql.c_str(), static_cast<int>(slot.sql.size()) + 1, 0, &slot.statement, nullptr);
-  if (code == SQLITE_OK) return;
+sqlite3_stmt* Connection::PrepareText(const std::string& sql, int file) {
+  if (onPrepare_) onPrepare_(sql);
+  sqlite3_stmt* statement = nullptr;
+  const auto prepare = [&] { return sqlite3_prepare_v3(db_, sql.c_str(), static_cast<int>(sql.size()) + 1, 0, &statement, nullptr); };
+  int code = prepare();
+  if (code == SQLITE_OK) return statement;
   const auto start = std::chrono::steady_clock::now();
-  int again = code;
-  while ((again & 0xff) == SQLITE_BUSY && WaitForLock(start))
-    again = sqlite3_prepare_v3(db_, slot.sql.c_str(), static_cast<int>(slot.sql.size()) + 1, 0, &slot.statement, nullptr);
-  if (again != SQLITE_OK) RaiseFor(again, slot);
+  while ((code & 0xff) == SQLITE_BUSY && WaitForLock(start)) code = prepare();
+  if (code != SQLITE_OK) RaiseFor(code, false, file);
+  return statement;
 }
 
 void Connection::DropStatements() {
-  for (const auto& slot : recent_) {
-    if (slot->inUse) continue;
-    sqlite3_finalize(slot->statement);
-    slot->statement = nullptr;
-  }
+  for (const auto& statement : recent_)
+    if (!statement->InUse()) statement->Drop();
   bySql_.clear();
   recent_.clear();
 }
@@ -155,7 +140,7 @@ void Connection::DropStatements() {
 bool Connection::Uses(int file) const {
   const std::string name = "\"f" + std::to_string(file) + "\".";
   return std::any_of(recent_.begin(), recent_.end(),
-                     [&](const auto& slot) { return slot->inUse && slot->sql.find(name) != std::string::npos; });
+                     [&](const auto& statement) { return statement->InUse() && statement->Sql().find(name) != std::string::npos; });
 }
 
 bool Connection::WaitForLock(std::chrono::steady_clock::time_point start) {
@@ -170,13 +155,13 @@ void Connection::RenewSnapshot() {
   sqlite3_exec(db_, "ROLLBACK; BEGIN", nullptr, nullptr, nullptr);
 }
 
-void Connection::RaiseFor(int code, const StatementSlot& slot) {
+void Connection::RaiseFor(int code, bool writing, int file) {
   if (pendingError_) {
     auto error = std::move(*pendingError_);
     pendingError_.reset();
     throw error;
   }
-  Raise(code, slot.writes, slot.file);
+  Raise(code, writing, file);
 }
 
 void Connection::Raise(int code, bool writing, int file) {
@@ -215,44 +200,44 @@ void Connection::Raise(int code, bool writing, int file) {
 WorkLimit::WorkLimit(Connection& connection, int steps) : connection_(connection) {
   sqlite3_progress_handler(
       connection.Handle(), steps, [](void*) { return 1; }, nullptr);
+  connection.workIsLimited_ = true;
 }
 
-WorkLimit::~WorkLimit() { sqlite3_progress_handler(connection_.Handle(), 0, nullptr, nullptr); }
+WorkLimit::~WorkLimit() {
+  connection_.workIsLimited_ = false;
+  sqlite3_progress_handler(connection_.Handle(), 0, nullptr, nullptr);
+}
 
-Transaction::Transaction(Connection& connection, Kind kind) : connection_(connection), kind_(kind) {
-  outermost_ = !connection.InTransaction();
-  if (outermost_) {
-    Query(connection, "BEGIN").Run();
-    connection.wroteInTransaction_ = false;
-  } else if (kind == Kind::Write) {
-    savepoint_ = "s" + std::to_string(connection.depth_);
-    connection.Execute("SAVEPOINT " + savepoint_);
+Channel::Unit Connection::BeginUnit(Unit::Kind kind) {
+  const Unit unit{kind, !InTransaction(), depth_};
+  if (unit.outermost) {
+    Query(*this, "BEGIN").Run();
+    wroteInTransaction_ = false;
+  } else if (kind == Unit::Kind::Write) {
+    Execute("SAVEPOINT " + Savepoint(unit));
   }
-  ++connection.depth_;
-  open_ = true;
+  ++depth_;
+  return unit;
 }
 
-void Transaction::Commit() {
-  assert(open_);
-  if (outermost_)
-    Query(connection_, "COMMIT").Run();
-  else if (!savepoint_.empty())
-    connection_.Execute("RELEASE " + savepoint_);
-  open_ = false;
-  --connection_.depth_;
+void Connection::CommitUnit(const Unit& unit) {
+  if (unit.outermost)
+    Query(*this, "COMMIT").Run();
+  else if (unit.kind == Unit::Kind::Write)
+    Execute("RELEASE " + Savepoint(unit));
+  --depth_;
 }
 
-Transaction::~Transaction() {
-  if (!open_) return;
-  --connection_.depth_;
+void Connection::UndoUnit(const Unit& unit) noexcept {
+  --depth_;
   // A reading transaction has nothing to undo; ending it either way is the same. A failure here can't be told to anyone,
   // and the store has then undone the transaction by itself.
-  if (kind_ == Kind::Write) connection_.CountUndone();
-  if (!connection_.InTransaction()) return;
-  if (outermost_)
-    sqlite3_exec(connection_.Handle(), "ROLLBACK", nullptr, nullptr, nullptr);
-  else if (!savepoint_.empty())
-    sqlite3_exec(connection_.Handle(), ("ROLLBACK TO " + savepoint_ + "; RELEASE " + savepoint_).c_str(), nullptr, nullptr, nullptr);
+  if (unit.kind == Unit::Kind::Write) CountUndone();
+  if (!InTransaction()) return;
+  if (unit.outermost)
+    sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+  else if (unit.kind == Unit::Kind::Write)
+    sqlite3_exec(db_, ("ROLLBACK TO " + Savepoint(unit) + "; RELEASE " + Savepoint(unit)).c_str(), nullptr, nullptr, nullptr);
 }
 
 }  // namespace engine

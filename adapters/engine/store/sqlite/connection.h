@@ -12,33 +12,35 @@
 #include <unordered_map>
 #include <vector>
 
+#include "engine/store/channel.h"
+#include "engine/store/query.h"
 #include "engine/store/sqlite/statement.h"
 #include "platform/values/error.h"
-#include "platform/values/value.h"
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace engine {
 
 /// The one connection of an engine: an empty store in memory to which data files are attached. It keeps prepared
 /// statements, waits for locks with painting served, and turns the store's failures into the engine's errors.
-class Connection {
+class Connection final : public Channel {
  public:
   /// `lockWait`: how long a locked file is waited for, in milliseconds.
   explicit Connection(int lockWait);
-  ~Connection();
+  ~Connection() override;
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
 
   /// Runs a statement that gives no rows and isn't worth keeping.
   void Execute(const std::string& sql);
-  /// The first column of the first row.
-  std::optional<std::int64_t> AskNumber(std::string_view sql);
+  /// The text in the first column of the first row; nothing for Null or no row.
   std::optional<std::string> AskText(std::string_view sql);
 
-  std::int64_t LastRowKey() const;
-  /// Rows that the last write changed.
-  std::int64_t Changes() const;
+  std::shared_ptr<Statement> Prepare(std::string_view sql) override { return Kept(sql); }
+  Unit BeginUnit(Unit::Kind kind) override;
+  void CommitUnit(const Unit& unit) override;
+  void UndoUnit(const Unit& unit) noexcept override;
   bool InTransaction() const;
 
   /// Counts this connection's own writes to a file; `data_version` tells only of others'.
@@ -67,13 +69,12 @@ class Connection {
 
   sqlite3* Handle() const noexcept { return db_; }
 
-  // For Query and StatementSlot.
-  std::shared_ptr<StatementSlot> Slot(std::string_view sql);
-  void Prepare(StatementSlot& slot);
+  // For its statements.
+  /// `file`: the first file that the text names.
+  sqlite3_stmt* PrepareText(const std::string& sql, int file);
   void CountWrite(int file);
-  /// Writes were undone: what was read meanwhile is stale.
-  void CountUndone();
-  [[noreturn]] void RaiseFor(int code, const StatementSlot& slot);
+  bool WorkIsLimited() const noexcept { return workIsLimited_; }
+  [[noreturn]] void RaiseFor(int code, bool writing, int file);
   [[noreturn]] void Raise(int code, bool writing, int file);
   /// Sleeps one short step with painting served; false when the time since `start` is used up.
   bool WaitForLock(std::chrono::steady_clock::time_point start);
@@ -81,8 +82,12 @@ class Connection {
   void RenewSnapshot();
 
  private:
-  friend class Transaction;
-  using Recent = std::list<std::shared_ptr<StatementSlot>>;
+  friend class WorkLimit;
+  using Recent = std::list<std::shared_ptr<SqliteStatement>>;
+
+  std::shared_ptr<SqliteStatement> Kept(std::string_view sql);
+  /// Writes were undone: what was read meanwhile is stale.
+  void CountUndone();
 
   sqlite3* db_ = nullptr;
   int lockWait_;
@@ -95,14 +100,16 @@ class Connection {
   std::vector<std::uint64_t> writes_;  ///< by file number
   std::optional<platform::Error> pendingError_;
   bool cellMarked_ = false;
+  bool workIsLimited_ = false;
   bool wroteInTransaction_ = false;
-  int depth_ = 0;  ///< transactions inside one another
+  int depth_ = 0;  ///< units inside one another
 };
 
-/// Leaves a Query::Step when a WorkLimit is used up. Never leaves the engine.
+/// Leaves a statement's step when a WorkLimit is used up. Never leaves the store.
 struct WorkLimitReached {};
 
-/// Bounds the work of one statement while it lives: a step that needs more raises WorkLimitReached.
+/// Bounds the work of one statement while it lives: a step that needs more, or that has put all rows in order first, raises
+/// WorkLimitReached.
 class WorkLimit {
  public:
   /// `steps`: instructions of the store, about thirty for a row that is looked at.
@@ -113,25 +120,6 @@ class WorkLimit {
 
  private:
   Connection& connection_;
-};
-
-/// Statements that belong together: several reads of one state, or several writes of which all stay or none. Inside
-/// another one it is a part of that. Without Commit its writes are undone.
-class Transaction {
- public:
-  enum class Kind { Read, Write };
-  Transaction(Connection& connection, Kind kind);
-  ~Transaction();
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
-  void Commit();
-
- private:
-  Connection& connection_;
-  Kind kind_;
-  std::string savepoint_;
-  bool outermost_ = false;
-  bool open_ = false;
 };
 
 }  // namespace engine

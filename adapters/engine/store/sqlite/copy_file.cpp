@@ -68,7 +68,7 @@ void BackupDataFile(const std::string& from, const std::string& to, const std::f
   // One reading transaction over the whole copy: writers go on, and the copy shows one moment.
   Transaction snapshot(connection, Transaction::Kind::Read);
   source->TableNames();
-  CopyAttachedFile(connection, source->Alias(), to, progress);
+  CopyAttachedFile(connection, source->Qualifier(), to, progress);
 }
 
 }  // namespace engine

@@ -6,7 +6,6 @@
 
 #include "engine/errors.h"
 #include "engine/store/sqlite/names.h"
-#include "engine/store/sqlite/schema.h"
 #include "engine/text/text_order.h"
 
 namespace engine {
@@ -38,7 +37,7 @@ std::string InfoQuery(const std::string& alias, std::string_view key) {
 }
 
 bool HasInfoTable(Connection& connection, const std::string& alias) {
-  return connection.AskNumber("SELECT count(*) FROM " + QuoteName(alias) + ".sqlite_schema WHERE name = " + QuoteText(infoTable)) == 1;
+  return AskNumber(connection, "SELECT count(*) FROM " + QuoteName(alias) + ".sqlite_schema WHERE name = " + QuoteText(infoTable)) == 1;
 }
 
 // Formats and text orders have whole numbers; what can't be read as one is a damaged file.
@@ -55,56 +54,6 @@ std::int64_t AskInfo(Connection& connection, const std::string& alias, std::stri
 
 }  // namespace
 
-DataFile::DataFile(Connection& connection, int number, std::string path, std::string asked, bool readOnly, bool workFile,
-                   std::shared_ptr<std::uint64_t> uses)
-    : connection_(connection),
-      number_(number),
-      alias_("f" + std::to_string(number)),
-      path_(std::move(path)),
-      asked_(std::move(asked)),
-      readOnly_(readOnly),
-      workFile_(workFile),
-      uses_(std::move(uses)),
-      lastUse_(++*uses_),
-      dataVersion_("PRAGMA " + QuoteName(alias_) + ".data_version") {}
-
-DataFile::~DataFile() {
-  if (onGone_) onGone_(*this);
-}
-
-std::int64_t DataFile::OthersVersion() {
-  Query query(connection_, dataVersion_);
-  query.Step();
-  lastUse_ = ++*uses_;
-  // A file that is attached again counts from the start.
-  return query.Int(0) + (returns_ << 32);
-}
-
-std::int64_t DataFile::SchemaVersion() { return connection_.AskNumber("PRAGMA " + QuoteName(alias_) + ".schema_version").value_or(0); }
-
-std::vector<std::string> DataFile::TableNames() { return ReadTableNames(connection_, alias_); }
-
-std::vector<StoredLink> DataFile::Links() {
-  std::vector<StoredLink> links;
-  Query query(connection_, "SELECT name, path, source FROM " + QuoteName(alias_) + '.' + QuoteName(linksTable) + " ORDER BY rowid");
-  while (query.Step()) links.push_back({std::string(query.Text(0)), std::string(query.Text(1)), std::string(query.Text(2))});
-  return links;
-}
-
-void DataFile::AddLink(const StoredLink& link) {
-  if (readOnly_) throw errors::ReadOnly();
-  Query query(connection_, "INSERT INTO " + QuoteName(alias_) + '.' + QuoteName(linksTable) + " (name, path, source) VALUES (?1, ?2, ?3)");
-  query.Bind(1, std::string_view(link.name));
-  query.Bind(2, std::string_view(link.path));
-  query.Bind(3, std::string_view(link.source));
-  try {
-    query.Run();
-  } catch (const platform::Error& error) {
-    if (error.Number() == platform::error::number::DuplicateKey) throw errors::ObjectExists(link.name);
-    throw;
-  }
-}
-
 DataFiles::DataFiles(Connection& connection, NetworkTest onNetwork) : connection_(connection), onNetwork_(std::move(onNetwork)) {
   connection_.OnPrepare([this](std::string_view sql) { BringBack(sql); });
 }
@@ -114,7 +63,7 @@ DataFiles::~DataFiles() {
   *alive_ = false;
 }
 
-std::shared_ptr<DataFile> DataFiles::Open(std::string_view path, std::string_view asked) {
+std::shared_ptr<AttachedFile> DataFiles::Open(std::string_view path, std::string_view asked) {
   const std::string name(asked);
   const std::string canonical = CanonicalPath(path, name);
   if (auto file = files_[canonical].lock()) return file;
@@ -123,7 +72,7 @@ std::shared_ptr<DataFile> DataFiles::Open(std::string_view path, std::string_vie
   return Attach(canonical, name);
 }
 
-std::shared_ptr<DataFile> DataFiles::Attach(const std::string& path, const std::string& asked) {
+std::shared_ptr<AttachedFile> DataFiles::Attach(const std::string& path, const std::string& asked) {
   RequireDataFile(path, asked);
   MakeRoom({});
   const int number = ++lastNumber_;
@@ -144,8 +93,8 @@ std::shared_ptr<DataFile> DataFiles::Attach(const std::string& path, const std::
     throw;
   }
   const bool readOnly = sqlite3_db_readonly(connection_.Handle(), alias.c_str()) == 1;
-  auto file = std::make_shared<DataFile>(connection_, number, path, asked, readOnly, workFile, uses_);
-  file->onGone_ = [this, alive = alive_](const DataFile& gone) {
+  auto file = std::make_shared<AttachedFile>(connection_, number, path, asked, readOnly, workFile, uses_);
+  file->onGone_ = [this, alive = alive_](const AttachedFile& gone) {
     if (*alive) Detach(gone);
   };
   files_[path] = file;
@@ -163,7 +112,7 @@ void DataFiles::SetSafety(const std::string& alias, bool workFile) {
 }
 
 void DataFiles::BringBack(std::string_view sql) {
-  std::vector<DataFile*> named;
+  std::vector<AttachedFile*> named;
   bool allThere = true;
   for (const int number : FilesIn(sql)) {
     const auto file = byNumber_.find(number);
@@ -173,7 +122,7 @@ void DataFiles::BringBack(std::string_view sql) {
     allThere = allThere && file->second->attached_ && file->second->safetySet_;
   }
   if (allThere) return;
-  for (DataFile* file : named) {
+  for (AttachedFile* file : named) {
     if (!file->attached_) {
       MakeRoom(named);
       AttachAgain(*file);
@@ -185,7 +134,7 @@ void DataFiles::BringBack(std::string_view sql) {
   }
 }
 
-void DataFiles::AttachAgain(DataFile& file) {
+void DataFiles::AttachAgain(AttachedFile& file) {
   RequireDataFile(CanonicalPath(file.path_, file.asked_), file.asked_);
   file.attached_ = true;  // before the statements below, which name it
   file.safetySet_ = false;
@@ -200,19 +149,19 @@ void DataFiles::AttachAgain(DataFile& file) {
   }
 }
 
-void DataFiles::MakeRoom(const std::vector<DataFile*>& needed) {
+void DataFiles::MakeRoom(const std::vector<AttachedFile*>& needed) {
   const auto room = static_cast<std::size_t>(sqlite3_limit(connection_.Handle(), SQLITE_LIMIT_ATTACHED, -1));
   const auto isAttached = [](const auto& file) { return file.second->attached_; };
   DetachLeftovers();
   while (static_cast<std::size_t>(std::count_if(byNumber_.begin(), byNumber_.end(), isAttached)) + leftovers_.size() >= room) {
-    std::vector<DataFile*> idle;
+    std::vector<AttachedFile*> idle;
     for (const auto& [number, file] : byNumber_)
       if (file->attached_ && std::find(needed.begin(), needed.end(), file) == needed.end() && !connection_.Uses(number))
         idle.push_back(file);
-    std::sort(idle.begin(), idle.end(), [](const DataFile* a, const DataFile* b) { return a->lastUse_ < b->lastUse_; });
+    std::sort(idle.begin(), idle.end(), [](const AttachedFile* a, const AttachedFile* b) { return a->lastUse_ < b->lastUse_; });
     connection_.DropStatements();
     // One with a transaction on it stays where it is.
-    const auto gone = std::find_if(idle.begin(), idle.end(), [&](const DataFile* file) {
+    const auto gone = std::find_if(idle.begin(), idle.end(), [&](const AttachedFile* file) {
       return sqlite3_exec(connection_.Handle(), ("DETACH " + QuoteName(file->alias_)).c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
     });
     if (gone == idle.end()) throw errors::TooManyDatabases();
@@ -223,7 +172,7 @@ void DataFiles::MakeRoom(const std::vector<DataFile*>& needed) {
 void DataFiles::AttachStatement(const std::string& path, const std::string& alias, const std::string& asked) {
   const auto attach = [&](std::string_view way) {
     connection_.Execute("ATTACH " + QuoteText(FileUri(path, way)) + " AS " + QuoteName(alias));
-    connection_.AskNumber("SELECT count(*) FROM " + QuoteName(alias) + ".sqlite_schema");
+    AskNumber(connection_, "SELECT count(*) FROM " + QuoteName(alias) + ".sqlite_schema");
   };
   try {
     attach("?mode=rw");
@@ -252,10 +201,10 @@ void DataFiles::Abandon(const std::string& alias) {
   DetachLeftovers();
 }
 
-void DataFiles::Detach(const DataFile& file) {
+void DataFiles::Detach(const AttachedFile& file) {
   files_.erase(file.Path());
   byNumber_.erase(file.number_);
-  if (file.attached_) Abandon(file.Alias());
+  if (file.attached_) Abandon(file.Qualifier());
 }
 
 // A file can't be detached while a statement on it runs or a transaction is open; it is tried again before the next attach.

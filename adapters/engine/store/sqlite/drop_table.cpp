@@ -21,9 +21,9 @@ void DropTable(const std::string& path, std::string_view table) {
   const auto isTable = std::find_if(tables.begin(), tables.end(), [&](const auto& name) { return platform::EqualsNoCase(name, table); });
   const auto isLink = std::find_if(links.begin(), links.end(), [&](const auto& link) { return platform::EqualsNoCase(link.name, table); });
   if (isLink != links.end()) {
-    connection.Execute("DELETE FROM " + file->Alias() + "." + QuoteName(linksTable) + " WHERE name=" + QuoteText(isLink->name));
+    connection.Execute("DELETE FROM " + file->Qualifier() + "." + QuoteName(linksTable) + " WHERE name=" + QuoteText(isLink->name));
   } else if (isTable != tables.end()) {
-    connection.Execute("DROP TABLE " + file->Alias() + "." + QuoteName(*isTable));
+    connection.Execute("DROP TABLE " + file->Qualifier() + "." + QuoteName(*isTable));
   } else {
     throw errors::ObjectNotFound(table);
   }

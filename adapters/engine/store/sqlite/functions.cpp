@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/store/dialect.h"
 #include "engine/store/sqlite/connection.h"
+#include "engine/store/sqlite/dialect.h"
 #include "engine/text/like.h"
 #include "engine/text/text_order.h"
 #include "engine/translate/functions/store_functions.h"
@@ -136,7 +136,7 @@ void RegisterAll(Connection& connection, const Dialect& dialect, bool inCell) {
 }  // namespace
 
 void RegisterFunctions(Connection& connection) {
-  const Dialect dialect;
+  const Dialect& dialect = SqliteDialect();
   const Dialect cells = dialect.ForCells();
   sqlite3_create_collation_v2(connection.Handle(), dialect.collation.c_str(), SQLITE_UTF8, nullptr, Collate, nullptr);
   RegisterAll(connection, dialect, false);

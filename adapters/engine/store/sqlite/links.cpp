@@ -31,7 +31,7 @@ void PointLinks(const std::string& path, std::span<const FileLink> links) {
   Transaction transaction(connection, Transaction::Kind::Write);
   for (const FileLink& link : links) {
     const std::string stored = LinkPathToStore(link.path, RealFolder(FolderOfPath(link.path)), file->Path());
-    connection.Execute("UPDATE " + QuoteName(file->Alias()) + '.' + QuoteName(linksTable) + " SET path = " + QuoteText(stored) +
+    connection.Execute("UPDATE " + QuoteName(file->Qualifier()) + '.' + QuoteName(linksTable) + " SET path = " + QuoteText(stored) +
                        ", source = " + QuoteText(link.source) + " WHERE name = " + QuoteText(link.name));
   }
   transaction.Commit();

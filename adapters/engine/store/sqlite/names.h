@@ -2,13 +2,12 @@
 
 #include <string_view>
 
-#include "engine/store/dialect.h"
+#include "engine/store/sqlite/dialect.h"
+#include "engine/store/store.h"
 
 namespace engine {
 
-/// Tables of the store's own, and the hidden row key of tables without a Counter, begin with this sign; the catalogue
-/// never shows them.
-inline constexpr char ownNameMark = '~';
+/// Tables of the store's own, and the hidden row key of tables without a Counter, begin with ownNameMark.
 inline constexpr std::string_view hiddenKey = "~key";
 inline constexpr std::string_view infoTable = "~info";
 inline constexpr std::string_view linksTable = "~links";

@@ -39,11 +39,9 @@ std::string FieldText(const TableDefinition& table, const FieldDefinition& field
   if (field.type == FieldType::Text || field.type == FieldType::Memo) text += " COLLATE GENERAL";
   // A column that refuses Null is how the schema tells the primary index from other unique ones.
   if (InPrimary(table, field.name)) text += " NOT NULL";
-  if (!field.defaultValue.IsNull() && !field.defaultValue.IsEmpty()) text += " DEFAULT " + StoredLiteral(field.defaultValue);
+  if (!field.defaultValue.IsNull() && !field.defaultValue.IsEmpty()) text += " DEFAULT " + SqliteDialect().Constant(field.defaultValue);
   return text;
 }
-
-std::string IndexName(const TableDefinition& table, const IndexDefinition& index) { return table.name + "." + index.name; }
 
 // A default as the schema words it, brought into the field's type by the store itself.
 platform::Value ReadDefault(Connection& connection, const std::string& text, FieldType type) {
@@ -139,7 +137,7 @@ std::vector<std::string> CreateIndexTexts(std::string_view file, const TableDefi
   std::vector<std::string> texts;
   for (const IndexDefinition& index : table.indexes) {
     std::string text = index.unique || index.primary ? "CREATE UNIQUE INDEX " : "CREATE INDEX ";
-    text += QuoteName(file) + '.' + QuoteName(IndexName(table, index)) + " ON " + QuoteName(table.name) + " (";
+    text += QuoteName(file) + '.' + QuoteName(IndexName(table.name, index.name)) + " ON " + QuoteName(table.name) + " (";
     for (std::size_t i = 0; i < index.fields.size(); ++i) text += (i == 0 ? "" : ", ") + QuoteName(index.fields[i]);
     text += OnRowKeyAlone(table, index) ? ") WHERE 0" : ")";
     texts.push_back(std::move(text));
@@ -150,7 +148,7 @@ std::vector<std::string> CreateIndexTexts(std::string_view file, const TableDefi
 std::vector<std::string> DropIndexTexts(std::string_view file, const TableDefinition& table) {
   std::vector<std::string> texts;
   for (const IndexDefinition& index : table.indexes)
-    texts.push_back("DROP INDEX " + QuoteName(file) + '.' + QuoteName(IndexName(table, index)));
+    texts.push_back("DROP INDEX " + QuoteName(file) + '.' + QuoteName(IndexName(table.name, index.name)));
   return texts;
 }
 

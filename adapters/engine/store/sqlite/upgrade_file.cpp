@@ -49,9 +49,9 @@ void LookForIndexes(const std::string& alias, const TableDefinition& there, cons
   }
 }
 
-Additions LookForAdditions(Connection& connection, DataFile& file, std::span<const TableDefinition> expected) {
+Additions LookForAdditions(Connection& connection, AttachedFile& file, std::span<const TableDefinition> expected) {
   Additions additions;
-  const std::string& alias = file.Alias();
+  const std::string& alias = file.Qualifier();
   const auto names = file.TableNames();
   for (const TableDefinition& table : expected) {
     const auto name = std::find_if(names.begin(), names.end(), [&](const auto& each) { return platform::EqualsNoCase(each, table.name); });
@@ -71,12 +71,12 @@ Additions LookForAdditions(Connection& connection, DataFile& file, std::span<con
 constexpr int kLocked = 3218;
 
 /// Takes the file for this connection alone until it closes. Raises 3045 when somebody keeps it open.
-void Seclude(Connection& connection, const DataFile& file, const std::string& path) {
-  connection.Execute("PRAGMA " + QuoteName(file.Alias()) + ".locking_mode=EXCLUSIVE");
+void Seclude(Connection& connection, const AttachedFile& file, const std::string& path) {
+  connection.Execute("PRAGMA " + QuoteName(file.Qualifier()) + ".locking_mode=EXCLUSIVE");
   try {
     // The lock is taken by the first unit that writes, and kept.
     Transaction first(connection, Transaction::Kind::Write);
-    connection.Execute("UPDATE " + QuoteName(file.Alias()) + '.' + QuoteName(infoTable) + " SET value=value WHERE key='format'");
+    connection.Execute("UPDATE " + QuoteName(file.Qualifier()) + '.' + QuoteName(infoTable) + " SET value=value WHERE key='format'");
     first.Commit();
   } catch (const platform::Error& error) {
     if (error.Number() == kLocked) throw errors::FileInUse(path);
@@ -98,7 +98,7 @@ std::vector<std::string> UpgradeDataFile(const std::string& path, std::span<cons
   // Another upgrade may have come first.
   const Additions additions = LookForAdditions(connection, *file, expected);
   if (additions.statements.empty()) return {};
-  CopyAttachedFile(connection, file->Alias(), copy, progress);
+  CopyAttachedFile(connection, file->Qualifier(), copy, progress);
 
   Transaction upgrade(connection, Transaction::Kind::Write);
   for (const std::string& statement : additions.statements) connection.Execute(statement);

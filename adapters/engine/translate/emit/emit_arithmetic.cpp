@@ -27,7 +27,7 @@ platform::Value NegativeOf(const platform::Value& number) {
 
 Emitted Emitter::Negative(Emitted operand) {
   if (operand.type == SqlType::Null) return NullOf(SqlType::Null);
-  if (operand.literal && IsNumber(operand.type) && operand.type != SqlType::Currency) return EmitConstant(NegativeOf(*operand.literal));
+  if (operand.literal && IsNumber(operand.type) && operand.type != SqlType::Currency) return forms_.Constant(NegativeOf(*operand.literal));
   const bool amount = operand.type == SqlType::Currency;
   operand = amount ? forms_.Stored(std::move(operand)) : forms_.Number(std::move(operand));
   SqlType type = operand.type;

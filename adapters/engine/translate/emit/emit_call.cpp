@@ -71,7 +71,7 @@ std::optional<Emitted> Emitter::EmitConversion(const std::string& name, const sq
       return forms_.Call(name, {value.sql, forms_.Moment().sql}, SqlType::Boolean);
     }
     const bool fits = (name == "isdate") == (value.type == SqlType::Date);
-    return fits ? ConditionText(Wrap(value, Tightness::Sum) + " IS NOT NULL") : EmitConstant(false);
+    return fits ? ConditionText(Wrap(value, Tightness::Sum) + " IS NOT NULL") : forms_.Constant(false);
   }
   if (name == "abs" || name == "int" || name == "fix") {
     const Emitted value = argument();

@@ -4,7 +4,6 @@
 #include "engine/text/like.h"
 #include "engine/text/text_order.h"
 #include "engine/translate/emit/emitter.h"
-#include "engine/values/iso_date.h"
 #include "platform/values/convert.h"
 
 namespace engine {
@@ -94,8 +93,9 @@ Emitted Emitter::Emit(const sql::Like& like) {
     // A range that an index can serve; it takes in more than the pattern, never less.
     if (subject.table >= 0 && subject.type == SqlType::Text && !prefix.empty()) {
       const PrimaryRange range = PrefixRange(prefix);
-      test = ConditionText(value.sql + " >= " + QuoteText(range.lower) + forms_.Collate() + " AND " + value.sql + " < " +
-                               QuoteText(range.upper) + forms_.Collate() + " AND " + test.sql,
+      const Dialect& dialect = forms_.GetDialect();
+      test = ConditionText(value.sql + " >= " + dialect.Text(range.lower) + forms_.Collate() + " AND " + value.sql + " < " +
+                               dialect.Text(range.upper) + forms_.Collate() + " AND " + test.sql,
                            Tightness::And);
     }
   }

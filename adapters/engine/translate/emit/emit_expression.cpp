@@ -8,7 +8,7 @@ Emitted Emitter::Emit(const sql::Expression& expression) {
   return std::visit([this](const auto& node) { return Emit(node); }, expression.node);
 }
 
-Emitted Emitter::Emit(const sql::Literal& literal) { return EmitConstant(literal.value); }
+Emitted Emitter::Emit(const sql::Literal& literal) { return forms_.Constant(literal.value); }
 
 Emitted Emitter::Emit(const sql::FieldName& name) {
   const std::optional<ResolvedField> field = scope_.Resolve(name);

@@ -6,7 +6,6 @@
 #include <cstdint>
 
 #include "engine/errors.h"
-#include "engine/values/iso_date.h"
 #include "platform/values/convert.h"
 #include "platform/values/text.h"
 
@@ -14,37 +13,6 @@ namespace engine {
 namespace {
 
 constexpr int scale = 10'000;
-
-std::string RealText(double number) {
-  std::array<char, 40> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
-  std::string text(buffer.data(), end);
-  if (text.find_first_of(".e") == std::string::npos) text += ".0";
-  return text;
-}
-
-std::string ConstantText(const platform::Value& value) {
-  switch (value.Kind()) {
-    case platform::ValueKind::Boolean:
-      return value.As<bool>() ? "-1" : "0";
-    case platform::ValueKind::Byte:
-      return std::to_string(value.As<std::uint8_t>());
-    case platform::ValueKind::Short:
-      return std::to_string(value.As<std::int16_t>());
-    case platform::ValueKind::Long:
-      return std::to_string(value.As<std::int32_t>());
-    case platform::ValueKind::Currency:
-      return std::to_string(value.As<platform::Currency>().tenThousandths);
-    case platform::ValueKind::Double:
-      return RealText(value.As<double>());
-    case platform::ValueKind::Date:
-      return QuoteText(IsoText(value.As<platform::Date>()));
-    case platform::ValueKind::Text:
-      return QuoteText(value.As<std::string>());
-    default:
-      return "NULL";
-  }
-}
 
 bool IsNegativeText(const std::string& sql) { return !sql.empty() && sql.front() == '-'; }
 
@@ -54,8 +22,8 @@ std::string Wrap(const Emitted& expression, Tightness loosest) {
   return expression.tightness > loosest ? '(' + expression.sql + ')' : expression.sql;
 }
 
-Emitted EmitConstant(const platform::Value& value) {
-  Emitted constant{.sql = ConstantText(value), .type = SqlTypeOf(value), .literal = value};
+Emitted Forms::Constant(const platform::Value& value) const {
+  Emitted constant{.sql = dialect_.Constant(value), .type = SqlTypeOf(value), .literal = value};
   if (value.IsText()) constant.size = static_cast<int>(platform::CharacterCount(value.As<std::string>()));
   return constant;
 }
@@ -156,15 +124,15 @@ Emitted Forms::Number(Emitted expression) const {
 }
 
 Emitted Forms::Real(Emitted expression) const {
-  if (expression.literal && IsNumber(expression.type)) return EmitConstant(platform::CDbl(*expression.literal));
+  if (expression.literal && IsNumber(expression.type)) return Constant(platform::CDbl(*expression.literal));
   expression = Number(std::move(expression));
   if (!IsWhole(expression.type)) return expression;
-  return {.sql = "CAST(" + expression.sql + " AS REAL)", .type = SqlType::Double, .literal = {}};
+  return {.sql = "CAST(" + expression.sql + " AS " + dialect_.realType + ")", .type = SqlType::Double, .literal = {}};
 }
 
 Emitted Forms::Currency(Emitted expression) const {
   if (expression.type == SqlType::Currency || expression.type == SqlType::Null) return expression;
-  if (expression.literal && IsNumber(expression.type)) return EmitConstant(platform::CCur(*expression.literal));
+  if (expression.literal && IsNumber(expression.type)) return Constant(platform::CCur(*expression.literal));
   expression = Number(std::move(expression));
   if (!IsWhole(expression.type)) return Call("tocur", expression, SqlType::Currency);
   return {
@@ -254,7 +222,7 @@ void Forms::AlignNumbers(std::vector<Emitted>& values) const {
   }
 }
 
-std::string Forms::Collate() const { return " COLLATE " + QuoteName(dialect_.collation); }
+std::string Forms::Collate() const { return " COLLATE " + dialect_.Name(dialect_.collation); }
 
 std::string Forms::Collated(const Emitted& text) const { return Wrap(text, Tightness::Atom) + Collate(); }
 

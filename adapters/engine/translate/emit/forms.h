@@ -12,14 +12,13 @@
 /// Turning translated expressions from one form into another.
 namespace engine {
 
-/// A constant in the store's form.
-Emitted EmitConstant(const platform::Value& value);
-
 class Forms {
  public:
   explicit Forms(const Dialect& dialect) : dialect_(dialect) {}
   const Dialect& GetDialect() const { return dialect_; }
 
+  /// A constant in the store's form.
+  Emitted Constant(const platform::Value& value) const;
   /// A call of one of the store's helpers or of the dialect's functions.
   Emitted Call(std::string_view name, const std::vector<std::string>& arguments, SqlType type) const;
   Emitted Call(std::string_view name, const Emitted& argument, SqlType type) const;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,12 +10,16 @@
 
 namespace engine {
 
+class StoreFile;
+
 /// A table as a statement may use it: its definition and where it lies for the store. Links are already followed.
 struct ResolvedTable {
   platform::TableDefinition definition;
-  std::string storeName;  ///< quoted and qualified for the store: "f2"."Customers"
-  std::string rowKey;     ///< column of the integer row key: the Counter's name, or the hidden key's (quoted)
-  bool linked = false;    ///< reached through a link of the database that was asked
+  std::string storeName;              ///< quoted and qualified for the store: "f2"."Customers"
+  std::string rowKey;                 ///< column of the integer row key: the Counter's name, or the hidden key's (quoted)
+  bool linked = false;                ///< reached through a link of the database that was asked
+  std::shared_ptr<StoreFile> file{};  ///< that it lies in, kept open
+  std::int64_t schemaVersion = 0;     ///< of the file, when the definition was read
 };
 
 /// What name resolution asks of a database file. Raises 3024, 3044, 3343 ... for a file or a link's file that can't be

@@ -1,7 +1,6 @@
 #include "engine/translate/names/scope.h"
 
 #include "engine/errors.h"
-#include "engine/store/dialect.h"
 #include "platform/values/text.h"
 
 namespace engine {
@@ -25,7 +24,7 @@ std::optional<int> StatementScope::TableNamed(std::string_view name) const {
 ResolvedField StatementScope::FieldAt(int table, int field) const {
   const Table& owner = tables_[static_cast<std::size_t>(table)];
   const platform::FieldDefinition& definition = owner.table->definition.fields[static_cast<std::size_t>(field)];
-  return {.sql = owner.alias + '.' + QuoteName(definition.name),
+  return {.sql = owner.alias + '.' + dialect_.Name(definition.name),
           .type = definition.type,
           .size = definition.size,
           .table = table,

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/sql/ast/expression.h"
+#include "engine/store/dialect.h"
 #include "engine/translate/names/catalogue.h"
 
 namespace engine {
@@ -39,7 +40,7 @@ class StatementScope final : public Scope {
     std::string alias;  ///< as the translated text calls it
   };
 
-  explicit StatementScope(std::vector<Table> tables) : tables_(std::move(tables)) {}
+  StatementScope(std::vector<Table> tables, const Dialect& dialect) : tables_(std::move(tables)), dialect_(dialect) {}
 
   /// An unqualified name in two tables: 3079.
   std::optional<ResolvedField> Resolve(const sql::FieldName& name) override;
@@ -54,6 +55,7 @@ class StatementScope final : public Scope {
 
  private:
   std::vector<Table> tables_;
+  const Dialect& dialect_;
   std::set<std::string> unknown_;
 };
 

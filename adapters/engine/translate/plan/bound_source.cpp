@@ -23,11 +23,12 @@ void RefuseInnerInside(const sql::Source& operand) {
 
 }  // namespace
 
-BoundSources::BoundSources(const std::vector<sql::Source>& sources, Catalogue& catalogue, const std::optional<std::string>& inFile) {
+BoundSources::BoundSources(const std::vector<sql::Source>& sources, Catalogue& catalogue, const std::optional<std::string>& inFile,
+                           const Dialect& dialect) {
   std::vector<StatementScope::Table> tables;
   for (const sql::Source& source : sources) sources_.push_back(Bind(source, catalogue, inFile, tables));
   for (std::size_t i = 0; i < tables.size(); ++i) tables[i].alias = 't' + std::to_string(i);
-  scope_.emplace(std::move(tables));
+  scope_.emplace(std::move(tables), dialect);
   for (const BoundSource& source : sources_) MarkNullable(source, false);
 }
 

@@ -25,7 +25,8 @@ class BoundSources {
  public:
   /// Finds the tables, in the file of an IN clause if there is one. Unknown table: 3078; an inner join in the parentheses
   /// of an outer one: 3258; more tables than a statement may have: 3360.
-  BoundSources(const std::vector<sql::Source>& sources, Catalogue& catalogue, const std::optional<std::string>& inFile);
+  BoundSources(const std::vector<sql::Source>& sources, Catalogue& catalogue, const std::optional<std::string>& inFile,
+               const Dialect& dialect);
 
   StatementScope& Names() { return *scope_; }
   int TableCount() const { return static_cast<int>(scope_->Tables().size()); }

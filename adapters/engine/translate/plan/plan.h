@@ -52,9 +52,10 @@ struct SelectPlan {
   std::vector<PlanOrder> order;
   bool distinct = false;   ///< DISTINCT: distinct output values, read-only
   bool aggregate = false;  ///< always one row, read-only; the columns' expressions hold the aggregates
-  bool bareTable = false;  ///< the source was a table's name alone
+  bool oneTable = false;   ///< `from` is one table alone: its rows are the plan's, without those that `where` refuses
   /// DISTINCTROW over tables that give no output: `tables` holds only those that give output, and `from`/`where` ask for
   /// the others by IN or EXISTS, so that each combination of output rows comes once.
+  bool asksOtherTables = false;
   bool updatable = true;
   /// Driving table for "no order: row key order", and for the exact strategy's ties: index into tables. In a join it is
   /// the "many" side (no other table is joined to it by a unique field of its own), whose row a Delete removes. Never one

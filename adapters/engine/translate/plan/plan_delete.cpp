@@ -22,7 +22,7 @@ ActionPlan PlanDelete(const sql::Delete& remove, Catalogue& catalogue, const Dia
   plan.sql = "DELETE FROM " + target.storeName + " AS t0";
   if (remove.where) {
     if (HasAggregate(*remove.where)) throw errors::AggregateInWhere(sql::Print(*remove.where));
-    StatementScope scope({{.table = &target, .name = remove.table, .alias = "t0"}});
+    StatementScope scope({{.table = &target, .name = remove.table, .alias = "t0"}}, dialect);
     Emitter emitter(scope, dialect);
     plan.sql += " WHERE " + emitter.Condition(*remove.where);
     scope.RequireAllKnown();

@@ -76,7 +76,7 @@ class InsertPlanner {
     for (std::size_t i = 0; i < values_.size(); ++i) {
       const auto* item = std::get_if<sql::Computed>(&select.items[i]);
       if (item == nullptr) continue;
-      StatementScope noNames({});
+      StatementScope noNames({}, dialect_);
       Emitted value = Emitter(noNames, dialect_).Value(item->expression);
       if (value.IsLiteral()) values_[i] = std::move(value);
     }
@@ -88,7 +88,7 @@ class InsertPlanner {
       for (std::size_t i = 0; i < Definition().fields.size(); ++i) plan_.targetFields.push_back(static_cast<int>(i));
     }
     if (values.size() != plan_.targetFields.size()) throw errors::InsertCountMismatch();
-    StatementScope noNames({});
+    StatementScope noNames({}, dialect_);
     Emitter emitter(noNames, dialect_);
     for (const sql::Expression& expression : values) {
       Emitted value = emitter.Value(expression);
@@ -137,7 +137,7 @@ class InsertPlanner {
       std::optional<std::string> safe = SafeForField(values_[i], field, forms_);
       plan_.direct = plan_.direct && safe.has_value();
       converted.push_back(safe.value_or(""));
-      names += (i == 0 ? "" : ", ") + QuoteName(field.name);
+      names += (i == 0 ? "" : ", ") + dialect_.Name(field.name);
     }
     plan_.source = RowsText(plain);
     if (!plan_.direct) return;

@@ -21,23 +21,6 @@ bool StartsStatement(sql::Keyword keyword) {
   return keyword == Select || keyword == Insert || keyword == Delete || keyword == Update;
 }
 
-SelectPlan PlanWholeTable(const ResolvedTable& table) {
-  SelectPlan plan;
-  plan.bareTable = true;
-  plan.tables.push_back({.table = &table, .alias = "t0", .name = table.definition.name});
-  plan.from = table.storeName + " AS t0";
-  for (std::size_t i = 0; i < table.definition.fields.size(); ++i) {
-    const platform::FieldDefinition& field = table.definition.fields[i];
-    plan.columns.push_back({.name = field.name,
-                            .type = field.type,
-                            .size = field.size,
-                            .sql = "t0." + QuoteName(field.name),
-                            .table = 0,
-                            .field = static_cast<int>(i)});
-  }
-  return plan;
-}
-
 // The table that the whole source names: the text itself, or one name in brackets. nullptr for a statement.
 const ResolvedTable* BareTable(std::string_view source, Catalogue& catalogue) {
   const std::vector<sql::Token> tokens = sql::Lex(source);
@@ -53,8 +36,25 @@ const ResolvedTable* BareTable(std::string_view source, Catalogue& catalogue) {
 
 }  // namespace
 
+SelectPlan PlanWholeTable(const ResolvedTable& table, const Dialect& dialect) {
+  SelectPlan plan;
+  plan.oneTable = true;
+  plan.tables.push_back({.table = &table, .alias = "t0", .name = table.definition.name});
+  plan.from = table.storeName + " AS t0";
+  for (std::size_t i = 0; i < table.definition.fields.size(); ++i) {
+    const platform::FieldDefinition& field = table.definition.fields[i];
+    plan.columns.push_back({.name = field.name,
+                            .type = field.type,
+                            .size = field.size,
+                            .sql = "t0." + dialect.Name(field.name),
+                            .table = 0,
+                            .field = static_cast<int>(i)});
+  }
+  return plan;
+}
+
 SelectPlan PlanSelect(std::string_view source, Catalogue& catalogue, const Dialect& dialect) {
-  if (const ResolvedTable* table = BareTable(Trimmed(source), catalogue)) return PlanWholeTable(*table);
+  if (const ResolvedTable* table = BareTable(Trimmed(source), catalogue)) return PlanWholeTable(*table, dialect);
   const sql::Statement statement = sql::ParseStatement(source);
   const auto* select = std::get_if<sql::Select>(&statement);
   if (select == nullptr) throw errors::InvalidOperation();

@@ -15,7 +15,7 @@ class UpdatePlanner {
       : update_(update),
         dialect_(dialect),
         source_({update.source}),
-        sources_(source_, catalogue, std::nullopt),
+        sources_(source_, catalogue, std::nullopt, dialect),
         emitter_(sources_.Names(), dialect) {}
 
   ActionPlan Run() {
@@ -52,7 +52,7 @@ class UpdatePlanner {
     values_ += ", " + value.sql;
     const std::optional<std::string> safe = SafeForField(value, definition, emitter_.GetForms());
     plan_.direct = plan_.direct && safe.has_value();
-    if (safe) settings_ += (settings_.empty() ? "" : ", ") + QuoteName(definition.name) + " = " + *safe;
+    if (safe) settings_ += (settings_.empty() ? "" : ", ") + dialect_.Name(definition.name) + " = " + *safe;
   }
 
   void WriteStatements(const std::string& from) {

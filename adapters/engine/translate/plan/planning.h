@@ -15,6 +15,9 @@ namespace engine {
 /// not there: 3011; an action statement: 3219.
 SelectPlan PlanSelect(std::string_view source, Catalogue& catalogue, const Dialect& dialect);
 
+/// A table's own rows, all columns, in no particular order.
+SelectPlan PlanWholeTable(const ResolvedTable& table, const Dialect& dialect);
+
 /// A Find criterion over the plan's columns: by their names (aliases and "A.x" included), or "Table.field" for a field
 /// that the plan shows. Syntax 3077, unknown name 3070, unlike types 3464, bad pattern 93.
 ///

@@ -27,7 +27,7 @@ SelectPlanner::SelectPlanner(const sql::Select& select, Catalogue& catalogue, co
     : select_(select),
       dialect_(dialect),
       cellDialect_(cells == Cells::Empty ? dialect.ForCells() : dialect),
-      sources_(select.sources, catalogue, select.inFile),
+      sources_(select.sources, catalogue, select.inFile, dialect),
       emitter_(sources_.Names(), dialect),
       outputEmitter_(sources_.Names(), cellDialect_) {
   outputEmitter_.AllowAggregates();
@@ -89,10 +89,13 @@ void SelectPlanner::FillTables(TableSet kept) {
 void SelectPlanner::FillFrom(TableSet kept) {
   if (kept != sources_.AllTables()) {
     SemiJoin semi = BuildSemiJoin(sources_, select_.where, kept, emitter_);
+    plan_.oneTable = plan_.tables.size() == 1 && !semi.joins;
+    plan_.asksOtherTables = true;
     plan_.from = std::move(semi.from);
     plan_.where = std::move(semi.where);
     return;
   }
+  plan_.oneTable = sources_.TableCount() == 1;
   plan_.from = sources_.Emit(emitter_);
   if (select_.where) plan_.where = emitter_.Conjunct(*select_.where);
 }
@@ -293,8 +296,7 @@ std::string SelectText(const SelectPlan& plan, const std::vector<std::string>& c
   if (!ordered) return text;
   for (std::size_t i = 0; i < plan.order.size(); ++i) {
     const PlanOrder& key = plan.order[i];
-    text += (i == 0 ? " ORDER BY " : ", ") + key.sql + (key.descending ? " DESC" : "");
-    text += key.descending ? dialect.nullsDescending : dialect.nullsAscending;
+    text += (i == 0 ? " ORDER BY " : ", ") + key.sql + dialect.OrderSuffix(key.descending);
   }
   return text;
 }

@@ -149,7 +149,7 @@ class Builder {
       list += (i == 0 ? "" : ", ") + innerKeys[i] + " AS " + name;
       joins += " LEFT JOIN " + sources_.EmitTable(keptTables_[i]) + " ON " + keys[i] + " = k." + name;
     }
-    return {.from = "(SELECT DISTINCT " + list + inner + ") AS k" + joins, .where = {}};
+    return {.from = "(SELECT DISTINCT " + list + inner + ") AS k" + joins, .where = {}, .joins = true};
   }
 
   std::string KeyOf(int table) const {

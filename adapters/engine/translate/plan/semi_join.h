@@ -13,6 +13,7 @@ namespace engine {
 struct SemiJoin {
   std::string from;
   std::string where;
+  bool joins = false;  ///< `from` joins the tables that give output to the keys found
 };
 
 /// `kept` are the tables that give output; afterwards the scope calls them "t0", "t1" ... in their order. Each group of the

@@ -53,6 +53,13 @@ TEST_P(Windows, PagesByRow) {
   EXPECT_THAT(Names(window.RowsBefore(c, 5)), ElementsAre("e", "d"));
   EXPECT_THAT(Names(window.RowsBefore(c, 1)), ElementsAre("d"));
   EXPECT_EQ(window.OrdinalOf(c), 2);
+
+  const auto around = window.Around(c, 1);
+  ASSERT_TRUE(around);
+  EXPECT_THAT(Names(around->rows), ElementsAre("d", "c", "b"));
+  EXPECT_EQ(around->before, 1U);
+  EXPECT_THAT(Names(window.Around(c, 9)->rows), ElementsAre("e", "d", "c", "b", "a"));
+  EXPECT_EQ(window.Around(c, 9)->ordinal, 2) << "near the start it is known without counting";
   EXPECT_EQ(TextOf(window.RowOf(c)->cells[1]), "c");
   rows->SetBookmark(c);
   EXPECT_EQ(rows->Field("Name"), "c");
@@ -82,6 +89,14 @@ TEST_P(Windows, NumbersAndRowsAgreeEverywhere) {
         ASSERT_FALSE(page.empty());
         EXPECT_EQ(TextOf(page[0].cells[1]), NameOf(descending ? 2999 - ordinal : ordinal));
         EXPECT_EQ(window.OrdinalOf(page[0].bookmark), ordinal);
+        const auto around = window.Around(page[0].bookmark, 2);
+        ASSERT_TRUE(around);
+        EXPECT_EQ(around->before, static_cast<std::size_t>(std::min(ordinal, 2)));
+        EXPECT_EQ(around->rows.size(), around->before + 1 + static_cast<std::size_t>(std::min(2999 - ordinal, 2)));
+        EXPECT_EQ(around->rows.at(around->before).bookmark, page[0].bookmark);
+        if (idle || ordinal < 2) {
+          EXPECT_EQ(around->ordinal, ordinal);
+        }
         EXPECT_EQ(page.size(), static_cast<std::size_t>(std::min(3, 3000 - ordinal)));
       }
       EXPECT_THAT(window.RowsAt(3000, 1), IsEmpty());
@@ -116,6 +131,7 @@ TEST_P(Windows, OwnDeletesLeaveTheList) {
   EXPECT_EQ(window.Count(), 2);
   EXPECT_THAT(Names(window.RowsAt(0, 5)), ElementsAre("a", "c"));
   EXPECT_FALSE(window.RowOf(b));
+  EXPECT_FALSE(window.Around(b, 1));
   EXPECT_FALSE(window.OrdinalOf(b));
 }
 

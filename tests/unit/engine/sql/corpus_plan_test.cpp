@@ -50,7 +50,7 @@ TEST_P(CorpusPlan, IsPlanned) {
   const Case& test = GetParam();
   SCOPED_TRACE(test.line);
   FakeCatalogue catalogue;
-  const engine::Dialect dialect;
+  const engine::Dialect& dialect = engine::SqliteDialect();
   if (!test.file.empty()) catalogue.OpenFile(test.file);
   std::optional<engine::SelectPlan> plan;
   try {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "engine/errors.h"
-#include "engine/store/dialect.h"
+#include "engine/store/sqlite/dialect.h"
 #include "engine/translate/names/catalogue.h"
 #include "platform/values/text.h"
 #include "unit/engine/sql/corpus.h"
@@ -49,7 +49,8 @@ class FakeCatalogue final : public engine::Catalogue {
     }
     tables_.push_back({.definition = definition,
                        .storeName = "\"f" + std::to_string(number) + "\"." + engine::QuoteName(definition.name),
-                       .rowKey = engine::QuoteName(key)});
+                       .rowKey = engine::QuoteName(key),
+                       .linked = false});
     names_[Key(file, definition.name)] = &tables_.back();
     files_[file] = number;
   }

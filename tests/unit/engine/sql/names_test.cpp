@@ -36,7 +36,7 @@ class Names : public ::testing::Test {
   }
 
   FakeCatalogue catalogue_;
-  engine::Dialect dialect_;
+  const engine::Dialect& dialect_ = engine::SqliteDialect();
 };
 
 using Strings = std::vector<std::string>;
@@ -78,8 +78,8 @@ TEST_F(Names, UnknownTables) {
 TEST_F(Names, BareNames) {
   Fails(3011, "", "Nope");
   Fails(3011, "", " [Nope] ");
-  EXPECT_TRUE(Plan("customers").bareTable);
-  EXPECT_TRUE(Plan(" [Customers] ").bareTable);
+  EXPECT_EQ(Plan("customers").tables.at(0).name, "Customers");
+  EXPECT_EQ(Plan(" [Customers] ").tables.at(0).name, "Customers");
   EXPECT_EQ(Columns("phonetypes"), (Strings{"Type", "TypeDescription"}));
   Fails(3129, "", "Customers Phones");
   Fails(3129, "", "");

@@ -24,7 +24,7 @@ class Plans : public ::testing::Test {
   std::string Where(std::string_view condition) { return Plan("Select AcctNum From Customers Where " + std::string(condition)).where; }
 
   FakeCatalogue catalogue_;
-  engine::Dialect dialect_;
+  const engine::Dialect& dialect_ = engine::SqliteDialect();
 };
 
 TEST_F(Plans, BareTable) {
@@ -37,6 +37,24 @@ TEST_F(Plans, BareTable) {
   EXPECT_EQ(plan.columns[1].field, 1);
   EXPECT_EQ(plan.columns[1].size, 20);
   EXPECT_TRUE(plan.updatable);
+}
+
+TEST_F(Plans, SayWhatTheyReadFrom) {
+  EXPECT_TRUE(Plan("PhoneTypes").oneTable);
+  EXPECT_TRUE(Plan("Select * From Customers Where City = 'a JOIN b'").oneTable);
+  EXPECT_FALSE(Plan("Select * From Customers, Phones").oneTable);
+  EXPECT_FALSE(Plan("Select Area From Customers Left Join Phones On Customers.AcctNum = Phones.AcctNum").oneTable);
+
+  const std::string both = " From Customers Inner Join Phones On Customers.AcctNum = Phones.AcctNum";
+  EXPECT_FALSE(Plan("Select Area, LastName" + both).asksOtherTables);
+  EXPECT_TRUE(Plan("Select DistinctRow LastName" + both).asksOtherTables);
+  EXPECT_TRUE(Plan("Select DistinctRow LastName" + both).oneTable);
+  EXPECT_FALSE(Plan("Select DistinctRow Area From Customers Left Join Phones On Customers.AcctNum = Phones.AcctNum").oneTable)
+      << "rows of customers without a phone";
+
+  // Neither a text nor the clock is a table.
+  EXPECT_FALSE(Plan("Select * From Customers Where City = 'SELECT'").asksOtherTables);
+  EXPECT_FALSE(Plan("Select * From Customers Where Date() > #1/1/1999#").asksOtherTables);
 }
 
 TEST_F(Plans, OrderNamesItsColumn) {

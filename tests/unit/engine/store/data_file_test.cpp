@@ -66,7 +66,7 @@ TEST_F(DataFileTest, DefinitionComesBackFromTheFile) {
   EXPECT_EQ(file->TableNames(), (std::vector<std::string>{"People", "Codes"}));
 
   const TableDefinition expected = People();
-  const TableDefinition read = ReadTable(connection, file->Alias(), "People");
+  const TableDefinition read = ReadTable(connection, file->Qualifier(), "People");
   ASSERT_EQ(read.fields.size(), expected.fields.size());
   for (std::size_t i = 0; i < expected.fields.size(); ++i) {
     EXPECT_EQ(read.fields[i].name, expected.fields[i].name);
@@ -87,7 +87,7 @@ TEST_F(DataFileTest, HiddenKeyIsNoField) {
   const std::string path = Make();
   Connection connection(100);
   DataFiles files(connection, noNetwork);
-  const TableDefinition read = ReadTable(connection, files.Open(path)->Alias(), "Codes");
+  const TableDefinition read = ReadTable(connection, files.Open(path)->Qualifier(), "Codes");
   EXPECT_EQ(read.fields.size(), 2u);
   EXPECT_EQ(RowKeyOf(read), "~key");
   EXPECT_EQ(RowKeyOf(People()), "ID");
@@ -188,10 +188,10 @@ TEST_F(DataFileTest, FileIsAttachedOnceAndLetGo) {
   auto one = files.Open(path);
   auto two = files.Open(Path("link.zdb"));
   EXPECT_EQ(one, two);
-  EXPECT_EQ(connection.AskNumber("SELECT count(*) FROM pragma_database_list WHERE name LIKE 'f%'"), 1);
+  EXPECT_EQ(AskNumber(connection, "SELECT count(*) FROM pragma_database_list WHERE name LIKE 'f%'"), 1);
   one.reset();
   two.reset();
-  EXPECT_EQ(connection.AskNumber("SELECT count(*) FROM pragma_database_list WHERE name LIKE 'f%'"), 0);
+  EXPECT_EQ(AskNumber(connection, "SELECT count(*) FROM pragma_database_list WHERE name LIKE 'f%'"), 0);
 }
 
 TEST_F(DataFileTest, KindDecidesHowWritesReachTheDisk) {
@@ -203,9 +203,9 @@ TEST_F(DataFileTest, KindDecidesHowWritesReachTheDisk) {
   const auto second = files.Open(work);
   EXPECT_FALSE(first->IsWorkFile());
   EXPECT_TRUE(second->IsWorkFile());
-  EXPECT_EQ(connection.AskNumber("PRAGMA " + first->Alias() + ".synchronous"), 2);
-  EXPECT_EQ(connection.AskNumber("PRAGMA " + second->Alias() + ".synchronous"), 0);
-  EXPECT_EQ(connection.AskText("PRAGMA " + first->Alias() + ".journal_mode"), "wal");
+  EXPECT_EQ(AskNumber(connection, "PRAGMA " + first->Qualifier() + ".synchronous"), 2);
+  EXPECT_EQ(AskNumber(connection, "PRAGMA " + second->Qualifier() + ".synchronous"), 0);
+  EXPECT_EQ(connection.AskText("PRAGMA " + first->Qualifier() + ".journal_mode"), "wal");
 }
 
 /// While it lives, this process is somebody who may not write to a file and its folder.
@@ -252,8 +252,8 @@ TEST_F(DataFileTest, AReaderWithoutWriteRightsSeesWhatOthersCommit) {
       DataFiles files(connection, noNetwork);
       const auto file = files.Open(path);
       do {
-        if (!tell(connection.AskNumber("SELECT count(*) FROM " + file->Alias() + ".Codes").value_or(-1)) || !tell(file->OthersVersion()) ||
-            !tell(file->ReadOnly() ? 1 : 0))
+        if (!tell(AskNumber(connection, "SELECT count(*) FROM " + file->Qualifier() + ".Codes").value_or(-1)) ||
+            !tell(file->OthersVersion()) || !tell(file->ReadOnly() ? 1 : 0))
           break;
       } while (isAsked());
     } catch (const platform::Error& error) {
@@ -271,7 +271,7 @@ TEST_F(DataFileTest, AReaderWithoutWriteRightsSeesWhatOthersCommit) {
     Connection writer(100);
     DataFiles files(writer, noNetwork);
     const auto file = files.Open(path);
-    const std::string insert = "INSERT INTO \"" + file->Alias() + "\".Codes (Code) VALUES ";
+    const std::string insert = "INSERT INTO \"" + file->Qualifier() + "\".Codes (Code) VALUES ";
     writer.Execute(insert + "('A')");
     for (const char* end : {"", "-wal", "-shm"}) ::chmod((path + end).c_str(), 0444);
     ::chmod(folder_.c_str(), 0555);
@@ -292,7 +292,7 @@ TEST_F(DataFileTest, AReaderWithoutWriteRightsSeesWhatOthersCommit) {
   ::chmod(folder_.c_str(), 0755);
   for (const char* end : {"", "-wal", "-shm"}) ::chmod((path + end).c_str(), 0644);
   const auto file = files.Open(path);
-  writer.Execute("INSERT INTO \"" + file->Alias() + "\".Codes (Code) VALUES ('C')");
+  writer.Execute("INSERT INTO \"" + file->Qualifier() + "\".Codes (Code) VALUES ('C')");
   EXPECT_EQ(::write(asked[1], "?", 1), 1);
   EXPECT_EQ(answer(), 3);
   ::close(asked[1]);
@@ -327,7 +327,7 @@ TEST_F(DataFileTest, AFileThatNobodyMayWriteIsReadAlone) {
       DataFiles files(connection, noNetwork);
       const auto file = files.Open(path);
       readOnly = file->ReadOnly();
-      people = connection.AskNumber("SELECT count(*) FROM " + file->Alias() + ".People").value_or(-1);
+      people = AskNumber(connection, "SELECT count(*) FROM " + file->Qualifier() + ".People").value_or(-1);
     });
   }
   EXPECT_EQ(error, 0);
@@ -384,7 +384,7 @@ TEST_F(DataFileTest, BulkRowsKeepTheirValues) {
   Connection connection(100);
   DataFiles files(connection, noNetwork);
   const auto file = files.Open(path);
-  Query query(connection, "SELECT * FROM " + file->Alias() + ".People ORDER BY ID");
+  Query query(connection, "SELECT * FROM " + file->Qualifier() + ".People ORDER BY ID");
   const TableDefinition table = People();
   const std::vector<Value> expected{
       7, "Ann", "long", Currency{-5}, false, platform::Date{36191.5}, 1.25, std::int16_t{-3}, std::uint8_t{200}, 9};
@@ -393,7 +393,7 @@ TEST_F(DataFileTest, BulkRowsKeepTheirValues) {
   ASSERT_TRUE(query.Step());
   EXPECT_EQ(query.Int(0), 8);
   for (int i = 1; i < 10; ++i) EXPECT_TRUE(query.IsNull(i));
-  EXPECT_EQ(connection.AskNumber("SELECT count(*) FROM pragma_index_list('People', '" + file->Alias() + "')"), 3);
+  EXPECT_EQ(AskNumber(connection, "SELECT count(*) FROM pragma_index_list('People', '" + file->Qualifier() + "')"), 3);
 }
 
 TEST_F(DataFileTest, BulkRowsNeedFinish) {
@@ -411,7 +411,7 @@ TEST_F(DataFileTest, BulkRowsNeedFinish) {
   }
   Connection connection(100);
   DataFiles files(connection, noNetwork);
-  EXPECT_EQ(connection.AskNumber("SELECT count(*) FROM " + files.Open(path)->Alias() + ".Codes"), 0);
+  EXPECT_EQ(AskNumber(connection, "SELECT count(*) FROM " + files.Open(path)->Qualifier() + ".Codes"), 0);
 }
 
 TEST_F(DataFileTest, BulkWriterNamesWhatItDoesNotKnow) {
@@ -444,7 +444,7 @@ TEST_F(DataFileTest, BackupOfAnOpenFileIsWhole) {
   Connection connection(100);
   DataFiles files(connection, noNetwork);
   const auto file = files.Open(path);
-  connection.Execute("INSERT INTO \"" + file->Alias() + "\".Codes (Code) VALUES ('Z')");
+  connection.Execute("INSERT INTO \"" + file->Qualifier() + "\".Codes (Code) VALUES ('Z')");
   int calls = 0;
   int last = -1;
   int all = -2;
@@ -456,7 +456,7 @@ TEST_F(DataFileTest, BackupOfAnOpenFileIsWhole) {
   EXPECT_GE(calls, 1);
   EXPECT_EQ(last, all);
   const auto copy = files.Open(Path("copy.zdb"));
-  EXPECT_EQ(connection.AskText("SELECT Code FROM " + copy->Alias() + ".Codes"), "Z");
+  EXPECT_EQ(connection.AskText("SELECT Code FROM " + copy->Qualifier() + ".Codes"), "Z");
   EXPECT_EQ(ErrorOf([&] { BackupDataFile(path, Path("copy.zdb")); }), 3204);
   EXPECT_EQ(ErrorOf([&] { BackupDataFile(Path("none.zdb"), Path("other.zdb")); }), 3024);
   EXPECT_FALSE(std::filesystem::exists(Path("other.zdb")));

@@ -1,8 +1,11 @@
 #include "engine/store/sqlite/declared_types.h"
 
-#include "engine/values/iso_date.h"
-
 #include <gtest/gtest.h>
+
+#include <limits>
+
+#include "engine/store/sqlite/dialect.h"
+#include "engine/values/iso_date.h"
 
 namespace engine {
 namespace {
@@ -38,14 +41,17 @@ TEST(StoredDates, OtherTextsAreNone) {
 }
 
 TEST(StoredLiterals, OfEachKind) {
-  EXPECT_EQ(StoredLiteral(platform::Null), "NULL");
-  EXPECT_EQ(StoredLiteral(true), "-1");
-  EXPECT_EQ(StoredLiteral(false), "0");
-  EXPECT_EQ(StoredLiteral(Currency{12345}), "12345");
-  EXPECT_EQ(StoredLiteral(2.5), "2.5");
-  EXPECT_EQ(StoredLiteral(2.0), "2.0");
-  EXPECT_EQ(StoredLiteral("O'Brien"), "'O''Brien'");
-  EXPECT_EQ(StoredLiteral(Date{36191}), "'1999-01-31'");
+  const auto literal = [](const platform::Value& value) { return SqliteDialect().Constant(value); };
+  EXPECT_EQ(literal(platform::Null), "NULL");
+  EXPECT_EQ(literal(true), "-1");
+  EXPECT_EQ(literal(false), "0");
+  EXPECT_EQ(literal(Currency{12345}), "12345");
+  EXPECT_EQ(literal(2.5), "2.5");
+  EXPECT_EQ(literal(2.0), "2.0");
+  EXPECT_EQ(literal(-std::numeric_limits<double>::infinity()), "-9e999");
+  EXPECT_EQ(literal(std::numeric_limits<double>::quiet_NaN()), "NULL");
+  EXPECT_EQ(literal("O'Brien"), "'O''Brien'");
+  EXPECT_EQ(literal(Date{36191}), "'1999-01-31'");
 }
 
 TEST(DeclaredTypes, ComeBackAsTheyWere) {

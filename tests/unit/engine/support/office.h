@@ -12,6 +12,7 @@
 #include "engine/engine.h"
 #include "platform/data/data.h"
 #include "unit/engine/support/engine_fixture.h"
+#include "unit/engine/support/office_files.h"
 
 /// A small office: people with phones of several kinds, rates per department in
 /// a second file, and an engine that has it open.
@@ -37,8 +38,8 @@ class OfficeTest : public EngineFolderTest {
         {"Departments",
          {TextField("DeptNumber", 3), TextField("DeptName", 20), Field("Rate", FieldType::Currency)},
          {{"PrimaryKey", {"DeptNumber"}, true, true}}}};
-    engine::CreateDataFile(Path("office.zdb"), office);
-    engine::CreateDataFile(Path("ledger.zdb"), ledger);
+    office_files::Create(Path("office.zdb"), office);
+    office_files::Create(Path("ledger.zdb"), ledger);
     Restart();
   }
 
@@ -53,7 +54,7 @@ class OfficeTest : public EngineFolderTest {
     options.exactRows = exactRows_;
     options.lockWait = 150;
     options.readAheadTrust = 0;
-    return engine::MakeEngine(options);
+    return office_files::NewEngine(options);
   }
   /// People by name alone, in this order; numbered from 1. Open recordsets of others see them as any writer's.
   void AddPeople(const std::vector<std::string>& names) {
@@ -62,9 +63,7 @@ class OfficeTest : public EngineFolderTest {
     AddRows("People", {"Name"}, rows);
   }
   void AddRows(const std::string& table, const std::vector<std::string>& fields, const std::vector<std::vector<platform::Value>>& rows) {
-    auto writer = engine::OpenBulkWriter(Path("office.zdb"), table, fields);
-    for (const auto& row : rows) writer->Add(row);
-    writer->Finish();
+    office_files::AddRows(Path("office.zdb"), table, fields, rows);
   }
   void AddPerson(const std::string& name, const std::string& city, int age) {
     auto people = db_->OpenRecordset("People", platform::RecordsetType::Table);

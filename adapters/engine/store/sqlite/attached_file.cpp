@@ -1,0 +1,97 @@
+#include "engine/store/sqlite/attached_file.h"
+
+#include "engine/errors.h"
+#include "engine/store/sqlite/names.h"
+#include "engine/store/sqlite/schema.h"
+
+namespace engine {
+
+AttachedFile::AttachedFile(Connection& connection, int number, std::string path, std::string asked, bool readOnly, bool workFile,
+                           std::shared_ptr<std::uint64_t> uses)
+    : connection_(connection),
+      number_(number),
+      alias_("f" + std::to_string(number)),
+      path_(std::move(path)),
+      asked_(std::move(asked)),
+      readOnly_(readOnly),
+      workFile_(workFile),
+      uses_(std::move(uses)),
+      lastUse_(++*uses_),
+      dataVersion_("PRAGMA " + Own("data_version")) {}
+
+AttachedFile::~AttachedFile() {
+  if (onGone_) onGone_(*this);
+}
+
+std::string AttachedFile::Own(std::string_view name) const { return QuoteName(alias_) + '.' + std::string(name); }
+
+std::int64_t AttachedFile::OthersVersion() {
+  Query query(connection_, dataVersion_);
+  query.Step();
+  lastUse_ = ++*uses_;
+  // A file that is attached again counts from the start.
+  return query.Int(0) + (returns_ << 32);
+}
+
+std::int64_t AttachedFile::SchemaVersion() { return AskNumber(connection_, "PRAGMA " + Own("schema_version")).value_or(0); }
+
+// ---- tables
+
+std::vector<std::string> AttachedFile::TableNames() { return ReadTableNames(connection_, alias_); }
+
+std::string AttachedFile::StoredName(std::string_view table) {
+  if (table.empty() || table.front() == ownNameMark) return {};
+  Query query(connection_, "SELECT name FROM " + Own("sqlite_schema") +
+                               " WHERE type = 'table' AND name = ?1 COLLATE NOCASE AND substr(name, 1, 7) <> 'sqlite_'");
+  query.Bind(1, table);
+  return query.Step() ? std::string(query.Text(0)) : std::string();
+}
+
+platform::TableDefinition AttachedFile::ReadTable(const std::string& storedName) {
+  return engine::ReadTable(connection_, alias_, storedName);
+}
+
+std::string AttachedFile::RowKeyOf(const platform::TableDefinition& table) const { return engine::RowKeyOf(table); }
+
+std::int64_t AttachedFile::TakeNumber(const platform::TableDefinition& table) {
+  const std::string counters = Own("sqlite_sequence");
+  const std::string highest = "(SELECT ifnull(max(" + QuoteName(RowKeyOf(table)) + "), 0) FROM " + Own(QuoteName(table.name)) + ")";
+  const std::string name = QuoteText(table.name);
+  std::optional<std::int64_t> number;
+  {
+    Query query(connection_, std::string_view("UPDATE " + counters + " SET seq = max(seq, " + highest + ") + 1 WHERE name = " + name +
+                                              " RETURNING seq"));
+    while (query.Step()) number = query.Int(0);
+  }
+  if (!number) {
+    Query query(connection_,
+                std::string_view("INSERT INTO " + counters + " (name, seq) VALUES (" + name + ", " + highest + " + 1) RETURNING seq"));
+    while (query.Step()) number = query.Int(0);
+  }
+  return *number;
+}
+
+// ---- links
+
+std::vector<StoredLink> AttachedFile::Links() {
+  std::vector<StoredLink> links;
+  Query query(connection_, "SELECT name, path, source FROM " + Own(QuoteName(linksTable)) + " ORDER BY rowid");
+  while (query.Step()) links.push_back({std::string(query.Text(0)), std::string(query.Text(1)), std::string(query.Text(2))});
+  return links;
+}
+
+void AttachedFile::AddLink(const StoredLink& link) {
+  if (readOnly_) throw errors::ReadOnly();
+  Query query(connection_, "INSERT INTO " + Own(QuoteName(linksTable)) + " (name, path, source) VALUES (?1, ?2, ?3)");
+  query.Bind(1, std::string_view(link.name));
+  query.Bind(2, std::string_view(link.path));
+  query.Bind(3, std::string_view(link.source));
+  try {
+    query.Run();
+  } catch (const platform::Error& error) {
+    if (error.Number() == platform::error::number::DuplicateKey) throw errors::ObjectExists(link.name);
+    throw;
+  }
+}
+
+}  // namespace engine

@@ -1,0 +1,31 @@
+#include "engine/store/sqlite/sqlite_store.h"
+
+#include "engine/store/sqlite/clock_functions.h"
+#include "engine/store/sqlite/dialect.h"
+
+namespace engine {
+
+SqliteStore::SqliteStore(int lockWait, NetworkTest onNetwork, const Clock& clock)
+    : connection_(lockWait), files_(connection_, std::move(onNetwork)) {
+  RegisterClock(connection_, clock);
+}
+
+const Dialect& SqliteStore::OwnDialect() const { return SqliteDialect(); }
+
+bool SqliteStore::ScansAll(std::string_view sql) {
+  Query way(connection_, "EXPLAIN QUERY PLAN " + std::string(sql));
+  return way.Step() && way.Text(3).starts_with("SCAN");
+}
+
+bool SqliteStore::ReadsCheaply(int rows, const std::function<void()>& read) {
+  constexpr int stepsARow = 60;
+  try {
+    const WorkLimit limit(connection_, rows * stepsARow);
+    read();
+    return true;
+  } catch (const WorkLimitReached&) {
+    return false;
+  }
+}
+
+}  // namespace engine

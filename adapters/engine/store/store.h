@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/store/channel.h"
+#include "engine/store/dialect.h"
+#include "platform/data/table_definition.h"
+
+namespace engine {
+
+/// Tables whose names begin with this sign are the store's own; no catalogue shows them.
+inline constexpr char ownNameMark = '~';
+
+/// A link as a file stores it.
+struct StoredLink {
+  std::string name;
+  std::string path;    ///< as link_paths.h says
+  std::string source;  ///< table in the other file
+};
+
+/// One open company or work file, as long as somebody holds it.
+class StoreFile {
+ public:
+  StoreFile() = default;
+  virtual ~StoreFile() = default;
+  StoreFile(const StoreFile&) = delete;
+  StoreFile& operator=(const StoreFile&) = delete;
+
+  virtual const std::string& Path() const = 0;
+  /// The name that stands before its tables in statements, not quoted.
+  virtual const std::string& Qualifier() const = 0;
+  virtual bool ReadOnly() const = 0;
+
+  /// Changes with each commit by others. A quick question to the file.
+  virtual std::int64_t OthersVersion() = 0;
+  /// Changes with each write of this store's own. Asks nobody.
+  virtual std::uint64_t OwnVersion() const = 0;
+  /// Changes with every change of table definitions, by anyone.
+  virtual std::int64_t SchemaVersion() = 0;
+
+  /// Names of the user's tables, in the order of their making.
+  virtual std::vector<std::string> TableNames() = 0;
+  /// A user's table's own spelling of its name, "" when there is none. No regard to case.
+  virtual std::string StoredName(std::string_view table) = 0;
+  /// Definition of a table that is there. Raises 3049 for one that isn't ours.
+  virtual platform::TableDefinition ReadTable(const std::string& storedName) = 0;
+  /// The column that is a table's integer row key, not quoted: its Counter's, or a hidden one's.
+  virtual std::string RowKeyOf(const platform::TableDefinition& table) const = 0;
+  /// The next number of a table's Counter, taken by a commit of its own: used up whether or not a row ever gets it. Raises 3218
+  /// after the wait for a lock.
+  virtual std::int64_t TakeNumber(const platform::TableDefinition& table) = 0;
+
+  virtual std::vector<StoredLink> Links() = 0;
+  /// Raises 3012 when the name is taken, 3027 on a read-only file.
+  virtual void AddLink(const StoredLink& link) = 0;
+};
+
+/// What stands behind the engine: it keeps the files and runs statements. All cursors work on this alone.
+class Store : public Channel {
+ public:
+  virtual const Dialect& OwnDialect() const = 0;
+
+  /// The file at that path; one that is open already is the same object. Errors name it as the program does, by `asked`: 3024,
+  /// 3044, 3051 for what isn't there or may not be opened, 3343 for another or a newer format, 3049 for a damaged file, 3045 for one
+  /// that stays locked, 3043 for one that can't be used where it lies, 3048 when there are too many.
+  virtual std::shared_ptr<StoreFile> Open(std::string_view path, std::string_view asked) = 0;
+
+  /// Whether that SELECT begins with a look at all rows of a table.
+  virtual bool ScansAll(std::string_view sql) = 0;
+  /// Runs `read`, which reads a page of a list in its order; false, the page incomplete, when that would cost more than looking
+  /// at about so many rows, or when all rows had to be put in order first.
+  virtual bool ReadsCheaply(int rows, const std::function<void()>& read) = 0;
+
+  /// Called while a lock is waited for, and between the parts of long work.
+  virtual void OnWait(std::function<void()> servePainting) = 0;
+  /// Lets the windows paint; does nothing when called from inside painting.
+  virtual void ServePainting() = 0;
+};
+
+}  // namespace engine

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "unit/engine/support/memory_store/select.h"
+
+namespace memory_store {
+
+/// INSERT of one row of values, UPDATE or DELETE of one table.
+struct Write {
+  enum class Kind { Insert, Update, Delete } kind = Kind::Insert;
+  From from;
+  File* file = nullptr;
+  struct Setting {
+    int column = 0;
+    Expression value;
+  };
+  std::vector<Setting> settings;
+  Expression where;
+  bool tellsKey = false;  ///< RETURNING the row key
+};
+
+bool BeginsWrite(const Tokens& tokens);
+Write ParseWrite(Tokens& tokens, const Disk& disk);
+/// Rows written; the row keys of an INSERT that tells them in `rows`. A unique index violated: 3022; Null in a primary key: 3058.
+std::int64_t RunWrite(const Write& write, const std::vector<StoredValue>& parameters, Rows& rows);
+
+}  // namespace memory_store

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Rules that a machine can check: what may include what, toolkit and store headers behind their adapter, no pointers to
+# Rules that a machine can check: what may include what, sizes, toolkit and store headers behind their adapter, no pointers to
 # documents outside the project, sources that the build lists.
 set -u
 cd "$(dirname "$0")/.." || exit 1
@@ -10,33 +10,39 @@ complain() {
 }
 list() { git ls-files -co --exclude-standard -- "$@"; }
 
-# 1. Arrows: src/ sees the standard library and itself; an adapter sees src/ and itself; apps and tests see all.
-#    Accepted exceptions, one a line as FILE:INCLUDE; the list only shrinks.
+# 1. Arrows. Every include of ours as "FILE FOLDER FILE FOLDER", by whole paths.
+code='src/*.h src/*.cpp adapters/*.h adapters/*.cpp apps/*.h apps/*.cpp'
+# shellcheck disable=SC2086 # patterns, one a word
+arrows=$(list $code | xargs grep -H '^#include "' | sed 's/^\([^:]*\):#include "\([^"]*\)".*/\1 \2/' | awk -v files="$(list $code)" '
+  function folder(path) { sub(/\/[^\/]*$/, "", path); return path }
+  BEGIN { n = split(files, all, "\n"); for (i = 1; i <= n; i++) known[all[i]] = 1; split("src/ adapters/ apps/ apps/library/", roots, " ") }
+  { for (r = 1; r in roots; r++) if ((roots[r] $2) in known) { print $1, folder($1), roots[r] $2, folder(roots[r] $2); break } }')
+
+# What a room may see beside itself: src/platform nothing, src the platform and itself, an adapter src and itself, apps all.
+outside=$(printf '%s\n' "$arrows" | awk '
+  function room(path, parts) { split(path, parts, "/"); return parts[1] == "src" && parts[2] != "platform" ? "src" : parts[1] "/" parts[2] }
+  { from = room($2); to = room($4)
+    if (from == to || from ~ /^apps/ || to == "src/platform" || (from ~ /^adapters/ && to == "src")) next
+    print $1 " includes " $3 }')
+[ -n "$outside" ] && complain "Includes that leave their room:
+$outside"
+
+# No folder sees one that sees it, directly or by way of others. Exceptions are "FOLDER FOLDER", one a line; the list only shrinks.
 accepted=""
-areas="engine desktop robot suite"
-for file in $(list 'src/*.h' 'src/*.cpp'); do
-  for include in $(sed -n 's/^#include "\([^"]*\)".*/\1/p' "$file"); do
-    area=${include%%/*}
-    case " platform session records maintenance entry setup queries reports mapping relationships " in
-      *" $area "*) ;;
-      *) case "$accepted" in *"$file:$include"*) ;; *) complain "$file includes $include: src/ stands on the standard library alone" ;; esac ;;
-    esac
-    case "$file:$area" in
-      src/platform/*:platform) ;;
-      src/platform/*) complain "$file includes $include: the platform knows no screen" ;;
-    esac
-  done
-done
-for own in $areas; do
-  for file in $(list "adapters/$own/*.h" "adapters/$own/*.cpp"); do
-    for include in $(sed -n 's/^#include "\([^"]*\)".*/\1/p' "$file"); do
-      area=${include%%/*}
-      for other in $areas; do
-        [ "$other" != "$own" ] && [ "$area" = "$other" ] && complain "$file includes $include: no adapter includes another"
-      done
-    done
-  done
-done
+folders=$(printf '%s\n' "$arrows" | awk '$2 != $4 { print $2, $4 }' | sort -u)
+[ -n "$accepted" ] && folders=$(printf '%s\n' "$folders" | grep -vxF "$accepted")
+circles=$(printf '%s\n' "$folders" | tsort 2>&1 >/dev/null | sed 's/^tsort: -: //;s/^tsort: //')
+[ -n "$circles" ] && complain "Folders in circles:
+$circles"
+
+# Small files, folders that can be seen at a glance. Generated data may be longer.
+large=$(list $code 'tests/*.h' 'tests/*.cpp' 'bench/*.h' 'bench/*.cpp' | grep -v '/unicode_data.h$' | xargs wc -l |
+  awk '$2 != "total" && $1 > 400 { print $2 " has " $1 " lines" }')
+[ -n "$large" ] && complain "Files above 400 lines:
+$large"
+full=$(list $code | sed 's|/[^/]*$||' | sort | uniq -c | awk '$1 > 30 { print $2 " holds " $1 " sources" }')
+[ -n "$full" ] && complain "Folders above 30 sources:
+$full"
 
 # 2. The store's and the toolkit's headers stay under their adapter.
 for file in $(list 'src/*' 'adapters/*' 'apps/*'); do
@@ -52,7 +58,7 @@ for file in $(list 'src/*' 'adapters/*' 'apps/*'); do
     adapters/engine/store/sqlite/*.h) grep -q '#include <sqlite3.h>' "$file" && complain "$file: the store's header in a header" ;;
   esac
   case "$file" in
-    adapters/desktop/* | apps/desktop_library/*) ;;
+    adapters/desktop/*) ;;
     *) grep -qE '#include <Q[A-Za-z]+>' "$file" && complain "$file includes the toolkit" ;;
   esac
 done

@@ -4,7 +4,7 @@
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/data_files.h"
 #include "engine/store/sqlite/declared_types.h"
-#include "engine/store/sqlite/find_by_name.h"
+#include "engine/store/sqlite/files/find_by_name.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
 #include "platform/values/error.h"

@@ -1,4 +1,4 @@
-#include "engine/store/sqlite/copy_file.h"
+#include "engine/store/sqlite/files/copy_file.h"
 
 #include <sqlite3.h>
 #include <unistd.h>

@@ -9,8 +9,8 @@
 
 #include "engine/errors.h"
 #include "engine/store/sqlite/connection.h"
-#include "engine/store/sqlite/copy_file.h"
 #include "engine/store/sqlite/data_files.h"
+#include "engine/store/sqlite/files/copy_file.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
 #include "engine/text/text_order.h"

@@ -32,7 +32,7 @@ namespace orcussch {
 ///
 /// What belongs to one kind of record (its list, its card, its branches of the record operations) stands in its file in tabs/. The
 /// screen's own procedures stand in design.cpp (what is fixed), frame.cpp (life and modes), tabs_control.cpp,
-/// commands.cpp (toolbar and menu), lists.cpp (what each list shows), ordering.cpp, search.cpp, selection.cpp, grid_editing.cpp.
+/// commands.cpp (toolbar and menu), lists.cpp (filling the lists), ordering.cpp, search.cpp, selection.cpp, grid_editing.cpp, records.cpp.
 class frmCustMain final : public platform::Screen, public platform::CardScreen, public RecordOperations {
  public:
   template <class T, std::size_t N>

@@ -60,7 +60,7 @@ Select::Key ParseKey(Tokens& tokens, const Disk& disk, const From& from) {
 }
 
 bool Before(const Select::Key& key, const StoredValue& left, const StoredValue& right) {
-  if (IsNull(left) || IsNull(right)) return key.nullsFirst ? IsNull(left) : IsNull(right);
+  if (IsNull(left) != IsNull(right)) return key.nullsFirst == IsNull(left);
   return key.descending ? Order(left, right) > 0 : Order(left, right) < 0;
 }
 

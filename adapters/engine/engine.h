@@ -30,7 +30,7 @@ struct EngineOptions {
 
 /// Option of Database::Execute beside those of the screens: a row of which a value can't become its field's is left alone, as
 /// one that breaks a key is; the screens' own way writes such a row with Null in that field.
-inline constexpr int executeWholeRows = 1 << 16;
+inline constexpr int kExecuteWholeRows = 1 << 16;
 
 /// The data engine over SQLite files: one connection, each file attached once.
 std::unique_ptr<platform::DataEngine> MakeEngine(const EngineOptions& options = {});

@@ -12,7 +12,7 @@ std::string OneLine(std::string text) {
 }
 
 std::string JsonText(const std::string& text) {
-  constexpr const char* digits = "0123456789abcdef";
+  constexpr const char* kDigits = "0123456789abcdef";
   std::string json = "\"";
   for (const char c : text) {
     if (c == '"' || c == '\\') {
@@ -20,8 +20,8 @@ std::string JsonText(const std::string& text) {
       json += c;
     } else if (IsControl(c)) {
       json += "\\u00";
-      json += digits[static_cast<unsigned char>(c) >> 4U];
-      json += digits[static_cast<unsigned char>(c) & 15U];
+      json += kDigits[static_cast<unsigned char>(c) >> 4U];
+      json += kDigits[static_cast<unsigned char>(c) & 15U];
     } else {
       json += c;
     }

@@ -201,8 +201,8 @@ ListView& DesktopHands::ListOf(const Grid& grid) const {
 
 std::int64_t DesktopHands::ScrollTo(ListView& list, const Grid& grid, const Bookmark& row) const {
   // A user looks for the row itself: its number is a guess while the engine counts, and idle work may put it right meanwhile.
-  constexpr int attempts = 4;
-  for (int i = 0; i < attempts; ++i) {
+  constexpr int kAttempts = 4;
+  for (int i = 0; i < kAttempts; ++i) {
     const auto ordinal = list.ScrollToRow(row);
     if (!ordinal) break;
     QCoreApplication::processEvents();

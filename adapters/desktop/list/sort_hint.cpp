@@ -17,11 +17,11 @@ bool IsPlainField(std::string_view text) { return !text.empty() && text.find_fir
 }  // namespace
 
 std::optional<SortHint> SortHintOf(std::string_view statement) {
-  constexpr std::string_view words = "order by ";
+  constexpr std::string_view kWords = "order by ";
   const std::string lower = platform::ToLowerAscii(statement);
-  const auto at = lower.rfind(words);
+  const auto at = lower.rfind(kWords);
   if (at == std::string::npos) return {};
-  std::string_view order = statement.substr(at + words.size());
+  std::string_view order = statement.substr(at + kWords.size());
   order = Trimmed(order);
   const bool descendingAll = platform::ToLowerAscii(order).ends_with(" desc");
   const auto comma = order.find(',');

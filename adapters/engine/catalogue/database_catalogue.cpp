@@ -6,13 +6,13 @@
 namespace engine {
 namespace {
 
-constexpr std::string_view connectStart = ";DATABASE=";
+constexpr std::string_view kConnectStart = ";DATABASE=";
 
 // The path in a link's Connect text.
 std::string PathOfConnect(std::string_view connect) {
-  if (connect.size() <= connectStart.size() || !platform::EqualsNoCase(connect.substr(0, connectStart.size()), connectStart))
+  if (connect.size() <= kConnectStart.size() || !platform::EqualsNoCase(connect.substr(0, kConnectStart.size()), kConnectStart))
     throw errors::InvalidOperation();
-  std::string_view path = connect.substr(connectStart.size());
+  std::string_view path = connect.substr(kConnectStart.size());
   return std::string(path.substr(0, path.find(';')));
 }
 
@@ -69,7 +69,7 @@ std::vector<platform::TableDef> DatabaseCatalogue::ReadTableDefs() {
   std::vector<platform::TableDef> definitions;
   for (std::string& name : file_->TableNames()) definitions.push_back({std::move(name), "", ""});
   for (StoredLink& link : file_->Links())
-    definitions.push_back({link.name, std::string(connectStart) + FullLinkPath(link.path, name_), link.source});
+    definitions.push_back({link.name, std::string(kConnectStart) + FullLinkPath(link.path, name_), link.source});
   return definitions;
 }
 
@@ -94,7 +94,7 @@ bool DatabaseCatalogue::IsMadeAlready(const platform::TableDef& definition) {
 }
 
 void DatabaseCatalogue::AppendLink(const platform::TableDef& definition) {
-  if (definition.Name.empty() || definition.Name.front() == ownNameMark) throw errors::InvalidOperation();
+  if (definition.Name.empty() || definition.Name.front() == kOwnNameMark) throw errors::InvalidOperation();
   if (IsMadeAlready(definition)) return;
   const std::string path = PathOfConnect(definition.Connect);
   const auto target = context_.Open(path);

@@ -61,8 +61,8 @@ void TableRecordset::SetIndex(std::string_view name) {
 
 void TableRecordset::Seek(std::string_view comparison, std::span<const Value> keys) {
   if (keyFields_.empty()) throw errors::NoCurrentIndex();
-  constexpr std::array<std::string_view, 5> comparisons{"=", ">=", ">", "<", "<="};
-  if (std::ranges::find(comparisons, comparison) == comparisons.end() || keys.size() > keyFields_.size()) throw errors::InvalidOperation();
+  constexpr std::array<std::string_view, 5> kComparisons{"=", ">=", ">", "<", "<="};
+  if (std::ranges::find(kComparisons, comparison) == kComparisons.end() || keys.size() > keyFields_.size()) throw errors::InvalidOperation();
   OrderPlace target{KeysFor(keys), 0};
   DropEdit();
   std::int64_t rowKey = 0;

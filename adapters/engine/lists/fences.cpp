@@ -16,20 +16,20 @@ bool Fences::Slice(std::uint64_t version) {
   KeyWalker::Request request;
   request.direction = forward_;
   request.from = building_.rows == 0 ? nullptr : &building_.last;
-  request.limit = sliceRows;
+  request.limit = kSliceRows;
   request.keysOnly = true;
   const OrderPlace from = building_.last;
   if (request.from != nullptr) request.from = &from;
   std::int64_t number = 0;
   const std::int64_t read = walker_.Read(request, [&](const Query& row) {
-    const bool isFence = building_.rows % spacing == 0;
+    const bool isFence = building_.rows % kSpacing == 0;
     ++building_.rows;
     ++number;
-    if (isFence || number == sliceRows) building_.last = walker_.PlaceAt(row, true);
+    if (isFence || number == kSliceRows) building_.last = walker_.PlaceAt(row, true);
     if (isFence) places.push_back(building_.last);
     return true;
   });
-  const bool ended = read < sliceRows;
+  const bool ended = read < kSliceRows;
   if (ended || !done_) rows_ = building_.rows;
   if (ended) {
     if (done_) fences_ = std::move(building_.places);
@@ -41,9 +41,9 @@ bool Fences::Slice(std::uint64_t version) {
 }
 
 std::optional<OrderPlace> Fences::At(std::int64_t ordinal) {
-  const auto fence = static_cast<std::size_t>(ordinal / spacing);
+  const auto fence = static_cast<std::size_t>(ordinal / kSpacing);
   if (fence >= fences_.size()) return {};
-  const std::int64_t behind = ordinal % spacing;
+  const std::int64_t behind = ordinal % kSpacing;
   if (behind == 0) return fences_[fence];
   KeyWalker::Request request;
   request.direction = forward_;
@@ -70,9 +70,9 @@ std::optional<std::int64_t> Fences::OrdinalOf(const OrderPlace& place) {
   KeyWalker::Request request;
   request.direction = forward_;
   request.from = &fences_[static_cast<std::size_t>(fence)];
-  request.limit = 4 * spacing;
+  request.limit = 4 * kSpacing;
   request.keysOnly = true;
-  std::int64_t number = fence * spacing;
+  std::int64_t number = fence * kSpacing;
   if (walker_.Compare(*request.from, place) == 0) return number;
   walker_.Read(request, [&](const Query& row) {
     ++number;

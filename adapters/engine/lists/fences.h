@@ -27,8 +27,8 @@ class Fences {
   std::optional<std::int64_t> OrdinalOf(const OrderPlace& place);
 
  private:
-  static constexpr std::int64_t spacing = 256;
-  static constexpr std::int64_t sliceRows = 8192;
+  static constexpr std::int64_t kSpacing = 256;
+  static constexpr std::int64_t kSliceRows = 8192;
   struct Collection {
     std::vector<OrderPlace> places;  ///< of a later collection; the first one is in use already
     OrderPlace last;

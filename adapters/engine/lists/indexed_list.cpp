@@ -8,8 +8,8 @@
 namespace engine {
 namespace {
 
-constexpr std::size_t keptSegments = 6;
-constexpr std::int64_t longestPage = 128;
+constexpr std::size_t kKeptSegments = 6;
+constexpr std::int64_t kLongestPage = 128;
 
 std::int64_t RowKeyIn(const std::string& bookmark) {
   std::int64_t rowKey = 0;
@@ -84,7 +84,7 @@ bool IndexedList::Step(Place& place, bool forward) {
   }
   run_ = runForward_ == forward ? run_ + 1 : 0;
   runForward_ = forward;
-  const std::int64_t limit = std::min<std::int64_t>(longestPage, std::int64_t{16} << std::min(run_, 3));
+  const std::int64_t limit = std::min<std::int64_t>(kLongestPage, std::int64_t{16} << std::min(run_, 3));
   const Segment& read = ReadSegment(&place, forward, limit);
   if (read.page->Rows() == 0) return false;
   SetPlace(place, read, forward ? 0 : read.page->Rows() - 1);
@@ -161,7 +161,7 @@ const IndexedList::Segment& IndexedList::ReadSegment(const Place* from, bool for
   if (from == nullptr) (forward ? segment.reachesStart : segment.reachesEnd) = true;
   if (oneState) oneState->Commit();
   segments_.push_front(std::move(segment));
-  if (segments_.size() > keptSegments) segments_.pop_back();
+  if (segments_.size() > kKeptSegments) segments_.pop_back();
   return segments_.front();
 }
 

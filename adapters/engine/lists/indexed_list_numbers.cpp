@@ -49,8 +49,8 @@ bool IndexedList::IdleSlice() {
   const std::uint64_t version = Source().Version();
   const bool counted = count_ && countVersion_ == version;
   // A table that the store counts within a slice; larger ones are counted by their fences.
-  constexpr std::int64_t quicklyCounted = 200'000;
-  if (!counted && Source().Plan().where.empty() && Estimate() <= quicklyCounted) {
+  constexpr std::int64_t kQuicklyCounted = 200'000;
+  if (!counted && Source().Plan().where.empty() && Estimate() <= kQuicklyCounted) {
     CountNow();
     return true;
   }

@@ -9,7 +9,7 @@
 namespace engine {
 namespace {
 
-constexpr std::int64_t rowsBetweenPaints = 8192;
+constexpr std::int64_t kRowsBetweenPaints = 8192;
 
 }  // namespace
 
@@ -36,7 +36,7 @@ bool QueryFeed::More(std::vector<std::int64_t>& keys, std::size_t, RowPage*) {
   std::int64_t rows = 0;
   while (query.Step()) {
     source_.ReadKeys(query, 0, page);
-    if (++rows % rowsBetweenPaints == 0) source_.Store().ServePainting();
+    if (++rows % kRowsBetweenPaints == 0) source_.Store().ServePainting();
   }
   keys.insert(keys.end(), page.keys.begin(), page.keys.end());
   return false;
@@ -82,8 +82,8 @@ void SortedFeed::Collect() {
   const std::string columns = order_.sql + ", " + source_.KeyList();
   const std::string select = "SELECT " + columns + " FROM " + plan.from;
   if (plan.where.empty()) {
-    constexpr std::int64_t mostReserved = 1 << 23;
-    entries_.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(SpanOf(source_).Width(), 0, mostReserved)));
+    constexpr std::int64_t kMostReserved = 1 << 23;
+    entries_.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(SpanOf(source_).Width(), 0, kMostReserved)));
     CollectAll(select + source_.OwnDialect().withoutIndex);
   } else if (const std::string some = select + " WHERE " + plan.where; LooksAtAllRows(some)) {
     ReadBySlices(source_, columns, plan.where, [this](const Query& row) { Take(row); });
@@ -101,13 +101,13 @@ void SortedFeed::CollectAll(const std::string& text) {
 void SortedFeed::Take(const Query& row) {
   const OrderStart start = OrderStartOf(row, 0, order_.type);
   entries_.emplace_back(start.prefix, row.Int(1), !start.whole);
-  if (entries_.size() % rowsBetweenPaints == 0) source_.Store().ServePainting();
+  if (entries_.size() % kRowsBetweenPaints == 0) source_.Store().ServePainting();
 }
 
 // Whether the store goes through the whole of a long table for a filter. One that asks other tables would ask them anew for
 // each slice and is left whole.
 bool SortedFeed::LooksAtAllRows(const std::string& some) {
-  return !source_.Plan().asksOtherTables && SpanOf(source_).Width() > shortestCut && source_.Store().ScansAll(some);
+  return !source_.Plan().asksOtherTables && SpanOf(source_).Width() > kShortestCut && source_.Store().ScansAll(some);
 }
 
 bool SortedFeed::Before(const Entry& left, const Entry& right) const {
@@ -120,7 +120,7 @@ bool SortedFeed::Before(const Entry& left, const Entry& right) const {
 // the others begin. Entries of one key stay together, and so some may be all.
 template <class Key>
 std::size_t SortedFeed::Divide(std::size_t from, std::size_t to, Key key) {
-  constexpr std::size_t entriesBetweenPaints = 1 << 19;
+  constexpr std::size_t kEntriesBetweenPaints = 1 << 19;
   std::array<decltype(key(entries_[from])), 64> some{};
   for (std::size_t i = 0; i < some.size(); ++i) some[i] = key(entries_[from + (to - from) * i / some.size()]);
   const auto eighth = some.begin() + (descending_ ? some.size() - some.size() / 8 : some.size() / 8);
@@ -131,7 +131,7 @@ std::size_t SortedFeed::Divide(std::size_t from, std::size_t to, Key key) {
       const auto own = key(entries_[i]);
       if (own == *eighth ? withEighth : descending_ ? own > *eighth : own < *eighth) std::swap(entries_[cut++], entries_[i]);
       // Only before the first rows: later the windows have the list, and would read on in it.
-      if (given_ == 0 && i % entriesBetweenPaints == 0) source_.Store().ServePainting();
+      if (given_ == 0 && i % kEntriesBetweenPaints == 0) source_.Store().ServePainting();
     }
     return cut;
   };
@@ -141,10 +141,10 @@ std::size_t SortedFeed::Divide(std::size_t from, std::size_t to, Key key) {
 
 // Cuts a part off the first unsorted piece until it is short enough to be sorted as a whole. False when it is.
 bool SortedFeed::SplitFirst() {
-  constexpr std::size_t shortPiece = 256;
+  constexpr std::size_t kShortPiece = 256;
   if (ends_.empty()) return false;
   const std::size_t end = ends_.back();
-  if (end - given_ <= shortPiece) return false;
+  if (end - given_ <= kShortPiece) return false;
   const auto all = [&](auto test) {
     return std::all_of(entries_.begin() + static_cast<std::ptrdiff_t>(given_), entries_.begin() + static_cast<std::ptrdiff_t>(end), test);
   };

@@ -8,9 +8,9 @@
 namespace engine {
 namespace {
 
-constexpr std::size_t readRows = 128;  // up to here rows come with their keys
-constexpr std::size_t sliceKeys = 8192;
-constexpr std::size_t keptBlocks = 6;
+constexpr std::size_t kReadRows = 128;  // up to here rows come with their keys
+constexpr std::size_t kSliceKeys = 8192;
+constexpr std::size_t kKeptBlocks = 6;
 
 }  // namespace
 
@@ -77,16 +77,16 @@ bool KeysetList::Reach(std::int64_t ordinal, bool withRows) {
   // A walk reads rows with their keys, twice as many each time; a window reads the keys that it is missing.
   while (ordinal >= Size() && !complete_) {
     const auto missing = static_cast<std::size_t>(ordinal + 1 - Size());
-    if (missing > readRows)
-      ReadMore(sliceKeys, false);
+    if (missing > kReadRows)
+      ReadMore(kSliceKeys, false);
     else
-      ReadMore(withRows ? std::max(missing, std::min(state_.size(), readRows)) : missing, withRows);
+      ReadMore(withRows ? std::max(missing, std::min(state_.size(), kReadRows)) : missing, withRows);
   }
   return ordinal >= 0 && ordinal < Size();
 }
 
 void KeysetList::FillAll() {
-  while (!complete_) ReadMore(sliceKeys, false);
+  while (!complete_) ReadMore(kSliceKeys, false);
 }
 
 std::optional<std::int64_t> KeysetList::OrdinalOfKey(std::int64_t rowKey) {
@@ -133,7 +133,7 @@ const KeysetList::Block& KeysetList::ReadBlock(std::int64_t ordinal, bool forwar
   if (!ReadAlongIndex(block, end, *page)) ReadByKeys(block, end, *page);
   block.page = std::move(page);
   blocks_.push_front(std::move(block));
-  if (blocks_.size() > keptBlocks) blocks_.pop_back();
+  if (blocks_.size() > kKeptBlocks) blocks_.pop_back();
   return blocks_.front();
 }
 
@@ -390,7 +390,7 @@ std::vector<platform::ListRow> KeysetList::Rows(const Place* from, bool forward,
 bool KeysetList::IdleSlice() {
   if (complete_) return false;
   if (feed_->Prepare()) return true;
-  ReadMore(sliceKeys, false);
+  ReadMore(kSliceKeys, false);
   return !complete_;
 }
 

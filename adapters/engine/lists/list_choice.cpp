@@ -50,8 +50,8 @@ std::optional<IndexOrder> OrderByIndex(const SelectPlan& plan) {
 // No table has more rows than its row keys have numbers. Where an index gives the order, pages of it are so cheap that only
 // the keys of short lists are worth reading.
 bool FitsExact(RowSource& source) {
-  constexpr std::int64_t shortList = 1000;
-  const std::int64_t most = std::min(source.Context().Options().exactRows, shortList);
+  constexpr std::int64_t kShortList = 1000;
+  const std::int64_t most = std::min(source.Context().Options().exactRows, kShortList);
   if (most <= 0 || source.Shape().knownLong) return false;
   const bool fits = SpanOf(source).last <= most;
   source.Shape().knownLong = !fits;
@@ -62,11 +62,11 @@ bool FitsExact(RowSource& source) {
 // with the work of a thousand rows, and the store must not have had to sort. Few: those are all, and stay in `known`.
 enum class Density { Dense, Few, Thin };
 Density DensityOf(RowSource& source, const IndexOrder& order, KeysetList::Known& known) {
-  constexpr std::size_t page = 64;
+  constexpr std::size_t kPage = 64;
   KeyWalker& walker = *source.Shape().Walker(source.Store(), order.order, "");
   KeyWalker::Request request;
   request.direction = order.descending ? Direction::Down : Direction::Up;
-  request.limit = page;
+  request.limit = kPage;
   request.keysOnly = true;
   known.version = source.RecentVersion();
   const bool cheap = source.Store().ReadsCheaply(1000, [&] {
@@ -76,7 +76,7 @@ Density DensityOf(RowSource& source, const IndexOrder& order, KeysetList::Known&
     });
   });
   if (!cheap) return Density::Thin;
-  return known.keys.size() == page || source.Context().Options().exactRows <= 0 ? Density::Dense : Density::Few;
+  return known.keys.size() == kPage || source.Context().Options().exactRows <= 0 ? Density::Dense : Density::Few;
 }
 
 // All keys of one table, put in order here when that is quicker than the store's own sorting.

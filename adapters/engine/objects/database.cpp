@@ -16,9 +16,9 @@ namespace {
 using platform::RecordsetType;
 
 bool IsStatement(std::string_view source) {
-  constexpr std::string_view select = "SELECT";
-  return source.size() > select.size() && platform::EqualsNoCase(source.substr(0, select.size()), select) &&
-         std::string_view(" \t\r\n[\"'(").find(source[select.size()]) != std::string_view::npos;
+  constexpr std::string_view kSelect = "SELECT";
+  return source.size() > kSelect.size() && platform::EqualsNoCase(source.substr(0, kSelect.size()), kSelect) &&
+         std::string_view(" \t\r\n[\"'(").find(source[kSelect.size()]) != std::string_view::npos;
 }
 
 }  // namespace
@@ -82,16 +82,16 @@ std::shared_ptr<const RowShape> OpenDatabase::KnownShape(std::string_view source
 }
 
 std::shared_ptr<const RowShape> OpenDatabase::NewShape(std::string_view source) {
-  constexpr std::size_t keptShapes = 64;
+  constexpr std::size_t kKeptShapes = 64;
   auto shape = std::make_shared<const RowShape>(PlanSelect(source, *catalogue_, context_.OwnDialect()), context_.OwnDialect());
-  if (shapes_.size() >= keptShapes) shapes_.clear();
+  if (shapes_.size() >= kKeptShapes) shapes_.clear();
   if (catalogue_->StandsAsPlanned(shape->plan)) shapes_.emplace(source, shape);
   return shape;
 }
 
 void OpenDatabase::Execute(std::string_view sql, int options) {
   recordsAffected_ = 0;
-  const Unfit lenient = (options & executeWholeRows) != 0 ? Unfit::Leave : Unfit::Null;
+  const Unfit lenient = (options & kExecuteWholeRows) != 0 ? Unfit::Leave : Unfit::Null;
   recordsAffected_ = RunAction(context_, *catalogue_, sql, (options & platform::dbFailOnError) != 0 ? Unfit::Raise : lenient);
 }
 

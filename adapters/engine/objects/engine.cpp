@@ -17,8 +17,8 @@ class Engine final : public platform::DataEngine {
   }
 
   platform::WorkspaceRef CreateWorkspace(std::string_view name, std::string_view, std::string_view, int type) override {
-    constexpr int ownType = 2;
-    if (type != ownType) throw errors::InvalidOperation();
+    constexpr int kOwnType = 2;
+    if (type != kOwnType) throw errors::InvalidOperation();
     auto workspace =
         std::make_shared<EngineWorkspace>(context_, std::string(name), false, [this](const EngineWorkspace& closed) { Forget(closed); });
     loose_.push_back(workspace);

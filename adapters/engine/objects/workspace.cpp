@@ -7,7 +7,7 @@
 namespace engine {
 namespace {
 
-constexpr std::size_t deepestTransaction = 5;
+constexpr std::size_t kDeepestTransaction = 5;
 
 }  // namespace
 
@@ -29,11 +29,11 @@ platform::DatabaseRef EngineWorkspace::OpenDatabase(std::string_view path) {
 
 void EngineWorkspace::BeginTrans() {
   if (isDefault_) {
-    if (static_cast<std::size_t>(depth_) == deepestTransaction) throw errors::TooManyTransactions();
+    if (static_cast<std::size_t>(depth_) == kDeepestTransaction) throw errors::TooManyTransactions();
     ++depth_;
     return;
   }
-  if (transactions_.size() == deepestTransaction) throw errors::TooManyTransactions();
+  if (transactions_.size() == kDeepestTransaction) throw errors::TooManyTransactions();
   transactions_.push_back(std::make_unique<Transaction>(context_.OwnStore(), Transaction::Kind::Write));
 }
 

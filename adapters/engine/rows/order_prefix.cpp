@@ -9,19 +9,19 @@
 namespace engine {
 namespace {
 
-constexpr std::uint64_t signBit = 1ULL << 63;
+constexpr std::uint64_t kSignBit = 1ULL << 63;
 
 // Above 0 for all numbers, so that Null stays alone at the bottom. The two lowest whole numbers share a place; no field's
 // range reaches them.
 std::uint64_t OfWhole(std::int64_t number) {
-  const std::uint64_t place = static_cast<std::uint64_t>(number) ^ signBit;
+  const std::uint64_t place = static_cast<std::uint64_t>(number) ^ kSignBit;
   return place == 0 ? 1 : place;
 }
 
 std::uint64_t OfReal(double number) {
   if (number == 0) number = 0;  // minus zero is zero
   const auto bits = std::bit_cast<std::uint64_t>(number);
-  return (bits & signBit) != 0 ? ~bits : bits | signBit;
+  return (bits & kSignBit) != 0 ? ~bits : bits | kSignBit;
 }
 
 std::uint64_t PrefixOfText(std::string_view text) {

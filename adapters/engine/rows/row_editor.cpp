@@ -53,7 +53,7 @@ void RowEditor::Set(int index, const Value& value) {
   const platform::FieldDefinition* field = source_.DefinitionOf(index);
   if (field == nullptr || field->type == FieldType::Counter) throw errors::FieldLocked();
   const auto table = static_cast<std::size_t>(source_.Plan().columns[place].table);
-  if (mode_ == EditMode::Edit && keys_[table] == noRowKey) throw errors::FieldLocked();
+  if (mode_ == EditMode::Edit && keys_[table] == kNoRowKey) throw errors::FieldLocked();
   values_[place] = ConvertForField(source_.Context().OwnClock(), *field, value);
   assigned_[place] = true;
 }
@@ -111,7 +111,7 @@ std::int64_t RowEditor::InsertRow(const ResolvedTable& table) {
 std::vector<std::int64_t> RowEditor::KeysOfNewRow(std::int64_t driving) {
   const SelectPlan& plan = source_.Plan();
   const auto own = static_cast<std::size_t>(plan.driving);
-  std::vector<std::int64_t> keys(plan.tables.size(), noRowKey);
+  std::vector<std::int64_t> keys(plan.tables.size(), kNoRowKey);
   keys[own] = driving;
   if (keys.size() == 1) return keys;
   const PlanTable& table = plan.tables[own];

@@ -25,6 +25,6 @@ struct RowPage {
 };
 
 /// A row key where an outer join found no row.
-inline constexpr std::int64_t noRowKey = INT64_MIN;
+inline constexpr std::int64_t kNoRowKey = INT64_MIN;
 
 }  // namespace engine

@@ -92,7 +92,7 @@ RowSource::RowSource(EngineContext& context, std::shared_ptr<DatabaseCatalogue> 
 void RowSource::BindKeys(Query& query, const std::int64_t* keys) const {
   for (std::size_t i = 0; i < Plan().tables.size(); ++i) {
     if (!shape_->IsKnownByKey(i)) continue;
-    keys[i] != noRowKey ? query.Bind(static_cast<int>(i) + 1, keys[i]) : query.BindNull(static_cast<int>(i) + 1);
+    keys[i] != kNoRowKey ? query.Bind(static_cast<int>(i) + 1, keys[i]) : query.BindNull(static_cast<int>(i) + 1);
   }
 }
 
@@ -100,7 +100,7 @@ void RowSource::BindKeys(Query& query, const std::int64_t* keys) const {
 bool RowSource::AllThere(const Query& query, int first, const std::int64_t* keys) const {
   for (std::size_t i = 0; i < Plan().tables.size(); ++i) {
     const PlanTable& table = Plan().tables[i];
-    const bool needed = keys[i] != noRowKey && !(table.follows && table.nullable);
+    const bool needed = keys[i] != kNoRowKey && !(table.follows && table.nullable);
     if (needed && query.IsNull(first + static_cast<int>(i))) return false;
   }
   return true;
@@ -138,7 +138,7 @@ void RowSource::ReadCells(const Query& query, int first, RowPage& page) const { 
 void RowSource::ReadKeys(const Query& query, int first, RowPage& page) const {
   for (std::size_t i = 0; i < Plan().tables.size(); ++i) {
     const int column = first + static_cast<int>(i);
-    page.keys.push_back(query.IsNull(column) ? noRowKey : query.Int(column));
+    page.keys.push_back(query.IsNull(column) ? kNoRowKey : query.Int(column));
   }
 }
 

@@ -24,7 +24,7 @@ void ReadBySlices(RowSource& source, const std::string& columns, const std::stri
                 " <= " + dialect.Parameter(2));
   Transaction oneState(source.Store(), Transaction::Kind::Read);
   const KeySpan span = SpanOf(source);
-  std::int64_t width = shortestCut;
+  std::int64_t width = kShortestCut;
   for (std::int64_t from = span.first - 1; from < span.last;) {
     const auto begun = std::chrono::steady_clock::now();
     {
@@ -36,7 +36,7 @@ void ReadBySlices(RowSource& source, const std::string& columns, const std::stri
     from += width;
     source.Store().ServePainting();
     // Keys can lie thinly: empty stretches are crossed faster.
-    width = std::chrono::steady_clock::now() - begun < std::chrono::milliseconds(1) ? width * 2 : shortestCut;
+    width = std::chrono::steady_clock::now() - begun < std::chrono::milliseconds(1) ? width * 2 : kShortestCut;
   }
   oneState.Commit();
 }

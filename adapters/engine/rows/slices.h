@@ -24,6 +24,6 @@ void ReadBySlices(RowSource& source, const std::string& columns, const std::stri
                   const std::function<void(const Query& row)>& take);
 
 /// Below this width of keys a table isn't worth cutting.
-inline constexpr std::int64_t shortestCut = 16'384;
+inline constexpr std::int64_t kShortestCut = 16'384;
 
 }  // namespace engine

@@ -14,11 +14,11 @@ namespace {
 using platform::FieldType;
 using platform::Value;
 
-constexpr std::int64_t fewHits = 256;  // of another index: taken without a walk
-constexpr std::int64_t firstSliceKeys = 20'000;
+constexpr std::int64_t kFewHits = 256;  // of another index: taken without a walk
+constexpr std::int64_t kFirstSliceKeys = 20'000;
 
 // How many rows are looked at in list order, before the whole table is: few beside its size, since each lies elsewhere.
-std::int64_t RowsToWalk(std::int64_t rows) { return rows <= firstSliceKeys ? 0 : std::min<std::int64_t>(rows / 512, 1024); }
+std::int64_t RowsToWalk(std::int64_t rows) { return rows <= kFirstSliceKeys ? 0 : std::min<std::int64_t>(rows / 512, 1024); }
 
 }  // namespace
 
@@ -112,8 +112,8 @@ bool IndexedSearch::ByOtherIndex(const Place* after, Place& found) {
     }
     return hits;
   };
-  auto hits = collect(all + " LIMIT " + std::to_string(fewHits + 1));
-  if (static_cast<std::int64_t>(hits->Size()) > fewHits) {
+  auto hits = collect(all + " LIMIT " + std::to_string(kFewHits + 1));
+  if (static_cast<std::int64_t>(hits->Size()) > kFewHits) {
     if (const auto near = WalkAhead(after, found)) return *near;
     hits = collect(all);
   }
@@ -222,7 +222,7 @@ void IndexedSearch::CollectAll() {
   hits_ = std::make_unique<Hits>(walker_, forward_);
   const auto take = [this](const Query& row) { hits_->Add(row); };
   // A filter that asks other tables would ask them anew for each slice.
-  if (plan.asksOtherTables || SpanOf(source_).Width() <= shortestCut) {
+  if (plan.asksOtherTables || SpanOf(source_).Width() <= kShortestCut) {
     Query all(source_.Store(), "SELECT " + walker_.KeyColumns() + " FROM " + plan.from +
                                    (plan.where.empty() ? source_.OwnDialect().withoutIndex : "") + " WHERE " + condition);
     while (all.Step()) take(all);

@@ -19,10 +19,10 @@ std::string KeyText(const RowSource& source, const std::int64_t* keys) {
 // How many rows are looked at one by one. Of one table the one statement over all of them says the same, and is quicker
 // unless there are very few rows or very many.
 std::int64_t RowsToWalk(std::int64_t rows, bool oneTable) {
-  constexpr std::int64_t few = 64;
-  constexpr std::int64_t many = 20'000;
-  if (oneTable && rows > few && rows <= many) return 0;
-  return std::clamp<std::int64_t>(rows / 256, few, 1024);
+  constexpr std::int64_t kFew = 64;
+  constexpr std::int64_t kMany = 20'000;
+  if (oneTable && rows > kFew && rows <= kMany) return 0;
+  return std::clamp<std::int64_t>(rows / 256, kFew, 1024);
 }
 
 }  // namespace

@@ -12,8 +12,8 @@ namespace {
 
 // A refused statement is better than an exhausted stack: how far the parser may be inside itself, and how many levels of
 // nodes a tree may have.
-constexpr int deepest = 400;
-constexpr int highest = 100;
+constexpr int kDeepest = 400;
+constexpr int kHighest = 100;
 
 BinaryOperator BinaryOf(const Token& token) {
   switch (token.symbol) {
@@ -67,7 +67,7 @@ int HighestOf(const std::vector<Expression>& expressions) {
 class ExpressionParser::Level {
  public:
   explicit Level(int& depth) : depth_(depth) {
-    if (++depth_ > deepest) throw errors::QueryTooComplex();
+    if (++depth_ > kDeepest) throw errors::QueryTooComplex();
   }
   ~Level() { --depth_; }
   Level(const Level&) = delete;
@@ -300,8 +300,8 @@ Expression ExpressionParser::ParseCall(std::string name, std::size_t begin) {
 std::vector<Expression> ExpressionParser::ParseList() {
   std::vector<Expression> items;
   do {
-    if (tokens_.At(Symbol::Comma)) Fail(message::comma);
-    if (tokens_.At(Symbol::Close)) Fail(items.empty() ? message::missingItem : message::comma);
+    if (tokens_.At(Symbol::Comma)) Fail(message::kComma);
+    if (tokens_.At(Symbol::Close)) Fail(items.empty() ? message::kMissingItem : message::kComma);
     items.push_back(ParseBinary(level::implication));
   } while (tokens_.Skip(Symbol::Comma));
   return items;
@@ -318,12 +318,12 @@ void ExpressionParser::ExpectClose() {
   if (tokens_.Skip(Symbol::Close)) return;
   const Token& token = tokens_.Peek();
   const bool over = token.kind == TokenKind::End || token.symbol == Symbol::Semicolon || EndsExpression(token.keyword);
-  if (over) Fail(message::missingItem);
+  if (over) Fail(message::kMissingItem);
   FailHere();
 }
 
 Expression ExpressionParser::Make(decltype(Expression::node) node, std::size_t begin, int height) const {
-  if (height >= highest) throw errors::QueryTooComplex();
+  if (height >= kHighest) throw errors::QueryTooComplex();
   const std::size_t end = tokens_.Place() == 0 ? begin : tokens_.TokenAt(tokens_.Place() - 1).span.end;
   return {.node = std::move(node), .span = {begin, end}, .height = height + 1};
 }
@@ -331,8 +331,8 @@ Expression ExpressionParser::Make(decltype(Expression::node) node, std::size_t b
 void ExpressionParser::FailHere() const {
   const Token& token = tokens_.Peek();
   if (token.kind == TokenKind::Bad) Fail(token.text);
-  if (token.symbol == Symbol::Comma) Fail(message::comma);
-  Fail(message::missingOperator);
+  if (token.symbol == Symbol::Comma) Fail(message::kComma);
+  Fail(message::kMissingOperator);
 }
 
 void ExpressionParser::Fail(std::string_view message) const {

@@ -16,7 +16,7 @@ struct Entry {
 };
 
 // ALL, LEFT, RIGHT, OUTER, YES, NO and OFF are names too: fields and functions bear them.
-constexpr std::array<Entry, 40> entries{{
+constexpr std::array<Entry, 40> kEntries{{
     {"all", Keyword::All, false, false},
     {"and", Keyword::And, true, false},
     {"as", Keyword::As, true, true},
@@ -58,21 +58,21 @@ constexpr std::array<Entry, 40> entries{{
     {"xor", Keyword::Xor, true, false},
     {"yes", Keyword::Yes, false, false},
 }};
-static_assert(std::ranges::is_sorted(entries, {}, &Entry::word));
+static_assert(std::ranges::is_sorted(kEntries, {}, &Entry::word));
 
 const Entry* Find(Keyword keyword) {
-  const auto at = std::ranges::find(entries, keyword, &Entry::keyword);
-  return at == entries.end() ? nullptr : &*at;
+  const auto at = std::ranges::find(kEntries, keyword, &Entry::keyword);
+  return at == kEntries.end() ? nullptr : &*at;
 }
 
 }  // namespace
 
 Keyword KeywordOf(std::string_view word) {
-  constexpr std::size_t longest = 11;
-  if (word.size() < 2 || word.size() > longest) return Keyword::None;
+  constexpr std::size_t kLongest = 11;
+  if (word.size() < 2 || word.size() > kLongest) return Keyword::None;
   const std::string lower = platform::ToLowerAscii(word);
-  const auto at = std::ranges::lower_bound(entries, std::string_view(lower), {}, &Entry::word);
-  return at != entries.end() && at->word == lower ? at->keyword : Keyword::None;
+  const auto at = std::ranges::lower_bound(kEntries, std::string_view(lower), {}, &Entry::word);
+  return at != kEntries.end() && at->word == lower ? at->keyword : Keyword::None;
 }
 
 bool IsReserved(Keyword keyword) {

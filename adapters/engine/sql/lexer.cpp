@@ -67,10 +67,10 @@ class Lexer {
 
   Token ReadBracketed() {
     const std::size_t close = text_.find(']', at_ + 1);
-    if (close == std::string_view::npos) return BadToTheEnd(message::missingItem);
+    if (close == std::string_view::npos) return BadToTheEnd(message::kMissingItem);
     const std::string_view name = text_.substr(at_ + 1, close - at_ - 1);
     at_ = close + 1;
-    if (name.empty()) return Bad(message::missingItem);
+    if (name.empty()) return Bad(message::kMissingItem);
     return {.kind = TokenKind::Bracketed, .text = std::string(name), .value = {}, .span = {}};
   }
 
@@ -87,15 +87,15 @@ class Lexer {
         return {.kind = TokenKind::Text, .text = std::move(content), .value = {}, .span = {}};
       }
     }
-    return BadToTheEnd(message::badString);
+    return BadToTheEnd(message::kBadString);
   }
 
   Token ReadDate() {
     const std::size_t close = text_.find('#', at_ + 1);
-    if (close == std::string_view::npos) return BadToTheEnd(message::badDate);
+    if (close == std::string_view::npos) return BadToTheEnd(message::kBadDate);
     const std::optional<platform::Date> date = ReadDateLiteral(text_.substr(at_ + 1, close - at_ - 1));
     at_ = close + 1;
-    if (!date) return Bad(message::badDate);
+    if (!date) return Bad(message::kBadDate);
     return {.kind = TokenKind::Date, .text = {}, .value = *date, .span = {}};
   }
 
@@ -120,13 +120,13 @@ class Lexer {
         SkipDigits();
       } else if (sign) {
         at_ += 2;
-        return Bad(message::badNumber);
+        return Bad(message::kBadNumber);
       }
     }
     if (Peek() == '.') {
       ++at_;
       SkipDigits();
-      return Bad(message::badNumber);
+      return Bad(message::kBadNumber);
     }
     return NumberToken(text_.substr(begin, at_ - begin), whole);
   }
@@ -141,7 +141,7 @@ class Lexer {
     }
     double real = 0;
     const std::from_chars_result read = std::from_chars(digits.data(), end, real);
-    if (read.ec == std::errc::result_out_of_range || !std::isfinite(real)) return Bad(message::badNumber);
+    if (read.ec == std::errc::result_out_of_range || !std::isfinite(real)) return Bad(message::kBadNumber);
     token.value = real;
     return token;
   }
@@ -182,7 +182,7 @@ class Lexer {
       case '>':
         return next == '=' ? OfTwo(Symbol::GreaterEqual) : Of(Symbol::Greater);
       default:
-        return Bad(message::missingOperator);
+        return Bad(message::kMissingOperator);
     }
   }
 

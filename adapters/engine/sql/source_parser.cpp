@@ -9,7 +9,7 @@
 namespace engine::sql {
 namespace {
 
-constexpr int deepest = 60;
+constexpr int kDeepest = 60;
 
 }  // namespace
 
@@ -24,7 +24,7 @@ std::vector<Source> SourceParser::ParseSources() {
 Source SourceParser::ParseSource() { return ParseJoins(0); }
 
 Source SourceParser::ParseJoins(int depth) {
-  if (depth > deepest) throw errors::QueryTooComplex();
+  if (depth > kDeepest) throw errors::QueryTooComplex();
   Source left = ParseTerm(depth);
   while (tokens_.AtJoinWord()) left = ParseJoin(std::move(left), depth);
   return left;
@@ -57,7 +57,7 @@ Source SourceParser::ParseJoin(Source left, int depth) {
   Source right = ParseTerm(depth);
   Expression on = ParseOn();
   const int height = std::max(left.height, right.height) + 1;
-  if (height > deepest) throw errors::QueryTooComplex();
+  if (height > kDeepest) throw errors::QueryTooComplex();
   const Span span{left.span.begin, tokens_.TokenAt(tokens_.Place() - 1).span.end};
   return {
       .node = Join{.kind = kind, .left = std::move(left), .right = std::move(right), .on = std::move(on)}, .span = span, .height = height};

@@ -53,12 +53,12 @@ struct Token {
 
 /// What a bad expression says of itself (errors 3075 and 3077).
 namespace message {
-inline constexpr std::string_view missingOperator = "Syntax error (missing operator)";
-inline constexpr std::string_view badString = "Syntax error in string";
-inline constexpr std::string_view badDate = "Syntax error in date";
-inline constexpr std::string_view badNumber = "Syntax error in number";
-inline constexpr std::string_view missingItem = "Missing ), ], or Item";
-inline constexpr std::string_view comma = "Syntax error (comma)";
+inline constexpr std::string_view kMissingOperator = "Syntax error (missing operator)";
+inline constexpr std::string_view kBadString = "Syntax error in string";
+inline constexpr std::string_view kBadDate = "Syntax error in date";
+inline constexpr std::string_view kBadNumber = "Syntax error in number";
+inline constexpr std::string_view kMissingItem = "Missing ), ], or Item";
+inline constexpr std::string_view kComma = "Syntax error (comma)";
 }  // namespace message
 
 }  // namespace engine::sql

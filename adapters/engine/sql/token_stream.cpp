@@ -9,19 +9,19 @@
 namespace engine::sql {
 namespace {
 
-constexpr std::size_t longestText = 1 << 20;
+constexpr std::size_t kLongestText = 1 << 20;
 
 // The boundary lets no such text in; should one come, nothing of it goes on to the store.
 void CheckBytes(std::string_view text) {
   if (text.find('\0') != std::string_view::npos || !platform::IsValidUtf8(text)) {
-    throw errors::QueryExpression(message::badString, platform::NormaliseLossy(text));
+    throw errors::QueryExpression(message::kBadString, platform::NormaliseLossy(text));
   }
 }
 
 }  // namespace
 
 TokenStream::TokenStream(std::string_view text) : text_(text) {
-  if (text.size() > longestText) throw errors::QueryTooComplex();
+  if (text.size() > kLongestText) throw errors::QueryTooComplex();
   CheckBytes(text);
   tokens_ = Lex(text);
 }

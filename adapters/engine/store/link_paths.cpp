@@ -7,7 +7,7 @@ namespace {
 
 // Stands before the name of a file in the same folder. No path begins so, since a path may also be one within the program's
 // working folder.
-constexpr std::string_view inFolder = "{folder}/";
+constexpr std::string_view kInFolder = "{folder}/";
 
 }  // namespace
 
@@ -26,12 +26,12 @@ std::string RealFolder(const std::string& folder) {
 
 std::string LinkPathToStore(const std::string& path, const std::string& folder, const std::string& file) {
   if (folder.empty() || std::filesystem::path(file).parent_path() != folder) return path;
-  return std::string(inFolder) + path.substr(FolderOfPath(path).size());
+  return std::string(kInFolder) + path.substr(FolderOfPath(path).size());
 }
 
 std::string FullLinkPath(const std::string& stored, const std::string& database) {
-  if (!stored.starts_with(inFolder)) return stored;
-  return FolderOfPath(database) + stored.substr(inFolder.size());
+  if (!stored.starts_with(kInFolder)) return stored;
+  return FolderOfPath(database) + stored.substr(kInFolder.size());
 }
 
 }  // namespace engine

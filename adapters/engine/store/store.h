@@ -14,7 +14,7 @@
 namespace engine {
 
 /// Tables whose names begin with this sign are the store's own; no catalogue shows them.
-inline constexpr char ownNameMark = '~';
+inline constexpr char kOwnNameMark = '~';
 
 /// A link as a file stores it.
 struct StoredLink {

@@ -15,8 +15,8 @@ using platform::FieldType;
 using platform::Value;
 using platform::ValueKind;
 
-constexpr double firstDate = -657'434;       // 1 January 100
-constexpr double afterLastDate = 2'958'466;  // 1 January 10000
+constexpr double kFirstDate = -657'434;       // 1 January 100
+constexpr double kAfterLastDate = 2'958'466;  // 1 January 10000
 
 Value ToByte(const Value& value) {
   const std::int32_t number = platform::CLng(value);
@@ -26,7 +26,7 @@ Value ToByte(const Value& value) {
 
 Value ToDate(const Clock& clock, const Value& value) {
   const platform::Date date = platform::CDate(value, value.IsText() ? YearOf(clock) : 0);
-  if (!(date.serial >= firstDate && date.serial < afterLastDate)) throw errors::DataConversion();
+  if (!(date.serial >= kFirstDate && date.serial < kAfterLastDate)) throw errors::DataConversion();
   return date;
 }
 

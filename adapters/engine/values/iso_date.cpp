@@ -54,11 +54,11 @@ std::string IsoText(Date date) {
 }
 
 std::optional<Date> DateOfIso(std::string_view text) {
-  constexpr std::size_t dayOnly = 10;
-  constexpr std::size_t withTime = 19;
-  if (text.size() != dayOnly && text.size() != withTime) return {};
+  constexpr std::size_t kDayOnly = 10;
+  constexpr std::size_t kWithTime = 19;
+  if (text.size() != kDayOnly && text.size() != kWithTime) return {};
   const std::optional<int> day = DayOf(text);
-  if (!day || text.size() == dayOnly) return day ? std::optional(Date{static_cast<double>(*day)}) : std::nullopt;
+  if (!day || text.size() == kDayOnly) return day ? std::optional(Date{static_cast<double>(*day)}) : std::nullopt;
 
   const int hours = Digits(text, 11, 2);
   const int minutes = Digits(text, 14, 2);

@@ -75,11 +75,11 @@ Outcome Screenshot(Runner& run, const Arguments& words) {
 }  // namespace
 
 CommandList FrameCommands() {
-  constexpr auto around = CommandKind::Around;
+  constexpr auto kAround = CommandKind::Around;
   return {
       {.name = "expect", .least = 1, .most = kAnyNumber, .kind = CommandKind::Expectation, .handler = Expect, .mistake = ExpectMistake},
-      {.name = "at", .least = 2, .most = kAnyNumber, .kind = around, .handler = At, .mistake = AtMistake, .before = BeforeCommandAt},
-      {.name = "refused", .least = 1, .most = kAnyNumber, .kind = around, .handler = RefusedAct, .before = BeforeCommandRefused},
+      {.name = "at", .least = 2, .most = kAnyNumber, .kind = kAround, .handler = At, .mistake = AtMistake, .before = BeforeCommandAt},
+      {.name = "refused", .least = 1, .most = kAnyNumber, .kind = kAround, .handler = RefusedAct, .before = BeforeCommandRefused},
       {.name = "print", .least = 1, .most = 2, .handler = Print},
       {.name = "screenshot", .least = 1, .most = 1, .handler = Screenshot},
   };

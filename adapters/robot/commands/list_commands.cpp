@@ -111,10 +111,10 @@ Outcome Scroll(Runner& run, const Arguments& words) {
 }  // namespace
 
 CommandList ListCommands() {
-  constexpr auto act = CommandKind::Act;
+  constexpr auto kAct = CommandKind::Act;
   return {
-      {"row", 2, 4, act, Row},       {"mark", 2, kAnyNumber, act, Mark}, {"unmark", 1, 1, act, Unmark}, {"head", 2, 2, act, Head},
-      {"column", 4, 4, act, Column}, {"cell", 3, 3, act, Cell},          {"leave", 1, 1, act, Leave},   {"scroll", 3, 3, act, Scroll},
+      {"row", 2, 4, kAct, Row},       {"mark", 2, kAnyNumber, kAct, Mark}, {"unmark", 1, 1, kAct, Unmark}, {"head", 2, 2, kAct, Head},
+      {"column", 4, 4, kAct, Column}, {"cell", 3, 3, kAct, Cell},          {"leave", 1, 1, kAct, Leave},   {"scroll", 3, 3, kAct, Scroll},
   };
 }
 

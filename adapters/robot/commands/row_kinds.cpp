@@ -80,9 +80,9 @@ RowKind CompleteCustomer() {
   kind.name = "complete customer";
   for (const char* field : {"FirstName", "Title", "Addr1", "Addr2", "City", "State", "Zip", "EMail", "WebSite"})
     kind.filled.push_back({field, {"", true}});
-  constexpr std::array<std::pair<const char*, const char*>, 5> given = {
+  constexpr std::array<std::pair<const char*, const char*>, 5> kGiven = {
       {{"Country", "USA"}, {"Terms", "2"}, {"AgeMethod", "True"}, {"OmitFinanceCharge", "False"}, {"LaborRateType", "N"}}};
-  for (const auto& [field, value] : given) kind.filled.push_back({field, {value}});
+  for (const auto& [field, value] : kGiven) kind.filled.push_back({field, {value}});
   return kind;
 }
 

@@ -170,16 +170,16 @@ Outcome Pin(Runner& run, const Arguments& words) {
 }  // namespace
 
 CommandList UserCommands() {
-  constexpr auto act = CommandKind::Act;
+  constexpr auto kAct = CommandKind::Act;
   return {
-      {"click", 1, 1, act, Click}, {"dblclick", 1, 1, act, DoubleClick},
-      {"check", 1, 1, act, Check}, {"uncheck", 1, 1, act, Uncheck},
-      {"type", 2, 4, act, Type},   {"append", 2, 2, act, Append},
-      {"put", 2, 2, act, Put},     {"key", 2, 2, act, Key},
-      {"focus", 1, 1, act, Focus}, {"pick", 2, 3, act, Pick},
-      {"tab", 2, 2, act, Tab},     {"slide", 2, 2, act, Slide},
-      {"spin", 2, 2, act, Spin},   {"hover", 1, 1, act, Hover},
-      {"close", 0, 0, act, Close}, {"pin", 2, 2, act, Pin},
+      {"click", 1, 1, kAct, Click}, {"dblclick", 1, 1, kAct, DoubleClick},
+      {"check", 1, 1, kAct, Check}, {"uncheck", 1, 1, kAct, Uncheck},
+      {"type", 2, 4, kAct, Type},   {"append", 2, 2, kAct, Append},
+      {"put", 2, 2, kAct, Put},     {"key", 2, 2, kAct, Key},
+      {"focus", 1, 1, kAct, Focus}, {"pick", 2, 3, kAct, Pick},
+      {"tab", 2, 2, kAct, Tab},     {"slide", 2, 2, kAct, Slide},
+      {"spin", 2, 2, kAct, Spin},   {"hover", 1, 1, kAct, Hover},
+      {"close", 0, 0, kAct, Close}, {"pin", 2, 2, kAct, Pin},
   };
 }
 

@@ -119,10 +119,10 @@ std::optional<Value> DrawnValue(const MapRecorder& map, const std::string& prope
 
 /// "Pin(KEY).PROPERTY": the key may be any text without a closing bracket.
 bool IsPin(const std::string& text, std::string& key, std::string& property) {
-  constexpr std::string_view start = "Pin(";
+  constexpr std::string_view kStart = "Pin(";
   const std::size_t close = text.find(").");
-  if (text.size() < start.size() || !EqualsNoCase(text.substr(0, start.size()), start) || close == std::string::npos) return false;
-  key = text.substr(start.size(), close - start.size());
+  if (text.size() < kStart.size() || !EqualsNoCase(text.substr(0, kStart.size()), kStart) || close == std::string::npos) return false;
+  key = text.substr(kStart.size(), close - kStart.size());
   property = text.substr(close + 2);
   return true;
 }

@@ -50,9 +50,9 @@ std::optional<std::string> Substitution::ValueOf(const std::string& inside) cons
   if (platform::EqualsNoCase(inside, "ThreadID")) return std::to_string(app_.ThreadID());
   if (platform::EqualsNoCase(inside, "DIR")) return surroundings_.directory;
   if (platform::EqualsNoCase(inside, "LOCAL")) return surroundings_.localRoot;
-  constexpr std::string_view query = "value ";
-  if (inside.size() <= query.size() || !platform::EqualsNoCase(inside.substr(0, query.size()), query)) return std::nullopt;
-  const std::string rest = In(inside.substr(query.size()));
+  constexpr std::string_view kQuery = "value ";
+  if (inside.size() <= kQuery.size() || !platform::EqualsNoCase(inside.substr(0, kQuery.size()), kQuery)) return std::nullopt;
+  const std::string rest = In(inside.substr(kQuery.size()));
   const std::size_t blank = rest.find(' ');
   if (blank == std::string::npos) return std::nullopt;
   const auto value = others_.ValueOf(rest.substr(0, blank), rest.substr(blank + 1));

@@ -56,7 +56,7 @@ int RunSql(const std::vector<std::string>& words, const Console& console) {
   DataAccess data;
   const auto database = data.Open(line.Operands()[0]);
   if (IsAction(*statement)) {
-    database->Execute(*statement, line.Has("--skip") ? engine::executeWholeRows : platform::dbFailOnError);
+    database->Execute(*statement, line.Has("--skip") ? engine::kExecuteWholeRows : platform::dbFailOnError);
     console.out << database->RecordsAffected() << (database->RecordsAffected() == 1 ? " row\n" : " rows\n");
     return kDone;
   }

@@ -24,12 +24,12 @@ std::string FullPath(const std::string& folder) {
 
 /// The number in "orv<number>" and what follows; 0 for other names.
 int CompanyIn(const std::string& name, const std::string& behind) {
-  constexpr std::string_view start = "orv";
-  if (!name.starts_with(start) || !name.ends_with(behind) || name.size() <= start.size() + behind.size()) return 0;
+  constexpr std::string_view kStart = "orv";
+  if (!name.starts_with(kStart) || !name.ends_with(behind) || name.size() <= kStart.size() + behind.size()) return 0;
   int number = 0;
   const char* end = name.data() + name.size() - behind.size();
-  const auto [stop, problem] = std::from_chars(name.data() + start.size(), end, number);
-  return problem == std::errc{} && stop == end && number > 0 && name[start.size()] != '0' ? number : 0;
+  const auto [stop, problem] = std::from_chars(name.data() + kStart.size(), end, number);
+  return problem == std::errc{} && stop == end && number > 0 && name[kStart.size()] != '0' ? number : 0;
 }
 
 void AddCompaniesIn(const fs::path& folder, const std::string& behind, std::set<int>& companies) {

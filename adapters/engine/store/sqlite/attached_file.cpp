@@ -40,7 +40,7 @@ std::int64_t AttachedFile::SchemaVersion() { return AskNumber(connection_, "PRAG
 std::vector<std::string> AttachedFile::TableNames() { return ReadTableNames(connection_, alias_); }
 
 std::string AttachedFile::StoredName(std::string_view table) {
-  if (table.empty() || table.front() == ownNameMark) return {};
+  if (table.empty() || table.front() == kOwnNameMark) return {};
   Query query(connection_, "SELECT name FROM " + Own("sqlite_schema") +
                                " WHERE type = 'table' AND name = ?1 COLLATE NOCASE AND substr(name, 1, 7) <> 'sqlite_'");
   query.Bind(1, table);
@@ -75,14 +75,14 @@ std::int64_t AttachedFile::TakeNumber(const platform::TableDefinition& table) {
 
 std::vector<StoredLink> AttachedFile::Links() {
   std::vector<StoredLink> links;
-  Query query(connection_, "SELECT name, path, source FROM " + Own(QuoteName(linksTable)) + " ORDER BY rowid");
+  Query query(connection_, "SELECT name, path, source FROM " + Own(QuoteName(kLinksTable)) + " ORDER BY rowid");
   while (query.Step()) links.push_back({std::string(query.Text(0)), std::string(query.Text(1)), std::string(query.Text(2))});
   return links;
 }
 
 void AttachedFile::AddLink(const StoredLink& link) {
   if (readOnly_) throw errors::ReadOnly();
-  Query query(connection_, "INSERT INTO " + Own(QuoteName(linksTable)) + " (name, path, source) VALUES (?1, ?2, ?3)");
+  Query query(connection_, "INSERT INTO " + Own(QuoteName(kLinksTable)) + " (name, path, source) VALUES (?1, ?2, ?3)");
   query.Bind(1, std::string_view(link.name));
   query.Bind(2, std::string_view(link.path));
   query.Bind(3, std::string_view(link.source));

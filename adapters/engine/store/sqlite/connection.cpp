@@ -11,8 +11,8 @@
 namespace engine {
 namespace {
 
-constexpr std::size_t keptStatements = 256;
-constexpr auto lockStep = std::chrono::milliseconds(15);
+constexpr std::size_t kKeptStatements = 256;
+constexpr auto kLockStep = std::chrono::milliseconds(15);
 
 platform::Error ConstraintError(int code) {
   if (code == SQLITE_CONSTRAINT_NOTNULL) return errors::NullInKey();
@@ -30,8 +30,8 @@ std::string_view WithoutFile(std::string_view name) {
 // What the store tells by words alone: statements deeper than it takes, a sum beyond 64 bits, and a table that another
 // program took away after the statement was planned.
 void RaiseForMessage(std::string_view message) {
-  constexpr std::string_view noTable = "no such table: ";
-  if (message.starts_with(noTable)) throw errors::UnknownTable(WithoutFile(message.substr(noTable.size())));
+  constexpr std::string_view kNoTable = "no such table: ";
+  if (message.starts_with(kNoTable)) throw errors::UnknownTable(WithoutFile(message.substr(kNoTable.size())));
   for (const std::string_view deep : {"parser stack overflow", "Expression tree is too large"}) {
     if (message.starts_with(deep)) throw errors::QueryTooComplex();
   }
@@ -111,7 +111,7 @@ std::shared_ptr<SqliteStatement> Connection::Kept(std::string_view sql) {
   if (bySql_.contains(sql)) return statement;  // the kept one is in use: this one lives for its run alone
   recent_.push_front(statement);
   bySql_.emplace(statement->Sql(), recent_.begin());
-  if (recent_.size() > keptStatements) {
+  if (recent_.size() > kKeptStatements) {
     bySql_.erase(recent_.back()->Sql());
     recent_.pop_back();
   }
@@ -145,7 +145,7 @@ bool Connection::Uses(int file) const {
 
 bool Connection::WaitForLock(std::chrono::steady_clock::time_point start) {
   if (std::chrono::steady_clock::now() - start >= std::chrono::milliseconds(lockWait_)) return false;
-  std::this_thread::sleep_for(lockStep);
+  std::this_thread::sleep_for(kLockStep);
   ServePainting();
   return true;
 }

@@ -11,11 +11,11 @@
 namespace engine {
 namespace {
 
-constexpr int cacheKilobytes = 8192;
+constexpr int kCacheKilobytes = 8192;
 
 // The path as the store's file names want it: with everything but plain signs as %xx.
 std::string FileUri(const std::string& path, std::string_view options) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string uri = "file:";
   for (const char c : path) {
     const auto byte = static_cast<unsigned char>(c);
@@ -25,19 +25,19 @@ std::string FileUri(const std::string& path, std::string_view options) {
       uri += c;
     } else {
       uri += '%';
-      uri += digits[byte >> 4];
-      uri += digits[byte & 15];
+      uri += kDigits[byte >> 4];
+      uri += kDigits[byte & 15];
     }
   }
   return uri.append(options);
 }
 
 std::string InfoQuery(const std::string& alias, std::string_view key) {
-  return "SELECT value FROM " + QuoteName(alias) + '.' + QuoteName(infoTable) + " WHERE key = " + QuoteText(key);
+  return "SELECT value FROM " + QuoteName(alias) + '.' + QuoteName(kInfoTable) + " WHERE key = " + QuoteText(key);
 }
 
 bool HasInfoTable(Connection& connection, const std::string& alias) {
-  return AskNumber(connection, "SELECT count(*) FROM " + QuoteName(alias) + ".sqlite_schema WHERE name = " + QuoteText(infoTable)) == 1;
+  return AskNumber(connection, "SELECT count(*) FROM " + QuoteName(alias) + ".sqlite_schema WHERE name = " + QuoteText(kInfoTable)) == 1;
 }
 
 // Formats and text orders have whole numbers; what can't be read as one is a damaged file.
@@ -83,7 +83,7 @@ std::shared_ptr<AttachedFile> DataFiles::Attach(const std::string& path, const s
   bool workFile = false;
   try {
     if (!HasInfoTable(connection_, alias)) throw errors::UnrecognizedFormat(asked);
-    if (AskInfo(connection_, alias, "format", asked) > fileFormat) throw NewerFormat(asked);
+    if (AskInfo(connection_, alias, "format", asked) > kFileFormat) throw NewerFormat(asked);
     if (AskInfo(connection_, alias, "text order", asked) > kTextOrderVersion) throw NewerFormat(asked);
     workFile = connection_.AskText(InfoQuery(alias, "kind")) == "work";
     Configure(alias);
@@ -103,7 +103,7 @@ std::shared_ptr<AttachedFile> DataFiles::Attach(const std::string& path, const s
 }
 
 void DataFiles::Configure(const std::string& alias) {
-  connection_.Execute("PRAGMA " + QuoteName(alias) + ".cache_size=" + std::to_string(-cacheKilobytes));
+  connection_.Execute("PRAGMA " + QuoteName(alias) + ".cache_size=" + std::to_string(-kCacheKilobytes));
   connection_.Execute("PRAGMA " + QuoteName(alias) + ".mmap_size=0");
 }
 

@@ -18,7 +18,7 @@
 namespace engine {
 namespace {
 
-constexpr std::size_t headerSize = 100;
+constexpr std::size_t kHeaderSize = 100;
 constexpr std::string_view storeMark("SQLite format 3\0", 16);
 constexpr std::string_view formerMark("\0\1\0\0Standard ", 13);  // files of the suite's former engine
 
@@ -46,7 +46,7 @@ class RawFile {
     return file_->pMethods->xFileSize(file_, &size) == SQLITE_OK ? size : -1;
   }
   std::string Start() {
-    std::string bytes(headerSize, '\0');
+    std::string bytes(kHeaderSize, '\0');
     const int code = file_->pMethods->xRead(file_, bytes.data(), static_cast<int>(bytes.size()), 0);
     return code == SQLITE_OK || code == SQLITE_IOERR_SHORT_READ ? bytes : std::string();
   }
@@ -114,10 +114,10 @@ bool LiesOnNetwork(const std::string& path) {
   struct statfs state {};
   if (::statfs(path.c_str(), &state) != 0) return false;
   // NFS, SMB, CIFS, SMB2, NCP, AFS (two kinds), Coda, Ceph, and 9P, by which virtual machines share folders of their host.
-  constexpr std::array<unsigned long, 10> shared{0x6969,     0x517B,     0xFF534D42, 0xFE534D42, 0x564C,
+  constexpr std::array<unsigned long, 10> kShared{0x6969,     0x517B,     0xFF534D42, 0xFE534D42, 0x564C,
                                                  0x5346414F, 0x6B414653, 0x73757245, 0x00C36400, 0x01021997};
   const auto kind = static_cast<unsigned long>(state.f_type) & 0xFFFFFFFFUL;
-  for (const unsigned long known : shared)
+  for (const unsigned long known : kShared)
     if (kind == known) return true;
   return false;
 }
@@ -157,7 +157,7 @@ void RequireDataFile(const std::string& path, const std::string& asked) {
     throw platform::Error(3343, errors::UnrecognizedFormat(asked).Description() +
                                     "  It is a file of the suite's former database engine and must be imported before it can be used.");
   if (size == 0 || !start.starts_with(storeMark)) throw errors::UnrecognizedFormat(asked);
-  if (size < static_cast<std::int64_t>(headerSize) || !LooksWhole(start, size, HasLog(path))) throw errors::NotADatabase(asked);
+  if (size < static_cast<std::int64_t>(kHeaderSize) || !LooksWhole(start, size, HasLog(path))) throw errors::NotADatabase(asked);
 }
 
 }  // namespace engine

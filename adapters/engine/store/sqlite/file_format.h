@@ -11,7 +11,7 @@
 namespace engine {
 
 /// Version of the layout that this engine writes and the newest that it reads.
-inline constexpr int fileFormat = 1;
+inline constexpr int kFileFormat = 1;
 
 platform::Error NewerFormat(const std::string& path);        ///< 3343, made by a newer version
 platform::Error FileExistsAlready(const std::string& path);  ///< 3204

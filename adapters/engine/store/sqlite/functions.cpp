@@ -142,9 +142,9 @@ void RegisterFunctions(Connection& connection) {
   RegisterAll(connection, dialect, false);
   RegisterAll(connection, cells, true);
   const Helper helper{&connection, nullptr, true};
-  constexpr int flags = SQLITE_UTF8 | SQLITE_INNOCUOUS;
-  Register(helper, cells.functionPrefix + cells.cellBegin, 0, flags, BeginCell);
-  Register(helper, cells.functionPrefix + cells.cell, 2, flags, EndCell);
+  constexpr int kFlags = SQLITE_UTF8 | SQLITE_INNOCUOUS;
+  Register(helper, cells.functionPrefix + cells.cellBegin, 0, kFlags, BeginCell);
+  Register(helper, cells.functionPrefix + cells.cell, 2, kFlags, EndCell);
 }
 
 }  // namespace engine

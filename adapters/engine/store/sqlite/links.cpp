@@ -11,12 +11,12 @@
 namespace engine {
 namespace {
 
-constexpr int lockWait = 2000;
+constexpr int kLockWait = 2000;
 
 }  // namespace
 
 std::vector<FileLink> LinksOf(const std::string& path) {
-  Connection connection(lockWait);
+  Connection connection(kLockWait);
   DataFiles files(connection, [](const std::string&) { return false; });
   std::vector<FileLink> links;
   for (const StoredLink& link : files.Open(path)->Links()) links.push_back({link.name, FullLinkPath(link.path, path), link.source});
@@ -24,14 +24,14 @@ std::vector<FileLink> LinksOf(const std::string& path) {
 }
 
 void PointLinks(const std::string& path, std::span<const FileLink> links) {
-  Connection connection(lockWait);
+  Connection connection(kLockWait);
   DataFiles files(connection, [](const std::string&) { return false; });
   const auto file = files.Open(path);
   if (file->ReadOnly()) throw errors::ReadOnly();
   Transaction transaction(connection, Transaction::Kind::Write);
   for (const FileLink& link : links) {
     const std::string stored = LinkPathToStore(link.path, RealFolder(FolderOfPath(link.path)), file->Path());
-    connection.Execute("UPDATE " + QuoteName(file->Qualifier()) + '.' + QuoteName(linksTable) + " SET path = " + QuoteText(stored) +
+    connection.Execute("UPDATE " + QuoteName(file->Qualifier()) + '.' + QuoteName(kLinksTable) + " SET path = " + QuoteText(stored) +
                        ", source = " + QuoteText(link.source) + " WHERE name = " + QuoteText(link.name));
   }
   transaction.Commit();

@@ -8,8 +8,8 @@
 namespace engine {
 
 /// Tables of the store's own, and the hidden row key of tables without a Counter, begin with ownNameMark.
-inline constexpr std::string_view hiddenKey = "~key";
-inline constexpr std::string_view infoTable = "~info";
-inline constexpr std::string_view linksTable = "~links";
+inline constexpr std::string_view kHiddenKey = "~key";
+inline constexpr std::string_view kInfoTable = "~info";
+inline constexpr std::string_view kLinksTable = "~links";
 
 }  // namespace engine

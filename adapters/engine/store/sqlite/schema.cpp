@@ -64,7 +64,7 @@ void ReadFields(Connection& connection, std::string_view file, TableDefinition& 
       columns.push_back({std::string(query.Text(0)), std::string(query.Text(1)), std::string(query.Text(3)), query.Int(2) != 0});
   }
   for (const Column& column : columns) {
-    if (column.name == hiddenKey) continue;
+    if (column.name == kHiddenKey) continue;
     FieldDefinition field;
     field.name = column.name;
     const auto type = ParseDeclaredType(column.type, field.size);
@@ -115,12 +115,12 @@ void ReadIndexes(Connection& connection, std::string_view file, TableDefinition&
 
 std::string RowKeyOf(const TableDefinition& table) {
   const FieldDefinition* counter = CounterOf(table);
-  return counter != nullptr ? counter->name : std::string(hiddenKey);
+  return counter != nullptr ? counter->name : std::string(kHiddenKey);
 }
 
 std::string CreateTableText(std::string_view file, const TableDefinition& table) {
   std::string text = "CREATE TABLE " + QuoteName(file) + '.' + QuoteName(table.name) + " (";
-  if (CounterOf(table) == nullptr) text += QuoteName(hiddenKey) + " INTEGER PRIMARY KEY AUTOINCREMENT, ";
+  if (CounterOf(table) == nullptr) text += QuoteName(kHiddenKey) + " INTEGER PRIMARY KEY AUTOINCREMENT, ";
   for (std::size_t i = 0; i < table.fields.size(); ++i) text += (i == 0 ? "" : ", ") + FieldText(table, table.fields[i]);
   return text + ")";
 }

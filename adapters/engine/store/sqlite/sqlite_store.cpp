@@ -18,9 +18,9 @@ bool SqliteStore::ScansAll(std::string_view sql) {
 }
 
 bool SqliteStore::ReadsCheaply(int rows, const std::function<void()>& read) {
-  constexpr int stepsARow = 60;
+  constexpr int kStepsARow = 60;
   try {
-    const WorkLimit limit(connection_, rows * stepsARow);
+    const WorkLimit limit(connection_, rows * kStepsARow);
     read();
     return true;
   } catch (const WorkLimitReached&) {

@@ -6,7 +6,7 @@
 namespace engine {
 namespace {
 
-constexpr int widestText = 255;
+constexpr int kWidestText = 255;
 
 Emitted NullOf(SqlType type) { return {.sql = "NULL", .type = type, .literal = {}}; }
 
@@ -41,7 +41,7 @@ Emitted Emitter::Sum(bool add, Emitted left, Emitted right) {
   if (add && left.type == SqlType::Text && right.type == SqlType::Text) {
     Emitted joined = Operation(left, "||", right, SqlType::Text, Tightness::Concat);
     joined.sql = Wrap(left, Tightness::Concat) + " || " + Wrap(right, Tightness::Atom);
-    joined.size = left.size == 0 || right.size == 0 ? 0 : std::min(left.size + right.size, widestText);
+    joined.size = left.size == 0 || right.size == 0 ? 0 : std::min(left.size + right.size, kWidestText);
     return joined;
   }
   if (left.type == SqlType::Null || right.type == SqlType::Null) return NullOf(std::max(left.type, right.type));
@@ -91,19 +91,19 @@ Emitted Emitter::Quotient(Emitted left, Emitted right) {
 }
 
 Emitted Emitter::Concat(const std::vector<sql::Expression>& operands) {
-  constexpr std::size_t mostArguments = 100;
+  constexpr std::size_t kMostArguments = 100;
   std::vector<std::string> texts;
   int size = 0;
   bool known = true;
   for (const sql::Expression& operand : operands) {
-    if (texts.size() == mostArguments) texts = {forms_.Call("concat", texts, SqlType::Text).sql};
+    if (texts.size() == kMostArguments) texts = {forms_.Call("concat", texts, SqlType::Text).sql};
     const Emitted text = forms_.Text(Emit(operand));
     known = known && (text.size > 0 || text.IsLiteral());
     size += text.size;
     texts.push_back(text.sql);
   }
   Emitted joined = forms_.Call("concat", texts, SqlType::Text);
-  joined.size = known ? std::min(size, widestText) : 0;
+  joined.size = known ? std::min(size, kWidestText) : 0;
   return joined;
 }
 

@@ -8,9 +8,9 @@ namespace engine {
 
 void Emitter::RequireArguments(const sql::Call& call, std::size_t least, std::size_t most) const {
   if (!call.star && call.arguments.size() >= least && call.arguments.size() <= most) return;
-  constexpr std::string_view message = "Wrong number of arguments used with function";
-  if (callErrors_ == CallErrors::Criterion) throw errors::CriterionExpression(message);
-  throw errors::QueryExpression(message, sql::Print(sql::Expression{.node = call, .span = {}}));
+  constexpr std::string_view kMessage = "Wrong number of arguments used with function";
+  if (callErrors_ == CallErrors::Criterion) throw errors::CriterionExpression(kMessage);
+  throw errors::QueryExpression(kMessage, sql::Print(sql::Expression{.node = call, .span = {}}));
 }
 
 Emitted Emitter::Emit(const sql::Call& call) {

@@ -6,7 +6,7 @@ namespace engine {
 namespace {
 
 // So many operands stand in one row of the store's; more are grouped, as the store takes a row for a deep tree.
-constexpr std::size_t longestRow = 100;
+constexpr std::size_t kLongestRow = 100;
 
 std::string JoinRow(const std::vector<std::string>& parts, std::string_view word) {
   std::string row;
@@ -28,10 +28,10 @@ Emitted Emitter::LogicChain(std::string_view word, Tightness own, const std::vec
   std::vector<std::string> parts;
   parts.reserve(operands.size());
   for (const sql::Expression& operand : operands) parts.push_back(Wrap(ConditionOf(operand), tighter));
-  while (parts.size() > longestRow) {
+  while (parts.size() > kLongestRow) {
     std::vector<std::string> groups;
-    for (std::size_t at = 0; at < parts.size(); at += longestRow) {
-      const std::size_t end = std::min(at + longestRow, parts.size());
+    for (std::size_t at = 0; at < parts.size(); at += kLongestRow) {
+      const std::size_t end = std::min(at + kLongestRow, parts.size());
       const std::vector<std::string> group(parts.begin() + static_cast<std::ptrdiff_t>(at),
                                            parts.begin() + static_cast<std::ptrdiff_t>(end));
       groups.push_back('(' + JoinRow(group, word) + ')');

@@ -12,7 +12,7 @@
 namespace engine {
 namespace {
 
-constexpr int scale = 10'000;
+constexpr int kScale = 10'000;
 
 bool IsNegativeText(const std::string& sql) { return !sql.empty() && sql.front() == '-'; }
 
@@ -30,7 +30,7 @@ Emitted Forms::Constant(const platform::Value& value) const {
 
 std::string ScaledConstant(const platform::Value& number) {
   if (number.Kind() != platform::ValueKind::Double) {
-    return std::to_string(std::int64_t{platform::CLng(number)} * scale);
+    return std::to_string(std::int64_t{platform::CLng(number)} * kScale);
   }
   // The shortest decimal of the number with its mark moved: no rounding on the way.
   std::array<char, 40> buffer{};
@@ -46,8 +46,8 @@ std::string ScaledConstant(const platform::Value& number) {
     digits.erase(mark, 1);
   }
   exponent += 4;
-  constexpr std::size_t safeDigits = 18;
-  if (exponent < 0 || digits.size() + static_cast<std::size_t>(exponent) > safeDigits) return digits + ".0e" + std::to_string(exponent);
+  constexpr std::size_t kSafeDigits = 18;
+  if (exponent < 0 || digits.size() + static_cast<std::size_t>(exponent) > kSafeDigits) return digits + ".0e" + std::to_string(exponent);
   return digits + std::string(static_cast<std::size_t>(exponent), '0');
 }
 
@@ -141,7 +141,7 @@ Emitted Forms::Currency(Emitted expression) const {
 
 Emitted Forms::Text(Emitted expression, bool forLike) const {
   expression = Stored(std::move(expression));
-  constexpr int longestNumber = 30;
+  constexpr int kLongestNumber = 30;
   Emitted text;
   switch (expression.type) {
     case SqlType::Null:
@@ -160,7 +160,7 @@ Emitted Forms::Text(Emitted expression, bool forLike) const {
       text = Call("textnum", expression, SqlType::Text);
       break;
   }
-  text.size = longestNumber;
+  text.size = kLongestNumber;
   return text;
 }
 

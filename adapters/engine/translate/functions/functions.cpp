@@ -47,9 +47,9 @@ Result InStr(Arguments a) {
 }
 Result Str(Arguments a) { return platform::Str(RealOf(a[0])); }
 Result Space(Arguments a) {
-  constexpr int most = 65'535;
+  constexpr int kMost = 65'535;
   const int count = CountOf(a[0]);
-  if (count < 0 || count > most) throw platform::error::InvalidCall();
+  if (count < 0 || count > kMost) throw platform::error::InvalidCall();
   return std::string(static_cast<std::size_t>(count), ' ');
 }
 Result IsNumeric(Arguments a) { return Truth(platform::IsNumeric(ValueOf(a[0]))); }
@@ -102,7 +102,7 @@ Result DateSerial(Arguments a) {
   return IsoOfSerial(first->serial + CountOf(a[2]) - 1);
 }
 
-constexpr std::array<SqlFunction, 32> functions{{
+constexpr std::array<SqlFunction, 32> kFunctions{{
     {"abs", "n", 1, SqlType::Double, NullStays<Abs>},  //
     {"cbool", "v", 1, SqlType::Boolean, NullStays<CBool>},
     {"cbyte", "v", 1, SqlType::Byte, NullStays<CByte>},
@@ -139,12 +139,12 @@ constexpr std::array<SqlFunction, 32> functions{{
 
 }  // namespace
 
-std::span<const SqlFunction> SqlFunctions() { return functions; }
+std::span<const SqlFunction> SqlFunctions() { return kFunctions; }
 
 const SqlFunction* FindSqlFunction(std::string_view name) {
   const std::string lower = platform::ToLowerAscii(name);
-  const auto at = std::ranges::find(functions, std::string_view(lower), &SqlFunction::name);
-  return at == functions.end() ? nullptr : &*at;
+  const auto at = std::ranges::find(kFunctions, std::string_view(lower), &SqlFunction::name);
+  return at == kFunctions.end() ? nullptr : &*at;
 }
 
 }  // namespace engine

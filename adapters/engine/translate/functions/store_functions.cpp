@@ -15,7 +15,7 @@ namespace {
 
 using Result = StoredValue;
 
-constexpr std::int64_t scale = 10'000;
+constexpr std::int64_t kScale = 10'000;
 
 template <auto Function>
 Result NullStays(Arguments arguments) {
@@ -75,10 +75,10 @@ Result MulCur(Arguments a) {
   const auto* right = std::get_if<std::int64_t>(&a[1]);
   if (left == nullptr || right == nullptr) throw platform::error::Overflow();
   const Wide product = Wide{*left} * *right;
-  Wide quotient = product / scale;
-  const Wide rest = product < 0 ? -(product % scale) : product % scale;
+  Wide quotient = product / kScale;
+  const Wide rest = product < 0 ? -(product % kScale) : product % kScale;
   const Wide step = product < 0 ? -1 : 1;
-  if (rest * 2 > scale || (rest * 2 == scale && quotient % 2 != 0)) quotient += step;
+  if (rest * 2 > kScale || (rest * 2 == kScale && quotient % 2 != 0)) quotient += step;
   if (quotient < std::numeric_limits<std::int64_t>::min() || quotient > std::numeric_limits<std::int64_t>::max())
     throw platform::error::Overflow();
   return static_cast<std::int64_t>(quotient);
@@ -139,20 +139,20 @@ Result TimeOf(Arguments a) {
   return IsoText({serial - std::floor(serial)});
 }
 
-constexpr auto fitByte = Fit<0, 255>;
-constexpr auto fitShort = Fit<std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()>;
-constexpr auto fitLong = Fit<std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()>;
-constexpr auto fitCur = Fit<std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()>;
+constexpr auto kFitByte = Fit<0, 255>;
+constexpr auto kFitShort = Fit<std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()>;
+constexpr auto kFitLong = Fit<std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()>;
+constexpr auto kFitCur = Fit<std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()>;
 
-constexpr std::array<StoreFunction, 26> helpers{{
+constexpr std::array<StoreFunction, 26> kHelpers{{
     {"cdate", 2, NullStays<CDate>},
     {"concat", -1, Concat},
     {"dayof", 1, NullStays<DayOf>},
     {"divide", 2, NullStays<Divide>},
-    {"fitbyte", 1, NullStays<fitByte>},
-    {"fitcur", 1, NullStays<fitCur>},
-    {"fitlong", 1, NullStays<fitLong>},
-    {"fitshort", 1, NullStays<fitShort>},
+    {"fitbyte", 1, NullStays<kFitByte>},
+    {"fitcur", 1, NullStays<kFitCur>},
+    {"fitlong", 1, NullStays<kFitLong>},
+    {"fitshort", 1, NullStays<kFitShort>},
     {"format", 3, FormatValue},
     {"formatbool", 2, FormatBool},
     {"formatcur", 2, FormatCur},
@@ -174,7 +174,7 @@ constexpr std::array<StoreFunction, 26> helpers{{
 }};
 
 std::vector<StoreFunction> AllFunctions() {
-  std::vector<StoreFunction> all(helpers.begin(), helpers.end());
+  std::vector<StoreFunction> all(kHelpers.begin(), kHelpers.end());
   for (const SqlFunction& function : SqlFunctions()) {
     const int most = static_cast<int>(function.parameters.size());
     all.push_back({function.name, static_cast<int>(function.least) == most ? most : -1, function.call});

@@ -53,9 +53,9 @@ inline platform::Date DateOf(const StoredValue& value) {
 
 /// The stored text of a serial (6 outside the calendar).
 inline std::string IsoOfSerial(double serial) {
-  constexpr double first = -657434;
-  constexpr double behind = 2958466;
-  if (!(serial > first - 1 && serial < behind)) throw platform::error::Overflow();
+  constexpr double kFirst = -657434;
+  constexpr double kBehind = 2958466;
+  if (!(serial > kFirst - 1 && serial < kBehind)) throw platform::error::Overflow();
   return IsoText({serial});
 }
 

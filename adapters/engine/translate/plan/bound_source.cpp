@@ -7,7 +7,7 @@
 namespace engine {
 namespace {
 
-constexpr std::size_t mostTables = 32;
+constexpr std::size_t kMostTables = 32;
 
 bool HasInner(const sql::Source& source) {
   const auto* join = std::get_if<sql::Join>(&source.node);
@@ -38,7 +38,7 @@ BoundSource BoundSources::Bind(const sql::Source& source, Catalogue& catalogue, 
   if (const auto* name = std::get_if<sql::TableName>(&source.node)) {
     const ResolvedTable* table = inFile ? catalogue.FindTable(name->name, *inFile) : catalogue.FindTable(name->name);
     if (table == nullptr) throw errors::UnknownTable(name->name);
-    if (tables.size() == mostTables) throw errors::QueryTooComplex();
+    if (tables.size() == kMostTables) throw errors::QueryTooComplex();
     bound.table = static_cast<int>(tables.size());
     bound.tables = TableBit(bound.table);
     tables.push_back({.table = table, .name = name->Visible(), .alias = {}});

@@ -36,8 +36,8 @@ std::optional<Value> ExactNumber(double number, FieldType type) {
       if (number != std::trunc(number) || std::fabs(number) > std::numeric_limits<std::int32_t>::max()) return std::nullopt;
       return Value(static_cast<std::int32_t>(number));
     case FieldType::Currency: {
-      constexpr double widest = 9e11;  // every amount below it is a real number's nearest
-      if (std::fabs(number) > widest) return std::nullopt;
+      constexpr double kWidest = 9e11;  // every amount below it is a real number's nearest
+      if (std::fabs(number) > kWidest) return std::nullopt;
       const platform::Currency amount = platform::CCur(number);
       if (platform::CDbl(amount) != number) return std::nullopt;
       return Value(amount);

@@ -58,8 +58,8 @@ class Builder {
         if (output.name.empty()) output.name = Table(field->table).table->definition.fields[static_cast<std::size_t>(field->field)].name;
       }
     }
-    constexpr int firstUnnamed = 1000;
-    if (output.name.empty()) output.name = "Expr" + std::to_string(firstUnnamed + unnamed_++);
+    constexpr int kFirstUnnamed = 1000;
+    if (output.name.empty()) output.name = "Expr" + std::to_string(kFirstUnnamed + unnamed_++);
     Add(std::move(output), !item.alias.empty());
   }
 

@@ -11,7 +11,7 @@
 namespace engine {
 namespace {
 
-constexpr int widestText = 255;
+constexpr int kWidestText = 255;
 
 bool IsUnique(const platform::TableDefinition& definition, int field) {
   const platform::FieldDefinition& wanted = definition.fields[static_cast<std::size_t>(field)];
@@ -119,7 +119,7 @@ PlanColumn SelectPlanner::ColumnOf(const Output& output) {
   if (output.expression == nullptr) throw errors::NotInAggregate(output.name);
   const Emitted value = outputEmitter_.GetForms().Cell(outputEmitter_.Value(*output.expression));
   column.type = value.memo ? platform::FieldType::Memo : FieldTypeOf(value.type);
-  if (column.type == platform::FieldType::Text) column.size = value.size > 0 ? std::min(value.size, widestText) : widestText;
+  if (column.type == platform::FieldType::Text) column.size = value.size > 0 ? std::min(value.size, kWidestText) : kWidestText;
   // Equal texts are one row only where the text order says so.
   column.sql = plan_.distinct && value.type == SqlType::Text ? outputEmitter_.GetForms().Collated(value) : value.sql;
   return column;

@@ -13,12 +13,12 @@
 namespace engine {
 namespace {
 
-constexpr int lockWait = 10'000;
+constexpr int kLockWait = 10'000;
 
 class TableBulkWriter final : public BulkWriter {
  public:
   TableBulkWriter(const std::string& path, std::string_view table, std::span<const std::string> fields)
-      : connection_(lockWait), files_(connection_, [](const std::string&) { return false; }), file_(files_.Open(path)) {
+      : connection_(kLockWait), files_(connection_, [](const std::string&) { return false; }), file_(files_.Open(path)) {
     if (file_->ReadOnly()) throw errors::ReadOnly();
     // Room for sorting the indexes; everything reaches the disk in Finish.
     connection_.Execute("PRAGMA " + file_->Qualifier() + ".cache_size=-131072");

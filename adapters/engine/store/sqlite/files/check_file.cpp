@@ -18,7 +18,7 @@ using platform::FieldDefinition;
 using platform::IndexDefinition;
 using platform::TableDefinition;
 
-constexpr int lockWait = 2000;
+constexpr int kLockWait = 2000;
 using Findings = std::vector<std::string>;
 
 std::string TypeText(const FieldDefinition& field) {
@@ -74,7 +74,7 @@ void CheckStore(Connection& connection, const std::string& alias, Findings& find
 std::vector<std::string> CheckDataFile(const std::string& path, std::span<const TableDefinition> expected) {
   Findings findings;
   try {
-    Connection connection(lockWait);
+    Connection connection(kLockWait);
     DataFiles files(connection, [](const std::string&) { return false; });
     const auto file = files.Open(path);
     CheckStore(connection, file->Qualifier(), findings);

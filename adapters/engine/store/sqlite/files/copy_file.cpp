@@ -13,8 +13,8 @@
 namespace engine {
 namespace {
 
-constexpr int lockWait = 2000;
-constexpr int pagesAStep = 2048;
+constexpr int kLockWait = 2000;
+constexpr int kPagesAStep = 2048;
 
 std::string FolderOf(const std::string& path) {
   const auto slash = path.rfind('/');
@@ -24,7 +24,7 @@ std::string FolderOf(const std::string& path) {
 /// All pages, step by step; the store's result.
 int CopyPages(sqlite3_backup* backup, const std::function<void(int, int)>& progress) {
   int code = SQLITE_OK;
-  while ((code = sqlite3_backup_step(backup, pagesAStep)) == SQLITE_OK || code == SQLITE_BUSY || code == SQLITE_LOCKED) {
+  while ((code = sqlite3_backup_step(backup, kPagesAStep)) == SQLITE_OK || code == SQLITE_BUSY || code == SQLITE_LOCKED) {
     const int all = sqlite3_backup_pagecount(backup);
     if (progress) progress(all - sqlite3_backup_remaining(backup), all);
     if (code != SQLITE_OK) sqlite3_sleep(20);
@@ -61,7 +61,7 @@ void CopyAttachedFile(Connection& connection, const std::string& alias, const st
 
 void BackupDataFile(const std::string& from, const std::string& to, const std::function<void(int, int)>& progress) {
   RequireNewPath(to);
-  Connection connection(lockWait);
+  Connection connection(kLockWait);
   DataFiles files(connection, [](const std::string&) { return false; });
   const auto source = files.Open(from);
 

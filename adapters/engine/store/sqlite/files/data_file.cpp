@@ -18,7 +18,7 @@
 namespace engine {
 namespace {
 
-constexpr int lockWait = 2000;
+constexpr int kLockWait = 2000;
 
 /// A file that is being made, beside its later place and under a name that no other program uses. What is not moved into place is
 /// deleted.
@@ -60,12 +60,12 @@ void MakeEmptyStore(const std::string& path, const std::string& asked) {
 
 void WriteTables(Connection& connection, std::span<const platform::TableDefinition> tables, bool workFile) {
   const std::string file = "f1";
-  const std::string info = "\"f1\"." + QuoteName(infoTable);
+  const std::string info = "\"f1\"." + QuoteName(kInfoTable);
   Transaction transaction(connection, Transaction::Kind::Write);
   connection.Execute("CREATE TABLE " + info + " (key TEXT PRIMARY KEY, value TEXT)");
-  connection.Execute("INSERT INTO " + info + " VALUES ('format', '" + std::to_string(fileFormat) + "'), ('text order', '" +
+  connection.Execute("INSERT INTO " + info + " VALUES ('format', '" + std::to_string(kFileFormat) + "'), ('text order', '" +
                      std::to_string(kTextOrderVersion) + "'), ('kind', '" + (workFile ? "work" : "company") + "')");
-  connection.Execute("CREATE TABLE \"f1\"." + QuoteName(linksTable) + " (name TEXT PRIMARY KEY COLLATE NOCASE, path TEXT, source TEXT)");
+  connection.Execute("CREATE TABLE \"f1\"." + QuoteName(kLinksTable) + " (name TEXT PRIMARY KEY COLLATE NOCASE, path TEXT, source TEXT)");
   for (const platform::TableDefinition& table : tables) {
     connection.Execute(CreateTableText(file, table));
     for (const std::string& text : CreateIndexTexts(file, table)) connection.Execute(text);
@@ -93,7 +93,7 @@ void CreateDataFile(const std::string& path, std::span<const platform::TableDefi
   const UnfinishedFile file(path);
   MakeEmptyStore(file.Path(), path);
   {
-    Connection connection(lockWait);
+    Connection connection(kLockWait);
     connection.NameFile(1, path);
     connection.Execute("ATTACH " + QuoteText(file.Path()) + " AS \"f1\"");
     connection.Execute(std::string("PRAGMA \"f1\".synchronous=") + (workFile ? "OFF" : "FULL"));

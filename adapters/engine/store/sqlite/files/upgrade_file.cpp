@@ -17,7 +17,7 @@ using platform::FieldDefinition;
 using platform::IndexDefinition;
 using platform::TableDefinition;
 
-constexpr int lockWait = 2000;
+constexpr int kLockWait = 2000;
 
 /// What a file lacks: statements in their order, and the sentences that tell of them.
 struct Additions {
@@ -76,7 +76,7 @@ void Seclude(Connection& connection, const AttachedFile& file, const std::string
   try {
     // The lock is taken by the first unit that writes, and kept.
     Transaction first(connection, Transaction::Kind::Write);
-    connection.Execute("UPDATE " + QuoteName(file.Qualifier()) + '.' + QuoteName(infoTable) + " SET value=value WHERE key='format'");
+    connection.Execute("UPDATE " + QuoteName(file.Qualifier()) + '.' + QuoteName(kInfoTable) + " SET value=value WHERE key='format'");
     first.Commit();
   } catch (const platform::Error& error) {
     if (error.Number() == kLocked) throw errors::FileInUse(path);
@@ -88,7 +88,7 @@ void Seclude(Connection& connection, const AttachedFile& file, const std::string
 
 std::vector<std::string> UpgradeDataFile(const std::string& path, std::span<const TableDefinition> expected, const std::string& copy,
                                          const std::function<void(int, int)>& progress) {
-  Connection connection(lockWait);
+  Connection connection(kLockWait);
   DataFiles files(connection, [](const std::string&) { return false; });
   const auto file = files.Open(path);
   if (LookForAdditions(connection, *file, expected).statements.empty()) return {};

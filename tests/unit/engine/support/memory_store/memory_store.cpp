@@ -122,7 +122,7 @@ class MemoryFile final : public engine::StoreFile {
   std::string RowKeyOf(const platform::TableDefinition& table) const override {
     const Table& own = *file_->Find(table.name);
     const int counter = own.Counter();
-    return counter < 0 ? std::string(hiddenKey) : own.definition.fields[static_cast<std::size_t>(counter)].name;
+    return counter < 0 ? std::string(kHiddenKey) : own.definition.fields[static_cast<std::size_t>(counter)].name;
   }
   std::int64_t TakeNumber(const platform::TableDefinition& table) override {
     Table& own = *file_->Find(table.name);

@@ -16,7 +16,7 @@ namespace memory_store {
 
 using engine::StoredValue;
 
-inline constexpr std::string_view hiddenKey = "rowkey_";
+inline constexpr std::string_view kHiddenKey = "rowkey_";
 
 /// A table with its rows by their row keys. A Counter's cell is the row key.
 struct Table {
@@ -33,7 +33,7 @@ struct Table {
   int Column(std::string_view name) const {
     for (std::size_t i = 0; i < definition.fields.size(); ++i)
       if (platform::EqualsNoCase(definition.fields[i].name, name)) return static_cast<int>(i);
-    return Counter() < 0 && name == hiddenKey ? -1 : -2;
+    return Counter() < 0 && name == kHiddenKey ? -1 : -2;
   }
 };
 

@@ -16,6 +16,8 @@ std::vector<int> Columns(const Table& table, const std::vector<std::string>& nam
 void CheckKeys(const Table& table, std::int64_t rowKey, const std::vector<StoredValue>& cells) {
   for (const platform::IndexDefinition& index : table.definition.indexes) {
     if (!index.unique && !index.primary) continue;
+    // The Counter's own number is the row key.
+    if (index.fields.size() == 1 && table.Column(index.fields.front()) == table.Counter()) continue;
     const auto valuesOf = [columns = Columns(table, index.fields)](const std::vector<StoredValue>& row) {
       std::vector<StoredValue> values;
       for (const int column : columns) values.push_back(row.at(static_cast<std::size_t>(column)));

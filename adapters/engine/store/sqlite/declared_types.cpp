@@ -37,8 +37,9 @@ std::optional<FieldType> ParseDeclaredType(std::string_view declared, int& size)
     if (platform::EqualsNoCase(word, declared)) return type;
   constexpr std::string_view kText = "TEXT(";
   if (declared.size() <= kText.size() || !platform::EqualsNoCase(declared.substr(0, kText.size()), kText)) return {};
-  const auto result = std::from_chars(declared.data() + kText.size(), declared.data() + declared.size(), size);
-  if (result.ec != std::errc() || *result.ptr != ')') return {};
+  const char* const end = declared.data() + declared.size();
+  const auto result = std::from_chars(declared.data() + kText.size(), end, size);
+  if (result.ec != std::errc() || std::string_view(result.ptr, end) != ")") return {};
   return FieldType::Text;
 }
 

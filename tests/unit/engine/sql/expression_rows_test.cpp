@@ -200,6 +200,7 @@ TEST_F(ExpressionRows, ThreeValuedLogic) {
   EXPECT_EQ(Give("L Is Null", 3), "True");
   EXPECT_EQ(Give("L Is Not Null"), "True");
   EXPECT_EQ(Give("L Between 1 And Null"), "Null");
+  EXPECT_EQ(Give("L Between Null And 1"), "Null");
   EXPECT_EQ(Give("L In (1, Null)"), "Null");
   EXPECT_EQ(Give("L In (2147483647, Null)"), "True");
   EXPECT_FALSE(Selects("Not (L = Null)"));

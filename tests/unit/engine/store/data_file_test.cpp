@@ -121,6 +121,11 @@ TEST_F(DataFileTest, TruncatedAndDamagedFiles) {
   EXPECT_EQ(OpenError(Path("noise.zdb")), 3049);
 }
 
+TEST_F(DataFileTest, APathThatIsNotThereLiesOnNoNetwork) {
+  EXPECT_FALSE(LiesOnNetwork(Path("nowhere")));
+  EXPECT_EQ(ErrorOf([&] { BackupDataFile(Make(), Path("nowhere/copy.zdb")); }), 3044);
+}
+
 TEST_F(DataFileTest, FilesOnANetworkAreRefused) {
   const std::string path = Make();
   const auto network = [&](const std::string& asked) { return asked == path; };

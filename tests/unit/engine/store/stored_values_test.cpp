@@ -66,6 +66,13 @@ TEST(DeclaredTypes, ComeBackAsTheyWere) {
   EXPECT_EQ(size, 30);
   EXPECT_FALSE(ParseDeclaredType("VARCHAR(30)", size));
   EXPECT_FALSE(ParseDeclaredType("", size));
+  // As long as "TEXT(" and with a number behind it: another store's type all the same.
+  EXPECT_FALSE(ParseDeclaredType("BLOB(20)", size));
+  EXPECT_FALSE(ParseDeclaredType("TEXT(", size));
+  EXPECT_FALSE(ParseDeclaredType("TEXT()", size));
+  EXPECT_FALSE(ParseDeclaredType("TEXT(x)", size));
+  EXPECT_FALSE(ParseDeclaredType("TEXT(20]", size));
+  EXPECT_FALSE(ParseDeclaredType(std::string_view("TEXT(20)").substr(0, 7), size)) << "what stands behind the text is no part of it";
 }
 
 }  // namespace

@@ -79,8 +79,10 @@ void OptionButton::Value(bool on) {
 bool OptionButton::IsTabStop() const {
   if (value_) return true;
   return std::none_of(Owner().Controls().begin(), Owner().Controls().end(), [this](const Control* other) {
+    // The cheap test first: a focus that has to leave asks every choice about every control.
+    if (other == this || other->Name() != Name()) return false;
     const auto* sibling = dynamic_cast<const OptionButton*>(other);
-    if (!sibling || sibling == this || sibling->Name() != Name()) return false;
+    if (!sibling) return false;
     if (!sibling->OpenToUser()) return false;
     return sibling->Value() || sibling->Index() < Index();
   });

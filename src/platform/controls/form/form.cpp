@@ -78,7 +78,7 @@ Control* Form::NextInTabOrder(const Control* from, bool backwards) const {
   for (std::size_t step = 0; step < count; ++step) {
     at = backwards ? (at + count - 1) % count : (at + 1) % count;
     Control* control = controls_[at];
-    if (control != from && control->TakesFocus() && control->IsTabStop() && control->OpenToUser()) return control;
+    if (control != from && control->TakesFocus() && control->OpenToUser() && control->IsTabStop()) return control;
   }
   return nullptr;
 }

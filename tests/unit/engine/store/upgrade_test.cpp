@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "engine/data_file.h"
 #include "engine/engine.h"
@@ -91,6 +92,14 @@ TEST_F(UpgradeTest, ACopyIsNeverWrittenOverAnotherFile) {
   EXPECT_THAT(CheckDataFile(file, std::vector<TableDefinition>{OldPeople()}), IsEmpty());
 }
 
+TEST_F(UpgradeTest, WhatAKilledRunLeftOfACopyIsWrittenAnew) {
+  const std::string file = Old();
+  std::ofstream(Path("a.before.unfinished")) << "half a file";
+  EXPECT_FALSE(UpgradeDataFile(file, now_, Path("a.before")).empty());
+  EXPECT_THAT(CheckDataFile(Path("a.before"), std::vector<TableDefinition>{OldPeople()}), IsEmpty());
+  EXPECT_FALSE(std::filesystem::exists(Path("a.before.unfinished")));
+}
+
 TEST_F(UpgradeTest, AKeyThatIsLackingIsRefusedBeforeAnythingChanges) {
   const std::string file = Old();
   std::vector<TableDefinition> tables = now_;
@@ -127,6 +136,11 @@ TEST_F(UpgradeTest, KilledHalfWayTheFileIsTheOldOneOrTheNewOne) {
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
 
+    // What bears the copy's name is the whole file.
+    const std::string copy = Path("copy" + std::to_string(round));
+    if (std::filesystem::exists(copy)) {
+      ASSERT_THAT(CheckDataFile(copy, std::vector<TableDefinition>{OldPeople()}), IsEmpty()) << "round " << round;
+    }
     const bool isNew = CheckDataFile(file, now_).empty();
     const bool isOld = CheckDataFile(file, std::vector<TableDefinition>{OldPeople()}).empty();
     ASSERT_NE(isNew, isOld) << "round " << round;

@@ -1,10 +1,9 @@
 #include <algorithm>
 
 #include "engine/data_file.h"
-#include "engine/store/sqlite/connection.h"
-#include "engine/store/sqlite/data_files.h"
 #include "engine/store/sqlite/declared_types.h"
 #include "engine/store/sqlite/files/find_by_name.h"
+#include "engine/store/sqlite/files/opened_file.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
 #include "platform/values/error.h"
@@ -18,7 +17,6 @@ using platform::FieldDefinition;
 using platform::IndexDefinition;
 using platform::TableDefinition;
 
-constexpr int kLockWait = 2000;
 using Findings = std::vector<std::string>;
 
 std::string TypeText(const FieldDefinition& field) {
@@ -74,9 +72,9 @@ void CheckStore(Connection& connection, const std::string& alias, Findings& find
 std::vector<std::string> CheckDataFile(const std::string& path, std::span<const TableDefinition> expected) {
   Findings findings;
   try {
-    Connection connection(kLockWait);
-    DataFiles files(connection, [](const std::string&) { return false; });
-    const auto file = files.Open(path);
+    OpenedFile opened(path);
+    Connection& connection = opened.connection;
+    const auto& file = opened.file;
     CheckStore(connection, file->Qualifier(), findings);
     const auto names = file->TableNames();
     for (const TableDefinition& table : expected) {

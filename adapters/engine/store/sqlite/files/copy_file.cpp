@@ -7,13 +7,11 @@
 
 #include "engine/data_file.h"
 #include "engine/errors.h"
-#include "engine/store/sqlite/connection.h"
-#include "engine/store/sqlite/data_files.h"
+#include "engine/store/sqlite/files/opened_file.h"
 
 namespace engine {
 namespace {
 
-constexpr int kLockWait = 2000;
 constexpr int kPagesAStep = 2048;
 
 std::string FolderOf(const std::string& path) {
@@ -61,9 +59,9 @@ void CopyAttachedFile(Connection& connection, const std::string& alias, const st
 
 void BackupDataFile(const std::string& from, const std::string& to, const std::function<void(int, int)>& progress) {
   RequireNewPath(to);
-  Connection connection(kLockWait);
-  DataFiles files(connection, [](const std::string&) { return false; });
-  const auto source = files.Open(from);
+  OpenedFile opened(from);
+  Connection& connection = opened.connection;
+  const auto& source = opened.file;
 
   // One reading transaction over the whole copy: writers go on, and the copy shows one moment.
   Transaction snapshot(connection, Transaction::Kind::Read);

@@ -11,14 +11,13 @@
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/data_files.h"
 #include "engine/store/sqlite/files/copy_file.h"
+#include "engine/store/sqlite/files/opened_file.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
 #include "engine/text/text_order.h"
 
 namespace engine {
 namespace {
-
-constexpr int kLockWait = 2000;
 
 /// A file that is being made, beside its later place and under a name that no other program uses. What is not moved into place is
 /// deleted.
@@ -93,7 +92,7 @@ void CreateDataFile(const std::string& path, std::span<const platform::TableDefi
   const UnfinishedFile file(path);
   MakeEmptyStore(file.Path(), path);
   {
-    Connection connection(kLockWait);
+    Connection connection(kToolLockWait);
     connection.NameFile(1, path);
     connection.Execute("ATTACH " + QuoteText(file.Path()) + " AS \"f1\"");
     connection.Execute(std::string("PRAGMA \"f1\".synchronous=") + (workFile ? "OFF" : "FULL"));

@@ -2,20 +2,16 @@
 
 #include "engine/data_file.h"
 #include "engine/errors.h"
-#include "engine/store/sqlite/connection.h"
-#include "engine/store/sqlite/data_files.h"
+#include "engine/store/sqlite/files/opened_file.h"
 #include "engine/store/sqlite/names.h"
 #include "platform/values/text.h"
 
 namespace engine {
-namespace {
-constexpr int kLockWait = 2000;
-}
 
 void DropTable(const std::string& path, std::string_view table) {
-  Connection connection(kLockWait);
-  DataFiles files(connection, [](const std::string&) { return false; });
-  const auto file = files.Open(path);
+  OpenedFile opened(path);
+  Connection& connection = opened.connection;
+  const auto& file = opened.file;
   const std::vector<std::string> tables = file->TableNames();
   const std::vector<StoredLink> links = file->Links();
   const auto isTable = std::find_if(tables.begin(), tables.end(), [&](const auto& name) { return platform::EqualsNoCase(name, table); });

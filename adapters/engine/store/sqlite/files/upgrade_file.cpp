@@ -1,11 +1,11 @@
 #include <algorithm>
+#include <cstdio>
 
 #include "engine/data_file.h"
 #include "engine/errors.h"
-#include "engine/store/sqlite/connection.h"
-#include "engine/store/sqlite/data_files.h"
 #include "engine/store/sqlite/files/copy_file.h"
 #include "engine/store/sqlite/files/find_by_name.h"
+#include "engine/store/sqlite/files/opened_file.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
 #include "platform/values/text.h"
@@ -17,7 +17,6 @@ using platform::FieldDefinition;
 using platform::IndexDefinition;
 using platform::TableDefinition;
 
-constexpr int kLockWait = 2000;
 
 /// What a file lacks: statements in their order, and the sentences that tell of them.
 struct Additions {
@@ -68,8 +67,6 @@ Additions LookForAdditions(Connection& connection, AttachedFile& file, std::span
   return additions;
 }
 
-constexpr int kLocked = 3218;
-
 /// Takes the file for this connection alone until it closes. Raises 3045 when somebody keeps it open.
 void Seclude(Connection& connection, const AttachedFile& file, const std::string& path) {
   connection.Execute("PRAGMA " + QuoteName(file.Qualifier()) + ".locking_mode=EXCLUSIVE");
@@ -79,18 +76,26 @@ void Seclude(Connection& connection, const AttachedFile& file, const std::string
     connection.Execute("UPDATE " + QuoteName(file.Qualifier()) + '.' + QuoteName(kInfoTable) + " SET value=value WHERE key='format'");
     first.Commit();
   } catch (const platform::Error& error) {
-    if (error.Number() == kLocked) throw errors::FileInUse(path);
+    if (error.Number() == errors::number::UpdateLocked) throw errors::FileInUse(path);
     throw;
   }
+}
+
+/// The copy has its name when it is whole; what a killed run left of one is written anew.
+void KeepAsItWas(Connection& connection, const AttachedFile& file, const std::string& copy, const std::function<void(int, int)>& progress) {
+  const std::string unfinished = copy + ".unfinished";
+  for (const char* suffix : {"", "-journal", "-wal", "-shm"}) std::remove((unfinished + suffix).c_str());
+  CopyAttachedFile(connection, file.Qualifier(), unfinished, progress);
+  if (!MoveIntoPlace(unfinished, copy)) throw FileExistsAlready(copy);
 }
 
 }  // namespace
 
 std::vector<std::string> UpgradeDataFile(const std::string& path, std::span<const TableDefinition> expected, const std::string& copy,
                                          const std::function<void(int, int)>& progress) {
-  Connection connection(kLockWait);
-  DataFiles files(connection, [](const std::string&) { return false; });
-  const auto file = files.Open(path);
+  OpenedFile opened(path);
+  Connection& connection = opened.connection;
+  const auto& file = opened.file;
   if (LookForAdditions(connection, *file, expected).statements.empty()) return {};
   if (file->ReadOnly()) throw errors::ReadOnly();
   RequireNewPath(copy);
@@ -98,7 +103,7 @@ std::vector<std::string> UpgradeDataFile(const std::string& path, std::span<cons
   // Another upgrade may have come first.
   const Additions additions = LookForAdditions(connection, *file, expected);
   if (additions.statements.empty()) return {};
-  CopyAttachedFile(connection, file->Qualifier(), copy, progress);
+  KeepAsItWas(connection, *file, copy, progress);
 
   Transaction upgrade(connection, Transaction::Kind::Write);
   for (const std::string& statement : additions.statements) connection.Execute(statement);

@@ -4,29 +4,22 @@
 #include "engine/data_file.h"
 #include "engine/errors.h"
 #include "engine/store/link_paths.h"
-#include "engine/store/sqlite/connection.h"
-#include "engine/store/sqlite/data_files.h"
+#include "engine/store/sqlite/files/opened_file.h"
 #include "engine/store/sqlite/names.h"
 
 namespace engine {
-namespace {
-
-constexpr int kLockWait = 2000;
-
-}  // namespace
 
 std::vector<FileLink> LinksOf(const std::string& path) {
-  Connection connection(kLockWait);
-  DataFiles files(connection, [](const std::string&) { return false; });
+  const OpenedFile opened(path);
   std::vector<FileLink> links;
-  for (const StoredLink& link : files.Open(path)->Links()) links.push_back({link.name, FullLinkPath(link.path, path), link.source});
+  for (const StoredLink& link : opened.file->Links()) links.push_back({link.name, FullLinkPath(link.path, path), link.source});
   return links;
 }
 
 void PointLinks(const std::string& path, std::span<const FileLink> links) {
-  Connection connection(kLockWait);
-  DataFiles files(connection, [](const std::string&) { return false; });
-  const auto file = files.Open(path);
+  OpenedFile opened(path);
+  Connection& connection = opened.connection;
+  const auto& file = opened.file;
   if (file->ReadOnly()) throw errors::ReadOnly();
   Transaction transaction(connection, Transaction::Kind::Write);
   for (const FileLink& link : links) {

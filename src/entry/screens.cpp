@@ -3,6 +3,9 @@
 #include "maintenance/frmCustMain.h"
 #include "maintenance/openers.h"
 #include "session/openers.h"
+#include "setup/frmCreditCardSetup.h"
+#include "setup/frmMapCode.h"
+#include "setup/frmPhoneSetup.h"
 
 namespace orcussch {
 
@@ -13,7 +16,11 @@ void ConnectScreens() {
   // Each screen that comes fills its own opener here. What stays empty is not there yet: its commands keep their keys and do
   // nothing, and a user who wants to begin with the queries begins with the list.
   gSessionOpeners.showQueries = nullptr;
-  gMainOpeners = MainOpeners{};
+  gMainOpeners = MainOpeners{
+      .creditCardSetup = [](frmCustMain&) { screens::frmCreditCardSetup.Show(); },
+      .phoneSetup = [](frmCustMain&) { screens::frmPhoneSetup.Show(); },
+      .mapCodes = [](frmCustMain&) { screens::frmMapCode.Show(); },
+  };
 }
 
 }  // namespace orcussch

@@ -71,6 +71,10 @@ class frmCustMain final : public platform::Screen, public platform::CardScreen, 
   /// The list of taxes on the customer's card (tabs/customers_tab.cpp).
   void LoadTaxBasis(bool Customer);
   void SelectedAssignment(bool Assign);
+  /// The map code on the customer's card, as the map code screen hands it back.
+  void ShowMapCode(const std::string& MapCode, const std::string& Location);
+  /// Whether the map code screen is opened to choose a code for the card.
+  bool ChoosesMapCode() const { return Find("cmdMapCode")->Tag() == "Select"; }
 
   RecordTab& Record(int Tab) const { return *mRecords.at(static_cast<std::size_t>(Tab)); }
   platform::Screen& OnScreen() override { return *this; }

@@ -1,5 +1,6 @@
 #include "maintenance/frmCustMain.h"
 #include "platform/values/convert.h"
+#include "records/list_search.h"
 #include "session/ModCustSch.h"
 
 // The search box: one step on the tab's list, by the beginning of a field.
@@ -8,8 +9,6 @@ namespace orcussch {
 namespace {
 
 constexpr int kEnter = 13;
-constexpr const char* kSearchFirst = "Search First";
-constexpr const char* kSearchNext = "Search Next";
 
 }  // namespace
 
@@ -27,27 +26,8 @@ std::string frmCustMain::SearchValue(int Tab) const {
 
 void frmCustMain::SearchRecord(int Tab) {
   if (txtSearch[Tab].Text().empty()) return;
-  App().MousePointer(platform::pointer::Hourglass);
-
-  const std::string Criteria = "([" + fraSearch[Tab].Tag() + "] Like '" + SearchValue(Tab) + "*')";
-  const platform::RecordsetRef Rs = data[Tab].Recordset();
-  std::string Word;
-  if (fraSearch[Tab].Caption() == kSearchNext) {
-    Word = "No more ";
-    Rs->FindNext(Criteria);
-  } else {
-    Word = "No ";
-    Rs->FindFirst(Criteria);
-  }
-
-  if (Rs->NoMatch()) {
-    App().MsgBox(Word + lblSearch[Tab].Caption() + "'s beginning with '" + txtSearch[Tab].Text() + "' can be found!",
-                 platform::box::Information + platform::box::OkOnly, SSIndexTab1.TabCaption(SSIndexTab1.Tab()) + " Search");
-    fraSearch[Tab].Caption(kSearchFirst);
-  } else {
-    fraSearch[Tab].Caption(kSearchNext);
-  }
-  App().MousePointer(platform::pointer::Default);
+  SearchList(App(), data[Tab].Recordset(), {fraSearch[Tab], lblSearch[Tab], txtSearch[Tab]}, SearchValue(Tab),
+             SSIndexTab1.TabCaption(SSIndexTab1.Tab()) + " Search");
 }
 
 void frmCustMain::txtSearch_Change(int Index) {

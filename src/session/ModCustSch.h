@@ -96,8 +96,10 @@ void ExecuteSQLStmt(const platform::DatabaseRef& Db, const std::string& SQL, boo
 /// Empties a work table of the temporary database.
 void ClearORVTempTable(const std::string& TableName, bool& ErrorFlag);
 
-/// The clause that sends a statement's rows to another file: IN 'path', with a blank in front. An apostrophe of the path is
-/// doubled, as the statement's texts demand.
+/// A text in a statement or a criterion, in apostrophes; its own are doubled, so that they stand for themselves.
+std::string Quoted(const std::string& Text);
+
+/// The clause that sends a statement's rows to another file: IN 'path', with a blank in front.
 std::string InFile(const std::string& Path);
 
 /// Every apostrophe becomes a question mark, the engine's wildcard for one character: criteria quote texts in apostrophes.

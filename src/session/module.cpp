@@ -69,14 +69,16 @@ void ProgramError(const std::string& Module, bool Terminate) {
   App().MsgBox(message, platform::box::Exclamation, "Program Execution Error");
 }
 
-std::string InFile(const std::string& Path) {
-  std::string clause = " IN '";
-  for (const char character : Path) {
-    if (character == '\'') clause += character;
-    clause += character;
+std::string Quoted(const std::string& Text) {
+  std::string quoted = "'";
+  for (const char character : Text) {
+    if (character == '\'') quoted += character;
+    quoted += character;
   }
-  return clause + "'";
+  return quoted + "'";
 }
+
+std::string InFile(const std::string& Path) { return " IN " + Quoted(Path); }
 
 std::string FixQuotes(const std::string& Text) {
   std::string fixed = Text;

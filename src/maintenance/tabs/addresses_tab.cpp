@@ -1,4 +1,4 @@
-#include "maintenance/columns.h"
+#include "records/columns.h"
 #include "maintenance/frmCustMain.h"
 #include "records/card_fields.h"
 #include "records/fields.h"

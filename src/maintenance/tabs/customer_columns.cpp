@@ -1,5 +1,5 @@
 #include "maintenance/tabs/customer_columns.h"
-#include "maintenance/columns.h"
+#include "records/columns.h"
 
 namespace orcussch {
 

@@ -1,6 +1,6 @@
 #include "maintenance/tabs/customer_taxes.h"
 
-#include "maintenance/columns.h"
+#include "records/columns.h"
 #include "maintenance/display_options.h"
 #include "maintenance/frmCustMain.h"
 #include "platform/values/convert.h"

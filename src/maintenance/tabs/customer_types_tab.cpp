@@ -1,5 +1,5 @@
 #include "maintenance/assignment_tab.h"
-#include "maintenance/columns.h"
+#include "records/columns.h"
 #include "maintenance/frmCustMain.h"
 #include "maintenance/tabs/data_codes.h"
 #include "platform/values/convert.h"

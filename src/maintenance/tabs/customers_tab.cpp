@@ -35,6 +35,7 @@ class CustomersTab final : public RecordTab {
   std::optional<std::string> OrderBy(const platform::GridColumn& column, int ColIndex) override;
   TickList Ticks() override { return {&c.taxes.grdTaxBasis, &s.DataTaxBasis, 1}; }
   CustomerTaxes& Taxes() noexcept { return c.taxes; }
+  CustomerCard& Card() noexcept { return c; }
 
   platform::Control& FirstField() override { return c.txtLastName; }
   bool KeepsEntry(const platform::Control& control) const override;
@@ -243,6 +244,12 @@ void CustomersTab::Deleted() {
 }  // namespace
 
 void frmCustMain::LoadTaxBasis(bool Customer) { dynamic_cast<CustomersTab&>(Record(tab::Customers)).Taxes().Load(Customer); }
+
+void frmCustMain::ShowMapCode(const std::string& MapCode, const std::string& Location) {
+  const auto& labels = dynamic_cast<CustomersTab&>(Record(tab::Customers)).Card().lblMapCode;
+  labels[0].Caption(MapCode);
+  labels[1].Caption(Location);
+}
 
 std::unique_ptr<RecordTab> MakeCustomersTab(frmCustMain& screen) { return std::make_unique<CustomersTab>(screen); }
 

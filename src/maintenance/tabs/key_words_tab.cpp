@@ -1,5 +1,5 @@
 #include "maintenance/assignment_tab.h"
-#include "maintenance/columns.h"
+#include "records/columns.h"
 #include "maintenance/frmCustMain.h"
 #include "records/card_fields.h"
 #include "records/fields.h"

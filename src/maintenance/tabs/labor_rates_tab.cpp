@@ -1,6 +1,6 @@
 #include "maintenance/tabs/labor_rates_tab.h"
 
-#include "maintenance/columns.h"
+#include "records/columns.h"
 #include "maintenance/frmCustMain.h"
 #include "platform/values/currency.h"
 #include "records/fields.h"

@@ -94,7 +94,11 @@ void Application::Show(Form& form) {
 }
 
 void Application::Activate(Form& form) {
-  Act(form, [&form] { form.Form_Activate(); });
+  Act(form, [&form] {
+    form.Form_Activate();
+    // A screen that has put the focus nowhere begins at its first control.
+    if (form.visible_ && !form.focus_) form.MoveFocus(form.NextInTabOrder(nullptr));
+  });
 }
 
 void Application::Hide(Form& form) {

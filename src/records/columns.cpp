@@ -1,4 +1,4 @@
-#include "maintenance/columns.h"
+#include "records/columns.h"
 
 namespace orcussch::column {
 

@@ -2,6 +2,7 @@
 
 #include "maintenance/frmCustMain.h"
 #include "maintenance/openers.h"
+#include "queries/frmCustQueries.h"
 #include "session/openers.h"
 
 namespace orcussch {
@@ -11,9 +12,11 @@ void ConnectScreens() {
   gSessionOpeners.giveUpMain = [] { screens::frmCustMain.release(); };
 
   // Each screen that comes fills its own opener here. What stays empty is not there yet: its commands keep their keys and do
-  // nothing, and a user who wants to begin with the queries begins with the list.
-  gSessionOpeners.showQueries = nullptr;
+  // nothing.
   gMainOpeners = MainOpeners{};
+  gSessionOpeners.showQueries = [] { screens::frmCustQueries.Show(); };
+  gMainOpeners.queries = [](frmCustMain&) { screens::frmCustQueries.Show(); };
+  gMainOpeners.queryScreen = []() -> platform::Form* { return screens::frmCustQueries.peek(); };
 }
 
 }  // namespace orcussch

@@ -1,4 +1,5 @@
 #include "maintenance/frmCustMain.h"
+#include "maintenance/openers.h"
 #include "platform/values/convert.h"
 #include "records/lists.h"
 #include "session/ModCustSch.h"
@@ -66,6 +67,10 @@ void frmCustMain::StandOnHostAccount() {
 
 void frmCustMain::Form_Unload() {
   App().DoEvents();
+  if (platform::Form* queries = gMainOpeners.queryScreen ? gMainOpeners.queryScreen() : nullptr; queries && IsFormLoaded(queries)) {
+    App().Unload(*queries);
+    App().DoEvents();
+  }
   SafeAppUnloadAllForms(Name());
   App().DoEvents();
   CloseFiles();

@@ -1,5 +1,9 @@
 #pragma once
 
+namespace platform {
+class Form;
+}
+
 namespace orcussch {
 
 class frmCustMain;
@@ -12,6 +16,7 @@ struct MainOpeners {
   Opener print = nullptr;
   Opener preview = nullptr;
   Opener queries = nullptr;
+  platform::Form* (*queryScreen)() = nullptr;  ///< the query screen, which lives hidden; nullptr while there is none
   Opener reports = nullptr;
   Opener statistics = nullptr;
   Opener mapCustomer = nullptr;

@@ -2,6 +2,7 @@
 
 #include <QSignalBlocker>
 
+#include "desktop/look/marks.h"
 #include "desktop/look/mnemonics.h"
 
 namespace desktop {
@@ -72,6 +73,7 @@ void CheckBoxBinding::Show(Aspect aspect) {
   if (aspect == Aspect::Text) {
     shown().setText(WithMnemonic(ToShown(control().Caption()), shown()));
     shown().setChecked(control().Value() != 0);
+    ShowOn(shown());
   } else {
     Binding::Show(aspect);
   }

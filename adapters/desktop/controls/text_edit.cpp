@@ -24,7 +24,7 @@ constexpr int kTextMargin = 2;
 constexpr std::size_t kUndoSteps = 100;
 
 qsizetype DigitPlaces(const platform::TextBox& model) {
-  const std::string& mask = model.Mask();
+  const std::string& mask = model.TypingMask();
   return std::count_if(mask.begin(), mask.end(), [](char place) { return place == '%' || place == '_'; });
 }
 
@@ -59,11 +59,11 @@ QString TextEdit::ShownText() const { return ToShown(ShowsRaw() ? model_->Text()
 
 std::size_t TextEdit::ModelPlace(int at) const {
   const auto characters = static_cast<std::size_t>(CharactersBefore(text(), at));
-  return model_->Mask().empty() ? characters : platform::MaskRawCaret(model_->Mask(), characters);
+  return model_->TypingMask().empty() ? characters : platform::MaskRawCaret(model_->TypingMask(), characters);
 }
 
 int TextEdit::ShownPlace(std::size_t place) const {
-  const std::size_t characters = model_->Mask().empty() ? place : platform::MaskDisplayCaret(model_->Mask(), place);
+  const std::size_t characters = model_->TypingMask().empty() ? place : platform::MaskDisplayCaret(model_->TypingMask(), place);
   return static_cast<int>(PositionOfCharacter(text(), static_cast<qsizetype>(characters)));
 }
 

@@ -104,6 +104,11 @@ QColor SheetColour(const QPalette& palette) {
   return Mixed(palette.color(QPalette::Active, QPalette::Base), palette.color(QPalette::Active, QPalette::Window), kBaseShare);
 }
 
+QColor OnColour(const QPalette& palette) {
+  constexpr float kAccentShare = 0.10F;
+  return Mixed(palette.color(QPalette::Active, QPalette::Highlight), palette.color(QPalette::Active, QPalette::Window), kAccentShare);
+}
+
 QString WindowRules(const QPalette& palette) {
   const QString line = palette.color(QPalette::Mid).name();
   const QString window = palette.color(QPalette::Window).name();
@@ -120,6 +125,9 @@ QString WindowRules(const QPalette& palette) {
       "QStatusBar { border-top: 1px solid %1; } QStatusBar::item { border: 0; }"
       "QGroupBox { border: 1px solid %1; border-radius: 5px; margin-top: 9px; padding-top: 5px; }"
       "QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; }"
+      "QGroupBox[on=\"true\"] { border-color: %3; background: %9; font-weight: 600; }"
+      "QGroupBox[on=\"true\"]::title { color: %10; }"
+      "QPushButton[role=\"main\"] { font-weight: 600; }"
       "QScrollArea { border: 0; background: transparent; } QScrollArea > QWidget > QWidget { background: transparent; }"
       "QLabel[required=\"true\"] { font-weight: 600; }"
       "QLabel[role=\"value\"] { font-weight: 600; }"
@@ -135,7 +143,8 @@ QString WindowRules(const QPalette& palette) {
       "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }"
       "QAbstractScrollArea::corner { background: %2; border: 0; }");
   return rules.arg(line, window, accent, palette.color(QPalette::Base).name(), palette.color(QPalette::HighlightedText).name(),
-                   HintColour(palette).name(), SheetColour(palette).name(), ScrollColour(palette).name());
+                   HintColour(palette).name(), SheetColour(palette).name(), ScrollColour(palette).name())
+      .arg(OnColour(palette).name(), palette.color(QPalette::Active, QPalette::Link).name());
 }
 
 }  // namespace desktop::theme

@@ -28,6 +28,8 @@ QColor LineColour(const QPalette& palette);
 QColor HintColour(const QPalette& palette);
 /// The handle of a scroll bar.
 QColor ScrollColour(const QPalette& palette);
+/// The ground of a group that is on.
+QColor OnColour(const QPalette& palette);
 /// The ground of a card, between the window's and that of an edit.
 QColor SheetColour(const QPalette& palette);
 

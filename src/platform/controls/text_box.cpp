@@ -28,11 +28,17 @@ void TextBox::Text(std::string text) {
   Take(std::move(text), end);
 }
 
-std::string TextBox::DisplayText() const { return mask_.empty() ? text_ : MaskDisplay(mask_, text_); }
+std::string TextBox::DisplayText() const { return TypingMask().empty() ? text_ : MaskDisplay(TypingMask(), text_); }
 
 void TextBox::Mask(std::string mask) {
   if (mask_ == mask) return;
   mask_ = std::move(mask);
+  Changed(Aspect::Mask);
+}
+
+void TextBox::MaxLength(int characters) {
+  if (maxLength_ == characters) return;
+  maxLength_ = characters;
   Changed(Aspect::Mask);
 }
 
@@ -104,7 +110,7 @@ bool TextBox::PutIn(std::u32string_view text) {
   const std::string_view all = text_;
   const std::u32string taken = Taken(text, all.substr(0, ByteOffset(all, start)), all.substr(ByteOffset(all, start + selectionLength_)));
   if (taken.empty()) return false;
-  return Edit(MaskInsert(mask_, {text_, start}, selectionLength_, FromCodePoints(taken), static_cast<std::size_t>(maxLength_)));
+  return Edit(MaskInsert(TypingMask(), {text_, start}, selectionLength_, FromCodePoints(taken), static_cast<std::size_t>(maxLength_)));
 }
 
 bool TextBox::UserKey(char32_t character) {
@@ -150,7 +156,7 @@ void TextBox::UserReplaceAll(std::string_view text, std::size_t caret) {
   Act([&] {
     if (locked_) return;
     const std::string taken = FromCodePoints(Taken(ToCodePoints(NormaliseLossy(text)), {}, {}));
-    MaskedText after = MaskInsert(mask_, {"", 0}, 0, taken, static_cast<std::size_t>(maxLength_));
+    MaskedText after = MaskInsert(TypingMask(), {"", 0}, 0, taken, static_cast<std::size_t>(maxLength_));
     after.caret = std::min(caret, CharacterCount(after.raw));
     Edit(after);
   });

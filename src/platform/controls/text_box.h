@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/controls/form/control.h"
 #include "platform/values/mask.h"
@@ -28,8 +29,11 @@ class TextBox : public Control {
   virtual std::string DisplayText() const;
   const std::string& Mask() const noexcept { return mask_; }
   void Mask(std::string mask);
+  /// The mask that puts its literals in while the user types; "" for an edit whose mask only says what a whole entry looks like.
+  virtual const std::string& TypingMask() const noexcept { return mask_; }
   /// Greatest number of characters, 0 for none.
   int MaxLength() const noexcept { return maxLength_; }
+  void MaxLength(int characters);
   bool Locked() const noexcept { return locked_; }
   void Locked(bool locked);
   bool MultiLine() const noexcept { return multiLine_; }
@@ -91,6 +95,7 @@ class TextBox : public Control {
 class NumberEdit : public TextBox {
  public:
   NumberEdit(Form& form, std::string name, int decimals = 4);
+  NumberEdit(Form& form, std::string name, int index, int decimals);
   /// Raises 6 for a number that no field can take.
   double Value() const;
   /// Change when the text really changes.
@@ -111,16 +116,36 @@ class NumberEdit : public TextBox {
 class CurrencyEdit final : public NumberEdit {
  public:
   CurrencyEdit(Form& form, std::string name);
+  CurrencyEdit(Form& form, std::string name, int index);
   /// Raises 6 for an amount that no field can take.
   Currency Value() const;
   void Value(Currency value);
   std::string DisplayText() const override;
 };
 
-/// A date edit. Text keeps its slashes; Value is nothing while the text is no date.
+/// An edit whose class of input the screen can change: any text, or a plain number (a minus in front, digits, one point). What it
+/// holds stays when the class changes.
+class ClassEdit final : public TextBox {
+ public:
+  enum class Input { AnyText = -1, Number = 2 };
+  ClassEdit(Form& form, std::string name) : TextBox(form, std::move(name)) {}
+  Input InputClass() const noexcept { return input_; }
+  void InputClass(Input input) noexcept { input_ = input; }
+
+ protected:
+  std::u32string Taken(std::u32string_view text, std::string_view front, std::string_view back) const override;
+
+ private:
+  Input input_ = Input::AnyText;
+};
+
+/// A date edit. Text keeps its slashes, and month and day have one or two digits, whatever the mask shows; Value is nothing while
+/// the text is no date.
 class DateEdit final : public TextBox {
  public:
   DateEdit(Form& form, std::string name);
+  DateEdit(Form& form, std::string name, int index, std::string mask);
+  const std::string& TypingMask() const noexcept override;
   std::optional<Date> Value() const;
   /// Null is refused with error 94.
   void Value(const platform::Value& value);

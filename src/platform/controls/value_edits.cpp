@@ -43,13 +43,8 @@ std::u32string WithMinusInFront(std::u32string_view text) {
   return behind ? U'-' + figure.substr(0, figure.size() - 1) : figure;
 }
 
-std::string FixedFormat(int decimals) { return decimals > 0 ? "#,##0." + std::string(static_cast<std::size_t>(decimals), '0') : "#,##0"; }
-
-}  // namespace
-
-NumberEdit::NumberEdit(Form& form, std::string name, int decimals) : TextBox(form, std::move(name)), decimals_(decimals) {}
-
-std::u32string NumberEdit::Taken(std::u32string_view text, std::string_view front, std::string_view back) const {
+/// What a figure takes of a text that is put in between `front` and `back`.
+std::u32string FigureTaken(std::u32string_view text, std::string_view front, std::string_view back) {
   std::u32string taken;
   std::string before(front);
   for (const char32_t character : WithMinusInFront(text)) {
@@ -58,6 +53,19 @@ std::u32string NumberEdit::Taken(std::u32string_view text, std::string_view fron
     before += static_cast<char>(character);
   }
   return taken;
+}
+
+std::string FixedFormat(int decimals) { return decimals > 0 ? "#,##0." + std::string(static_cast<std::size_t>(decimals), '0') : "#,##0"; }
+
+}  // namespace
+
+NumberEdit::NumberEdit(Form& form, std::string name, int decimals) : TextBox(form, std::move(name)), decimals_(decimals) {}
+
+NumberEdit::NumberEdit(Form& form, std::string name, int index, int decimals)
+    : TextBox(form, std::move(name), index, 0, ""), decimals_(decimals) {}
+
+std::u32string NumberEdit::Taken(std::u32string_view text, std::string_view front, std::string_view back) const {
+  return FigureTaken(text, front, back);
 }
 
 std::string NumberEdit::Figure() const {
@@ -80,6 +88,8 @@ std::string NumberEdit::DisplayText() const {
 
 CurrencyEdit::CurrencyEdit(Form& form, std::string name) : NumberEdit(form, std::move(name), 2) {}
 
+CurrencyEdit::CurrencyEdit(Form& form, std::string name, int index) : NumberEdit(form, std::move(name), index, 2) {}
+
 Currency CurrencyEdit::Value() const {
   const std::string figure = Figure();
   return figure.empty() ? Currency{} : CCur(figure);
@@ -95,7 +105,22 @@ std::string CurrencyEdit::DisplayText() const {
   }
 }
 
+std::u32string ClassEdit::Taken(std::u32string_view text, std::string_view front, std::string_view back) const {
+  if (input_ == Input::AnyText) return TextBox::Taken(text, front, back);
+  std::u32string taken = FigureTaken(text, front, back);
+  std::erase_if(taken, [](char32_t character) { return character == U'$' || character == U','; });
+  return taken;
+}
+
 DateEdit::DateEdit(Form& form, std::string name) : TextBox(form, std::move(name), kDateLength) {}
+
+DateEdit::DateEdit(Form& form, std::string name, int index, std::string mask)
+    : TextBox(form, std::move(name), index, kDateLength, std::move(mask)) {}
+
+const std::string& DateEdit::TypingMask() const noexcept {
+  static const std::string none;
+  return none;
+}
 
 std::optional<Date> DateEdit::Value() const { return ParseDate(Text(), Owner().Host().ThisYear()); }
 

@@ -25,6 +25,14 @@ Control* Form::Find(std::string_view name, int index) const {
 
 void Form::Register(Control& control) { controls_.push_back(&control); }
 
+void Form::TabOrder(const std::vector<Control*>& order) {
+  const auto named = [&](const Control* control) { return std::find(order.begin(), order.end(), control) != order.end(); };
+  const auto first = std::find_if(controls_.begin(), controls_.end(), named);
+  const auto place = first - controls_.begin();
+  std::erase_if(controls_, named);
+  controls_.insert(controls_.begin() + place, order.begin(), order.end());
+}
+
 void Form::Unregister(Control& control) {
   if (focus_ == &control) focus_ = nullptr;
   if (wantedFocus_ == &control) wantedFocus_ = nullptr;

@@ -41,8 +41,10 @@ class Form {
   /// True while an act of this form is on the stack.
   bool Busy() const noexcept { return handlers_ > 0; }
 
-  /// All controls in the order of their making, which is the tab order.
+  /// All controls in tab order, which is the order of their making where TabOrder says no other.
   const std::vector<Control*>& Controls() const noexcept { return controls_; }
+  /// Puts these controls in this order, at the place of the first of them that was made: rows of control arrays, say.
+  void TabOrder(const std::vector<Control*>& order);
   /// By name without regard to case; `index` -1 outside an array; nullptr if there is none.
   Control* Find(std::string_view name, int index = -1) const;
 

@@ -1,0 +1,192 @@
+#include "queries/query_builder.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/values/convert.h"
+#include "queries/query_text.h"
+#include "session/ModCustSch.h"
+
+namespace orcussch {
+
+using platform::CStr;
+
+namespace {
+
+/// The plain number, also of a box that shows it with a currency sign; only an emptied box has none.
+std::string AmountText(const platform::CurrencyEdit& box) { return box.Text().empty() ? "" : CStr(box.Value()); }
+
+}  // namespace
+
+void QueryBuilder::Build(std::string& SQL) {
+  AppendJoins(SQL);
+  Texts();
+  PhoneNumber();
+  Status();
+  Billing();
+  Invoice();
+  CreditCard();
+  KeyWords();
+  CustomerTypes();
+  CheckNumber();
+  TaxNumber();
+  FinanceCharge();
+  Amounts();
+  Dates();
+  SQL += Where;
+}
+
+/// The rows that a join gives to one customer are folded into one. Each join but the last one stands in parentheses.
+void QueryBuilder::AppendJoins(std::string& SQL) {
+  const bool Invoice = Asks(criteria::InvoiceNo) && !s.txtInvoiceNo.Text().empty();
+  const bool Check = Asks(criteria::CheckNo) && !s.txtCheckNo.Text().empty();
+  for (int i = 0; i < criteria::kLists; ++i) mMarked[i] = Asks(criteria::kList[i].criterion) && s.grid[i].SelBookmarks.Count() > 0;
+  const std::array<Join, 5> Joins = {{
+      {"Phones", AsksPhone() && (!s.txtNameAdd[criteria::kPhone].Text().empty() || !s.txtNameAdd[criteria::kPhoneNumber].Text().empty())},
+      {"Transactions", Invoice || Check},
+      {"CustCreditCards", Asks(criteria::CreditCard) && !s.txtCreditCard.Text().empty()},
+      {"Lookups", mMarked[0]},
+      {"CustCodes", mMarked[1]},
+  }};
+  const auto Count = std::count_if(Joins.begin(), Joins.end(), [](const Join& join) { return join.wanted; });
+  auto Open = std::max<std::ptrdiff_t>(Count - 1, 0);
+  SQL = "Select DISTINCTROW Customers.* FROM " + std::string(static_cast<std::size_t>(Open), '(') + "Customers";
+  for (const Join& join : Joins) {
+    if (!join.wanted) continue;
+    SQL += std::string(" INNER JOIN ") + join.table + " ON Customers.AcctNum = " + join.table + ".AcctNum";
+    if (Open > 0) {
+      SQL += ")";
+      --Open;
+    }
+  }
+}
+
+void QueryBuilder::Compare(const std::string& Value, int Combo) { SQLOperator(Where, Value, CStr(s.cboSQL[Combo].BoundValue())); }
+
+void QueryBuilder::Texts() {
+  for (int i = 0; i < criteria::kTexts; ++i) {
+    if (s.chkSelectNameAdd[i].Value() != 1 || s.txtNameAdd[i].Text().empty()) continue;
+    const bool TwoLines = i == criteria::kAddress;
+    const std::string Value = FixQuotes(s.txtNameAdd[i].Text());
+    TestWhere(Where);
+    if (TwoLines) Where += "(";
+    Where += "(" + s.chkSelectNameAdd[i].Tag() + " ";
+    Compare(Value, i);
+    if (TwoLines) {
+      Where += " OR (Customers.Addr2 ";
+      Compare(Value, i);
+      Where += ")";
+    }
+  }
+}
+
+/// Area and number share one way of comparing.
+void QueryBuilder::PhoneNumber() {
+  const std::string Number = s.txtNameAdd[criteria::kPhoneNumber].Text();
+  if (!AsksPhone() || Number.empty()) return;
+  TestWhere(Where);
+  Where += "(Phones.Phone ";
+  Compare(FixQuotes(Number), criteria::kPhone);
+}
+
+void QueryBuilder::Status() {
+  if (!Asks(criteria::Status)) return;
+  TestWhere(Where);
+  Where += "(" + s.chkSelectMisc[criteria::Status].Tag() + (s.optStatus[1].Value() ? "1" : s.optStatus[2].Value() ? "2" : "0") + ")";
+}
+
+void QueryBuilder::Billing() {
+  if (!Asks(criteria::Billing)) return;
+  TestWhere(Where);
+  Where += "(" + s.chkSelectMisc[criteria::Billing].Tag() + CStr(s.optBillingStatus[1].Value()) + ")";
+}
+
+/// The alternate number is the one value that goes in as it was entered.
+void QueryBuilder::Invoice() {
+  const std::string Number = s.txtInvoiceNo.Text();
+  if (!Asks(criteria::InvoiceNo) || Number.empty()) return;
+  TestWhere(Where);
+  if (s.optInvoiceNo[1].Value()) {
+    Where += "(Transactions.AltInvNo = " + Number + ")";
+  } else {
+    Where += "(Transactions.TranType<>'P') And (Transactions.InvChkCredNo = '" + FixQuotes(Number) + "')";
+  }
+}
+
+void QueryBuilder::CreditCard() {
+  const std::string Number = s.txtCreditCard.Text();
+  if (!Asks(criteria::CreditCard) || Number.empty()) return;
+  TestWhere(Where);
+  Where += "(" + s.chkSelectMisc[criteria::CreditCard].Tag() + " ";
+  Compare(FixQuotes(Number), criteria::kCardComparison);
+}
+
+/// The list's rows in the order in which they were marked; the list moves to each of them.
+template <class Condition>
+void QueryBuilder::ForEachMarked(int List, Condition&& condition) {
+  if (!mMarked[List]) return;
+  s.App().DoEvents();
+  bool First = true;
+  for (const platform::Bookmark& row : s.grid[List].SelBookmarks.All()) {
+    s.grid[List].CurrentBookmark(row);
+    if (First) {
+      TestWhere(Where);
+      Where += "(";
+    } else {
+      Where += " OR ";
+    }
+    First = false;
+    condition(s.Data[List].Recordset());
+  }
+  if (!First) Where += ")";
+}
+
+void QueryBuilder::KeyWords() {
+  ForEachMarked(0, [this](const platform::RecordsetRef& Rs) { Where += "Lookups.Text = '" + FixQuotes(CStr(Rs->Field("Keyword"))) + "'"; });
+}
+
+void QueryBuilder::CustomerTypes() {
+  ForEachMarked(1, [this](const platform::RecordsetRef& Rs) { Where += "CustCodes.CustCodes = " + CStr(Rs->Field("Code")); });
+}
+
+void QueryBuilder::CheckNumber() {
+  const std::string Number = s.txtCheckNo.Text();
+  if (!Asks(criteria::CheckNo) || Number.empty()) return;
+  TestWhere(Where);
+  Where += "(Transactions.TranType='P') And (Transactions.InvChkCredNo = '" + FixQuotes(Number) + "')";
+}
+
+void QueryBuilder::TaxNumber() {
+  const std::string Number = s.txtTaxID.Text();
+  if (!Asks(criteria::TaxID) || Number.empty()) return;
+  TestWhere(Where);
+  Where += "(Customers.TaxID = '" + FixQuotes(Number) + "')";
+}
+
+void QueryBuilder::FinanceCharge() {
+  if (!Asks(criteria::FinanceCharge)) return;
+  TestWhere(Where);
+  Where += std::string("(Customers.OmitFinanceCharge = ") + (s.optOmitFinChg[1].Value() ? "True" : "False") + ")";
+}
+
+void QueryBuilder::Amounts() {
+  for (int i = 0; i < criteria::kAmounts; ++i) {
+    if (s.chkSelectAmount[i].Value() != 1) continue;
+    const std::string Amount = AmountText(s.txtAmount[i]);
+    if (Amount.empty()) continue;
+    TestWhere(Where);
+    Where += "(" + s.chkSelectAmount[i].Tag() + Amount + ")";
+  }
+}
+
+/// A day without its year is no date here: the statement would have to guess one.
+void QueryBuilder::Dates() {
+  for (int i = 0; i < criteria::kDates; ++i) {
+    const std::string Day = s.txtDate[i].Text();
+    if (s.chkSelectDate[i].Value() != 1 || !platform::IsDate(Day)) continue;
+    TestWhere(Where);
+    Where += "(" + s.chkSelectDate[i].Tag() + Day + "#)";
+  }
+}
+
+}  // namespace orcussch

@@ -1,0 +1,51 @@
+#include "maintenance/frmCustMain.h"
+#include "queries/frmCustQueries.h"
+#include "queries/query_builder.h"
+#include "session/ModCustSch.h"
+#include "session/failures.h"
+
+// The toolbar: running the query, and leaving the screen, which only hides.
+namespace orcussch {
+
+namespace {
+
+/// "Queried Billable Customers", "All Customers": what the customer list shows. Its first letter tells the two apart.
+void EntitleList(const std::string& Which) {
+  const std::string Kind = gBillingStatus == "B" ? "Billable " : gBillingStatus == "N" ? "Non-Billable " : "";
+  screens::frmCustMain->grid[tab::Customers].Caption(Which + " " + Kind + "Customers");
+}
+
+}  // namespace
+
+void frmCustQueries::Toolbar1_ButtonClick(const std::string& Key) {
+  Toolbar1.Enabled(false);
+  if (Key == "tb_RunQuery") {
+    App().MousePointer(platform::pointer::Hourglass);
+    App().DoEvents();
+    BuildSQL();
+    screens::frmCustMain->SQLData(tab::Customers);
+    Toolbar1.Enabled(true);
+    App().MousePointer(platform::pointer::Default);
+    App().DoEvents();
+  }
+  if (Visible()) App().Hide(*this);
+  Toolbar1.Enabled(true);
+}
+
+void frmCustQueries::BuildSQL() {
+  Trap("frmCustQueries.BuildSQL", [this] {
+    App().DoEvents();
+    gFirstActivate = true;
+    Toolbar1.Button("tb_RunQuery").Enabled(false);
+    if (chkSelectAll.Value() == 1) {
+      gQuerySQL.clear();
+      EntitleList("All");
+      return;
+    }
+    QueryBuilder(*this).Build(gQuerySQL);
+    EntitleList("Queried");
+    App().DoEvents();
+  });
+}
+
+}  // namespace orcussch

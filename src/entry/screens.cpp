@@ -2,12 +2,25 @@
 
 #include "maintenance/frmCustMain.h"
 #include "maintenance/openers.h"
+#include "session/ModCustSch.h"
 #include "session/openers.h"
 #include "setup/frmCreditCardSetup.h"
 #include "setup/frmMapCode.h"
 #include "setup/frmPhoneSetup.h"
+#include "setup/frmUserStartup.h"
 
 namespace orcussch {
+
+namespace {
+
+/// Shows a screen modally; one that has only hidden itself goes.
+template <class Screen>
+void ShowAndUnload(platform::ScreenRef<Screen>& screen) {
+  screen.Show();
+  if (Screen* left = screen.peek(); left != nullptr && IsFormLoaded(left)) App().Unload(*left);
+}
+
+}  // namespace
 
 void ConnectScreens() {
   gSessionOpeners.showMain = [] { screens::frmCustMain.Show(); };
@@ -20,6 +33,7 @@ void ConnectScreens() {
       .creditCardSetup = [](frmCustMain&) { screens::frmCreditCardSetup.Show(); },
       .phoneSetup = [](frmCustMain&) { screens::frmPhoneSetup.Show(); },
       .mapCodes = [](frmCustMain&) { screens::frmMapCode.Show(); },
+      .userOptions = [](frmCustMain&) { ShowAndUnload(screens::frmUserStartup); },
   };
 }
 

@@ -124,6 +124,7 @@ QString WindowRules(const QPalette& palette) {
       "QLabel[required=\"true\"] { font-weight: 600; }"
       "QLabel[role=\"value\"] { font-weight: 600; }"
       "QLabel[role=\"badge\"] { background: %3; color: %5; border-radius: 7px; padding: 0 10px; font-weight: 600; }"
+      "QLabel[role=\"filter\"] { border: 1px solid %3; color: %9; border-radius: 7px; padding: 0 9px; font-weight: 600; }"
       "QLabel[role=\"caption\"], QLabel[role=\"hint\"] { color: %6; }"
       "QFrame[role=\"sheet\"] { background: %7; border: 1px solid %1; border-radius: 6px; }"
       "QFrame#SSPanel1 { border: 1px solid %1; border-radius: 5px; }"
@@ -135,7 +136,7 @@ QString WindowRules(const QPalette& palette) {
       "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }"
       "QAbstractScrollArea::corner { background: %2; border: 0; }");
   return rules.arg(line, window, accent, palette.color(QPalette::Base).name(), palette.color(QPalette::HighlightedText).name(),
-                   HintColour(palette).name(), SheetColour(palette).name(), ScrollColour(palette).name());
+                   HintColour(palette).name(), SheetColour(palette).name(), ScrollColour(palette).name(), palette.color(QPalette::Link).name());
 }
 
 }  // namespace desktop::theme

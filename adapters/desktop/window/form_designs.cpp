@@ -1,9 +1,15 @@
 #include "desktop/window/form_designs.h"
 
 #include "ui_frmCustMain.h"
+#include "ui_frmUserStartup.h"
 
 namespace desktop {
 
-std::vector<FormDesign> LibraryDesigns() { return {DesignFrom<Ui::frmCustMain>("frmCustMain")}; }
+std::vector<FormDesign> LibraryDesigns() {
+  return {
+      DesignFrom<Ui::frmCustMain>("frmCustMain"),
+      DesignFrom<Ui::frmUserStartup>("frmUserStartup"),
+  };
+}
 
 }  // namespace desktop

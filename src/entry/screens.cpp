@@ -3,12 +3,25 @@
 #include "maintenance/frmCustMain.h"
 #include "maintenance/openers.h"
 #include "queries/frmCustQueries.h"
+#include "session/ModCustSch.h"
 #include "session/openers.h"
 #include "setup/frmCreditCardSetup.h"
 #include "setup/frmMapCode.h"
 #include "setup/frmPhoneSetup.h"
+#include "setup/frmUserStartup.h"
 
 namespace orcussch {
+
+namespace {
+
+/// Shows a screen modally; one that has only hidden itself goes.
+template <class Screen>
+void ShowAndUnload(platform::ScreenRef<Screen>& screen) {
+  screen.Show();
+  if (Screen* left = screen.peek(); left != nullptr && IsFormLoaded(left)) App().Unload(*left);
+}
+
+}  // namespace
 
 void ConnectScreens() {
   gSessionOpeners.showMain = [] { screens::frmCustMain.Show(); };
@@ -23,6 +36,7 @@ void ConnectScreens() {
   gMainOpeners.creditCardSetup = [](frmCustMain&) { screens::frmCreditCardSetup.Show(); };
   gMainOpeners.phoneSetup = [](frmCustMain&) { screens::frmPhoneSetup.Show(); };
   gMainOpeners.mapCodes = [](frmCustMain&) { screens::frmMapCode.Show(); };
+  gMainOpeners.userOptions = [](frmCustMain&) { ShowAndUnload(screens::frmUserStartup); };
 }
 
 }  // namespace orcussch

@@ -15,6 +15,7 @@
 #include "platform/controls/common_dialog.h"
 #include "platform/controls/data_control.h"
 #include "platform/controls/form/card_screen.h"
+#include "platform/controls/form/filtered_screen.h"
 #include "platform/controls/form/tab_control.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
@@ -33,7 +34,7 @@ namespace orcussch {
 /// What belongs to one kind of record (its list, its card, its branches of the record operations) stands in its file in tabs/. The
 /// screen's own procedures stand in design.cpp (what is fixed), frame.cpp (life and modes), tabs_control.cpp,
 /// commands.cpp (toolbar and menu), lists.cpp (filling the lists), ordering.cpp, search.cpp, selection.cpp, grid_editing.cpp, records.cpp.
-class frmCustMain final : public platform::Screen, public platform::CardScreen, public RecordOperations {
+class frmCustMain final : public platform::Screen, public platform::CardScreen, public platform::FilteredScreen, public RecordOperations {
  public:
   template <class T, std::size_t N>
   using Array = platform::ControlArray<T, N>;
@@ -81,6 +82,7 @@ class frmCustMain final : public platform::Screen, public platform::CardScreen, 
   bool HasUnsavedEntries() const override { return mDesk.Unsaved(); }
   std::string CardMode() const override { return mDesk.Mode(); }
   bool AddsOwner() const override;
+  std::string FilterText() const override;
 
   /// "Customer Record" ... "Key Word Record": the tab's caption, trimmed, less its last character, and " Record". The cut is
   /// blind; titles and questions of the record operations are built on it.

@@ -82,6 +82,11 @@ void frmCustMain::CloseTabsOfNonBillable() {
     if (Record(other).Design().billableOnly) SSIndexTab1.TabEnabled(other, Billable);
 }
 
+std::string frmCustMain::FilterText() const {
+  if (gQuerySQL.empty()) return "";
+  return gQueryText.empty() ? "Query" : "Query: " + gQueryText;
+}
+
 void frmCustMain::grid_LostFocus(int Index) {
   if (!grid[Index].DataChanged() || !data[Index].OnRecord()) return;
   data[Index].Recordset()->Edit();

@@ -50,6 +50,7 @@ inline std::string gCustomerAddr1, gCustomerAddr2, gCustomerCity, gCustomerState
 
 // The query in force.
 inline std::string gQuerySQL;        ///< the customer list's whole statement, "" for all customers
+inline std::string gQueryText;       ///< what it asks, in words for the user; "" when nobody put it into words
 inline bool gFirstActivate = false;  ///< the main screen rebuilds its list when it becomes active
 
 // Files.

@@ -44,6 +44,7 @@ const Known kKnown[] = {
     KNOWN(gCustomerState),
     KNOWN(gCustomerZip),
     KNOWN(gQuerySQL),
+    KNOWN(gQueryText),
     KNOWN(gFirstActivate),
     KNOWN(gCustomerPath),
     KNOWN(gARTransPath),

@@ -132,6 +132,7 @@ QString WindowRules(const QPalette& palette) {
       "QLabel[required=\"true\"] { font-weight: 600; }"
       "QLabel[role=\"value\"] { font-weight: 600; }"
       "QLabel[role=\"badge\"] { background: %3; color: %5; border-radius: 7px; padding: 0 10px; font-weight: 600; }"
+      "QLabel[role=\"filter\"] { border: 1px solid %3; color: %10; border-radius: 7px; padding: 0 9px; font-weight: 600; }"
       "QLabel[role=\"caption\"], QLabel[role=\"hint\"] { color: %6; }"
       "QFrame[role=\"sheet\"] { background: %7; border: 1px solid %1; border-radius: 6px; }"
       "QFrame#SSPanel1 { border: 1px solid %1; border-radius: 5px; }"

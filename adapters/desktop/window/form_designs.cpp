@@ -2,6 +2,7 @@
 
 #include "ui_frmCustMain.h"
 #include "ui_frmCustQueries.h"
+#include "ui_frmUserStartup.h"
 
 namespace desktop {
 
@@ -9,6 +10,7 @@ std::vector<FormDesign> LibraryDesigns() {
   return {
       DesignFrom<Ui::frmCustMain>("frmCustMain"),
       DesignFrom<Ui::frmCustQueries>("frmCustQueries"),
+      DesignFrom<Ui::frmUserStartup>("frmUserStartup"),
   };
 }
 

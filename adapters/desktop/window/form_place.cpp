@@ -48,7 +48,8 @@ void FormWindow::RestorePlace() {
   placed_ = true;
   const QSize room = screen()->availableGeometry().size();
   FitInto(room);
-  resize(FirstSize(size(), room));
+  // A small screen opens as its layout was drawn ("opensAtItsSize"); what shows long lists takes room for them.
+  resize(property("opensAtItsSize").toBool() ? size().expandedTo(minimumSizeHint()).boundedTo(room) : FirstSize(size(), room));
   if (const auto place = services_.Kept().WindowPlace(name_)) restoreGeometry(*place);
 }
 

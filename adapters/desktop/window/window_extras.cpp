@@ -12,6 +12,7 @@
 #include "desktop/window/help.h"
 #include "platform/controls/data_control.h"
 #include "platform/controls/form/card_screen.h"
+#include "platform/controls/form/filtered_screen.h"
 #include "platform/controls/form/tab_control.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/toolbar.h"
@@ -25,6 +26,7 @@ WindowExtras::WindowExtras(QMainWindow& window, platform::Form& form, Services& 
       form_(form),
       services_(services),
       cards_(dynamic_cast<const platform::CardScreen*>(&form)),
+      filtered_(dynamic_cast<const platform::FilteredScreen*>(&form)),
       badge_(window.findChild<QLabel*>("modeBadge")) {
   ConnectButtons();
   if (window.findChild<QMenuBar*>()) AddMenus();
@@ -34,7 +36,9 @@ WindowExtras::WindowExtras(QMainWindow& window, platform::Form& form, Services& 
     place_->setProperty("role", "hint");
     window.statusBar()->addPermanentWidget(place_);
   }
+  if (auto* label = filtered_ ? window.findChild<QLabel*>("filterBadge") : nullptr) filterBadge_ = NewChild<FilterBadge>(label, *label);
   ShowMode();
+  ShowFilter();
 }
 
 /// The button is the toolbar key at another place: the same command, open and closed with it.
@@ -79,10 +83,17 @@ void WindowExtras::ShowMode() {
     if (label->property("ofOwner").toBool()) label->setHidden(another);
 }
 
+void WindowExtras::ShowFilter() {
+  if (filterBadge_) filterBadge_->Show(ToShown(filtered_->FilterText()));
+}
+
 void WindowExtras::Changed(const platform::Control& control, Aspect aspect) {
   const bool tabs = dynamic_cast<const platform::TabControl*>(&control) != nullptr;
-  if (tabs || dynamic_cast<const platform::Toolbar*>(&control)) ShowMode();
-  if (!tabs && !dynamic_cast<const platform::Grid*>(&control)) return;
+  const bool toolbar = dynamic_cast<const platform::Toolbar*>(&control) != nullptr;
+  const bool list = dynamic_cast<const platform::Grid*>(&control) != nullptr;
+  if (tabs || toolbar) ShowMode();
+  if (toolbar || (list && (aspect == Aspect::List || aspect == Aspect::Text))) ShowFilter();
+  if (!tabs && !list) return;
   if (aspect != Aspect::Tab && aspect != Aspect::CurrentRow && aspect != Aspect::List && aspect != Aspect::RowContent) return;
   placeIsOld_ = true;
   services_.WakeIdle();
@@ -108,6 +119,7 @@ QString WindowExtras::Place() const {
 }
 
 void WindowExtras::Settled() {
+  ShowFilter();
   if (!placeIsOld_ || !place_) return;
   placeIsOld_ = false;
   QString text;

@@ -4,10 +4,12 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include "desktop/window/filter_badge.h"
 #include "platform/controls/form/form.h"
 
 namespace platform {
 class CardScreen;
+class FilteredScreen;
 class Grid;
 }  // namespace platform
 
@@ -16,9 +18,10 @@ namespace desktop {
 class Services;
 
 /// What a window adds to its screen's own controls, where its layout asks for it: a badge that says what the open card is for
-/// (label "modeBadge"; labels with the property "ofOwner" give way while a new owner is added), buttons that press a toolbar key
-/// (property "presses"), the place of the current row at the end of the status bar, commands behind those of a menu (the menu
-/// bar's property "behindMenus": "mnuEdit miTypedBack"), and the Help menu.
+/// (label "modeBadge"; labels with the property "ofOwner" give way while a new owner is added), one that says what the list is
+/// narrowed to (label "filterBadge"), buttons that press a toolbar key (property "presses"), the place of the current row at the end
+/// of the status bar, commands behind those of a menu (the menu bar's property "behindMenus": "mnuEdit miTypedBack"), and the Help
+/// menu.
 class WindowExtras {
  public:
   WindowExtras(QMainWindow& window, platform::Form& form, Services& services);
@@ -32,6 +35,7 @@ class WindowExtras {
   void ConnectButtons();
   void AddMenus();
   void ShowMode();
+  void ShowFilter();
   QString Place() const;
   platform::Grid* ShownList() const;
 
@@ -39,7 +43,9 @@ class WindowExtras {
   platform::Form& form_;
   Services& services_;
   const platform::CardScreen* cards_;
+  const platform::FilteredScreen* filtered_;
   QPointer<QLabel> badge_;
+  QPointer<FilterBadge> filterBadge_;
   QPointer<QLabel> place_;
   bool placeIsOld_ = true;
 };

@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "platform/values/convert.h"
+#include "setup/frmUserStartup.h"
 #include "support/controls.h"
 #include "support/main_screen_test.h"
 
@@ -136,6 +137,35 @@ TEST_P(ReadOnlyTest, ADeletionAndACellAreRefused) {
     });
   }
   EXPECT_EQ(Stored("SELECT Comment FROM Phones"), "old");
+}
+
+TEST_P(ReadOnlyTest, TheUsersOptionsAreRefused) {
+  AddRows(CustomerFile(), "UserStartup", {"UserNum", "StartGrid", "QueryTab", "QueryField", "AddPhone"}, {{1, true, 0, 4, true}});
+  const std::string before = ReadAll(CustomerFile());
+  Close();
+  bool saved = false;
+  {
+    const PlainUser user;
+    Serve([&](frmCustMain& screen) {
+      const auto mainScreen = frontEnd->serve;
+      frontEnd->serve = [&](platform::Form& form) {
+        auto& options = dynamic_cast<orcussch::frmUserStartup&>(form);
+        EXPECT_EQ(options.cboQuery.Text(), "City");
+        options.chkAddPhone.UserClick();
+        options.cmdSave.UserClick();
+        ASSERT_EQ(log->records.size(), 1U);
+        EXPECT_EQ(log->records[0].module, "frmUserStartup.cmdSave_Click");
+        EXPECT_EQ(log->records[0].number, kReadOnly);
+        EXPECT_TRUE(options.Loaded());
+        EXPECT_FALSE(options.cmdSave.Enabled());
+        saved = true;
+      };
+      screen.mnuUserStartup.UserClick();
+      frontEnd->serve = mainScreen;
+    });
+  }
+  EXPECT_TRUE(saved);
+  EXPECT_EQ(ReadAll(CustomerFile()), before) << "not a byte of the file has changed";
 }
 
 TEST_P(ReadOnlyTest, TheNextSessionSavesOnceTheFileIsOpenAgain) {

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <memory>
+
+#include "desktop/support/fake_rows.h"
+#include "desktop/window/front_end.h"
+#include "session/ModCustSch.h"
+#include "suite/operating_system.h"
+
+namespace desktop_test {
+
+/// The window of one of the library's screens without a company behind it: layout alone.
+template <class Screen>
+class ScreenWindow : public testing::Test {
+ protected:
+  ScreenWindow() {
+    platform::ApplicationParts parts;
+    parts.engine = std::make_unique<FakeEngine>(table);
+    parts.system = suite::MakeNativeSystem("/tmp");
+    desktop::DesktopOptions options;
+    options.settingsFolder = settings.path().toStdString();
+    auto made = std::make_unique<desktop::DesktopFrontEnd>(options);
+    front = made.get();
+    parts.frontEnd = std::move(made);
+    app = std::make_unique<platform::Application>(std::move(parts));
+    orcussch::AttachApplication(app.get());
+    MakeScreen();
+  }
+  ~ScreenWindow() override {
+    CloseScreen();
+    orcussch::AttachApplication(nullptr);
+    app.reset();
+  }
+
+  void MakeScreen() {
+    screen = std::make_unique<Screen>(*app);
+    front->Loaded(*screen);
+    window = front->WindowOf(*screen);
+  }
+  void CloseScreen() {
+    front->Unloaded(*screen);
+    screen.reset();
+  }
+  /// As the user sees it first.
+  void Show() {
+    front->Shown(*screen);
+    QApplication::processEvents();
+  }
+
+  QTemporaryDir settings;
+  FakeTable table;
+  desktop::DesktopFrontEnd* front = nullptr;
+  std::unique_ptr<platform::Application> app;
+  std::unique_ptr<Screen> screen;
+  desktop::FormWindow* window = nullptr;
+};
+
+}  // namespace desktop_test

@@ -12,6 +12,11 @@ GridColumn Closed(GridColumn column) {
   return column;
 }
 
+GridColumn Limited(GridColumn column, int characters) {
+  column.entryLimit = characters;
+  return column;
+}
+
 GridColumn Formatted(const char* caption, const char* field, const char* format) {
   GridColumn column = Plain(caption, field);
   column.numberFormat = format;

@@ -12,6 +12,8 @@ namespace orcussch::column {
 platform::GridColumn Plain(const char* caption, const char* field);
 /// Keys, counters, money kept by other modules and other tables' fields are not typed over.
 platform::GridColumn Closed(platform::GridColumn column);
+/// No more characters than these can be typed.
+platform::GridColumn Limited(platform::GridColumn column, int characters);
 platform::GridColumn Formatted(const char* caption, const char* field, const char* format);
 platform::GridColumn Money(const char* caption, const char* field);
 platform::GridColumn Percent(const char* caption, const char* field);

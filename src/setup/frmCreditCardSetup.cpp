@@ -18,7 +18,8 @@ namespace {
 
 using platform::Left;
 
-constexpr const char* kBuiltIn[] = {"A", "C", "D", "M", "V"};
+constexpr int kNameLength = 30;
+constexpr std::string_view kBuiltIn[] = {"A", "C", "D", "M", "V"};
 
 CodeTableDesign Design() {
   return {.screen = "frmCreditCardSetup",
@@ -30,7 +31,7 @@ CodeTableDesign Design() {
                    .prompt = "Credit Card Name",
                    .caption = "Accepted Credit Cards",
                    .columns = {column::Closed(column::Plain("Credit Card Type", "CreditCardType")),
-                               column::Plain("Credit Card Name", "CreditCardName"),
+                               column::Limited(column::Plain("Credit Card Name", "CreditCardName"), kNameLength),
                                column::Formatted("Bank Charge %", "BankCharge", "0.00")}},
           .select = "Select * FROM CreditCardTypes",
           .card = "fraCreditCard",
@@ -58,7 +59,7 @@ std::string NextCreditCardType() {
 }  // namespace
 
 frmCreditCardSetup::frmCreditCardSetup(platform::Application& application)
-    : CodeTableScreen(application, Design()), txtCreditCardName(*this, "txtCreditCardName", 30), txtBankCharge(*this, "txtBankCharge", 2) {
+    : CodeTableScreen(application, Design()), txtCreditCardName(*this, "txtCreditCardName", kNameLength), txtBankCharge(*this, "txtBankCharge", 2) {
   PutOnCard({&txtCreditCardName, &txtBankCharge});
   OrdersByHeading(*this);
   TestsCells(*this, "Credit Card Setup - Invalid Grid Entry");
@@ -90,18 +91,14 @@ bool frmCreditCardSetup::Complete() {
 }
 
 std::optional<std::string> frmCreditCardSetup::Write(bool adding) {
-  std::string key;
+  const std::string key = Left(adding ? NextCreditCardType() : TextUnguarded(Rows(), "CreditCardType"), 1);
   if (adding) {
-    key = Left(NextCreditCardType(), 1);
     if (key.empty()) return {};  // no code could be had, which was reported
     rsCreditCardTypes->AddNew();
     rsCreditCardTypes->SetField("CreditCardType", key);
-  } else {
-    key = Left(TextUnguarded(Rows(), "CreditCardType"), 1);
-    if (!EditRow(rsCreditCardTypes, "PrimaryKey", key)) {
-      Tell("The edited credit card type can no longer be found.  It may have been deleted by another user!", "Save Record");
-      return {};
-    }
+  } else if (!EditRow(rsCreditCardTypes, "PrimaryKey", key)) {
+    Tell("The edited credit card type can no longer be found.  It may have been deleted by another user!", "Save Record");
+    return {};
   }
   rsCreditCardTypes->SetField("CreditCardName", txtCreditCardName.Text());
   rsCreditCardTypes->SetField("BankCharge", txtBankCharge.Value());
@@ -113,11 +110,8 @@ std::optional<std::string> frmCreditCardSetup::Write(bool adding) {
 SetupDeletion frmCreditCardSetup::Deletion() {
   const std::string name = TextUnguarded(Rows(), "CreditCardName");
   const std::string position = "[CreditCardName]>=" + Quoted(name);
-  for (const char* code : kBuiltIn)
-    if (TextOf(Rows(), "CreditCardType") == code) return {true, "Credit Card " + name + " can not be deleted!", position};
-  rsCardUse->SetIndex("CCType");
-  rsCardUse->Seek("=", {Rows()->Field("CreditCardType")});
-  if (!rsCardUse->NoMatch())
+  if (IsOneOf(TextOf(Rows(), "CreditCardType"), kBuiltIn)) return {true, "Credit Card " + name + " can not be deleted!", position};
+  if (HasRow(rsCardUse, "CCType", Rows()->Field("CreditCardType")))
     return {true,
             "One or more customers use Credit Card " + name + ".  A credit card type can not be deleted if it is used by a customer!",
             position};
@@ -132,11 +126,13 @@ std::string frmCreditCardSetup::RefusesCell(int column, const platform::Value& v
 }
 
 void frmCreditCardSetup::Form_Unload() {
-  // The combo is opened anew at every closing, and once more when something was changed.
-  ReloadCombo(screens::frmCustMain.peek()->DataCreditCards);
-  if (RecordsChanged) {
-    ReloadCombo(screens::frmCustMain.peek()->DataCreditCards);
-    ReloadOnListPage(screens::frmCustMain.peek()->data[tab::CreditCards], "CreditCardID");
+  if (frmCustMain* main = screens::frmCustMain.peek()) {
+    // At every closing, and once more when something was changed.
+    ReloadCombo(main->DataCreditCards);
+    if (RecordsChanged) {
+      ReloadCombo(main->DataCreditCards);
+      ReloadOnListPage(main->data[tab::CreditCards], "CreditCardID");
+    }
   }
   CloseTable(rsCreditCardTypes);
   CloseTable(rsCardUse);

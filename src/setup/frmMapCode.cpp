@@ -15,6 +15,9 @@ platform::ScreenRef<orcussch::frmMapCode> frmMapCode{App};
 
 namespace {
 
+constexpr int kCodeLength = 20;
+constexpr int kLocationLength = 24;
+
 CodeTableDesign Design() {
   return {.screen = "frmMapCode",
           .caption = "Map Codes",
@@ -24,7 +27,8 @@ CodeTableDesign Design() {
                    .field = "MapCode",
                    .prompt = "Map Code",
                    .caption = "Map Codes",
-                   .columns = {column::Plain("Map Code", "MapCode"), column::Plain("Location", "Location")}},
+                   .columns = {column::Limited(column::Plain("Map Code", "MapCode"), kCodeLength),
+                               column::Limited(column::Plain("Location", "Location"), kLocationLength)}},
           .select = "Select * FROM Locations",
           .card = "fraLocations",
           .cardCaption = "",
@@ -46,16 +50,23 @@ CodeTableDesign Design() {
 
 frmMapCode::frmMapCode(platform::Application& application)
     : CodeTableScreen(application, Design(), {{"tb_Select", "Select Current Record"}}),
-      txtMapCode(*this, "txtMapCode", 20),
-      txtLocation(*this, "txtLocation", 24) {
+      txtMapCode(*this, "txtMapCode", kCodeLength),
+      txtLocation(*this, "txtLocation", kLocationLength) {
   PutOnCard({&txtMapCode, &txtLocation});
   OrdersByHeading(*this);
+  // Where a code is looked up, Enter and a double click choose it.
+  list.grid.RowCommands({{"Select", &tb("tb_Select"), true}, {"Edit", &tb("tb_EditRec"), true}, {"Delete", &tb("tb_DeleteRec")}});
 }
 
 void frmMapCode::OpenTables() { rsLocationTable = dbCustomer->OpenRecordset("Locations", platform::RecordsetType::Table); }
 
 /// Once, at the first opening: a screen that hides after a choice keeps the key until it is closed.
-void frmMapCode::Loading() { tb("tb_Select").Visible(screens::frmCustMain.peek()->ChoosesMapCode()); }
+void frmMapCode::Loading() {
+  const frmCustMain* main = screens::frmCustMain.peek();
+  const bool chooses = main && main->ChoosesMapCode();
+  tb("tb_Select").Visible(chooses);
+  list.grid.ChoosesRows(chooses);
+}
 
 void frmMapCode::TestRecordcount() {
   CodeTableScreen::TestRecordcount();
@@ -68,7 +79,8 @@ void frmMapCode::RunOwnKey(const std::string& Key) {
 
 /// The row under the list's position goes back, also while another one is being typed.
 void frmMapCode::Choose() {
-  if (list.data.OnRecord()) screens::frmCustMain.peek()->ShowMapCode(TextOf(Rows(), "MapCode"), TextOf(Rows(), "Location"));
+  frmCustMain* main = screens::frmCustMain.peek();
+  if (main && list.data.OnRecord()) main->ShowMapCode(TextOf(Rows(), "MapCode"), TextOf(Rows(), "Location"));
   App().Hide(*this);
 }
 
@@ -85,14 +97,14 @@ bool frmMapCode::Edit() {
 }
 
 bool frmMapCode::Complete() {
-  for (const auto& [entry, message] : {std::pair<platform::TextBox*, const char*>{&txtMapCode, "You must enter a Map Code!"},
-                                       {&txtLocation, "You must enter a location!"}}) {
-    if (!entry->Text().empty()) continue;
-    Tell(message, "Save Record");
-    entry->SetFocus();
-    return false;
-  }
-  return true;
+  return IsEntered(txtMapCode, "You must enter a Map Code!") && IsEntered(txtLocation, "You must enter a location!");
+}
+
+bool frmMapCode::IsEntered(platform::TextBox& entry, const char* message) const {
+  if (!entry.Text().empty()) return true;
+  Tell(message, "Save Record");
+  entry.SetFocus();
+  return false;
 }
 
 std::optional<std::string> frmMapCode::Write(bool adding) {
@@ -113,10 +125,9 @@ std::optional<std::string> frmMapCode::Write(bool adding) {
 SetupDeletion frmMapCode::Deletion() {
   const std::string code = TextUnguarded(Rows(), "MapCode");
   const std::string position = "[MapCode]>=" + Quoted(code);
-  rsCustomers->SetIndex("CustomersMapCode");
-  rsCustomers->Seek("=", {code});
-  if (rsCustomers->NoMatch()) return {false, "Are you sure you want to delete Map Code '" + code + "' ?", position};
-  return {true, "One or more customers use map code " + code + ".  A map code can not be deleted if it is used by a customer!", position};
+  if (HasRow(rsCustomers, "CustomersMapCode", code))
+    return {true, "One or more customers use map code " + code + ".  A map code can not be deleted if it is used by a customer!", position};
+  return {false, "Are you sure you want to delete Map Code '" + code + "' ?", position};
 }
 
 void frmMapCode::Form_Unload() {

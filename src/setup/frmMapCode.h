@@ -30,6 +30,7 @@ class frmMapCode final : public CodeTableScreen {
   bool Complete() override;
   std::optional<std::string> Write(bool adding) override;
   SetupDeletion Deletion() override;
+  bool IsEntered(platform::TextBox& entry, const char* message) const;
   void Choose();
 
   platform::RecordsetRef rsLocationTable;

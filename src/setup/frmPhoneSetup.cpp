@@ -18,7 +18,8 @@ namespace {
 
 using platform::Left;
 
-constexpr const char* kBuiltIn[] = {"C", "F", "H", "P", "W"};
+constexpr int kDescriptionLength = 20;
+constexpr std::string_view kBuiltIn[] = {"C", "F", "H", "P", "W"};
 
 CodeTableDesign Design() {
   return {.screen = "frmPhoneSetup",
@@ -29,7 +30,7 @@ CodeTableDesign Design() {
                    .field = "TypeDescription",
                    .prompt = "Phone Type",
                    .caption = "Phone Types",
-                   .columns = {column::Closed(column::Plain("Type ID", "Type")), column::Plain("Phone Type", "TypeDescription")}},
+                   .columns = {column::Closed(column::Plain("Type ID", "Type")), column::Limited(column::Plain("Phone Type", "TypeDescription"), kDescriptionLength)}},
           .select = "Select * FROM PhoneTypes",
           .card = "fraPhone",
           .cardCaption = "Phone:",
@@ -55,7 +56,7 @@ std::string NextPhoneType() {
 }  // namespace
 
 frmPhoneSetup::frmPhoneSetup(platform::Application& application)
-    : CodeTableScreen(application, Design()), txtPhone(*this, "txtPhone", 20) {
+    : CodeTableScreen(application, Design()), txtPhone(*this, "txtPhone", kDescriptionLength) {
   PutOnCard({&txtPhone});
   TestsCells(*this, "Phone Type Setup - Invalid Grid Entry");
   list.grid.AfterUpdate = [this] { RecordsChanged = true; };
@@ -83,18 +84,14 @@ bool frmPhoneSetup::Complete() {
 }
 
 std::optional<std::string> frmPhoneSetup::Write(bool adding) {
-  std::string key;
+  const std::string key = Left(adding ? NextPhoneType() : TextUnguarded(Rows(), "Type"), 1);
   if (adding) {
-    key = Left(NextPhoneType(), 1);
     if (key.empty()) return {};  // no code could be had, which was reported
     rsPhoneTypes->AddNew();
     rsPhoneTypes->SetField("Type", key);
-  } else {
-    key = Left(TextUnguarded(Rows(), "Type"), 1);
-    if (!EditRow(rsPhoneTypes, "PrimaryKey", key)) {
-      Tell("The edited phone type can no longer be found.  It may have been deleted by another user!", "Save Record");
-      return {};
-    }
+  } else if (!EditRow(rsPhoneTypes, "PrimaryKey", key)) {
+    Tell("The edited phone type can no longer be found.  It may have been deleted by another user!", "Save Record");
+    return {};
   }
   rsPhoneTypes->SetField("TypeDescription", txtPhone.Text());
   rsPhoneTypes->Update();
@@ -104,12 +101,8 @@ std::optional<std::string> frmPhoneSetup::Write(bool adding) {
 SetupDeletion frmPhoneSetup::Deletion() {
   const std::string name = TextUnguarded(Rows(), "TypeDescription");
   const std::string position = "[TypeDescription]>=" + Quoted(name);
-  const platform::Value type = Rows()->Field("Type");
-  for (const char* code : kBuiltIn)
-    if (TextOf(Rows(), "Type") == code) return {true, "Phone Type " + name + " can not be deleted!", position};
-  rsPhoneUse->SetIndex("Type");
-  rsPhoneUse->Seek("=", {type});
-  if (!rsPhoneUse->NoMatch())
+  if (IsOneOf(TextOf(Rows(), "Type"), kBuiltIn)) return {true, "Phone Type " + name + " can not be deleted!", position};
+  if (HasRow(rsPhoneUse, "Type", Rows()->Field("Type")))
     return {true,
             "One or more customers have a phone type '" + name +
                 "'.  A phone type can not be deleted if it is used by a customer!",
@@ -122,9 +115,9 @@ std::string frmPhoneSetup::RefusesCell(int, const platform::Value& value) {
 }
 
 void frmPhoneSetup::Form_Unload() {
-  if (RecordsChanged) {
-    ReloadCombo(screens::frmCustMain.peek()->DataPhoneTypes);
-    ReloadOnListPage(screens::frmCustMain.peek()->data[tab::Phones], "RecordID");
+  if (frmCustMain* main = screens::frmCustMain.peek(); main && RecordsChanged) {
+    ReloadCombo(main->DataPhoneTypes);
+    ReloadOnListPage(main->data[tab::Phones], "RecordID");
   }
   CloseTable(rsPhoneTypes);
   CloseTable(rsPhoneUse);

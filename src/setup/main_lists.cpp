@@ -25,9 +25,11 @@ void ReloadOnListPage(platform::DataControl& list, const char* key) {
   on([&] { Id = LongOf(list.Recordset(), key); });
   on([&] { list.Refresh(); });
   on([&] { list.UpdateControls(); });
+  bool Rows = false;
+  on([&] { Rows = HasRecords(list); });
+  if (!Rows) return;
+  on([&] { list.Recordset()->FindFirst(std::string("[") + key + "]=" + std::to_string(Id)); });
   on([&] {
-    if (!HasRecords(list)) return;
-    list.Recordset()->FindFirst(std::string("[") + key + "]=" + std::to_string(Id));
     if (list.Recordset()->NoMatch()) list.Recordset()->MoveFirst();
   });
 }

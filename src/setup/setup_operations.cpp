@@ -13,10 +13,14 @@ void FindOrGoLast(const platform::RecordsetRef& rows, const std::string& positio
 
 }  // namespace
 
-bool EditRow(const platform::RecordsetRef& table, const char* index, const platform::Value& key) {
+bool HasRow(const platform::RecordsetRef& table, const char* index, const platform::Value& key) {
   table->SetIndex(index);
   table->Seek("=", {key});
-  if (table->NoMatch()) return false;
+  return !table->NoMatch();
+}
+
+bool EditRow(const platform::RecordsetRef& table, const char* index, const platform::Value& key) {
+  if (!HasRow(table, index, key)) return false;
   table->Edit();
   return true;
 }
@@ -71,8 +75,8 @@ void SetupScreen::RecordSave() {
     SetupRecord& record = CurrentRecord();
     if (!record.Complete()) return;
     Wait(record.Texts().saving);
-    if (!Loaded()) return;
-    if (const std::optional<std::string> position = record.Write(EditMode == "A")) ShowSaved(record, *position);
+    if (Loaded())
+      if (const std::optional<std::string> position = record.Write(EditMode == "A")) ShowSaved(record, *position);
     EndWait();
   });
 }
@@ -121,12 +125,13 @@ void SetupScreen::RecordDelete() {
     const int answer = App().MsgBox(asked.text, style, record.Texts().deleteTitle);
     if (asked.barred || answer == platform::box::No || !Loaded()) return;
     Wait(record.Texts().deleting);
-    if (!Loaded()) return;
-    // The row that the user was asked about; a list that was opened anew meanwhile raises.
-    if (rows->Bookmark() != row) rows->SetBookmark(row);
-    rows->Delete();
-    if (rows->HasRows()) FindOrGoLast(rows, asked.position);
-    TestRecordcount();
+    if (Loaded()) {
+      // The row that the user was asked about; a list that was opened anew meanwhile raises.
+      if (rows->Bookmark() != row) rows->SetBookmark(row);
+      rows->Delete();
+      if (rows->HasRows()) FindOrGoLast(rows, asked.position);
+      TestRecordcount();
+    }
     EndWait();
   });
 }

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "platform/controls/form/control.h"
 #include "setup/setup_list.h"
@@ -62,6 +65,13 @@ class SetupRecord {
   platform::RecordsetRef Rows() const { return list.data.Recordset(); }
 };
 
+/// Whether the code is one of those that the program itself knows, to the letter.
+inline bool IsOneOf(const std::string& code, std::span<const std::string_view> builtIn) {
+  return std::find(builtIn.begin(), builtIn.end(), code) != builtIn.end();
+}
+
+/// Whether the table has a row with that key in the index, which stays set; it then stands on it.
+bool HasRow(const platform::RecordsetRef& table, const char* index, const platform::Value& key);
 /// Begins the edit of a table's row. False: there is none with that key.
 bool EditRow(const platform::RecordsetRef& table, const char* index, const platform::Value& key);
 

@@ -31,6 +31,13 @@ QString ShownKey(std::string_view key) {
       .replace(QStringLiteral("Escape"), QStringLiteral("Esc"));
 }
 
+/// A key looks the same on every screen, unless a screen has a drawing of its own for it.
+QIcon DrawingOf(const platform::ToolbarButton& key) {
+  const QString name = ToShown(key.Name());
+  const QIcon own = DrawnIcon(ToShown(key.Owner().Name()) + "/" + name);
+  return own.isNull() ? DrawnIcon(name) : own;
+}
+
 /// Names of the items before which the layout wants a line.
 bool LineBefore(const QMenuBar& bar, const platform::MenuItem& item) {
   return bar.property("linesBefore").toString().split(' ').contains(ToShown(item.Name()));
@@ -75,7 +82,7 @@ ToolbarButtonBinding::ToolbarButtonBinding(QMainWindow& window, platform::Toolba
   if (!bar) return;
   for (const auto& design : key.Bar().Keys())
     if (design.key == key.Name() && design.group && !bar->actions().isEmpty()) bar->addSeparator();
-  action_ = bar->addAction(DrawnIcon(ToShown(key.Name())), ToShown(key.ToolTipText()));
+  action_ = bar->addAction(DrawingOf(key), ToShown(key.ToolTipText()));
   action_->setObjectName(WidgetName(key));
   if (auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(action_))) {
     button->setFocusPolicy(Qt::NoFocus);

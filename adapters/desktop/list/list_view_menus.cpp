@@ -75,8 +75,9 @@ void ListView::HeadMenu(const QPoint& global, int column) {
     const auto sort = [this, column](bool descending) {
       Later([column, descending](platform::Grid& grid) { grid.UserSort(column, descending); });
     };
-    menu->addAction(tr("Sort Up"), this, [sort] { sort(false); });
-    if (grid_->Sort.HasHandler()) menu->addAction(tr("Sort Down"), this, [sort] { sort(true); });
+    const bool both = grid_->Sort.HasHandler();
+    if (both || grid_->HeadClick.HasHandler()) menu->addAction(tr("Sort Up"), this, [sort] { sort(false); });
+    if (both) menu->addAction(tr("Sort Down"), this, [sort] { sort(true); });
     menu->addSeparator();
     const std::string field = FieldOf(column);
     menu->addAction(tr("Hide Column"), this,

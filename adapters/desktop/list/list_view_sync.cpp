@@ -258,6 +258,7 @@ void ListView::SyncOpenCell() {
     editor_ = made;
     editorColumn_ = *open;
     made->setAccessibleName(CaptionOf(*open));
+    if (const int limit = grid_->Column(*open).entryLimit; limit > 0) made->setMaxLength(limit);
     made->onText = [this](const QString& text) {
       if (grid_) grid_->UserCellText(ToUtf8(text));
     };

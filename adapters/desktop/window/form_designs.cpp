@@ -1,15 +1,21 @@
 #include "desktop/window/form_designs.h"
 
+#include "ui_frmCreditCardSetup.h"
 #include "ui_frmCustMain.h"
 #include "ui_frmCustQueries.h"
+#include "ui_frmMapCode.h"
+#include "ui_frmPhoneSetup.h"
 #include "ui_frmUserStartup.h"
 
 namespace desktop {
 
 std::vector<FormDesign> LibraryDesigns() {
   return {
+      DesignFrom<Ui::frmCreditCardSetup>("frmCreditCardSetup"),
       DesignFrom<Ui::frmCustMain>("frmCustMain"),
       DesignFrom<Ui::frmCustQueries>("frmCustQueries"),
+      DesignFrom<Ui::frmMapCode>("frmMapCode"),
+      DesignFrom<Ui::frmPhoneSetup>("frmPhoneSetup"),
       DesignFrom<Ui::frmUserStartup>("frmUserStartup"),
   };
 }

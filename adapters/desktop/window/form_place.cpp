@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QBoxLayout>
 #include <QGroupBox>
 #include <QScreen>
@@ -37,7 +38,8 @@ void LetScroll(QWidget& page) {
 
 }  // namespace
 
-/// The first time most of the screen, so that the lists show much, and never more than there is.
+/// The first time most of the screen, so that the lists show much, and never more than there is. A small screen's layout says how
+/// large it is at first (the window's property "opensAsDesigned"); it stands in the middle of the window that it came from.
 QSize FormWindow::FirstSize(const QSize& needed, const QSize& room) {
   QSize most = room * kFirstShare;
   most.setWidth(std::min(most.width(), qRound(most.height() * kWidest)));
@@ -47,9 +49,11 @@ QSize FormWindow::FirstSize(const QSize& needed, const QSize& room) {
 void FormWindow::RestorePlace() {
   placed_ = true;
   const QSize room = screen()->availableGeometry().size();
+  const QWidget* owner = QApplication::activeWindow();
+  const bool small = property("opensAsDesigned").toBool();
   FitInto(room);
-  // A small screen opens as its layout was drawn ("opensAtItsSize"); what shows long lists takes room for them.
-  resize(property("opensAtItsSize").toBool() ? size().expandedTo(minimumSizeHint()).boundedTo(room) : FirstSize(size(), room));
+  resize(small ? size().expandedTo(minimumSizeHint()).boundedTo(room) : FirstSize(size(), room));
+  if (small && owner && owner != this) move(owner->frameGeometry().center() - rect().center());
   if (const auto place = services_.Kept().WindowPlace(name_)) restoreGeometry(*place);
 }
 

@@ -41,20 +41,21 @@ WindowExtras::WindowExtras(QMainWindow& window, platform::Form& form, Services& 
   ShowFilter();
 }
 
-/// The button is the toolbar key at another place: the same command, open and closed with it.
+/// The button is the toolbar key at another place: the same command, open, closed and hidden with it.
 void WindowExtras::ConnectButtons() {
   for (QPushButton* button : window_.findChildren<QPushButton*>()) {
     const QString key = button->property("presses").toString();
     auto* action = key.isEmpty() ? nullptr : window_.findChild<QAction*>(key);
     if (!action) continue;
     button->setAutoDefault(false);
-    button->setToolTip(action->toolTip());
-    button->setEnabled(action->isEnabled());
-    QObject::connect(button, &QPushButton::clicked, action, &QAction::trigger);
-    QObject::connect(action, &QAction::changed, button, [button, action] {
+    const auto follow = [button, action] {
       button->setEnabled(action->isEnabled());
+      button->setVisible(action->isVisible());
       button->setToolTip(action->toolTip());
-    });
+    };
+    follow();
+    QObject::connect(button, &QPushButton::clicked, action, &QAction::trigger);
+    QObject::connect(action, &QAction::changed, button, follow);
   }
 }
 

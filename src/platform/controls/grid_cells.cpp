@@ -44,7 +44,9 @@ bool Grid::UserOpenCell(int column) {
 }
 
 void Grid::UserCellText(std::string text) {
-  if (openCell_) openText_ = std::move(text);
+  if (!openCell_) return;
+  const int limit = Column(*openCell_).entryLimit;
+  openText_ = limit > 0 ? Left(text, limit) : std::move(text);
 }
 
 bool Grid::UserCloseCell() {

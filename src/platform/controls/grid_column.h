@@ -20,6 +20,7 @@ struct GridColumn {
   int width = 0;          ///< first width in characters, 0: from the field
   bool percent = false;   ///< the number is a percentage, and is seen as one
   bool lastFour = false;  ///< of this number only the last four digits leave the list by copying
+  int entryLimit = 0;     ///< characters that can be typed into a cell; 0: the field alone sets a limit
 };
 
 }  // namespace platform

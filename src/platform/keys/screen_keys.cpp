@@ -1,11 +1,14 @@
 #include "platform/keys/screen_keys.h"
 
+#include "platform/controls/buttons.h"
 #include "platform/controls/combo.h"
 #include "platform/controls/form/tab_control.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/text_box.h"
 #include "platform/controls/toolbar.h"
+#include "platform/keys/key.h"
 #include "platform/keys/shortcuts.h"
+#include "platform/values/text.h"
 
 namespace platform {
 namespace {
@@ -62,16 +65,37 @@ bool StartCommand(const Form& form, std::string_view key) {
     item->UserClick();
   } else if (auto* button = dynamic_cast<ToolbarButton*>(target)) {
     button->UserClick();
+  } else if (auto* push = dynamic_cast<CommandButton*>(target)) {
+    push->UserClick();
   } else {
     return false;
   }
   return true;
 }
 
+/// The letter behind the caption's "&", as it is pressed with Alt; "" without one.
+std::string LetterOf(const std::string& caption) {
+  const std::size_t mark = caption.find('&');
+  return mark == std::string::npos ? "" : caption.substr(mark + 1, 1);
+}
+
+/// Alt and the letter that is marked in a button's caption press it.
+bool PressButtonByLetter(const Form& form, std::string_view key) {
+  const std::optional<Key> pressed = KeyNamed(key);
+  if (!pressed || !pressed->alt || pressed->control || pressed->shift) return false;
+  for (Control* control : form.Controls()) {
+    auto* button = dynamic_cast<CommandButton*>(control);
+    if (button == nullptr || !button->OpenToUser() || !EqualsNoCase(LetterOf(button->Caption()), pressed->plain)) continue;
+    button->UserClick();
+    return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 bool PressKeyOnScreen(Form& form, const Control* focus, std::string_view key) {
-  return TurnTab(form, key) || Search(form, focus, key) || StartCommand(form, key);
+  return TurnTab(form, key) || Search(form, focus, key) || StartCommand(form, key) || PressButtonByLetter(form, key);
 }
 
 }  // namespace platform

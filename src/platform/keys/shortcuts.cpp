@@ -27,10 +27,10 @@ Control* ShortcutTarget(const Form& form, std::string_view key) {
   for (const Shortcut& shortcut : form.Shortcuts()) {
     if (shortcut.key != key) continue;
     Control* target = form.Find(shortcut.control);
-    if (target == nullptr || !target->OpenToUser()) return nullptr;
+    if (target == nullptr || !target->OpenToUser()) continue;
     const Control* guard = shortcut.guard.empty() ? nullptr : form.Find(shortcut.guard);
     const bool closed = guard != nullptr && !guard->OpenToUser();
-    return closed && !WouldRefuse(*target) ? nullptr : target;
+    if (!closed || WouldRefuse(*target)) return target;
   }
   return nullptr;
 }

@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QFile>
+#include <QRegularExpression>
+#include <QToolBar>
+#include <map>
+#include <set>
+
+#include "desktop/binding/binder.h"
+#include "desktop/list/list_view.h"
+#include "desktop/look/icons.h"
+#include "desktop/support/fake_rows.h"
+#include "desktop/window/form_designs.h"
+#include "desktop/window/front_end.h"
+#include "maintenance/frmCustMain.h"
+#include "session/ModCustSch.h"
+#include "setup/frmCreditCardSetup.h"
+#include "setup/frmMapCode.h"
+#include "setup/frmPhoneSetup.h"
+#include "suite/operating_system.h"
+
+// What holds for every window of the library: layout and screen fit each other.
+namespace desktop_test {
+namespace {
+
+using Maker = std::unique_ptr<platform::Form> (*)(platform::Application&);
+
+template <class Screen>
+std::unique_ptr<platform::Form> Make(platform::Application& app) {
+  return std::make_unique<Screen>(app);
+}
+
+const std::map<std::string, Maker> kScreens = {
+    {"frmCreditCardSetup", Make<orcussch::frmCreditCardSetup>},
+    {"frmCustMain", Make<orcussch::frmCustMain>},
+    {"frmMapCode", Make<orcussch::frmMapCode>},
+    {"frmPhoneSetup", Make<orcussch::frmPhoneSetup>},
+};
+
+/// The window of one screen, without a company behind it.
+class LibraryWindows : public testing::TestWithParam<std::string> {
+ protected:
+  LibraryWindows() {
+    platform::ApplicationParts parts;
+    parts.engine = std::make_unique<FakeEngine>(table);
+    parts.system = suite::MakeNativeSystem("/tmp");
+    auto made = std::make_unique<desktop::DesktopFrontEnd>(desktop::DesktopOptions{});
+    front = made.get();
+    parts.frontEnd = std::move(made);
+    app = std::make_unique<platform::Application>(std::move(parts));
+    orcussch::AttachApplication(app.get());
+    screen = kScreens.at(GetParam())(*app);
+    front->Loaded(*screen);
+    window = front->WindowOf(*screen);
+  }
+  ~LibraryWindows() override {
+    front->Unloaded(*screen);
+    screen.reset();
+    orcussch::AttachApplication(nullptr);
+    app.reset();
+  }
+  platform::Toolbar* Bar() const { return dynamic_cast<platform::Toolbar*>(screen->Find("Toolbar1")); }
+
+  FakeTable table;
+  desktop::DesktopFrontEnd* front = nullptr;
+  std::unique_ptr<platform::Application> app;
+  std::unique_ptr<platform::Form> screen;
+  desktop::FormWindow* window = nullptr;
+};
+
+TEST(LibraryDesigns, EveryLayoutIsTested) {
+  std::set<std::string> tested;
+  for (const auto& [name, make] : kScreens) tested.insert(name);
+  for (const desktop::FormDesign& design : desktop::LibraryDesigns()) EXPECT_TRUE(tested.erase(design.screen)) << design.screen;
+  EXPECT_TRUE(tested.empty()) << *tested.begin() << " has no layout";
+}
+
+TEST_P(LibraryWindows, EveryControlHasItsWidgetOfTheRightClass) {
+  for (platform::Control* control : screen->Controls()) {
+    if (!desktop::HasWidget(*control)) continue;
+    EXPECT_NE(window->BindingOf(*control), nullptr) << control->FullName();
+  }
+}
+
+TEST_P(LibraryWindows, EveryWidgetThatIsNamedLikeAControlHasItsControl) {
+  static const QRegularExpression controlName(
+      "^(txt|lbl|cbo|opt|chk|cmd|fra[A-Z]|grid|grd|SSPanel|SSIndexTab1$|Toolbar|StatusBar|mi|mnu|tb_)");
+  std::set<QString> known;
+  for (const platform::Control* control : screen->Controls()) known.insert(desktop::WidgetName(*control));
+  int named = 0;
+  for (const QObject* child : window->findChildren<QObject*>()) {
+    if (!controlName.match(child->objectName()).hasMatch()) continue;
+    ++named;
+    EXPECT_EQ(known.count(child->objectName()), 1u) << child->objectName().toStdString();
+  }
+  EXPECT_GT(named, 5);
+}
+
+TEST_P(LibraryWindows, NoTwoWidgetsBearOneName) {
+  std::set<QString> names;
+  for (const QWidget* widget : window->findChildren<QWidget*>()) {
+    const QString name = widget->objectName();
+    if (name.isEmpty() || name.startsWith("qt_") || name.startsWith("Scroll")) continue;
+    EXPECT_TRUE(names.insert(name).second) << name.toStdString();
+  }
+}
+
+TEST_P(LibraryWindows, EveryInputHasANameForTheBlind) {
+  for (const auto& binding : window->Bindings()) {
+    if (!binding->Widget() || !binding->Model().TakesFocus() || dynamic_cast<platform::Grid*>(&binding->Model())) continue;
+    const auto* button = qobject_cast<QAbstractButton*>(binding->Widget());
+    const bool named = !binding->Widget()->accessibleName().isEmpty() || (button && !button->text().isEmpty());
+    EXPECT_TRUE(named) << binding->Model().FullName();
+  }
+}
+
+TEST_P(LibraryWindows, EveryToolbarKeyHasItsOwnDrawing) {
+  if (!Bar()) return;
+  std::set<QByteArray> drawings;
+  for (const auto& key : Bar()->Keys()) {
+    const QString name = QString::fromStdString(key.key);
+    QFile file(QString(":/desktop/icons/%1/%2.svg").arg(QString::fromStdString(screen->Name()), name));
+    if (!file.exists()) file.setFileName(QString(":/desktop/icons/%1.svg").arg(name));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << key.key;
+    EXPECT_TRUE(drawings.insert(file.readAll()).second) << key.key << " looks like another key";
+    auto* action = window->findChild<QAction*>(name);
+    ASSERT_NE(action, nullptr) << key.key;
+    EXPECT_FALSE(action->icon().isNull()) << key.key;
+    EXPECT_TRUE(action->toolTip().toStdString().starts_with(key.toolTip)) << key.key;
+  }
+  EXPECT_EQ(drawings.size(), Bar()->Keys().size());
+}
+
+TEST_P(LibraryWindows, FitOnASmallScreen) {
+  window->resize({1024, 768});
+  window->show();
+  QApplication::processEvents();
+  EXPECT_LE(window->minimumSizeHint().width(), 1024);
+  EXPECT_LE(window->minimumSizeHint().height(), 700);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, LibraryWindows, testing::ValuesIn([] {
+                           std::vector<std::string> names;
+                           for (const auto& [name, make] : kScreens) names.push_back(name);
+                           return names;
+                         }()),
+                         [](const auto& info) { return info.param; });
+
+}  // namespace
+}  // namespace desktop_test

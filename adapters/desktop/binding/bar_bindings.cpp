@@ -31,7 +31,7 @@ QString ShownKey(std::string_view key) {
       .replace(QStringLiteral("Escape"), QStringLiteral("Esc"));
 }
 
-/// Names of the items before which the layout wants a line.
+/// Whether the layout wants a line before that item.
 bool LineBefore(const QMenuBar& bar, const platform::MenuItem& item) {
   return bar.property("linesBefore").toString().split(' ').contains(ToShown(item.Name()));
 }

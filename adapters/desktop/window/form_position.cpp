@@ -44,13 +44,13 @@ QSize FormWindow::FirstSize(const QSize& needed, const QSize& room) {
   return needed.expandedTo(most).boundedTo(room);
 }
 
-void FormWindow::RestorePlace() {
+void FormWindow::RestorePosition() {
   placed_ = true;
   const QSize room = screen()->availableGeometry().size();
   FitInto(room);
   // A small screen opens as its layout was drawn ("opensAtItsSize"); what shows long lists takes room for them.
   resize(property("opensAtItsSize").toBool() ? size().expandedTo(minimumSizeHint()).boundedTo(room) : FirstSize(size(), room));
-  if (const auto place = services_.Kept().WindowPlace(name_)) restoreGeometry(*place);
+  if (const auto position = services_.Kept().WindowPosition(name_)) restoreGeometry(*position);
 }
 
 /// With larger letters than the layout was made for, or on a smaller screen: choices stand below each other, pages scroll, and
@@ -79,8 +79,8 @@ void FormWindow::FitInto(const QSize& room) {
   setCentralWidget(NewScroll(this, takeCentralWidget()));
 }
 
-void FormWindow::KeepPlace() {
-  if (isVisible()) services_.Kept().KeepWindowPlace(name_, saveGeometry());
+void FormWindow::KeepPosition() {
+  if (isVisible()) services_.Kept().KeepWindowPosition(name_, saveGeometry());
 }
 
 }  // namespace desktop

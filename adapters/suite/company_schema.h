@@ -11,7 +11,7 @@ namespace suite {
 
 enum class DataFile { Dat, Customer, Ledger, Transactions, FlatRate, Temporary };
 
-/// The files of one company, in the order in which a session opens them.
+/// The files that each company has of its own.
 inline constexpr DataFile kCompanyFiles[] = {DataFile::Customer, DataFile::Transactions, DataFile::Ledger, DataFile::FlatRate};
 
 /// "customer.zdb", ...; "" for the temporary file, whose name holds the user number.

@@ -1,6 +1,5 @@
 #include <csignal>
 #include <exception>
-#include <filesystem>
 #include <iostream>
 #include <string>
 #include <vector>

@@ -22,7 +22,7 @@ struct ListSearch {
 
 /// One step of a search by the beginning of a field: the next row that fits becomes current, else a box under the title says so and
 /// the next step begins anew. `value` is what the field is compared with. An empty search text does nothing.
-void SearchList(platform::Application& App, const platform::RecordsetRef& rows, const ListSearch& search, const std::string& value,
+void SearchList(platform::Application& app, const platform::RecordsetRef& rows, const ListSearch& search, const std::string& value,
                 const std::string& title);
 
 }  // namespace orcussch

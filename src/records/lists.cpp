@@ -6,15 +6,15 @@ bool HasRecords(const platform::DataControl& list) { return list.HasRecordset() 
 
 void StandOn(ResumeNext& on, const platform::DataControl& list, const std::string& position) {
   if (position.empty()) return;
-  bool Records = false;
-  on([&] { Records = list.Recordset()->HasRows(); });
-  if (!Records) return;
-  bool NoMatch = false;
+  bool records = false;
+  on([&] { records = list.Recordset()->HasRows(); });
+  if (!records) return;
+  bool noMatch = false;
   on([&] {
     list.Recordset()->FindFirst(position);
-    NoMatch = list.Recordset()->NoMatch();
+    noMatch = list.Recordset()->NoMatch();
   });
-  if (NoMatch) on([&] { list.Recordset()->MoveLast(); });
+  if (noMatch) on([&] { list.Recordset()->MoveLast(); });
 }
 
 void UpdateOrDrop(ResumeNext& on, const platform::RecordsetRef& rows) {

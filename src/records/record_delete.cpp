@@ -18,34 +18,34 @@ bool StandOnDeleted(ResumeNext& on, const DeleteState& state) {
 }  // namespace
 
 void RecordOperations::RecordDelete() {
-  platform::Application& App = OnScreen().App();
+  platform::Application& app = OnScreen().App();
   ResumeNext on(Literals().Delete);
-  const int Card = mCardNumber;
-  App.MousePointer(platform::pointer::Hourglass);
-  App.DoEvents();
+  const int card = mCardNumber;
+  app.MousePointer(platform::pointer::Hourglass);
+  app.DoEvents();
 
   // Without rows, and after No, the hourglass stays until the next operation sets the pointer back.
   RecordKind& record = CurrentRecord();
-  bool Records = false;
-  on([&] { Records = record.List().Recordset()->HasRows(); });
-  if (!Records || !OnScreen().Loaded() || mCardNumber != Card) return;
-  const RecordTexts Says = Texts();
+  bool records = false;
+  on([&] { records = record.List().Recordset()->HasRows(); });
+  if (!records || !OnScreen().Loaded() || mCardNumber != card) return;
+  const RecordTexts says = Texts();
   DeleteState state;
-  state.Title = Says.DeleteTitle;
+  state.Title = says.DeleteTitle;
   state.Rows = record.List().Recordset();
   state.Record = record.RecordAtHand(true);
   Ignore()([&] { state.Row = state.Rows->Bookmark(); });
-  if (App.MsgBox(Says.DeleteQuestion, kYesNoQuestion, state.Title) != platform::box::Yes) return;
+  if (app.MsgBox(says.DeleteQuestion, kYesNoQuestion, state.Title) != platform::box::Yes) return;
 
   Ready(false);
-  App.MousePointer(platform::pointer::Hourglass);
-  TellWait(Says.Deleting);
+  app.MousePointer(platform::pointer::Hourglass);
+  TellWait(says.Deleting);
   // Behind a box and behind each yield the list is led back to the row that the user was asked about.
-  const auto May = [&] { return mCardNumber == Card && StandOnDeleted(on, state); };
-  if (May() && record.MayDelete(on, state) && May() && record.Remove(on, state)) {
+  const auto may = [&] { return mCardNumber == card && StandOnDeleted(on, state); };
+  if (may() && record.MayDelete(on, state) && may() && record.Remove(on, state)) {
     record.Repair(on, state);
-    App.DoEvents();
-    if (mCardNumber == Card) StandOn(on, record.List(), state.Position);
+    app.DoEvents();
+    if (mCardNumber == card) StandOn(on, record.List(), state.Position);
     record.Deleted();
     TestRecordcount();
   }

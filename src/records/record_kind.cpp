@@ -36,15 +36,15 @@ bool RecordKind::Passes(const SaveState& state, std::initializer_list<SaveTest> 
 }
 
 bool RecordKind::BeginEdit(RowWrite& row, const platform::RecordsetRef& Table, SaveState& state, const GoneText& gone) const {
-  std::string Id;
+  std::string id;
   const Search search = Find(row.Reports(), Table, "PrimaryKey", [&] {
     const platform::Value key = CardKey();
-    Id = std::to_string(platform::CLng(key));
+    id = std::to_string(platform::CLng(key));
     return Keys{key};
   });
-  if (search == Search::Missing) Refuse(state.Title, gone.before + Id + gone.behind);
+  if (search == Search::Missing) Refuse(state.Title, gone.before + id + gone.behind);
   if (search != Search::Found) return false;
-  state.Position = std::string("[") + mKey + "]=" + Id;
+  state.Position = std::string("[") + mKey + "]=" + id;
   row.Must([&] { Table->Edit(); });
   return true;
 }

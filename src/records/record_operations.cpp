@@ -8,25 +8,25 @@ namespace orcussch {
 using platform::Application;
 
 void RecordOperations::BeginWork() {
-  Application& App = OnScreen().App();
+  Application& app = OnScreen().App();
   Ready(false);
-  App.MousePointer(platform::pointer::Hourglass);
-  App.DoEvents();
+  app.MousePointer(platform::pointer::Hourglass);
+  app.DoEvents();
 }
 
 void RecordOperations::EndWork() {
-  Application& App = OnScreen().App();
+  Application& app = OnScreen().App();
   Ready(true);
-  App.MousePointer(platform::pointer::Default);
-  App.DoEvents();
+  app.MousePointer(platform::pointer::Default);
+  app.DoEvents();
 }
 
 void RecordOperations::OpenCard(RecordKind& record, const CardRecord& card) {
   record.OpenedFor(card);
-  const int Number = ++mCardNumber;
+  const int number = ++mCardNumber;
   EditingRecord(true);
   OnScreen().App().DoEvents();
-  if (mCardNumber != Number) return;
+  if (mCardNumber != number) return;
   if (record.StandsOn(card)) return EditSetup();
   // The list was led to another row before the card covered it.
   CloseCard();
@@ -38,14 +38,14 @@ void RecordOperations::CloseCard() {
   ShowList();
 }
 
-bool RecordOperations::CardIs(const RecordKind& record, int Number) {
-  return OnScreen().Loaded() && &CurrentRecord() == &record && mCardNumber == Number;
+bool RecordOperations::CardIs(const RecordKind& record, int number) {
+  return OnScreen().Loaded() && &CurrentRecord() == &record && mCardNumber == number;
 }
 
 void RecordOperations::RecordAdd() {
   ResumeNext on(Literals().Add);
   BeginWork();
-  const int Number = mCardNumber;
+  const int number = mCardNumber;
   RecordKind& record = CurrentRecord();
   mRecordMode = "A";
   const CardRecord card = record.RecordAtHand(false);
@@ -56,39 +56,39 @@ void RecordOperations::RecordAdd() {
     return;
   }
   // In a yield the user may have gone to another list or owner, or opened another card: this one is not opened then.
-  if (CardIs(record, Number) && record.StandsOn(card)) OpenCard(record, card);
+  if (CardIs(record, number) && record.StandsOn(card)) OpenCard(record, card);
   EndWork();
 }
 
 void RecordOperations::RecordEdit() {
   ResumeNext on(Literals().Edit);
-  bool Records = false;
-  on([&] { Records = CurrentRecord().List().Recordset()->HasRows(); });
-  if (!Records) return;
+  bool records = false;
+  on([&] { records = CurrentRecord().List().Recordset()->HasRows(); });
+  if (!records) return;
   BeginWork();
-  const int Number = mCardNumber;
+  const int number = mCardNumber;
   RecordKind& record = CurrentRecord();
   mRecordMode = "E";
   on([&] { record.List().ReadAnew(); });
   record.ReadAgain(on);
   const CardRecord card = record.RecordAtHand(true);
   record.Edit(on);
-  if (CardIs(record, Number) && record.StandsOn(card)) OpenCard(record, card);
+  if (CardIs(record, number) && record.StandsOn(card)) OpenCard(record, card);
   EndWork();
 }
 
 void RecordOperations::RecordSave() {
-  Application& App = OnScreen().App();
+  Application& app = OnScreen().App();
   ResumeNext on(Literals().Save);
   RecordKind& record = CurrentRecord();
-  const RecordTexts Says = Texts();
+  const RecordTexts says = Texts();
   SaveState state;
   state.Card = mCardNumber;
-  state.Title = Says.SaveTitle;
+  state.Title = says.SaveTitle;
   Ready(false);
-  App.MousePointer(platform::pointer::Hourglass);
-  TellWait(Says.Saving);
-  App.DoEvents();
+  app.MousePointer(platform::pointer::Hourglass);
+  TellWait(says.Saving);
+  app.DoEvents();
   if (state.Card == mCardNumber && record.Save(on, state)) ShowSaved(on, record, state);
   TellWait("");
   EndWork();
@@ -96,44 +96,44 @@ void RecordOperations::RecordSave() {
 
 /// The common end of a save: the list is rebuilt and stands on the saved row. A card that was opened in one of the yields stays.
 void RecordOperations::ShowSaved(ResumeNext& on, RecordKind& record, const SaveState& state) {
-  Application& App = OnScreen().App();
-  App.DoEvents();
+  Application& app = OnScreen().App();
+  app.DoEvents();
   on([&] { record.List().Refresh(); });
-  App.DoEvents();
+  app.DoEvents();
   if (mCardNumber != state.Card) return;
   LeavingCard();
   CloseCard();
-  const int Closed = mCardNumber;
-  App.DoEvents();
+  const int closed = mCardNumber;
+  app.DoEvents();
   ListIsUp();
 
-  if (mCardNumber != Closed) return;
+  if (mCardNumber != closed) return;
   StandOn(on, record.List(), state.Position);
-  App.DoEvents();
-  if (mCardNumber != Closed) return;
+  app.DoEvents();
+  if (mCardNumber != closed) return;
   EditingRecord(false);
-  App.DoEvents();
-  bool Records = false;
-  on([&] { Records = HasRecords(record.List()); });
-  record.BackInList(state, Records);
+  app.DoEvents();
+  bool records = false;
+  on([&] { records = HasRecords(record.List()); });
+  record.BackInList(state, records);
 }
 
 void RecordOperations::RecordCancel() {
-  Application& App = OnScreen().App();
+  Application& app = OnScreen().App();
   ResumeNext on(Literals().Cancel);
-  const int Number = mCardNumber;
-  App.MousePointer(platform::pointer::Hourglass);
-  App.DoEvents();
-  const RecordTexts Says = Texts();
-  const bool Asked = mCardNumber == Number;  // a card that was closed or changed in the yield is not the one to be left
-  if (Asked && App.MsgBox(Says.CancelQuestion, kYesNoQuestion, Says.CancelTitle) == platform::box::Yes) {
+  const int number = mCardNumber;
+  app.MousePointer(platform::pointer::Hourglass);
+  app.DoEvents();
+  const RecordTexts says = Texts();
+  const bool asked = mCardNumber == number;  // a card that was closed or changed in the yield is not the one to be left
+  if (asked && app.MsgBox(says.CancelQuestion, kYesNoQuestion, says.CancelTitle) == platform::box::Yes) {
     on([this] { EditingRecord(false); });
-    App.DoEvents();
-    if (mCardNumber == Number) on([this] { CloseCard(); });
+    app.DoEvents();
+    if (mCardNumber == number) on([this] { CloseCard(); });
   }
   on([this] { TestRecordcount(); });
-  App.MousePointer(platform::pointer::Default);
-  App.DoEvents();
+  app.MousePointer(platform::pointer::Default);
+  app.DoEvents();
 }
 
 }  // namespace orcussch

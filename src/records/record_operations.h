@@ -77,7 +77,7 @@ class RecordOperations {
  private:
   void BeginWork();
   void EndWork();
-  bool CardIs(const RecordKind& record, int Number);
+  bool CardIs(const RecordKind& record, int number);
   void OpenCard(RecordKind& record, const CardRecord& card);
   void CloseCard();
   void ShowSaved(ResumeNext& on, RecordKind& record, const SaveState& state);

@@ -66,7 +66,6 @@ inline platform::RecordsetRef rsUserStartup, rsAR;
 
 /// The application that the host put together. Set before the first CustSearch; setting another one begins a new module.
 platform::Application& App();
-bool HasApp();
 void AttachApplication(platform::Application* application);
 
 /// Once, at first use: the temporary folder and its neighbours.

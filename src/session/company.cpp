@@ -17,7 +17,7 @@ struct CompanyText {
   int length;
 };
 
-constexpr CompanyText kFirstTexts[] = {
+constexpr CompanyText kTexts[] = {
     {"CompName", &CompanyRecord::CompName, 40}, {"Addr1", &CompanyRecord::Addr1, 40}, {"Addr2", &CompanyRecord::Addr2, 40},
     {"City", &CompanyRecord::City, 25},         {"State", &CompanyRecord::State, 2},  {"Zip", &CompanyRecord::Zip, 10},
     {"Country", &CompanyRecord::Country, 30},   {"Phone", &CompanyRecord::Phone, 10}, {"Fax", &CompanyRecord::Fax, 10},
@@ -32,14 +32,14 @@ void BlankCompany() {
   gCompany.BeginningMonth = 1;
 }
 
-/// Mends both fields in the table too, so that all later sessions find them sound.
+/// Takes both figures; one that is out of range is mended in the table too, so that all later sessions find it sound.
 void RepairCompany(const platform::RecordsetRef& rsCompany) {
-  bool Repair = false;
+  bool repair = false;
 
   const Value entity = rsCompany->Field("AccountingEntity");
   if (entity.IsNull() || CLng(entity) < 0 || CLng(entity) > kHighestEntity) {
     gCompany.AccountingEntity = 0;
-    Repair = true;
+    repair = true;
   } else {
     gCompany.AccountingEntity = static_cast<std::uint8_t>(CLng(entity));
   }
@@ -47,12 +47,12 @@ void RepairCompany(const platform::RecordsetRef& rsCompany) {
   const Value month = rsCompany->Field("BeginningMonth");
   if (!month.IsNull() && (CLng(month) == 0 || CLng(month) > kMonths)) {
     gCompany.BeginningMonth = 1;
-    Repair = true;
+    repair = true;
   } else {
     gCompany.BeginningMonth = platform::CInt(month);
   }
 
-  if (!Repair) return;
+  if (!repair) return;
   rsCompany->Edit();
   rsCompany->SetField("BeginningMonth", gCompany.BeginningMonth);
   rsCompany->SetField("AccountingEntity", gCompany.AccountingEntity);
@@ -61,7 +61,7 @@ void RepairCompany(const platform::RecordsetRef& rsCompany) {
 }
 
 void ReadCompanyTexts(const platform::RecordsetRef& rsCompany) {
-  for (const CompanyText& text : kFirstTexts)
+  for (const CompanyText& text : kTexts)
     gCompany.*text.member = platform::FixedText(platform::CStr(platform::Concat("", rsCompany->Field(text.field))), text.length);
 }
 
@@ -76,8 +76,6 @@ void ReadCompanyRow() {
   }
   RepairCompany(rsCompany);
   ReadCompanyTexts(rsCompany);
-  const Value entity = rsCompany->Field("AccountingEntity");
-  gCompany.AccountingEntity = entity.IsNull() ? std::uint8_t{0} : static_cast<std::uint8_t>(CLng(entity));
 }
 
 }  // namespace

@@ -25,8 +25,6 @@ platform::Application& App() {
   return *attached;
 }
 
-bool HasApp() { return attached != nullptr; }
-
 void AttachApplication(platform::Application* application) {
   if (attached == application) return;
   ForgetModule();

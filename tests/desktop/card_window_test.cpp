@@ -281,7 +281,7 @@ TEST_F(CardWindow, ARefusedEntryIsSelectedAsAWhole) {
 }
 
 /// As small as ever on small screens, most of a large one, and not spread over the width of two.
-TEST(WindowPlace, AWindowThatNobodyPlacedTakesItsShareOfTheScreen) {
+TEST(WindowPosition, AWindowThatNobodyPlacedTakesItsShareOfTheScreen) {
   const QSize needed(1010, 700);
   const auto opens = [&](int width, int height) { return desktop::FormWindow::FirstSize(needed, {width, height}); };
   EXPECT_EQ(opens(1000, 690), QSize(1000, 690)) << "a screen that is too small";

@@ -42,9 +42,9 @@ TEST(SettingsFile, ForgettingColumnsLeavesOtherLists) {
 TEST(SettingsFile, WithoutAFolderNothingIsKept) {
   Settings none("", "7");
   none.KeepColumnWidth("f.one", "A", 50);
-  none.KeepWindowPlace("f", "x");
+  none.KeepWindowPosition("f", "x");
   EXPECT_EQ(none.ColumnWidth("f.one", "A"), std::nullopt);
-  EXPECT_EQ(none.WindowPlace("f"), std::nullopt);
+  EXPECT_EQ(none.WindowPosition("f"), std::nullopt);
 }
 
 TEST(SettingsFile, ADamagedFileIsAsGoodAsNone) {

@@ -38,7 +38,7 @@ QIcon DrawingOf(const platform::ToolbarButton& key) {
   return own.isNull() ? DrawnIcon(name) : own;
 }
 
-/// Names of the items before which the layout wants a line.
+/// Whether the layout wants a line before that item.
 bool LineBefore(const QMenuBar& bar, const platform::MenuItem& item) {
   return bar.property("linesBefore").toString().split(' ').contains(ToShown(item.Name()));
 }

@@ -19,8 +19,7 @@ namespace {
 
 using platform::Control;
 
-/// Tries one pair of model and widget type: nothing when the control is of another type; an empty pointer, and a diagnostic
-/// line, when the layout has no such widget.
+/// Tries one pair of model and widget type. False when the control is of another type, or the layout has no such widget.
 template <class Model, class Shown, class Made, class... More>
 bool Try(QMainWindow& window, Control& control, std::unique_ptr<Binding>& binding, More&... more) {
   auto* model = dynamic_cast<Model*>(&control);

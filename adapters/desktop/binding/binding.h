@@ -31,7 +31,7 @@ class Binding : public QObject {
 
  protected:
   platform::FormHost& Host() const { return host_; }
-  /// Runs an act of the user unless the screen is gone or the control is closed to the user.
+  /// Runs an act of the user unless the screen is gone.
   template <class Body>
   void Act(Body&& body) {
     if (dropped_) return;

@@ -10,7 +10,6 @@
 #include <QWheelEvent>
 
 #include "desktop/toolkit/key_event.h"
-#include "platform/values/text.h"
 
 namespace desktop {
 

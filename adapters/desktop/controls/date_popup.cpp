@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QCalendarWidget>
 #include <QFrame>
-#include <QPointer>
 #include <QScreen>
 #include <QTextCharFormat>
 #include <QToolButton>

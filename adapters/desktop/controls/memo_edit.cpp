@@ -32,8 +32,8 @@ MemoEdit::MemoEdit(QWidget* parent) : QPlainTextEdit(parent) {
 
 void MemoEdit::Attach(platform::TextBox& model) {
   model_ = &model;
-  connect(document(), &QTextDocument::contentsChange, this, [this](int at, int removed, int added) {
-    if (!showing_ && model_) Changed(at, removed, added);
+  connect(document(), &QTextDocument::contentsChange, this, [this] {
+    if (!showing_ && model_) Changed();
   });
 }
 
@@ -95,7 +95,7 @@ void MemoEdit::ShowText(const QString& text) {
 
 /// The widget has changed its document by itself: the model is asked to do the same. The document's notice may name more than
 /// really changed, so the place is found by comparing.
-void MemoEdit::Changed(int, int, int) {
+void MemoEdit::Changed() {
   const QString now = toPlainText();
   if (now == known_) return;
   const qsizetype shorter = std::min(now.size(), known_.size());

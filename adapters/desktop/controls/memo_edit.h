@@ -29,7 +29,7 @@ class MemoEdit final : public QPlainTextEdit {
   std::size_t ModelPlace(int at) const;
   int ShownPlace(std::size_t place) const;
   void TellSelection();
-  void Changed(int at, int removed, int added);
+  void Changed();
   template <class Body>
   void Edit(Body&& act);
   /// Makes the document hold `text` by one edit of the part that differs.

@@ -125,8 +125,9 @@ bool TextEdit::PutInPair(const QString& text) {
     if (character.isDigit()) digits += character;
   if (digits.size() == whole + 1 && digits[0] == '1') digits.remove(0, 1);
   if (digits.size() != whole) return false;
-  first->ReplaceAll(digits.left(DigitPlaces(*first->model_)));
-  second->ReplaceAll(digits.mid(DigitPlaces(*first->model_)));
+  const qsizetype ofTheFirst = DigitPlaces(*first->model_);
+  first->ReplaceAll(digits.left(ofTheFirst));
+  second->ReplaceAll(digits.mid(ofTheFirst));
   return true;
 }
 

@@ -58,10 +58,11 @@ class ColumnLayout {
   std::optional<int> PlaceAt(int x, int offset) const;
 
  private:
-  std::vector<ColumnSpec> design_;
-  std::vector<int> widths_;
+  /// Puts the columns that are shown in their order.
   void Place();
 
+  std::vector<ColumnSpec> design_;
+  std::vector<int> widths_;
   std::vector<int> all_;
   int fixedOfAll_ = 0;
   std::set<int> hidden_;

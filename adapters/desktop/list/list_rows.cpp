@@ -18,7 +18,6 @@ bool ListRows::Try(Body&& body) {
   platform::RowWindow* window = source_();
   if (!window) return false;
   try {
-    ++fetches_;
     return body(*window);
   } catch (const platform::Error&) {
     return false;
@@ -95,7 +94,7 @@ bool ListRows::Need(std::int64_t first, int count) {
   });
 }
 
-/// Pages on from the rows that are held: their place in the list costs nothing then.
+/// Pages on from the rows that are held: their ordinals cost nothing then.
 bool ListRows::Extend(platform::RowWindow& window, std::int64_t first, std::int64_t end) {
   if (end > End()) {
     auto more = window.RowsAfter(rows_.back().row.bookmark, static_cast<int>(end - End()) + kMargin);

@@ -57,8 +57,6 @@ class ListRows {
   /// Forgets the texts, so that changed columns show.
   void ForgetTexts();
 
-  /// How often the engine was asked for rows, for tests.
-  int Fetches() const noexcept { return fetches_; }
   int Held() const noexcept { return static_cast<int>(rows_.size()); }
 
  private:
@@ -79,7 +77,6 @@ class ListRows {
   std::int64_t count_ = 0;
   bool counted_ = false;
   bool exact_ = false;
-  int fetches_ = 0;
 };
 
 }  // namespace desktop

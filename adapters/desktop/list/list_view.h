@@ -61,7 +61,7 @@ class ListView final : public QAbstractScrollArea {
   /// Brings what was changed in the models into view now.
   void Sync();
   void ScrollToOrdinal(std::int64_t ordinal, bool centre);
-  /// Brings a row into view and returns its place in what is held; nothing when it is not in the list.
+  /// Brings a row into view and returns its ordinal; nothing when it is not in the list.
   std::optional<std::int64_t> ScrollToRow(const platform::Bookmark& row);
   void ScrollToColumn(int column);
   /// Where a cell is shown in the viewport; empty when it is out of view.
@@ -71,8 +71,6 @@ class ListView final : public QAbstractScrollArea {
   CellEditor* Editor() const;
   std::int64_t FirstShown() const;
   int WholeRowsShown() const;
-  /// Times from the change of a model to the end of the painting that shows it, for measurements.
-  const QElapsedTimer& SincePaint() const noexcept { return sincePaint_; }
 
   // Acts of the heading.
   void HeadClicked(int column);

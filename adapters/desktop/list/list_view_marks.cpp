@@ -39,7 +39,7 @@ void ListView::Mark(std::int64_t ordinal, Qt::KeyboardModifiers modifiers, bool 
   });
 }
 
-/// Both and all between, in the list's order; nothing when one of them is not in the list any more. Their places may be guesses
+/// Both and all between, in the list's order; nothing when one of them is not in the list any more. Their ordinals may be guesses
 /// while the engine counts, so the walk itself tells which one comes first.
 std::vector<platform::Bookmark> ListView::RowsBetween(const platform::Bookmark& one, const platform::Bookmark& other) const {
   platform::RowWindow* window = grid_->Data() ? grid_->Data()->Window() : nullptr;

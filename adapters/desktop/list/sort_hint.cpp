@@ -21,18 +21,11 @@ std::optional<SortHint> SortHintOf(std::string_view statement) {
   const std::string lower = platform::ToLowerAscii(statement);
   const auto at = lower.rfind(kWords);
   if (at == std::string::npos) return {};
-  std::string_view order = statement.substr(at + kWords.size());
-  order = Trimmed(order);
-  const bool descendingAll = platform::ToLowerAscii(order).ends_with(" desc");
-  const auto comma = order.find(',');
-  std::string_view term = Trimmed(order.substr(0, comma));
-  bool descending = false;
-  if (platform::ToLowerAscii(term).ends_with(" desc")) {
-    term = Trimmed(term.substr(0, term.size() - 5));
-    descending = true;
-  } else if (comma == std::string_view::npos) {
-    descending = descendingAll;
-  }
+  constexpr std::string_view kDown = " desc";
+  const std::string_view order = statement.substr(at + kWords.size());
+  std::string_view term = Trimmed(order.substr(0, order.find(',')));
+  const bool descending = platform::ToLowerAscii(term).ends_with(kDown);
+  if (descending) term = Trimmed(term.substr(0, term.size() - kDown.size()));
   if (const auto dot = term.rfind('.'); dot != std::string_view::npos) term = Trimmed(term.substr(dot + 1));
   if (!IsPlainField(term)) return {};
   return SortHint{std::string(term), descending};

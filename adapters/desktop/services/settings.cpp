@@ -19,13 +19,13 @@ Settings::Settings(const std::string& folder, const std::string& user) {
   file_ = std::make_unique<QSettings>(ToShown(folder) + "/" + name + ".ini", QSettings::IniFormat);
 }
 
-std::optional<QByteArray> Settings::WindowPlace(const QString& screen) const {
+std::optional<QByteArray> Settings::WindowPosition(const QString& screen) const {
   if (!file_ || !file_->contains("Windows/" + Key(screen))) return {};
   return file_->value("Windows/" + Key(screen)).toByteArray();
 }
 
-void Settings::KeepWindowPlace(const QString& screen, const QByteArray& place) {
-  if (file_) file_->setValue("Windows/" + Key(screen), place);
+void Settings::KeepWindowPosition(const QString& screen, const QByteArray& position) {
+  if (file_) file_->setValue("Windows/" + Key(screen), position);
 }
 
 std::optional<int> Settings::ColumnWidth(const QString& list, const QString& field) const {

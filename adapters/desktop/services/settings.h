@@ -9,14 +9,14 @@
 
 namespace desktop {
 
-/// What the windows remember for one user: places of windows, widths, order and hiding of list columns, by field name. Kept in one
+/// What the windows remember for one user: positions of windows, widths, order and hiding of list columns, by field name. Kept in one
 /// ini file; without a folder nothing is kept.
 class Settings {
  public:
   Settings(const std::string& folder, const std::string& user);
 
-  std::optional<QByteArray> WindowPlace(const QString& screen) const;
-  void KeepWindowPlace(const QString& screen, const QByteArray& place);
+  std::optional<QByteArray> WindowPosition(const QString& screen) const;
+  void KeepWindowPosition(const QString& screen, const QByteArray& position);
 
   /// Width in device-independent pixels.
   std::optional<int> ColumnWidth(const QString& list, const QString& field) const;

@@ -1,6 +1,5 @@
 #include "desktop/window/form_window.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QIcon>
@@ -9,7 +8,6 @@
 #include <QPointer>
 #include <QScrollArea>
 #include <QStatusBar>
-#include <QStyle>
 
 #include "desktop/binding/binder.h"
 #include "desktop/controls/text_edit.h"
@@ -167,7 +165,7 @@ bool FormWindow::IdleSlice() {
 
 void FormWindow::ShowAsScreen(bool modal) {
   setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
-  if (!placed_) RestorePlace();
+  if (!placed_) RestorePosition();
   show();
   raise();
   activateWindow();
@@ -175,7 +173,7 @@ void FormWindow::ShowAsScreen(bool modal) {
 }
 
 void FormWindow::HideScreen() {
-  KeepPlace();
+  KeepPosition();
   hide();
 }
 

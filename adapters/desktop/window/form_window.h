@@ -68,8 +68,8 @@ class FormWindow final : public QMainWindow {
   void NameForAccessibility();
   void TookFocus(Binding& binding, Qt::FocusReason reason);
   void Hovered(Binding& binding);
-  void KeepPlace();
-  void RestorePlace();
+  void KeepPosition();
+  void RestorePosition();
   void FitInto(const QSize& room);
 
   platform::Form* form_;

@@ -1,10 +1,9 @@
-#include "robot/stage/lists.h"
-
 #include "platform/controls/lists.h"
 #include "robot/commands/commands.h"
 #include "robot/language/arguments.h"
 #include "robot/language/failure.h"
 #include "robot/runner/runner.h"
+#include "robot/stage/lists.h"
 
 namespace robot {
 namespace {

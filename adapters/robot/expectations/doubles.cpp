@@ -9,7 +9,7 @@
 #include "robot/language/value_text.h"
 #include "robot/runner/runner.h"
 
-/// What the report control, the map and the accounts look-up were given.
+// What the report control, the map and the accounts look-up were given.
 namespace robot {
 namespace {
 
@@ -145,8 +145,8 @@ void Map(Runner& run, const Arguments& words) {
     DemandMapValue(words, PinValue(map, key, property));
   } else if (words.Is(0, "Drawn")) {
     DemandMapValue(words, map.drawn ? std::optional<Value>(Value("drawn")) : std::nullopt);
-  } else if (constexpr std::string_view drawn = "Drawn."; EqualsNoCase(words.Text(0).substr(0, drawn.size()), drawn)) {
-    DemandMapValue(words, DrawnValue(map, words.Text(0).substr(drawn.size())));
+  } else if (constexpr std::string_view kDrawn = "Drawn."; EqualsNoCase(words.Text(0).substr(0, kDrawn.size()), kDrawn)) {
+    DemandMapValue(words, DrawnValue(map, words.Text(0).substr(kDrawn.size())));
   } else {
     throw ActionFailed("nothing called map " + words.Text(0));
   }

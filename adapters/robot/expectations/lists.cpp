@@ -10,7 +10,7 @@
 #include "robot/runner/runner.h"
 #include "robot/stage/lists.h"
 
-/// What lists, toolbars and menus hold.
+// What lists, toolbars and menus hold.
 namespace robot {
 namespace {
 

@@ -4,7 +4,7 @@
 #include "robot/language/value_text.h"
 #include "robot/runner/runner.h"
 
-/// Boxes, error reports, unhandled errors and dialogs, each expected once, oldest first.
+// Boxes, error reports, unhandled errors and dialogs, each expected once, oldest first.
 namespace robot {
 namespace {
 

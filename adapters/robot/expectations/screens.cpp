@@ -6,7 +6,7 @@
 #include "robot/language/value_text.h"
 #include "robot/runner/runner.h"
 
-/// What the user sees of the screens: which are up, what is open, focus, status, pointer.
+// What the user sees of the screens: which are up, what is open, focus, status, pointer.
 namespace robot {
 namespace {
 

@@ -9,7 +9,7 @@
 #include "robot/runner/runner.h"
 #include "robot/stage/lists.h"
 
-/// Values: of controls, the host's object, the session, the files.
+// Values: of controls, the host's object, the session, the files.
 namespace robot {
 namespace {
 

@@ -21,13 +21,16 @@ void HostDesk::Release() {
 void HostDesk::ShowUser() {
   if (showing_) throw Refused("ShowUser running");
   HostObject& object = Object();
-  showing_ = true;
+  struct Showing {
+    bool& flag;
+    explicit Showing(bool& showing) : flag(showing) { flag = true; }
+    ~Showing() { flag = false; }
+  } showing(showing_);
   try {
     object.ShowUser();
   } catch (const platform::Error& error) {
     journal_.Unhandled(error, false);
   }
-  showing_ = false;
 }
 
 }  // namespace robot

@@ -15,8 +15,6 @@ bool IsSelect(const std::string& statement) {
 
 }  // namespace
 
-OtherUsers::~OtherUsers() = default;
-
 std::string OtherUsers::PathOf(const std::string& file) const {
   if (platform::EqualsNoCase(file, "temp")) {
     if (!surroundings_.tempPath) throw ActionFailed("no temporary files here");
@@ -26,32 +24,32 @@ std::string OtherUsers::PathOf(const std::string& file) const {
   return surroundings_.dataPath(company_.value_or(surroundings_.company), file);
 }
 
-OtherUsers::Session OtherUsers::Open(const std::string& file) const {
+OtherUsers::OwnFile OtherUsers::Open(const std::string& file) const {
   if (!surroundings_.makeEngine) throw ActionFailed("no data engine here");
-  Session session;
-  session.engine = surroundings_.makeEngine();
-  session.workspace = session.engine->CreateWorkspace("OtherUser", "Admin", "", kOwnWorkspaceType);
-  session.engine->AppendWorkspace(session.workspace);
-  session.database = session.workspace->OpenDatabase(PathOf(file));
-  return session;
+  OwnFile own;
+  own.engine = surroundings_.makeEngine();
+  own.workspace = own.engine->CreateWorkspace("OtherUser", "Admin", "", kOwnWorkspaceType);
+  own.engine->AppendWorkspace(own.workspace);
+  own.database = own.workspace->OpenDatabase(PathOf(file));
+  return own;
 }
 
 void OtherUsers::Run(const std::string& file, const std::string& statement) {
-  Session session = Open(file);
+  OwnFile own = Open(file);
   if (IsSelect(statement))
-    session.database->OpenRecordset(statement)->Close();
+    own.database->OpenRecordset(statement)->Close();
   else
-    session.database->Execute(statement, platform::dbFailOnError);
-  session.workspace->Close();
+    own.database->Execute(statement, platform::dbFailOnError);
+  own.workspace->Close();
 }
 
 std::optional<platform::Value> OtherUsers::ValueOf(const std::string& file, const std::string& statement) {
-  Session session = Open(file);
+  OwnFile own = Open(file);
   std::optional<platform::Value> value;
-  const platform::RecordsetRef rows = session.database->OpenRecordset(statement, platform::RecordsetType::Snapshot);
+  const platform::RecordsetRef rows = own.database->OpenRecordset(statement, platform::RecordsetType::Snapshot);
   if (!rows->Eof()) value = rows->Field(0);
   rows->Close();
-  session.workspace->Close();
+  own.workspace->Close();
   return value;
 }
 
@@ -61,21 +59,21 @@ void OtherUsers::Drop(const std::string& file, const std::string& table) {
 }
 
 void OtherUsers::Hold(const std::string& file, const std::string& statement) {
-  Session session = Open(file);
-  session.workspace->BeginTrans();
-  session.database->Execute(statement, platform::dbFailOnError);
-  held_.push_back(std::move(session));
+  OwnFile own = Open(file);
+  own.workspace->BeginTrans();
+  own.database->Execute(statement, platform::dbFailOnError);
+  held_.push_back(std::move(own));
 }
 
 void OtherUsers::Release() {
-  for (Session& session : held_) session.workspace->CommitTrans();
-  for (Session& session : held_) session.workspace->Close();
+  for (OwnFile& own : held_) own.workspace->CommitTrans();
+  for (OwnFile& own : held_) own.workspace->Close();
   held_.clear();
 }
 
 void OtherUsers::Undo() {
-  for (Session& session : held_) session.workspace->Rollback();
-  for (Session& session : held_) session.workspace->Close();
+  for (OwnFile& own : held_) own.workspace->Rollback();
+  for (OwnFile& own : held_) own.workspace->Close();
   held_.clear();
 }
 

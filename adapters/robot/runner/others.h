@@ -10,12 +10,11 @@
 
 namespace robot {
 
-/// The other users of the same files: each statement over a session of its own. Raises platform::Error as the engine does,
+/// The other users of the same files: each statement over a workspace of its own. Raises platform::Error as the engine does,
 /// ActionFailed for a part that the surroundings lack.
 class OtherUsers {
  public:
   explicit OtherUsers(const Surroundings& surroundings) : surroundings_(surroundings) {}
-  ~OtherUsers();
 
   /// The company and user whose files are meant; those that the host set last.
   void Company(std::int32_t company) { company_ = company; }
@@ -35,17 +34,17 @@ class OtherUsers {
   void Undo();
 
  private:
-  struct Session {
+  struct OwnFile {
     std::unique_ptr<platform::DataEngine> engine;
     platform::WorkspaceRef workspace;
     platform::DatabaseRef database;
   };
-  Session Open(const std::string& file) const;
+  OwnFile Open(const std::string& file) const;
 
   const Surroundings& surroundings_;
   std::optional<std::int32_t> company_;
   std::optional<std::int32_t> user_;
-  std::vector<Session> held_;
+  std::vector<OwnFile> held_;
 };
 
 }  // namespace robot

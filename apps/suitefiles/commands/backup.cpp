@@ -1,6 +1,6 @@
-#include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 
 #include "engine/data_file.h"
 #include "suitefiles/company/backup_plan.h"

@@ -6,6 +6,7 @@
 #include "engine/data_file.h"
 #include "platform/values/calendar.h"
 #include "platform/values/error.h"
+#include "platform/values/value.h"
 #include "suite/clock.h"
 #include "suite/company_schema.h"
 #include "suitefiles/company/data_access.h"

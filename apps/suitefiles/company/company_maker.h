@@ -1,9 +1,6 @@
 #pragma once
 
-#include <optional>
 #include <string>
-
-#include "platform/values/value.h"
 
 namespace suitefiles {
 

@@ -14,8 +14,8 @@ struct CheckedCompany {
   std::string flatRate;
 };
 
-/// What rows refer to and does not exist, in sentences, and values outside their range. `working` is called with the
-/// name of each test before it runs.
+/// What rows refer to and does not exist, in sentences, and values outside their range. `working` is called with the name of the
+/// table that is looked through next.
 std::vector<std::string> CheckReferences(const CheckedCompany& files, const std::function<void(const std::string&)>& working);
 
 }  // namespace suitefiles

@@ -12,19 +12,19 @@ inline constexpr int kMapCodes = 96;
 
 /// Numbers of the tax rates, in the order in which AddDemoCodes adds them.
 enum TaxRate : std::int32_t {
-  kNoTax,
-  kMinnesota,
-  kWisconsin,
-  kIowa,
-  kNorthDakota,
-  kHennepinCounty,
-  kRamseyCounty,
-  kMinneapolis,
-  kSaintPaul,
-  kDuluth,
-  kMinnesotaUse,
-  kWisconsinUse,
-  kTaxRates = kWisconsinUse
+  NoTax,
+  Minnesota,
+  Wisconsin,
+  Iowa,
+  NorthDakota,
+  HennepinCounty,
+  RamseyCounty,
+  Minneapolis,
+  SaintPaul,
+  Duluth,
+  MinnesotaUse,
+  WisconsinUse,
+  LastTaxRate = WisconsinUse
 };
 
 std::string MapCode(int number);

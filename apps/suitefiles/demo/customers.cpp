@@ -69,17 +69,17 @@ void SetTaxes(Account& account, const Identity& identity, bool useTax) {
   const auto city = identity.city->name;
   constexpr std::array<std::string_view, 8> kHennepin = {"Minneapolis",  "Bloomington", "Plymouth",   "Maple Grove",
                                                          "Eden Prairie", "Edina",       "Minnetonka", "Brooklyn Park"};
-  account.taxes[0] = state == "MN"   ? kMinnesota
-                     : state == "WI" ? kWisconsin
-                     : state == "IA" ? kIowa
-                     : state == "ND" ? kNorthDakota
-                                     : kNoTax;
+  account.taxes[0] = state == "MN"   ? Minnesota
+                     : state == "WI" ? Wisconsin
+                     : state == "IA" ? Iowa
+                     : state == "ND" ? NorthDakota
+                                     : NoTax;
   if (state == "MN") {
-    if (std::find(kHennepin.begin(), kHennepin.end(), city) != kHennepin.end()) account.taxes[1] = kHennepinCounty;
-    if (city == "Saint Paul") account.taxes[1] = kRamseyCounty;
-    account.taxes[2] = city == "Minneapolis" ? kMinneapolis : city == "Saint Paul" ? kSaintPaul : city == "Duluth" ? kDuluth : kNoTax;
+    if (std::find(kHennepin.begin(), kHennepin.end(), city) != kHennepin.end()) account.taxes[1] = HennepinCounty;
+    if (city == "Saint Paul") account.taxes[1] = RamseyCounty;
+    account.taxes[2] = city == "Minneapolis" ? Minneapolis : city == "Saint Paul" ? SaintPaul : city == "Duluth" ? Duluth : NoTax;
   }
-  if (useTax && identity.company) account.taxes[3] = state == "MN" ? kMinnesotaUse : state == "WI" ? kWisconsinUse : kNoTax;
+  if (useTax && identity.company) account.taxes[3] = state == "MN" ? MinnesotaUse : state == "WI" ? WisconsinUse : NoTax;
 }
 
 }  // namespace

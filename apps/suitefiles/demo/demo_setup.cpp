@@ -53,7 +53,7 @@ constexpr Rate kRates[] = {{"Minnesota State", 1, 1, "MN", 6.875, 0, 6.875, "220
                            {"Duluth City", 3, 9, "DUL", 1.5, 0, 1.5, "22200000", 0},
                            {"Minnesota Use Tax", 4, 1, "MNU", 6.875, 0, 0, "22300000", 0},
                            {"Wisconsin Use Tax", 4, 2, "WIU", 5, 0, 0, "22300000", 0}};
-static_assert(std::size(kRates) == kTaxRates);
+static_assert(std::size(kRates) == LastTaxRate);
 
 void AddTaxes(const std::string& file) {
   TableWriter types(file, "TaxTypes", {"TaxType", "TypeDescription", "TypeCode"});

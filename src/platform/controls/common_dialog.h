@@ -8,7 +8,6 @@ namespace platform {
 class CommonDialog final : public Control {
  public:
   using Control::Control;
-  CommonDialog(Form& form, std::string name) : Control(form, std::move(name)) {}
   bool CancelError = false;
   int FromPage = 0;
   int ToPage = 0;

@@ -138,7 +138,7 @@ bool Grid::UserRow(const Bookmark& bookmark) {
 
 void Grid::UserMove(std::int32_t rows) {
   Act([&] {
-    if (!data_ || !data_->OnRecord() || !TakeOpenCell()) return;
+    if (!data_ || !TakeOpenCell() || !data_->OnRecord()) return;  // what the cell does may have emptied the list
     RowWindow* window = data_->Window();
     if (!window || rows == 0) return;
     const Bookmark here = data_->Recordset()->Bookmark();
@@ -165,13 +165,13 @@ void Grid::LeaveVanishedRow(bool forward) {
 
 void Grid::UserFirst() {
   Act([&] {
-    if (data_ && data_->OnRecord() && TakeOpenCell()) data_->Recordset()->MoveFirst();
+    if (data_ && TakeOpenCell() && data_->OnRecord()) data_->Recordset()->MoveFirst();
   });
 }
 
 void Grid::UserLast() {
   Act([&] {
-    if (data_ && data_->OnRecord() && TakeOpenCell()) data_->Recordset()->MoveLast();
+    if (data_ && TakeOpenCell() && data_->OnRecord()) data_->Recordset()->MoveLast();
   });
 }
 

@@ -52,7 +52,7 @@ class Grid final : public Control {
   std::string ShownText(int column, const Value& value) const;
   /// The same as windows show it, where a percentage bears its sign.
   std::string SeenText(int column, const Value& value) const;
-  /// The grid's column for a place in the recordset's columns; -1 if the field is not there.
+  /// Where the grid's column stands among the recordset's columns; -1 if the field is not there.
   int FieldIndexOf(int column) const;
 
   int SplitCount() const noexcept { return splits_; }
@@ -139,7 +139,7 @@ class Grid final : public Control {
   std::optional<int> OpenCell() const noexcept { return openCell_; }
   const std::string& OpenText() const noexcept { return openText_; }
 
-  /// The data control tells: opened anew, pending cells to be dropped, row current, row to be written into the edit.
+  /// The data control tells: opened anew, pending cells to be dropped, row current.
   void ListOpened();
   void DropPending() override;
   void RowBecameCurrent();

@@ -75,7 +75,12 @@ bool Grid::TakeCell(int column) {
     const Value oldValue = ColumnValue(column);
     pending_[column] = ParseCell(column, openText_);
     bool cancel = false;
-    BeforeColUpdate.Fire(column, oldValue, cancel);
+    try {
+      BeforeColUpdate.Fire(column, oldValue, cancel);
+    } catch (...) {
+      if (list == listNumber_) pending_ = held;  // nobody has said that it may go into the row
+      throw;
+    }
     if (list != listNumber_) return true;  // opened anew behind the test's box: the cell went with its list
     if (cancel) {
       pending_ = held;

@@ -11,7 +11,6 @@ namespace platform {
 class ListBox final : public Control {
  public:
   using Control::Control;
-  ListBox(Form& form, std::string name) : Control(form, std::move(name)) {}
   const std::vector<std::string>& Items() const noexcept { return items_; }
   void AddItem(std::string text);
   void Clear();

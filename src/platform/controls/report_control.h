@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <utility>
-
 #include "platform/controls/form/control.h"
 #include "platform/services/report_engine.h"
 
@@ -12,7 +9,6 @@ namespace platform {
 class ReportControl final : public Control {
  public:
   using Control::Control;
-  ReportControl(Form& form, std::string name) : Control(form, std::move(name)) {}
   ReportJob Job;
   /// Forgets everything set for the last report.
   void Reset() { Job = ReportJob{}; }

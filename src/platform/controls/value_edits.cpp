@@ -133,6 +133,6 @@ void DateEdit::Value(const platform::Value& value) {
   Text(ShortDate(CDate(value, Owner().Host().ThisYear())));
 }
 
-bool DateEdit::Accepts(char32_t character) const { return (character >= U'0' && character <= U'9') || character == U'/'; }
+bool DateEdit::Accepts(char32_t character) const { return IsDigit(character) || character == U'/'; }
 
 }  // namespace platform

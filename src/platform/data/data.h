@@ -63,7 +63,7 @@ struct ListRow {
 struct RowsAround {
   std::vector<ListRow> rows;  ///< in list order, that row among them
   std::size_t before = 0;     ///< how many of them stand before it
-  /// Its place in the list; nothing as long as idle work is left that tells it.
+  /// That row's own; nothing as long as idle work is left that tells it.
   std::optional<std::int64_t> ordinal;
 };
 
@@ -82,9 +82,9 @@ class RowWindow {
   virtual std::vector<ListRow> RowsBefore(const Bookmark& row, int count) = 0;
   virtual std::vector<ListRow> LastRows(int count) = 0;
   virtual std::optional<ListRow> RowOf(const Bookmark& row) = 0;
-  /// That row with up to `count` rows on either side, and its place; nothing when it is not in the list any more.
+  /// That row with up to `count` rows on either side, and its ordinal; nothing when it is not in the list any more.
   virtual std::optional<RowsAround> Around(const Bookmark& row, int count) = 0;
-  /// Place of that row in the list, a guess while idle work is left; nothing when it is not in the list any more.
+  /// Ordinal of that row, a guess while idle work is left; nothing when it is not in the list any more.
   virtual std::optional<std::int64_t> OrdinalOf(const Bookmark& row) = 0;
   /// One slice (under 5 ms) of counting, fences and keys; false when nothing is left to do. Called in idle time.
   virtual bool IdleSlice() = 0;

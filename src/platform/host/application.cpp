@@ -1,7 +1,6 @@
 #include "platform/host/application.h"
 
 #include <algorithm>
-#include <cassert>
 #include <exception>
 #include <new>
 #include <utility>

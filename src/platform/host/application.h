@@ -93,7 +93,7 @@ class Application final : public FormHost {
   void Refreshed(const Control& dataControl) override;
   void Log(LogLevel level, std::string_view text) const noexcept override;
 
-  /// Told of each error that no handler took, each report record, each refresh of a data control: for tests and diagnosis.
+  /// Told of each error that no handler took, and of each refresh of a data control: for tests and diagnosis.
   std::function<void(const Error&)> OnUnhandled;
   std::function<void(const Control&)> OnRefreshed;
 

@@ -27,8 +27,8 @@ class UserHands {
   virtual void Focus(Control& control) = 0;
   /// Focus, select all (or go to the end), type each character.
   virtual void Type(Control& control, std::string_view text, bool append) = 0;
-  /// "Enter", "Tab", "Shift+Tab", "Escape", "Up", "Down", "Left", "Right", "Home", "End", "PageUp", "PageDown", "Backspace", "Delete",
-  /// "Space", "F1".."F12", a letter or digit, each with "Ctrl+", "Alt+", "Shift+" in front.
+  /// A key by its name, "Enter", "F5", "Shift+Tab" or the character that it types: the names of keys/key.h, in any order of the
+  /// modifiers. A name that no keyboard has is a failure of the act.
   virtual void Key(Control& control, std::string_view key) = 0;
   virtual void Pick(ComboBox& combo, const ComboRow& row) = 0;
   virtual void ClearCombo(ComboBox& combo) = 0;

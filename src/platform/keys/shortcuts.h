@@ -6,7 +6,7 @@
 #include "platform/controls/form/shortcut.h"
 #include "platform/controls/toolbar.h"
 
-// What the shortcuts of a screen (Form::Shortcuts) say of its commands.
+/// What the shortcuts of a screen (Form::Shortcuts) say of its commands.
 namespace platform {
 
 /// The key that the screen gives this menu item or toolbar key; "" if it has none.

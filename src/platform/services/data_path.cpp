@@ -7,7 +7,7 @@ namespace platform {
 
 namespace {
 
-/// The read buffer of the settings file has 128 characters, of which one is kept for the end mark.
+/// The size that the settings file is read with, its end mark included: a longer path is cut behind 126 characters.
 constexpr int kIniSize = 127;
 
 }  // namespace

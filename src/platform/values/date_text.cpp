@@ -1,5 +1,4 @@
 #include <array>
-#include <cmath>
 #include <vector>
 
 #include "platform/values/calendar.h"
@@ -65,14 +64,14 @@ std::optional<std::vector<Token>> Tokens(std::string_view text) {
   return tokens;
 }
 
-/// hour ":" minute [":" second] ["AM"|"PM"], or hour "AM"|"PM", at `at`; moves `at` behind it. Nothing when there is no
-/// time; error when there is one that can't be.
+/// What was read of a time: whether there is one, and whether there can be one like it.
 struct TimeReading {
   bool present = false;
   bool possible = true;
   int seconds = 0;
 };
 
+/// hour ":" minute [":" second] ["AM"|"PM"], or hour "AM"|"PM", at `at`, which moves behind it.
 TimeReading ReadTime(const std::vector<Token>& tokens, std::size_t& at) {
   const auto number = [&](std::size_t i) { return i < tokens.size() && tokens[i].kind == Token::Kind::Number; };
   const auto colon = [&](std::size_t i) { return i < tokens.size() && tokens[i].Is(':'); };

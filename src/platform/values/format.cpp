@@ -1,7 +1,5 @@
 #include "platform/values/format.h"
 
-#include <algorithm>
-
 #include "platform/values/calendar.h"
 #include "platform/values/convert.h"
 #include "platform/values/format_section.h"

@@ -7,9 +7,9 @@
 
 namespace platform {
 
-/// `Format(value, format)`: number formats ("0", "#", ",", ".", "%", literals, sections), the named formats "Currency",
-/// "Fixed", "Short Date", text formats ("@", "<", ">"). Null and "" give "". `thisYear` is that of a text with month and day
-/// alone under a date format (0: it stays as it is). Display only; nothing is stored by it.
+/// `Format(value, format)`: number formats ("0", "#", ",", ".", "%", literals, sections), text formats ("@", "&", "<", ">", "!"), named
+/// ones ("Currency", "Short Date", "Yes/No" ...). Null and "" give "", or what a text format's second section says. `thisYear` is that of
+/// a text with month and day alone under a date format (0: it stays as it is). Display only; nothing is stored by it.
 std::string Format(const Value& value, std::string_view format, int thisYear = 0);
 
 }  // namespace platform

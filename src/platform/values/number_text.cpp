@@ -179,6 +179,7 @@ std::optional<std::int64_t> ToScaled(const NumberText& number, int scale) {
 
   const long shift = static_cast<long>(spelled.exponent) + scale;
   if (static_cast<long>(digits.size()) + shift > 20) return {};
+  constexpr auto kMost = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
   std::optional<std::uint64_t> magnitude;
   if (shift >= 0) {
     magnitude = ToMagnitude(digits, static_cast<std::size_t>(shift));
@@ -187,10 +188,10 @@ std::optional<std::int64_t> ToScaled(const NumberText& number, int scale) {
   } else {
     const std::size_t keep = digits.size() - static_cast<std::size_t>(-shift);
     magnitude = ToMagnitude(digits.substr(0, keep), 0);
-    if (magnitude && RoundsUp(digits.substr(0, keep), digits.substr(keep))) ++*magnitude;
+    // The bound is asked first: the widest number of all would become 0.
+    if (magnitude && *magnitude <= kMost + 1 && RoundsUp(digits.substr(0, keep), digits.substr(keep))) ++*magnitude;
   }
 
-  constexpr auto kMost = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
   if (!magnitude || *magnitude > kMost + (spelled.negative ? 1 : 0)) return {};
   if (spelled.negative) return static_cast<std::int64_t>(~*magnitude + 1);
   return static_cast<std::int64_t>(*magnitude);

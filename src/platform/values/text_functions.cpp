@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
 #include "platform/values/text.h"

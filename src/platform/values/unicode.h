@@ -2,7 +2,7 @@
 
 #include <optional>
 
-/// Facts about single characters (Unicode code points), from one generated table. What composes, sorts or folds texts
+/// Facts about single characters (Unicode code points), from generated tables. What composes, sorts or folds texts
 /// asks here, so that all of them agree.
 namespace platform {
 

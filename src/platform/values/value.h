@@ -56,7 +56,7 @@ class Value {
   bool IsText() const noexcept { return Kind() == ValueKind::Text; }
   bool IsNumber() const noexcept { return Kind() >= ValueKind::Boolean && Kind() <= ValueKind::Double; }
 
-  /// The alternative itself; asking for another kind than Kind() is a bug and asserted.
+  /// The alternative itself; asking for another kind than Kind() is a bug (std::bad_variant_access).
   template <class T>
   const T& As() const {
     return std::get<T>(data_);

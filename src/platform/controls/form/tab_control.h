@@ -23,7 +23,6 @@ class TabControl final : public Control {
   const std::string& TabCaption(int tab) const;
   void TabCaption(int tab, std::string caption);
   void Redraw() { Changed(Aspect::Tab); }
-  bool TakesFocus() const override { return false; }
 
   Event<int, bool&> BeforeTabClick;  ///< (new tab, cancel)
   Event<int> Click;                  ///< (previous tab)

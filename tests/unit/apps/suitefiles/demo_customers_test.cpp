@@ -96,16 +96,16 @@ TEST(DemoCustomers, TaxesAreThoseOfThePlace) {
     const auto identity = MakeIdentity(world, account);
     const auto billing = MakeAccount(world, identity);
     if (!billing.taxId.empty() || identity.city->state == "TX") {
-      ASSERT_EQ(billing.taxes[0], kNoTax);
+      ASSERT_EQ(billing.taxes[0], NoTax);
     } else if (identity.city->name == "Minneapolis") {
-      ASSERT_EQ(billing.taxes[0], kMinnesota);
+      ASSERT_EQ(billing.taxes[0], Minnesota);
       ASSERT_EQ(billing.taxes[1], kHennepinCounty);
       ASSERT_EQ(billing.taxes[2], kMinneapolis);
     } else if (identity.city->state == "WI") {
       ASSERT_EQ(billing.taxes[0], kWisconsin);
-      ASSERT_EQ(billing.taxes[1], kNoTax);
+      ASSERT_EQ(billing.taxes[1], NoTax);
     }
-    taxed += billing.taxes[0] != kNoTax ? 1 : 0;
+    taxed += billing.taxes[0] != NoTax ? 1 : 0;
   }
   EXPECT_GT(taxed, kSample / 4);
 }

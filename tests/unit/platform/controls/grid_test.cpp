@@ -62,6 +62,33 @@ TEST_F(Grids, ACancelledCellStaysOpenOnItsOldText) {
   EXPECT_THAT(screen->Seen(), ElementsAre("Reposition")) << "unchanged now, so the row can be left";
 }
 
+TEST_F(Grids, ACellWhoseTestFailsStaysOpenAndReachesNoRow) {
+  screen->grid.BeforeColUpdate = [](int, const platform::Value&, bool&) { throw platform::error::TypeMismatch(); };
+  Type("Able");
+  EXPECT_FALSE(screen->grid.UserCloseCell());
+  EXPECT_THAT(Boxes(), ElementsAre("Type mismatch"));
+  EXPECT_EQ(screen->grid.OpenCell(), 0);
+  EXPECT_EQ(screen->grid.OpenText(), "Able");
+  EXPECT_FALSE(screen->grid.DataChanged());
+  screen->grid.UserEscape();
+  screen->grid.UserMove(1);
+  EXPECT_EQ(First(), "Adams");
+}
+
+TEST_F(Grids, AMoveBehindACellThatEmptiedTheListGoesNowhere) {
+  screen->grid.AfterColEdit = [this](int) {
+    screen->data.RecordSource("SELECT * FROM People WHERE Number=0 ORDER BY Name");
+    screen->data.Refresh();
+  };
+  for (const auto move : {+[](platform::Grid& grid) { grid.UserMove(1); }, +[](platform::Grid& grid) { grid.UserFirst(); },
+                          +[](platform::Grid& grid) { grid.UserLast(); }}) {
+    OpenList();
+    Type("Able");
+    move(screen->grid);
+    EXPECT_THAT(Boxes(), IsEmpty());
+  }
+}
+
 TEST_F(Grids, AnUnchangedCellFiresNothing) {
   Type("Adams");
   screen->Seen();

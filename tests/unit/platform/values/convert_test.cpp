@@ -171,6 +171,7 @@ TEST(CLng, Converts) {
   EXPECT_EQ(CLng(Date{36191.6}), 36192);
   EXPECT_EQ(CLng("1e-400"), 0);
   EXPECT_EQ(CLng("0e999999"), 0);
+  EXPECT_EQ(ErrorOf([] { CLng("18446744073709551615.5"); }), 6) << "rounded up beyond the widest number";
 }
 
 TEST(CLng, BitsThatFillTheTargetTurnNegative) {
@@ -203,6 +204,9 @@ TEST(CCur, RoundsHalfToEvenAtTheFourthDecimal) {
   EXPECT_EQ(CCur(1.00015), Money(10'002));
   EXPECT_EQ(CCur(12345678901.25), Money(123'456'789'012'500));
   EXPECT_EQ(CCur(-0.0), Money(0));
+  EXPECT_EQ(CCur("-922337203685477.58075"), Money(INT64_MIN));
+  EXPECT_EQ(ErrorOf([] { CCur("-922337203685477.58086"); }), 6);
+  EXPECT_EQ(ErrorOf([] { CCur("1844674407370955.16155"); }), 6);
   EXPECT_EQ(CCur(1e-300), Money(0));
   EXPECT_EQ(CCur("0.00015"), Money(2));
   EXPECT_EQ(CCur("0.00025"), Money(2));

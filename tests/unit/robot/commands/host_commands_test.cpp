@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "support/scenario_run.h"
+#include "support/test_screens.h"
 
 /// What the host does. Each command and expectation that holds and each that does not, with its message.
 namespace {
@@ -27,6 +30,16 @@ TEST(HostCommands, AnErrorFromThePropertyIsUnhandled) {
 TEST(HostCommands, NotWhileShowUserRuns) {
   EXPECT_EQ(InScreen("refused host release\nrefused host ShowUser"), "");
   EXPECT_EQ(RunScenario("host ShowUser\nhost release\n").output, "t.scn:2: expected host release, was ShowUser running\n");
+}
+
+TEST(HostCommands, AnExceptionThatIsNoErrorEndsTheRunAndIsTold) {
+  test_support::ScenarioOptions options;
+  options.prepare = [](test_support::frmFirst& screen) {
+    screen.txtName.GotFocus = [] { throw std::runtime_error("no such thing"); };
+  };
+  const auto result = RunScenario("host ShowUser\nclose\n", options);
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.output, "t.scn:1: expected host ShowUser, was no such thing\n");
 }
 
 TEST(HostCommands, SettingAPropertyLeavesWhatWaitsForAnActOfTheUser) {

@@ -41,7 +41,7 @@ TEST(Screens, StateExpectations) {
       "t.scn:2: expected disabled txtName, was enabled\n"
       "t.scn:3: expected hidden txtName, was visible\n"
       "t.scn:4: expected not ready, was ready\n"
-      "t.scn:5: expected focus txtPhone, was nowhere\n"
+      "t.scn:5: expected focus txtPhone, was txtName\n"
       "t.scn:6: expected screen none, was frmFirst\n"
       "t.scn:7: expected loaded frmSecond, was not loaded\n"
       "t.scn:8: expected not loaded frmFirst, was loaded\n"

@@ -46,7 +46,7 @@ QSize FormWindow::FirstSize(const QSize& needed, const QSize& room) {
   return needed.expandedTo(most).boundedTo(room);
 }
 
-void FormWindow::RestorePlace() {
+void FormWindow::RestorePosition() {
   placed_ = true;
   const QSize room = screen()->availableGeometry().size();
   const QWidget* owner = QApplication::activeWindow();
@@ -54,7 +54,7 @@ void FormWindow::RestorePlace() {
   FitInto(room);
   resize(small ? size().expandedTo(minimumSizeHint()).boundedTo(room) : FirstSize(size(), room));
   if (small && owner && owner != this) move(owner->frameGeometry().center() - rect().center());
-  if (const auto place = services_.Kept().WindowPlace(name_)) restoreGeometry(*place);
+  if (const auto position = services_.Kept().WindowPosition(name_)) restoreGeometry(*position);
 }
 
 /// With larger letters than the layout was made for, or on a smaller screen: choices stand below each other, pages scroll, and
@@ -83,8 +83,8 @@ void FormWindow::FitInto(const QSize& room) {
   setCentralWidget(NewScroll(this, takeCentralWidget()));
 }
 
-void FormWindow::KeepPlace() {
-  if (isVisible()) services_.Kept().KeepWindowPlace(name_, saveGeometry());
+void FormWindow::KeepPosition() {
+  if (isVisible()) services_.Kept().KeepWindowPosition(name_, saveGeometry());
 }
 
 }  // namespace desktop

@@ -1,5 +1,6 @@
 #include "desktop/window/form_designs.h"
 
+#include "ui_frmAccounts.h"
 #include "ui_frmCustMain.h"
 #include "ui_frmCustQueries.h"
 #include "ui_frmUserStartup.h"
@@ -8,6 +9,7 @@ namespace desktop {
 
 std::vector<FormDesign> LibraryDesigns() {
   return {
+      DesignFrom<Ui::frmAccounts>("frmAccounts"),
       DesignFrom<Ui::frmCustMain>("frmCustMain"),
       DesignFrom<Ui::frmCustQueries>("frmCustQueries"),
       DesignFrom<Ui::frmUserStartup>("frmUserStartup"),

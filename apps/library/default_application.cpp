@@ -1,7 +1,7 @@
 #include "library/default_application.h"
 
 #include "library/windows.h"
-#include "setup/accounts_picker.h"
+#include "setup/accounts/accounts_picker.h"
 #include "suite/error_log.h"
 
 namespace library {

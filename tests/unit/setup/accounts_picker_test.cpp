@@ -1,9 +1,9 @@
-#include "setup/accounts_picker.h"
+#include "setup/accounts/accounts_picker.h"
 
 #include "engine/data_file.h"
 #include "platform/values/convert.h"
 #include "session/failures.h"
-#include "setup/frmAccounts.h"
+#include "setup/accounts/frmAccounts.h"
 #include "support/session_test.h"
 
 // The accounts that a rate's account is chosen from.

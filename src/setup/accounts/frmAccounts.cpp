@@ -1,4 +1,4 @@
-#include "setup/frmAccounts.h"
+#include "setup/accounts/frmAccounts.h"
 
 #include <utility>
 
@@ -6,7 +6,7 @@
 #include "records/columns.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
-#include "setup/account_words.h"
+#include "setup/accounts/account_words.h"
 
 namespace orcussch {
 

@@ -1,4 +1,4 @@
-#include "setup/account_words.h"
+#include "setup/accounts/account_words.h"
 
 #include <algorithm>
 #include <cstddef>

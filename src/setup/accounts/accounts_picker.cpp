@@ -1,10 +1,10 @@
-#include "setup/accounts_picker.h"
+#include "setup/accounts/accounts_picker.h"
 
 #include <cstddef>
 
 #include "platform/values/convert.h"
 #include "session/ModCustSch.h"
-#include "setup/frmAccounts.h"
+#include "setup/accounts/frmAccounts.h"
 
 namespace orcussch {
 

@@ -1,10 +1,28 @@
 #include "library/default_application.h"
 
 #include "library/windows.h"
-#include "suite/accounts_lookup.h"
+#include "setup/accounts/accounts_picker.h"
 #include "suite/error_log.h"
 
 namespace library {
+
+namespace {
+
+class CalledAccounts final : public platform::AccountsLookup {
+ public:
+  explicit CalledAccounts(AccountsCall call) : call_(std::move(call)) {}
+  platform::ChosenAccount Run(const platform::AccountsLookupInput& input) override { return call_(input); }
+
+ private:
+  AccountsCall call_;
+};
+
+}  // namespace
+
+std::unique_ptr<platform::AccountsLookup> MakeAccounts(const DefaultApplicationOptions& options) {
+  if (options.accounts) return std::make_unique<CalledAccounts>(options.accounts);
+  return orcussch::MakeAccountsPicker();
+}
 
 std::unique_ptr<platform::Application> MakeDefaultApplication(const DefaultApplicationOptions& options) {
   Places places = FindPlaces(options.places);
@@ -14,7 +32,7 @@ std::unique_ptr<platform::Application> MakeDefaultApplication(const DefaultAppli
   parts.system = std::move(places.system);
   parts.errorLog = suite::MakeErrorLog(options.errorLog);
   if (!options.supportLog.empty()) parts.diagnosticLog = suite::MakeDiagnosticLog(options.supportLog);
-  parts.accounts = suite::MakeMissingAccountsLookup();
+  parts.accounts = MakeAccounts(options);
   parts.path = places.libraryFolder;
   parts.title = options.title;
   return std::make_unique<platform::Application>(std::move(parts));

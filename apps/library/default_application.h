@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "library/host_accounts.h"
 #include "library/places.h"
 #include "platform/host/application.h"
 
@@ -16,7 +17,11 @@ struct DefaultApplicationOptions {
   std::string errorLog;
   std::string supportLog;  ///< "" keeps none
   bool makeTemporaryFile = false;
+  AccountsCall accounts;  ///< the host's own look-up; empty: the library's
 };
+
+/// The look-up of accounts that the options ask for.
+std::unique_ptr<platform::AccountsLookup> MakeAccounts(const DefaultApplicationOptions& options);
 
 /// The default wiring: SQLite engine, paths, log files, windows. Raises platform::Error when there is no display that can be
 /// opened or the caller is not on the main thread, OptionError for places.

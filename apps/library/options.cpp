@@ -56,6 +56,7 @@ DefaultApplicationOptions ReadOptions(const orcussch_options& given) {
 
   DefaultApplicationOptions read;
   read.makeTemporaryFile = options.make_temporary_file != 0;
+  read.accounts = HostAccounts(options.accounts_lookup, options.accounts_data);
   read.places.libraryFolder = Text(options.library_folder, "the library's folder");
   read.places.missingLocal = read.makeTemporaryFile ? MissingLocal::Make : MissingLocal::Refuse;
   if (options.local_folder && *options.local_folder) read.places.localFolder = Text(options.local_folder, "the local folder");

@@ -60,6 +60,28 @@ typedef enum orcussch_result {
   ORCUSSCH_NO_FOLDER = 9         /* a folder of the options is not there */
 } orcussch_result;
 
+/* What a chart of accounts picker is asked for. */
+typedef struct orcussch_accounts_request {
+  const char* company_name; /* 40 characters, blanks at its end */
+  int32_t user;
+  int32_t company;
+  int32_t year;    /* accounting year */
+  int32_t kind;    /* 2: liability accounts */
+  int32_t more[7]; /* what the suite's picker takes behind these, in its order: all 0 */
+} orcussch_accounts_request;
+
+/* What was chosen there: texts in UTF-8 with their end mark. */
+typedef struct orcussch_account {
+  char account[32];    /* five digits */
+  char department[32]; /* three digits */
+  char account_text[512];
+  char department_text[512];
+} orcussch_account;
+
+/* A host's own picker, which runs modally inside orcussch_show_user. Not 0: *account was filled with the user's choice. It must not
+ * let an exception out, and calls of the library from inside it are refused with ORCUSSCH_BUSY. */
+typedef int32_t (*orcussch_accounts_lookup)(void* data, const orcussch_accounts_request* request, orcussch_account* account);
+
 /* How the library is set up; set all to zero first. Texts that are NULL take their default. Relative folders and files count
  * from the working folder of the moment of orcussch_create. */
 typedef struct orcussch_options {
@@ -75,6 +97,8 @@ typedef struct orcussch_options {
   const char* const* drives;   /* "C=/folder" texts, NULL at the end: file names then have drive letters and backslashes, and drive
                                   C holds orvTEMP instead of local_folder; default: names as the system writes them */
   int32_t make_temporary_file; /* not 0: makes the user's temporary file, and the local folder, where they are missing */
+  orcussch_accounts_lookup accounts_lookup; /* chooses a general ledger account; default: the library's own list of them */
+  void* accounts_data;                      /* is handed to it */
 } orcussch_options;
 
 ORCUSSCH_API const char* orcussch_version(void);

@@ -1,5 +1,6 @@
 #include "desktop/window/form_designs.h"
 
+#include "ui_frmAccounts.h"
 #include "ui_frmCreditCardSetup.h"
 #include "ui_frmCustMain.h"
 #include "ui_frmCustQueries.h"
@@ -11,6 +12,7 @@ namespace desktop {
 
 std::vector<FormDesign> LibraryDesigns() {
   return {
+      DesignFrom<Ui::frmAccounts>("frmAccounts"),
       DesignFrom<Ui::frmCreditCardSetup>("frmCreditCardSetup"),
       DesignFrom<Ui::frmCustMain>("frmCustMain"),
       DesignFrom<Ui::frmCustQueries>("frmCustQueries"),

@@ -14,6 +14,7 @@
 #include "desktop/look/mnemonics.h"
 #include "desktop/look/theme.h"
 #include "desktop/toolkit/key_event.h"
+#include "platform/controls/buttons.h"
 #include "platform/controls/form/card_screen.h"
 #include "platform/controls/grid.h"
 #include "platform/keys/control_keys.h"
@@ -253,12 +254,15 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     Binding* inner = BindingAround(under);
     if (!inner || inner == found->second) Hovered(*found->second);
   } else if (event->type() == QEvent::KeyPress) {
-    // The toolkit's buttons know Space and the arrows, and not Enter.
+    // The toolkit's buttons know Space and not Enter, and its choices take an arrow only when the next one stands that way.
     const auto found = byWidget_.find(watched);
-    if (found == byWidget_.end() || KeyName(*static_cast<QKeyEvent*>(event)) != "Enter") return false;
+    if (found == byWidget_.end()) return false;
     platform::Control& control = found->second->Model();
+    const std::string key = KeyName(*static_cast<QKeyEvent*>(event));
+    const bool arrow = key == "Up" || key == "Down" || key == "Left" || key == "Right";
+    if (key != "Enter" && !(arrow && dynamic_cast<platform::OptionButton*>(&control))) return false;
     bool taken = false;
-    if (control.EffectivelyEnabled()) Safely(host_, [&] { taken = platform::PressKeyOnButton(control, "Enter"); });
+    if (control.EffectivelyEnabled()) Safely(host_, [&] { taken = platform::PressKeyOnButton(control, key); });
     return taken;
   }
   return false;

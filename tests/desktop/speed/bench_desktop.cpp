@@ -20,7 +20,6 @@
 #include "maintenance/frmCustMain.h"
 #include "session/CustSearch.h"
 #include "session/ModCustSch.h"
-#include "suite/accounts_lookup.h"
 #include "suite/error_log.h"
 #include "suite/operating_system.h"
 
@@ -223,7 +222,6 @@ int main(int count, char** words) {
     parts.system = suite::MakeNativeSystem(words[1]);
     parts.engine = engine::MakeEngine();
     parts.errorLog = suite::MakeErrorLog("/dev/null");
-    parts.accounts = suite::MakeMissingAccountsLookup();
     parts.path = words[1];
     platform::Application app(std::move(parts));
     orcussch::ConnectScreens();

@@ -62,6 +62,9 @@ class SetupRecord {
   platform::RecordsetRef Rows() const { return list.data.Recordset(); }
 };
 
+/// Goes to the row of a position text; when there is none to the last row. Raises 3021 in an empty list.
+void FindOrGoLast(const platform::RecordsetRef& rows, const std::string& position);
+
 /// Begins the edit of a table's row. False: there is none with that key.
 bool EditRow(const platform::RecordsetRef& table, const char* index, const platform::Value& key);
 

@@ -2,6 +2,8 @@
 
 #include "ui_frmCustMain.h"
 #include "ui_frmCustQueries.h"
+#include "ui_frmTaxSetup.h"
+#include "ui_frmTaxSetupQueries.h"
 #include "ui_frmUserStartup.h"
 
 namespace desktop {
@@ -10,6 +12,8 @@ std::vector<FormDesign> LibraryDesigns() {
   return {
       DesignFrom<Ui::frmCustMain>("frmCustMain"),
       DesignFrom<Ui::frmCustQueries>("frmCustQueries"),
+      DesignFrom<Ui::frmTaxSetup>("frmTaxSetup"),
+      DesignFrom<Ui::frmTaxSetupQueries>("frmTaxSetupQueries"),
       DesignFrom<Ui::frmUserStartup>("frmUserStartup"),
   };
 }

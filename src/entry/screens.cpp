@@ -9,6 +9,7 @@
 #include "setup/frmMapCode.h"
 #include "setup/frmPhoneSetup.h"
 #include "setup/frmUserStartup.h"
+#include "setup/tax/frmTaxSetup.h"
 
 namespace orcussch {
 
@@ -33,6 +34,7 @@ void ConnectScreens() {
   gMainOpeners = MainOpeners{};
   gMainOpeners.queries = [](frmCustMain&) { screens::frmCustQueries.Show(); };
   gMainOpeners.queryScreen = []() -> platform::Form* { return screens::frmCustQueries.peek(); };
+  gMainOpeners.taxSetup = [](frmCustMain&) { screens::frmTaxSetup.Show(); };
   gMainOpeners.creditCardSetup = [](frmCustMain&) { screens::frmCreditCardSetup.Show(); };
   gMainOpeners.phoneSetup = [](frmCustMain&) { screens::frmPhoneSetup.Show(); };
   gMainOpeners.mapCodes = [](frmCustMain&) { screens::frmMapCode.Show(); };

@@ -3,15 +3,10 @@
 // The record operations of a setup screen. In a yield the user may leave, go to another row, or order the list anew.
 namespace orcussch {
 
-namespace {
-
-/// Goes to the row of a position text; when there is none to the last row.
 void FindOrGoLast(const platform::RecordsetRef& rows, const std::string& position) {
   rows->FindFirst(position);
   if (rows->NoMatch()) rows->MoveLast();
 }
-
-}  // namespace
 
 bool HasRow(const platform::RecordsetRef& table, const char* index, const platform::Value& key) {
   table->SetIndex(index);
@@ -86,6 +81,7 @@ void SetupScreen::ShowSaved(SetupRecord& record, const std::string& position) {
   Toolbar1.Enabled(false);
   EditingRecords(false);
   TurnTo(false);
+  if (!Loaded()) return;
   record.list.Reload();
   record.StandOn(position);
   TestRecordcount();

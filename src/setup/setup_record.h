@@ -72,6 +72,10 @@ inline bool IsOneOf(const std::string& code, std::span<const std::string_view> b
 
 /// Whether the table has a row with that key in the index, which stays set; it then stands on it.
 bool HasRow(const platform::RecordsetRef& table, const char* index, const platform::Value& key);
+
+/// Goes to the row of a position text; when there is none to the last row. Raises 3021 in an empty list.
+void FindOrGoLast(const platform::RecordsetRef& rows, const std::string& position);
+
 /// Begins the edit of a table's row. False: there is none with that key.
 bool EditRow(const platform::RecordsetRef& table, const char* index, const platform::Value& key);
 

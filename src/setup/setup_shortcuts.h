@@ -12,4 +12,16 @@ inline constexpr platform::Shortcut kSetupShortcuts[] = {
     {"tb_Search", "F3", ""},
 };
 
+/// The tax setup's, whose rates can be queried.
+inline constexpr platform::Shortcut kTaxSetupShortcuts[] = {
+    {"tb_AddRec", "Ctrl+N", ""},     {"tb_EditRec", "F2", ""},  {"tb_DeleteRec", "F8", ""}, {"tb_SaveRec", "Ctrl+S", ""},
+    {"tb_CancelRec", "Escape", ""}, {"tb_Refresh", "F5", ""}, {"tb_Search", "F3", ""},    {"tb_Queries", "F4", ""},
+};
+
+inline constexpr platform::Shortcut kTaxSetupQueriesShortcuts[] = {
+    {"tb_RunQuery", "F5", ""},
+    {"tb_RunQuery", "Ctrl+Enter", ""},
+    {"tb_Cancel", "Escape", ""},
+};
+
 }  // namespace orcussch

@@ -6,6 +6,8 @@
 #include "ui_frmCustQueries.h"
 #include "ui_frmMapCode.h"
 #include "ui_frmPhoneSetup.h"
+#include "ui_frmTaxSetup.h"
+#include "ui_frmTaxSetupQueries.h"
 #include "ui_frmUserStartup.h"
 
 namespace desktop {
@@ -18,6 +20,8 @@ std::vector<FormDesign> LibraryDesigns() {
       DesignFrom<Ui::frmCustQueries>("frmCustQueries"),
       DesignFrom<Ui::frmMapCode>("frmMapCode"),
       DesignFrom<Ui::frmPhoneSetup>("frmPhoneSetup"),
+      DesignFrom<Ui::frmTaxSetup>("frmTaxSetup"),
+      DesignFrom<Ui::frmTaxSetupQueries>("frmTaxSetupQueries"),
       DesignFrom<Ui::frmUserStartup>("frmUserStartup"),
   };
 }

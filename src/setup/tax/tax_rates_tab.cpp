@@ -134,11 +134,11 @@ bool TaxRatesTab::Edit() {
 }
 
 /// A parent that has gone leaves the combo empty.
-void TaxRatesTab::LoadParent(platform::ComboBox& combo, platform::DataControl& list, const char* key, const char* description) {
+void TaxRatesTab::LoadParent(platform::ComboBox& combo, platform::DataControl& source, const char* key, const char* description) {
   EmptyCombo(combo);
   const platform::Value parent = Rows()->Field(key);
   if (parent.IsNull()) return;
-  const platform::RecordsetRef parents = list.Recordset();
+  const platform::RecordsetRef parents = source.Recordset();
   parents->FindFirst("[" + std::string(key) + "]=" + platform::CStr(parent));
   if (!parents->NoMatch()) SetCombo(combo, parents->Field(key), TextUnguarded(parents, description));
 }

@@ -40,7 +40,7 @@ class TaxRatesTab final : public TaxTab {
   const char* InUse(std::int32_t key) const override;
 
   bool TypeEntitiesSetup() const;
-  void LoadParent(platform::ComboBox& combo, platform::DataControl& list, const char* key, const char* description);
+  void LoadParent(platform::ComboBox& combo, platform::DataControl& source, const char* key, const char* description);
   bool RequiresParent(platform::ComboBox& combo, const char* message);
   void ShowLimit(platform::Currency limit, bool eachJob);
   void LoadLimit();

@@ -24,12 +24,24 @@ Company::Company(const std::string& folder) : engine_(engine::MakeEngine()), raw
   workspace_ = engine_->CreateWorkspace("bench", "Admin", "", 2);
   engine_->AppendWorkspace(workspace_);
   database_ = workspace_->OpenDatabase(FileIn(folder));
+  LinkTransactions(folder);
   raw::Statement count(raw_.Handle(), "SELECT count(*) FROM f1.Customers");
   count.Step();
   rows_ = count.Int(0);
   if (rows_ < 1000) throw std::runtime_error(folder + ": a company with at least 1,000 customers is needed");
   ChooseRows();
   FindLargestGroup();
+}
+
+// As the program does when it first opens the company's files.
+void Company::LinkTransactions(const std::string& folder) {
+  const std::string name = "Transactions";
+  for (int i = 0; i < database_->TableDefCount(); ++i)
+    if (database_->TableDefAt(i).Name == name) return;
+  platform::TableDef link = database_->CreateTableDef(name);
+  link.Connect = ";DATABASE=" + folder + "/data/orv1/artrans.zdb";
+  link.SourceTableName = name;
+  database_->AppendTableDef(link);
 }
 
 void Company::ChooseRows() {

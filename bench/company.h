@@ -35,6 +35,7 @@ class Company {
   const std::vector<std::string>& Addresses() const { return addresses_; }
 
  private:
+  void LinkTransactions(const std::string& folder);
   void ChooseRows();
   void FindLargestGroup();
 
@@ -62,6 +63,7 @@ void RequireSameCells(const std::vector<platform::ListRow>& ours, const raw::Row
 std::vector<Job> ListJobs(Company& company);
 std::vector<Job> SearchJobs(Company& company);
 std::vector<Job> RecordJobs(Company& company);
+std::vector<Job> QueryJobs(Company& company);
 
 template <class T>
 const T& Pick(const std::vector<T>& choices, int call) {

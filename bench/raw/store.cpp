@@ -50,9 +50,13 @@ sqlite3* OpenLikeTheEngine(const std::string& path) {
   Run(db, "PRAGMA trusted_schema=OFF");
   Run(db, "PRAGMA cell_size_check=ON");
   Run(db, "ATTACH 'file:" + path + "?mode=rw' AS f1");
-  Run(db, "PRAGMA f1.cache_size=-8192");
-  Run(db, "PRAGMA f1.synchronous=FULL");
-  Run(db, "PRAGMA f1.mmap_size=0");
+  // The transactions lie in a file beside it.
+  Run(db, "ATTACH 'file:" + path.substr(0, path.rfind('/') + 1) + "artrans.zdb?mode=rw' AS f2");
+  for (const std::string file : {"f1", "f2"}) {
+    Run(db, "PRAGMA " + file + ".cache_size=-8192");
+    Run(db, "PRAGMA " + file + ".synchronous=FULL");
+    Run(db, "PRAGMA " + file + ".mmap_size=0");
+  }
   return db;
 }
 

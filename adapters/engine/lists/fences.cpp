@@ -7,47 +7,95 @@ namespace engine {
 bool Fences::Slice(std::uint64_t version) {
   if (Complete(version)) return false;
   // The first collection is used as it grows; a later one replaces the old when it is whole.
-  std::vector<OrderPlace>& places = done_ ? building_.places : fences_;
+  std::vector<Fence>& places = done_ ? building_.places : fences_;
   if (buildingVersion_ != version) {
     building_ = {};
     places.clear();
     buildingVersion_ = version;
   }
+  const bool more = bounded_ == nullptr ? ReadOn(places) : LookOn(places);
+  if (!more || (!done_ && building_.rows > 0)) rows_ = building_.rows;
+  if (!more) {
+    if (done_) fences_ = std::move(building_.places);
+    building_ = {};
+    done_ = true;
+    version_ = version;
+  }
+  return more;
+}
+
+// The list's rows are the index's.
+bool Fences::ReadOn(std::vector<Fence>& places) {
+  const OrderPlace from = building_.last;
   KeyWalker::Request request;
   request.direction = forward_;
-  request.from = building_.rows == 0 ? nullptr : &building_.last;
+  request.from = building_.rows == 0 ? nullptr : &from;
   request.limit = kSliceRows;
   request.keysOnly = true;
-  const OrderPlace from = building_.last;
-  if (request.from != nullptr) request.from = &from;
   std::int64_t number = 0;
   const std::int64_t read = walker_.Read(request, [&](const Query& row) {
     const bool isFence = building_.rows % kSpacing == 0;
     ++building_.rows;
     ++number;
     if (isFence || number == kSliceRows) building_.last = walker_.PlaceAt(row, true);
-    if (isFence) places.push_back(building_.last);
+    if (isFence) places.push_back({building_.last, building_.rows});
     return true;
   });
-  const bool ended = read < kSliceRows;
-  if (ended || !done_) rows_ = building_.rows;
-  if (ended) {
-    if (done_) fences_ = std::move(building_.places);
-    building_ = {};
-    done_ = true;
-    version_ = version;
+  return read == kSliceRows;
+}
+
+// Which rows of the table pass the filter, in the order in which they lie: so each is looked at once, and where most are near.
+bool Fences::ScanOn() {
+  if (!building_.scan) {
+    const KeySpan span = SpanOf(source_);
+    building_.firstKey = span.first;
+    building_.passes.assign(static_cast<std::size_t>(std::max<std::int64_t>(span.Width(), 0)), false);
+    building_.scan = std::make_unique<PiecewiseScan>(source_, source_.KeyList(), source_.Plan().rowWhere);
   }
-  return !ended;
+  const auto take = [this](const Query& row) {
+    const std::int64_t place = row.Int(0) - building_.firstKey;
+    if (place >= 0 && place < static_cast<std::int64_t>(building_.passes.size())) building_.passes[static_cast<std::size_t>(place)] = true;
+  };
+  building_.scanned = !building_.scan->Next(take);
+  return true;
+}
+
+// Then the keys alone in the list's order: the fences are places of the table's rows, whether or not they belong to the list.
+bool Fences::LookOn(std::vector<Fence>& places) {
+  if (!building_.scanned) return ScanOn();
+  const OrderPlace from = building_.last;
+  KeyWalker::Request request;
+  request.direction = forward_;
+  request.from = building_.looked == 0 ? nullptr : &from;
+  request.limit = kSliceRows;
+  request.keysOnly = true;
+  std::int64_t number = 0;
+  const std::int64_t read = bounded_->Read(request, [&](const Query& row) {
+    const std::int64_t place = row.Int(bounded_->RowKeyAt(true)) - building_.firstKey;
+    const bool known = place >= 0 && place < static_cast<std::int64_t>(building_.passes.size());
+    if (known && building_.passes[static_cast<std::size_t>(place)]) ++building_.rows;
+    const bool isFence = ++building_.looked % kSpacing == 0;
+    ++number;
+    if (isFence || number == kSliceRows) building_.last = bounded_->PlaceAt(row, true);
+    if (isFence) places.push_back({building_.last, building_.rows});
+    return true;
+  });
+  return read == kSliceRows;
 }
 
 std::optional<OrderPlace> Fences::At(std::int64_t ordinal) {
-  const auto fence = static_cast<std::size_t>(ordinal / kSpacing);
-  if (fence >= fences_.size()) return {};
-  const std::int64_t behind = ordinal % kSpacing;
-  if (behind == 0) return fences_[fence];
+  // A fence of the list's own rows stands on the last that it counts; one of a filtered list may stand on a row that isn't in it.
+  const bool onRows = bounded_ == nullptr;
+  const auto beyond =
+      std::ranges::partition_point(fences_, [&](const Fence& fence) { return fence.rows <= ordinal + (onRows ? 1 : 0); });
+  const Fence* fence = beyond == fences_.begin() ? nullptr : &*(beyond - 1);
+  if (onRows && fence == nullptr) return {};
+  const std::int64_t behind = ordinal + 1 - (fence == nullptr ? 0 : fence->rows);
+  if (beyond == fences_.end() && !done_ && (!onRows || behind >= kSpacing)) return {};
+  if (behind == 0) return fence->place;
   KeyWalker::Request request;
   request.direction = forward_;
-  request.from = &fences_[fence];
+  request.from = fence == nullptr ? nullptr : &fence->place;
   request.limit = behind;
   request.keysOnly = true;
   std::int64_t number = 0;
@@ -63,21 +111,25 @@ std::optional<OrderPlace> Fences::At(std::int64_t ordinal) {
 std::optional<std::int64_t> Fences::OrdinalOf(const OrderPlace& place) {
   const int sign = forward_ == Direction::Up ? 1 : -1;
   const auto behind =
-      std::ranges::partition_point(fences_, [&](const OrderPlace& fence) { return sign * walker_.Compare(fence, place) <= 0; });
-  if (behind == fences_.begin()) return fences_.empty() ? std::nullopt : std::optional<std::int64_t>(0);
-  if (behind == fences_.end() && !done_) return {};
-  const auto fence = static_cast<std::int64_t>(behind - fences_.begin()) - 1;
+      std::ranges::partition_point(fences_, [&](const Fence& fence) { return sign * walker_.Compare(fence.place, place) < 0; });
+  if ((behind == fences_.end() && !done_) || (fences_.empty() && bounded_ == nullptr)) return {};
+  const Fence* fence = behind == fences_.begin() ? nullptr : &*(behind - 1);
+  std::int64_t number = fence == nullptr ? 0 : fence->rows;
+  const auto countBefore = [&](const Query& row) {
+    if (sign * walker_.Compare(walker_.PlaceAt(row, true), place) >= 0) return false;
+    ++number;
+    return true;
+  };
+  if (bounded_ != nullptr) {
+    walker_.ReadStretch(forward_, fence == nullptr ? nullptr : &fence->place, place, true, countBefore);
+    return number;
+  }
   KeyWalker::Request request;
   request.direction = forward_;
-  request.from = &fences_[static_cast<std::size_t>(fence)];
+  request.from = fence == nullptr ? nullptr : &fence->place;
   request.limit = 4 * kSpacing;
   request.keysOnly = true;
-  std::int64_t number = fence * kSpacing;
-  if (walker_.Compare(*request.from, place) == 0) return number;
-  walker_.Read(request, [&](const Query& row) {
-    ++number;
-    return sign * walker_.Compare(walker_.PlaceAt(row, true), place) < 0;
-  });
+  walker_.Read(request, countBefore);
   return number;
 }
 

@@ -1,18 +1,23 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
 #include "engine/rows/key_walker.h"
+#include "engine/rows/slices.h"
 
 namespace engine {
 
-/// Every 256th place of a list in index order, collected in slices of idle time: from them a row's number and the row of a
-/// number are a short walk away. While somebody writes they are a little off until they are collected anew.
+/// Places of a list in index order with the numbers of the rows up to them, collected in slices of idle time: from them a row's
+/// number and the row of a number are a short walk away. Every 256th row of the table that is looked at for the list has one. While
+/// somebody writes they are a little off until they are collected anew.
 class Fences {
  public:
-  Fences(KeyWalker& walker, Direction forward) : walker_(walker), forward_(forward) {}
+  /// `bounded`: of a list with a filter, the way through all the rows that are looked at for it; nullptr where these are the list's.
+  Fences(RowSource& source, KeyWalker& walker, KeyWalker* bounded, Direction forward)
+      : source_(source), walker_(walker), bounded_(bounded), forward_(forward) {}
 
   /// One slice for the list as it stands at `version`. False when all is done.
   bool Slice(std::uint64_t version);
@@ -29,15 +34,30 @@ class Fences {
  private:
   static constexpr std::int64_t kSpacing = 256;
   static constexpr std::int64_t kSliceRows = 8192;
+  struct Fence {
+    OrderPlace place;
+    std::int64_t rows = 0;  ///< of the list, up to the place and with it
+  };
   struct Collection {
-    std::vector<OrderPlace> places;  ///< of a later collection; the first one is in use already
+    std::vector<Fence> places;  ///< of a later collection; the first one is in use already
     OrderPlace last;
     std::int64_t rows = 0;
+    std::int64_t looked = 0;
+    // Of a list with a filter: which rows pass it, by their row keys.
+    std::unique_ptr<PiecewiseScan> scan;
+    std::vector<bool> passes;
+    std::int64_t firstKey = 0;
+    bool scanned = false;
   };
+  bool ReadOn(std::vector<Fence>& places);
+  bool ScanOn();
+  bool LookOn(std::vector<Fence>& places);
 
+  RowSource& source_;
   KeyWalker& walker_;
+  KeyWalker* bounded_;
   Direction forward_;
-  std::vector<OrderPlace> fences_;  ///< in use
+  std::vector<Fence> fences_;  ///< in use
   std::int64_t rows_ = 0;
   bool done_ = false;
   std::uint64_t version_ = 0;

@@ -24,9 +24,20 @@ IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape)
     : RowList(std::move(source)),
       shape_(std::move(shape)),
       forward_(shape_.descending ? Direction::Down : Direction::Up),
-      walker_(Source().Shape().Walker(Source().Store(), shape_.order, shape_.index)),
-      fences_(*walker_, forward_),
+      walker_(shape_.rows ? shape_.rows : Source().Shape().Walker(Source().Store(), shape_.order, shape_.index)),
+      fences_(Source(), *walker_, shape_.bounded.get(), forward_),
       search_(Source(), *walker_, forward_, *this) {}
+
+IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape, FirstRows first) : IndexedList(std::move(source), std::move(shape)) {
+  if (!first.page) return;
+  likelyRows_ = first.likelyRows;
+  Segment segment;
+  segment.page = std::move(first.page);
+  segment.reachesStart = true;
+  segment.reachesEnd = first.all;
+  segments_.push_front(std::move(segment));
+  segmentsVersion_ = first.version;
+}
 
 // ---- walking
 

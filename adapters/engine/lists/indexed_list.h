@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "engine/lists/fences.h"
+#include "engine/lists/first_look.h"
 #include "engine/lists/row_list.h"
 #include "engine/rows/key_walker.h"
 #include "engine/search/indexed_search.h"
@@ -27,8 +28,14 @@ class IndexedList final : public RowList, public IndexedRows {
     bool descending = false;
     std::string index;        ///< the table's index that has this order, "" for the row key or the store's choice
     bool keepsPlaces = true;  ///< a dynaset
+    /// Of a long list with a filter: the ways through its rows, and through those of the table that bounds on the order column
+    /// leave.
+    std::shared_ptr<KeyWalker> rows{};
+    std::shared_ptr<KeyWalker> bounded{};
   };
   IndexedList(std::shared_ptr<RowSource> source, Shape shape);
+  /// The same, of which the first rows have been found.
+  IndexedList(std::shared_ptr<RowSource> source, Shape shape, FirstRows first);
 
   KeyWalker& Walker() noexcept { return *walker_; }
   Direction Forward() const noexcept { return forward_; }
@@ -90,6 +97,7 @@ class IndexedList final : public RowList, public IndexedRows {
   OrderPlace OrderInPage(const RowPage& page, std::size_t row) const;
   std::shared_ptr<RowPage> NewPage() const;
   std::int64_t RowsOffset(const OrderPlace& place);
+  std::int64_t CountRows();
   std::int64_t Estimate();
 
   Shape shape_;
@@ -103,6 +111,7 @@ class IndexedList final : public RowList, public IndexedRows {
   Place foundLast_;  ///< without its row
   std::uint64_t foundVersion_ = 0;
   std::int64_t lastAdded_ = 0;
+  std::int64_t likelyRows_ = 0;  ///< a guess from the first rows of a filter, 0 for none
   int run_ = 0;  ///< pages read one after the other in one direction
   bool runForward_ = true;
 

@@ -18,11 +18,20 @@ bool IndexedList::AnyRow() {
   return start->page->Rows() != 0;
 }
 
+// A filter on a long table is asked piece by piece, so that the windows go on painting.
+std::int64_t IndexedList::CountRows() {
+  if (!shape_.bounded) return walker_->CountAll();
+  std::int64_t count = 0;
+  PiecewiseScan scan(Source(), "count(*)", Source().Plan().rowWhere);
+  ReadAll(Source(), scan, [&count](const Query& row) { count += row.Int(0); });
+  return count;
+}
+
 std::int64_t IndexedList::CountNow() {
   const std::uint64_t version = Source().Version();
   if (count_ && countVersion_ == version) return *count_;
   Transaction oneState(Source().Store(), Transaction::Kind::Read);
-  std::int64_t count = walker_->CountAll();
+  std::int64_t count = CountRows();
   // A row that keeps its place counts, whatever the filter says of it now.
   for (const std::int64_t rowKey : PinnedRows()) {
     if (!walker_->PlaceOfRow(rowKey))
@@ -43,7 +52,7 @@ std::int64_t IndexedList::Count() {
 
 bool IndexedList::CountIsExact() { return count_ && countVersion_ == Source().Version(); }
 
-std::int64_t IndexedList::Estimate() { return SpanOf(Source()).Width(); }
+std::int64_t IndexedList::Estimate() { return likelyRows_ > 0 ? likelyRows_ : SpanOf(Source()).Width(); }
 
 bool IndexedList::IdleSlice() {
   const std::uint64_t version = Source().Version();
@@ -73,7 +82,7 @@ std::int64_t IndexedList::RowsOffset(const OrderPlace& place) {
   if (forward_ == Direction::Up) return below;
   const auto now = walker_->InFilter(place.rowKey) ? walker_->PlaceOfRow(place.rowKey) : std::nullopt;
   const bool there = now && walker_->Compare(*now, place) == 0;
-  return walker_->CountAll() - below - (there ? 1 : 0);
+  return CountRows() - below - (there ? 1 : 0);
 }
 
 std::optional<std::int64_t> IndexedList::OrdinalOf(const Place& place) {

@@ -69,45 +69,60 @@ std::int64_t WalkFeed::Estimate() { return SpanOf(source_).Width(); }
 
 // ---- without an index
 
-SortedFeed::SortedFeed(RowSource& source, OrderColumn order, bool descending)
-    : source_(source), order_(std::move(order)), descending_(descending) {
+SortedFeed::SortedFeed(RowSource& source, OrderColumn order, bool descending, DrivenKeys driven)
+    : source_(source), order_(std::move(order)), descending_(descending), driven_(std::move(driven)) {
   const PlanTable& table = source.Plan().tables.front();
+  if (order_.sql.empty()) order_ = {table.alias + '.' + table.table->rowKey, platform::FieldType::Long};
   valueOf_.text = "SELECT " + order_.sql + " FROM " + table.table->storeName + " AS " + table.alias + " WHERE " + table.alias + '.' +
                   table.table->rowKey + " = " + source.OwnDialect().Parameter(1);
 }
 
-void SortedFeed::Collect() {
-  collected_ = true;
+// All rows, those of the shortest driver, or, where other tables can't be asked row by row, whatever way the store knows.
+void SortedFeed::Begin() {
+  begun_ = true;
   const SelectPlan& plan = source_.Plan();
   const std::string columns = order_.sql + ", " + source_.KeyList();
-  const std::string select = "SELECT " + columns + " FROM " + plan.from;
   if (plan.where.empty()) {
     constexpr std::int64_t kMostReserved = 1 << 23;
     entries_.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(SpanOf(source_).Width(), 0, kMostReserved)));
-    CollectAll(select + source_.OwnDialect().withoutIndex);
-  } else if (const std::string some = select + " WHERE " + plan.where; LooksAtAllRows(some)) {
-    ReadBySlices(source_, columns, plan.where, [this](const Query& row) { Take(row); });
-  } else {
-    CollectAll(some);
+    return CollectAll("SELECT " + columns + " FROM " + plan.from + source_.OwnDialect().withoutIndex);
   }
+  if (plan.asksOtherTables && !plan.asksByRow) return CollectAll("SELECT " + columns + " FROM " + plan.from + " WHERE " + plan.where);
+  if (driven_.driver == nullptr && !plan.drivers.empty())
+    driven_ = FirstLook(source_, nullptr, nullptr, descending_ ? Direction::Down : Direction::Up).Run().driven;
+  if (driven_.driver != nullptr)
+    scan_ = std::make_unique<PiecewiseScan>(source_, columns, driven_.driver->rest, std::move(driven_.keys));
+  else
+    scan_ = std::make_unique<PiecewiseScan>(source_, columns, plan.rowWhere);
+}
+
+// A part of the collecting; false when there is nothing left to collect.
+bool SortedFeed::CollectSome() {
+  if (collected_) return false;
+  if (!begun_)
+    Begin();
+  else if (scan_ && !scan_->Next([this](const Query& row) { Take(row); }))
+    scan_.reset();
+  if (scan_) return true;
+  collected_ = true;
+  known_ = {};
   if (!entries_.empty()) ends_.push_back(entries_.size());
+  return true;
 }
 
 void SortedFeed::CollectAll(const std::string& text) {
   Query query(source_.Store(), std::string_view(text));
-  while (query.Step()) Take(query);
+  while (query.Step()) {
+    Take(query);
+    if (entries_.size() % kRowsBetweenPaints == 0) source_.Store().ServePainting();
+  }
 }
 
 void SortedFeed::Take(const Query& row) {
+  const std::int64_t key = row.Int(1);
+  if (!known_.empty() && known_.contains(key)) return;
   const OrderStart start = OrderStartOf(row, 0, order_.type);
-  entries_.emplace_back(start.prefix, row.Int(1), !start.whole);
-  if (entries_.size() % kRowsBetweenPaints == 0) source_.Store().ServePainting();
-}
-
-// Whether the store goes through the whole of a long table for a filter. One that asks other tables would ask them anew for
-// each slice and is left whole.
-bool SortedFeed::LooksAtAllRows(const std::string& some) {
-  return !source_.Plan().asksOtherTables && SpanOf(source_).Width() > kShortestCut && source_.Store().ScansAll(some);
+  entries_.emplace_back(start.prefix, key, !start.whole);
 }
 
 bool SortedFeed::Before(const Entry& left, const Entry& right) const {
@@ -160,15 +175,15 @@ bool SortedFeed::SplitFirst() {
 }
 
 bool SortedFeed::Prepare() {
-  if (!collected_) {
-    Collect();
-    return true;
-  }
-  return SplitFirst();
+  return CollectSome() || SplitFirst();
 }
 
 bool SortedFeed::More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPage*) {
-  if (!collected_) Collect();
+  if (!collected_) {
+    Transaction oneState(source_.Store(), Transaction::Kind::Read);
+    while (CollectSome()) source_.Store().ServePainting();
+    oneState.Commit();
+  }
   std::size_t delivered = 0;
   while (delivered < wanted && !ends_.empty()) {
     while (SplitFirst()) {
@@ -214,6 +229,6 @@ void SortedFeed::OrderTies(std::size_t from, std::size_t to) {
   for (std::size_t i = from; i < to; ++i) entries_[i] = Entry(entries_[i].prefix, rows[i - from].rowKey, true);
 }
 
-std::int64_t SortedFeed::Estimate() { return static_cast<std::int64_t>(entries_.size()); }
+std::int64_t SortedFeed::Estimate() { return std::max(likelyRows_, static_cast<std::int64_t>(entries_.size())); }
 
 }  // namespace engine

@@ -2,10 +2,13 @@
 
 #include <cstdint>
 #include <memory>
+#include <unordered_set>
 #include <vector>
 
+#include "engine/lists/first_look.h"
 #include "engine/rows/key_walker.h"
 #include "engine/rows/row_source.h"
+#include "engine/rows/slices.h"
 
 namespace engine {
 
@@ -53,7 +56,13 @@ class WalkFeed final : public KeyFeed {
 /// order key. The first rows are known at once, the rest is put in order piece by piece.
 class SortedFeed final : public KeyFeed {
  public:
-  SortedFeed(RowSource& source, OrderColumn order, bool descending);
+  /// `driven`: row keys among which all of the list's are, if that is known.
+  SortedFeed(RowSource& source, OrderColumn order, bool descending, DrivenKeys driven = {});
+  /// Leaves out the first rows, which the list has already; `likelyRows` are in the whole list.
+  void LeaveOut(const std::vector<std::int64_t>& keys, std::int64_t likelyRows) {
+    known_.insert(keys.begin(), keys.end());
+    likelyRows_ = likelyRows;
+  }
   bool More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPage* rows) override;
   std::int64_t Estimate() override;
   bool Prepare() override;
@@ -72,10 +81,10 @@ class SortedFeed final : public KeyFeed {
     platform::Value value;
     std::int64_t rowKey;
   };
-  void Collect();
+  void Begin();
+  bool CollectSome();
   void CollectAll(const std::string& text);
   void Take(const Query& row);
-  bool LooksAtAllRows(const std::string& some);
   template <class Key>
   std::size_t Divide(std::size_t from, std::size_t to, Key key);
   bool Before(const Entry& left, const Entry& right) const;
@@ -86,6 +95,11 @@ class SortedFeed final : public KeyFeed {
   OrderColumn order_;
   bool descending_;
   SqlText valueOf_;
+  DrivenKeys driven_;
+  std::unordered_set<std::int64_t> known_;
+  std::unique_ptr<PiecewiseScan> scan_;
+  std::int64_t likelyRows_ = 0;
+  bool begun_ = false;
   bool collected_ = false;
   std::vector<Entry> entries_;
   std::size_t given_ = 0;

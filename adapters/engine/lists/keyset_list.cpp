@@ -24,16 +24,31 @@ KeysetList::KeysetList(std::shared_ptr<RowSource> source, const Walk& walk)
   feed_ = std::make_unique<WalkFeed>(Source(), *walker_, forward_);
 }
 
-KeysetList::KeysetList(std::shared_ptr<RowSource> source, const Walk& walk, Known known) : KeysetList(std::move(source), walk) {
-  keys_ = std::move(known.keys);
-  state_.resize(keys_.size(), State::Alive);
-  filledVersion_ = known.version;
-  complete_ = true;
-  feed_.reset();
+KeysetList::KeysetList(std::shared_ptr<RowSource> source, OrderColumn order, bool descending)
+    : KeysetList(std::move(source), Walk{.order = {std::move(order)}, .index = {}, .descending = descending}, FirstRows{}) {}
+
+KeysetList::KeysetList(std::shared_ptr<RowSource> source, const Walk& walk, FirstRows first)
+    : RowList(std::move(source)), forward_(walk.descending ? Direction::Down : Direction::Up), search_(Source(), *this) {
+  places_ = Source().Shape().Walker(Source().Store(), walk.order, walk.index);
+  auto others = std::make_unique<SortedFeed>(Source(), walk.order.empty() ? OrderColumn{} : walk.order.front(), walk.descending,
+                                             std::move(first.driven));
+  if (first.page && (first.way == FirstRows::Way::Walk || first.all)) {
+    others->LeaveOut(first.page->keys, first.likelyRows);
+    TakeFirst(first);
+  }
+  if (!complete_) feed_ = std::move(others);
 }
 
-KeysetList::KeysetList(std::shared_ptr<RowSource> source, OrderColumn order, bool descending) : RowList(std::move(source)), search_(Source(), *this) {
-  feed_ = std::make_unique<SortedFeed>(Source(), std::move(order), descending);
+void KeysetList::TakeFirst(FirstRows& first) {
+  keys_ = first.page->keys;
+  state_.resize(keys_.size(), State::Alive);
+  complete_ = first.all;
+  filledVersion_ = blocksVersion_ = first.version;
+  if (keys_.empty()) return;
+  Block block;
+  for (std::size_t i = 0; i < keys_.size(); ++i) block.rows.push_back(static_cast<int>(i));
+  block.page = std::move(first.page);
+  blocks_.push_front(std::move(block));
 }
 
 // ---- the keys
@@ -91,9 +106,29 @@ void KeysetList::FillAll() {
 
 std::optional<std::int64_t> KeysetList::OrdinalOfKey(std::int64_t rowKey) {
   FillAll();
+  constexpr std::int64_t kFewNumbers = 4096;  // beyond, a table of the numbers takes more memory than the keys
+  if (Size() > kFewNumbers && InOrder()) return SearchOrdinal(rowKey);
   NumberKeys();
   const auto found = ordinals_.find(rowKey);
   return found == ordinals_.end() ? std::nullopt : std::optional(found->second);
+}
+
+// As long as nobody has written, the keys stand in the order of the rows' places.
+std::optional<std::int64_t> KeysetList::SearchOrdinal(std::int64_t rowKey) {
+  const auto wanted = places_->PlaceOfRow(rowKey);
+  if (!wanted) return {};
+  const int sign = forward_ == Direction::Up ? 1 : -1;
+  std::int64_t low = 0;
+  for (std::int64_t high = Size(); low < high;) {
+    const std::int64_t middle = low + (high - low) / 2;
+    const auto place = places_->PlaceOfRow(*KeysOf(middle));
+    if (place && sign * places_->Compare(*place, *wanted) < 0)
+      low = middle + 1;
+    else
+      high = middle;
+  }
+  if (low == Size() || *KeysOf(low) != rowKey) return {};
+  return low;
 }
 
 void KeysetList::MarkGone(std::int64_t ordinal, State state) {

@@ -25,17 +25,13 @@ class KeysetList final : public RowList, public KeysetRows {
     std::string index;
     bool descending = false;
   };
-  /// All keys of a short list that were read in its order before it was made, and the tables' version then.
-  struct Known {
-    std::vector<std::int64_t> keys;
-    std::uint64_t version = 0;
-  };
   /// Any plan, ordered by the store.
   explicit KeysetList(std::shared_ptr<RowSource> source);
   KeysetList(std::shared_ptr<RowSource> source, const Walk& walk);
-  KeysetList(std::shared_ptr<RowSource> source, const Walk& walk, Known known);
-  /// One table without an index for its order.
+  /// One table whose rows are put in order here.
   KeysetList(std::shared_ptr<RowSource> source, OrderColumn order, bool descending);
+  /// The same, of which the first rows, or keys among which all of its keys are, have been found.
+  KeysetList(std::shared_ptr<RowSource> source, const Walk& walk, FirstRows first);
 
   bool First(Place& place) override;
   bool Last(Place& place) override;
@@ -69,8 +65,10 @@ class KeysetList final : public RowList, public KeysetRows {
   bool Visit(std::int64_t ordinal, Place& place) override { return Visit(ordinal, place, true); }
   std::optional<std::int64_t> OrdinalOfKey(std::int64_t rowKey) override;
   KeyWalker* Walker() noexcept override { return walker_.get(); }
+  KeyWalker* Places() noexcept override { return places_.get(); }
   Direction Forward() const noexcept override { return forward_; }
   bool InIndexOrder() override { return walker_ && !mixed_ && filledVersion_ == Source().RecentVersion(); }
+  bool InOrder() override { return places_ && complete_ && !mixed_ && ownRows_.empty() && filledVersion_ == Source().RecentVersion(); }
 
  private:
   enum class State : std::uint8_t { Alive, Gone, Deleted };  ///< Gone: by others
@@ -85,6 +83,8 @@ class KeysetList final : public RowList, public KeysetRows {
   void ReadMore(std::size_t wanted, bool withRows);
   void DropKnownKeys(std::size_t from);
   void NumberKeys();
+  std::optional<std::int64_t> SearchOrdinal(std::int64_t rowKey);
+  void TakeFirst(FirstRows& first);
   const Block* BlockWith(std::int64_t ordinal);
   const Block& ReadBlock(std::int64_t ordinal, bool forward);
   using RowSink = std::function<void(const Query& row)>;
@@ -99,7 +99,8 @@ class KeysetList final : public RowList, public KeysetRows {
   std::vector<std::int64_t> NumbersFrom(std::int64_t from, bool forward, int count);
 
   Direction forward_ = Direction::Up;
-  std::shared_ptr<KeyWalker> walker_;
+  std::shared_ptr<KeyWalker> walker_;  ///< of a list that is read along an index
+  std::shared_ptr<KeyWalker> places_;  ///< of a list in one table's order: where its rows stand
   std::unique_ptr<KeyFeed> feed_;
   KeysetSearch search_;
   std::vector<std::int64_t> keys_;

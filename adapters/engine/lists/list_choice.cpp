@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <optional>
 
+#include "engine/lists/first_look.h"
 #include "engine/lists/indexed_list.h"
 #include "engine/lists/keyset_list.h"
 #include "engine/lists/stored_list.h"
 #include "engine/rows/slices.h"
+#include "engine/translate/names/scope.h"
 #include "platform/values/text.h"
 
 namespace engine {
@@ -59,24 +61,56 @@ bool FitsExact(RowSource& source) {
 }
 
 // Whether the rows of a filter lie so close together in the list's order that pages of it are cheap: the first page is tried
-// with the work of a thousand rows, and the store must not have had to sort. Few: those are all, and stay in `known`.
-enum class Density { Dense, Few, Thin };
-Density DensityOf(RowSource& source, const IndexOrder& order, KeysetList::Known& known) {
+// with the work of a thousand rows, and the store must not have had to sort.
+bool IsDense(RowSource& source, const IndexOrder& order) {
   constexpr std::size_t kPage = 64;
   KeyWalker& walker = *source.Shape().Walker(source.Store(), order.order, "");
   KeyWalker::Request request;
   request.direction = order.descending ? Direction::Down : Direction::Up;
   request.limit = kPage;
   request.keysOnly = true;
-  known.version = source.RecentVersion();
-  const bool cheap = source.Store().ReadsCheaply(1000, [&] {
-    walker.Read(request, [&](const Query& row) {
-      known.keys.push_back(row.Int(walker.RowKeyAt(true)));
-      return true;
-    });
-  });
-  if (!cheap) return Density::Thin;
-  return known.keys.size() == kPage || source.Context().Options().exactRows <= 0 ? Density::Dense : Density::Few;
+  return source.Store().ReadsCheaply(1000, [&] { walker.Read(request, [](const Query&) { return true; }); });
+}
+
+// The table's rows in the list's order by an index that begins with a field which the filter holds to one value, if there is
+// one; else by the order's own. Its filter leaves out only what bounds on those fields do, by looking at the index alone.
+WalkWay BoundedWay(const SelectPlan& plan, const IndexOrder& order) {
+  WalkWay way{.order = order.order, .index = order.index, .asItLies = order.order.empty()};
+  const platform::TableDefinition& table = TableOf(plan);
+  const int orderField = plan.order.empty() ? -1 : plan.order.front().field;
+  int fixed = -1;
+  for (const platform::IndexDefinition& index : table.indexes) {
+    if (order.order.empty() || index.fields.size() != 2 || FieldPlace(table, index.fields[1]) != orderField) continue;
+    const int first = FieldPlace(table, index.fields[0]);
+    const bool holds = std::ranges::any_of(plan.bounds, [&](const PlanBound& bound) { return bound.field == first && bound.equals; });
+    if (!holds) continue;
+    fixed = first;
+    way.index = index.name;
+    break;
+  }
+  for (const PlanBound& bound : plan.bounds)
+    if ((bound.field == orderField && !order.order.empty()) || (bound.field == fixed && bound.equals))
+      way.filter += (way.filter.empty() ? "" : " AND ") + bound.sql;
+  return way;
+}
+
+// A filter on a long table with an index for the list's order. Few rows are held by their keys, many are read along the index.
+std::shared_ptr<RowList> LongFiltered(const std::shared_ptr<RowSource>& source, const IndexOrder& order) {
+  constexpr std::int64_t kMostHeld = 200'000;
+  const SelectPlan& plan = source->Plan();
+  const RowShape& shape = source->Shape();
+  WalkWay way = BoundedWay(plan, order);
+  const auto bounded = shape.Walker(source->Store(), way);
+  const bool boundsAreAll = way.filter == plan.rowWhere;
+  way.filter = plan.rowWhere;
+  const auto rows = shape.Walker(source->Store(), way);
+  const IndexedList::Shape indexed{order.order, order.descending, way.index, true, rows, bounded};
+  if (boundsAreAll) return std::make_shared<IndexedList>(source, indexed);
+
+  FirstRows first = FirstLook(*source, rows.get(), bounded.get(), order.descending ? Direction::Down : Direction::Up).Run();
+  const bool live = source->Context().Options().exactRows <= 0 || (!first.all && first.likelyRows > kMostHeld);
+  if (first.way == FirstRows::Way::Walk && live) return std::make_shared<IndexedList>(source, indexed, std::move(first));
+  return std::make_shared<KeysetList>(source, KeysetList::Walk{order.order, order.index, order.descending}, std::move(first));
 }
 
 // All keys of one table, put in order here when that is quicker than the store's own sorting.
@@ -97,14 +131,12 @@ std::shared_ptr<RowList> ChooseList(const std::shared_ptr<RowSource>& source) {
   if (!byIndex) return HeldKeys(source);
   // With a filter the store may know a better index than that of the order alone.
   const std::string index = plan.where.empty() ? byIndex->index : "";
-  const bool filtered = !plan.where.empty();
   const KeysetList::Walk walk{byIndex->order, index, byIndex->descending};
   if (!byIndex->behindOthers && FitsExact(*source)) return std::make_shared<KeysetList>(source, walk);
-  if (filtered) {
-    KeysetList::Known known;
-    const Density density = DensityOf(*source, *byIndex, known);
-    if (density == Density::Thin) return HeldKeys(source);
-    if (density == Density::Few) return std::make_shared<KeysetList>(source, walk, std::move(known));
+  if (!plan.where.empty()) {
+    const bool byRow = !plan.asksOtherTables || plan.asksByRow;
+    if (!byIndex->behindOthers && byRow) return LongFiltered(source, *byIndex);
+    if (!IsDense(*source, *byIndex)) return HeldKeys(source);
     if (byIndex->behindOthers) return std::make_shared<KeysetList>(source, walk);
   }
   return std::make_shared<IndexedList>(source, IndexedList::Shape{byIndex->order, byIndex->descending, index, true});

@@ -45,14 +45,14 @@ int CompareStored(FieldType type, const Value& left, const Value& right) {
   return 0;
 }
 
-KeyWalker::KeyWalker(Store& store, const RowShape& shape, std::vector<OrderColumn> order, const std::string& index)
-    : store_(store), dialect_(store.OwnDialect()), shape_(shape), order_(std::move(order)), rowTypes_(shape.types) {
+KeyWalker::KeyWalker(Store& store, const RowShape& shape, WalkWay way)
+    : store_(store), dialect_(store.OwnDialect()), shape_(shape), order_(std::move(way.order)), filter_(std::move(way.filter)), rowTypes_(shape.types) {
   const PlanTable& table = shape.plan.tables.front();
   rowKey_ = table.alias + '.' + table.table->rowKey;
   from_ = shape.plan.from;
-  if (!index.empty())
-    from_ += dialect_.Along(table.table->definition.name, index);
-  else if (order_.empty() && shape.plan.where.empty())
+  if (!way.index.empty())
+    from_ += dialect_.Along(table.table->definition.name, way.index);
+  else if (way.asItLies || (order_.empty() && filter_.empty()))
     from_ += dialect_.withoutIndex;
   for (const OrderColumn& column : order_) {
     keyColumns_ += column.sql + ", ";
@@ -70,7 +70,7 @@ const SqlText& KeyWalker::Ready(SqlText& text, std::string_view columns, bool fi
   text.text.append("SELECT ").append(columns).append(" FROM ");
   text.text += filtered ? plan.from : table.table->storeName + " AS " + table.alias;
   text.text += " WHERE " + rowKey_ + " = " + dialect_.Parameter(1);
-  if (filtered && !plan.where.empty()) text.text += " AND (" + plan.where + ")";
+  if (filtered && !filter_.empty()) text.text += " AND (" + filter_ + ")";
   return text;
 }
 
@@ -92,7 +92,7 @@ std::optional<OrderPlace> KeyWalker::PlaceOfRow(std::int64_t rowKey) {
 }
 
 bool KeyWalker::InFilter(std::int64_t rowKey) {
-  if (shape_.plan.where.empty()) return true;
+  if (filter_.empty()) return true;
   Ready(inFilter_, rowKey_, true);
   Query query(store_, inFilter_);
   query.Bind(1, rowKey);
@@ -160,6 +160,100 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
   return request.limit - left;
 }
 
+std::optional<OrderPlace> KeyWalker::PlaceAhead(Direction direction, const OrderPlace* from, std::int64_t rows) {
+  Request request;
+  request.direction = direction;
+  request.from = from;
+  request.keysOnly = true;
+  std::int64_t left = rows;
+  const std::vector<Level> levels = LevelsFor(request);
+  for (std::size_t i = 0; i < levels.size(); ++i) {
+    SqlText own;
+    Query query(store_, Statement(request, levels[i], own));
+    BindPlace(query, request, levels[i]);
+    const int more = static_cast<int>(order_.size()) + 2;
+    query.Bind(more, std::int64_t{1});
+    query.Bind(more + 1, left - 1);
+    if (query.Step()) return PlaceAt(query, true);
+    if (i + 1 == levels.size()) break;
+    Query count(store_, std::string_view("SELECT count(*) FROM " + from_ + " WHERE " + ConditionOf(request, levels[i])));
+    BindPlace(count, request, levels[i]);
+    if (count.Step()) left -= count.Int(0);
+  }
+  return {};
+}
+
+// Towards a place, in pieces of which each is one stretch of the index: what is left of the group of equal keys, the rows without a
+// key where they come first, the keys beyond, the rows without a key where they come last.
+void KeyWalker::ReadStretch(Direction direction, const OrderPlace* from, const OrderPlace& until, bool keysOnly, const Sink& sink) {
+  assert(order_.size() <= 1);
+  const bool up = direction == Direction::Up;
+  const bool fromNull = from != nullptr && !order_.empty() && from->values[0].IsNull();
+  const bool untilNull = !order_.empty() && until.values[0].IsNull();
+  const bool sameGroup = from != nullptr && (order_.empty() || CompareStored(order_[0].type, from->values[0], until.values[0]) == 0);
+  std::vector<Step> steps;
+  if (order_.empty()) {
+    steps = {Step::BehindRow};
+  } else {
+    if (from != nullptr) steps.push_back(Step::BehindRow);
+    if (!sameGroup) {
+      if (up && from == nullptr) steps.push_back(Step::NullBlock);
+      if (up ? !untilNull : !fromNull) steps.push_back(Step::BehindColumn);
+      if (!up && untilNull && !fromNull) steps.push_back(Step::NullBlock);
+    }
+  }
+  bool goOn = true;
+  for (const Step step : steps) {
+    if (!goOn) return;
+    const unsigned code = static_cast<unsigned>(step) | (up ? 8U : 0U) | (keysOnly ? 16U : 0U) | (from != nullptr ? 32U : 0U) |
+                          (fromNull ? 64U : 0U) | (untilNull ? 128U : 0U) | (sameGroup ? 256U : 0U);
+    SqlText& text = stretches_[code];
+    if (text.text.empty()) text.text = StretchText(direction, from, until, step, keysOnly);
+    Query query(store_, text);
+    if (!order_.empty() && from != nullptr && !fromNull && step != Step::NullBlock) query.Bind(1, from->values[0]);
+    if (step == Step::BehindRow && from != nullptr) query.Bind(2, from->rowKey);
+    if (!order_.empty() && step == Step::BehindColumn && !untilNull) query.Bind(3, until.values[0]);
+    const bool reaches = step == Step::BehindRow ? sameGroup || order_.empty() : step == Step::NullBlock ? untilNull : !untilNull;
+    if (reaches) query.Bind(4, until.rowKey);
+    while (goOn && query.Step()) goOn = sink(query);
+  }
+}
+
+std::string KeyWalker::StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, bool keysOnly) const {
+  const bool up = direction == Direction::Up;
+  const std::string beyond = up ? " > " : " < ";
+  const std::string within = up ? " <= " : " >= ";
+  const std::string strictly = up ? " < " : " > ";
+  const auto is = [&](const OrderPlace& place) {
+    return order_[0].sql + (place.values[0].IsNull() ? " IS NULL" : " = " + dialect_.Parameter(1));
+  };
+  const bool untilNull = !order_.empty() && until.values[0].IsNull();
+  std::string text = "SELECT " + (keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + " FROM " + from_ + " WHERE ";
+  std::string condition;
+  const auto add = [&](const std::string& part) { condition += (condition.empty() ? "" : " AND ") + part; };
+  const std::string untilKey = rowKey_ + within + dialect_.Parameter(4);
+  std::size_t ordered = 0;
+  if (step == Step::BehindRow) {
+    ordered = order_.size();
+    if (!order_.empty()) add(is(*from));
+    if (from != nullptr) add(rowKey_ + beyond + dialect_.Parameter(2));
+    if (order_.empty() || CompareStored(order_[0].type, from->values[0], until.values[0]) == 0) add(untilKey);
+  } else if (step == Step::NullBlock) {
+    ordered = 1;
+    add(order_[0].sql + " IS NULL");
+    if (untilNull) add(untilKey);
+  } else {
+    const std::string& column = order_[0].sql;
+    add(from != nullptr && !from->values[0].IsNull() ? column + beyond + dialect_.Parameter(1) : column + " IS NOT NULL");
+    if (!untilNull) {
+      add(column + within + dialect_.Parameter(3));
+      add('(' + column + strictly + dialect_.Parameter(3) + " OR " + untilKey + ')');
+    }
+  }
+  if (!filter_.empty()) add('(' + filter_ + ')');
+  return text + condition + " ORDER BY " + OrderText(direction, ordered);
+}
+
 // From the longest run of equal columns to none: together the statements deliver the rows in order.
 std::vector<KeyWalker::Level> KeyWalker::LevelsFor(const Request& request) const {
   if (request.from == nullptr) return {{Step::All, 0}};
@@ -223,7 +317,7 @@ std::string KeyWalker::ConditionOf(const Request& request, const Level& level) c
     if (request.bounds->lower) add(order_[0].sql + " >= " + dialect_.Parameter(order_.size() + 4));
     if (request.bounds->upper) add(order_[0].sql + " < " + dialect_.Parameter(order_.size() + 5));
   }
-  if (!shape_.plan.where.empty()) add("(" + shape_.plan.where + ")");
+  if (!filter_.empty()) add("(" + filter_ + ")");
   if (!request.condition.empty()) add("(" + std::string(request.condition) + ")");
   return text;
 }

@@ -33,9 +33,9 @@ struct KeyBounds {
 /// wherever it stands, also inside a large group of equal keys, and nothing stays open between pages.
 class KeyWalker {
  public:
-  /// `index`: name of the table's index that has this order, "" to leave the choice to the store (or for row key order).
-  KeyWalker(Store& store, const RowShape& shape, std::vector<OrderColumn> order, const std::string& index);
+  KeyWalker(Store& store, const RowShape& shape, WalkWay way);
 
+  Store& OwnStore() const noexcept { return store_; }
   const std::vector<OrderColumn>& Order() const noexcept { return order_; }
   /// "t0.a, t0.key": the order columns and the row key.
   const std::string& KeyColumns() const noexcept { return keyColumns_; }
@@ -58,6 +58,13 @@ class KeyWalker {
   using Sink = std::function<bool(const Query& row)>;
   /// Returns the number of rows read.
   std::int64_t Read(const Request& request, const Sink& sink);
+
+  /// Where the row stands that is `rows` behind a place (nullptr: from the end where the direction starts); nothing when there are
+  /// fewer. Reads keys alone.
+  std::optional<OrderPlace> PlaceAhead(Direction direction, const OrderPlace* from, std::int64_t rows);
+
+  /// Reads the rows behind `from` (nullptr: from the end where the direction starts) up to and with `until`, without limit. For walks of at most one order column.
+  void ReadStretch(Direction direction, const OrderPlace* from, const OrderPlace& until, bool keysOnly, const Sink& sink);
 
   /// The row with that key, as a full row, whatever the list's filter says; false when it is gone.
   bool ReadRow(std::int64_t rowKey, const Sink& sink);
@@ -91,6 +98,7 @@ class KeyWalker {
   };
   std::vector<Level> LevelsFor(const Request& request) const;
   SqlText& Statement(const Request& request, const Level& level, SqlText& own);
+  std::string StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, bool keysOnly) const;
   const SqlText& Ready(SqlText& text, std::string_view columns, bool filtered) const;
   void BindPlace(Query& query, const Request& request, const Level& level) const;
   std::string StatementText(const Request& request, const Level& level) const;
@@ -101,6 +109,7 @@ class KeyWalker {
   const Dialect& dialect_;
   const RowShape& shape_;
   std::vector<OrderColumn> order_;
+  std::string filter_;
   std::vector<platform::FieldType> orderTypes_;
   std::vector<platform::FieldType> rowTypes_;  ///< of the columns and the order columns
   std::string rowKey_;
@@ -111,6 +120,7 @@ class KeyWalker {
   SqlText inFilter_;
   SqlText count_;
   std::unordered_map<std::uint64_t, SqlText> statements_;  ///< those without conditions of their own
+  std::unordered_map<unsigned, SqlText> stretches_;
 };
 
 /// Order of two stored values of one type, Null lowest.

@@ -74,10 +74,14 @@ std::string RowShape::FromByKeys(const Dialect& dialect) const {
 }
 
 const std::shared_ptr<KeyWalker>& RowShape::Walker(Store& store, const std::vector<OrderColumn>& order, const std::string& index) const {
-  std::string name = index;
-  for (const OrderColumn& column : order) name += '\n' + column.sql;
-  auto& walker = walkers_[name];
-  if (!walker) walker = std::make_shared<KeyWalker>(store, *this, order, index);
+  return Walker(store, WalkWay{.order = order, .index = index, .filter = plan.rowWhere});
+}
+
+const std::shared_ptr<KeyWalker>& RowShape::Walker(Store& store, const WalkWay& way) const {
+  std::string name = way.index + (way.asItLies ? "!" : "");
+  for (const OrderColumn& column : way.order) name += '\n' + column.sql;
+  auto& walker = walkers_[name + '\t' + way.filter];
+  if (!walker) walker = std::make_shared<KeyWalker>(store, *this, way);
   return walker;
 }
 

@@ -26,6 +26,14 @@ struct OrderColumn {
   platform::FieldType type = platform::FieldType::Long;
 };
 
+/// How one table is walked.
+struct WalkWay {
+  std::vector<OrderColumn> order;
+  std::string index;      ///< of the table that has this order; "" to leave the choice to the store, or for row key order
+  bool asItLies = false;  ///< in row key order, by no index
+  std::string filter{};   ///< only the rows for which this holds, "" for all
+};
+
 /// What every opening of one statement shares: its plan, its columns by name, the parts of its statements.
 class RowShape {
  public:
@@ -49,8 +57,11 @@ class RowShape {
   bool IsKnownByKey(std::size_t table) const { return !plan.tables[table].follows; }
   /// Whether the plan's one table was too long once for its keys to be held; it is not asked again.
   mutable bool knownLong = false;
-  /// The way through the plan's one table in that order, with its statements.
+  /// The way through the plan's one table in that order, with its statements: the plan's rows, along an index or as the store
+  /// likes ("").
   const std::shared_ptr<KeyWalker>& Walker(Store& store, const std::vector<OrderColumn>& order, const std::string& index) const;
+  /// The same for any way.
+  const std::shared_ptr<KeyWalker>& Walker(Store& store, const WalkWay& way) const;
 
  private:
   struct NoCaseHash {

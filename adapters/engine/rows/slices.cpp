@@ -1,5 +1,6 @@
 #include "engine/rows/slices.h"
 
+#include <algorithm>
 #include <chrono>
 
 namespace engine {
@@ -14,30 +15,79 @@ KeySpan SpanOf(const RowSource& source) {
   return {query.Int(0), query.Int(1)};
 }
 
-void ReadBySlices(RowSource& source, const std::string& columns, const std::string& condition,
-                  const std::function<void(const Query& row)>& take) {
+namespace {
+
+constexpr std::size_t kMostKeysAtOnce = 64;
+constexpr std::int64_t kFirstWidth = 4096;
+constexpr std::int64_t kLeastWidth = 256;
+constexpr std::chrono::milliseconds kPiece{4};
+
+std::string RowKeyOf(const RowSource& source) {
   const PlanTable& table = source.Plan().tables.front();
+  return table.alias + '.' + table.table->rowKey;
+}
+
+std::string Beside(const std::string& condition) { return condition.empty() ? "" : "(" + condition + ") AND "; }
+
+}  // namespace
+
+PiecewiseScan::PiecewiseScan(RowSource& source, const std::string& columns, const std::string& condition)
+    : source_(source), width_(kFirstWidth) {
   const Dialect& dialect = source.OwnDialect();
-  const std::string rowKey = table.alias + '.' + table.table->rowKey;
-  SqlText slice("SELECT " + columns + " FROM " + source.Plan().from + dialect.withoutIndex + " WHERE " +
-                (condition.empty() ? "" : "(" + condition + ") AND ") + rowKey + " > " + dialect.Parameter(1) + " AND " + rowKey +
-                " <= " + dialect.Parameter(2));
-  Transaction oneState(source.Store(), Transaction::Kind::Read);
-  const KeySpan span = SpanOf(source);
-  std::int64_t width = kShortestCut;
-  for (std::int64_t from = span.first - 1; from < span.last;) {
-    const auto begun = std::chrono::steady_clock::now();
-    {
-      Query query(source.Store(), slice);
-      query.Bind(1, from);
-      query.Bind(2, from + width);
-      while (query.Step()) take(query);
-    }
-    from += width;
-    source.Store().ServePainting();
-    // Keys can lie thinly: empty stretches are crossed faster.
-    width = std::chrono::steady_clock::now() - begun < std::chrono::milliseconds(1) ? width * 2 : kShortestCut;
+  const std::string rowKey = RowKeyOf(source);
+  text_.text = "SELECT " + columns + " FROM " + source.Plan().from + dialect.withoutIndex + " WHERE " + Beside(condition) + rowKey +
+               " > " + dialect.Parameter(1) + " AND " + rowKey + " <= " + dialect.Parameter(2);
+}
+
+PiecewiseScan::PiecewiseScan(RowSource& source, const std::string& columns, const std::string& condition, std::vector<std::int64_t> keys)
+    : source_(source), keysAtOnce_(keys.size() <= 1 ? 1 : keys.size() <= 8 ? 8 : kMostKeysAtOnce), keys_(std::move(keys)), byKeys_(true) {
+  text_.text = "SELECT " + columns + " FROM " + source.Plan().from + source.OwnDialect().withoutIndex + " WHERE " + Beside(condition) +
+               RowKeyOf(source) + " IN (";
+  for (std::size_t i = 1; i <= keysAtOnce_; ++i) text_.text += (i == 1 ? "" : ", ") + source.OwnDialect().Parameter(i);
+  text_.text += ')';
+}
+
+bool PiecewiseScan::Next(const Take& take) { return byKeys_ ? NextKeys(take) : NextStretch(take); }
+
+bool PiecewiseScan::NextStretch(const Take& take) {
+  if (!begun_) {
+    const KeySpan span = SpanOf(source_);
+    from_ = span.first - 1;
+    last_ = span.last;
+    begun_ = true;
   }
+  if (from_ >= last_) return false;
+  const auto start = std::chrono::steady_clock::now();
+  {
+    Query query(source_.Store(), text_);
+    query.Bind(1, from_);
+    query.Bind(2, from_ + width_);
+    while (query.Step()) take(query);
+  }
+  from_ += width_;
+  // Keys can lie thinly: empty stretches are crossed faster. A condition can ask other tables of every row.
+  const auto spent = std::chrono::steady_clock::now() - start;
+  if (spent < kPiece / 4)
+    width_ *= 2;
+  else if (spent > kPiece)
+    width_ = std::max(width_ / 4, kLeastWidth);
+  return from_ < last_;
+}
+
+bool PiecewiseScan::NextKeys(const Take& take) {
+  const auto start = std::chrono::steady_clock::now();
+  while (nextKey_ < keys_.size() && std::chrono::steady_clock::now() - start < kPiece) {
+    Query query(source_.Store(), text_);
+    for (std::size_t i = 0; i < keysAtOnce_; ++i, ++nextKey_)
+      nextKey_ < keys_.size() ? query.Bind(static_cast<int>(i) + 1, keys_[nextKey_]) : query.BindNull(static_cast<int>(i) + 1);
+    while (query.Step()) take(query);
+  }
+  return nextKey_ < keys_.size();
+}
+
+void ReadAll(RowSource& source, PiecewiseScan& scan, const PiecewiseScan::Take& take) {
+  Transaction oneState(source.Store(), Transaction::Kind::Read);
+  while (scan.Next(take)) source.Store().ServePainting();
   oneState.Commit();
 }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "engine/rows/row_source.h"
 
@@ -18,10 +19,36 @@ struct KeySpan {
 };
 KeySpan SpanOf(const RowSource& source);
 
-/// Reads `columns` of all rows for which `condition` holds ("" for all), in the order in which they lie: by stretches of row keys,
-/// between which the windows paint, as a filter that few rows pass gives no row to pause at. All in one state.
-void ReadBySlices(RowSource& source, const std::string& columns, const std::string& condition,
-                  const std::function<void(const Query& row)>& take);
+/// Reads `columns` of all rows for which a condition holds ("" for all), in the order in which they lie, piece by piece: by
+/// stretches of row keys, or by the row keys themselves, which must be in their order. Between the pieces the windows may paint, as
+/// a filter that few rows pass gives no row to pause at.
+class PiecewiseScan {
+ public:
+  using Take = std::function<void(const Query& row)>;
+  PiecewiseScan(RowSource& source, const std::string& columns, const std::string& condition);
+  PiecewiseScan(RowSource& source, const std::string& columns, const std::string& condition, std::vector<std::int64_t> keys);
+
+  /// Reads on for a few milliseconds; false when all is read.
+  bool Next(const Take& take);
+
+ private:
+  bool NextStretch(const Take& take);
+  bool NextKeys(const Take& take);
+
+  RowSource& source_;
+  SqlText text_;
+  std::size_t keysAtOnce_ = 0;
+  std::vector<std::int64_t> keys_;
+  bool byKeys_ = false;
+  std::size_t nextKey_ = 0;
+  bool begun_ = false;
+  std::int64_t from_ = 0;
+  std::int64_t last_ = 0;
+  std::int64_t width_ = 0;
+};
+
+/// Reads on to the end, all in one state, painting between the pieces.
+void ReadAll(RowSource& source, PiecewiseScan& scan, const PiecewiseScan::Take& take);
 
 /// Below this width of keys a table isn't worth cutting.
 inline constexpr std::int64_t kShortestCut = 16'384;

@@ -96,7 +96,7 @@ bool IndexedSearch::ByOtherIndex(const Place* after, Place& found) {
     range = PrefixRange(plan_.shape.value.As<std::string>());
     condition += " AND " + column + " >= " + dialect.Parameter(1) + " AND " + column + " < " + dialect.Parameter(2);
   }
-  if (!source_.Plan().where.empty()) condition += " AND (" + source_.Plan().where + ")";
+  if (!source_.Plan().rowWhere.empty()) condition += " AND (" + source_.Plan().rowWhere + ")";
   const std::string hint = dialect.Along(source_.Plan().tables.front().table->definition.name, OtherIndex());
   const std::string all = "SELECT " + walker_.KeyColumns() + " FROM " + source_.Plan().from + hint + " WHERE " + condition;
   const auto collect = [&](const std::string& text) {
@@ -216,18 +216,19 @@ std::optional<bool> IndexedSearch::WalkAhead(const Place* after, Place& found) {
 // The whole table in the order in which it lies.
 void IndexedSearch::CollectAll() {
   const SelectPlan& plan = source_.Plan();
-  const std::string condition = (plan.where.empty() ? "" : "(" + plan.where + ") AND ") + ("(" + plan_.where + ")");
   Transaction oneState(source_.Store(), Transaction::Kind::Read);
   hitsVersion_ = source_.Version();
   hits_ = std::make_unique<Hits>(walker_, forward_);
   const auto take = [this](const Query& row) { hits_->Add(row); };
-  // A filter that asks other tables would ask them anew for each slice.
-  if (plan.asksOtherTables || SpanOf(source_).Width() <= kShortestCut) {
+  const auto with = [&](const std::string& filter) { return (filter.empty() ? "" : "(" + filter + ") AND ") + ("(" + plan_.where + ")"); };
+  // A filter that asks other tables as a whole would ask them anew for each piece.
+  if ((plan.asksOtherTables && !plan.asksByRow) || SpanOf(source_).Width() <= kShortestCut) {
     Query all(source_.Store(), "SELECT " + walker_.KeyColumns() + " FROM " + plan.from +
-                                   (plan.where.empty() ? source_.OwnDialect().withoutIndex : "") + " WHERE " + condition);
+                                   (plan.where.empty() ? source_.OwnDialect().withoutIndex : "") + " WHERE " + with(plan.where));
     while (all.Step()) take(all);
   } else {
-    ReadBySlices(source_, walker_.KeyColumns(), condition, take);
+    PiecewiseScan scan(source_, walker_.KeyColumns(), with(plan.rowWhere));
+    ReadAll(source_, scan, take);
   }
   oneState.Commit();
 }

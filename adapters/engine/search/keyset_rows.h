@@ -30,9 +30,13 @@ class KeysetRows {
 
   /// Of a list in the order of an index, else nullptr.
   virtual KeyWalker* Walker() = 0;
+  /// Of a list of one table that was put in its order by the columns of this walker, else nullptr.
+  virtual KeyWalker* Places() = 0;
   virtual Direction Forward() const = 0;
   /// Whether nobody has written since the keys were read, so that they still are in the order of the index.
   virtual bool InIndexOrder() = 0;
+  /// The same of a list that has Places, when all its keys are held.
+  virtual bool InOrder() = 0;
 };
 
 }  // namespace engine

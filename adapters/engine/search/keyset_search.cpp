@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "engine/rows/slices.h"
 #include "engine/text/text_order.h"
+#include "engine/values/sql_type.h"
 #include "engine/translate/plan/planning.h"
 
 namespace engine {
@@ -49,6 +51,7 @@ std::optional<std::int64_t> KeysetSearch::FirstFit(std::int64_t from) {
   std::int64_t hit = 0;
   std::optional<bool> answer = ByRowKey(from, hit);
   if (!answer) answer = ByIndex(from, hit);
+  if (!answer) answer = ByOrder(from, hit);
   if (!answer && hitsKnown_ && hitsVersion_ == source_.Version()) answer = FromHits(from, hit);
   if (!answer) answer = WalkAhead(from, hit);
   if (!answer) {
@@ -125,6 +128,44 @@ std::optional<bool> KeysetSearch::ByIndex(std::int64_t from, std::int64_t& hit) 
   return true;
 }
 
+// Where the held keys are in the order of the field that is searched, the first fit is found by halving.
+std::optional<bool> KeysetSearch::ByOrder(std::int64_t from, std::int64_t& hit) {
+  int field = -1;
+  const KeyWalker* places = list_.Places();
+  const auto& order = source_.Plan().order;
+  if (places == nullptr || !OnField(field) || order.size() != 1 || order.front().field != field || places->Order().size() != 1) return {};
+  if (SqlTypeOf(order.front().type) != SqlType::Text) return {};
+  list_.FillAll();
+  if (!list_.InOrder()) return {};
+  if (plan_.shape.kind == SearchShape::Kind::Prefix) range_ = PrefixRange(plan_.shape.value.As<std::string>());
+  Transaction oneState(source_.Store(), Transaction::Kind::Read);
+  std::int64_t first = from;
+  for (std::int64_t high = list_.Size(); first < high;) {
+    const std::int64_t middle = first == from ? first : first + (high - first) / 2;
+    if (SideOfRange(middle) < 0)
+      first = middle + 1;
+    else
+      high = middle;
+  }
+  for (; first < list_.Size() && SideOfRange(first) == 0; ++first) {
+    if (!list_.IsAlive(first) || !source_.Test(list_.KeysOf(first), test_)) continue;
+    hit = first;
+    return true;
+  }
+  return false;
+}
+
+// Before (-1), in (0) or behind (1) the rows that the criterion's field can fit, in list order.
+int KeysetSearch::SideOfRange(std::int64_t ordinal) const {
+  const int sign = list_.Forward() == Direction::Up ? 1 : -1;
+  const auto place = list_.Places()->PlaceOfRow(*list_.KeysOf(ordinal));
+  if (!place || place->values.front().IsNull()) return -sign;
+  const std::string& text = place->values.front().As<std::string>();
+  if (plan_.shape.kind == SearchShape::Kind::Equals) return sign * std::clamp(CompareText(text, plan_.shape.value.As<std::string>()), -1, 1);
+  if (CompareText(text, range_.lower) < 0) return -sign;
+  return CompareText(text, range_.upper) >= 0 ? sign : 0;
+}
+
 // The next rows one by one: true or false when they decide, nothing when there are more rows behind them.
 std::optional<bool> KeysetSearch::WalkAhead(std::int64_t from, std::int64_t& hit) {
   const std::int64_t end = from + RowsToWalk(list_.Size(), source_.KeyCount() == 1);
@@ -148,26 +189,39 @@ bool KeysetSearch::IsHit(const std::int64_t* keys) const {
 // All rows that fit, in whatever order the store finds them. Of one table its filter need not be asked again: which rows
 // belong to the list, the list knows.
 void KeysetSearch::CollectHits() {
-  const SelectPlan& plan = source_.Plan();
   hitsVersion_ = source_.Version();
   hits_.clear();
   joinedHits_.clear();
-  std::string text = "SELECT " + source_.KeyList() + " FROM ";
-  if (plan.tables.size() == 1)
-    text += plan.tables.front().table->storeName + " AS " + plan.tables.front().alias + " WHERE " + plan_.where;
-  else
-    text += plan.from + " WHERE " + (plan.where.empty() ? "" : "(" + plan.where + ") AND ") + "(" + plan_.where + ")";
-  Query query(source_.Store(), std::string_view(text));
+  source_.Plan().tables.size() == 1 ? CollectOfOneTable() : CollectOfMany();
+  hitsKnown_ = true;
+}
+
+// Those of a short list by their keys, else all of the table; piece by piece.
+void KeysetSearch::CollectOfOneTable() {
+  constexpr std::int64_t kScannedForOneKey = 10;
+  const auto take = [this](const Query& row) { hits_.insert(row.Int(0)); };
+  list_.FillAll();
+  if (list_.Size() > SpanOf(source_).Width() / kScannedForOneKey) {
+    PiecewiseScan all(source_, source_.KeyList(), plan_.where);
+    return ReadAll(source_, all, take);
+  }
+  std::vector<std::int64_t> keys;
+  for (std::int64_t i = 0; i < list_.Size(); ++i) keys.push_back(*list_.KeysOf(i));
+  std::ranges::sort(keys);
+  PiecewiseScan held(source_, source_.KeyList(), plan_.where, std::move(keys));
+  ReadAll(source_, held, take);
+}
+
+void KeysetSearch::CollectOfMany() {
+  const SelectPlan& plan = source_.Plan();
+  Query query(source_.Store(), std::string_view("SELECT " + source_.KeyList() + " FROM " + plan.from + " WHERE " +
+                                                (plan.where.empty() ? "" : "(" + plan.where + ") AND ") + "(" + plan_.where + ")"));
   for (std::int64_t rows = 1; query.Step(); ++rows) {
     RowPage row(0, source_.KeyCount());
     source_.ReadKeys(query, 0, row);
-    if (source_.KeyCount() == 1)
-      hits_.insert(*row.KeysOf(0));
-    else
-      joinedHits_.insert(KeyText(source_, row.KeysOf(0)));
+    joinedHits_.insert(KeyText(source_, row.KeysOf(0)));
     if (rows % 8192 == 0) source_.Store().ServePainting();
   }
-  hitsKnown_ = true;
 }
 
 bool KeysetSearch::FromHits(std::int64_t from, std::int64_t& hit) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/search/keyset_rows.h"
+#include "engine/text/text_order.h"
 #include "engine/translate/plan/plan.h"
 
 namespace engine {
@@ -24,9 +25,13 @@ class KeysetSearch {
   void Understand(std::string_view criterion);
   std::optional<std::int64_t> FirstFit(std::int64_t from);
   std::optional<bool> ByIndex(std::int64_t from, std::int64_t& hit);
+  std::optional<bool> ByOrder(std::int64_t from, std::int64_t& hit);
+  int SideOfRange(std::int64_t ordinal) const;
   std::optional<bool> ByRowKey(std::int64_t from, std::int64_t& hit);
   std::optional<bool> WalkAhead(std::int64_t from, std::int64_t& hit);
   void CollectHits();
+  void CollectOfOneTable();
+  void CollectOfMany();
   bool FromHits(std::int64_t from, std::int64_t& hit);
   bool OnField(int& field) const;
   bool IsHit(const std::int64_t* keys) const;
@@ -35,6 +40,7 @@ class KeysetSearch {
   KeysetRows& list_;
   std::string criterion_;
   CriterionPlan plan_;
+  PrimaryRange range_;  ///< of a criterion with a fixed start
   SqlText test_;
   bool hitsKnown_ = false;
   std::uint64_t hitsVersion_ = 0;

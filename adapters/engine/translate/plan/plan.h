@@ -43,11 +43,33 @@ struct PlanOrder {
   int field = -1;
 };
 
+/// A way to the rows of a plan's one table that need not look at all of them: by another table that is joined to its row key,
+/// or by an index of its own on a field that a condition holds to constants.
+struct PlanDriver {
+  std::string keys;  ///< a SELECT of row keys, Null and doubles among them: no row of the plan has another one
+  std::string rest;  ///< what is left of `rowWhere` to ask of a row with such a key, "" for nothing
+  int field = -1;    ///< whose index it is; -1 for another table
+};
+
+/// A condition of the plan's WHERE that holds one field of its one table to constants.
+struct PlanBound {
+  int field = -1;
+  bool equals = false;  ///< to one value
+  std::string sql;
+};
+
 /// A SELECT ready for a cursor. Row identity is the tuple of the row keys of `tables`.
 struct SelectPlan {
   std::vector<PlanTable> tables;
   std::string from;   ///< text behind FROM
   std::string where;  ///< text behind WHERE, "" if none; already a Boolean expression of the store
+  /// The same for rows that are looked at one at a time: other tables are asked for each row by an index of theirs. Equal to
+  /// `where` unless `asksByRow`.
+  std::string rowWhere;
+  bool asksByRow = false;
+  std::vector<PlanDriver> drivers;  ///< of one table
+  std::vector<PlanBound> bounds;    ///< of one table
+  bool boundsAreAll = false;        ///< WHERE consists of `bounds` alone
   std::vector<PlanColumn> columns;
   std::vector<PlanOrder> order;
   bool distinct = false;   ///< DISTINCT: distinct output values, read-only

@@ -2,9 +2,8 @@
 #include <limits>
 
 #include "engine/sql/parser.h"
-#include "engine/text/like.h"
-#include "engine/text/text_order.h"
 #include "engine/translate/emit/emitter.h"
+#include "engine/translate/plan/bounds.h"
 #include "engine/translate/plan/column_scope.h"
 #include "engine/translate/plan/planning.h"
 #include "platform/values/convert.h"
@@ -15,16 +14,6 @@ namespace {
 using platform::FieldType;
 using platform::Value;
 using platform::ValueKind;
-
-// A constant, a minus in front of it included; nothing for anything else.
-std::optional<Value> ConstantOf(const sql::Expression& expression) {
-  if (const auto* literal = std::get_if<sql::Literal>(&expression.node)) return literal->value;
-  const auto* unary = std::get_if<sql::Unary>(&expression.node);
-  if (unary == nullptr || unary->op != sql::UnaryOperator::Minus) return std::nullopt;
-  const auto* literal = std::get_if<sql::Literal>(&unary->operand->node);
-  if (literal == nullptr || !literal->value.IsNumber()) return std::nullopt;
-  return Value(-platform::CDbl(literal->value));
-}
 
 // The number as a field of that type would hold it; nothing when it can't hold exactly this number.
 std::optional<Value> ExactNumber(double number, FieldType type) {
@@ -91,13 +80,10 @@ class ShapeFinder {
 
   SearchShape OfLike(const sql::Like& like) {
     const std::optional<ResolvedField> field = Column(*like.value);
-    const auto* literal = std::get_if<sql::Literal>(&like.pattern->node);
-    if (like.negated || !field || SqlTypeOf(field->type) != SqlType::Text || literal == nullptr || !literal->value.IsText()) return {};
-    const std::string& text = literal->value.As<std::string>();
-    const LikePattern pattern(text);
-    const std::string_view prefix = WithoutTrailingBlanks(pattern.FixedPrefix());
-    if (prefix.empty()) return {};
-    return {.kind = SearchShape::Kind::Prefix, .table = field->table, .field = field->field, .value = Value(prefix), .pattern = text};
+    const std::optional<std::string> start = FixedStartOf(like);
+    if (!field || SqlTypeOf(field->type) != SqlType::Text || !start) return {};
+    const std::string& text = std::get<sql::Literal>(like.pattern->node).value.As<std::string>();
+    return {.kind = SearchShape::Kind::Prefix, .table = field->table, .field = field->field, .value = Value(*start), .pattern = text};
   }
 
   Scope& scope_;

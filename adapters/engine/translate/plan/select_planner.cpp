@@ -5,6 +5,7 @@
 #include "engine/errors.h"
 #include "engine/sql/print.h"
 #include "engine/translate/names/walk.h"
+#include "engine/translate/plan/bounds.h"
 #include "engine/translate/plan/semi_join.h"
 #include "platform/values/text.h"
 
@@ -93,11 +94,44 @@ void SelectPlanner::FillFrom(TableSet kept) {
     plan_.asksOtherTables = true;
     plan_.from = std::move(semi.from);
     plan_.where = std::move(semi.where);
-    return;
+    plan_.asksByRow = plan_.oneTable && !semi.rowWhere.empty();
+    plan_.rowWhere = plan_.asksByRow ? std::move(semi.rowWhere) : plan_.where;
+    if (plan_.asksByRow) plan_.drivers = std::move(semi.drivers);
+  } else {
+    plan_.oneTable = sources_.TableCount() == 1;
+    plan_.from = sources_.Emit(emitter_);
+    if (select_.where) plan_.where = emitter_.Conjunct(*select_.where);
+    plan_.rowWhere = plan_.where;
   }
-  plan_.oneTable = sources_.TableCount() == 1;
-  plan_.from = sources_.Emit(emitter_);
-  if (select_.where) plan_.where = emitter_.Conjunct(*select_.where);
+  if (plan_.oneTable && select_.where) FillBounds(kept);
+}
+
+// What an index of the one table can be entered by.
+void SelectPlanner::FillBounds(TableSet kept) {
+  std::vector<const sql::Expression*> parts;
+  SplitConjuncts(*select_.where, parts);
+  plan_.boundsAreAll = !plan_.asksOtherTables;
+  const PlanTable& table = plan_.tables.front();
+  for (const sql::Expression* part : parts) {
+    const std::optional<FieldBound> bound = FieldBoundOf(*part, Names());
+    if (!bound || (kept & TableBit(bound->table)) == 0) {
+      plan_.boundsAreAll = false;
+      continue;
+    }
+    plan_.bounds.push_back({.field = bound->field, .equals = bound->equals, .sql = emitter_.Conjunct(*part)});
+    const platform::TableDefinition& definition = table.table->definition;
+    const auto index = std::ranges::find_if(definition.indexes, [&](const platform::IndexDefinition& each) {
+      return FieldPlace(definition, each.fields.front()) == bound->field;
+    });
+    if (index == definition.indexes.end()) continue;
+    // The row key itself needs no index, and its own is for show.
+    const bool isKey = definition.fields[static_cast<std::size_t>(bound->field)].type == platform::FieldType::Counter;
+    plan_.drivers.push_back({.keys = "SELECT " + table.alias + '.' + table.table->rowKey + " FROM " + table.table->storeName + " AS " +
+                                     table.alias + (isKey ? "" : dialect_.Along(definition.name, index->name)) + " WHERE " +
+                                     plan_.bounds.back().sql,
+                             .rest = plan_.rowWhere,
+                             .field = bound->field});
+  }
 }
 
 void SelectPlanner::FillColumns() {
@@ -276,6 +310,7 @@ void SelectPlanner::FillFetch(TableSet kept) {
 void SelectPlanner::CheckDepth() const {
   CheckNesting(plan_.from, dialect_);
   CheckNesting(plan_.where, dialect_);
+  CheckNesting(plan_.rowWhere, dialect_);
   for (const PlanColumn& column : plan_.columns) CheckNesting(column.sql, cellDialect_);
   for (const PlanOrder& order : plan_.order) CheckNesting(order.sql, cellDialect_);
 }

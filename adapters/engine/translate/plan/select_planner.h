@@ -30,6 +30,7 @@ class SelectPlanner {
   TableSet KeptTables();
   void FillTables(TableSet kept);
   void FillFrom(TableSet kept);
+  void FillBounds(TableSet kept);
   void FillColumns();
   PlanColumn ColumnOf(const Output& output);
   void FillOrder();

@@ -3,9 +3,12 @@
 #include <algorithm>
 
 #include "engine/translate/names/walk.h"
+#include "engine/translate/plan/bounds.h"
 
 namespace engine {
 namespace {
+
+constexpr auto kNowhere = static_cast<std::size_t>(-1);
 
 struct Conjunct {
   const sql::Expression* condition = nullptr;
@@ -33,10 +36,15 @@ class Builder {
 
   SemiJoin Run() {
     GiveAliases('t', 'd');
-    if (!sources_.HasOuterJoin()) {
-      if (std::optional<SemiJoin> grouped = ByGroups()) return *std::move(grouped);
-    }
-    return ByKeys();
+    if (sources_.HasOuterJoin()) return ByKeys();
+    GatherConjuncts();
+    SemiJoin byRow;
+    AskByRow(byRow);
+    std::optional<SemiJoin> grouped = ByGroups();
+    SemiJoin result = grouped ? *std::move(grouped) : ByKeys();
+    result.rowWhere = std::move(byRow.rowWhere);
+    result.drivers = std::move(byRow.drivers);
+    return result;
   }
 
  private:
@@ -63,12 +71,15 @@ class Builder {
 
   // By groups --------------------------------------------------------------------------------------------------------
 
-  std::optional<SemiJoin> ByGroups() {
-    GatherConjuncts();
+  std::vector<std::string> OwnConditions() {
     std::vector<std::string> conditions;
-    for (const Conjunct& conjunct : conjuncts_) {
+    for (const Conjunct& conjunct : conjuncts_)
       if ((conjunct.tables & ~kept_) == 0) conditions.push_back(emitter_.Conjunct(*conjunct.condition));
-    }
+    return conditions;
+  }
+
+  std::optional<SemiJoin> ByGroups() {
+    std::vector<std::string> conditions = OwnConditions();
     for (TableSet rest = sources_.AllTables() & ~kept_; rest != 0;) {
       const TableSet group = GroupOf(rest & (~rest + 1));
       rest &= ~group;
@@ -122,6 +133,98 @@ class Builder {
     if (!IsKept(equality->left.table) || IsKept(equality->right.table)) return std::nullopt;
     const bool text = SqlTypeOf(equality->left.type) == SqlType::Text;
     return equality->left.sql + (text ? emitter_.GetForms().Collate() : "") + " IN (SELECT " + equality->right.sql + behind;
+  }
+
+  // Row by row -----------------------------------------------------------------------------------------------------------
+
+  // What one table that gives no output is asked for each row: the fields that tie it, and its conditions.
+  struct Question {
+    std::optional<FieldEquality> tie;  // left: of a kept table
+    std::vector<std::string> all;      // every condition that speaks of it
+    std::vector<std::string> own;      // those that speak of it alone
+    std::vector<int> fixed;            // its fields that conditions hold to one value
+    bool mixed = false;                // conditions beside the tie speak of other tables, too
+  };
+
+  Question QuestionOf(int table) {
+    Question question;
+    for (const Conjunct& conjunct : conjuncts_) {
+      if ((conjunct.tables & TableBit(table)) == 0) continue;
+      question.all.push_back(emitter_.Conjunct(*conjunct.condition));
+      if (conjunct.tables == TableBit(table)) {
+        question.own.push_back(question.all.back());
+        if (const auto bound = FieldBoundOf(*conjunct.condition, names_); bound && bound->equals) question.fixed.push_back(bound->field);
+        continue;
+      }
+      std::optional<FieldEquality> equality = FieldEqualityOf(*conjunct.condition, names_);
+      if (equality && !IsKept(equality->left.table)) std::swap(equality->left, equality->right);
+      const bool ties = equality && IsKept(equality->left.table) && equality->right.table == table &&
+                        ComparePlainly(equality->left, equality->right) && !IndexFor(*equality, {}).empty();
+      if (ties && !question.tie)
+        question.tie = std::move(equality);
+      else
+        question.mixed = true;
+    }
+    return question;
+  }
+
+  // The index by which the table's rows for one kept row are found: of those on the tie's field the one that holds the most of
+  // the fields that are fixed as well. "" for none.
+  std::string IndexFor(const FieldEquality& tie, const std::vector<int>& fixed) const {
+    const platform::TableDefinition& definition = names_.Tables()[static_cast<std::size_t>(tie.right.table)].table->definition;
+    const auto fieldAt = [&](const std::string& name) { return FieldPlace(definition, name); };
+    std::string best;
+    std::size_t most = 0;
+    std::size_t width = 0;
+    for (const platform::IndexDefinition& index : definition.indexes) {
+      if (fieldAt(index.fields.front()) != tie.right.field) continue;
+      std::size_t held = 1;
+      while (held < index.fields.size() && std::ranges::find(fixed, fieldAt(index.fields[held])) != fixed.end()) ++held;
+      if (held < most || (held == most && index.fields.size() >= width)) continue;
+      best = index.name;
+      most = held;
+      width = index.fields.size();
+    }
+    return best;
+  }
+
+  // Nothing when one of the others is tied in another way than by a field with an index: asking it for each row would be a
+  // look at the whole of it.
+  void AskByRow(SemiJoin& result) {
+    std::vector<std::string> conditions = OwnConditions();
+    std::vector<std::pair<std::size_t, PlanDriver>> drivers;  // with the place of their own question
+    for (int table = 0; table < sources_.TableCount(); ++table) {
+      if (IsKept(table)) continue;
+      const TableSet group = GroupOf(TableBit(table));
+      const Question question = group == TableBit(table) ? QuestionOf(table) : Question();
+      if (!question.tie) return;
+      // A row key needs no index, and its own is for show.
+      const std::string along = question.tie->right.type == platform::FieldType::Counter
+                                    ? ""
+                                    : emitter_.GetForms().GetDialect().Along(names_.Tables()[static_cast<std::size_t>(table)].table->definition.name,
+                                                                             IndexFor(*question.tie, question.fixed));
+      if (LeadsToKeys(*question.tie))
+        drivers.push_back({question.mixed ? kNowhere : conditions.size(),
+                           {.keys = "SELECT " + question.tie->right.sql + " FROM " + sources_.EmitTable(table) +
+                                    (question.own.empty() ? "" : " WHERE " + JoinedBy(question.own, " AND ")),
+                            .rest = {}}});
+      conditions.push_back("EXISTS (SELECT 1 FROM " + sources_.EmitTable(table) + along + " WHERE " + JoinedBy(question.all, " AND ") + ')');
+    }
+    result.rowWhere = JoinedBy(conditions, " AND ");
+    for (auto& [place, driver] : drivers) {
+      std::vector<std::string> rest = conditions;
+      if (place != kNowhere) rest.erase(rest.begin() + static_cast<std::ptrdiff_t>(place));
+      driver.rest = JoinedBy(rest, " AND ");
+      result.drivers.push_back(std::move(driver));
+    }
+  }
+
+  // Whether the tie's other side names row keys of the one table that is kept.
+  bool LeadsToKeys(const FieldEquality& tie) const {
+    using platform::FieldType;
+    const FieldType other = tie.right.type;
+    const bool whole = other == FieldType::Long || other == FieldType::Counter || other == FieldType::Short || other == FieldType::Byte;
+    return tie.left.type == FieldType::Counter && whole && kept_ == TableBit(tie.left.table);
   }
 
   // By keys ----------------------------------------------------------------------------------------------------------

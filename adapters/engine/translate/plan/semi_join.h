@@ -2,9 +2,11 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "engine/sql/ast/statement.h"
 #include "engine/translate/plan/bound_source.h"
+#include "engine/translate/plan/plan.h"
 
 namespace engine {
 
@@ -14,6 +16,9 @@ struct SemiJoin {
   std::string from;
   std::string where;
   bool joins = false;  ///< `from` joins the tables that give output to the keys found
+  /// The condition for one row at a time, where an index of each of the others leads to the rows that fit it; else "".
+  std::string rowWhere{};
+  std::vector<PlanDriver> drivers{};  ///< where `rowWhere` is given
 };
 
 /// `kept` are the tables that give output; afterwards the scope calls them "t0", "t1" ... in their order. Each group of the

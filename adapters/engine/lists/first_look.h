@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "engine/rows/key_walker.h"
+#include "engine/rows/row_source.h"
+
+namespace engine {
+
+/// Row keys that one of a plan's drivers leads to, each once, in their own order.
+struct DrivenKeys {
+  const PlanDriver* driver = nullptr;
+  std::vector<std::int64_t> keys;
+};
+
+/// How the list of a filter on a long table begins.
+struct FirstRows {
+  enum class Way {
+    Walk,   ///< the first rows were found by looking at the rows in the list's order
+    Drive,  ///< few rows can fit, and `driven` has their keys; of very few the rows themselves are found as well
+    Scan,   ///< only a look at all rows finds them
+  } way = Way::Scan;
+  /// The rows found, each with its columns and its order columns; of no use unless the list was walked or `all` are there.
+  std::shared_ptr<RowPage> page{};
+  bool all = false;             ///< there are no others
+  std::int64_t likelyRows = 0;  ///< a guess at the number of all rows
+  std::uint64_t version = 0;    ///< of the tables, before anything was read
+  DrivenKeys driven{};
+};
+
+/// Finds the first page of rows, or what leads to them, with little more work than the best way would have had that had been
+/// known from the start: the drivers are counted and the list is walked by turns, a little further each time, until one of
+/// them has won, or a look at the whole table would be quicker than both.
+class FirstLook {
+ public:
+  /// `rows`: the plan's rows in the list's order; `bounded`: the table's rows in that order, without those that conditions on
+  /// the order column alone leave out. No `rows`: the list's order has no index.
+  FirstLook(RowSource& source, KeyWalker* rows, KeyWalker* bounded, Direction direction);
+
+  FirstRows Run();
+
+  /// How many rows of the list are looked for.
+  static constexpr std::int64_t kPage = 50;
+
+ private:
+  /// A driver, read as far as it was of interest.
+  struct Counted {
+    const PlanDriver* driver = nullptr;
+    std::unique_ptr<Query> open;
+    std::vector<std::int64_t> keys;
+    bool whole = false;
+  };
+  void Count(Counted& counted, std::size_t most);
+  void CountAll(std::size_t most);
+  Counted* Shortest();
+  bool Walks(double other);
+  void TakeDriver(Counted& counted);
+  void ReadFew();
+  void WalkOn(std::int64_t rows);
+  std::int64_t Hits() const { return static_cast<std::int64_t>(first_.page->Rows()); }
+  double RowsToLookAt() const;
+
+  RowSource& source_;
+  KeyWalker* rows_;
+  KeyWalker* bounded_;
+  Direction direction_;
+  FirstRows first_;
+  std::vector<Counted> drivers_;
+  std::optional<OrderPlace> reached_;
+  std::int64_t looked_ = 0;
+  std::int64_t span_ = 0;
+  double look_ = 0;  ///< what looking at one more row in the list's order costs
+};
+
+}  // namespace engine

@@ -1,0 +1,66 @@
+#include "engine/translate/plan/bounds.h"
+
+#include "engine/text/like.h"
+#include "engine/text/text_order.h"
+#include "engine/values/sql_type.h"
+#include "platform/values/convert.h"
+
+namespace engine {
+namespace {
+
+std::optional<FieldBound> OnField(const sql::Expression& expression, Scope& scope) {
+  const auto* name = std::get_if<sql::FieldName>(&expression.node);
+  if (name == nullptr) return std::nullopt;
+  const std::optional<ResolvedField> field = scope.Resolve(*name);
+  if (!field || field->table < 0 || field->field < 0) return std::nullopt;
+  return FieldBound{.table = field->table, .field = field->field, .isText = SqlTypeOf(field->type) == SqlType::Text};
+}
+
+bool IsComparison(sql::BinaryOperator op) {
+  using enum sql::BinaryOperator;
+  return op == Equal || op == Less || op == Greater || op == LessEqual || op == GreaterEqual;
+}
+
+std::optional<FieldBound> OfComparison(const sql::Binary& binary, Scope& scope) {
+  if (!IsComparison(binary.op)) return std::nullopt;
+  std::optional<FieldBound> bound = OnField(*binary.left, scope);
+  const sql::Expression& other = bound ? *binary.right : *binary.left;
+  if (!bound) bound = OnField(*binary.right, scope);
+  if (!bound || !ConstantOf(other)) return std::nullopt;
+  bound->equals = binary.op == sql::BinaryOperator::Equal;
+  return bound;
+}
+
+}  // namespace
+
+std::optional<platform::Value> ConstantOf(const sql::Expression& expression) {
+  if (const auto* literal = std::get_if<sql::Literal>(&expression.node)) return literal->value;
+  const auto* unary = std::get_if<sql::Unary>(&expression.node);
+  if (unary == nullptr || unary->op != sql::UnaryOperator::Minus) return std::nullopt;
+  const auto* literal = std::get_if<sql::Literal>(&unary->operand->node);
+  if (literal == nullptr || !literal->value.IsNumber()) return std::nullopt;
+  return platform::Value(-platform::CDbl(literal->value));
+}
+
+std::optional<std::string> FixedStartOf(const sql::Like& like) {
+  const auto* literal = std::get_if<sql::Literal>(&like.pattern->node);
+  if (like.negated || literal == nullptr || !literal->value.IsText()) return std::nullopt;
+  const LikePattern pattern(literal->value.As<std::string>());
+  const std::string_view start = WithoutTrailingBlanks(pattern.FixedPrefix());
+  if (start.empty()) return std::nullopt;
+  return std::string(start);
+}
+
+std::optional<FieldBound> FieldBoundOf(const sql::Expression& condition, Scope& scope) {
+  if (const auto* binary = std::get_if<sql::Binary>(&condition.node)) return OfComparison(*binary, scope);
+  if (const auto* between = std::get_if<sql::Between>(&condition.node)) {
+    if (between->negated || !ConstantOf(*between->low) || !ConstantOf(*between->high)) return std::nullopt;
+    return OnField(*between->value, scope);
+  }
+  const auto* like = std::get_if<sql::Like>(&condition.node);
+  if (like == nullptr || !FixedStartOf(*like)) return std::nullopt;
+  const std::optional<FieldBound> bound = OnField(*like->value, scope);
+  return bound && bound->isText ? bound : std::nullopt;
+}
+
+}  // namespace engine

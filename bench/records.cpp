@@ -12,15 +12,16 @@
 namespace {
 
 constexpr const char* usage =
-    "bench_records [--pairs N] [--only TEXT] [--types N] [--words N] DIR\n"
-    "Measures the main screen's records on company 1 of the folder, which is changed: give it a copy. Types (1,000) and key\n"
-    "words (10,000) are added until there are so many.\n";
+    "bench_records [--pairs N] [--only TEXT] [--types N] [--words N] [--map-codes N] DIR\n"
+    "Measures the main screen's records on company 1 of the folder, which is changed: give it a copy. Types (1,000), key\n"
+    "words (10,000) and map codes (10,000) are added until there are so many.\n";
 
 struct Options {
   std::size_t pairs = 21;
   std::string only;
   int types = 1000;
   int words = 10'000;
+  int mapCodes = 10'000;
   std::string folder;
 };
 
@@ -36,6 +37,8 @@ Options Read(const std::vector<std::string>& words) {
       options.types = std::stoi(words[++i]);
     else if (words[i] == "--words" && more)
       options.words = std::stoi(words[++i]);
+    else if (words[i] == "--map-codes" && more)
+      options.mapCodes = std::stoi(words[++i]);
     else
       options.folder = words[i];
   }
@@ -47,7 +50,8 @@ void MeasureAll(const bench::ScreenSides& sides, const Options& options) {
             << sides.company.Rows() << " customers, " << options.pairs << " pairs; \"engine\" is the main screen\n\n"
             << bench::TableHead() << std::flush;
   std::vector<bench::Job> jobs = bench::SaveJobs(sides);
-  for (bench::Job& job : bench::AssignmentJobs(sides)) jobs.push_back(std::move(job));
+  for (auto* more : {bench::SetupJobs, bench::AssignmentJobs})
+    for (bench::Job& job : more(sides)) jobs.push_back(std::move(job));
   for (const bench::Job& job : jobs)
     if (job.name.find(options.only) != std::string::npos) std::cout << bench::TableLine(bench::Measure(job, options.pairs)) << std::flush;
 }
@@ -76,6 +80,7 @@ int main(int count, char** words) {
     bench::raw::Records bare(company.Raw(), temporary);
     bare.FillUp(bench::raw::Ticked::Types, options.types);
     bare.FillUp(bench::raw::Ticked::KeyWords, options.words);
+    bare.FillUpMapCodes(options.mapCodes);
     bench::AtMainScreen(options.folder, [&](orcussch::frmCustMain& screen, bench::WatchedFrontEnd& windows) {
       const bench::ScreenSides sides{company, bare, screen, windows};
       MeasureAll(sides, options);

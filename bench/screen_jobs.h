@@ -19,6 +19,8 @@ struct ScreenSides {
 
 /// Saving an edited customer: from the key on the card to the list on the row again.
 std::vector<Job> SaveJobs(const ScreenSides& sides);
+/// Opening the map codes' screen, and a save there.
+std::vector<Job> SetupJobs(const ScreenSides& sides);
 /// Entering the tabs of types and key words, selecting and assigning all their rows.
 std::vector<Job> AssignmentJobs(const ScreenSides& sides);
 

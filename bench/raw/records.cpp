@@ -24,6 +24,8 @@ std::string CardSelect() {
   return "SELECT " + fields + " FROM f1.Customers WHERE AcctNum = ?1";
 }
 
+const std::string kMapCodes = "SELECT RecordID, MapCode, Location FROM f1.Locations";
+
 std::string CardUpdate() {
   std::string sets;
   int place = 0;
@@ -109,13 +111,18 @@ struct Records::Statements {
         saveCard(db, CardUpdate()),
         types(db, "CU_AssignDataCodes", "Code, Description", "Description", "s.Code, s.Description", "DataCodes", "s.Code = a.CustCodes",
               "CustCodes", "CustCodes"),
-        words(db, "CU_AssignKeywords", "Keyword", "Keyword", "s.Keyword", "Keywords", "s.Keyword = a.Text", "Lookups", "Text") {}
+        words(db, "CU_AssignKeywords", "Keyword", "Keyword", "s.Keyword", "Keywords", "s.Keyword = a.Text", "Lookups", "Text"),
+        mapCodes(db, "SELECT count(*) FROM f1.Locations"),
+        mapCode(db, "SELECT RecordID, MapCode, Location FROM f1.Locations WHERE RecordID = ?1"),
+        saveMapCode(db, "UPDATE f1.Locations SET MapCode = ?2, Location = ?3 WHERE RecordID = ?1"),
+        mapCodesBehind(db, kMapCodes + " WHERE (MapCode, RecordID) > (?1, ?2) ORDER BY MapCode, RecordID LIMIT ?3") {}
 
   List& Of(Ticked list) { return list == Ticked::Types ? types : words; }
 
   sqlite3* db;
   Statement readCard, saveCard;
   List types, words;
+  Statement mapCodes, mapCode, saveMapCode, mapCodesBehind;
 };
 
 Records::Records(Store& customers, const std::string& temporaryFile)
@@ -211,6 +218,48 @@ void Records::AssignAll(Ticked list, std::int64_t account) {
     BindCell(own.tick, 1, rows.Row(i)[0]);
     RunOnce(own.tick);
   }
+}
+
+void Records::FillUpMapCodes(int codes) {
+  Statement begin(statements_->db, "BEGIN");
+  RunOnce(begin);
+  Statement add(statements_->db, "INSERT INTO f1.Locations (MapCode, Location) VALUES (?1, ?2)");
+  for (std::int64_t i = MapCodes(); i < codes; ++i) {
+    const std::string code = Word(i * 7'654'321 % (75 * 75 * 75 * 75));
+    add.Bind(1, code);
+    add.Bind(2, "Somewhere");
+    RunOnce(add);
+  }
+  Statement commit(statements_->db, "COMMIT");
+  RunOnce(commit);
+}
+
+std::int64_t Records::MapCodes() { return NumberOf(statements_->mapCodes); }
+
+Rows Records::OpenMapCodes(int count) {
+  Statement open(statements_->db, kMapCodes + " ORDER BY MapCode, RecordID LIMIT ?1");
+  open.Bind(1, std::int64_t{count});
+  return ReadAll(open, count);
+}
+
+void Records::SaveMapCode(std::int64_t key, const std::string& place) {
+  statements_->mapCode.Bind(1, key);
+  const Rows row = ReadAll(statements_->mapCode, 1);
+  Statement& save = statements_->saveMapCode;
+  save.Bind(1, key);
+  BindCell(save, 2, row.Row(0)[1]);
+  save.Bind(3, std::string_view(place));
+  RunOnce(save);
+}
+
+Rows Records::MapCodesBehind(std::int64_t key, int count) {
+  statements_->mapCode.Bind(1, key);
+  const Rows row = ReadAll(statements_->mapCode, 1);
+  Statement& behind = statements_->mapCodesBehind;
+  BindCell(behind, 1, row.Row(0)[1]);
+  behind.Bind(2, key);
+  behind.Bind(3, std::int64_t{count});
+  return ReadAll(behind, count);
 }
 
 std::int64_t Records::Assigned(Ticked list, std::int64_t account) {

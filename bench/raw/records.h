@@ -38,6 +38,16 @@ class Records {
   /// Every row of the list in its order; their number.
   std::int64_t Walk(Ticked list);
 
+  /// Adds invented map codes until the company has so many; none was ever deleted.
+  void FillUpMapCodes(int codes);
+  std::int64_t MapCodes();
+  /// The list's statement, prepared for this one run, and its first rows.
+  Rows OpenMapCodes(int count);
+  /// One change with its commit, and the row read back.
+  void SaveMapCode(std::int64_t key, const std::string& place);
+  /// The rows behind that one in the order of the codes.
+  Rows MapCodesBehind(std::int64_t key, int count);
+
   /// Takes all of a customer's key words (types) away.
   void Unassign(Ticked list, std::int64_t account);
   /// For each entry of the list one row of the customer and one tick, each with its own commit.

@@ -59,7 +59,9 @@ void SetupScreen::RecordEdit() {
     App().DoEvents();
     if (!Loaded()) return;
     SetupRecord& record = CurrentRecord();
-    if (record.list.HasRows() && record.Edit() && Loaded()) OpenCard(record, "E");
+    if (!record.list.HasRows()) return;
+    record.list.data.ReadAnew();
+    if (record.Edit() && Loaded()) OpenCard(record, "E");
   });
 }
 

@@ -16,6 +16,9 @@ struct Act {
   bool release = false;  ///< the host calls in to give the session up; `run` is not called
 };
 
+/// On the main screen.
 const std::vector<Act>& Acts();
+/// On a setup screen; `writes`: into its table.
+const std::vector<Act>& SetupActs();
 
 }  // namespace hostile

@@ -34,6 +34,7 @@ bool Writable(const std::string& file);
 struct Allowed {
   std::set<std::int32_t> customers;  ///< those named on the screen when the procedure, and what interrupted it, began
   std::set<int> tabs;                ///< the tabs whose tables the procedure and the interruption write
+  std::set<std::string> tables;      ///< the tables of setup screens that they write
 };
 
 /// Changes between the two moments that nobody at the screen can have meant, in sentences.

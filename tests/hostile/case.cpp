@@ -39,6 +39,9 @@ class Running {
   void Show();
   void HostRelease();
   void Serve(platform::Form& form);
+  void Perform();
+  void ServeSetup(const platform::Form& form);
+  void LookAtSetup(const platform::Form& form, const std::string& when);
   void Arm();
   void Interrupt();
   void Allow(bool alsoTab);
@@ -54,6 +57,7 @@ class Running {
   const Books* before_;
   Outcome outcome_;
   Allowed allowed_;
+  std::vector<std::string> asked_;  ///< the questions
   std::vector<platform::ErrorRecord> reports_;
   InterruptingFrontEnd* frontEnd_ = nullptr;
   platform::Application* app_ = nullptr;
@@ -87,6 +91,7 @@ std::unique_ptr<platform::Application> Running::Build() {
   // What is asked about is what the user then deletes, whichever row stands there by now.
   frontEnd_->onQuestion = [this](const std::string& text) {
     if (text.starts_with("Are you sure you delete the current ")) Allow(true);
+    asked_.push_back(text);
   };
   return application;
 }
@@ -107,6 +112,7 @@ void Running::Allow(bool alsoTab) {
 void Running::Arm() {
   Allow(false);
   if (case_.procedure->writes >= 0) allowed_.tabs.insert(case_.procedure->writes);
+  if (case_.procedure->writesSetup) allowed_.tables.insert(case_.procedure->setup->table);
   if (case_.act == nullptr) outcome_.before = Books::Of(image_.CustomerFile());
   frontEnd_->Arm(case_.yield, [this] { Interrupt(); });
 }
@@ -117,7 +123,9 @@ void Running::Interrupt() {
       HostRelease();
       return;
     }
-    if (case_.act->writes) Allow(true);
+    const SetupScreenAtWork* setup = case_.procedure->setup;
+    if (case_.act->writes && setup != nullptr) allowed_.tables.insert(setup->table);
+    if (case_.act->writes && setup == nullptr) Allow(true);
     case_.act->run(*desk_);
     outcome_.performed = true;
   } catch (const robot::ActionFailed&) {
@@ -148,20 +156,46 @@ void Running::Paint() const {
 }
 
 void Running::Serve(platform::Form& form) {
+  const SetupScreenAtWork* setup = case_.procedure->setup;
+  if (setup != nullptr && form.Name() == setup->form) return ServeSetup(form);
   if (dynamic_cast<orcussch::frmCustMain*>(&form) == nullptr) return;  // closed at once
-  if (case_.procedure->run) {
-    try {
-      case_.procedure->situation(*desk_);
-      Arm();
-      case_.procedure->run(*desk_);
-    } catch (const robot::ActionFailed& refused) {
-      Fault(std::string("the procedure can't be set off: ") + refused.what());
-    }
+  if (setup != nullptr) {
+    setup->open(*desk_);  // comes back when that screen has closed
+  } else if (case_.procedure->run) {
+    Perform();
   }
   frontEnd_->Disarm();
-  outcome_.asked = frontEnd_->asked;
+  if (setup == nullptr) outcome_.asked = frontEnd_->asked;
   LookAt("");
   GoOn();
+}
+
+void Running::Perform() {
+  try {
+    case_.procedure->situation(*desk_);
+    Arm();
+    case_.procedure->run(*desk_);
+  } catch (const robot::ActionFailed& refused) {
+    Fault(std::string("the procedure can't be set off: ") + refused.what());
+  }
+}
+
+/// The setup screen is up; the user goes on out of a card and through a refresh before he leaves it.
+void Running::ServeSetup(const platform::Form& form) {
+  Perform();
+  frontEnd_->Disarm();
+  outcome_.asked = frontEnd_->asked;
+  frontEnd_->answerYes = true;
+  LookAtSetup(form, "");
+  for (const char* command : {"tb_CancelRec", "tb_Refresh", "tb_AddRec", "tb_CancelRec"})
+    if (form.Visible() && desk_->CanUse(command)) desk_->Click(command);
+  LookAtSetup(form, "when the user goes on: ");
+}
+
+void Running::LookAtSetup(const platform::Form& form, const std::string& when) {
+  if (!form.Loaded()) return;
+  for (const std::string& mismatch : Mismatches(*case_.procedure->setup, form)) Fault(when + mismatch);
+  if (!Writable(image_.CustomerFile())) Fault(when + "the file stays locked");
 }
 
 void Running::LookAt(const std::string& when) {
@@ -231,8 +265,10 @@ void Running::AfterTheScreen() {
   host_ = nullptr;
   if (!Writable(image_.CustomerFile())) Fault("the file stays locked after the end");
   const Books after = Books::Of(image_.CustomerFile());
-  if (const Books* before = before_ != nullptr ? before_ : outcome_.before ? &*outcome_.before : nullptr)
+  if (const Books* before = before_ != nullptr ? before_ : outcome_.before ? &*outcome_.before : nullptr) {
     for (const std::string& stray : Strays(*before, after, allowed_)) Fault(stray);
+    for (const std::string& row : Unasked(*before, after, asked_)) Fault(row);
+  }
 }
 
 void Running::CountReports() {

@@ -122,6 +122,40 @@ void Desk::Cell(const std::string& name, int column, std::string_view text) cons
 
 void Desk::CloseByFrame() const { hands_->CloseForm(UpScreen()); }
 
+platform::Form& Desk::Top() const {
+  platform::Form* top = app_.ActiveForm();
+  if (top == nullptr || !app_.TakesInput(*top)) throw Refused("no screen is up");
+  return *top;
+}
+
+std::string Desk::ListUp() const {
+  for (platform::Control* control : Top().Controls())
+    if (dynamic_cast<platform::Grid*>(control) != nullptr && control->OpenToUser()) return control->FullName();
+  throw Refused("no list is up");
+}
+
+bool Desk::IsOn(const std::string& option) const { return UsableAs<platform::OptionButton>(option).Value(); }
+
+void Desk::LastRow(const std::string& name) const {
+  auto& grid = UsableAs<platform::Grid>(name);
+  platform::RowWindow* window = grid.Data()->Window();
+  const auto rows = window == nullptr ? std::vector<platform::ListRow>{} : window->RowsAt(0, kManyRows);
+  if (rows.empty()) throw Refused(name + " without rows");
+  hands_->Row(grid, rows.back().bookmark);
+}
+
+void Desk::CloseTopByFrame() const { hands_->CloseForm(Top()); }
+
+void Desk::CloseMainByFrame() const {
+  if (Screen() == nullptr) throw Refused("no main screen");
+  Screen()->UserClose();
+}
+
+void Desk::UnloadMain() const {
+  if (Screen() == nullptr) throw Refused("no main screen");
+  app_.Unload(*Screen());
+}
+
 void Desk::Run(void (*procedure)(orcussch::frmCustMain&)) const {
   orcussch::frmCustMain& screen = UpScreen();
   screen.Act([&] { procedure(screen); });

@@ -34,6 +34,18 @@ class Desk {
   void Cell(const std::string& grid, int column, std::string_view text) const;
   void CloseByFrame() const;
 
+  // On whichever screen is up.
+  platform::Form& Top() const;
+  /// The list that is to be seen.
+  std::string ListUp() const;
+  bool IsOn(const std::string& option) const;
+  void LastRow(const std::string& grid) const;
+  void CloseTopByFrame() const;
+  /// The window system hands a close to the main screen below; it waits until nobody works there.
+  void CloseMainByFrame() const;
+  /// Somebody in the program takes the main screen away, and with it what stands on it.
+  void UnloadMain() const;
+
   /// Runs a procedure of the screen as an act of the user.
   void Run(void (*procedure)(orcussch::frmCustMain&)) const;
 

@@ -42,7 +42,7 @@ Rows Customers() {
     rows.push_back({acct, last, kFirstNames[acct - 1], acct % 2 == 0 ? "Mr." : "Ms.", std::to_string(acct) + " Main St", "Suite " + last,
                     "City " + last, "MN", "5540" + std::to_string(acct), std::int32_t{1}, std::int16_t{0}, acct == kNonBillable,
                     acct == kCustomerWithoutRates ? "N" : "D", std::int32_t{1}, std::int32_t{2}, acct * 10 + 1, acct * 10 + 1,
-                    acct * 10 + 1, "Memo of " + last});
+                    acct * 10 + 1, "Memo of " + last, acct == 1 ? "U-1" : ""});
   }
   return rows;
 }
@@ -82,6 +82,9 @@ void AddCodes(const std::string& file) {
   for (std::int16_t code = 1; code <= kFreeType; ++code) types.push_back({code, "Type " + std::to_string(code)});
   Add(file, "DataCodes", {"Code", "Description"}, types);
   Add(file, "Keywords", {"Keyword"}, {{"Boiler"}, {"Drain"}, {"Pump"}, {"Sink"}, {kFreeWord}});
+  Add(file, "PhoneTypes", {"Type", "TypeDescription"}, {{"7", "Free"}});
+  Add(file, "CreditCardTypes", {"CreditCardType", "CreditCardName", "BankCharge"}, {{"7", "Free", 1.0}});
+  Add(file, "Locations", {"MapCode", "Location"}, {{"A-1", "Town"}, {"F-7", "Free"}, {"U-1", "Used"}, {"Z-9", "Last"}});
   Add(file, "TaxTypes", {"TaxType", "TypeDescription", "TypeCode"}, {{std::int32_t{1}, "Sales", "S"}});
   Add(file, "TaxEntities", {"TaxEntity", "EntityDescription"}, {{std::int32_t{1}, "State"}});
   Rows taxes;
@@ -98,7 +101,7 @@ void MakeCompany(const std::string& folder) {
   const std::string file = books + "/customer.zdb";
   Add(file, "Customers",
       {"AcctNum", "LastName", "FirstName", "Title", "Addr1", "Addr2", "City", "State", "Zip", "Terms", "Status", "NonBillable",
-       "LaborRateType", "TaxBasisA", "TaxBasisB", "DefaultPhoneNumber", "DefaultShipAddress", "DefaultCreditCard", "Comments"},
+       "LaborRateType", "TaxBasisA", "TaxBasisB", "DefaultPhoneNumber", "DefaultShipAddress", "DefaultCreditCard", "Comments", "MapCode"},
       Customers());
   AddSubRecords(file);
   AddCodes(file);

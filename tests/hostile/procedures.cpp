@@ -4,8 +4,8 @@ namespace hostile {
 
 Procedures AllProcedures() {
   Procedures all = RecordProcedures();
-  Procedures lists = ListProcedures();
-  for (Procedure& procedure : lists) all.push_back(std::move(procedure));
+  for (Procedures more : {ListProcedures(), SetupProcedures()})
+    for (Procedure& procedure : more) all.push_back(std::move(procedure));
   return all;
 }
 

@@ -7,6 +7,7 @@
 
 #include "hostile/desk.h"
 #include "hostile/image.h"
+#include "hostile/setup_screens.h"
 
 namespace hostile {
 
@@ -22,6 +23,8 @@ struct Procedure {
   std::int32_t customer = kCustomer;  ///< the account that the host asks for
   std::string billing = "";           ///< the host's billing status
   bool loop = false;                  ///< runs through a list: one that has gone is reported once
+  const SetupScreenAtWork* setup = nullptr;  ///< the setup screen that is up; nullptr: the main screen
+  bool writesSetup = false;                  ///< the setup screen's table
 };
 
 using Procedures = std::vector<Procedure>;
@@ -29,6 +32,7 @@ using Procedures = std::vector<Procedure>;
 /// The folders of the table.
 Procedures RecordProcedures();
 Procedures ListProcedures();
+Procedures SetupProcedures();
 Procedures AllProcedures();
 
 }  // namespace hostile

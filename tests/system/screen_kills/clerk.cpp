@@ -74,6 +74,18 @@ const std::vector<Clerk::Kind>& Clerk::AllKinds() {
       {"word unticked", &Clerk::UntickWord},
       {"words assigned together", &Clerk::AssignWords},
       {"words unassigned together", &Clerk::UnassignWords},
+      {"phone type added", &Clerk::AddPhoneType},
+      {"phone type changed", &Clerk::ChangePhoneType},
+      {"phone type renamed in the list", &Clerk::RenamePhoneTypeInTheList},
+      {"phone type deleted", &Clerk::DeletePhoneType},
+      {"card type added", &Clerk::AddCardType},
+      {"card type changed", &Clerk::ChangeCardType},
+      {"card type renamed in the list", &Clerk::RenameCardTypeInTheList},
+      {"card type deleted", &Clerk::DeleteCardType},
+      {"map code added", &Clerk::AddMapCode},
+      {"map code changed", &Clerk::ChangeMapCode},
+      {"map code renamed in the list", &Clerk::RenameMapCodeInTheList},
+      {"map code deleted", &Clerk::DeleteMapCode},
   };
   return kinds;
 }

@@ -44,6 +44,8 @@ struct Operation {
 /// changed or deleted, cell changed, box ticked | the row | | type, word added | the list's row; with the box the customer's row | | boxes
 /// ticked together, percentage applied | one for each row, in the list's order | | all departments added | all rows at once |
 ///
+/// On the setup screens an act is the row alone; a map code takes its number first.
+///
 /// A row is never there by some of its fields, and no other row changes.
 class Clerk {
  public:
@@ -114,6 +116,22 @@ class Clerk {
   bool HasAnybody(int tab, const std::string& entry);
   std::optional<Operation> Tick(int tab, bool tick);
   std::optional<Operation> TickTogether(int tab, bool tick);
+
+  // clerk_setup.cpp
+  std::optional<Operation> AddPhoneType();
+  std::optional<Operation> ChangePhoneType();
+  std::optional<Operation> RenamePhoneTypeInTheList();
+  std::optional<Operation> DeletePhoneType();
+  std::optional<Operation> AddCardType();
+  std::optional<Operation> ChangeCardType();
+  std::optional<Operation> RenameCardTypeInTheList();
+  std::optional<Operation> DeleteCardType();
+  std::optional<Operation> AddMapCode();
+  std::optional<Operation> ChangeMapCode();
+  std::optional<Operation> RenameMapCodeInTheList();
+  std::optional<Operation> DeleteMapCode();
+  std::string NextCode(const char* table);
+  std::string ChooseFreeCode(const char* table, const char* field, const char* users, const char* used);
 
   // What all kinds use.
   using Rows = std::map<std::string, Row>;

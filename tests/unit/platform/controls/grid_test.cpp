@@ -89,6 +89,18 @@ TEST_F(Grids, AMoveBehindACellThatEmptiedTheListGoesNowhere) {
   }
 }
 
+TEST_F(Grids, ACellTakesNoMoreCharactersThanItsColumn) {
+  std::vector<platform::GridColumn> columns(1);
+  columns[0].caption = columns[0].dataField = "Name";
+  columns[0].open = true;
+  columns[0].entryLimit = 4;
+  screen->grid.DefineColumns(columns);
+  Type("J\u00f6rgen");
+  EXPECT_EQ(screen->grid.OpenText(), "J\u00f6rg");
+  screen->grid.UserMove(1);
+  EXPECT_EQ(First(), "J\u00f6rg");
+}
+
 TEST_F(Grids, AnUnchangedCellFiresNothing) {
   Type("Adams");
   screen->Seen();

@@ -64,6 +64,40 @@ TEST_F(ScreenKeys, TheGuardKeepsAKeyFromAnItemThatStaysOpen) {
   EXPECT_TRUE(screen->Seen().empty());
 }
 
+TEST_F(ScreenKeys, AKeyOfSeveralCommandsStartsTheFirstThatIsOpen) {
+  static constexpr platform::Shortcut kEscape[] = {{"tb_Go", "Escape", ""}, {"cmdGo", "Escape", ""}};
+  screen->Shortcuts(kEscape);
+  const auto clicked = [this] {
+    std::vector<std::string> clicks;
+    for (const std::string& event : screen->Seen())
+      if (event.starts_with("Click")) clicks.push_back(event);
+    return clicks;
+  };
+  EXPECT_TRUE(Press("Escape"));
+  EXPECT_EQ(clicked(), std::vector<std::string>{"Click tb_Go"});
+  screen->Toolbar1.Button("tb_Go").Enabled(false);
+  EXPECT_TRUE(Press("Escape"));
+  EXPECT_EQ(clicked(), std::vector<std::string>{"Click cmdGo"});
+  screen->cmdGo.Enabled(false);
+  EXPECT_FALSE(Press("Escape"));
+  EXPECT_TRUE(clicked().empty());
+}
+
+TEST_F(ScreenKeys, AltAndTheMarkedLetterPressAButton) {
+  screen->cmdGo.Caption("E&xit");
+  screen->Seen();
+  EXPECT_FALSE(Press("Alt+E"));
+  EXPECT_FALSE(Press("Ctrl+Alt+X"));
+  EXPECT_FALSE(Press("X"));
+  EXPECT_TRUE(screen->Seen().empty());
+  EXPECT_TRUE(Press("Alt+x"));
+  EXPECT_EQ(screen->Seen(), (std::vector<std::string>{"GotFocus cmdGo", "Click cmdGo"}));
+  screen->cmdGo.Enabled(false);
+  screen->Seen();
+  EXPECT_FALSE(Press("Alt+X"));
+  EXPECT_TRUE(screen->Seen().empty());
+}
+
 TEST_F(ScreenKeys, ARefusedCommandSaysWhyInsteadOfItsGuard) {
   screen->Toolbar1.Button("tb_Go").Enabled(false);
   screen->miGo.Refusal = [] { return std::string("Not now"); };

@@ -159,6 +159,7 @@ void frmCustQueries::DesignLists() {
     column.dataField = design.field;
     grid[i].DefineColumns({column});
     grid[i].MarksRows(true);
+    grid[i].MarksByClick(true);
     grid[i].SearchBox(txtSearch[i]);
   }
 }

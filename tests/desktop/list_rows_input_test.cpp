@@ -109,6 +109,53 @@ TEST_F(Rows, AMarkerClickMarksAloneControlAddsShiftTakesARange) {
   EXPECT_TRUE(Saw("SelChange"));
 }
 
+TEST_F(Rows, WhereClicksMarkAPlainOneMarksItsRowAlone) {
+  OpenList(50);
+  screen->grid.MarksByClick(true);
+  const auto click = [&](std::int64_t row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    input::Click(*List().viewport(), List().CellRect(row, column::Number).center(), modifiers);
+  };
+  click(2);
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"2"}));
+  EXPECT_EQ(Current(), 3);
+  click(5, Qt::ControlModifier);
+  click(1, Qt::ControlModifier);
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"2", "5", "1"}));
+  click(5, Qt::ControlModifier);
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"2", "1"}));
+  click(4);
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"4"}));
+  click(4);
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"4"}));
+  click(6, Qt::ShiftModifier);
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"4", "5", "6"}));
+  hands->Key(screen->grid, "Space");
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"5", "6"})) << "the row of the last plain click";
+  hands->Key(screen->grid, "Down");
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"5", "6"})) << "an arrow alone marks nothing";
+  hands->Row(screen->grid, Mark(9));
+  EXPECT_EQ(Current(), 10);
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"5", "6"})) << "going there marks nothing";
+}
+
+TEST_F(Rows, ArrowsWithShiftMarkOnFromTheRowMarkedLast) {
+  OpenList(50);
+  hands->Key(screen->grid, "Shift+Down");
+  EXPECT_TRUE(Marked().empty()) << "in other lists they only move";
+  hands->Key(screen->grid, "Home");
+  screen->grid.MarksByClick(true);
+  hands->Key(screen->grid, "Down");
+  hands->Key(screen->grid, "Shift+Down");
+  hands->Key(screen->grid, "Shift+Down");
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"1", "2", "3"}));
+  hands->Key(screen->grid, "Shift+Up");
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"1", "2"}));
+  hands->Key(screen->grid, "Shift+Home");
+  EXPECT_EQ(Marked(), (std::vector<std::string>{"0", "1"}));
+  hands->Key(screen->grid, "Shift+End");
+  EXPECT_EQ(Marked().size(), 49u);
+}
+
 TEST_F(Rows, AShiftRangeTakesAllItsRowsHoweverManyTheyAre) {
   constexpr int kFirst = 3;
   constexpr int kLast = 4500;

@@ -214,6 +214,12 @@ std::int64_t DesktopHands::ScrollTo(ListView& list, const Grid& grid, const Book
 void DesktopHands::Row(Grid& grid, const Bookmark& row) {
   ListView& list = ListOf(grid);
   const std::int64_t ordinal = ScrollTo(list, grid, row);
+  if (grid.MarksByClick()) {
+    // A click would mark the row: the keyboard only goes there.
+    Key(grid, "Home");
+    for (std::int64_t at = 0; at < ordinal; ++at) Key(grid, "Down");
+    return Settle();
+  }
   // Near the edge of the first column in view, where no check mark is.
   const auto place = list.Columns().PlaceAt(0, list.HorizontalOffset());
   const QRect cell = place ? list.CellRect(ordinal, list.Columns().ColumnAt(*place)) : QRect();

@@ -152,8 +152,6 @@ class ListView final : public QAbstractScrollArea {
   bool ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modifiers);
   void Mark(std::int64_t ordinal, Qt::KeyboardModifiers modifiers, bool plainReplaces);
   std::vector<platform::Bookmark> Marked() const;
-  std::vector<platform::Bookmark> RowsBetween(const platform::Bookmark& one, const platform::Bookmark& other) const;
-  std::vector<platform::Bookmark> RowsDownTo(const platform::Bookmark& first, const platform::Bookmark& last) const;
   void ToggleCheck(int column);
   bool IsOpen(int column) const;
 
@@ -171,7 +169,6 @@ class ListView final : public QAbstractScrollArea {
   std::vector<std::pair<std::int32_t, std::string>> emphasis_;  ///< rows that stand out, by the number there
   std::optional<platform::Bookmark> current_;
   std::optional<std::int64_t> currentOrdinal_;
-  std::optional<platform::Bookmark> markAnchor_;  ///< the row marked last, where a range begins
   QPointer<QWidget> editor_;
   int editorColumn_ = -1;
   QTimer wish_;

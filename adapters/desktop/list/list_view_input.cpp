@@ -70,6 +70,10 @@ bool ListView::TakeKey(const QKeyEvent& event) {
     case ListAct::PageDown:
     case ListAct::FirstRow:
     case ListAct::LastRow:
+    case ListAct::MarkUp:
+    case ListAct::MarkDown:
+    case ListAct::MarkToFirst:
+    case ListAct::MarkToLast:
       Act([this, &key](platform::Grid& grid) { platform::PerformListKey(grid, key, Shown()); });
       return true;
     default:
@@ -184,6 +188,8 @@ bool ListView::ClickRow(std::int64_t ordinal, int x, Qt::KeyboardModifiers modif
   }
   if (!grid_) return false;
   Sync();
+  if (moved && currentOrdinal_ && grid_->MarksByClick()) Mark(*currentOrdinal_, Qt::NoModifier, true);
+  if (!grid_) return false;
   if (moved && currentOrdinal_ && onBox(*currentOrdinal_)) ToggleCheck(column);
   return moved;
 }

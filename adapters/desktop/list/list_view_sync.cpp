@@ -100,7 +100,6 @@ void ListView::SyncList() {
   anyWritten_ = false;
   current_.reset();
   currentOrdinal_.reset();
-  markAnchor_.reset();
   hasList_ = grid_->Data() && grid_->Data()->Window();
   const auto count = static_cast<std::size_t>(grid_->ColumnCount());
   fieldOf_.assign(count, -1);

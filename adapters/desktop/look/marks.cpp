@@ -1,6 +1,5 @@
 #include "desktop/look/marks.h"
 
-#include <QGroupBox>
 #include <QIcon>
 #include <QPainter>
 #include <QStackedWidget>
@@ -61,6 +60,13 @@ void ShowOn(const QCheckBox& box) {
     if (group && group->property("marksOn").toBool()) MarkGroup(*group);
     if (const auto* pages = qobject_cast<QStackedWidget*>(around)) return MarkTab(*inside, *pages);
   }
+}
+
+void KeepRoomForTitle(QGroupBox& group) {
+  constexpr int kBeside = 28;
+  QFont bold = group.font();
+  bold.setWeight(QFont::DemiBold);
+  group.setMinimumWidth(QFontMetrics(bold).horizontalAdvance(group.title()) + kBeside);
 }
 
 }  // namespace desktop

@@ -106,6 +106,7 @@ void Grid::ListOpened() {
   pending_.clear();
   ++listNumber_;
   SelBookmarks.Replace({});
+  markAnchor_.reset();
   Changed(Aspect::List);
 }
 
@@ -172,18 +173,6 @@ void Grid::UserFirst() {
 void Grid::UserLast() {
   Act([&] {
     if (data_ && TakeOpenCell() && data_->OnRecord()) data_->Recordset()->MoveLast();
-  });
-}
-
-void Grid::UserMark(std::vector<Bookmark> rows) {
-  Act([&] {
-    SetFocus();
-    const std::vector<Bookmark> before = SelBookmarks.All();
-    SelBookmarks.Replace(std::move(rows));
-    bool cancel = false;
-    SelChange.Fire(cancel);
-    if (cancel) SelBookmarks.Replace(before);
-    Changed(Aspect::Selection);
   });
 }
 

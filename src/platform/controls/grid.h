@@ -76,6 +76,14 @@ class Grid final : public Control {
   /// Whether the user can mark rows of this list (SelBookmarks).
   bool MarksRows() const noexcept { return marksRows_; }
   void MarksRows(bool marks) noexcept { marksRows_ = marks; }
+  /// Whether a plain click marks its row alone, and arrows with Shift mark on; for lists that have nothing else to do with a row.
+  bool MarksByClick() const noexcept { return marksByClick_; }
+  void MarksByClick(bool marks) noexcept { marksByClick_ = marks; }
+  /// The row marked last, where a range begins; nothing in a list that was opened anew.
+  const std::optional<Bookmark>& MarkAnchor() const noexcept { return markAnchor_; }
+  void MarkAnchor(Bookmark row) { markAnchor_ = std::move(row); }
+  /// Both rows and all between, in the list's order; nothing when one of them is not in the list any more.
+  std::vector<Bookmark> RowsBetween(const Bookmark& one, const Bookmark& other) const;
 
   /// The box that letters typed in the list go to; nullptr: none.
   TextBox* SearchBox() const noexcept { return searchBox_; }
@@ -115,6 +123,8 @@ class Grid final : public Control {
   void UserLast();
   /// The selection becomes these rows, in this order: one SelChange, which may cancel.
   void UserMark(std::vector<Bookmark> rows);
+  /// The same with the current row and all between it and the anchor (where there is none the row it stood on before, `from`).
+  void UserMarkRange(const Bookmark& from);
   void UserScroll(int split, int column);
   /// Opens a cell of the current row with its stored value (a check column: "True", "False"; a value list: its shown text); the
   /// cell that is open already stays as it is. False when the column is not open or a handler refuses.
@@ -159,6 +169,7 @@ class Grid final : public Control {
   std::string EditText(int column, const Value& value) const;
   Value ParseCell(int column, const std::string& text) const;
   bool TakeCell(int column);
+  std::vector<Bookmark> RowsDownTo(const Bookmark& first, const Bookmark& last) const;
   void ReopenCell(int column, std::map<int, Value> held);
 
   DataControl* data_ = nullptr;
@@ -171,6 +182,8 @@ class Grid final : public Control {
   bool taking_ = false;           ///< the open cell's events run
   int listNumber_ = 0;            ///< rises with each opening of the list
   bool marksRows_ = false;
+  bool marksByClick_ = false;
+  std::optional<Bookmark> markAnchor_;
   bool choosesRows_ = false;
   int cursor_ = -1;
   TextBox* searchBox_ = nullptr;

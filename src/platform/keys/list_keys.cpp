@@ -21,6 +21,13 @@ constexpr NamedAct kRowKeys[] = {
     {"Ctrl+Home", ListAct::FirstRow}, {"Ctrl+End", ListAct::LastRow}, {"Ctrl+Left", ListAct::CellLeft}, {"Ctrl+Right", ListAct::CellRight},
 };
 
+constexpr NamedAct kRangeKeys[] = {
+    {"Shift+Up", ListAct::MarkUp},
+    {"Shift+Down", ListAct::MarkDown},
+    {"Shift+Home", ListAct::MarkToFirst},
+    {"Shift+End", ListAct::MarkToLast},
+};
+
 constexpr NamedAct kOpenCellKeys[] = {
     {"Enter", ListAct::TakeCell},       {"Tab", ListAct::TakeCellAndGoOn}, {"Shift+Tab", ListAct::TakeCellAndGoOn},
     {"Shift+Enter", ListAct::WriteRow}, {"Escape", ListAct::GiveUp},       {"Left", ListAct::InCell},
@@ -53,10 +60,22 @@ void TurnMark(Grid& list) {
   const auto found = std::find(marked.begin(), marked.end(), row);
   if (found == marked.end()) {
     marked.push_back(row);
+    list.MarkAnchor(row);
   } else {
     marked.erase(found);
   }
   list.UserMark(std::move(marked));
+}
+
+/// Moves, and marks from the row marked last to the one that is current then.
+template <class Move>
+void MarkOn(Grid& list, Move&& move) {
+  list.Owner().Act([&] {
+    if (list.Data() == nullptr || !list.Data()->OnRecord()) return;
+    const Bookmark from = list.CurrentBookmark();
+    move();
+    list.UserMarkRange(from);
+  });
 }
 
 void GoToCellBeside(Grid& list, std::span<const int> columns, int step) {
@@ -76,6 +95,7 @@ ListKey ListKeyOf(const Grid& list, std::string_view key, std::span<const int> c
     if (const ListAct act = ActOf(kOpenCellKeys, key); act != ListAct::None) return {act};
     if (!TypedBy(key).empty()) return {ListAct::InCell};
   }
+  if (const ListAct act = ActOf(kRangeKeys, key); act != ListAct::None && list.MarksByClick()) return {act};
   if (const ListAct act = ActOf(kRowKeys, WithoutShift(key)); act != ListAct::None) return {act};
   if (key == "Enter") return {ListAct::Enter, list.CursorColumn()};
   if (key == "Shift+Enter") return {ListAct::WriteRow};
@@ -137,6 +157,14 @@ void PerformListKey(Grid& list, const ListKey& key, const ListShown& shown) {
         TurnMark(list);
         list.UserMove(1);
       });
+    case ListAct::MarkUp:
+      return MarkOn(list, [&] { list.UserMove(-1); });
+    case ListAct::MarkDown:
+      return MarkOn(list, [&] { list.UserMove(1); });
+    case ListAct::MarkToFirst:
+      return MarkOn(list, [&] { list.UserFirst(); });
+    case ListAct::MarkToLast:
+      return MarkOn(list, [&] { list.UserLast(); });
     case ListAct::None:
     case ListAct::InCell:
     case ListAct::Search:

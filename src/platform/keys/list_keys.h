@@ -29,6 +29,10 @@ enum class ListAct {
   InCell,       ///< the open cell's own
   Mark,         ///< marks the row, or takes its mark away
   MarkAndGoOn,  ///< the same, and goes to the next row
+  MarkUp,       ///< goes there, and marks all from the row marked last
+  MarkDown,
+  MarkToFirst,
+  MarkToLast,
   Search,       ///< begins a search with the character typed
 };
 

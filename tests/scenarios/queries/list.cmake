@@ -1,5 +1,35 @@
 # The query screen and its statement.
 list(APPEND ORCUSSCH_SCENARIOS
+  queries/all-customers-clears-the-screen
+  queries/amount-beyond-the-figures
+  queries/amounts
+  queries/billable-customers
+  queries/dates
+  queries/hints
+  queries/joins
+  queries/key-words-and-types
+  queries/keys-of-the-screen
+  queries/list-of-a-query
+  queries/lives-hidden
+  queries/marked-word-is-gone
+  queries/marking-rows
   queries/name-criteria
+  queries/non-billable-customers
+  queries/numbers-of-papers
+  queries/office-day
+  queries/phone-criterion
+  queries/query-comes-first
+  queries/search-in-the-lists
+  queries/start-beyond-the-criteria
+  queries/start-on-a-name
+  queries/start-on-amounts-and-dates
+  queries/start-on-the-second-tab
   queries/starts-on-all-customers
-  queries/texts-of-the-screen)
+  queries/statement-that-fails
+  queries/status-and-billing
+  queries/texts-of-the-screen
+  queries/twelve-questions
+  queries/what-opens-what
+  queries/what-wakes-the-run-key
+  queries/where-the-run-yields
+)

@@ -2,7 +2,6 @@
 #include <exception>
 #include <iostream>
 #include <string>
-#include <vector>
 
 #include "custsearch/options.h"
 #include "custsearch/tasks.h"

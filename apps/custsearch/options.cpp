@@ -2,7 +2,6 @@
 
 #include <charconv>
 #include <functional>
-#include <limits>
 #include <map>
 
 namespace custsearch {

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "platform/controls/data_control.h"
 #include "platform/controls/grid.h"

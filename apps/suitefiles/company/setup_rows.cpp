@@ -1,7 +1,5 @@
 #include "suitefiles/company/setup_rows.h"
 
-#include <string_view>
-
 #include "suitefiles/company/table_writer.h"
 
 namespace suitefiles {

@@ -69,11 +69,7 @@ void SetTaxes(Account& account, const Identity& identity, bool useTax) {
   const auto city = identity.city->name;
   constexpr std::array<std::string_view, 8> kHennepin = {"Minneapolis",  "Bloomington", "Plymouth",   "Maple Grove",
                                                          "Eden Prairie", "Edina",       "Minnetonka", "Brooklyn Park"};
-  account.taxes[0] = state == "MN"   ? Minnesota
-                     : state == "WI" ? Wisconsin
-                     : state == "IA" ? Iowa
-                     : state == "ND" ? NorthDakota
-                                     : NoTax;
+  account.taxes[0] = state == "MN" ? Minnesota : state == "WI" ? Wisconsin : state == "IA" ? Iowa : state == "ND" ? NorthDakota : NoTax;
   if (state == "MN") {
     if (std::find(kHennepin.begin(), kHennepin.end(), city) != kHennepin.end()) account.taxes[1] = HennepinCounty;
     if (city == "Saint Paul") account.taxes[1] = RamseyCounty;

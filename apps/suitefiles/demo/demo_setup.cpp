@@ -1,4 +1,3 @@
-#include <array>
 #include <cassert>
 
 #include "suitefiles/company/table_writer.h"

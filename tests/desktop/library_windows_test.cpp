@@ -2,7 +2,9 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QFile>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QToolBar>
 #include <map>
@@ -15,6 +17,7 @@
 #include "desktop/window/form_designs.h"
 #include "desktop/window/front_end.h"
 #include "maintenance/frmCustMain.h"
+#include "platform/controls/buttons.h"
 #include "session/ModCustSch.h"
 #include "setup/frmCreditCardSetup.h"
 #include "setup/frmMapCode.h"
@@ -133,6 +136,16 @@ TEST_P(LibraryWindows, EveryToolbarKeyHasItsOwnDrawing) {
   EXPECT_EQ(drawings.size(), Bar()->Keys().size());
 }
 
+/// "E&xit" is pressed by Alt+X, and no ampersand is to be seen.
+TEST_P(LibraryWindows, AButtonShowsTheLetterOfItsCaption) {
+  for (const auto& binding : window->Bindings()) {
+    const auto* button = dynamic_cast<const platform::CommandButton*>(&binding->Model());
+    if (button == nullptr || button->Caption().find('&') == std::string::npos) continue;
+    EXPECT_EQ(qobject_cast<QPushButton*>(binding->Widget())->text().toStdString(), button->Caption());
+    EXPECT_FALSE(qobject_cast<QPushButton*>(binding->Widget())->shortcut().isEmpty()) << button->FullName();
+  }
+}
+
 TEST_P(LibraryWindows, FitOnASmallScreen) {
   window->resize({1024, 768});
   window->show();
@@ -146,7 +159,7 @@ INSTANTIATE_TEST_SUITE_P(Of, LibraryWindows, testing::ValuesIn([] {
                            for (const auto& [name, make] : kScreens) names.push_back(name);
                            return names;
                          }()),
-                         [](const auto& info) { return info.param; });
+                         [](const auto& tested) { return tested.param; });
 
 }  // namespace
 }  // namespace desktop_test

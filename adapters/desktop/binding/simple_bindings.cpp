@@ -106,7 +106,8 @@ CommandBinding::CommandBinding(platform::CommandButton& control, QPushButton* wi
 
 void CommandBinding::Show(Aspect aspect) {
   if (aspect == Aspect::Text) {
-    shown().setText(WithMnemonic(ToShown(control().Caption()), shown()));
+    const QString caption = ToShown(control().Caption());
+    shown().setText(caption.contains('&') ? caption : WithMnemonic(caption, shown()));
   } else {
     Binding::Show(aspect);
   }

@@ -104,9 +104,11 @@ CommandBinding::CommandBinding(platform::CommandButton& control, QPushButton* wi
   connect(widget, &QPushButton::clicked, this, [this] { Act([this] { this->control().UserClick(); }); });
 }
 
+/// A button's caption can mark its letter itself.
 void CommandBinding::Show(Aspect aspect) {
   if (aspect == Aspect::Text) {
-    shown().setText(WithMnemonic(ToShown(control().Caption()), shown()));
+    const QString caption = ToShown(control().Caption());
+    shown().setText(caption.contains('&') ? caption : WithMnemonic(caption, shown()));
   } else {
     Binding::Show(aspect);
   }

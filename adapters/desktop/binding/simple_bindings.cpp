@@ -104,11 +104,9 @@ CommandBinding::CommandBinding(platform::CommandButton& control, QPushButton* wi
   connect(widget, &QPushButton::clicked, this, [this] { Act([this] { this->control().UserClick(); }); });
 }
 
-/// A button's caption can mark its letter itself.
 void CommandBinding::Show(Aspect aspect) {
   if (aspect == Aspect::Text) {
-    const QString caption = ToShown(control().Caption());
-    shown().setText(caption.contains('&') ? caption : WithMnemonic(caption, shown()));
+    shown().setText(WithMnemonic(ToShown(control().Caption()), shown()));
   } else {
     Binding::Show(aspect);
   }

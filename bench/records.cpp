@@ -50,7 +50,7 @@ void MeasureAll(const bench::ScreenSides& sides, const Options& options) {
             << sides.company.Rows() << " customers, " << options.pairs << " pairs; \"engine\" is the main screen\n\n"
             << bench::TableHead() << std::flush;
   std::vector<bench::Job> jobs = bench::SaveJobs(sides);
-  for (auto* more : {bench::SetupJobs, bench::AssignmentJobs})
+  for (auto* more : {bench::SetupJobs, bench::TaxJobs, bench::AssignmentJobs})
     for (bench::Job& job : more(sides)) jobs.push_back(std::move(job));
   for (const bench::Job& job : jobs)
     if (job.name.find(options.only) != std::string::npos) std::cout << bench::TableLine(bench::Measure(job, options.pairs)) << std::flush;

@@ -21,6 +21,8 @@ struct ScreenSides {
 std::vector<Job> SaveJobs(const ScreenSides& sides);
 /// Opening the map codes' screen, and a save there.
 std::vector<Job> SetupJobs(const ScreenSides& sides);
+/// Opening the tax setup on large tables, and saves there.
+std::vector<Job> TaxJobs(const ScreenSides& sides);
 /// Entering the tabs of types and key words, selecting and assigning all their rows.
 std::vector<Job> AssignmentJobs(const ScreenSides& sides);
 

@@ -105,7 +105,7 @@ const std::vector<RowKind>& RowKinds() {
       Of("assigned keyword", "Lookups", {2, 2}, {Number("AcctNum"), Text("Text")}),
       Counted("tax", "TaxGrid", {2, 2},
               {Number("TaxID"), Text("Description"), Number("TaxType"), Number("TaxEntity"), Text("TaxCode"), Number("Mat"), Number("Lab"),
-               Number("Oth"), Number("Limit"), Text("LimitTransType"), Text("Comment")}),
+               Number("Oth"), Text("GLMat"), Text("GLLab"), Text("GLOth"), Number("Limit"), Text("LimitTransType"), Text("Comment")}),
       Counted("tax type", "TaxTypes", {2, 3}, {Number("TaxType"), Text("TypeDescription"), Text("TypeCode")}),
       Counted("tax entity", "TaxEntities", {2, 2}, {Number("TaxEntity"), Text("EntityDescription")}),
   };

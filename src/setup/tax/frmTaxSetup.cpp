@@ -6,7 +6,6 @@
 #include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 #include "session/opened.h"
-#include "setup/setup_shortcuts.h"
 #include "setup/tax/frmTaxSetupQueries.h"
 
 namespace orcussch {
@@ -45,7 +44,6 @@ frmTaxSetup::frmTaxSetup(platform::Application& application)
       txtActgYear(*this, "txtActgYear", kYearDigits, "%%%%"),
       cmdClose(*this, "cmdClose", "E&xit"),
       StatusBar1(*this, "StatusBar1") {
-  Shortcuts(kTaxSetupShortcuts);
   for (int i = 0; i < taxtab::Count; ++i) {
     Attach(Record(i));
     OrdersByHeading(Record(i));

@@ -64,8 +64,9 @@ bool TaxClassRow::Complete() {
   }
   std::string GLDesc;
   if (platform::Val(txtGlTax.Text()) != 0 && IsLiability(SplitAccount(txtGlTax.Text()), GLDesc)) return true;
-  s.Tell("You must enter or select a valid " + lblGLTax.Caption() + " G/L Liability Account No.! in Accounting Year: " + s.txtActgYear.Text(),
-         "Save Record");
+  s.Tell(
+      "You must enter or select a valid " + lblGLTax.Caption() + " G/L Liability Account No.! in Accounting Year: " + s.txtActgYear.Text(),
+      "Save Record");
   return false;
 }
 
@@ -96,8 +97,7 @@ void TaxClassRow::cmdCOATax_Click() {
   Trap("frmArSetup.cmdCoa_Click", [this] {
     platform::AccountsLookup* lookup = s.App().Accounts();
     if (!lookup) return;
-    const platform::AccountsLookupInput input = {
-        gCompany.CompName, gUserID, gCompanyID, s.ActgYear, 2, false, false, 0, 0, 0, 0, false};
+    const platform::AccountsLookupInput input = {gCompany.CompName, gUserID, gCompanyID, s.ActgYear, 2, false, false, 0, 0, 0, 0, false};
     const platform::ChosenAccount chosen = lookup->Run(input);
     if (!chosen.chosen || !s.Loaded()) return;
     txtGlTax.Text(chosen.account + chosen.department);

@@ -8,14 +8,17 @@ namespace orcussch {
 
 namespace {
 
+constexpr int kDescriptionLength = 30;
+
 TaxTabDesign Design() {
   return {.caption = "  Tax Entities  ",
           .select = "Select * From TaxEntities",
           .index = "PrimaryKey",
           .description = "EntityDescription",
           .noun = "tax entity",
-          .gone = "The edited tax entity can no longer be found.  It may have been deleted by another user.  The record changes can not "
-                  "be saved!",
+          .gone =
+              "The edited tax entity can no longer be found.  It may have been deleted by another user.  The record changes can not "
+              "be saved!",
           .texts = {.name = "Tax Entity?", .deleteTitle = "Delete Tax Entity", .deleting = "Deleting record, please wait!", .saving = ""},
           .list = {.data = "Data",
                    .grid = "grid",
@@ -25,13 +28,13 @@ TaxTabDesign Design() {
                    .prompt = "Tax Entity ID",
                    .caption = "",
                    .columns = {column::Closed(column::Plain("Tax Entity ID", "TaxEntity")),
-                               column::Plain("Tax Entity Description", "EntityDescription")}}};
+                               column::Limited(column::Plain("Tax Entity Description", "EntityDescription"), kDescriptionLength)}}};
 }
 
 }  // namespace
 
 TaxEntitiesTab::TaxEntitiesTab(frmTaxSetup& screen)
-    : TaxTab(screen, taxtab::Entities, Design()), txtTaxEntity(screen, "txtTaxEntity", 30) {
+    : TaxTab(screen, taxtab::Entities, Design()), txtTaxEntity(screen, "txtTaxEntity", kDescriptionLength) {
   PutOnCard({&txtTaxEntity});
 }
 

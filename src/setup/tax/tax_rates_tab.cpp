@@ -13,12 +13,18 @@ using namespace column;
 
 constexpr const char* kRate = "0.0000";
 constexpr const char* kAccount = "#####-###";
+constexpr int kDescriptionLength = 25, kCodeLength = 20, kCommentLength = 50, kAccountLength = 8;
+
+platform::GridColumn Account(const char* caption, const char* field) {
+  return Limited(Formatted(caption, field, kAccount), kAccountLength);
+}
 
 TaxTabDesign Design() {
   return {.caption = "  Tax Rates  ",
           // The right joins keep a rate whose type or entity has gone.
-          .select = "SELECT TaxGrid.*, TaxTypes.TypeDescription, TaxEntities.EntityDescription FROM TaxEntities RIGHT JOIN (TaxTypes "
-                    "RIGHT JOIN TaxGrid ON TaxTypes.TaxType = TaxGrid.TaxType) ON TaxEntities.TaxEntity = TaxGrid.TaxEntity",
+          .select =
+              "SELECT TaxGrid.*, TaxTypes.TypeDescription, TaxEntities.EntityDescription FROM TaxEntities RIGHT JOIN (TaxTypes "
+              "RIGHT JOIN TaxGrid ON TaxTypes.TaxType = TaxGrid.TaxType) ON TaxEntities.TaxEntity = TaxGrid.TaxEntity",
           .index = "Primary",
           .description = "Description",
           .noun = "tax rate",
@@ -31,14 +37,13 @@ TaxTabDesign Design() {
                    .field = "TaxID",
                    .prompt = "Tax ID",
                    .caption = "",
-                   .columns = {Closed(Plain("Tax ID", "TaxID")), Plain("Description", "Description"),
+                   .columns = {Closed(Plain("Tax ID", "TaxID")), Limited(Plain("Description", "Description"), kDescriptionLength),
                                Closed(Plain("Tax Type", "TypeDescription")), Closed(Plain("Tax Entity", "EntityDescription")),
                                Formatted("Materail Rate %", "Mat", kRate), Formatted("Labor Rate %", "Lab", kRate),
-                               Formatted("Other Rate %", "Oth", kRate), Formatted("Material G/L", "GLMat", kAccount),
-                               Formatted("Labor G/L", "GLLab", kAccount), Formatted("Other G/L", "GLOth", kAccount),
-                               Money("Tax Base Limit", "Limit"),
+                               Formatted("Other Rate %", "Oth", kRate), Account("Material G/L", "GLMat"), Account("Labor G/L", "GLLab"),
+                               Account("Other G/L", "GLOth"), Money("Tax Base Limit", "Limit"),
                                Coded("Limit Transaction Type", "LimitTransType", {{"I", "Each Invoice"}, {"J", "Each Job"}}),
-                               Plain("Tax Code", "TaxCode"), Plain("Comment", "Comment")}}};
+                               Limited(Plain("Tax Code", "TaxCode"), kCodeLength), Limited(Plain("Comment", "Comment"), kCommentLength)}}};
 }
 
 }  // namespace
@@ -47,17 +52,17 @@ TaxRatesTab::TaxRatesTab(frmTaxSetup& screen)
     : TaxTab(screen, taxtab::Rates, Design()),
       DataTypes(screen, "DataTypes"),
       DataEntities(screen, "DataEntities"),
-      txtDescription(screen, "txtDescription", 25),
+      txtDescription(screen, "txtDescription", kDescriptionLength),
       cboTypes(screen, "cboTypes"),
       cboEntities(screen, "cboEntities"),
-      txtTaxCode(screen, "txtTaxCode", 20),
+      txtTaxCode(screen, "txtTaxCode", kCodeLength),
       classes{TaxClassRow(screen, 0, "Materials:", "Mat", "GLMat"), TaxClassRow(screen, 1, "Labor:", "Lab", "GLLab"),
               TaxClassRow(screen, 2, "Other:", "Oth", "GLOth")},
       SSFrame1(screen, "SSFrame1", "Tax Base Limits:"),
       chkBaseLimit(screen, "chkBaseLimit", "Limit Tax Base      Limit:"),
       txtBaseLimit(screen, "txtBaseLimit"),
       optLimitTransType(screen, "optLimitTransType"),
-      txtComment(screen, "txtComment", 50) {
+      txtComment(screen, "txtComment", kCommentLength) {
   DataTypes.RecordSource("TaxTypes");
   DataEntities.RecordSource("TaxEntities");
   cboTypes.FillFrom(DataTypes, "TaxType", "TypeDescription", {{"TypeDescription", "Tax Type", ""}});

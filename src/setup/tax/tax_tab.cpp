@@ -46,9 +46,7 @@ bool TaxTab::Requires(platform::TextBox& entry, const char* message) {
   return false;
 }
 
-std::string TaxTab::KeyIs(const char* comparison, std::int32_t key) const {
-  return "[" + Key() + "]" + comparison + std::to_string(key);
-}
+std::string TaxTab::KeyIs(const char* comparison, std::int32_t key) const { return "[" + Key() + "]" + comparison + std::to_string(key); }
 
 std::optional<std::string> TaxTab::Write(bool adding) {
   const platform::RecordsetRef table = Table();
@@ -83,9 +81,7 @@ void TaxTab::TryField(const std::string& field, const platform::Value& value) co
 
 /// The rates' index on the key bears its name.
 const char* TaxTab::InUse(std::int32_t key) const {
-  s.tables.TaxGrid_Tb->SetIndex(Key());
-  s.tables.TaxGrid_Tb->Seek("=", {key});
-  return s.tables.TaxGrid_Tb->NoMatch() ? nullptr : "it has been assigned to one or more tax rate records";
+  return HasRow(s.tables.TaxGrid_Tb, mDesign.list.field, key) ? "it has been assigned to one or more tax rate records" : nullptr;
 }
 
 SetupDeletion TaxTab::Deletion() {

@@ -24,7 +24,7 @@ struct TaxTabDesign {
   const char* noun;         ///< what a deletion calls the record
   const char* gone;         ///< told at a save whose row another user has deleted
   SetupTexts texts;
-  SetupListDesign list;     ///< its first field is the key, a counter that the table makes
+  SetupListDesign list;  ///< its first field is the key, a counter that the table makes
 };
 
 /// A tab of the tax setup: the list of one of the tax tables on its first page, the card on its second.

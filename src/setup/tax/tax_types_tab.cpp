@@ -8,6 +8,8 @@ namespace orcussch {
 
 namespace {
 
+constexpr int kDescriptionLength = 30;
+
 /// The classes in the order of their options: code and name. A code that is none of them counts as the first.
 constexpr std::pair<const char*, const char*> kClasses[] = {{"S", "Sales Tax"}, {"U", "Use Tax"}, {"O", "Other"}};
 
@@ -23,8 +25,9 @@ TaxTabDesign Design() {
           .index = "PrimaryKey",
           .description = "TypeDescription",
           .noun = "tax type",
-          .gone = "The edited tax type can no longer be found.  It may have been deleted by another user.  The record changes can not "
-                  "be saved!",
+          .gone =
+              "The edited tax type can no longer be found.  It may have been deleted by another user.  The record changes can not "
+              "be saved!",
           .texts = {.name = "Tax Type?", .deleteTitle = "Delete Tax Type", .deleting = "Deleting record, please wait!", .saving = ""},
           .list = {.data = "Data",
                    .grid = "grid",
@@ -34,14 +37,14 @@ TaxTabDesign Design() {
                    .prompt = "Tax Type ID",
                    .caption = "",
                    .columns = {column::Closed(column::Plain("Tax Type ID", "TaxType")),
-                               column::Plain("Tax Type Description", "TypeDescription"),
+                               column::Limited(column::Plain("Tax Type Description", "TypeDescription"), kDescriptionLength),
                                column::Coded("Tax Type", "TypeCode", ClassItems())}}};
 }
 
 }  // namespace
 
 TaxTypesTab::TaxTypesTab(frmTaxSetup& screen)
-    : TaxTab(screen, taxtab::Types, Design()), txtTaxType(screen, "txtTaxType", 30), optTaxType(screen, "optTaxType") {
+    : TaxTab(screen, taxtab::Types, Design()), txtTaxType(screen, "txtTaxType", kDescriptionLength), optTaxType(screen, "optTaxType") {
   PutOnCard({&txtTaxType, &optTaxType[0], &optTaxType[1], &optTaxType[2]});
   for (int i = 0; i < optTaxType.size(); ++i) optTaxType[i].Caption(kClasses[i].second);
   optTaxType[0].Design(true);

@@ -110,8 +110,10 @@ TEST_F(LedgerTest, AnEmptyLedgerRefusesEveryAccount) {
 }
 
 TEST(SplitAccount, MissingDigitsAreZerosInFront) {
-  const std::pair<const char*, LedgerAccount> cases[] = {{"22000100", {"22000", "100"}}, {"", {"00000", "000"}},
-                                                         {"7", {"00000", "007"}},        {"22000", {"00022", "000"}},
+  const std::pair<const char*, LedgerAccount> cases[] = {{"22000100", {"22000", "100"}},
+                                                         {"", {"00000", "000"}},
+                                                         {"7", {"00000", "007"}},
+                                                         {"22000", {"00022", "000"}},
                                                          {"922000100", {"22000", "100"}}};
   for (const auto& [digits, parts] : cases) {
     EXPECT_EQ(SplitAccount(digits).GLAcct, parts.GLAcct) << digits;

@@ -99,10 +99,10 @@ TEST(DemoCustomers, TaxesAreThoseOfThePlace) {
       ASSERT_EQ(billing.taxes[0], NoTax);
     } else if (identity.city->name == "Minneapolis") {
       ASSERT_EQ(billing.taxes[0], Minnesota);
-      ASSERT_EQ(billing.taxes[1], kHennepinCounty);
-      ASSERT_EQ(billing.taxes[2], kMinneapolis);
+      ASSERT_EQ(billing.taxes[1], HennepinCounty);
+      ASSERT_EQ(billing.taxes[2], Minneapolis);
     } else if (identity.city->state == "WI") {
-      ASSERT_EQ(billing.taxes[0], kWisconsin);
+      ASSERT_EQ(billing.taxes[0], Wisconsin);
       ASSERT_EQ(billing.taxes[1], NoTax);
     }
     taxed += billing.taxes[0] != NoTax ? 1 : 0;

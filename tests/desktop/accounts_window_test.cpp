@@ -81,6 +81,7 @@ TEST_F(AccountsWindow, OpensOnTheSearchBoxWithItsListReadable) {
     EXPECT_EQ(screen.Focus(), &screen.txtSearch);
     EXPECT_EQ(window->focusWidget()->objectName(), "txtSearch");
     EXPECT_LT(window->width(), 900);
+    EXPECT_LT(window->height(), 600) << "as its layout was drawn, no large part of the screen";
     EXPECT_EQ(window->findChild<QLabel*>("lblYear")->text(), "Liability accounts of accounting year 2025");
     EXPECT_EQ(window->findChild<QWidget*>("txtSearch")->accessibleName(), "Number or Description");
     const auto& list = *window->findChild<desktop::ListView*>("grid");

@@ -19,6 +19,7 @@ inline constexpr const char* kTabCaptions[kTabs] = {"  Names && Addresses  ", " 
 struct Text {
   int frame;  ///< in fraSQL
   const char* caption;
+  const char* word;  ///< in the words that tell what a query asks
   const char* tag;
   int length;  ///< 0: any
   const char* mask;
@@ -30,22 +31,24 @@ inline constexpr int kPhoneNumber = 8;  ///< the box beside the area, with no ch
 inline constexpr const char* kPhoneNumberMask = "___-____";
 
 inline constexpr Text kText[kTexts] = {
-    {0, "Last Name:", "Customers.LastName", 30, ""},
-    {11, "First Name:", "Customers.FirstName", 30, ""},
-    {12, "Title:", "Customers.Title", 30, ""},
-    {2, "Address:", "Customers.Addr1", 30, ""},
-    {3, "City:", "Customers.City", 25, ""},
-    {4, "State:", "Customers.State", 0, ""},
-    {5, "Zip Code:", "Customers.Zip", 25, ""},
-    {6, "Phone Number:", "Phones.Area", 0, "(___)"},
+    {0, "Last Name:", "last name", "Customers.LastName", 30, ""},
+    {11, "First Name:", "first name", "Customers.FirstName", 30, ""},
+    {12, "Title:", "title", "Customers.Title", 30, ""},
+    {2, "Address:", "address", "Customers.Addr1", 30, ""},
+    {3, "City:", "city", "Customers.City", 25, ""},
+    {4, "State:", "state", "Customers.State", 0, ""},
+    {5, "Zip Code:", "zip code", "Customers.Zip", 25, ""},
+    {6, "Phone Number:", "phone number", "Phones.Area", 0, "(___)"},
 };
 
-/// The ways of comparing, by the codes that the statement knows; the last one's place is that of a fresh screen.
+/// The ways of comparing, by the codes that the statement knows.
 struct Comparison {
   const char* code;
   const char* caption;
+  const char* word;
 };
-inline constexpr Comparison kComparisons[] = {{"c", "contains"}, {"x", "exactly matches"}, {"s", "starts with"}, {"e", "ends with"}};
+inline constexpr Comparison kComparisons[] = {
+    {"c", "contains", "contains"}, {"x", "exactly matches", "is"}, {"s", "starts with", "starts with"}, {"e", "ends with", "ends with"}};
 inline constexpr Comparison kFirstComparison = kComparisons[2];
 inline constexpr int kCardComparison = 8;  ///< the card number's, in cboSQL
 
@@ -76,33 +79,35 @@ struct ListDesign {
   const char* field;
   const char* caption;
   const char* prompt;
+  const char* word;
 };
 inline constexpr ListDesign kList[kLists] = {
-    {KeyWords, "KeyWords", "KeyWord", "Key Word", "Keyword:"},
-    {CustomerTypes, "DataCodes", "Description", "Customer Type", "Cust. Type:"},
+    {KeyWords, "KeyWords", "KeyWord", "Key Word", "Keyword:", "key word"},
+    {CustomerTypes, "DataCodes", "Description", "Customer Type", "Cust. Type:", "type"},
 };
 
 /// A range: two criteria, the even one its lower end.
 struct Range {
   const char* caption;
+  const char* word;
   const char* least;
   const char* most;
 };
 inline constexpr Range kAmount[kAmounts / 2] = {
-    {"Current Balance Range:", "Customers.CurrBalance>=", "Customers.CurrBalance<="},
-    {"Current Finance Charge Range:", "Customers.CurrFinanceCharge>=", "Customers.CurrFinanceCharge<="},
-    {"Paid This Month Range:", "Customers.PaidThisMonth>=", "Customers.PaidThisMonth<="},
-    {"Paid This Year Range:", "Customers.PaidThisYear>=", "Customers.PaidThisYear<="},
-    {"Paid Last Year Range:", "Customers.PaidLastYear>=", "Customers.PaidLastYear<="},
-    {"Paid To Date Range:", "Customers.PaidToDate>=", "Customers.PaidToDate<="},
+    {"Current Balance Range:", "current balance", "Customers.CurrBalance>=", "Customers.CurrBalance<="},
+    {"Current Finance Charge Range:", "current finance charge", "Customers.CurrFinanceCharge>=", "Customers.CurrFinanceCharge<="},
+    {"Paid This Month Range:", "paid this month", "Customers.PaidThisMonth>=", "Customers.PaidThisMonth<="},
+    {"Paid This Year Range:", "paid this year", "Customers.PaidThisYear>=", "Customers.PaidThisYear<="},
+    {"Paid Last Year Range:", "paid last year", "Customers.PaidLastYear>=", "Customers.PaidLastYear<="},
+    {"Paid To Date Range:", "paid to date", "Customers.PaidToDate>=", "Customers.PaidToDate<="},
 };
 inline constexpr Range kDate[kDates / 2] = {
-    {"Entry Date Range:", "Customers.EntryDate>=#", "Customers.EntryDate<=#"},
-    {"Last Transaction Date Range:", "Customers.LastTrans>=#", "Customers.LastTrans<=#"},
-    {"Last Order Range:", "Customers.LastOrdDate>=#", "Customers.LastOrdDate<=#"},
-    {"Last Statement Date Range:", "Customers.LastStateDate>=#", "Customers.LastStateDate<=#"},
-    {"Last Payment Date Range:", "Customers.LastPayDate>=#", "Customers.LastPayDate<=#"},
-    {"Tax Exemption Expiration Date Range:", "Customers.ExemptExpireDate>=#", "Customers.ExemptExpireDate<=#"},
+    {"Entry Date Range:", "entry date", "Customers.EntryDate>=#", "Customers.EntryDate<=#"},
+    {"Last Transaction Date Range:", "last transaction", "Customers.LastTrans>=#", "Customers.LastTrans<=#"},
+    {"Last Order Range:", "last order", "Customers.LastOrdDate>=#", "Customers.LastOrdDate<=#"},
+    {"Last Statement Date Range:", "last statement", "Customers.LastStateDate>=#", "Customers.LastStateDate<=#"},
+    {"Last Payment Date Range:", "last payment", "Customers.LastPayDate>=#", "Customers.LastPayDate<=#"},
+    {"Tax Exemption Expiration Date Range:", "tax exemption expiry", "Customers.ExemptExpireDate>=#", "Customers.ExemptExpireDate<=#"},
 };
 inline constexpr const char* kDateMask = "_/_/____";
 

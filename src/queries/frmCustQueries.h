@@ -108,6 +108,7 @@ class frmCustQueries final : public platform::Screen {
 
   // run.cpp
   void Toolbar1_ButtonClick(const std::string& Key);
+  void RunQuery();
   void BuildSQL();
 
   bool mFocusWanted = false;  ///< Form_Activate still has to place the focus for the user's start-up choice

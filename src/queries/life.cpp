@@ -25,6 +25,7 @@ T& Element(const platform::ControlArray<T, N>& controls, int Index) {
 void frmCustQueries::Form_Load() {
   Trap("frmCustQueries.Form_Load", [this] {
     App().DoEvents();
+    if (!Loaded()) return;
     Data.Each([](platform::DataControl& list, int) {
       list.DatabaseName(gCustomerPath);
       list.Refresh();

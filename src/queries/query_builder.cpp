@@ -16,6 +16,12 @@ namespace {
 /// The plain number, also of a box that shows it with a currency sign; only an emptied box has none.
 std::string AmountText(const platform::CurrencyEdit& box) { return box.Text().empty() ? "" : CStr(box.Value()); }
 
+/// Of a card number the last digits alone are told.
+std::string LastDigits(const std::string& number) {
+  constexpr int kShown = 4;
+  return platform::Len(number) > kShown ? "..." + platform::Right(number, kShown) : number;
+}
+
 }  // namespace
 
 void QueryBuilder::Build(std::string& SQL) {
@@ -63,6 +69,15 @@ void QueryBuilder::AppendJoins(std::string& SQL) {
 
 void QueryBuilder::Compare(const std::string& Value, int Combo) { SQLOperator(Where, Value, CStr(s.cboSQL[Combo].BoundValue())); }
 
+std::string QueryBuilder::HowCompared(int Combo) const {
+  const std::string Code = platform::LCase(CStr(s.cboSQL[Combo].BoundValue()));
+  for (const criteria::Comparison& comparison : criteria::kComparisons)
+    if (Code == comparison.code) return std::string(" ") + comparison.word + " ";
+  return std::string(" ") + criteria::kFirstComparison.word + " ";
+}
+
+void QueryBuilder::Tell(const std::string& words) { mWords += (mWords.empty() ? "" : ", ") + words; }
+
 void QueryBuilder::Texts() {
   for (int i = 0; i < criteria::kTexts; ++i) {
     if (s.chkSelectNameAdd[i].Value() != 1 || s.txtNameAdd[i].Text().empty()) continue;
@@ -72,6 +87,7 @@ void QueryBuilder::Texts() {
     if (TwoLines) Where += "(";
     Where += "(" + s.chkSelectNameAdd[i].Tag() + " ";
     Compare(Value, i);
+    Tell((i == criteria::kPhone ? "area" : criteria::kText[i].word) + HowCompared(i) + s.txtNameAdd[i].Text());
     if (TwoLines) {
       Where += " OR (Customers.Addr2 ";
       Compare(Value, i);
@@ -87,18 +103,21 @@ void QueryBuilder::PhoneNumber() {
   TestWhere(Where);
   Where += "(Phones.Phone ";
   Compare(FixQuotes(Number), criteria::kPhone);
+  Tell(criteria::kText[criteria::kPhone].word + HowCompared(criteria::kPhone) + s.txtNameAdd[criteria::kPhoneNumber].DisplayText());
 }
 
 void QueryBuilder::Status() {
   if (!Asks(criteria::Status)) return;
   TestWhere(Where);
   Where += "(" + s.chkSelectMisc[criteria::Status].Tag() + (s.optStatus[1].Value() ? "1" : s.optStatus[2].Value() ? "2" : "0") + ")";
+  Tell("status " + s.optStatus[s.optStatus[1].Value() ? 1 : s.optStatus[2].Value() ? 2 : 0].Caption());
 }
 
 void QueryBuilder::Billing() {
   if (!Asks(criteria::Billing)) return;
   TestWhere(Where);
   Where += "(" + s.chkSelectMisc[criteria::Billing].Tag() + CStr(s.optBillingStatus[1].Value()) + ")";
+  Tell(s.optBillingStatus[1].Value() ? "non-billable" : "billable");
 }
 
 /// The alternate number is the one value that goes in as it was entered.
@@ -108,8 +127,10 @@ void QueryBuilder::Invoice() {
   TestWhere(Where);
   if (s.optInvoiceNo[1].Value()) {
     Where += "(Transactions.AltInvNo = " + Number + ")";
+    Tell("alternate invoice no. " + Number);
   } else {
     Where += "(Transactions.TranType<>'P') And (Transactions.InvChkCredNo = '" + FixQuotes(Number) + "')";
+    Tell("invoice no. " + Number);
   }
 }
 
@@ -119,6 +140,7 @@ void QueryBuilder::CreditCard() {
   TestWhere(Where);
   Where += "(" + s.chkSelectMisc[criteria::CreditCard].Tag() + " ";
   Compare(FixQuotes(Number), criteria::kCardComparison);
+  Tell("credit card no." + HowCompared(criteria::kCardComparison) + LastDigits(Number));
 }
 
 /// The list's rows in the order in which they were marked; the list moves to each of them.
@@ -126,19 +148,23 @@ template <class Condition>
 void QueryBuilder::ForEachMarked(int List, Condition&& condition) {
   if (!mMarked[List]) return;
   s.App().DoEvents();
-  bool First = true;
+  if (!s.Loaded()) return;
+  std::string Names;
   for (const platform::Bookmark& row : s.grid[List].SelBookmarks.All()) {
     s.grid[List].CurrentBookmark(row);
-    if (First) {
+    if (Names.empty()) {
       TestWhere(Where);
       Where += "(";
     } else {
       Where += " OR ";
     }
-    First = false;
-    condition(s.Data[List].Recordset());
+    const platform::RecordsetRef Rs = s.Data[List].Recordset();
+    Names += (Names.empty() ? " " : " or ") + CStr(platform::Concat("", Rs->Field(criteria::kList[List].field)));
+    condition(Rs);
   }
-  if (!First) Where += ")";
+  if (Names.empty()) return;
+  Where += ")";
+  Tell(criteria::kList[List].word + Names);
 }
 
 void QueryBuilder::KeyWords() {
@@ -154,6 +180,7 @@ void QueryBuilder::CheckNumber() {
   if (!Asks(criteria::CheckNo) || Number.empty()) return;
   TestWhere(Where);
   Where += "(Transactions.TranType='P') And (Transactions.InvChkCredNo = '" + FixQuotes(Number) + "')";
+  Tell("check no. " + Number);
 }
 
 void QueryBuilder::TaxNumber() {
@@ -161,12 +188,14 @@ void QueryBuilder::TaxNumber() {
   if (!Asks(criteria::TaxID) || Number.empty()) return;
   TestWhere(Where);
   Where += "(Customers.TaxID = '" + FixQuotes(Number) + "')";
+  Tell("tax exemption I.D. " + Number);
 }
 
 void QueryBuilder::FinanceCharge() {
   if (!Asks(criteria::FinanceCharge)) return;
   TestWhere(Where);
   Where += std::string("(Customers.OmitFinanceCharge = ") + (s.optOmitFinChg[1].Value() ? "True" : "False") + ")";
+  Tell(s.optOmitFinChg[1].Value() ? "finance charge omitted" : "finance charge calculated");
 }
 
 void QueryBuilder::Amounts() {
@@ -176,6 +205,7 @@ void QueryBuilder::Amounts() {
     if (Amount.empty()) continue;
     TestWhere(Where);
     Where += "(" + s.chkSelectAmount[i].Tag() + Amount + ")";
+    Tell(criteria::kAmount[i / 2].word + std::string(i % 2 == 0 ? " at least " : " at most ") + s.txtAmount[i].DisplayText());
   }
 }
 
@@ -186,6 +216,7 @@ void QueryBuilder::Dates() {
     if (s.chkSelectDate[i].Value() != 1 || !platform::IsDate(Day)) continue;
     TestWhere(Where);
     Where += "(" + s.chkSelectDate[i].Tag() + Day + "#)";
+    Tell(criteria::kDate[i / 2].word + std::string(i % 2 == 0 ? " from " : " to ") + Day);
   }
 }
 

@@ -14,6 +14,8 @@ class QueryBuilder {
 
   /// Writes the statement, without an order, step by step: after an error (raised) it stands as far as it got.
   void Build(std::string& SQL);
+  /// What the conditions ask, in words for the user: "last name starts with Smi, status Active".
+  const std::string& Words() const noexcept { return mWords; }
 
  private:
   /// A table that is joined to the customers when a criterion asks for it.
@@ -41,11 +43,15 @@ class QueryBuilder {
   bool Asks(int Misc) const { return s.chkSelectMisc[Misc].Value() == 1; }
   bool AsksPhone() const { return s.chkSelectNameAdd[criteria::kPhone].Value() == 1; }
   void Compare(const std::string& Value, int Combo);
+  /// The word of a way of comparing.
+  std::string HowCompared(int Combo) const;
+  void Tell(const std::string& words);
   template <class Condition>
   void ForEachMarked(int List, Condition&& condition);
 
   frmCustQueries& s;
   std::string Where;
+  std::string mWords;
   /// Whether the lists take part. Asked once: what is marked while the screen paints itself would find no table joined.
   bool mMarked[criteria::kLists] = {};
 };

@@ -19,30 +19,39 @@ void EntitleList(const std::string& Which) {
 
 void frmCustQueries::Toolbar1_ButtonClick(const std::string& Key) {
   Toolbar1.Enabled(false);
-  if (Key == "tb_RunQuery") {
-    App().MousePointer(platform::pointer::Hourglass);
-    App().DoEvents();
-    BuildSQL();
-    screens::frmCustMain->SQLData(tab::Customers);
-    Toolbar1.Enabled(true);
-    App().MousePointer(platform::pointer::Default);
-    App().DoEvents();
-  }
+  if (Key == "tb_RunQuery") RunQuery();
   if (Visible()) App().Hide(*this);
   Toolbar1.Enabled(true);
+}
+
+/// In a yield the main screen may go, and takes this one along: nothing is asked of either then, so that neither comes back.
+void frmCustQueries::RunQuery() {
+  App().MousePointer(platform::pointer::Hourglass);
+  App().DoEvents();
+  if (Loaded()) BuildSQL();
+  if (Loaded()) screens::frmCustMain->SQLData(tab::Customers);
+  Toolbar1.Enabled(true);
+  App().MousePointer(platform::pointer::Default);
+  App().DoEvents();
 }
 
 void frmCustQueries::BuildSQL() {
   Trap("frmCustQueries.BuildSQL", [this] {
     App().DoEvents();
+    if (!Loaded()) return;
     gFirstActivate = true;
     Toolbar1.Button("tb_RunQuery").Enabled(false);
     if (chkSelectAll.Value() == 1) {
       gQuerySQL.clear();
+      gQueryText.clear();
       EntitleList("All");
       return;
     }
-    QueryBuilder(*this).Build(gQuerySQL);
+    gQueryText.clear();
+    QueryBuilder builder(*this);
+    builder.Build(gQuerySQL);
+    gQueryText = builder.Words();
+    if (!Loaded()) return;
     EntitleList("Queried");
     App().DoEvents();
   });

@@ -34,7 +34,6 @@ void LabelBinding::Show(Aspect aspect) {
 void GroupBinding::Show(Aspect aspect) {
   if (aspect == Aspect::Text) {
     shown().setTitle(Literal(control().Caption()));
-    if (shown().property("marksOn").toBool()) KeepRoomForTitle(shown());
     shown().setAccessibleName(ToShown(control().Caption()));
   } else {
     Binding::Show(aspect);

@@ -1,5 +1,7 @@
 #include "desktop/look/marks.h"
 
+#include <QFontMetrics>
+#include <QGroupBox>
 #include <QIcon>
 #include <QPainter>
 #include <QStackedWidget>
@@ -62,11 +64,16 @@ void ShowOn(const QCheckBox& box) {
   }
 }
 
-void KeepRoomForTitle(QGroupBox& group) {
+void KeepRoomForTitles(const QWidget& window) {
   constexpr int kBeside = 28;
-  QFont bold = group.font();
-  bold.setWeight(QFont::DemiBold);
-  group.setMinimumWidth(QFontMetrics(bold).horizontalAdvance(group.title()) + kBeside);
+  for (QGroupBox* group : window.findChildren<QGroupBox*>()) {
+    if (!group->property("marksOn").toBool()) continue;
+    QFont bold = group->font();
+    bold.setWeight(QFont::DemiBold);
+    const int needed = QFontMetrics(bold).horizontalAdvance(group->title()) + kBeside;
+    // A least width of its own takes the place of what the contents need.
+    if (needed > group->minimumSizeHint().width()) group->setMinimumWidth(needed);
+  }
 }
 
 }  // namespace desktop

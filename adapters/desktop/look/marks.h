@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QCheckBox>
-#include <QGroupBox>
 
 namespace desktop {
 
@@ -9,7 +8,8 @@ namespace desktop {
 /// To be called when the box was turned.
 void ShowOn(const QCheckBox& box);
 
-/// The title is wider when it stands out; the layouts are measured once.
-void KeepRoomForTitle(QGroupBox& group);
+/// A title is wider when it stands out, and the layouts are measured once: gives those frames of the window room for it. To be called
+/// when all texts stand.
+void KeepRoomForTitles(const QWidget& window);
 
 }  // namespace desktop

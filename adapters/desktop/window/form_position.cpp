@@ -1,6 +1,5 @@
 #include <QApplication>
 #include <QBoxLayout>
-#include <QGroupBox>
 #include <QScreen>
 #include <QScrollArea>
 #include <QStackedWidget>
@@ -68,7 +67,7 @@ void FormWindow::FitInto(const QSize& room) {
     return !larger(minimumSizeHint(), room);
   };
   if (!centralWidget() || fits()) return;
-  for (const QGroupBox* group : findChildren<QGroupBox*>())
+  for (const QWidget* group : findChildren<QWidget*>())
     if (auto* row = group->property("stacksWhenNarrow").toBool() ? qobject_cast<QBoxLayout*>(group->layout()) : nullptr)
       row->setDirection(QBoxLayout::TopToBottom);
   if (fits()) return;

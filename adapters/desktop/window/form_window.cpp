@@ -11,6 +11,7 @@
 
 #include "desktop/binding/binder.h"
 #include "desktop/controls/text_edit.h"
+#include "desktop/look/marks.h"
 #include "desktop/look/mnemonics.h"
 #include "desktop/look/theme.h"
 #include "desktop/toolkit/key_event.h"
@@ -87,6 +88,7 @@ void FormWindow::Bind() {
     bindings_.push_back(std::move(binding));
   }
   for (const auto& binding : bindings_) binding->ShowAll();
+  KeepRoomForTitles(*this);
   NameForAccessibility();
   ShowCaption();
   extras_.emplace(*this, *form_, services_);

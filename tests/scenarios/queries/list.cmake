@@ -1,5 +1,6 @@
 # The query screen and its statement.
 list(APPEND ORCUSSCH_SCENARIOS
+  queries/acts-while-the-run-yields
   queries/all-customers-clears-the-screen
   queries/amount-beyond-the-figures
   queries/amounts
@@ -9,6 +10,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   queries/joins
   queries/key-words-and-types
   queries/keys-of-the-screen
+  queries/list-cannot-be-read
   queries/list-of-a-query
   queries/lives-hidden
   queries/marked-word-is-gone
@@ -32,4 +34,5 @@ list(APPEND ORCUSSCH_SCENARIOS
   queries/what-opens-what
   queries/what-wakes-the-run-key
   queries/where-the-run-yields
+  queries/words-of-a-query
 )

@@ -131,7 +131,7 @@ TEST_F(CustSearchTest, AUserCanBeginWithTheQueries) {
     host.CompanyID(1);
     for (const bool there : {false, true}) {
       ConnectScreens();
-      if (there) gSessionOpeners.showQueries = [] { shown.push_back("queries"); };
+      gSessionOpeners.showQueries = there ? [] { shown.push_back("queries"); } : static_cast<void (*)()>(nullptr);
       shown.clear();
       host.ShowUser();
       if (there && first)

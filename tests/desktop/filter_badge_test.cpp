@@ -74,8 +74,8 @@ TEST_F(Badge, GivesWayToTheName) {
     EXPECT_TRUE(Label().text().endsWith(QChar(0x2026)));
     EXPECT_TRUE(Label().toolTip().contains("1,000.00, last name begins"));
   };
-  const auto call = [&](platform::Label& label, const char* text) {
-    label.Caption(text);
+  const auto call = [&](platform::Label& label, const char* caption) {
+    label.Caption(caption);
     window->Changed(&label, platform::Aspect::Text);
   };
   call(screen->lblCustomer, "Ms Ann Smith");

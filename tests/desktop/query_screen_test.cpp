@@ -76,8 +76,8 @@ TEST_F(QueryScreen, NoTextIsClippedOnASmallScreen) {
         EXPECT_GE(widget->height(), widget->sizeHint().height() - 3) << tab << " " << widget->objectName().toStdString();
       }
       for (const QGroupBox* group : window->findChildren<QGroupBox*>()) {
-        if (group->isVisible())
-          EXPECT_GE(group->width(), group->fontMetrics().horizontalAdvance(group->title()) + 20) << group->objectName().toStdString();
+        if (!group->isVisible()) continue;
+        EXPECT_GE(group->width(), group->fontMetrics().horizontalAdvance(group->title()) + 20) << group->objectName().toStdString();
       }
     }
   }

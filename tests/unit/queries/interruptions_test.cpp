@@ -77,7 +77,7 @@ class QueryInterruptions : public SessionTest {
       if (auto* queries = dynamic_cast<frmCustQueries*>(&form)) yields = AskAndRun(*queries, yield, interrupt);
       if (auto* main = dynamic_cast<frmCustMain*>(&form)) {
         if (way == Way::FromMain && !asked) main->Toolbar1.Button("tb_Queries").UserClick();
-        if (main->Loaded()) EXPECT_TRUE(main->Toolbar1.Enabled());
+        EXPECT_TRUE(!main->Loaded() || main->Toolbar1.Enabled());
       }
     };
     asked = false;
@@ -98,7 +98,7 @@ class QueryInterruptions : public SessionTest {
     };
     s.Toolbar1.Button("tb_RunQuery").UserClick();
     frontEnd->onYield = nullptr;
-    if (s.Loaded()) EXPECT_TRUE(s.Toolbar1.Enabled());
+    EXPECT_TRUE(!s.Loaded() || s.Toolbar1.Enabled());
     return yields;
   }
 

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QToolBar>
 #include <map>
 #include <set>
@@ -18,10 +19,15 @@
 #include "desktop/window/front_end.h"
 #include "maintenance/frmCustMain.h"
 #include "platform/controls/buttons.h"
+#include "queries/frmCustQueries.h"
 #include "session/ModCustSch.h"
+#include "setup/accounts/frmAccounts.h"
 #include "setup/frmCreditCardSetup.h"
 #include "setup/frmMapCode.h"
 #include "setup/frmPhoneSetup.h"
+#include "setup/frmUserStartup.h"
+#include "setup/tax/frmTaxSetup.h"
+#include "setup/tax/frmTaxSetupQueries.h"
 #include "suite/operating_system.h"
 
 // What holds for every window of the library: layout and screen fit each other.
@@ -35,11 +41,20 @@ std::unique_ptr<platform::Form> Make(platform::Application& app) {
   return std::make_unique<Screen>(app);
 }
 
+std::unique_ptr<platform::Form> MakeAccounts(platform::Application& app) {
+  return std::make_unique<orcussch::frmAccounts>(app, orcussch::AccountsAsked{});
+}
+
 const std::map<std::string, Maker> kScreens = {
+    {"frmAccounts", MakeAccounts},
     {"frmCreditCardSetup", Make<orcussch::frmCreditCardSetup>},
     {"frmCustMain", Make<orcussch::frmCustMain>},
+    {"frmCustQueries", Make<orcussch::frmCustQueries>},
     {"frmMapCode", Make<orcussch::frmMapCode>},
     {"frmPhoneSetup", Make<orcussch::frmPhoneSetup>},
+    {"frmTaxSetup", Make<orcussch::frmTaxSetup>},
+    {"frmTaxSetupQueries", Make<orcussch::frmTaxSetupQueries>},
+    {"frmUserStartup", Make<orcussch::frmUserStartup>},
 };
 
 /// The window of one screen, without a company behind it.
@@ -152,6 +167,15 @@ TEST_P(LibraryWindows, FitOnASmallScreen) {
   QApplication::processEvents();
   EXPECT_LE(window->minimumSizeHint().width(), 1024);
   EXPECT_LE(window->minimumSizeHint().height(), 700);
+}
+
+/// Main screens take their share of the screen; the small ones, which say so, are as large as they were drawn, or as they need.
+TEST_P(LibraryWindows, SmallScreensOpenAsTheyWereDrawn) {
+  if (!window->property("opensAsDesigned").toBool()) return;
+  const QSize drawn = window->size();
+  const QSize room = window->screen()->availableGeometry().size();
+  window->ShowAsScreen(false);
+  EXPECT_EQ(window->size(), drawn.expandedTo(window->minimumSizeHint()).boundedTo(room));
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, LibraryWindows, testing::ValuesIn([] {

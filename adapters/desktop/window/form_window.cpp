@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QStatusBar>
 
@@ -245,6 +246,12 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     // Its letter pressed again in the box itself moves nothing, and selects the box as coming to it does.
     const auto* label = qobject_cast<QLabel*>(watched);
     if (label && label->buddy() && label->buddy() == focusWidget()) SelectWhole(label->buddy());
+    // The toolkit would show a button pressed for a while first, and what is typed next would come before its command.
+    auto* button = qobject_cast<QPushButton*>(watched);
+    if (button && !static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+      button->click();
+      return true;
+    }
   } else if (event->type() == QEvent::FocusIn) {
     if (const auto found = byWidget_.find(watched); found != byWidget_.end())
       TookFocus(*found->second, static_cast<QFocusEvent*>(event)->reason());

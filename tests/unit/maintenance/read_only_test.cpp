@@ -1,14 +1,13 @@
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 
 #include "platform/values/convert.h"
 #include "setup/frmUserStartup.h"
 #include "support/controls.h"
 #include "support/main_screen_test.h"
+#include "support/plain_user.h"
 
 // A customer file that can be read and not written: what the main screen's user sees of it.
 namespace {
@@ -20,22 +19,6 @@ namespace fs = std::filesystem;
 enum class Closed { File, Archive };
 
 constexpr int kReadOnly = 3027;
-
-/// This process without the superuser's rights, if it has them, while the object lives.
-class PlainUser {
- public:
-  PlainUser() : root_(::geteuid() == 0) {
-    if (root_ && ::seteuid(65534) != 0) std::abort();
-  }
-  ~PlainUser() {
-    if (root_ && ::seteuid(0) != 0) std::abort();
-  }
-  PlainUser(const PlainUser&) = delete;
-  PlainUser& operator=(const PlainUser&) = delete;
-
- private:
-  bool root_;
-};
 
 class ReadOnlyTest : public MainScreenTest, public testing::WithParamInterface<Closed> {
  protected:

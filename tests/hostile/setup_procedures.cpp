@@ -39,11 +39,12 @@ void AddScreen(Procedures& all, const SetupScreenAtWork& setup) {
   add("edit", nothing, Click("tb_EditRec"));
   add("save-new", fill("tb_AddRec"), Click("tb_SaveRec"), true);
   add("save-edited", fill("tb_EditRec"), Click("tb_SaveRec"), true);
-  add("save-refused", spoil("tb_EditRec"), Click("tb_SaveRec"));
+  // An act may mend what was refused: typing makes the card whole, and another row can be deleted.
+  add("save-refused", spoil("tb_EditRec"), Click("tb_SaveRec"), true);
   add("cancel-new", fill("tb_AddRec"), Click("tb_CancelRec"));
   add("cancel-edited", fill("tb_EditRec"), Click("tb_CancelRec"));
   add("delete", standOn(setup.freeRow), Click("tb_DeleteRec"), true);
-  add("delete-refused", standOn(setup.usedRow), Click("tb_DeleteRec"));
+  add("delete-refused", standOn(setup.usedRow), Click("tb_DeleteRec"), true);
   add("order", nothing, Click("optOrder(1)"));
   add("refresh", nothing, Click("tb_Refresh"));
   add("search", [](const Desk& desk) { desk.Type("txtSearch", "F"); }, Click("tb_Search"));

@@ -1,5 +1,7 @@
 #include "hostile/setup_screens.h"
 
+#include <sstream>
+
 #include "platform/controls/form/form.h"
 
 namespace hostile {
@@ -14,19 +16,17 @@ bool Usable(const platform::Form& screen, const std::string& name) { return scre
 
 std::string KeyOf(const std::string& row) { return row.substr(0, row.find('|') + 1); }
 
-std::string NameOf(const std::string& row) {
-  const std::string behind = row.substr(row.find('|') + 1);
-  return behind.substr(0, behind.find('|'));
-}
-
 bool HasKey(const Books::Rows& rows, const std::string& key) {
   const auto found = rows.lower_bound(key);
   return found != rows.end() && found->starts_with(key);
 }
 
-bool WasAskedAbout(const std::string& name, const std::vector<std::string>& asked) {
-  for (const std::string& question : asked)
-    if (question.find("'" + name + "'") != std::string::npos) return true;
+/// Whether a question named one of the row's fields.
+bool WasAskedAbout(const std::string& row, const std::vector<std::string>& asked) {
+  std::istringstream fields(row);
+  for (std::string field; std::getline(fields, field, '|');)
+    for (const std::string& question : asked)
+      if (question.find("'" + field + "'") != std::string::npos) return true;
   return false;
 }
 
@@ -95,7 +95,7 @@ std::vector<std::string> Unasked(const Books& before, const Books& after, const 
     for (const auto& [account, rows] : was)
       for (const std::string& row : rows)
         if (const auto now = is.find(account); now == is.end() || !HasKey(now->second, KeyOf(row)))
-          if (!WasAskedAbout(NameOf(row), asked)) faults.push_back("deleted without a question: " + setup.table + " <" + row + ">");
+          if (!WasAskedAbout(row, asked)) faults.push_back("deleted without a question: " + setup.table + " <" + row + ">");
   }
   return faults;
 }

@@ -19,7 +19,7 @@ struct SetupScreenAtWork {
   std::string form;
   void (*open)(const Desk& desk);  ///< the main screen is up
   std::string list;                ///< its grid
-  std::string table;               ///< its key is the first field, its name the second
+  std::string table;
   std::string key;                 ///< field by which a row is found
   std::string freeRow, usedRow;    ///< keys of a row that can be deleted and of one that can't
   std::vector<std::pair<std::string, std::string>> entries;  ///< of its card, the needed one first, and what is typed into them

@@ -34,8 +34,8 @@ std::string CardUpdate() {
 }
 
 sqlite3* WithTemporaryFile(sqlite3* db, const std::string& path) {
-  for (const std::string& sql : {"ATTACH 'file:" + path + "?mode=rw' AS f2", std::string("PRAGMA f2.cache_size=-8192"),
-                                 std::string("PRAGMA f2.synchronous=OFF"), std::string("PRAGMA f2.mmap_size=0")})
+  for (const std::string& sql : {"ATTACH 'file:" + path + "?mode=rw' AS f3", std::string("PRAGMA f3.cache_size=-8192"),
+                                 std::string("PRAGMA f3.synchronous=OFF"), std::string("PRAGMA f3.mmap_size=0")})
     if (sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) throw std::runtime_error(sql + ": " + sqlite3_errmsg(db));
   return db;
 }
@@ -89,16 +89,16 @@ struct Records::Statements {
          const std::string& source, const std::string& join, const std::string& assigned, const std::string& assignedKey)
         : db(store),
           count(store, "SELECT count(*) FROM f1." + source),
-          clear(store, "DELETE FROM f2." + work + " WHERE Instance = ?1"),
-          insertTicked(store, "INSERT OR IGNORE INTO f2." + work + " (Instance, Assign, " + columns + ") SELECT ?1, -1, " + loaded +
+          clear(store, "DELETE FROM f3." + work + " WHERE Instance = ?1"),
+          insertTicked(store, "INSERT OR IGNORE INTO f3." + work + " (Instance, Assign, " + columns + ") SELECT ?1, -1, " + loaded +
                                   " FROM f1." + source + " s JOIN f1." + assigned + " a ON " + join + " WHERE a.AcctNum = ?2"),
-          insertRest(store, "INSERT OR IGNORE INTO f2." + work + " (Instance, Assign, " + columns + ") SELECT ?1, 0, " + loaded +
+          insertRest(store, "INSERT OR IGNORE INTO f3." + work + " (Instance, Assign, " + columns + ") SELECT ?1, 0, " + loaded +
                                 " FROM f1." + source + " s"),
-          page(store, "SELECT Instance, Assign, " + columns + " FROM f2." + work + " WHERE Instance = ?1 ORDER BY " + name + " LIMIT ?2"),
-          keys(store, "SELECT \"~key\", " + columns + " FROM f2." + work + " WHERE Instance = ?1 ORDER BY " + name),
+          page(store, "SELECT Instance, Assign, " + columns + " FROM f3." + work + " WHERE Instance = ?1 ORDER BY " + name + " LIMIT ?2"),
+          keys(store, "SELECT \"~key\", " + columns + " FROM f3." + work + " WHERE Instance = ?1 ORDER BY " + name),
           unassign(store, "DELETE FROM f1." + assigned + " WHERE AcctNum = ?1"),
           assign(store, "INSERT INTO f1." + assigned + " (AcctNum, " + assignedKey + ") VALUES (?1, ?2)"),
-          tick(store, "UPDATE f2." + work + " SET Assign = -1 WHERE \"~key\" = ?1"),
+          tick(store, "UPDATE f3." + work + " SET Assign = -1 WHERE \"~key\" = ?1"),
           assignedRows(store, "SELECT count(*) FROM f1." + assigned + " WHERE AcctNum = ?1") {}
 
     sqlite3* db;

@@ -30,8 +30,10 @@ std::uint64_t KeySum(const raw::Rows& rows) {
 
 orcussch::frmMapCode& Screen() { return *orcussch::screens::frmMapCode; }
 
-void Close() {
+/// A screen that has gone is put away behind the next act of the user.
+void Close(orcussch::frmCustMain& main) {
   if (orcussch::frmMapCode* screen = orcussch::screens::frmMapCode.peek()) screen->App().Unload(*screen);
+  main.Act([] {});
 }
 
 std::int64_t KeyOf(const ScreenSides& sides, int call) { return 1 + std::int64_t{call} * 7919 % sides.bare.MapCodes(); }
@@ -40,7 +42,7 @@ Job Opening(const ScreenSides& sides) {
   Job open;
   open.name = "map codes: opening the screen, first page";
   open.calls = 5;
-  open.readyOurs = [](int) { Close(); };
+  open.readyOurs = [sides](int) { Close(sides.screen); };
   open.ours = [](int) { return KeySum(Screen().list.data.Window()->RowsAt(0, pageRows)); };
   open.raw = [sides](int) { return KeySum(sides.bare.OpenMapCodes(pageRows)); };
   open.mostRatio = 2;

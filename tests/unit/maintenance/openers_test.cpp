@@ -78,7 +78,7 @@ TEST_F(OpenersTest, TheStatisticsKeyNeedsARecord) {
 
 TEST_F(OpenersTest, ACommandWithoutItsScreenDoesNothing) {
   Serve([&](frmCustMain& screen) {
-    for (const char* key : {"tb_Print", "tb_Queries", "tb_Statistics", "tb_MapAll", "tb_TaxSetup"}) screen.Toolbar1.Button(key).UserClick();
+    for (const char* key : {"tb_Print", "tb_Statistics", "tb_MapAll"}) screen.Toolbar1.Button(key).UserClick();
     for (platform::MenuItem* item : {&screen.miMapAll, &screen.miReports, &screen.miRelationships}) item->UserClick();
     EXPECT_TRUE(screen.Toolbar1.Enabled());
   });

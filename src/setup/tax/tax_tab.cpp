@@ -74,7 +74,7 @@ void TaxTab::TryField(const std::string& field, const platform::Value& value) co
       Ignore()([this] { row->CancelUpdate(); });
     }
   };
-  table->AddNew();
+  if (!EditRow(table, mDesign.index, Rows()->Field(Key()))) return;
   const Cancels cancels{table};
   table->SetField(field, value);
 }

@@ -40,7 +40,7 @@ class TaxTab : public SetupRecord {
   std::optional<std::string> Write(bool adding) override;
   SetupDeletion Deletion() override;
   void StandOn(const std::string& position) override;
-  /// Raises what the table would raise if the field got that value.
+  /// Raises what the table would raise if the field of the current row got that value. Of a row that has gone the write tells.
   void TryField(const std::string& field, const platform::Value& value) const;
 
   // The key on the card; hidden while adding, and from then on until the next edit.

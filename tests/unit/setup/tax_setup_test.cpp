@@ -1,35 +1,17 @@
 #include "setup/tax/frmTaxSetup.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
-
-#include <cstdlib>
 
 #include "session/ModCustSch.h"
 #include "support/controls.h"
 #include "support/main_screen_test.h"
+#include "support/plain_user.h"
 
 // The tax setup where a scenario can't lead: without a picker of accounts, and over files that can only be read.
 namespace {
 
 using orcussch::frmCustMain;
 using orcussch::frmTaxSetup;
-
-/// This process without the superuser's rights, if it has them, while the object lives.
-class PlainUser {
- public:
-  PlainUser() : root_(::geteuid() == 0) {
-    if (root_ && ::seteuid(65534) != 0) std::abort();
-  }
-  ~PlainUser() {
-    if (root_ && ::seteuid(0) != 0) std::abort();
-  }
-  PlainUser(const PlainUser&) = delete;
-  PlainUser& operator=(const PlainUser&) = delete;
-
- private:
-  bool root_;
-};
 
 class TaxSetupTest : public MainScreenTest {
  protected:
@@ -52,6 +34,11 @@ class TaxSetupTest : public MainScreenTest {
       frontEnd->serve = mainScreen;
     });
     EXPECT_TRUE(served) << "the tax setup never came up";
+  }
+  void OpenToAll() const {
+    ::chmod(folder.Path().c_str(), 0777);
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.Path()))
+      ::chmod(entry.path().c_str(), entry.is_directory() ? 0777 : 0666);
   }
   static void Press(frmTaxSetup& screen, const char* key) { screen.Toolbar1.Button(key).UserClick(); }
   void ExpectReport(const char* literal, int number) {
@@ -79,13 +66,13 @@ TEST_F(TaxSetupTest, WithoutAPickerOfAccountsNothingHappens) {
 TEST_F(TaxSetupTest, AFileThatCanOnlyBeReadIsToldAtEverySaveAndDeletion) {
   constexpr int kReadOnly = 3027;
   ServeTaxes([](frmTaxSetup&) {});  // the first session writes what every later one finds
+  OpenToAll();
   ::chmod(CustomerFile().c_str(), 0444);
-  ::chmod((folder / "data/orv1").c_str(), 0755);
   {
     const PlainUser user;
     frontEnd->answer = platform::box::Yes;
     ServeTaxes([&](frmTaxSetup& screen) {
-      log->records.clear();
+      ASSERT_TRUE(log->records.empty()) << log->records[0].module << ' ' << log->records[0].number;
       for (int tab = 0; tab < orcussch::taxtab::Count; ++tab) {
         screen.SSIndexTab1.UserClick(tab);
         Press(screen, "tb_EditRec");
@@ -111,7 +98,7 @@ TEST_F(TaxSetupTest, AFileThatCanOnlyBeReadIsToldAtEverySaveAndDeletion) {
       list.UserEscape();
     });
   }
-  ::chmod(CustomerFile().c_str(), 0666);
+  OpenToAll();
   EXPECT_EQ(Stored("SELECT Count(*) FROM TaxTypes"), "2");
   EXPECT_EQ(Stored("SELECT Count(*) FROM TaxTypes WHERE TypeDescription = 'typed'"), "0");
 }

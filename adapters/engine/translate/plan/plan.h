@@ -78,6 +78,7 @@ struct SelectPlan {
   /// DISTINCTROW over tables that give no output: `tables` holds only those that give output, and `from`/`where` ask for
   /// the others by IN or EXISTS, so that each combination of output rows comes once.
   bool asksOtherTables = false;
+  std::vector<std::shared_ptr<StoreFile>> askedFiles;  ///< where the others lie
   bool updatable = true;
   /// Driving table for "no order: row key order", and for the exact strategy's ties: index into tables. In a join it is
   /// the "many" side (no other table is joined to it by a unique field of its own), whose row a Delete removes. Never one

@@ -74,11 +74,12 @@ void SelectPlanner::FillTables(TableSet kept) {
   plan_.distinct = select_.duplicates == sql::Duplicates::Distinct && !aggregate_;
   const auto& tables = Names().Tables();
   for (int i = 0; i < sources_.TableCount(); ++i) {
+    const StatementScope::Table& entry = tables[static_cast<std::size_t>(i)];
     if ((kept & TableBit(i)) == 0) {
       planTables_.push_back(-1);
+      plan_.askedFiles.push_back(entry.table->file);
       continue;
     }
-    const StatementScope::Table& entry = tables[static_cast<std::size_t>(i)];
     planTables_.push_back(static_cast<int>(plan_.tables.size()));
     plan_.tables.push_back({.table = entry.table,
                             .alias = 't' + std::to_string(plan_.tables.size()),

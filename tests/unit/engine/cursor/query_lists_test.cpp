@@ -196,7 +196,7 @@ class QueryLists : public EngineFolderTest, public testing::WithParamInterface<s
   }
 
   void CheckWindow(const RecordsetRef& rows, const std::vector<std::int32_t>& wanted) {
-    platform::RecordsetWindow& window = rows->Window();
+    platform::RowWindow& window = rows->Window();
     ASSERT_EQ(AccountsOf(window.RowsAt(0, 30)), Cut(wanted, 0, 30));
     for (int round = 0; round < 4; ++round) {
       const std::size_t at = wanted.empty() ? 0 : random_() % wanted.size();

@@ -49,6 +49,9 @@ struct PlanDriver {
   std::string keys;  ///< a SELECT of row keys, Null and doubles among them: no row of the plan has another one
   std::string rest;  ///< what is left of `rowWhere` to ask of a row with such a key, "" for nothing
   int field = -1;    ///< whose index it is; -1 for another table
+  /// Where no index leads to the keys: the column by which the other table is read in pieces, and the table.
+  std::string pieceKey{};
+  std::string pieceTable{};
 };
 
 /// A condition of the plan's WHERE that holds one field of its one table to constants.
@@ -69,7 +72,6 @@ struct SelectPlan {
   bool asksByRow = false;
   std::vector<PlanDriver> drivers;  ///< of one table
   std::vector<PlanBound> bounds;    ///< of one table
-  bool boundsAreAll = false;        ///< WHERE consists of `bounds` alone
   std::vector<PlanColumn> columns;
   std::vector<PlanOrder> order;
   bool distinct = false;   ///< DISTINCT: distinct output values, read-only

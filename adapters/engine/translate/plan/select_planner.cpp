@@ -111,14 +111,10 @@ void SelectPlanner::FillFrom(TableSet kept) {
 void SelectPlanner::FillBounds(TableSet kept) {
   std::vector<const sql::Expression*> parts;
   SplitConjuncts(*select_.where, parts);
-  plan_.boundsAreAll = !plan_.asksOtherTables;
   const PlanTable& table = plan_.tables.front();
   for (const sql::Expression* part : parts) {
     const std::optional<FieldBound> bound = FieldBoundOf(*part, Names());
-    if (!bound || (kept & TableBit(bound->table)) == 0) {
-      plan_.boundsAreAll = false;
-      continue;
-    }
+    if (!bound || (kept & TableBit(bound->table)) == 0) continue;
     plan_.bounds.push_back({.field = bound->field, .equals = bound->equals, .sql = emitter_.Conjunct(*part)});
     const platform::TableDefinition& definition = table.table->definition;
     const auto index = std::ranges::find_if(definition.indexes, [&](const platform::IndexDefinition& each) {

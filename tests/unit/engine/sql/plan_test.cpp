@@ -166,7 +166,8 @@ TEST_F(Plans, DistinctRowAsksForOneRowByTheOthersIndexes) {
   EXPECT_NE(plan.rowWhere.find("t0.\"AcctNum\" = d0.\"AcctNum\""), std::string::npos) << plan.rowWhere;
   ASSERT_FALSE(plan.drivers.empty());
   EXPECT_EQ(plan.drivers[0].keys,
-            "SELECT d0.\"AcctNum\" FROM \"f1\".\"Phones\" AS d0 WHERE d0.\"Area\" = '612' COLLATE \"GENERAL\"");
+            "SELECT d0.\"AcctNum\" FROM \"f1\".\"Phones\" AS d0 WHERE d0.\"Area\" = '612' COLLATE \"GENERAL\" AND ");
+  EXPECT_EQ(plan.drivers[0].pieceKey, "d0.\"RecordID\"") << "no index on the area here";
   EXPECT_EQ(plan.drivers[0].rest, "t0.\"Status\" = 0");
 }
 

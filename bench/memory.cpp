@@ -4,6 +4,7 @@
 #include <exception>
 #include <iostream>
 #include <string>
+#include <vector>
 
 #include "engine/engine.h"
 #include "measure.h"
@@ -15,8 +16,24 @@ constexpr double cacheMegabytes = 8;
 constexpr int walkedRows = 20'000;
 constexpr int saves = 500;
 
-void Work(platform::Database& data, bool write) {
-  const auto list = data.OpenRecordset("SELECT * FROM Customers ORDER BY LastName");
+const std::string wholeList = "SELECT * FROM Customers ORDER BY LastName";
+
+// Results of a query of every size.
+std::vector<std::string> QueryResults() {
+  const auto joined = [](const std::string& table, const std::string& where) {
+    return "Select DISTINCTROW Customers.* FROM Customers INNER JOIN " + table + " ON Customers.AcctNum = " + table + ".AcctNum WHERE " + where +
+           " ORDER BY LastName;";
+  };
+  return {"Select DISTINCTROW Customers.* FROM Customers WHERE (Customers.CurrBalance>=0) ORDER BY LastName;",
+          "Select DISTINCTROW Customers.* FROM Customers WHERE (Customers.EntryDate>=#6/1/1995#) ORDER BY LastName;",
+          "Select DISTINCTROW Customers.* FROM Customers WHERE (Customers.State Like 'MN') ORDER BY LastName;",
+          "Select DISTINCTROW Customers.* FROM Customers WHERE ((Customers.Addr1 Like '*Main*') OR (Customers.Addr2 Like '*Main*')) ORDER BY LastName;",
+          joined("Phones", "(Phones.Area Like '952*')"), joined("Phones", "(Phones.Area Like '6*')"), joined("Lookups", "(Lookups.Text = 'Boiler')"),
+          joined("CustCodes", "(CustCodes.CustCodes = 5 OR CustCodes.CustCodes = 6)")};
+}
+
+void Work(platform::Database& data, const std::string& statement, bool write) {
+  const auto list = data.OpenRecordset(statement);
   auto& window = list->Window();
   while (window.IdleSlice()) {
   }
@@ -44,7 +61,7 @@ void Work(platform::Database& data, bool write) {
 
 int main(int count, char** words) {
   if (count < 2) {
-    std::cerr << "bench_memory DIR [--write]\n";
+    std::cerr << "bench_memory DIR [--write|--queries]\n";
     return 2;
   }
   try {
@@ -53,7 +70,11 @@ int main(int count, char** words) {
     const auto workspace = engine->CreateWorkspace("bench", "Admin", "", 2);
     engine->AppendWorkspace(workspace);
     const auto data = workspace->OpenDatabase(std::string(words[1]) + "/data/orv1/customer.zdb");
-    Work(*data, count > 2 && std::string(words[2]) == "--write");
+    const std::string option = count > 2 ? words[2] : "";
+    if (option == "--queries")
+      for (const std::string& statement : QueryResults()) Work(*data, statement, false);
+    else
+      Work(*data, wholeList, option == "--write");
     const double peak = bench::PeakMemory();
     std::cout << "peak " << peak << " MiB, above the cache of " << cacheMegabytes << " MiB: " << peak - cacheMegabytes
               << " MiB (the empty program: " << before << " MiB); bar 16 MiB\n";

@@ -77,6 +77,19 @@ std::vector<LongJob> LongJobs(Company& company) {
              "SELECT DISTINCTROW Customers.* FROM Customers INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum "
              "WHERE Phones.Area Like '61*' ORDER BY Customers.LastName");
        }},
+      {"a list that another table filters, which no row passes",
+       [open](int) {
+         open(
+             "SELECT DISTINCTROW Customers.* FROM Customers INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum "
+             "WHERE Phones.Phone Like '*x*' ORDER BY Customers.LastName");
+       }},
+      {"MoveLast and RecordCount of one half of all",
+       [&company](int) {
+         const auto opened = company.Data().OpenRecordset("SELECT * FROM Customers WHERE CurrBalance > 100 ORDER BY LastName");
+         opened->MoveLast();
+         opened->RecordCount();
+         opened->Close();
+       }},
       {"MoveLast and RecordCount of a list just opened",
        [&company](int) {
          const auto opened = company.OpenList();

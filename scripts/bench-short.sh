@@ -16,5 +16,6 @@ trap 'rm -rf "$data"' EXIT
 "$programs/suitefiles" demo "$data" --company 1 --customers "${BENCH_CUSTOMERS:-10000}" >>"$log" 2>&1
 "$programs/bench_engine" --pairs "${BENCH_PAIRS:-3}" "$data"
 "$programs/bench_memory" "$data" --write
+"$programs/bench_memory" "$data" --queries
 "$programs/bench_records" --pairs 1 --types 100 --words 100 --map-codes 100 "$data"
 "$programs/bench_saves" "$data" 200

@@ -47,6 +47,8 @@ done
 for folder in $folders; do
   printf '\nMemory, %s customers: ' "$(basename "$folder")"
   "$build/bin/bench_memory" "$folder"
+  printf '\nMemory of query results, %s customers: ' "$(basename "$folder")"
+  "$build/bin/bench_memory" "$folder" --queries
   [ -x "$build/bin/bench_model" ] && "$build/bin/bench_model" "$folder" 5 "open"
   if [ -x "$build/bin/bench_desktop" ]; then
     [ -e "$folder/orvTEMP/orvTemp1.zdb" ] || "$build/bin/suitefiles" temp "$folder" --user 1 >&2

@@ -11,7 +11,7 @@
 namespace engine {
 
 /// Places of a list in index order with the numbers of the rows up to them, collected in slices of idle time: from them a row's
-/// number and the row of a number are a short walk away. Every 256th row of the table that is looked at for the list has one. While
+/// number and the row of a number are a short walk away. Every 128th row of the table that is looked at for the list has one. While
 /// somebody writes they are a little off until they are collected anew.
 class Fences {
  public:
@@ -32,7 +32,7 @@ class Fences {
   std::optional<std::int64_t> OrdinalOf(const OrderPlace& place);
 
  private:
-  static constexpr std::int64_t kSpacing = 256;
+  static constexpr std::int64_t kSpacing = 128;
   static constexpr std::int64_t kSliceRows = 8192;
   struct Fence {
     OrderPlace place;

@@ -3,23 +3,22 @@
 #include <algorithm>
 #include <iterator>
 #include <limits>
+#include <utility>
 
 #include "engine/rows/slices.h"
 
 namespace engine {
 namespace {
 
-// What it costs beside a row that a look at the whole table passes.
-constexpr double kRowElsewhere = 14;  // a row in the list's order lies anywhere in the file
-constexpr double kRowNearby = 4;      // in a small file
-constexpr double kRowByKey = 10;      // rows in the order of their keys lie nearer to one another
-constexpr double kQuestion = 6;       // asking another table
-constexpr std::int64_t kSmallFile = 30'000;
+constexpr double kTestedRow = 1.5;  // a row of another table, all of which are looked at
+constexpr std::int64_t kPieceRows = 4096;
 
 // Into which part of the work that it may save a trial may go.
 constexpr double kTrial = 8;
 // How much dearer a way must seem to be given up.
 constexpr double kClearly = 2;
+// More keys than these take too much memory.
+constexpr std::int64_t kMostKeys = 250'000;
 // So many rows found tell how many there are.
 constexpr std::int64_t kTelling = 6;
 
@@ -31,35 +30,48 @@ FirstLook::FirstLook(RowSource& source, KeyWalker* rows, KeyWalker* bounded, Dir
   for (const PlanDriver& driver : source.Plan().drivers) {
     // What bounds the order column bounds the walk.
     if (rows != nullptr && driver.field >= 0 && !order.empty() && order.front().field == driver.field) continue;
-    drivers_.push_back({.driver = &driver, .open = {}, .keys = {}});
+    if (driver.pieceKey.empty())
+      drivers_.push_back({.driver = &driver});
+    else
+      wide_.push_back(&driver);
   }
 }
 
-// Reads on in a driver's keys until there are so many, or no more.
-void FirstLook::Count(Counted& counted, std::size_t most) {
-  constexpr std::size_t kKeysBetweenPaints = 8192;
-  if (!counted.open) counted.open = std::make_unique<Query>(source_.Store(), std::string_view(counted.driver->keys));
-  while (!counted.whole && counted.keys.size() <= most) {
-    counted.whole = !counted.open->Step();
-    if (counted.whole || counted.open->IsNull(0)) continue;
-    counted.keys.push_back(counted.open->Int(0));
-    if (counted.keys.size() % kKeysBetweenPaints == 0) source_.Store().ServePainting();
-  }
-  if (counted.whole) counted.open.reset();
+// The larger a file, the less of it is at hand.
+FirstLook::Costs FirstLook::CostsFor(std::int64_t rows) {
+  if (rows <= 30'000) return {2.3, 2.3, 2};
+  if (rows <= 200'000) return {5, 4, 4};
+  if (rows <= 2'000'000) return {10, 8, 6};
+  return {15, 10, 8};
 }
 
-// All drivers are read equally far, and none beyond the end of another.
-void FirstLook::CountAll(std::size_t most) {
+// All drivers are counted equally far, and no more when the end of one is known.
+void FirstLook::CountAll(std::int64_t most) {
   for (Counted& counted : drivers_) {
-    const Counted* shortest = Shortest();
-    if (!counted.whole) Count(counted, shortest == nullptr ? most : std::min(most, shortest->keys.size()));
+    if (Shortest() != nullptr) return;
+    Query count(source_.Store(), std::string_view("SELECT count(*) FROM (" + counted.driver->keys + " LIMIT " + source_.OwnDialect().Parameter(1) + ") AS k"));
+    count.Bind(1, most + 1);
+    counted.keys = count.Step() ? count.Int(0) : 0;
+    counted.whole = counted.keys <= most;
   }
+}
+
+std::vector<std::int64_t> FirstLook::KeysOf(const PlanDriver& driver) {
+  constexpr std::size_t kKeysBetweenPaints = 4096;
+  std::vector<std::int64_t> keys;
+  Query query(source_.Store(), std::string_view(driver.keys));
+  while (query.Step()) {
+    if (query.IsNull(0)) continue;
+    keys.push_back(query.Int(0));
+    if (keys.size() % kKeysBetweenPaints == 0) source_.Store().ServePainting();
+  }
+  return keys;
 }
 
 FirstLook::Counted* FirstLook::Shortest() {
   Counted* best = nullptr;
   for (Counted& counted : drivers_)
-    if (counted.whole && (best == nullptr || counted.keys.size() < best->keys.size())) best = &counted;
+    if (counted.whole && (best == nullptr || counted.keys < best->keys)) best = &counted;
   return best;
 }
 
@@ -93,13 +105,12 @@ void FirstLook::WalkOn(std::int64_t rows) {
   source_.Store().ServePainting();
 }
 
-void FirstLook::TakeDriver(Counted& counted) {
+void FirstLook::TakeDriver(const PlanDriver& driver, std::vector<std::int64_t> keys) {
   constexpr std::size_t kFew = 64;
-  std::vector<std::int64_t>& keys = counted.keys;
   std::ranges::sort(keys);
   keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
   first_.way = FirstRows::Way::Drive;
-  first_.driven = {counted.driver, std::move(keys)};
+  first_.driven = {&driver, std::move(keys)};
   if (rows_ != nullptr && first_.driven.keys.size() <= kFew) ReadFew();
 }
 
@@ -148,33 +159,63 @@ bool FirstLook::Walks(double other) {
   }
 }
 
+// One look at all rows of another table, piece by piece, in place of a question for each row of this one.
+bool FirstLook::CollectWide(double scan) {
+  const Dialect& dialect = source_.OwnDialect();
+  for (const PlanDriver* driver : wide_) {
+    KeySpan span;
+    {
+      const auto end = [&](const char* function) {
+        return std::string("(SELECT ") + function + '(' + driver->pieceKey + ") FROM " + driver->pieceTable + ')';
+      };
+      Query ends(source_.Store(), std::string_view("SELECT " + end("min") + ", " + end("max")));
+      if (ends.Step() && !ends.IsNull(0)) span = {ends.Int(0), ends.Int(1)};
+    }
+    if (static_cast<double>(span.Width()) * kTestedRow > scan) continue;
+    SqlText text(driver->keys + driver->pieceKey + " > " + dialect.Parameter(1) + " AND " + driver->pieceKey + " <= " + dialect.Parameter(2));
+    std::vector<std::int64_t> keys;
+    for (std::int64_t from = span.first - 1; from < span.last && std::cmp_less_equal(keys.size(), kMostKeys); from += kPieceRows) {
+      Query piece(source_.Store(), text);
+      piece.Bind(1, from);
+      piece.Bind(2, from + kPieceRows);
+      while (piece.Step())
+        if (!piece.IsNull(0)) keys.push_back(piece.Int(0));
+      source_.Store().ServePainting();
+    }
+    if (std::cmp_greater(keys.size(), kMostKeys)) continue;
+    TakeDriver(*driver, std::move(keys));
+    return true;
+  }
+  return false;
+}
+
 FirstRows FirstLook::Run() {
-  constexpr std::size_t kFirstCount = 32;
-  constexpr std::size_t kFurther = 4;
+  constexpr std::int64_t kFirstCount = 32;
+  constexpr std::int64_t kFurther = 4;
   const SelectPlan& plan = source_.Plan();
-  const double questions = plan.asksByRow ? kQuestion : 0;
-  look_ = (span_ <= kSmallFile ? kRowNearby : kRowElsewhere) + questions;
+  const Costs costs = CostsFor(span_);
+  const double questions = plan.asksByRow ? costs.question : 0;
+  look_ = costs.elsewhere + questions;
   const double scan = static_cast<double>(span_) * (1 + questions * (plan.bounds.empty() && plan.asksByRow ? 1 : 0.2));
-  const auto mostUseful = static_cast<std::size_t>(scan / kRowByKey);
+  const std::int64_t mostUseful = std::min(kMostKeys, static_cast<std::int64_t>(scan / costs.byKey));
   Transaction oneState(source_.Store(), Transaction::Kind::Read);
   first_.version = source_.Version();
   first_.page = std::make_shared<RowPage>(source_.Fields().size() + (rows_ == nullptr ? 0 : rows_->Order().size()), 1);
-  for (std::size_t most = kFirstCount;; most = std::min(most * kFurther, mostUseful)) {
+  for (std::int64_t most = kFirstCount;; most = std::min(most * kFurther, mostUseful)) {
     CountAll(most);
-    Counted* shortest = Shortest();
+    const Counted* shortest = Shortest();
     // What isn't counted to its end is at least this much work.
-    const double driven = static_cast<double>(shortest != nullptr ? shortest->keys.size() : most) * kRowByKey;
+    const double driven = static_cast<double>(shortest != nullptr ? shortest->keys : most) * costs.byKey;
     if (rows_ != nullptr && Walks(drivers_.empty() ? scan : std::min(scan, driven))) break;
     if (shortest != nullptr && driven <= scan) {
-      TakeDriver(*shortest);
+      TakeDriver(*shortest->driver, KeysOf(*shortest->driver));
       break;
     }
     if (shortest != nullptr || drivers_.empty() || most >= mostUseful) {
-      first_.way = FirstRows::Way::Scan;
+      if (!CollectWide(scan)) first_.way = FirstRows::Way::Scan;
       break;
     }
   }
-  drivers_.clear();
   oneState.Commit();
   return std::move(first_);
 }

@@ -39,6 +39,8 @@ class FirstLook {
   /// `rows`: the plan's rows in the list's order; `bounded`: the table's rows in that order, without those that conditions on
   /// the order column alone leave out. No `rows`: the list's order has no index.
   FirstLook(RowSource& source, KeyWalker* rows, KeyWalker* bounded, Direction direction);
+  /// Leaves out drivers that must be looked for through the whole of their table.
+  void ByIndexesAlone() { wide_.clear(); }
 
   FirstRows Run();
 
@@ -46,18 +48,25 @@ class FirstLook {
   static constexpr std::int64_t kPage = 50;
 
  private:
-  /// A driver, read as far as it was of interest.
+  /// A driver, counted as far as it was of interest; more than `keys` when it isn't `whole`.
   struct Counted {
     const PlanDriver* driver = nullptr;
-    std::unique_ptr<Query> open;
-    std::vector<std::int64_t> keys;
+    std::int64_t keys = 0;
     bool whole = false;
   };
-  void Count(Counted& counted, std::size_t most);
-  void CountAll(std::size_t most);
+  /// What a row costs beside one that a look at the whole table passes.
+  struct Costs {
+    double elsewhere;  ///< in the list's order: it lies anywhere in the file
+    double byKey;      ///< in the order of the keys
+    double question;   ///< asking another table about it
+  };
+  static Costs CostsFor(std::int64_t rows);
+  void CountAll(std::int64_t most);
   Counted* Shortest();
   bool Walks(double other);
-  void TakeDriver(Counted& counted);
+  bool CollectWide(double scan);
+  std::vector<std::int64_t> KeysOf(const PlanDriver& driver);
+  void TakeDriver(const PlanDriver& driver, std::vector<std::int64_t> keys);
   void ReadFew();
   void WalkOn(std::int64_t rows);
   std::int64_t Hits() const { return static_cast<std::int64_t>(first_.page->Rows()); }
@@ -69,6 +78,7 @@ class FirstLook {
   Direction direction_;
   FirstRows first_;
   std::vector<Counted> drivers_;
+  std::vector<const PlanDriver*> wide_;  ///< drivers without an index
   std::optional<OrderPlace> reached_;
   std::int64_t looked_ = 0;
   std::int64_t span_ = 0;

@@ -39,6 +39,15 @@ IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape, FirstRo
   segmentsVersion_ = first.version;
 }
 
+std::shared_ptr<RowList> IndexedList::OpenAgain(const std::shared_ptr<RowSource>& source) {
+  if (!shape_.bounded || !pinned_.empty() || SegmentAtEnd(true) == nullptr || segmentsVersion_ != source->Version()) return nullptr;
+  auto again = std::make_shared<IndexedList>(source, shape_);
+  again->segments_ = segments_;
+  again->segmentsVersion_ = segmentsVersion_;
+  again->likelyRows_ = likelyRows_;
+  return again;
+}
+
 // ---- walking
 
 bool IndexedList::First(Place& place) {

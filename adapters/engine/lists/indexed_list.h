@@ -41,6 +41,7 @@ class IndexedList final : public RowList, public IndexedRows {
   Direction Forward() const noexcept { return forward_; }
   bool KeepsPlaces() const noexcept { return shape_.keepsPlaces; }
 
+  std::shared_ptr<RowList> OpenAgain(const std::shared_ptr<RowSource>& source) override;
   bool First(Place& place) override;
   bool Last(Place& place) override;
   bool Next(Place& place) override;

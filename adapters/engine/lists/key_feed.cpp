@@ -88,8 +88,13 @@ void SortedFeed::Begin() {
     return CollectAll("SELECT " + columns + " FROM " + plan.from + source_.OwnDialect().withoutIndex);
   }
   if (plan.asksOtherTables && !plan.asksByRow) return CollectAll("SELECT " + columns + " FROM " + plan.from + " WHERE " + plan.where);
-  if (driven_.driver == nullptr && !plan.drivers.empty())
-    driven_ = FirstLook(source_, nullptr, nullptr, descending_ ? Direction::Down : Direction::Up).Run().driven;
+  if (likelyRows_ > 0) entries_.reserve(static_cast<std::size_t>(likelyRows_) + static_cast<std::size_t>(likelyRows_) / 4);
+  if (driven_.driver == nullptr && !plan.drivers.empty()) {
+    FirstLook look(source_, nullptr, nullptr, descending_ ? Direction::Down : Direction::Up);
+    // In idle time the rows of this table are looked at piece by piece; another's would all be looked at in one go.
+    if (!known_.empty()) look.ByIndexesAlone();
+    driven_ = look.Run().driven;
+  }
   if (driven_.driver != nullptr)
     scan_ = std::make_unique<PiecewiseScan>(source_, columns, driven_.driver->rest, std::move(driven_.keys));
   else

@@ -21,6 +21,8 @@ class KeyFeed {
   virtual bool More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPage* rows) = 0;
   /// A cheap guess at the number of rows in all.
   virtual std::int64_t Estimate() = 0;
+  /// Whether all that remains is to put in order what is held.
+  virtual bool Collected() const { return false; }
   /// Time left over: a slice of preparation. False when there is nothing to prepare but More.
   virtual bool Prepare() { return false; }
 };
@@ -65,6 +67,7 @@ class SortedFeed final : public KeyFeed {
   }
   bool More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPage* rows) override;
   std::int64_t Estimate() override;
+  bool Collected() const override { return collected_; }
   bool Prepare() override;
 
  private:

@@ -28,15 +28,38 @@ KeysetList::KeysetList(std::shared_ptr<RowSource> source, OrderColumn order, boo
     : KeysetList(std::move(source), Walk{.order = {std::move(order)}, .index = {}, .descending = descending}, FirstRows{}) {}
 
 KeysetList::KeysetList(std::shared_ptr<RowSource> source, const Walk& walk, FirstRows first)
-    : RowList(std::move(source)), forward_(walk.descending ? Direction::Down : Direction::Up), search_(Source(), *this) {
+    : RowList(std::move(source)), walk_(walk), forward_(walk.descending ? Direction::Down : Direction::Up), search_(Source(), *this) {
   places_ = Source().Shape().Walker(Source().Store(), walk.order, walk.index);
-  auto others = std::make_unique<SortedFeed>(Source(), walk.order.empty() ? OrderColumn{} : walk.order.front(), walk.descending,
-                                             std::move(first.driven));
+  auto others = Others(std::move(first.driven));
   if (first.page && (first.way == FirstRows::Way::Walk || first.all)) {
     others->LeaveOut(first.page->keys, first.likelyRows);
     TakeFirst(first);
   }
   if (!complete_) feed_ = std::move(others);
+}
+
+std::unique_ptr<SortedFeed> KeysetList::Others(DrivenKeys driven) {
+  return std::make_unique<SortedFeed>(Source(), walk_.order.empty() ? OrderColumn{} : walk_.order.front(), walk_.descending, std::move(driven));
+}
+
+// The screens open a query's list twice, one time right behind the other.
+std::shared_ptr<RowList> KeysetList::OpenAgain(const std::shared_ptr<RowSource>& source) {
+  const bool asItWas = places_ && !mixed_ && ownRows_.empty() && missing_ == 0 && (complete_ || Size() > 0);
+  if (!asItWas || filledVersion_ != source->Version()) return nullptr;
+  // What has been looked for through the whole table isn't looked for again.
+  if (!complete_ && feed_->Collected()) FillAll();
+  auto again = std::make_shared<KeysetList>(source, walk_, FirstRows{});
+  again->keys_ = keys_;
+  again->state_ = state_;
+  again->complete_ = complete_;
+  again->filledVersion_ = again->blocksVersion_ = filledVersion_;
+  if (blocksVersion_ == filledVersion_) again->blocks_ = blocks_;
+  again->feed_.reset();
+  if (complete_) return again;
+  auto others = again->Others({});
+  others->LeaveOut(keys_, feed_->Estimate());
+  again->feed_ = std::move(others);
+  return again;
 }
 
 void KeysetList::TakeFirst(FirstRows& first) {

@@ -33,6 +33,7 @@ class KeysetList final : public RowList, public KeysetRows {
   /// The same, of which the first rows, or keys among which all of its keys are, have been found.
   KeysetList(std::shared_ptr<RowSource> source, const Walk& walk, FirstRows first);
 
+  std::shared_ptr<RowList> OpenAgain(const std::shared_ptr<RowSource>& source) override;
   bool First(Place& place) override;
   bool Last(Place& place) override;
   bool Next(Place& place) override;
@@ -85,6 +86,7 @@ class KeysetList final : public RowList, public KeysetRows {
   void NumberKeys();
   std::optional<std::int64_t> SearchOrdinal(std::int64_t rowKey);
   void TakeFirst(FirstRows& first);
+  std::unique_ptr<SortedFeed> Others(DrivenKeys driven);
   const Block* BlockWith(std::int64_t ordinal);
   const Block& ReadBlock(std::int64_t ordinal, bool forward);
   using RowSink = std::function<void(const Query& row)>;
@@ -98,6 +100,7 @@ class KeysetList final : public RowList, public KeysetRows {
   const std::vector<std::int64_t>& Shown();
   std::vector<std::int64_t> NumbersFrom(std::int64_t from, bool forward, int count);
 
+  Walk walk_;
   Direction forward_ = Direction::Up;
   std::shared_ptr<KeyWalker> walker_;  ///< of a list that is read along an index
   std::shared_ptr<KeyWalker> places_;  ///< of a list in one table's order: where its rows stand

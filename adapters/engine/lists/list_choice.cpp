@@ -120,9 +120,7 @@ std::shared_ptr<RowList> HeldKeys(const std::shared_ptr<RowSource>& source) {
   return std::make_shared<KeysetList>(source, OrderColumn{plan.order.front().sql, plan.order.front().type}, plan.order.front().descending);
 }
 
-}  // namespace
-
-std::shared_ptr<RowList> ChooseList(const std::shared_ptr<RowSource>& source) {
+std::shared_ptr<RowList> NewList(const std::shared_ptr<RowSource>& source) {
   const SelectPlan& plan = source->Plan();
   if (plan.distinct || plan.aggregate) return std::make_shared<StoredList>(source);
   if (!plan.oneTable) return std::make_shared<KeysetList>(source);
@@ -140,6 +138,17 @@ std::shared_ptr<RowList> ChooseList(const std::shared_ptr<RowSource>& source) {
     if (byIndex->behindOthers) return std::make_shared<KeysetList>(source, walk);
   }
   return std::make_shared<IndexedList>(source, IndexedList::Shape{byIndex->order, byIndex->descending, index, true});
+}
+
+}  // namespace
+
+std::shared_ptr<RowList> ChooseList(const std::shared_ptr<RowSource>& source) {
+  std::weak_ptr<RowList>& last = source->Shape().lastList;
+  std::shared_ptr<RowList> list;
+  if (const auto older = last.lock(); older && !source->Plan().where.empty()) list = older->OpenAgain(source);
+  if (!list) list = NewList(source);
+  last = list;
+  return list;
 }
 
 }  // namespace engine

@@ -23,6 +23,10 @@ class RowList {
 
   RowSource& Source() const noexcept { return *source_; }
 
+  /// A list of the same statement that is opened now: it begins with what this one has read, if nothing has been written since.
+  /// nullptr when it can't.
+  virtual std::shared_ptr<RowList> OpenAgain(const std::shared_ptr<RowSource>&) { return nullptr; }
+
   /// The first (last) row, the row behind (before) a place. False when there is none: the place is then as it was.
   virtual bool First(Place& place) = 0;
   virtual bool Last(Place& place) = 0;

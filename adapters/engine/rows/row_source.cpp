@@ -1,6 +1,7 @@
 #include "engine/rows/row_source.h"
 
 #include <algorithm>
+#include <span>
 
 #include "engine/errors.h"
 #include "engine/rows/key_walker.h"
@@ -43,11 +44,15 @@ RowShape::RowShape(SelectPlan given, const Dialect& dialect) : plan(std::move(gi
     byName_.emplace(column.name, static_cast<int>(fields.size()) - 1);
     columnList += (columnList.empty() ? "" : ", ") + column.sql;
   }
+  const auto addFile = [this](const std::shared_ptr<StoreFile>& file) {
+    if (std::ranges::find(files, file) == files.end()) files.push_back(file);
+  };
   for (const PlanTable& table : plan.tables) {
     keyList += (keyList.empty() ? "" : ", ") + table.alias + '.' + table.table->rowKey;
-    const auto& file = table.table->file;
-    if (std::ranges::find(files, file) == files.end()) files.push_back(file);
+    addFile(table.table->file);
   }
+  ownFiles = files.size();
+  for (const auto& file : plan.askedFiles) addFile(file);
   fetchText = "SELECT " + columnList + ", " + keyList + " FROM " + FromByKeys(dialect);
 }
 
@@ -167,7 +172,8 @@ bool RowSource::Test(const std::int64_t* keys, SqlText& test) {
 }
 
 bool RowSource::Writable() const {
-  return Plan().updatable && std::ranges::none_of(shape_->files, [](const auto& file) { return file->ReadOnly(); });
+  const auto own = std::span(shape_->files).first(shape_->ownFiles);
+  return Plan().updatable && std::ranges::none_of(own, [](const auto& file) { return file->ReadOnly(); });
 }
 
 void RowSource::RequireWritable() const {

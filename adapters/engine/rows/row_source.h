@@ -19,6 +19,7 @@
 namespace engine {
 
 class KeyWalker;
+class RowList;
 
 /// One column that orders a list.
 struct OrderColumn {
@@ -48,7 +49,10 @@ class RowShape {
   std::string columnList;                  ///< "t0.a, t0.b, ...": the columns of a row
   std::string keyList;                     ///< the row keys of its tables
   std::string fetchText;                   ///< the row with given keys
-  std::vector<std::shared_ptr<StoreFile>> files;
+  std::vector<std::shared_ptr<StoreFile>> files;  ///< of its tables, then of those that are only asked
+  std::size_t ownFiles = 0;                       ///< how many are of its tables
+  /// The list that was opened last, as long as somebody has it: the next one can begin with what it has read.
+  mutable std::weak_ptr<RowList> lastList;
 
   /// One row of a join: the driving table's by its key, the others' as the join ties them to it now, so that code and name
   /// always stand for the same thing. Tables that no unique field ties are found by their own keys, too.

@@ -31,6 +31,19 @@ std::optional<FieldBound> OfComparison(const sql::Binary& binary, Scope& scope) 
   return bound;
 }
 
+// One field equal to one of several values.
+std::optional<FieldBound> OfAlternatives(const sql::Chain& chain, Scope& scope) {
+  if (chain.op != sql::ChainOperator::Or) return std::nullopt;
+  std::optional<FieldBound> all;
+  for (const sql::Expression& operand : chain.operands) {
+    const std::optional<FieldBound> one = FieldBoundOf(operand, scope);
+    if (!one || !one->equals || (all && (all->table != one->table || all->field != one->field))) return std::nullopt;
+    all = one;
+  }
+  if (all) all->equals = false;
+  return all;
+}
+
 }  // namespace
 
 std::optional<platform::Value> ConstantOf(const sql::Expression& expression) {
@@ -53,6 +66,7 @@ std::optional<std::string> FixedStartOf(const sql::Like& like) {
 
 std::optional<FieldBound> FieldBoundOf(const sql::Expression& condition, Scope& scope) {
   if (const auto* binary = std::get_if<sql::Binary>(&condition.node)) return OfComparison(*binary, scope);
+  if (const auto* chain = std::get_if<sql::Chain>(&condition.node)) return OfAlternatives(*chain, scope);
   if (const auto* between = std::get_if<sql::Between>(&condition.node)) {
     if (between->negated || !ConstantOf(*between->low) || !ConstantOf(*between->high)) return std::nullopt;
     return OnField(*between->value, scope);

@@ -49,6 +49,9 @@ struct PlanDriver {
   std::string keys;  ///< a SELECT of row keys, Null and doubles among them: no row of the plan has another one
   std::string rest;  ///< what is left of `rowWhere` to ask of a row with such a key, "" for nothing
   int field = -1;    ///< whose index it is; -1 for another table
+  /// Where no index leads to the keys: the column by which the other table is read in pieces, and the table.
+  std::string pieceKey{};
+  std::string pieceTable{};
 };
 
 /// A condition of the plan's WHERE that holds one field of its one table to constants.
@@ -69,7 +72,6 @@ struct SelectPlan {
   bool asksByRow = false;
   std::vector<PlanDriver> drivers;  ///< of one table
   std::vector<PlanBound> bounds;    ///< of one table
-  bool boundsAreAll = false;        ///< WHERE consists of `bounds` alone
   std::vector<PlanColumn> columns;
   std::vector<PlanOrder> order;
   bool distinct = false;   ///< DISTINCT: distinct output values, read-only
@@ -78,6 +80,7 @@ struct SelectPlan {
   /// DISTINCTROW over tables that give no output: `tables` holds only those that give output, and `from`/`where` ask for
   /// the others by IN or EXISTS, so that each combination of output rows comes once.
   bool asksOtherTables = false;
+  std::vector<std::shared_ptr<StoreFile>> askedFiles;  ///< where the others lie
   bool updatable = true;
   /// Driving table for "no order: row key order", and for the exact strategy's ties: index into tables. In a join it is
   /// the "many" side (no other table is joined to it by a unique field of its own), whose row a Delete removes. Never one

@@ -74,11 +74,12 @@ void SelectPlanner::FillTables(TableSet kept) {
   plan_.distinct = select_.duplicates == sql::Duplicates::Distinct && !aggregate_;
   const auto& tables = Names().Tables();
   for (int i = 0; i < sources_.TableCount(); ++i) {
+    const StatementScope::Table& entry = tables[static_cast<std::size_t>(i)];
     if ((kept & TableBit(i)) == 0) {
       planTables_.push_back(-1);
+      plan_.askedFiles.push_back(entry.table->file);
       continue;
     }
-    const StatementScope::Table& entry = tables[static_cast<std::size_t>(i)];
     planTables_.push_back(static_cast<int>(plan_.tables.size()));
     plan_.tables.push_back({.table = entry.table,
                             .alias = 't' + std::to_string(plan_.tables.size()),
@@ -110,14 +111,10 @@ void SelectPlanner::FillFrom(TableSet kept) {
 void SelectPlanner::FillBounds(TableSet kept) {
   std::vector<const sql::Expression*> parts;
   SplitConjuncts(*select_.where, parts);
-  plan_.boundsAreAll = !plan_.asksOtherTables;
   const PlanTable& table = plan_.tables.front();
   for (const sql::Expression* part : parts) {
     const std::optional<FieldBound> bound = FieldBoundOf(*part, Names());
-    if (!bound || (kept & TableBit(bound->table)) == 0) {
-      plan_.boundsAreAll = false;
-      continue;
-    }
+    if (!bound || (kept & TableBit(bound->table)) == 0) continue;
     plan_.bounds.push_back({.field = bound->field, .equals = bound->equals, .sql = emitter_.Conjunct(*part)});
     const platform::TableDefinition& definition = table.table->definition;
     const auto index = std::ranges::find_if(definition.indexes, [&](const platform::IndexDefinition& each) {

@@ -141,7 +141,7 @@ class Builder {
   struct Question {
     std::optional<FieldEquality> tie;  // left: of a kept table
     std::vector<std::string> all;      // every condition that speaks of it
-    std::vector<std::string> own;      // those that speak of it alone
+    std::vector<std::pair<std::string, std::optional<FieldBound>>> own;  // those that speak of it alone
     std::vector<int> fixed;            // its fields that conditions hold to one value
     bool mixed = false;                // conditions beside the tie speak of other tables, too
   };
@@ -152,8 +152,8 @@ class Builder {
       if ((conjunct.tables & TableBit(table)) == 0) continue;
       question.all.push_back(emitter_.Conjunct(*conjunct.condition));
       if (conjunct.tables == TableBit(table)) {
-        question.own.push_back(question.all.back());
-        if (const auto bound = FieldBoundOf(*conjunct.condition, names_); bound && bound->equals) question.fixed.push_back(bound->field);
+        question.own.emplace_back(question.all.back(), FieldBoundOf(*conjunct.condition, names_));
+        if (const auto& bound = question.own.back().second; bound && bound->equals) question.fixed.push_back(bound->field);
         continue;
       }
       std::optional<FieldEquality> equality = FieldEqualityOf(*conjunct.condition, names_);
@@ -203,11 +203,11 @@ class Builder {
                                     ? ""
                                     : emitter_.GetForms().GetDialect().Along(names_.Tables()[static_cast<std::size_t>(table)].table->definition.name,
                                                                              IndexFor(*question.tie, question.fixed));
-      if (LeadsToKeys(*question.tie))
-        drivers.push_back({question.mixed ? kNowhere : conditions.size(),
-                           {.keys = "SELECT " + question.tie->right.sql + " FROM " + sources_.EmitTable(table) +
-                                    (question.own.empty() ? "" : " WHERE " + JoinedBy(question.own, " AND ")),
-                            .rest = {}}});
+      if (LeadsToKeys(*question.tie)) {
+        bool whole = true;
+        PlanDriver driver = DriverOf(table, question, whole);
+        drivers.emplace_back(whole && !question.mixed ? conditions.size() : kNowhere, std::move(driver));
+      }
       conditions.push_back("EXISTS (SELECT 1 FROM " + sources_.EmitTable(table) + along + " WHERE " + JoinedBy(question.all, " AND ") + ')');
     }
     result.rowWhere = JoinedBy(conditions, " AND ");
@@ -217,6 +217,46 @@ class Builder {
       driver.rest = JoinedBy(rest, " AND ");
       result.drivers.push_back(std::move(driver));
     }
+  }
+
+  // The keys to which an index of the table leads: by the conditions on its fields alone, so that each step through it gives a key.
+  // Without one, those of all its rows that fit. `whole`: no condition on the table is left out.
+  PlanDriver DriverOf(int table, const Question& question, bool& whole) {
+    const StatementScope::Table& entry = names_.Tables()[static_cast<std::size_t>(table)];
+    const platform::TableDefinition& definition = entry.table->definition;
+    const auto isBound = [&](const std::string& name) {
+      return std::ranges::any_of(question.own, [&](const auto& each) { return each.second && each.second->field == FieldPlace(definition, name); });
+    };
+    const platform::IndexDefinition* best = nullptr;
+    for (const platform::IndexDefinition& index : definition.indexes) {
+      const int first = FieldPlace(definition, index.fields.front());
+      if (!isBound(index.fields.front()) || definition.fields[static_cast<std::size_t>(first)].type == platform::FieldType::Counter) continue;
+      const auto holdsTie = [&](const platform::IndexDefinition& each) {
+        return std::ranges::any_of(each.fields, [&](const std::string& name) { return FieldPlace(definition, name) == question.tie->right.field; });
+      };
+      if (best == nullptr || (holdsTie(index) && !holdsTie(*best))) best = &index;
+    }
+    std::vector<std::string> conditions;
+    whole = true;
+    for (const auto& [condition, bound] : question.own) {
+      const bool byIndex = best != nullptr && bound && std::ranges::any_of(best->fields, [&, field = bound->field](const std::string& name) {
+                             return FieldPlace(definition, name) == field;
+                           });
+      if (best == nullptr || byIndex)
+        conditions.push_back(condition);
+      else
+        whole = false;
+    }
+    PlanDriver driver{.keys = "SELECT " + question.tie->right.sql + " FROM " + sources_.EmitTable(table), .rest = {}};
+    if (best != nullptr) driver.keys += emitter_.GetForms().GetDialect().Along(definition.name, best->name);
+    if (best == nullptr) {
+      driver.pieceKey = KeyOf(table);
+      driver.pieceTable = entry.table->storeName + " AS " + entry.alias;
+      driver.keys += " WHERE " + (conditions.empty() ? "" : JoinedBy(conditions, " AND ") + " AND ");
+    } else {
+      driver.keys += " WHERE " + JoinedBy(conditions, " AND ");
+    }
+    return driver;
   }
 
   // Whether the tie's other side names row keys of the one table that is kept.

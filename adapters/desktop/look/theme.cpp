@@ -105,8 +105,8 @@ QColor SheetColour(const QPalette& palette) {
 }
 
 QColor OnColour(const QPalette& palette) {
-  constexpr float kAccentShare = 0.10F;
-  return Mixed(palette.color(QPalette::Active, QPalette::Highlight), palette.color(QPalette::Active, QPalette::Window), kAccentShare);
+  const float accentShare = IsDark(palette) ? 0.2F : 0.1F;
+  return Mixed(palette.color(QPalette::Active, QPalette::Highlight), palette.color(QPalette::Active, QPalette::Window), accentShare);
 }
 
 QString WindowRules(const QPalette& palette) {

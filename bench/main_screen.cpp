@@ -13,7 +13,6 @@
 #include "platform/host/application.h"
 #include "session/CustSearch.h"
 #include "session/ModCustSch.h"
-#include "suite/accounts_lookup.h"
 #include "suite/company_schema.h"
 #include "suite/operating_system.h"
 
@@ -97,7 +96,6 @@ void AtMainScreen(const std::string& folder, const std::function<void(orcussch::
   parts.engine = engine::MakeEngine();
   parts.system = suite::MakeNativeSystem(folder);
   parts.errorLog = std::make_unique<ErrorsEndTheRun>();
-  parts.accounts = suite::MakeMissingAccountsLookup();
   parts.frontEnd = std::move(frontEnd);
   parts.path = folder;
   parts.title = "bench";

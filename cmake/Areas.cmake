@@ -1,9 +1,15 @@
-# orcussch_area(NAME [LINK targets...] SOURCES files...): a folder's static library with the project's settings. The
-# include roots are src/ and adapters/, so that an include names its area: "platform/values/value.h", "engine/translate/names/catalogue.h".
+# orcussch_area(NAME [LINK targets...] [PRIVATE_LINK targets...] SOURCES files...): a folder's static library with the project's
+# settings. An include names its area from the root of its side: "platform/values/value.h" below src/, and for an adapter also
+# "engine/translate/names/catalogue.h" below adapters/. What lies in src/ does not see the adapters.
 function(orcussch_area name)
   cmake_parse_arguments(AREA "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
   add_library(${name} STATIC ${AREA_SOURCES})
-  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/adapters)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  set(adapters ${PROJECT_SOURCE_DIR}/adapters)
+  cmake_path(IS_PREFIX adapters ${CMAKE_CURRENT_SOURCE_DIR} is_adapter)
+  if(is_adapter)
+    target_include_directories(${name} PUBLIC ${adapters})
+  endif()
   target_link_libraries(${name} PUBLIC ${AREA_LINK} PRIVATE $<BUILD_INTERFACE:orcussch_settings> ${AREA_PRIVATE_LINK})
   if(Qt6::Widgets IN_LIST AREA_LINK)
     orcussch_precompiled(${name} toolkit)

@@ -237,6 +237,8 @@ void Records::FillUpMapCodes(int codes) {
 std::int64_t Records::MapCodes() { return NumberOf(statements_->mapCodes); }
 
 Rows Records::OpenMapCodes(int count) {
+  Statement table(statements_->db, kMapCodes + " ORDER BY RecordID");
+  table.Step();
   Statement open(statements_->db, kMapCodes + " ORDER BY MapCode, RecordID LIMIT ?1");
   open.Bind(1, std::int64_t{count});
   return ReadAll(open, count);

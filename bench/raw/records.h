@@ -41,7 +41,7 @@ class Records {
   /// Adds invented map codes until the company has so many; none was ever deleted.
   void FillUpMapCodes(int codes);
   std::int64_t MapCodes();
-  /// The list's statement, prepared for this one run, and its first rows.
+  /// The list's statement and the table's, prepared for this one run; the list's first rows, the table on its first one.
   Rows OpenMapCodes(int count);
   /// One change with its commit, and the row read back.
   void SaveMapCode(std::int64_t key, const std::string& place);

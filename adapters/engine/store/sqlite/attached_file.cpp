@@ -48,7 +48,12 @@ std::string AttachedFile::StoredName(std::string_view table) {
 }
 
 platform::TableDefinition AttachedFile::ReadTable(const std::string& storedName) {
-  return engine::ReadTable(connection_, alias_, storedName);
+  // The version first: who changes the table while it is read makes this reading old, not the next one.
+  const std::int64_t version = SchemaVersion();
+  const auto found = known_.find(storedName);
+  if (found != known_.end() && found->second.schemaVersion == version && found->second.returns == returns_) return found->second.definition;
+  const KnownTable& known = known_[storedName] = {version, returns_, engine::ReadTable(connection_, alias_, storedName)};
+  return known.definition;
 }
 
 std::string AttachedFile::RowKeyOf(const platform::TableDefinition& table) const { return engine::RowKeyOf(table); }

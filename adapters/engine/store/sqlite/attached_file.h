@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -34,6 +35,7 @@ class AttachedFile final : public StoreFile {
 
   std::vector<std::string> TableNames() override;
   std::string StoredName(std::string_view table) override;
+  /// Read once for all databases that are open on the file, and again when somebody has changed its tables.
   platform::TableDefinition ReadTable(const std::string& storedName) override;
   std::string RowKeyOf(const platform::TableDefinition& table) const override;
   std::int64_t TakeNumber(const platform::TableDefinition& table) override;
@@ -43,6 +45,11 @@ class AttachedFile final : public StoreFile {
 
  private:
   friend class DataFiles;
+  struct KnownTable {
+    std::int64_t schemaVersion = 0;
+    std::int64_t returns = 0;
+    platform::TableDefinition definition;
+  };
   std::string Own(std::string_view name) const;
 
   Connection& connection_;
@@ -58,6 +65,7 @@ class AttachedFile final : public StoreFile {
   std::shared_ptr<std::uint64_t> uses_;  ///< of all files
   std::uint64_t lastUse_ = 0;
   SqlText dataVersion_;
+  std::map<std::string, KnownTable> known_;  ///< by the table's name
   std::function<void(const AttachedFile&)> onGone_;
 };
 

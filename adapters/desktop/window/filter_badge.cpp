@@ -22,7 +22,7 @@ void FilterBadge::Show(const QString& text) {
   if (text == text_) return;
   text_ = text;
   // Long questions are read in several lines; nothing of a user's text is taken for markup.
-  label_.setToolTip(text.isEmpty() ? QString() : Qt::convertFromPlainText(text));
+  label_.setToolTip(text.isEmpty() ? QString() : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal));
   label_.setAccessibleName(text);
   label_.ensurePolished();
   label_.setText(text);

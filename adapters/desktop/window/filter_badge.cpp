@@ -52,8 +52,11 @@ void FilterBadge::Fit() {
   if (text_.isEmpty()) return;
   const int room = std::max(Room(), label_.minimumWidth()) - around_;
   const QString shown = label_.fontMetrics().elidedText(text_, Qt::ElideRight, room);
-  // Each new text asks for the layout again, which comes back here.
-  if (shown != label_.text()) label_.setText(shown);
+  if (shown == label_.text()) return;
+  label_.setText(shown);
+  // At once: the neighbours have been laid out for the text of before.
+  const QWidget* strip = label_.parentWidget();
+  if (strip && strip->layout()) strip->layout()->activate();
 }
 
 bool FilterBadge::eventFilter(QObject* watched, QEvent* event) {

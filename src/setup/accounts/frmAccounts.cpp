@@ -22,18 +22,22 @@ struct ListColumn {
   const char* caption;
   const char* field;
   const char* source;
+  int width;  ///< in characters
 };
 
 constexpr ListColumn kColumns[] = {
-    {"Account No.", "Account", "GL.Account"},
-    {"Description", "AccountDescription", "Accounts.AccountDescription"},
-    {"Dept. No.", "DeptNumber", "GL.DeptNumber"},
-    {"Department", "DeptDescription", "Departments.DeptDescription"},
+    {"Account No.", "Account", "GL.Account", 17},
+    {"Description", "AccountDescription", "Accounts.AccountDescription", 38},
+    {"Dept. No.", "DeptNumber", "GL.DeptNumber", 13},
+    {"Department", "DeptDescription", "Departments.DeptDescription", 25},
 };
 
 std::vector<platform::GridColumn> Columns() {
   std::vector<platform::GridColumn> columns;
-  for (const ListColumn& each : kColumns) columns.push_back(column::Closed(column::Plain(each.caption, each.field)));
+  for (const ListColumn& each : kColumns) {
+    columns.push_back(column::Closed(column::Plain(each.caption, each.field)));
+    columns.back().width = each.width;
+  }
   return columns;
 }
 

@@ -15,6 +15,7 @@
 #include "session/CustSearch.h"
 #include "session/ModCustSch.h"
 #include "session/inspect.h"
+#include "setup/accounts/accounts_picker.h"
 
 namespace custsearch {
 namespace {
@@ -93,6 +94,7 @@ robot::Surroundings Around(const Options& options, const library::Places& places
     return main != nullptr && main->Loaded() ? std::optional<bool>(main->mToolbarReady) : std::nullopt;
   };
   around.dataPath = [](std::int32_t company, std::string_view file) { return orcussch::GetDataPath(company, std::string(file)); };
+  around.accounts = [](const platform::AccountsLookupInput& input) { return orcussch::MakeAccountsPicker()->Run(input); };
   around.tempPath = [&late](std::int32_t user) { return library::TemporaryFile(late.app->System(), user); };
   around.makeEngine = [&options, &late] { return library::MakeEngine(late.app->System(), options.threshold); };
   around.dropTable = [&late](const std::string& path, const std::string& table) {

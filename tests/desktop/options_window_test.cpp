@@ -55,11 +55,14 @@ TEST_F(OptionsWindow, TheTwoFieldsOfOneNameAreTwoLines) {
     if (combo.itemText(row) == "Max Paid This Year") ++named;
   EXPECT_EQ(named, 2);
   combo.hidePopup();
-  screen->cboQuery.BoundValue("209");
-  screen->cboQuery.Text("Max Paid This Year");
-  EXPECT_EQ(combo.currentIndex(), 22);
-  screen->cboQuery.BoundValue("207");
-  EXPECT_EQ(combo.currentIndex(), 20);
+  const auto choose = [&](const char* code) {
+    screen->cboQuery.BoundValue(code);
+    screen->cboQuery.Text("Max Paid This Year");
+    window->Changed(&screen->cboQuery, platform::Aspect::Text);
+    return combo.currentIndex();
+  };
+  EXPECT_EQ(choose("209"), 22);
+  EXPECT_EQ(choose("207"), 20);
 }
 
 }  // namespace

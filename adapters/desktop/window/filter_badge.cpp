@@ -22,7 +22,7 @@ void FilterBadge::Show(const QString& text) {
   if (text == text_) return;
   text_ = text;
   // Long questions are read in several lines; nothing of a user's text is taken for markup.
-  label_.setToolTip(text.isEmpty() ? QString() : Qt::convertFromPlainText(text));
+  label_.setToolTip(text.isEmpty() ? QString() : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal));
   label_.setAccessibleName(text);
   label_.ensurePolished();
   label_.setText(text);
@@ -52,8 +52,11 @@ void FilterBadge::Fit() {
   if (text_.isEmpty()) return;
   const int room = std::max(Room(), label_.minimumWidth()) - around_;
   const QString shown = label_.fontMetrics().elidedText(text_, Qt::ElideRight, room);
-  // Each new text asks for the layout again, which comes back here.
-  if (shown != label_.text()) label_.setText(shown);
+  if (shown == label_.text()) return;
+  label_.setText(shown);
+  // At once: the neighbours have been laid out for the text of before.
+  const QWidget* strip = label_.parentWidget();
+  if (strip && strip->layout()) strip->layout()->activate();
 }
 
 bool FilterBadge::eventFilter(QObject* watched, QEvent* event) {

@@ -37,12 +37,17 @@ void AnswerPrinter(Runner& run, const Arguments& words) {
 }
 
 void AnswerAccount(Runner& run, const Arguments& words) {
+  if (words.Count() == 2 && words.Is(1, "list")) {
+    if (!run.Accounts().list) throw ActionFailed("no list of accounts");
+    run.Accounts().answers.push_back(std::nullopt);
+    return;
+  }
   ChosenAccount answer;
   if (!(words.Count() == 2 && words.Is(1, "cancel"))) {
     if (words.Count() != 5) throw ActionFailed("no ACCT DEPT ACCTTEXT DEPTTEXT");
     answer = {true, words.Text(1), words.Text(2), words.Text(3), words.Text(4)};
   }
-  run.Accounts().answers.push_back(answer);
+  run.Accounts().answers.emplace_back(answer);
 }
 
 void AnswerReport(Runner& run, const Arguments& words) {

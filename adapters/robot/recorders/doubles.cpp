@@ -72,9 +72,9 @@ class ScriptedAccounts final : public platform::AccountsLookup {
       if (recorder_.onMissingAnswer) recorder_.onMissingAnswer("the accounts look-up with no answer");
       return {};
     }
-    platform::ChosenAccount answer = recorder_.answers.front();
+    const std::optional<platform::ChosenAccount> answer = recorder_.answers.front();
     recorder_.answers.pop_front();
-    return answer;
+    return answer ? *answer : recorder_.list(input);
   }
 
  private:

@@ -64,7 +64,10 @@ std::unique_ptr<platform::MapEngine> MakeRecordingMap(MapRecorder& recorder);
 
 /// The accounts look-up answers what the scenario queued.
 struct AccountsRecorder {
-  std::deque<platform::ChosenAccount> answers;
+  using List = std::function<platform::ChosenAccount(const platform::AccountsLookupInput&)>;
+  /// Nothing: the program's own list is shown, and the user chooses.
+  std::deque<std::optional<platform::ChosenAccount>> answers;
+  List list;
   std::optional<platform::AccountsLookupInput> lastInput;
   /// Called when nothing is queued; the run ends.
   std::function<void(const std::string& was)> onMissingAnswer;

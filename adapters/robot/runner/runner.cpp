@@ -18,6 +18,7 @@ Runner::Runner(Script script, const Vocabulary& vocabulary, Surroundings surroun
       others_(surroundings_),
       host_(surroundings_, journal_),
       stage_(*this) {
+  accounts_.list = surroundings_.accounts;
   accounts_.onMissingAnswer = [this](const std::string& was) { Missing("an answer account", was); };
 }
 

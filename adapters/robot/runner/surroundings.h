@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/data/data.h"
+#include "platform/services/accounts_lookup.h"
 #include "platform/values/value.h"
 
 namespace robot {
@@ -39,6 +40,8 @@ struct Surroundings {
   /// Where the program finds that file of a company; the temporary file of a user.
   std::function<std::string(std::int32_t company, std::string_view file)> dataPath;
   std::function<std::string(std::int32_t user)> tempPath;
+  /// The program's own list of accounts.
+  std::function<platform::ChosenAccount(const platform::AccountsLookupInput&)> accounts;
   /// Another program's look at the files.
   std::function<std::unique_ptr<platform::DataEngine>()> makeEngine;
   std::function<void(const std::string& path, const std::string& table)> dropTable;

@@ -22,18 +22,22 @@ struct ListColumn {
   const char* caption;
   const char* field;
   const char* source;
+  int width;  ///< in characters
 };
 
 constexpr ListColumn kColumns[] = {
-    {"Account No.", "Account", "GL.Account"},
-    {"Description", "AccountDescription", "Accounts.AccountDescription"},
-    {"Dept. No.", "DeptNumber", "GL.DeptNumber"},
-    {"Department", "DeptDescription", "Departments.DeptDescription"},
+    {"Account No.", "Account", "GL.Account", 17},
+    {"Description", "AccountDescription", "Accounts.AccountDescription", 38},
+    {"Dept. No.", "DeptNumber", "GL.DeptNumber", 13},
+    {"Department", "DeptDescription", "Departments.DeptDescription", 25},
 };
 
 std::vector<platform::GridColumn> Columns() {
   std::vector<platform::GridColumn> columns;
-  for (const ListColumn& each : kColumns) columns.push_back(column::Closed(column::Plain(each.caption, each.field)));
+  for (const ListColumn& each : kColumns) {
+    columns.push_back(column::Closed(column::Plain(each.caption, each.field)));
+    columns.back().width = each.width;
+  }
   return columns;
 }
 
@@ -53,7 +57,7 @@ frmAccounts::frmAccounts(platform::Application& application, AccountsAsked asked
       Toolbar1(*this, "Toolbar1", {{"tb_Select", "Select Current Account"}, {"tb_CancelRec", "Leave Without an Account"}}),
       lblYear(*this, "lblYear", (asked.type == "L" ? "Liability accounts of accounting year " : "Accounts of accounting year ") +
                                     std::to_string(asked.year)),
-      lblSearch(*this, "lblSearch", "Number or Description:"),
+      lblSearch(*this, "lblSearch", "Number or Description"),
       txtSearch(*this, "txtSearch"),
       lblFound(*this, "lblFound"),
       data(*this, "data"),
@@ -82,8 +86,8 @@ frmAccounts::frmAccounts(platform::Application& application, AccountsAsked asked
 /// there is a department, its row.
 std::string frmAccounts::Statement() const {
   std::string statement =
-      "SELECT GL.Account, GL.DeptNumber, Accounts.AccountDescription, Departments.DeptDescription FROM (GL INNER JOIN Accounts ON "
-      "GL.Account = Accounts.AccountNumber) LEFT JOIN Departments ON GL.DeptNumber = Departments.DeptNumber WHERE (GL.[Year] = " +
+      "SELECT GL.Account, GL.DeptNumber, Accounts.AccountDescription, Departments.DeptDescription FROM (GL LEFT JOIN Departments ON "
+      "GL.DeptNumber = Departments.DeptNumber) INNER JOIN Accounts ON GL.Account = Accounts.AccountNumber WHERE (GL.[Year] = " +
       std::to_string(mAsked.year) + ") And (GL.DeptNumber = '000' Or Departments.DeptNumber Is Not Null)";
   if (!mAsked.type.empty()) statement += " And (Accounts.AccountType = " + Quoted(mAsked.type) + ")";
   const std::string criterion = AccountCriterion(txtSearch.Text());

@@ -8,12 +8,12 @@ list(APPEND ORCUSSCH_SCENARIOS
   options/file-locked-while-saving
   options/first-save-adds-the-row
   options/first-save-fails
-  options/first-saves-of-two-programs
   options/from-every-tab-and-card
   options/null-fields
   options/phone-follows-at-once
   options/row-deleted-meanwhile
   options/row-of-two-programs
+  options/start-follows-the-options
   options/table-goes-meanwhile
   options/table-missing
   options/texts-of-the-screen

@@ -86,6 +86,7 @@ const std::vector<Clerk::Kind>& Clerk::AllKinds() {
       {"map code changed", &Clerk::ChangeMapCode},
       {"map code renamed in the list", &Clerk::RenameMapCodeInTheList},
       {"map code deleted", &Clerk::DeleteMapCode},
+      {"options saved", &Clerk::SaveOptions},
   };
   return kinds;
 }

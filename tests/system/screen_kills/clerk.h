@@ -44,7 +44,7 @@ struct Operation {
 /// changed or deleted, cell changed, box ticked | the row | | type, word added | the list's row; with the box the customer's row | | boxes
 /// ticked together, percentage applied | one for each row, in the list's order | | all departments added | all rows at once |
 ///
-/// On the setup screens an act is the row alone; a map code takes its number first.
+/// On the setup screens and with the user's options an act is the row alone; a map code takes its number first.
 ///
 /// A row is never there by some of its fields, and no other row changes.
 class Clerk {
@@ -132,6 +132,9 @@ class Clerk {
   std::optional<Operation> DeleteMapCode();
   std::string NextCode(const char* table);
   std::string ChooseFreeCode(const char* table, const char* field, const char* users, const char* used);
+
+  // clerk_options.cpp
+  std::optional<Operation> SaveOptions();
 
   // What all kinds use.
   using Rows = std::map<std::string, Row>;

@@ -12,11 +12,13 @@ template <class Screen>
 class ScreenRef {
  public:
   explicit constexpr ScreenRef(Application& (*application)()) noexcept : application_(application) {}
-  /// The screen, made and loaded if need be.
+  /// The screen, made and loaded if need be. One that goes while it loads is given all the same: it lives until no handler is on
+  /// the stack.
   Screen* operator->() {
     make();
-    screen_->App().Load(*screen_);
-    return screen_.get();
+    Screen* screen = screen_.get();
+    screen->App().Load(*screen);
+    return screen;
   }
   Screen& operator*() { return *operator->(); }
   /// The screen if there is one, loaded or not.

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -50,7 +51,9 @@ class QueryInterruptions : public SessionTest {
  protected:
   QueryInterruptions() {
     MakeCompany();
-    const auto add = [this](const char* table, const std::vector<std::string>& fields, const std::vector<std::vector<platform::Value>>& rows) {
+    std::filesystem::copy(folder / "orvTEMP/orvTemp1.zdb", folder / "orvTEMP/orvTemp2.zdb");
+    const auto add = [this](const char* table, const std::vector<std::string>& fields,
+                            const std::vector<std::vector<platform::Value>>& rows) {
       const auto writer = engine::OpenBulkWriter(folder / "data/orv1/customer.zdb", table, fields);
       for (const auto& row : rows) writer->Add(row);
       writer->Finish();
@@ -124,7 +127,8 @@ TEST_F(QueryInterruptions, AtEachYieldOfARun) {
     for (const Interruption& one : kInterruptions)
       for (int yield = 1; yield <= yields; ++yield) {
         Run(way, yield, one.act);
-        NothingStays(std::string(one.name) + " at yield " + std::to_string(yield) + (way == Way::First ? ", first" : ", from the main screen"));
+        NothingStays(std::string(one.name) + " at yield " + std::to_string(yield) +
+                     (way == Way::First ? ", first" : ", from the main screen"));
         // Each begins with all customers.
         orcussch::gQuerySQL.clear();
       }

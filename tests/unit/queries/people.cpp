@@ -49,8 +49,7 @@ Person MakePerson(std::int32_t account) {
   for (double& amount : p.amount) amount = chance.In(96) ? 60 + chance.Below(9940) + chance.Below(4) * 0.25 : -200 - chance.Below(50);
   for (std::optional<int>& day : p.day)
     if (chance.In(97)) day = chance.In(97) ? 35 + chance.Below(650) : chance.In(50) ? chance.Below(25) : 715 + chance.Below(16);
-  for (int i = chance.Below(3); i >= 0; --i)
-    p.phones.push_back({chance.In(90) ? "612" : "715", chance.In(90) ? "5551234" : "7770000"});
+  for (int i = chance.Below(3); i >= 0; --i) p.phones.push_back({chance.In(90) ? "612" : "715", chance.In(90) ? "5551234" : "7770000"});
   if (chance.In(85)) p.papers.push_back({"I", "INV?7", chance.In(80) ? 77 : 78});
   if (chance.In(50)) p.papers.push_back({"C", "INV?7", 77});
   if (chance.In(85)) p.papers.push_back({"P", "5005", 0});
@@ -173,9 +172,8 @@ bool Answers(const Person& p, const question::Levels& q) {
     if (!Compared(p.text[i], level, wanted) && !(i == 3 && Compared(p.addr2, level, wanted))) return false;
   }
   const int card = q[question::kCard];
-  const bool cards = card == 0 || std::any_of(p.cards.begin(), p.cards.end(), [&](const std::string& number) {
-                       return Compared(number, card, question::CardValue(card));
-                     });
+  const bool cards = card == 0 || std::any_of(p.cards.begin(), p.cards.end(),
+                                              [&](const std::string& number) { return Compared(number, card, question::CardValue(card)); });
   return cards && AnswersPhone(p, q) && AnswersPapers(p, q) && AnswersLists(p, q) && AnswersOptions(p, q) && AnswersRanges(p, q);
 }
 
@@ -238,10 +236,31 @@ void WritePeople(const std::vector<Person>& people, const std::string& customerF
     for (const Person& person : people) add(table, person);
   };
   each(customerFile, "Customers",
-       {"AcctNum",       "LastName",     "FirstName",    "Title",        "Addr1",      "City",        "State",
-        "Zip",           "Addr2",        "Status",       "NonBillable",  "TaxID",      "OmitFinanceCharge",
-        "CurrBalance",   "CurrFinanceCharge", "PaidThisMonth", "PaidThisYear", "PaidLastYear", "PaidToDate",
-        "EntryDate",     "LastTrans",    "LastOrdDate",  "LastStateDate", "LastPayDate", "ExemptExpireDate"},
+       {"AcctNum",
+        "LastName",
+        "FirstName",
+        "Title",
+        "Addr1",
+        "City",
+        "State",
+        "Zip",
+        "Addr2",
+        "Status",
+        "NonBillable",
+        "TaxID",
+        "OmitFinanceCharge",
+        "CurrBalance",
+        "CurrFinanceCharge",
+        "PaidThisMonth",
+        "PaidThisYear",
+        "PaidLastYear",
+        "PaidToDate",
+        "EntryDate",
+        "LastTrans",
+        "LastOrdDate",
+        "LastStateDate",
+        "LastPayDate",
+        "ExemptExpireDate"},
        [](const Table& table, const Person& p) { table.Add(CustomerRow(p)); });
   each(customerFile, "Phones", {"AcctNum", "Type", "Area", "Phone"}, [](const Table& table, const Person& p) {
     for (const Person::Phone& phone : p.phones) table.Add({p.account, "H", phone.area, phone.number});

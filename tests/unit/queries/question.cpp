@@ -6,8 +6,9 @@ namespace {
 
 /// By contains, exactly, starts with, ends with.
 constexpr const char* kValues[kTexts][4] = {
-    {"mit", "smith", "Sm", "TH"},          {"na L", "ANNA LEE", "An", "Lee"}, {"r", "mrs", "M", "s"},     {"O'N", "12 o'neil st", "12 ", "St"},
-    {"ulu", "DULUTH", "Du", "th"},         {"n", "mn", "M", "N"},             {"802", "55802-1234", "558", "1234"}, {"61", "612", "6", "2"},
+    {"mit", "smith", "Sm", "TH"},         {"na L", "ANNA LEE", "An", "Lee"}, {"r", "mrs", "M", "s"},
+    {"O'N", "12 o'neil st", "12 ", "St"}, {"ulu", "DULUTH", "Du", "th"},     {"n", "mn", "M", "N"},
+    {"802", "55802-1234", "558", "1234"}, {"61", "612", "6", "2"},
 };
 constexpr const char* kNumbers[4] = {"55", "5551234", "555", "34"};
 constexpr const char* kCards[4] = {"2222", "4111222233334444", "4111", "44"};
@@ -21,23 +22,23 @@ struct Amount {
   const char* tag;
 };
 constexpr Amount kAmountOf[12] = {
-    {"$50.00", "50", "Customers.CurrBalance>="},          {"9,500.25", "9500.25", "Customers.CurrBalance<="},
-    {"", "0", "Customers.CurrFinanceCharge>="},           {"9600", "9600", "Customers.CurrFinanceCharge<="},
-    {"(5)", "-5", "Customers.PaidThisMonth>="},           {"9700", "9700", "Customers.PaidThisMonth<="},
-    {".5", "0.5", "Customers.PaidThisYear>="},            {"9800.00", "9800", "Customers.PaidThisYear<="},
-    {"1", "1", "Customers.PaidLastYear>="},               {"9900.1234", "9900.1234", "Customers.PaidLastYear<="},
-    {"-100", "-100", "Customers.PaidToDate>="},           {"9850", "9850", "Customers.PaidToDate<="},
+    {"$50.00", "50", "Customers.CurrBalance>="}, {"9,500.25", "9500.25", "Customers.CurrBalance<="},
+    {"", "0", "Customers.CurrFinanceCharge>="},  {"9600", "9600", "Customers.CurrFinanceCharge<="},
+    {"(5)", "-5", "Customers.PaidThisMonth>="},  {"9700", "9700", "Customers.PaidThisMonth<="},
+    {".5", "0.5", "Customers.PaidThisYear>="},   {"9800.00", "9800", "Customers.PaidThisYear<="},
+    {"1", "1", "Customers.PaidLastYear>="},      {"9900.1234", "9900.1234", "Customers.PaidLastYear<="},
+    {"-100", "-100", "Customers.PaidToDate>="},  {"9850", "9850", "Customers.PaidToDate<="},
 };
 struct Day {
   const char* entered;
   const char* tag;
 };
 constexpr Day kDayOf[12] = {
-    {"1/20/2024", "Customers.EntryDate>=#"},     {"12/15/2025", "Customers.EntryDate<=#"},
-    {"01/25/2024", "Customers.LastTrans>=#"},    {"12/20/2025", "Customers.LastTrans<=#"},
-    {"2/1/24", "Customers.LastOrdDate>=#"},      {"12/25/25", "Customers.LastOrdDate<=#"},
-    {"1/10/2024", "Customers.LastStateDate>=#"}, {"12/31/2025", "Customers.LastStateDate<=#"},
-    {"1/1/2024", "Customers.LastPayDate>=#"},    {"11/30/2025", "Customers.LastPayDate<=#"},
+    {"1/20/2024", "Customers.EntryDate>=#"},        {"12/15/2025", "Customers.EntryDate<=#"},
+    {"01/25/2024", "Customers.LastTrans>=#"},       {"12/20/2025", "Customers.LastTrans<=#"},
+    {"2/1/24", "Customers.LastOrdDate>=#"},         {"12/25/25", "Customers.LastOrdDate<=#"},
+    {"1/10/2024", "Customers.LastStateDate>=#"},    {"12/31/2025", "Customers.LastStateDate<=#"},
+    {"1/1/2024", "Customers.LastPayDate>=#"},       {"11/30/2025", "Customers.LastPayDate<=#"},
     {"1/31/2024", "Customers.ExemptExpireDate>=#"}, {"12/1/2025", "Customers.ExemptExpireDate<=#"},
 };
 

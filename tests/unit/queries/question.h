@@ -8,19 +8,19 @@
 namespace question {
 
 /// Criteria by their place in a question.
-inline constexpr int kTexts = 8;         ///< 0 to 7: contains, exactly matches, starts with, ends with
-inline constexpr int kPhoneNumber = 8;   ///< beside the phone criterion: area alone, area and number, number alone
-inline constexpr int kStatus = 9;        ///< active, inactive, prospect
-inline constexpr int kInvoice = 10;      ///< standard, alternate
-inline constexpr int kCard = 11;         ///< as the texts
-inline constexpr int kKeyWords = 12;     ///< one row, two rows
-inline constexpr int kTypes = 13;        ///< one row, two rows
-inline constexpr int kBilling = 14;      ///< billable, non-billable
-inline constexpr int kCheck = 15;        ///< on
-inline constexpr int kTaxID = 16;        ///< on
-inline constexpr int kFinance = 17;      ///< calculate, omit
-inline constexpr int kAmounts = 18;      ///< 18 to 29: on
-inline constexpr int kDates = 30;        ///< 30 to 41: on
+inline constexpr int kTexts = 8;        ///< 0 to 7: contains, exactly matches, starts with, ends with
+inline constexpr int kPhoneNumber = 8;  ///< beside the phone criterion: area alone, area and number, number alone
+inline constexpr int kStatus = 9;       ///< active, inactive, prospect
+inline constexpr int kInvoice = 10;     ///< standard, alternate
+inline constexpr int kCard = 11;        ///< as the texts
+inline constexpr int kKeyWords = 12;    ///< one row, two rows
+inline constexpr int kTypes = 13;       ///< one row, two rows
+inline constexpr int kBilling = 14;     ///< billable, non-billable
+inline constexpr int kCheck = 15;       ///< on
+inline constexpr int kTaxID = 16;       ///< on
+inline constexpr int kFinance = 17;     ///< calculate, omit
+inline constexpr int kAmounts = 18;     ///< 18 to 29: on
+inline constexpr int kDates = 30;       ///< 30 to 41: on
 inline constexpr int kCriteria = 42;
 
 using Levels = std::vector<int>;

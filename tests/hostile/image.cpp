@@ -85,8 +85,8 @@ void AddCodes(const std::string& file) {
   Add(file, "PhoneTypes", {"Type", "TypeDescription"}, {{"7", "Free"}});
   Add(file, "CreditCardTypes", {"CreditCardType", "CreditCardName", "BankCharge"}, {{"7", "Free", 1.0}});
   Add(file, "Locations", {"MapCode", "Location"}, {{"A-1", "Town"}, {"F-7", "Free"}, {"U-1", "Used"}, {"Z-9", "Last"}});
-  Add(file, "TaxTypes", {"TaxType", "TypeDescription", "TypeCode"}, {{std::int32_t{1}, "Sales", "S"}});
-  Add(file, "TaxEntities", {"TaxEntity", "EntityDescription"}, {{std::int32_t{1}, "State"}});
+  Add(file, "TaxTypes", {"TaxType", "TypeDescription", "TypeCode"}, {{std::int32_t{1}, "Sales", "S"}, {std::int32_t{2}, "Free", "O"}});
+  Add(file, "TaxEntities", {"TaxEntity", "EntityDescription"}, {{std::int32_t{1}, "State"}, {std::int32_t{2}, "Free"}});
   Rows taxes;
   for (std::int32_t tax = 1; tax <= 5; ++tax) taxes.push_back({tax, "Tax " + std::to_string(tax), std::int32_t{1}, std::int32_t{1}});
   Add(file, "TaxGrid", {"TaxID", "Description", "TaxType", "TaxEntity"}, taxes);

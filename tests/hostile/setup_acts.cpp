@@ -7,12 +7,24 @@ namespace {
 
 void Heading(const Desk& desk) { desk.Head(desk.ListUp(), 1); }
 
+/// Of these controls the one that the user can reach.
+std::string Reached(const Desk& desk, std::initializer_list<const char*> names) {
+  for (const char* name : names)
+    if (desk.CanUse(name)) return name;
+  throw robot::Refused("nothing of the kind is to be seen");
+}
+
 /// The order that is not chosen.
-void Order(const Desk& desk) { desk.Click(desk.IsOn("optOrder(1)") ? "optOrder(0)" : "optOrder(1)"); }
+void Order(const Desk& desk) {
+  const std::string up = Reached(desk, {"optOrder(0)", "optOrder0(0)", "optOrder1(0)", "optOrder2(0)"});
+  const std::string down = up.substr(0, up.size() - 3) + "(1)";
+  desk.Click(desk.IsOn(down) ? up : down);
+}
 
 void Search(const Desk& desk) {
-  desk.Type("txtSearch", "F");
-  desk.Key("txtSearch", "Enter");
+  const std::string box = Reached(desk, {"txtSearch", "txtSearch(0)", "txtSearch(1)", "txtSearch(2)"});
+  desk.Type(box, "F");
+  desk.Key(box, "Enter");
 }
 
 void OtherRow(const Desk& desk) { desk.LastRow(desk.ListUp()); }
@@ -20,9 +32,7 @@ void Cell(const Desk& desk) { desk.Cell(desk.ListUp(), 1, "Renamed"); }
 
 /// Types into the card that is open.
 void TypeOn(const Desk& desk) {
-  for (const char* entry : {"txtPhone", "txtCreditCardName", "txtMapCode"})
-    if (desk.CanUse(entry)) return desk.Type(entry, "Typed late");
-  throw robot::Refused("no card is open");
+  desk.Type(Reached(desk, {"txtPhone", "txtCreditCardName", "txtMapCode", "txtTaxType", "txtTaxEntity", "txtDescription"}), "Typed late");
 }
 
 /// A second command, which the toolbar must not let in.

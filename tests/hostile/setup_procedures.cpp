@@ -14,14 +14,19 @@ void AddScreen(Procedures& all, const SetupScreenAtWork& setup) {
   const auto add = [&](const char* name, Step situation, Step run, bool writes = false) {
     Procedure procedure;
     procedure.name = setup.name + "/" + name;
-    procedure.situation = std::move(situation);
+    procedure.situation = [&setup, situation = std::move(situation)](const Desk& desk) {
+      if (setup.tab > 0) desk.Tab(setup.tab);
+      situation(desk);
+    };
     procedure.run = std::move(run);
     procedure.setup = &setup;
     procedure.writesSetup = writes;
     all.push_back(std::move(procedure));
   };
   const auto nothing = [](const Desk&) {};
-  const auto standOn = [&setup](const std::string& row) { return [&setup, row](const Desk& desk) { desk.Row(setup.list, setup.key, row); }; };
+  const auto standOn = [&setup](const std::string& row) {
+    return [&setup, row](const Desk& desk) { desk.Row(setup.list, setup.key, row); };
+  };
   const auto fill = [&setup](const char* open) {
     return [&setup, open](const Desk& desk) {
       desk.Click(open);
@@ -45,10 +50,12 @@ void AddScreen(Procedures& all, const SetupScreenAtWork& setup) {
   add("cancel-edited", fill("tb_EditRec"), Click("tb_CancelRec"));
   add("delete", standOn(setup.freeRow), Click("tb_DeleteRec"), true);
   add("delete-refused", standOn(setup.usedRow), Click("tb_DeleteRec"), true);
-  add("order", nothing, Click("optOrder(1)"));
+  add("order", nothing, [&setup](const Desk& desk) { desk.Click(setup.order); });
   add("refresh", nothing, Click("tb_Refresh"));
-  add("search", [](const Desk& desk) { desk.Type("txtSearch", "F"); }, Click("tb_Search"));
+  add(
+      "search", [&setup](const Desk& desk) { desk.Type(setup.search, "F"); }, Click("tb_Search"));
   add("exit", nothing, Click("cmdClose"));
+  if (setup.tab == 2) add("queries", nothing, Click("tb_Queries"));
   if (setup.name == "map-lookup") add("select", nothing, Click("tb_Select"));
 }
 

@@ -12,7 +12,13 @@ void LookUp(const Desk& desk) {
   desk.Click("cmdMapCode");
 }
 
-bool Usable(const platform::Form& screen, const std::string& name) { return screen.Find(name)->OpenToUser(); }
+/// By its name, or "txtSearch(0)".
+const platform::Control& Named(const platform::Form& screen, const std::string& name) {
+  const std::size_t at = name.find('(');
+  return at == std::string::npos ? *screen.Find(name) : *screen.Find(name.substr(0, at), std::stoi(name.substr(at + 1)));
+}
+
+bool Usable(const platform::Form& screen, const std::string& name) { return Named(screen, name).OpenToUser(); }
 
 std::string KeyOf(const std::string& row) { return row.substr(0, row.find('|') + 1); }
 
@@ -26,7 +32,8 @@ bool WasAskedAbout(const std::string& row, const std::vector<std::string>& asked
   std::istringstream fields(row);
   for (std::string field; std::getline(fields, field, '|');)
     for (const std::string& question : asked)
-      if (question.find("'" + field + "'") != std::string::npos) return true;
+      for (const std::string& named : {"'" + field + "'", ": " + field + "?"})
+        if (question.find(named) != std::string::npos) return true;
   return false;
 }
 
@@ -70,6 +77,42 @@ const std::vector<SetupScreenAtWork>& SetupScreens() {
        .freeRow = "F-7",
        .usedRow = "U-1",
        .entries = {{"txtMapCode", "N-9"}, {"txtLocation", "Newtown"}}},
+      {.name = "tax-types",
+       .form = "frmTaxSetup",
+       .open = [](const Desk& desk) { desk.Click("tb_TaxSetup"); },
+       .list = "grid(0)",
+       .table = "TaxTypes",
+       .key = "TaxType",
+       .freeRow = "2",
+       .usedRow = "1",
+       .entries = {{"txtTaxType", "Fee"}},
+       .search = "txtSearch(0)",
+       .order = "optOrder0(1)",
+       .tab = 0},
+      {.name = "tax-entities",
+       .form = "frmTaxSetup",
+       .open = [](const Desk& desk) { desk.Click("tb_TaxSetup"); },
+       .list = "grid(1)",
+       .table = "TaxEntities",
+       .key = "TaxEntity",
+       .freeRow = "2",
+       .usedRow = "1",
+       .entries = {{"txtTaxEntity", "Duluth"}},
+       .search = "txtSearch(1)",
+       .order = "optOrder1(1)",
+       .tab = 1},
+      {.name = "tax-rates",
+       .form = "frmTaxSetup",
+       .open = [](const Desk& desk) { desk.Click("tb_TaxSetup"); },
+       .list = "grid(2)",
+       .table = "TaxGrid",
+       .key = "TaxID",
+       .freeRow = "5",
+       .usedRow = "1",
+       .entries = {{"txtDescription", "City"}, {"cboTypes", "Free"}, {"cboEntities", "Free"}},
+       .search = "txtSearch(2)",
+       .order = "optOrder2(1)",
+       .tab = 2},
   };
   return screens;
 }
@@ -81,9 +124,10 @@ std::vector<std::string> Mismatches(const SetupScreenAtWork& setup, const platfo
     if (!holds) faults.push_back(screen.Name() + (card ? " on a card: " : " in the list: ") + what);
   };
   demand(screen.Find("Toolbar1")->Enabled(), "the toolbar stays shut");
-  demand(screen.Find(setup.list)->EffectivelyVisible() != card, "list and card together");
+  demand(Named(screen, setup.list).EffectivelyVisible() != card, "list and card together");
   for (const char* name : {"tb_SaveRec", "tb_CancelRec"}) demand(Usable(screen, name) == card, name);
-  for (const char* name : {"tb_AddRec", "txtSearch", "cmdClose"}) demand(Usable(screen, name) != card, name);
+  for (const std::string& name : {std::string("tb_AddRec"), setup.search, std::string("cmdClose")})
+    demand(Usable(screen, name) != card, name);
   return faults;
 }
 

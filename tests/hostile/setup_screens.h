@@ -20,9 +20,11 @@ struct SetupScreenAtWork {
   void (*open)(const Desk& desk);  ///< the main screen is up
   std::string list;                ///< its grid
   std::string table;
-  std::string key;                 ///< field by which a row is found
-  std::string freeRow, usedRow;    ///< keys of a row that can be deleted and of one that can't
+  std::string key;                                           ///< field by which a row is found
+  std::string freeRow, usedRow;                              ///< keys of a row that can be deleted and of one that can't
   std::vector<std::pair<std::string, std::string>> entries;  ///< of its card, the needed one first, and what is typed into them
+  std::string search = "txtSearch", order = "optOrder(1)";
+  int tab = -1;  ///< on which its list stands; -1: the screen has no tabs
 };
 
 const std::vector<SetupScreenAtWork>& SetupScreens();

@@ -17,6 +17,8 @@ constexpr std::int64_t kPieceRows = 4096;
 constexpr double kTrial = 8;
 // How much dearer a way must seem to be given up.
 constexpr double kClearly = 2;
+// How much dearer when it was guessed from little.
+constexpr double kSafely = 4;
 // More keys than these take too much memory.
 constexpr std::int64_t kMostKeys = 250'000;
 // So many rows found tell how many there are.
@@ -39,10 +41,10 @@ FirstLook::FirstLook(RowSource& source, KeyWalker* rows, KeyWalker* bounded, Dir
 
 // The larger a file, the less of it is at hand.
 FirstLook::Costs FirstLook::CostsFor(std::int64_t rows) {
-  if (rows <= 30'000) return {2.3, 2.3, 2};
-  if (rows <= 200'000) return {5, 4, 4};
-  if (rows <= 2'000'000) return {10, 8, 6};
-  return {15, 10, 8};
+  if (rows <= 30'000) return {2.3, 2.3, 2, 0.8};
+  if (rows <= 200'000) return {5, 4, 4, 0.8};
+  if (rows <= 2'000'000) return {10, 8, 6, 0.8};
+  return {15, 10, 8, 0.8};
 }
 
 // All drivers are counted equally far, and no more when the end of one is known.
@@ -142,14 +144,18 @@ void FirstLook::ReadFew() {
   first_.likelyRows = Hits();
 }
 
-// Walks on as long as that promises to be less work than `other`; true when the first rows are found.
-bool FirstLook::Walks(double other) {
+// Walks on as long as that promises to be less work than `other`, and at first for as much work as `trial`; true when the first rows
+// are found. `open`: the work of the other ways isn't known yet, only that it is no less than `other`.
+bool FirstLook::Walks(double other, double trial, bool open) {
   for (;;) {
-    const double left = std::max(0.0, RowsToLookAt() - static_cast<double>(looked_));
-    const bool telling = Hits() >= kTelling;
-    const double trial = other / kTrial / look_ - static_cast<double>(looked_);
-    if (telling ? left * look_ > other : trial < 8 || RowsToLookAt() * look_ > kClearly * other) return false;
-    const double rows = telling ? left * 1.1 + 8 : std::min(trial, looked_ == 0 ? 32.0 : 3.0 * static_cast<double>(looked_));
+    const double left = std::max(0.0, RowsToLookAt() - static_cast<double>(looked_)) * look_;
+    // The list has about so many rows, and no driver has fewer.
+    const double driven = open && looked_ > 0 ? static_cast<double>(Hits()) / static_cast<double>(looked_) * static_cast<double>(span_) * byKey_ : 0;
+    const double least = std::max(other, std::min(scan_, driven));
+    const bool telling = Hits() >= kTelling || (Hits() >= kTelling / 2 && left * kSafely < least);
+    const double rest = trial / look_ - static_cast<double>(looked_);
+    if (telling ? left > least : rest < 8 || RowsToLookAt() * look_ > kClearly * least) return false;
+    const double rows = telling ? left / look_ * 1.1 + 8 : std::min(rest, looked_ == 0 ? 32.0 : 3.0 * static_cast<double>(looked_));
     WalkOn(static_cast<std::int64_t>(std::clamp(rows, 8.0, 1024.0)));
     if (Hits() < kPage && !first_.all) continue;
     first_.way = FirstRows::Way::Walk;
@@ -160,7 +166,7 @@ bool FirstLook::Walks(double other) {
 }
 
 // One look at all rows of another table, piece by piece, in place of a question for each row of this one.
-bool FirstLook::CollectWide(double scan) {
+bool FirstLook::CollectWide() {
   const Dialect& dialect = source_.OwnDialect();
   for (const PlanDriver* driver : wide_) {
     KeySpan span;
@@ -171,7 +177,7 @@ bool FirstLook::CollectWide(double scan) {
       Query ends(source_.Store(), std::string_view("SELECT " + end("min") + ", " + end("max")));
       if (ends.Step() && !ends.IsNull(0)) span = {ends.Int(0), ends.Int(1)};
     }
-    if (static_cast<double>(span.Width()) * kTestedRow > scan) continue;
+    if (static_cast<double>(span.Width()) * kTestedRow > scan_) continue;
     SqlText text(driver->keys + driver->pieceKey + " > " + dialect.Parameter(1) + " AND " + driver->pieceKey + " <= " + dialect.Parameter(2));
     std::vector<std::int64_t> keys;
     for (std::int64_t from = span.first - 1; from < span.last && std::cmp_less_equal(keys.size(), kMostKeys); from += kPieceRows) {
@@ -196,23 +202,28 @@ FirstRows FirstLook::Run() {
   const Costs costs = CostsFor(span_);
   const double questions = plan.asksByRow ? costs.question : 0;
   look_ = costs.elsewhere + questions;
-  const double scan = static_cast<double>(span_) * (1 + questions * (plan.bounds.empty() && plan.asksByRow ? 1 : 0.2));
-  const std::int64_t mostUseful = std::min(kMostKeys, static_cast<std::int64_t>(scan / costs.byKey));
+  byKey_ = costs.byKey;
+  scan_ = static_cast<double>(span_) * (1 + questions * (plan.bounds.empty() && plan.asksByRow ? 1 : 0.2));
+  const std::int64_t mostUseful = std::min(kMostKeys, static_cast<std::int64_t>(scan_ / byKey_));
   Transaction oneState(source_.Store(), Transaction::Kind::Read);
   first_.version = source_.Version();
   first_.page = std::make_shared<RowPage>(source_.Fields().size() + (rows_ == nullptr ? 0 : rows_->Order().size()), 1);
   for (std::int64_t most = kFirstCount;; most = std::min(most * kFurther, mostUseful)) {
     CountAll(most);
     const Counted* shortest = Shortest();
+    const bool open = shortest == nullptr && !drivers_.empty() && most < mostUseful;
     // What isn't counted to its end is at least this much work.
-    const double driven = static_cast<double>(shortest != nullptr ? shortest->keys : most) * costs.byKey;
-    if (rows_ != nullptr && Walks(drivers_.empty() ? scan : std::min(scan, driven))) break;
-    if (shortest != nullptr && driven <= scan) {
+    const double driven = static_cast<double>(shortest != nullptr ? shortest->keys : most) * byKey_;
+    const double other = drivers_.empty() ? scan_ : std::min(scan_, driven);
+    // Half as much as counting on would take is tried first.
+    const double trial = std::max(other / kTrial, open ? static_cast<double>(most * kFurther) * costs.counted / 2 : 0);
+    if (rows_ != nullptr && Walks(other, trial, open)) break;
+    if (shortest != nullptr && driven <= scan_) {
       TakeDriver(*shortest->driver, KeysOf(*shortest->driver));
       break;
     }
     if (shortest != nullptr || drivers_.empty() || most >= mostUseful) {
-      if (!CollectWide(scan)) first_.way = FirstRows::Way::Scan;
+      if (!CollectWide()) first_.way = FirstRows::Way::Scan;
       break;
     }
   }

@@ -59,12 +59,13 @@ class FirstLook {
     double elsewhere;  ///< in the list's order: it lies anywhere in the file
     double byKey;      ///< in the order of the keys
     double question;   ///< asking another table about it
+    double counted;    ///< a key of a driver, when it is counted
   };
   static Costs CostsFor(std::int64_t rows);
   void CountAll(std::int64_t most);
   Counted* Shortest();
-  bool Walks(double other);
-  bool CollectWide(double scan);
+  bool Walks(double other, double trial, bool open);
+  bool CollectWide();
   std::vector<std::int64_t> KeysOf(const PlanDriver& driver);
   void TakeDriver(const PlanDriver& driver, std::vector<std::int64_t> keys);
   void ReadFew();
@@ -82,7 +83,9 @@ class FirstLook {
   std::optional<OrderPlace> reached_;
   std::int64_t looked_ = 0;
   std::int64_t span_ = 0;
-  double look_ = 0;  ///< what looking at one more row in the list's order costs
+  double look_ = 0;   ///< what looking at one more row in the list's order costs
+  double byKey_ = 0;  ///< at one with a driver's key
+  double scan_ = 0;   ///< at all
 };
 
 }  // namespace engine

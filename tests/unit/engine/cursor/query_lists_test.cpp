@@ -92,7 +92,7 @@ class QueryLists : public EngineFolderTest, public testing::WithParamInterface<s
       for (int i = below(4); i > 0; --i) sales_.push_back({account, i == 2 ? "P" : "I", std::to_string(1000 + below(i == 3 ? 3 : 4'000))});
     }
     phones_.push_back({kCustomers + 5, "612"});
-    phones_.push_back({0, "701"});
+    phones_.insert(phones_.begin(), {0, "701"});
     sales_.push_back({kCustomers + 6, "I", "1000"});
   }
 
@@ -140,9 +140,10 @@ class QueryLists : public EngineFolderTest, public testing::WithParamInterface<s
       for (const Part& part : parts)
         if (part.table == table) of.push_back(&part);
       if (of.empty()) return true;
-      return std::ranges::any_of(rows, [&](const auto& row) {
-        return row.account == one.account && std::ranges::all_of(of, [&](const Part* part) { return ((*part).*member)(row); });
-      });
+      auto row = std::ranges::partition_point(rows, [&](const auto& each) { return each.account < one.account; });
+      for (; row != rows.end() && row->account == one.account; ++row)
+        if (std::ranges::all_of(of, [&](const Part* part) { return ((*part).*member)(*row); })) return true;
+      return false;
     };
     for (const Part& part : parts)
       if (part.table.empty() && !part.own(one)) return false;
@@ -279,14 +280,14 @@ TEST_P(QueryLists, EachConditionAlone) {
 
 TEST_P(QueryLists, ConditionsTogether) {
   const std::vector<Part> parts = Parts();
-  for (int round = 0; round < 40; ++round) {
+  for (int round = 0; round < 20; ++round) {
     std::set<std::size_t> chosen;
     while (chosen.size() < 2 + random_() % 3) chosen.insert(random_() % parts.size());
     std::vector<Part> together;
     for (const std::size_t i : chosen) together.push_back(parts[i]);
     Check(together, random_() % 3 == 0);
   }
-  EXPECT_GT(nonEmpty_, 15);
+  EXPECT_GT(nonEmpty_, 8);
 }
 
 TEST_P(QueryLists, TwoConditionsOnOneTableMustHoldOnOneRow) {

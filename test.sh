@@ -14,7 +14,7 @@ mode=${1:-all}
 fuzz_seconds=${FUZZ_SECONDS:-30}
 # What runs under address and undefined-behaviour sanitizers too: every unit program that needs no window.
 SANITIZED="platform_values_test platform_controls_test platform_keys_test engine_text_test engine_sql_test engine_sql_corpus_test
-engine_store_test engine_cursor_test engine_memory_store_test suite_test session_test records_test maintenance_test robot_test custsearch_test library_test
+engine_store_test engine_cursor_test engine_memory_store_test suite_test session_test records_test maintenance_test setup_test queries_test robot_test custsearch_test library_test
 hostile_yields"
 FUZZERS="fuzz_like fuzz_convert fuzz_sql"
 failed=""

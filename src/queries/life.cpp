@@ -46,7 +46,10 @@ void frmCustQueries::StartOnUsersCriterion() {
   mFocusWanted = true;
   chkSelectAll.Value(0);
   const int QueryTab = UsersChoice("QueryTab");
-  if (QueryTab < 0 || QueryTab >= kTabs) return;  // the first tab, with nothing chosen
+  if (QueryTab < 0 || QueryTab >= kTabs) {  // the first tab, with nothing chosen and no entry that waits
+    mFocusWanted = false;
+    return;
+  }
   SSTab1.Tab(QueryTab);
   const int QueryField = UsersChoice("QueryField");
   switch (QueryTab) {

@@ -12,7 +12,7 @@ class QueryBuilder {
  public:
   explicit QueryBuilder(frmCustQueries& screen) : s(screen) {}
 
-  /// Writes the statement, without an order, step by step: after an error (raised) it stands as far as it got.
+  /// Writes the statement, without an order, step by step; it raises what stops it half-way.
   void Build(std::string& SQL);
   /// What the conditions ask, in words for the user: "last name starts with Smi, status Active".
   const std::string& Words() const noexcept { return mWords; }

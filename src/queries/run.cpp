@@ -15,6 +15,26 @@ void EntitleList(const std::string& Which) {
   screens::frmCustMain->grid[tab::Customers].Caption(Which + " " + Kind + "Customers");
 }
 
+/// The query of before, which comes back unless it was replaced: a statement that stops half-way would list customers that nobody
+/// asked for.
+class QueryInForce {
+ public:
+  QueryInForce() : mSQL(gQuerySQL) {}
+  ~QueryInForce() {
+    if (!mReplaced) gQuerySQL.swap(mSQL);
+  }
+  QueryInForce(const QueryInForce&) = delete;
+  QueryInForce& operator=(const QueryInForce&) = delete;
+  void Replace(const std::string& words) {
+    gQueryText = words;
+    mReplaced = true;
+  }
+
+ private:
+  std::string mSQL;
+  bool mReplaced = false;
+};
+
 }  // namespace
 
 void frmCustQueries::Toolbar1_ButtonClick(const std::string& Key) {
@@ -47,11 +67,11 @@ void frmCustQueries::BuildSQL() {
       EntitleList("All");
       return;
     }
-    gQueryText.clear();
+    QueryInForce query;
     QueryBuilder builder(*this);
     builder.Build(gQuerySQL);
-    gQueryText = builder.Words();
     if (!Loaded()) return;
+    query.Replace(builder.Words());
     EntitleList("Queried");
     App().DoEvents();
   });

@@ -10,7 +10,7 @@ constexpr int kCandidates = 12;
 
 class Pairs {
  public:
-  explicit Pairs(const std::vector<int>& levels) : levels_(levels), first_(levels.size()) {
+  explicit Pairs(const std::vector<int>& levels) : first_(levels.size()) {
     int all = 0;
     for (std::size_t factor = 0; factor < levels.size(); ++factor) {
       first_[factor] = all;
@@ -42,7 +42,6 @@ class Pairs {
     left_ += open ? 1 : -1;
   }
 
-  const std::vector<int>& levels_;
   std::vector<int> first_;
   std::size_t size_ = 0;
   std::vector<bool> open_;

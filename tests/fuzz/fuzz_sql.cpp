@@ -8,11 +8,11 @@
 #include <string_view>
 
 #include "engine/errors.h"
+#include "engine/functions/store_functions.h"
 #include "engine/sql/parser.h"
 #include "engine/sql/print.h"
 #include "engine/store/sqlite/dialect.h"
 #include "engine/text/text_order.h"
-#include "engine/translate/functions/store_functions.h"
 #include "engine/translate/plan/planning.h"
 #include "engine/translate/plan/select_planner.h"
 #include "platform/values/text.h"

@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "engine/functions/store_functions.h"
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/dialect.h"
 #include "engine/text/like.h"
 #include "engine/text/text_order.h"
-#include "engine/translate/functions/store_functions.h"
 
 namespace engine {
 namespace {

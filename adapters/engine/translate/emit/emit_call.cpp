@@ -1,7 +1,7 @@
 #include "engine/errors.h"
+#include "engine/functions/functions.h"
 #include "engine/sql/print.h"
 #include "engine/translate/emit/emitter.h"
-#include "engine/translate/functions/functions.h"
 #include "platform/values/text.h"
 
 namespace engine {

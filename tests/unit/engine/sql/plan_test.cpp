@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "engine/translate/functions/store_functions.h"
+#include "engine/functions/store_functions.h"
 #include "engine/translate/plan/planning.h"
 #include "platform/values/calendar.h"
 #include "unit/engine/sql/fake_catalogue.h"

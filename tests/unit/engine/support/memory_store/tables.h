@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "engine/functions/store_functions.h"
 #include "engine/store/store.h"
-#include "engine/translate/functions/store_functions.h"
 #include "platform/values/text.h"
 
 /// A store that keeps its files in memory: what a second store has to do, in few lines and without any speed. Its statements differ

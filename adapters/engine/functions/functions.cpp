@@ -1,10 +1,10 @@
-#include "engine/translate/functions/functions.h"
+#include "engine/functions/functions.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 
-#include "engine/translate/functions/stored_value.h"
+#include "engine/functions/stored_value.h"
 #include "platform/values/calendar.h"
 #include "platform/values/text.h"
 

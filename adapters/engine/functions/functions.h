@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "engine/translate/functions/store_functions.h"
+#include "engine/functions/store_functions.h"
 #include "engine/values/sql_type.h"
 
 namespace engine {

@@ -1,12 +1,12 @@
-#include "engine/translate/functions/store_functions.h"
+#include "engine/functions/store_functions.h"
 
 #include <array>
 #include <cmath>
 #include <limits>
 #include <vector>
 
-#include "engine/translate/functions/functions.h"
-#include "engine/translate/functions/stored_value.h"
+#include "engine/functions/functions.h"
+#include "engine/functions/stored_value.h"
 #include "platform/values/calendar.h"
 #include "platform/values/format.h"
 

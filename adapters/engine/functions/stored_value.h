@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "engine/translate/functions/store_functions.h"
+#include "engine/functions/store_functions.h"
 #include "engine/values/iso_date.h"
 #include "platform/values/convert.h"
 #include "platform/values/error.h"

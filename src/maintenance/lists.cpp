@@ -21,8 +21,14 @@ std::string TrimmedField(const platform::RecordsetRef& Rs, const char* Name) {
 void frmCustMain::SQLData(int Tab) {
   ResumeNext on("frmCustMain.SQLData");
   platform::DataControl& customers = data[tab::Customers];
+  const int Card = mCardNumber;
   App().MousePointer(platform::pointer::Hourglass);
   App().DoEvents();
+  if (Tab == tab::Customers && mCardNumber != Card && SSIndexTab1.Page() == 1) {
+    // A card that was opened in the yield stays up on its own row; the list is built anew at the next occasion.
+    App().MousePointer(platform::pointer::Default);
+    return;
+  }
 
   std::int32_t Acct = 0;
   on([&] {

@@ -1,6 +1,7 @@
 # The scenarios of the lists, one a line.
 list(APPEND ORCUSSCH_SCENARIOS
   lists/adjusted-rate
+  lists/card-opened-while-a-heading-orders
   lists/changed-cell-is-written-when-the-list-is-left
   lists/columns-of-the-lists
   lists/customer-added-by-another-user

@@ -21,14 +21,17 @@ const std::string wholeList = "SELECT * FROM Customers ORDER BY LastName";
 // Results of a query of every size.
 std::vector<std::string> QueryResults() {
   const auto joined = [](const std::string& table, const std::string& where) {
-    return "Select DISTINCTROW Customers.* FROM Customers INNER JOIN " + table + " ON Customers.AcctNum = " + table + ".AcctNum WHERE " + where +
-           " ORDER BY LastName;";
+    return "Select DISTINCTROW Customers.* FROM Customers INNER JOIN " + table + " ON Customers.AcctNum = " + table + ".AcctNum WHERE " +
+           where + " ORDER BY LastName;";
   };
   return {"Select DISTINCTROW Customers.* FROM Customers WHERE (Customers.CurrBalance>=0) ORDER BY LastName;",
           "Select DISTINCTROW Customers.* FROM Customers WHERE (Customers.EntryDate>=#6/1/1995#) ORDER BY LastName;",
           "Select DISTINCTROW Customers.* FROM Customers WHERE (Customers.State Like 'MN') ORDER BY LastName;",
-          "Select DISTINCTROW Customers.* FROM Customers WHERE ((Customers.Addr1 Like '*Main*') OR (Customers.Addr2 Like '*Main*')) ORDER BY LastName;",
-          joined("Phones", "(Phones.Area Like '952*')"), joined("Phones", "(Phones.Area Like '6*')"), joined("Lookups", "(Lookups.Text = 'Boiler')"),
+          "Select DISTINCTROW Customers.* FROM Customers WHERE ((Customers.Addr1 Like '*Main*') OR (Customers.Addr2 Like '*Main*')) ORDER "
+          "BY LastName;",
+          joined("Phones", "(Phones.Area Like '952*')"),
+          joined("Phones", "(Phones.Area Like '6*')"),
+          joined("Lookups", "(Lookups.Text = 'Boiler')"),
           joined("CustCodes", "(CustCodes.CustCodes = 5 OR CustCodes.CustCodes = 6)")};
 }
 

@@ -38,19 +38,19 @@ std::vector<Question> QuestionsOf(const Queries& all) {
       {"address contains a rare text", Statement("Customers", "((Customers.Addr1 Like '*4711 M*') OR (Customers.Addr2 Like '*4711 M*'))"),
        all.AddressContains("*4711 M*")},
       {"phone area, common", Statement("Customers" + phones, "(Phones.Area Like '" + area + "*')"), all.Area(area)},
-      {"phone area, rare", Statement("Customers" + phones, "(Phones.Area Like '" + all.RareArea() + "*')"),
-       all.Area(all.RareArea())},
+      {"phone area, rare", Statement("Customers" + phones, "(Phones.Area Like '" + all.RareArea() + "*')"), all.Area(all.RareArea())},
       {"key word, rare", Statement("Customers" + words, "(Lookups.Text = '" + all.RareWord() + "')"), all.Word(all.RareWord())},
       {"key word, common", Statement("Customers" + words, "(Lookups.Text = '" + all.CommonWord() + "')"), all.Word(all.CommonWord())},
-      {"invoice number", Statement("Customers" + transactions, "(Transactions.TranType<>'P') And (Transactions.InvChkCredNo = '" + number + "')"),
+      {"invoice number",
+       Statement("Customers" + transactions, "(Transactions.TranType<>'P') And (Transactions.InvChkCredNo = '" + number + "')"),
        all.Invoice(number)},
       {"key word, type and area together",
-       Statement("((Customers" + phones + ")" + words + ")" + types, "(Phones.Area Like '" + area + "*') AND (Lookups.Text = '" +
-                                                                         all.CommonWord() + "') AND (CustCodes.CustCodes = 5)"),
+       Statement("((Customers" + phones + ")" + words + ")" + types,
+                 "(Phones.Area Like '" + area + "*') AND (Lookups.Text = '" + all.CommonWord() + "') AND (CustCodes.CustCodes = 5)"),
        all.WordTypeAndArea(all.CommonWord(), 5, area)},
       {"phone area and invoice number",
-       Statement("(Customers" + phones + ")" + transactions, "(Phones.Area Like '" + area + "*') AND (Transactions.TranType<>'P') And (Transactions.InvChkCredNo = '" +
-                                                                 number + "')"),
+       Statement("(Customers" + phones + ")" + transactions,
+                 "(Phones.Area Like '" + area + "*') AND (Transactions.TranType<>'P') And (Transactions.InvChkCredNo = '" + number + "')"),
        all.AreaAndInvoice(area, number)},
   };
 }

@@ -65,7 +65,8 @@ Job Saving(const ScreenSides& sides) {
     const platform::RecordsetRef row = screen.list.data.Recordset();
     if (!screen.list.grid.Visible() || row->Field("Location").As<std::string>() != OurPlace(number))
       throw std::runtime_error("the map code was not saved");
-    return KeySum(0, row->Field("RecordID").As<std::int32_t>()) + KeySum(screen.list.data.Window()->RowsAfter(row->Bookmark(), pageRows - 1));
+    return KeySum(0, row->Field("RecordID").As<std::int32_t>()) +
+           KeySum(screen.list.data.Window()->RowsAfter(row->Bookmark(), pageRows - 1));
   };
   save.raw = [sides](int call) {
     const std::int64_t key = KeyOf(sides, call);

@@ -44,10 +44,11 @@ Queries::Queries(sqlite3* db) : db_(db) {
   const std::string words = "SELECT Text FROM f1.Lookups GROUP BY Text ORDER BY count(*) ";
   commonWord_ = Ask(words + "DESC LIMIT 1");
   rareWord_ = Ask("SELECT Text FROM f1.Lookups GROUP BY Text HAVING count(*) >= 10 ORDER BY count(*) LIMIT 1");
-  invoice_ = Ask("SELECT InvChkCredNo FROM f2.Transactions WHERE TranType <> 'P' AND AcctNum >= (SELECT max(AcctNum) / 2 FROM f1.Customers) LIMIT 1");
-  middleDate_ = Ask(
-      "SELECT strftime('%m/%d/%Y', EntryDate) FROM f1.Customers WHERE EntryDate IS NOT NULL ORDER BY EntryDate LIMIT 1 OFFSET "
-      "(SELECT count(*) / 2 FROM f1.Customers)");
+  invoice_ = Ask(
+      "SELECT InvChkCredNo FROM f2.Transactions WHERE TranType <> 'P' AND AcctNum >= (SELECT max(AcctNum) / 2 FROM f1.Customers) LIMIT 1");
+  middleDate_ =
+      Ask("SELECT strftime('%m/%d/%Y', EntryDate) FROM f1.Customers WHERE EntryDate IS NOT NULL ORDER BY EntryDate LIMIT 1 OFFSET "
+          "(SELECT count(*) / 2 FROM f1.Customers)");
 }
 
 Query Queries::NameStarts(const std::string& start) const { return {Starts("c.LastName", start)}; }
@@ -106,7 +107,8 @@ struct PreparedQuery::Statements {
                      " ORDER BY c.LastName, c.AcctNum LIMIT ?1"),
         scan(db, "SELECT c.LastName, c.AcctNum FROM f1.Customers c NOT INDEXED WHERE " + query.where),
         row(db, "SELECT * FROM f1.Customers WHERE AcctNum = ?1"),
-        inGroup(db, "SELECT c.* FROM " + byName + " WHERE c.LastName IS ?1 AND c.AcctNum > ?2 AND " + query.where + " ORDER BY c.AcctNum LIMIT ?3"),
+        inGroup(db, "SELECT c.* FROM " + byName + " WHERE c.LastName IS ?1 AND c.AcctNum > ?2 AND " + query.where +
+                        " ORDER BY c.AcctNum LIMIT ?3"),
         beyond(db, "SELECT c.* FROM " + byName + " WHERE c.LastName > ?1 AND " + query.where + " ORDER BY c.LastName, c.AcctNum LIMIT ?3"),
         starting(db, "SELECT c.AcctNum FROM " + byName + " WHERE c.LastName >= ?1 AND c.LastName < ?2 AND raw_like(c.LastName, ?3) AND " +
                          query.where + " ORDER BY c.LastName, c.AcctNum LIMIT 1"),

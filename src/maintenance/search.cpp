@@ -26,7 +26,7 @@ std::string frmCustMain::SearchValue(int Tab) const {
 
 void frmCustMain::SearchRecord(int Tab) {
   if (txtSearch[Tab].Text().empty()) return;
-  SearchList(App(), data[Tab].Recordset(), {fraSearch[Tab], lblSearch[Tab], txtSearch[Tab]}, SearchValue(Tab),
+  SearchList(App(), data[Tab].Recordset(), {fraSearch[Tab].Tag(), fraSearch[Tab], lblSearch[Tab], txtSearch[Tab]}, SearchValue(Tab),
              SSIndexTab1.TabCaption(SSIndexTab1.Tab()) + " Search");
 }
 

@@ -38,6 +38,25 @@ void OfferComparisons(platform::ComboBox& combo) {
   combo.Enabled(false);
 }
 
+/// A tab of ranges: two criteria a frame, the lower end first.
+template <class Edit, std::size_t N>
+void DesignRanges(const Range (&ranges)[N], Tab tab, const std::string& what, const platform::ControlArray<platform::Frame, N>& frames,
+                  const platform::ControlArray<platform::CheckBox, 2 * N>& checks, const platform::ControlArray<Edit, 2 * N>& edits,
+                  platform::TabControl& tabs) {
+  for (int i = 0; i < checks.size(); ++i) {
+    const bool least = i % 2 == 0;
+    const Range& range = ranges[i / 2];
+    platform::Frame& frame = frames[i / 2];
+    frame.Caption(range.caption);
+    frame.PutOnTab(tabs, tab, 0);
+    checks[i].Caption((least ? "Select Min " : "Select Max ") + what);
+    checks[i].Tag(least ? range.least : range.most);
+    checks[i].Container(frame);
+    edits[i].Container(frame);
+    Close({&edits[i]});
+  }
+}
+
 }  // namespace
 
 frmCustQueries::frmCustQueries(platform::Application& application)
@@ -102,7 +121,7 @@ void frmCustQueries::DesignNames() {
   Close({&txtNameAdd[kPhoneNumber]});
 }
 
-platform::Frame& frmCustQueries::MiscFrame(int Index) const {
+platform::Frame& frmCustQueries::MiscFrame(int Index) {
   switch (Index) {
     case Status:
       return fraSQL[8];
@@ -115,13 +134,13 @@ platform::Frame& frmCustQueries::MiscFrame(int Index) const {
     case CustomerTypes:
       return fraSQL[9];
     case Billing:
-      return const_cast<platform::Frame&>(fraBillingStatus);
+      return fraBillingStatus;
     case CheckNo:
-      return const_cast<platform::Frame&>(Frame2);
+      return Frame2;
     case TaxID:
-      return const_cast<platform::Frame&>(Frame1);
+      return Frame1;
     default:
-      return const_cast<platform::Frame&>(Frame3);
+      return Frame3;
   }
 }
 
@@ -165,31 +184,11 @@ void frmCustQueries::DesignLists() {
 }
 
 void frmCustQueries::DesignAmounts() {
-  for (int i = 0; i < kAmounts; ++i) {
-    const Range& design = kAmount[i / 2];
-    platform::Frame& frame = fraAmount[i / 2];
-    frame.Caption(design.caption);
-    frame.PutOnTab(SSTab1, Amounts, 0);
-    chkSelectAmount[i].Caption(i % 2 == 0 ? "Select Min Amount" : "Select Max Amount");
-    chkSelectAmount[i].Tag(i % 2 == 0 ? design.least : design.most);
-    txtAmount[i].Value(platform::Currency{});
-    for (Control* control : std::initializer_list<Control*>{&chkSelectAmount[i], &txtAmount[i]}) control->Container(frame);
-    Close({&txtAmount[i]});
-  }
+  DesignRanges(kAmount, Amounts, "Amount", fraAmount, chkSelectAmount, txtAmount, SSTab1);
+  txtAmount.Each([](platform::CurrencyEdit& box, int) { box.Value(platform::Currency{}); });
 }
 
-void frmCustQueries::DesignDates() {
-  for (int i = 0; i < kDates; ++i) {
-    const Range& design = kDate[i / 2];
-    platform::Frame& frame = fraDate[i / 2];
-    frame.Caption(design.caption);
-    frame.PutOnTab(SSTab1, Dates, 0);
-    chkSelectDate[i].Caption(i % 2 == 0 ? "Select Min Date" : "Select Max Date");
-    chkSelectDate[i].Tag(i % 2 == 0 ? design.least : design.most);
-    for (Control* control : std::initializer_list<Control*>{&chkSelectDate[i], &txtDate[i]}) control->Container(frame);
-    Close({&txtDate[i]});
-  }
-}
+void frmCustQueries::DesignDates() { DesignRanges(kDate, Dates, "Date", fraDate, chkSelectDate, txtDate, SSTab1); }
 
 /// Criterion by criterion: its check box, then what the check box opens.
 void frmCustQueries::ArrangeTabOrder() {

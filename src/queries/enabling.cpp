@@ -17,15 +17,14 @@ void Disable(const platform::ControlArray<T, N>& controls) {
 
 }  // namespace
 
-std::vector<Control*> frmCustQueries::SwitchedByMisc(int Index) const {
-  auto& me = const_cast<frmCustQueries&>(*this);
+std::vector<Control*> frmCustQueries::SwitchedByMisc(int Index) {
   switch (Index) {
     case Status:
       return {&optStatus[0], &optStatus[1], &optStatus[2]};
     case InvoiceNo:
-      return {&optInvoiceNo[0], &optInvoiceNo[1], &me.txtInvoiceNo};
+      return {&optInvoiceNo[0], &optInvoiceNo[1], &txtInvoiceNo};
     case CreditCard:
-      return {&cboSQL[kCardComparison], &me.txtCreditCard};
+      return {&cboSQL[kCardComparison], &txtCreditCard};
     case KeyWords:
       return {&txtSearch[0], &grid[0]};
     case CustomerTypes:
@@ -33,9 +32,9 @@ std::vector<Control*> frmCustQueries::SwitchedByMisc(int Index) const {
     case Billing:
       return {&optBillingStatus[0], &optBillingStatus[1]};
     case CheckNo:
-      return {&me.txtCheckNo};
+      return {&txtCheckNo};
     case TaxID:
-      return {&me.txtTaxID};
+      return {&txtTaxID};
     default:
       return {&optOmitFinChg[0], &optOmitFinChg[1]};
   }

@@ -83,7 +83,7 @@ class frmCustQueries final : public platform::Screen {
   void DesignDates();
   void ArrangeTabOrder();
   void AttachHandlers();
-  platform::Frame& MiscFrame(int Index) const;
+  platform::Frame& MiscFrame(int Index);
 
   // life.cpp
   void StartOnUsersCriterion();
@@ -91,7 +91,7 @@ class frmCustQueries final : public platform::Screen {
   void FocusUsersCriterion(int QueryField);
 
   // enabling.cpp
-  std::vector<platform::Control*> SwitchedByMisc(int Index) const;
+  std::vector<platform::Control*> SwitchedByMisc(int Index);
   void chkSelectAll_Click();
   void chkSelectNameAdd_Click(int Index);
   void chkSelectMisc_Click(int Index);

@@ -1,4 +1,5 @@
 #include "queries/frmCustQueries.h"
+#include "records/list_search.h"
 #include "session/ModCustSch.h"
 
 // The search boxes of the two lists. A search moves the list's current row; only marked rows count in a query.
@@ -7,8 +8,6 @@ namespace orcussch {
 namespace {
 
 constexpr int kEnter = 13;
-constexpr const char* kSearchFirst = "Search First";
-constexpr const char* kSearchNext = "Search Next";
 
 }  // namespace
 
@@ -19,29 +18,11 @@ void frmCustQueries::txtSearch_KeyPress(int Index, int KeyAscii) {
   if (KeyAscii == kEnter && !txtSearch[Index].Text().empty()) SearchRecord(Index);
 }
 
+/// The label tells how far the search is, and a box calls the rows by it too: users know the texts so.
 void frmCustQueries::SearchRecord(int Index) {
   if (txtSearch[Index].Text().empty()) return;
-  App().MousePointer(platform::pointer::Hourglass);
-
-  const std::string Criteria = "([" + grid[Index].Column(0).dataField + "] Like '" + FixQuotes(txtSearch[Index].Text()) + "*')";
-  const platform::RecordsetRef Rs = Data[Index].Recordset();
-  std::string Word;
-  if (lblSearch[Index].Caption() == kSearchNext) {
-    Word = "No more ";
-    Rs->FindNext(Criteria);
-  } else {
-    Word = "No ";
-    Rs->FindFirst(Criteria);
-  }
-
-  if (Rs->NoMatch()) {
-    App().MsgBox(Word + lblSearch[Index].Caption() + "'s beginning with '" + txtSearch[Index].Text() + "' can be found!",
-                 platform::box::Information + platform::box::OkOnly, grid[Index].Column(0).caption);
-    lblSearch[Index].Caption(kSearchFirst);
-  } else {
-    lblSearch[Index].Caption(kSearchNext);
-  }
-  App().MousePointer(platform::pointer::Default);
+  SearchList(App(), Data[Index].Recordset(), {grid[Index].Column(0).dataField, lblSearch[Index], lblSearch[Index], txtSearch[Index]},
+             FixQuotes(txtSearch[Index].Text()), grid[Index].Column(0).caption);
 }
 
 }  // namespace orcussch

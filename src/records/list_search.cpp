@@ -7,9 +7,9 @@ void SearchList(platform::Application& app, const platform::RecordsetRef& rows, 
   if (search.text.Text().empty()) return;
   app.MousePointer(platform::pointer::Hourglass);
 
-  const std::string criterion = "([" + search.frame.Tag() + "] Like '" + value + "*')";
+  const std::string criterion = "([" + search.field + "] Like '" + value + "*')";
   std::string word;
-  if (search.frame.Caption() == kSearchNext) {
+  if (search.state.Caption() == kSearchNext) {
     word = "No more ";
     rows->FindNext(criterion);
   } else {
@@ -20,9 +20,9 @@ void SearchList(platform::Application& app, const platform::RecordsetRef& rows, 
   if (rows->NoMatch()) {
     app.MsgBox(word + search.label.Caption() + "'s beginning with '" + search.text.Text() + "' can be found!",
                platform::box::Information + platform::box::OkOnly, title);
-    search.frame.Caption(kSearchFirst);
+    search.state.Caption(kSearchFirst);
   } else {
-    search.frame.Caption(kSearchNext);
+    search.state.Caption(kSearchNext);
   }
   app.MousePointer(platform::pointer::Default);
 }

@@ -15,8 +15,9 @@ inline constexpr const char* kSearchNext = "Search Next";
 
 /// What a list is searched with.
 struct ListSearch {
-  platform::CaptionControl& frame;  ///< its tag names the field; its caption tells whether the next step is the first one
-  platform::CaptionControl& label;  ///< what the field is called
+  const std::string& field;
+  platform::CaptionControl& state;  ///< its caption tells whether the next step is the first one
+  platform::CaptionControl& label;  ///< its caption is what a box calls the rows
   platform::TextBox& text;
 };
 

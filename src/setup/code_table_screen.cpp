@@ -7,8 +7,7 @@
 
 namespace orcussch {
 
-CodeTableScreen::CodeTableScreen(platform::Application& application, CodeTableDesign design,
-                                 std::vector<platform::Toolbar::Key> firstKeys)
+CodeTableScreen::CodeTableScreen(platform::Application& application, CodeTableDesign design, std::vector<platform::Toolbar::Key> firstKeys)
     : SetupScreen(application, design.screen, design.caption, Keys(std::move(firstKeys))),
       SetupRecord(*this, design.list),
       fraCard(*this, design.card, design.cardCaption),

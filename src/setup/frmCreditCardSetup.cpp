@@ -59,7 +59,9 @@ std::string NextCreditCardType() {
 }  // namespace
 
 frmCreditCardSetup::frmCreditCardSetup(platform::Application& application)
-    : CodeTableScreen(application, Design()), txtCreditCardName(*this, "txtCreditCardName", kNameLength), txtBankCharge(*this, "txtBankCharge", 2) {
+    : CodeTableScreen(application, Design()),
+      txtCreditCardName(*this, "txtCreditCardName", kNameLength),
+      txtBankCharge(*this, "txtBankCharge", 2) {
   PutOnCard({&txtCreditCardName, &txtBankCharge});
   OrdersByHeading(*this);
   TestsCells(*this, "Credit Card Setup - Invalid Grid Entry");
@@ -111,9 +113,8 @@ SetupDeletion frmCreditCardSetup::Deletion() {
   const std::string name = TextUnguarded(Rows(), "CreditCardName");
   const std::string position = "[CreditCardName]>=" + Quoted(name);
   if (IsOneOf(TextOf(Rows(), "CreditCardType"), kBuiltIn)) return {true, "Credit Card " + name + " can not be deleted!", position};
-  if (HasRow(rsCardUse, "CCType", Rows()->Field("CreditCardType")))
-    return {true,
-            "One or more customers use Credit Card " + name + ".  A credit card type can not be deleted if it is used by a customer!",
+  if (HasRow(rsCardUse, "CCType", {Rows()->Field("CreditCardType")}))
+    return {true, "One or more customers use Credit Card " + name + ".  A credit card type can not be deleted if it is used by a customer!",
             position};
   return {false, "Are you sure you want to delete Credit Card Type '" + name + "' ?", position};
 }

@@ -125,7 +125,7 @@ std::optional<std::string> frmMapCode::Write(bool adding) {
 SetupDeletion frmMapCode::Deletion() {
   const std::string code = TextUnguarded(Rows(), "MapCode");
   const std::string position = "[MapCode]>=" + Quoted(code);
-  if (HasRow(rsCustomers, "CustomersMapCode", code))
+  if (HasRow(rsCustomers, "CustomersMapCode", {code}))
     return {true, "One or more customers use map code " + code + ".  A map code can not be deleted if it is used by a customer!", position};
   return {false, "Are you sure you want to delete Map Code '" + code + "' ?", position};
 }

@@ -30,7 +30,8 @@ CodeTableDesign Design() {
                    .field = "TypeDescription",
                    .prompt = "Phone Type",
                    .caption = "Phone Types",
-                   .columns = {column::Closed(column::Plain("Type ID", "Type")), column::Limited(column::Plain("Phone Type", "TypeDescription"), kDescriptionLength)}},
+                   .columns = {column::Closed(column::Plain("Type ID", "Type")),
+                               column::Limited(column::Plain("Phone Type", "TypeDescription"), kDescriptionLength)}},
           .select = "Select * FROM PhoneTypes",
           .card = "fraPhone",
           .cardCaption = "Phone:",
@@ -102,10 +103,8 @@ SetupDeletion frmPhoneSetup::Deletion() {
   const std::string name = TextUnguarded(Rows(), "TypeDescription");
   const std::string position = "[TypeDescription]>=" + Quoted(name);
   if (IsOneOf(TextOf(Rows(), "Type"), kBuiltIn)) return {true, "Phone Type " + name + " can not be deleted!", position};
-  if (HasRow(rsPhoneUse, "Type", Rows()->Field("Type")))
-    return {true,
-            "One or more customers have a phone type '" + name +
-                "'.  A phone type can not be deleted if it is used by a customer!",
+  if (HasRow(rsPhoneUse, "Type", {Rows()->Field("Type")}))
+    return {true, "One or more customers have a phone type '" + name + "'.  A phone type can not be deleted if it is used by a customer!",
             position};
   return {false, "Are you sure you want to delete Phone Type '" + name + "' ?", position};
 }

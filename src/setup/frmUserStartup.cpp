@@ -1,9 +1,9 @@
 #include "setup/frmUserStartup.h"
 
 #include <cstddef>
-#include <string_view>
 
 #include "platform/values/convert.h"
+#include "records/fields.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
 
@@ -67,8 +67,6 @@ constexpr QueryField kQueryFields[] = {
     {"Min Last Payment Date", "308"},
     {"Max Last Payment Date", "309"},
 };
-
-bool IsTrue(const Value& field) { return !field.IsNull() && CBool(field); }
 
 /// Raises 94 for a row without a tab or a field.
 std::string StoredCode() {

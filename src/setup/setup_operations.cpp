@@ -8,14 +8,14 @@ void FindOrGoLast(const platform::RecordsetRef& rows, const std::string& positio
   if (rows->NoMatch()) rows->MoveLast();
 }
 
-bool HasRow(const platform::RecordsetRef& table, const char* index, const platform::Value& key) {
+bool HasRow(const platform::RecordsetRef& table, const char* index, std::initializer_list<platform::Value> keys) {
   table->SetIndex(index);
-  table->Seek("=", {key});
+  table->Seek("=", keys);
   return !table->NoMatch();
 }
 
 bool EditRow(const platform::RecordsetRef& table, const char* index, const platform::Value& key) {
-  if (!HasRow(table, index, key)) return false;
+  if (!HasRow(table, index, {key})) return false;
   table->Edit();
   return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
@@ -13,10 +14,10 @@ namespace orcussch {
 
 /// What the screen says of a kind of record.
 struct SetupTexts {
-  const char* name;             ///< ends the question of a cancel: "Phone Type?"
-  const char* deleteTitle;      ///< of the boxes of a deletion
-  const char* deleting;         ///< status panel
-  const char* saving;           ///< status panel; "": a save shows no wait
+  const char* name;         ///< ends the question of a cancel: "Phone Type?"
+  const char* deleteTitle;  ///< of the boxes of a deletion
+  const char* deleting;     ///< status panel
+  const char* saving;       ///< status panel; "": a save shows no wait
 };
 
 /// What the user is told or asked before a row is deleted.
@@ -70,8 +71,8 @@ inline bool IsOneOf(const std::string& code, std::span<const std::string_view> b
   return std::find(builtIn.begin(), builtIn.end(), code) != builtIn.end();
 }
 
-/// Whether the table has a row with that key in the index, which stays set; it then stands on it.
-bool HasRow(const platform::RecordsetRef& table, const char* index, const platform::Value& key);
+/// Whether the table has a row with those keys in the index, which stays set; it then stands on it.
+bool HasRow(const platform::RecordsetRef& table, const char* index, std::initializer_list<platform::Value> keys);
 
 /// Goes to the row of a position text; when there is none to the last row. Raises 3021 in an empty list.
 void FindOrGoLast(const platform::RecordsetRef& rows, const std::string& position);

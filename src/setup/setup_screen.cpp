@@ -115,8 +115,8 @@ void SetupScreen::SearchRecord() {
   SetupRecord& record = CurrentRecord();
   SetupList& list = record.list;
   if (list.txtSearch.Text().empty()) return;
-  SearchList(App(), list.data.Recordset(), {list.fraSearch, list.lblSearch, list.txtSearch}, FixQuotes(list.txtSearch.Text()),
-             record.SearchTitle());
+  SearchList(App(), list.data.Recordset(), {list.fraSearch.Tag(), list.fraSearch, list.lblSearch, list.txtSearch},
+             FixQuotes(list.txtSearch.Text()), record.SearchTitle());
 }
 
 void SetupScreen::Tell(const std::string& text, const std::string& title) const {

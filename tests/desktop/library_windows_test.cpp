@@ -14,13 +14,12 @@
 #include "desktop/binding/binder.h"
 #include "desktop/list/list_view.h"
 #include "desktop/look/icons.h"
-#include "desktop/support/fake_rows.h"
+#include "desktop/support/screen_window.h"
 #include "desktop/window/form_designs.h"
 #include "desktop/window/front_end.h"
 #include "maintenance/frmCustMain.h"
 #include "platform/controls/buttons.h"
 #include "queries/frmCustQueries.h"
-#include "session/ModCustSch.h"
 #include "setup/accounts/frmAccounts.h"
 #include "setup/frmCreditCardSetup.h"
 #include "setup/frmMapCode.h"
@@ -28,7 +27,6 @@
 #include "setup/frmUserStartup.h"
 #include "setup/tax/frmTaxSetup.h"
 #include "setup/tax/frmTaxSetupQueries.h"
-#include "suite/operating_system.h"
 
 // What holds for every window of the library: layout and screen fit each other.
 namespace desktop_test {
@@ -57,35 +55,10 @@ const std::map<std::string, Maker> kScreens = {
     {"frmUserStartup", Make<orcussch::frmUserStartup>},
 };
 
-/// The window of one screen, without a company behind it.
-class LibraryWindows : public testing::TestWithParam<std::string> {
+class LibraryWindows : public ScreenWindow<platform::Form, testing::TestWithParam<std::string>> {
  protected:
-  LibraryWindows() {
-    platform::ApplicationParts parts;
-    parts.engine = std::make_unique<FakeEngine>(table);
-    parts.system = suite::MakeNativeSystem("/tmp");
-    auto made = std::make_unique<desktop::DesktopFrontEnd>(desktop::DesktopOptions{});
-    front = made.get();
-    parts.frontEnd = std::move(made);
-    app = std::make_unique<platform::Application>(std::move(parts));
-    orcussch::AttachApplication(app.get());
-    screen = kScreens.at(GetParam())(*app);
-    front->Loaded(*screen);
-    window = front->WindowOf(*screen);
-  }
-  ~LibraryWindows() override {
-    front->Unloaded(*screen);
-    screen.reset();
-    orcussch::AttachApplication(nullptr);
-    app.reset();
-  }
+  LibraryWindows() : ScreenWindow(kScreens.at(GetParam())) {}
   platform::Toolbar* Bar() const { return dynamic_cast<platform::Toolbar*>(screen->Find("Toolbar1")); }
-
-  FakeTable table;
-  desktop::DesktopFrontEnd* front = nullptr;
-  std::unique_ptr<platform::Application> app;
-  std::unique_ptr<platform::Form> screen;
-  desktop::FormWindow* window = nullptr;
 };
 
 TEST(LibraryDesigns, EveryLayoutIsTested) {
@@ -104,7 +77,7 @@ TEST_P(LibraryWindows, EveryControlHasItsWidgetOfTheRightClass) {
 
 TEST_P(LibraryWindows, EveryWidgetThatIsNamedLikeAControlHasItsControl) {
   static const QRegularExpression controlName(
-      "^(txt|lbl|cbo|opt|chk|cmd|fra[A-Z]|grid|grd|SSPanel|SSIndexTab1$|Toolbar|StatusBar|mi|mnu|tb_)");
+      "^(txt|lbl|cbo|opt|chk|cmd|fra[A-Z]|Frame|grid|grd|SSPanel|SSIndexTab1$|SSTab1$|Toolbar|StatusBar|mi|mnu|tb_)");
   std::set<QString> known;
   for (const platform::Control* control : screen->Controls()) known.insert(desktop::WidgetName(*control));
   int named = 0;

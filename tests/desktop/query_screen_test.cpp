@@ -15,26 +15,6 @@
 namespace desktop_test {
 namespace {
 
-TEST_F(QueryScreen, EveryControlHasItsWidget) {
-  for (platform::Control* control : screen->Controls()) {
-    if (!desktop::HasWidget(*control)) continue;
-    EXPECT_NE(window->BindingOf(*control), nullptr) << control->FullName();
-  }
-}
-
-TEST_F(QueryScreen, EveryWidgetThatIsNamedLikeAControlHasItsControl) {
-  static const QRegularExpression controlName("^(txt|lbl|cbo|opt|chk|cmd|fra[A-Z]|Frame|grid|SSTab1$|Toolbar|StatusBar|tb_)");
-  std::set<QString> known;
-  for (const platform::Control* control : screen->Controls()) known.insert(desktop::WidgetName(*control));
-  int named = 0;
-  for (const QObject* child : window->findChildren<QObject*>()) {
-    if (!controlName.match(child->objectName()).hasMatch()) continue;
-    ++named;
-    EXPECT_EQ(known.count(child->objectName()), 1u) << child->objectName().toStdString();
-  }
-  EXPECT_GT(named, 130);
-}
-
 TEST_F(QueryScreen, EveryInputHasANameOfItsOwnForTheBlind) {
   std::set<QString> names;
   for (const auto& binding : window->Bindings()) {

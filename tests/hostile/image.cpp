@@ -39,10 +39,26 @@ Rows Customers() {
   Rows rows;
   for (std::int32_t acct = 1; acct <= kCustomers; ++acct) {
     const std::string last = kLastNames[acct - 1];
-    rows.push_back({acct, last, kFirstNames[acct - 1], acct % 2 == 0 ? "Mr." : "Ms.", std::to_string(acct) + " Main St", "Suite " + last,
-                    "City " + last, "MN", "5540" + std::to_string(acct), std::int32_t{1}, std::int16_t{0}, acct == kNonBillable,
-                    acct == kCustomerWithoutRates ? "N" : "D", std::int32_t{1}, std::int32_t{2}, acct * 10 + 1, acct * 10 + 1,
-                    acct * 10 + 1, "Memo of " + last, acct == 1 ? "U-1" : ""});
+    rows.push_back({acct,
+                    last,
+                    kFirstNames[acct - 1],
+                    acct % 2 == 0 ? "Mr." : "Ms.",
+                    std::to_string(acct) + " Main St",
+                    "Suite " + last,
+                    "City " + last,
+                    "MN",
+                    "5540" + std::to_string(acct),
+                    std::int32_t{1},
+                    std::int16_t{0},
+                    acct == kNonBillable,
+                    acct == kCustomerWithoutRates ? "N" : "D",
+                    std::int32_t{1},
+                    std::int32_t{2},
+                    acct * 10 + 1,
+                    acct * 10 + 1,
+                    acct * 10 + 1,
+                    "Memo of " + last,
+                    acct == 1 ? "U-1" : ""});
   }
   return rows;
 }
@@ -100,8 +116,26 @@ void MakeCompany(const std::string& folder) {
   const std::string books = folder + "data/orv1";
   const std::string file = books + "/customer.zdb";
   Add(file, "Customers",
-      {"AcctNum", "LastName", "FirstName", "Title", "Addr1", "Addr2", "City", "State", "Zip", "Terms", "Status", "NonBillable",
-       "LaborRateType", "TaxBasisA", "TaxBasisB", "DefaultPhoneNumber", "DefaultShipAddress", "DefaultCreditCard", "Comments", "MapCode"},
+      {"AcctNum",
+       "LastName",
+       "FirstName",
+       "Title",
+       "Addr1",
+       "Addr2",
+       "City",
+       "State",
+       "Zip",
+       "Terms",
+       "Status",
+       "NonBillable",
+       "LaborRateType",
+       "TaxBasisA",
+       "TaxBasisB",
+       "DefaultPhoneNumber",
+       "DefaultShipAddress",
+       "DefaultCreditCard",
+       "Comments",
+       "MapCode"},
       Customers());
   AddSubRecords(file);
   AddCodes(file);

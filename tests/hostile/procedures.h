@@ -19,10 +19,10 @@ struct Procedure {
   std::function<void(const Desk&)> situation;
   /// Sets it off; empty: the showing of the screen itself is looked at.
   std::function<void(const Desk&)> run;
-  int writes = -1;                    ///< the tab whose records it writes; -1: none
-  std::int32_t customer = kCustomer;  ///< the account that the host asks for
-  std::string billing = "";           ///< the host's billing status
-  bool loop = false;                  ///< runs through a list: one that has gone is reported once
+  int writes = -1;                           ///< the tab whose records it writes; -1: none
+  std::int32_t customer = kCustomer;         ///< the account that the host asks for
+  std::string billing = "";                  ///< the host's billing status
+  bool loop = false;                         ///< runs through a list: one that has gone is reported once
   const SetupScreenAtWork* setup = nullptr;  ///< the setup screen that is up; nullptr: the main screen
   bool writesSetup = false;                  ///< the setup screen's table
 };

@@ -143,8 +143,9 @@ QString WindowRules(const QPalette& palette) {
       "QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }"
       "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }"
       "QAbstractScrollArea::corner { background: %2; border: 0; }");
-  return rules.arg(line, window, accent, palette.color(QPalette::Base).name(), palette.color(QPalette::HighlightedText).name(),
-                   HintColour(palette).name(), SheetColour(palette).name(), ScrollColour(palette).name())
+  return rules
+      .arg(line, window, accent, palette.color(QPalette::Base).name(), palette.color(QPalette::HighlightedText).name(),
+           HintColour(palette).name(), SheetColour(palette).name(), ScrollColour(palette).name())
       .arg(OnColour(palette).name(), palette.color(QPalette::Active, QPalette::Link).name());
 }
 

@@ -14,14 +14,10 @@ namespace desktop {
 
 std::vector<FormDesign> LibraryDesigns() {
   return {
-      DesignFrom<Ui::frmAccounts>("frmAccounts"),
-      DesignFrom<Ui::frmCreditCardSetup>("frmCreditCardSetup"),
-      DesignFrom<Ui::frmCustMain>("frmCustMain"),
-      DesignFrom<Ui::frmCustQueries>("frmCustQueries"),
-      DesignFrom<Ui::frmMapCode>("frmMapCode"),
-      DesignFrom<Ui::frmPhoneSetup>("frmPhoneSetup"),
-      DesignFrom<Ui::frmTaxSetup>("frmTaxSetup"),
-      DesignFrom<Ui::frmTaxSetupQueries>("frmTaxSetupQueries"),
+      DesignFrom<Ui::frmAccounts>("frmAccounts"),       DesignFrom<Ui::frmCreditCardSetup>("frmCreditCardSetup"),
+      DesignFrom<Ui::frmCustMain>("frmCustMain"),       DesignFrom<Ui::frmCustQueries>("frmCustQueries"),
+      DesignFrom<Ui::frmMapCode>("frmMapCode"),         DesignFrom<Ui::frmPhoneSetup>("frmPhoneSetup"),
+      DesignFrom<Ui::frmTaxSetup>("frmTaxSetup"),       DesignFrom<Ui::frmTaxSetupQueries>("frmTaxSetupQueries"),
       DesignFrom<Ui::frmUserStartup>("frmUserStartup"),
   };
 }

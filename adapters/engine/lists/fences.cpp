@@ -86,8 +86,7 @@ bool Fences::LookOn(std::vector<Fence>& places) {
 std::optional<OrderPlace> Fences::At(std::int64_t ordinal) {
   // A fence of the list's own rows stands on the last that it counts; one of a filtered list may stand on a row that isn't in it.
   const bool onRows = bounded_ == nullptr;
-  const auto beyond =
-      std::ranges::partition_point(fences_, [&](const Fence& fence) { return fence.rows <= ordinal + (onRows ? 1 : 0); });
+  const auto beyond = std::ranges::partition_point(fences_, [&](const Fence& fence) { return fence.rows <= ordinal + (onRows ? 1 : 0); });
   const Fence* fence = beyond == fences_.begin() ? nullptr : &*(beyond - 1);
   if (onRows && fence == nullptr) return {};
   const std::int64_t behind = ordinal + 1 - (fence == nullptr ? 0 : fence->rows);

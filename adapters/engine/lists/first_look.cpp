@@ -51,7 +51,8 @@ FirstLook::Costs FirstLook::CostsFor(std::int64_t rows) {
 void FirstLook::CountAll(std::int64_t most) {
   for (Counted& counted : drivers_) {
     if (Shortest() != nullptr) return;
-    Query count(source_.Store(), std::string_view("SELECT count(*) FROM (" + counted.driver->keys + " LIMIT " + source_.OwnDialect().Parameter(1) + ") AS k"));
+    Query count(source_.Store(), std::string_view("SELECT count(*) FROM (" + counted.driver->keys + " LIMIT " +
+                                                  source_.OwnDialect().Parameter(1) + ") AS k"));
     count.Bind(1, most + 1);
     counted.keys = count.Step() ? count.Int(0) : 0;
     counted.whole = counted.keys <= most;
@@ -137,7 +138,8 @@ void FirstLook::ReadFew() {
   page.cells.reserve(read.cells.size());
   for (const std::size_t row : order) {
     const auto cells = read.cells.begin() + static_cast<std::ptrdiff_t>(row * read.columns);
-    page.cells.insert(page.cells.end(), std::make_move_iterator(cells), std::make_move_iterator(cells + static_cast<std::ptrdiff_t>(read.columns)));
+    page.cells.insert(page.cells.end(), std::make_move_iterator(cells),
+                      std::make_move_iterator(cells + static_cast<std::ptrdiff_t>(read.columns)));
     page.keys.push_back(read.keys[row]);
   }
   first_.all = true;
@@ -150,7 +152,8 @@ bool FirstLook::Walks(double other, double trial, bool open) {
   for (;;) {
     const double left = std::max(0.0, RowsToLookAt() - static_cast<double>(looked_)) * look_;
     // The list has about so many rows, and no driver has fewer.
-    const double driven = open && looked_ > 0 ? static_cast<double>(Hits()) / static_cast<double>(looked_) * static_cast<double>(span_) * byKey_ : 0;
+    const double driven =
+        open && looked_ > 0 ? static_cast<double>(Hits()) / static_cast<double>(looked_) * static_cast<double>(span_) * byKey_ : 0;
     const double least = std::max(other, std::min(scan_, driven));
     const bool telling = Hits() >= kTelling || (Hits() >= kTelling / 2 && left * kSafely < least);
     const double rest = trial / look_ - static_cast<double>(looked_);
@@ -178,7 +181,8 @@ bool FirstLook::CollectWide() {
       if (ends.Step() && !ends.IsNull(0)) span = {ends.Int(0), ends.Int(1)};
     }
     if (static_cast<double>(span.Width()) * kTestedRow > scan_) continue;
-    SqlText text(driver->keys + driver->pieceKey + " > " + dialect.Parameter(1) + " AND " + driver->pieceKey + " <= " + dialect.Parameter(2));
+    SqlText text(driver->keys + driver->pieceKey + " > " + dialect.Parameter(1) + " AND " + driver->pieceKey +
+                 " <= " + dialect.Parameter(2));
     std::vector<std::int64_t> keys;
     for (std::int64_t from = span.first - 1; from < span.last && std::cmp_less_equal(keys.size(), kMostKeys); from += kPieceRows) {
       Query piece(source_.Store(), text);

@@ -28,7 +28,8 @@ IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape)
       fences_(Source(), *walker_, shape_.bounded.get(), forward_),
       search_(Source(), *walker_, forward_, *this) {}
 
-IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape, FirstRows first) : IndexedList(std::move(source), std::move(shape)) {
+IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape, FirstRows first)
+    : IndexedList(std::move(source), std::move(shape)) {
   if (!first.page) return;
   likelyRows_ = first.likelyRows;
   Segment segment;

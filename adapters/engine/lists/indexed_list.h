@@ -113,7 +113,7 @@ class IndexedList final : public RowList, public IndexedRows {
   std::uint64_t foundVersion_ = 0;
   std::int64_t lastAdded_ = 0;
   std::int64_t likelyRows_ = 0;  ///< a guess from the first rows of a filter, 0 for none
-  int run_ = 0;  ///< pages read one after the other in one direction
+  int run_ = 0;                  ///< pages read one after the other in one direction
   bool runForward_ = true;
 
   std::int64_t reached_ = 0;

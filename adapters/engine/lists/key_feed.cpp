@@ -179,9 +179,7 @@ bool SortedFeed::SplitFirst() {
   return true;
 }
 
-bool SortedFeed::Prepare() {
-  return CollectSome() || SplitFirst();
-}
+bool SortedFeed::Prepare() { return CollectSome() || SplitFirst(); }
 
 bool SortedFeed::More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPage*) {
   if (!collected_) {

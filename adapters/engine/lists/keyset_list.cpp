@@ -39,7 +39,8 @@ KeysetList::KeysetList(std::shared_ptr<RowSource> source, const Walk& walk, Firs
 }
 
 std::unique_ptr<SortedFeed> KeysetList::Others(DrivenKeys driven) {
-  return std::make_unique<SortedFeed>(Source(), walk_.order.empty() ? OrderColumn{} : walk_.order.front(), walk_.descending, std::move(driven));
+  return std::make_unique<SortedFeed>(Source(), walk_.order.empty() ? OrderColumn{} : walk_.order.front(), walk_.descending,
+                                      std::move(driven));
 }
 
 // The screens open a query's list twice, one time right behind the other.

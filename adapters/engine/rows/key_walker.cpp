@@ -46,7 +46,12 @@ int CompareStored(FieldType type, const Value& left, const Value& right) {
 }
 
 KeyWalker::KeyWalker(Store& store, const RowShape& shape, WalkWay way)
-    : store_(store), dialect_(store.OwnDialect()), shape_(shape), order_(std::move(way.order)), filter_(std::move(way.filter)), rowTypes_(shape.types) {
+    : store_(store),
+      dialect_(store.OwnDialect()),
+      shape_(shape),
+      order_(std::move(way.order)),
+      filter_(std::move(way.filter)),
+      rowTypes_(shape.types) {
   const PlanTable& table = shape.plan.tables.front();
   rowKey_ = table.alias + '.' + table.table->rowKey;
   from_ = shape.plan.from;

@@ -63,7 +63,8 @@ class KeyWalker {
   /// fewer. Reads keys alone.
   std::optional<OrderPlace> PlaceAhead(Direction direction, const OrderPlace* from, std::int64_t rows);
 
-  /// Reads the rows behind `from` (nullptr: from the end where the direction starts) up to and with `until`, without limit. For walks of at most one order column.
+  /// Reads the rows behind `from` (nullptr: from the end where the direction starts) up to and with `until`, without limit. For walks of at
+  /// most one order column.
   void ReadStretch(Direction direction, const OrderPlace* from, const OrderPlace& until, bool keysOnly, const Sink& sink);
 
   /// The row with that key, as a full row, whatever the list's filter says; false when it is gone.

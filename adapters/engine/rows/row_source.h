@@ -45,10 +45,10 @@ class RowShape {
 
   SelectPlan plan;
   std::vector<platform::FieldInfo> fields;
-  std::vector<platform::FieldType> types;  ///< of the columns
-  std::string columnList;                  ///< "t0.a, t0.b, ...": the columns of a row
-  std::string keyList;                     ///< the row keys of its tables
-  std::string fetchText;                   ///< the row with given keys
+  std::vector<platform::FieldType> types;         ///< of the columns
+  std::string columnList;                         ///< "t0.a, t0.b, ...": the columns of a row
+  std::string keyList;                            ///< the row keys of its tables
+  std::string fetchText;                          ///< the row with given keys
   std::vector<std::shared_ptr<StoreFile>> files;  ///< of its tables, then of those that are only asked
   std::size_t ownFiles = 0;                       ///< how many are of its tables
   /// The list that was opened last, as long as somebody has it: the next one can begin with what it has read.

@@ -35,12 +35,17 @@ PiecewiseScan::PiecewiseScan(RowSource& source, const std::string& columns, cons
     : source_(source), width_(kFirstWidth) {
   const Dialect& dialect = source.OwnDialect();
   const std::string rowKey = RowKeyOf(source);
-  text_.text = "SELECT " + columns + " FROM " + source.Plan().from + dialect.withoutIndex + " WHERE " + Beside(condition) + rowKey +
-               " > " + dialect.Parameter(1) + " AND " + rowKey + " <= " + dialect.Parameter(2);
+  text_.text = "SELECT " + columns + " FROM " + source.Plan().from + dialect.withoutIndex + " WHERE " + Beside(condition) + rowKey + " > " +
+               dialect.Parameter(1) + " AND " + rowKey + " <= " + dialect.Parameter(2);
 }
 
 PiecewiseScan::PiecewiseScan(RowSource& source, const std::string& columns, const std::string& condition, std::vector<std::int64_t> keys)
-    : source_(source), keysAtOnce_(keys.size() <= 1 ? 1 : keys.size() <= 8 ? 8 : kMostKeysAtOnce), keys_(std::move(keys)), byKeys_(true) {
+    : source_(source),
+      keysAtOnce_(keys.size() <= 1   ? 1
+                  : keys.size() <= 8 ? 8
+                                     : kMostKeysAtOnce),
+      keys_(std::move(keys)),
+      byKeys_(true) {
   text_.text = "SELECT " + columns + " FROM " + source.Plan().from + source.OwnDialect().withoutIndex + " WHERE " + Beside(condition) +
                RowKeyOf(source) + " IN (";
   for (std::size_t i = 1; i <= keysAtOnce_; ++i) text_.text += (i == 1 ? "" : ", ") + source.OwnDialect().Parameter(i);

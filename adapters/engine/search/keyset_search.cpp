@@ -4,8 +4,8 @@
 
 #include "engine/rows/slices.h"
 #include "engine/text/text_order.h"
-#include "engine/values/sql_type.h"
 #include "engine/translate/plan/planning.h"
+#include "engine/values/sql_type.h"
 
 namespace engine {
 namespace {
@@ -161,7 +161,8 @@ int KeysetSearch::SideOfRange(std::int64_t ordinal) const {
   const auto place = list_.Places()->PlaceOfRow(*list_.KeysOf(ordinal));
   if (!place || place->values.front().IsNull()) return -sign;
   const std::string& text = place->values.front().As<std::string>();
-  if (plan_.shape.kind == SearchShape::Kind::Equals) return sign * std::clamp(CompareText(text, plan_.shape.value.As<std::string>()), -1, 1);
+  if (plan_.shape.kind == SearchShape::Kind::Equals)
+    return sign * std::clamp(CompareText(text, plan_.shape.value.As<std::string>()), -1, 1);
   if (CompareText(text, range_.lower) < 0) return -sign;
   return CompareText(text, range_.upper) >= 0 ? sign : 0;
 }

@@ -1,6 +1,6 @@
-#include "records/columns.h"
 #include "maintenance/frmCustMain.h"
 #include "records/card_fields.h"
+#include "records/columns.h"
 #include "records/fields.h"
 #include "session/ModCustSch.h"
 

@@ -1,9 +1,9 @@
 #include "maintenance/tabs/customer_taxes.h"
 
-#include "records/columns.h"
 #include "maintenance/display_options.h"
 #include "maintenance/frmCustMain.h"
 #include "platform/values/convert.h"
+#include "records/columns.h"
 #include "records/lists.h"
 #include "session/ModCustSch.h"
 

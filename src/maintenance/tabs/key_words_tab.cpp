@@ -1,7 +1,7 @@
 #include "maintenance/assignment_tab.h"
-#include "records/columns.h"
 #include "maintenance/frmCustMain.h"
 #include "records/card_fields.h"
+#include "records/columns.h"
 #include "records/fields.h"
 #include "session/ModCustSch.h"
 

@@ -1,8 +1,8 @@
 #include "maintenance/tabs/labor_rates_tab.h"
 
-#include "records/columns.h"
 #include "maintenance/frmCustMain.h"
 #include "platform/values/currency.h"
+#include "records/columns.h"
 #include "records/fields.h"
 #include "records/lists.h"
 #include "session/ModCustSch.h"

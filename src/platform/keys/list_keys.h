@@ -33,7 +33,7 @@ enum class ListAct {
   MarkDown,
   MarkToFirst,
   MarkToLast,
-  Search,       ///< begins a search with the character typed
+  Search,  ///< begins a search with the character typed
 };
 
 struct ListKey {

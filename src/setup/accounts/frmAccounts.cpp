@@ -55,8 +55,8 @@ std::string OrderOf(int column, bool descending) {
 frmAccounts::frmAccounts(platform::Application& application, AccountsAsked asked)
     : Screen(application, "frmAccounts", "Accounts"),
       Toolbar1(*this, "Toolbar1", {{"tb_Select", "Select Current Account"}, {"tb_CancelRec", "Leave Without an Account"}}),
-      lblYear(*this, "lblYear", (asked.type == "L" ? "Liability accounts of accounting year " : "Accounts of accounting year ") +
-                                    std::to_string(asked.year)),
+      lblYear(*this, "lblYear",
+              (asked.type == "L" ? "Liability accounts of accounting year " : "Accounts of accounting year ") + std::to_string(asked.year)),
       lblSearch(*this, "lblSearch", "Number or Description"),
       txtSearch(*this, "txtSearch"),
       lblFound(*this, "lblFound"),

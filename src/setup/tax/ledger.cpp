@@ -2,19 +2,13 @@
 
 #include "platform/values/convert.h"
 #include "records/fields.h"
+#include "setup/setup_record.h"
 
 namespace orcussch {
 
 namespace {
 
 constexpr const char* kNoDepartment = "000";
-
-/// Stands on the row with those keys. False: there is none.
-bool Find(const platform::RecordsetRef& table, const char* index, std::initializer_list<platform::Value> keys) {
-  table->SetIndex(index);
-  table->Seek("=", keys);
-  return !table->NoMatch();
-}
 
 /// An unknown type differs from none.
 bool IsOfOtherType(const platform::RecordsetRef& account, const std::string& type) {
@@ -34,12 +28,12 @@ bool ValidGL(const platform::RecordsetRef& GL_Tb, const platform::RecordsetRef& 
              const std::string& AcctType) {
   GLDesc = "";
   if (!GL_Tb->HasRows()) return false;
-  if (!Find(GL_Tb, "PrimaryKey", {ActgYear, account.GLAcct, account.GLDept})) return false;
-  if (!Find(GLAccounts_Tb, "AccountNumber", {account.GLAcct})) return false;
+  if (!HasRow(GL_Tb, "PrimaryKey", {ActgYear, account.GLAcct, account.GLDept})) return false;
+  if (!HasRow(GLAccounts_Tb, "AccountNumber", {account.GLAcct})) return false;
   if (platform::Len(AcctType) == 1 && IsOfOtherType(GLAccounts_Tb, AcctType)) return false;
   GLDesc = TextUnguarded(GLAccounts_Tb, "AccountDescription");
   if (account.GLDept == kNoDepartment) return true;
-  if (!Find(GLDepartments_Tb, "PrimaryKey", {account.GLDept})) return false;
+  if (!HasRow(GLDepartments_Tb, "PrimaryKey", {account.GLDept})) return false;
   GLDesc += "-" + TextUnguarded(GLDepartments_Tb, "DeptDescription");
   return true;
 }

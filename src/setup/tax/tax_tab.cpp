@@ -81,7 +81,7 @@ void TaxTab::TryField(const std::string& field, const platform::Value& value) co
 
 /// The rates' index on the key bears its name.
 const char* TaxTab::InUse(std::int32_t key) const {
-  return HasRow(s.tables.TaxGrid_Tb, mDesign.list.field, key) ? "it has been assigned to one or more tax rate records" : nullptr;
+  return HasRow(s.tables.TaxGrid_Tb, mDesign.list.field, {key}) ? "it has been assigned to one or more tax rate records" : nullptr;
 }
 
 SetupDeletion TaxTab::Deletion() {

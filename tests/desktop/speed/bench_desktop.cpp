@@ -108,8 +108,7 @@ class Measurement {
     PageKeys();
     Query(screen, "last name starts with", "Customers WHERE (Customers.LastName Like 'Smi*')");
     Query(screen, "address contains", "Customers WHERE ((Customers.Addr1 Like '*Main*') OR (Customers.Addr2 Like '*Main*'))");
-    Query(screen, "phone area",
-          "Customers INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum WHERE (Phones.Area Like '952*')");
+    Query(screen, "phone area", "Customers INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum WHERE (Phones.Area Like '952*')");
     Query(screen, "invoice number",
           "Customers INNER JOIN Transactions ON Customers.AcctNum = Transactions.AcctNum WHERE (Transactions.TranType<>'P') And "
           "(Transactions.InvChkCredNo = '100058')");

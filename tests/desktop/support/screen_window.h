@@ -4,7 +4,9 @@
 
 #include <QApplication>
 #include <QTemporaryDir>
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "desktop/support/fake_rows.h"
 #include "desktop/window/front_end.h"
@@ -14,10 +16,13 @@
 namespace desktop_test {
 
 /// The window of one of the library's screens without a company behind it: layout alone.
-template <class Screen>
-class ScreenWindow : public testing::Test {
+template <class Screen, class Fixture = testing::Test>
+class ScreenWindow : public Fixture {
  protected:
-  ScreenWindow() {
+  using Maker = std::function<std::unique_ptr<Screen>(platform::Application&)>;
+
+  ScreenWindow() : ScreenWindow([](platform::Application& application) { return std::make_unique<Screen>(application); }) {}
+  explicit ScreenWindow(Maker maker) : make(std::move(maker)) {
     platform::ApplicationParts parts;
     parts.engine = std::make_unique<FakeEngine>(table);
     parts.system = suite::MakeNativeSystem("/tmp");
@@ -37,7 +42,7 @@ class ScreenWindow : public testing::Test {
   }
 
   void MakeScreen() {
-    screen = std::make_unique<Screen>(*app);
+    screen = make(*app);
     front->Loaded(*screen);
     window = front->WindowOf(*screen);
   }
@@ -51,6 +56,13 @@ class ScreenWindow : public testing::Test {
     QApplication::processEvents();
   }
 
+  void ShowAt(const QSize& size) {
+    window->resize(size);
+    window->show();
+    QApplication::processEvents();
+  }
+
+  Maker make;
   QTemporaryDir settings;
   FakeTable table;
   desktop::DesktopFrontEnd* front = nullptr;

@@ -12,8 +12,9 @@ struct Field {
   const char* field;
 };
 
-constexpr Field kFields[] = {{"Last Name", "0", "0"},           {"Phone", "0", "7"},           {"Customer Types", "1", "4"},
-                             {"Min Current Balance", "2", "0"}, {"Max Paid To Date", "2", "11"}, {"Max Last Payment Date", "3", "9"}};
+constexpr Field kFields[] = {{"Last Name", "0", "0"},         {"Phone", "0", "7"},
+                             {"Customer Types", "1", "4"},    {"Min Current Balance", "2", "0"},
+                             {"Max Paid To Date", "2", "11"}, {"Max Last Payment Date", "3", "9"}};
 
 /// The table has no key of its own: its rows are told apart by all their fields.
 std::string KeyOf(const Row& row) {

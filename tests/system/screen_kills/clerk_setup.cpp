@@ -94,13 +94,9 @@ std::optional<Operation> Clerk::AddPhoneType() {
   return act;
 }
 
-std::optional<Operation> Clerk::ChangePhoneType() {
-  return Changed(kPhoneTypes, Choose(kPhoneTypes.table), ListText("pname"));
-}
+std::optional<Operation> Clerk::ChangePhoneType() { return Changed(kPhoneTypes, Choose(kPhoneTypes.table), ListText("pname")); }
 
-std::optional<Operation> Clerk::RenamePhoneTypeInTheList() {
-  return Renamed(kPhoneTypes, Choose(kPhoneTypes.table), ListText("pcell"));
-}
+std::optional<Operation> Clerk::RenamePhoneTypeInTheList() { return Renamed(kPhoneTypes, Choose(kPhoneTypes.table), ListText("pcell")); }
 
 std::optional<Operation> Clerk::DeletePhoneType() {
   const std::string code = ChooseFreeCode(kPhoneTypes.table, "Type", "Phones", "Type");
@@ -122,13 +118,9 @@ std::optional<Operation> Clerk::AddCardType() {
   return act;
 }
 
-std::optional<Operation> Clerk::ChangeCardType() {
-  return Changed(kCardTypes, Choose(kCardTypes.table), ListText("cname"));
-}
+std::optional<Operation> Clerk::ChangeCardType() { return Changed(kCardTypes, Choose(kCardTypes.table), ListText("cname")); }
 
-std::optional<Operation> Clerk::RenameCardTypeInTheList() {
-  return Renamed(kCardTypes, Choose(kCardTypes.table), ListText("ccell"));
-}
+std::optional<Operation> Clerk::RenameCardTypeInTheList() { return Renamed(kCardTypes, Choose(kCardTypes.table), ListText("ccell")); }
 
 std::optional<Operation> Clerk::DeleteCardType() {
   const std::string code = ChooseFreeCode(kCardTypes.table, "CreditCardType", "CustCreditCards", "CCType");

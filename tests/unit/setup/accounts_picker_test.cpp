@@ -43,8 +43,7 @@ class AccountsPickerTest : public SessionTest {
       user(dynamic_cast<frmAccounts&>(form));
     };
     const auto picker = orcussch::MakeAccountsPicker();
-    const ChosenAccount chosen =
-        picker->Run({"Company 1", 1, company, year, kind, false, false, 0, 0, 0, 0, false});
+    const ChosenAccount chosen = picker->Run({"Company 1", 1, company, year, kind, false, false, 0, 0, 0, 0, false});
     frontEnd->serve = nullptr;
     return chosen;
   }
@@ -126,7 +125,8 @@ TEST_F(AccountsPickerTest, SignsThatPatternsHaveStandForThemselves) {
           {{"23000", "L", "O'Brien [old] 5* #1?"}, {"23100", "L", "401(k) Payable"}});
   AddRows("GL", {"Year", "Account", "DeptNumber"}, {{std::int16_t{2025}, "23000", "000"}, {std::int16_t{2025}, "23100", "000"}});
   Ask(2025, kLiabilities, [](frmAccounts& screen) {
-    for (const char* text : {"o'brien", "[old]", "5*", "#1", "1?", "[", "*"}) EXPECT_THAT(Typed(screen, text), ElementsAre("23000-000")) << text;
+    for (const char* text : {"o'brien", "[old]", "5*", "#1", "1?", "[", "*"})
+      EXPECT_THAT(Typed(screen, text), ElementsAre("23000-000")) << text;
     EXPECT_THAT(Typed(screen, "401"), ElementsAre("23100-000")) << "figures of a description";
     EXPECT_THAT(Typed(screen, "-"), IsEmpty());
     EXPECT_THAT(Typed(screen, "\"'); --"), IsEmpty());
@@ -239,7 +239,9 @@ TEST_F(AccountsPickerTest, ALedgerThatGoesWhileTheListIsUpIsReported) {
 }
 
 TEST_F(AccountsPickerTest, AMissingFileIsReported) {
-  EXPECT_FALSE(Ask(2025, kLiabilities, [](frmAccounts&) {}, 77).chosen);
+  EXPECT_FALSE(Ask(
+                   2025, kLiabilities, [](frmAccounts&) {}, 77)
+                   .chosen);
   EXPECT_FALSE(shown);
   ASSERT_EQ(log->records.size(), 1U);
   EXPECT_EQ(log->records[0].module, "frmAccounts.ListAccounts");

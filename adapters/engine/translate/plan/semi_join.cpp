@@ -139,11 +139,11 @@ class Builder {
 
   // What one table that gives no output is asked for each row: the fields that tie it, and its conditions.
   struct Question {
-    std::optional<FieldEquality> tie;  // left: of a kept table
-    std::vector<std::string> all;      // every condition that speaks of it
+    std::optional<FieldEquality> tie;                                    // left: of a kept table
+    std::vector<std::string> all;                                        // every condition that speaks of it
     std::vector<std::pair<std::string, std::optional<FieldBound>>> own;  // those that speak of it alone
-    std::vector<int> fixed;            // its fields that conditions hold to one value
-    bool mixed = false;                // conditions beside the tie speak of other tables, too
+    std::vector<int> fixed;                                              // its fields that conditions hold to one value
+    bool mixed = false;                                                  // conditions beside the tie speak of other tables, too
   };
 
   Question QuestionOf(int table) {
@@ -199,16 +199,18 @@ class Builder {
       const Question question = group == TableBit(table) ? QuestionOf(table) : Question();
       if (!question.tie) return;
       // A row key needs no index, and its own is for show.
-      const std::string along = question.tie->right.type == platform::FieldType::Counter
-                                    ? ""
-                                    : emitter_.GetForms().GetDialect().Along(names_.Tables()[static_cast<std::size_t>(table)].table->definition.name,
-                                                                             IndexFor(*question.tie, question.fixed));
+      const std::string along =
+          question.tie->right.type == platform::FieldType::Counter
+              ? ""
+              : emitter_.GetForms().GetDialect().Along(names_.Tables()[static_cast<std::size_t>(table)].table->definition.name,
+                                                       IndexFor(*question.tie, question.fixed));
       if (LeadsToKeys(*question.tie)) {
         bool whole = true;
         PlanDriver driver = DriverOf(table, question, whole);
         drivers.emplace_back(whole && !question.mixed ? conditions.size() : kNowhere, std::move(driver));
       }
-      conditions.push_back("EXISTS (SELECT 1 FROM " + sources_.EmitTable(table) + along + " WHERE " + JoinedBy(question.all, " AND ") + ')');
+      conditions.push_back("EXISTS (SELECT 1 FROM " + sources_.EmitTable(table) + along + " WHERE " + JoinedBy(question.all, " AND ") +
+                           ')');
     }
     result.rowWhere = JoinedBy(conditions, " AND ");
     for (auto& [place, driver] : drivers) {
@@ -225,23 +227,27 @@ class Builder {
     const StatementScope::Table& entry = names_.Tables()[static_cast<std::size_t>(table)];
     const platform::TableDefinition& definition = entry.table->definition;
     const auto isBound = [&](const std::string& name) {
-      return std::ranges::any_of(question.own, [&](const auto& each) { return each.second && each.second->field == FieldPlace(definition, name); });
+      return std::ranges::any_of(question.own,
+                                 [&](const auto& each) { return each.second && each.second->field == FieldPlace(definition, name); });
     };
     const platform::IndexDefinition* best = nullptr;
     for (const platform::IndexDefinition& index : definition.indexes) {
       const int first = FieldPlace(definition, index.fields.front());
-      if (!isBound(index.fields.front()) || definition.fields[static_cast<std::size_t>(first)].type == platform::FieldType::Counter) continue;
+      if (!isBound(index.fields.front()) || definition.fields[static_cast<std::size_t>(first)].type == platform::FieldType::Counter)
+        continue;
       const auto holdsTie = [&](const platform::IndexDefinition& each) {
-        return std::ranges::any_of(each.fields, [&](const std::string& name) { return FieldPlace(definition, name) == question.tie->right.field; });
+        return std::ranges::any_of(each.fields,
+                                   [&](const std::string& name) { return FieldPlace(definition, name) == question.tie->right.field; });
       };
       if (best == nullptr || (holdsTie(index) && !holdsTie(*best))) best = &index;
     }
     std::vector<std::string> conditions;
     whole = true;
     for (const auto& [condition, bound] : question.own) {
-      const bool byIndex = best != nullptr && bound && std::ranges::any_of(best->fields, [&, field = bound->field](const std::string& name) {
-                             return FieldPlace(definition, name) == field;
-                           });
+      const bool byIndex =
+          best != nullptr && bound && std::ranges::any_of(best->fields, [&, field = bound->field](const std::string& name) {
+            return FieldPlace(definition, name) == field;
+          });
       if (best == nullptr || byIndex)
         conditions.push_back(condition);
       else

@@ -159,14 +159,15 @@ TEST_F(Plans, DistinctRowAsksForOtherTablesBySubselects) {
 
 TEST_F(Plans, DistinctRowAsksForOneRowByTheOthersIndexes) {
   const engine::SelectPlan plan = Plan(
-      "Select DISTINCTROW Customers.* FROM Customers INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum WHERE (Phones.Area = '612') AND "
+      "Select DISTINCTROW Customers.* FROM Customers INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum WHERE (Phones.Area = '612') "
+      "AND "
       "(Customers.Status = 0)");
   EXPECT_TRUE(plan.asksByRow);
-  EXPECT_TRUE(plan.rowWhere.starts_with("t0.\"Status\" = 0 AND EXISTS (SELECT 1 FROM \"f1\".\"Phones\" AS d0 INDEXED BY ")) << plan.rowWhere;
+  EXPECT_TRUE(plan.rowWhere.starts_with("t0.\"Status\" = 0 AND EXISTS (SELECT 1 FROM \"f1\".\"Phones\" AS d0 INDEXED BY "))
+      << plan.rowWhere;
   EXPECT_NE(plan.rowWhere.find("t0.\"AcctNum\" = d0.\"AcctNum\""), std::string::npos) << plan.rowWhere;
   ASSERT_FALSE(plan.drivers.empty());
-  EXPECT_EQ(plan.drivers[0].keys,
-            "SELECT d0.\"AcctNum\" FROM \"f1\".\"Phones\" AS d0 WHERE d0.\"Area\" = '612' COLLATE \"GENERAL\" AND ");
+  EXPECT_EQ(plan.drivers[0].keys, "SELECT d0.\"AcctNum\" FROM \"f1\".\"Phones\" AS d0 WHERE d0.\"Area\" = '612' COLLATE \"GENERAL\" AND ");
   EXPECT_EQ(plan.drivers[0].pieceKey, "d0.\"RecordID\"") << "no index on the area here";
   EXPECT_EQ(plan.drivers[0].rest, "t0.\"Status\" = 0");
 }
@@ -181,7 +182,8 @@ TEST_F(Plans, AConditionOfTwoTablesIsAskedAsAWhole) {
 }
 
 TEST_F(Plans, WithoutAnIndexOfTheOtherTableNoRowIsAskedAlone) {
-  EXPECT_FALSE(Plan("Select DistinctRow Customers.AcctNum From Customers Left Join Phones On Customers.AcctNum = Phones.AcctNum").asksByRow);
+  EXPECT_FALSE(
+      Plan("Select DistinctRow Customers.AcctNum From Customers Left Join Phones On Customers.AcctNum = Phones.AcctNum").asksByRow);
   EXPECT_FALSE(Plan("Select DistinctRow Customers.AcctNum From Customers Inner Join Phones On Customers.City = Phones.Comment").asksByRow);
 }
 

@@ -34,9 +34,7 @@ TEST(HostCommands, NotWhileShowUserRuns) {
 
 TEST(HostCommands, AnExceptionThatIsNoErrorEndsTheRunAndIsTold) {
   test_support::ScenarioOptions options;
-  options.prepare = [](test_support::frmFirst& screen) {
-    screen.txtName.GotFocus = [] { throw std::runtime_error("no such thing"); };
-  };
+  options.prepare = [](test_support::frmFirst& screen) { screen.txtName.GotFocus = [] { throw std::runtime_error("no such thing"); }; };
   const auto result = RunScenario("host ShowUser\nclose\n", options);
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.output, "t.scn:1: expected host ShowUser, was no such thing\n");

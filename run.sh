@@ -24,7 +24,7 @@ data=${ORCUSSCH_DATA:-$PWD/run/company}
 if [ ! -d "$data/data/orv1" ]; then
   say "Making a demonstration company with $customers customers in $data ..."
   mkdir -p "$data"
-  build/default/bin/suitefiles demo "$data" --company 1 --customers "$customers" --seed 1
+  build/default/bin/suitefiles demo "$data" --company 1 --customers "$customers" --seed 1 --date "$(date +%F)"
 fi
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then

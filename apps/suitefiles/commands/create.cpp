@@ -3,6 +3,7 @@
 #include "platform/values/text.h"
 #include "suitefiles/company/company_files.h"
 #include "suitefiles/company/company_maker.h"
+#include "suitefiles/company/report_files.h"
 #include "suitefiles/company/staging.h"
 #include "suitefiles/program/command_line.h"
 #include "suitefiles/program/commands.h"
@@ -25,9 +26,11 @@ int RunCreate(const std::vector<std::string>& words, const Console& console) {
   const std::string dat = folder.File(company.number, suite::DataFile::Dat);
   const auto row = AddCompanyRow(dat, company);
   files.MoveIntoPlace();
+  const auto reports = PutReportFiles(folder.Path());
 
   console.out << "Company " << company.number << " made in " << files.Place() << ".\n";
   if (row == CompanyRow::WasThere) console.out << "Its row in " << dat << " was there already and is unchanged.\n";
+  console.out << Told(reports);
   return kDone;
 }
 

@@ -7,6 +7,7 @@
 #include "suitefiles/company/company_files.h"
 #include "suitefiles/company/company_maker.h"
 #include "suitefiles/company/data_access.h"
+#include "suitefiles/company/report_files.h"
 #include "suitefiles/company/staging.h"
 #include "suitefiles/company/table_writer.h"
 #include "suitefiles/demo/codes.h"
@@ -115,6 +116,7 @@ int RunDemo(const std::vector<std::string>& words, const Console& console) {
   }
   AddDefaultTerms(dat, options.company);
   console.out << options.customers << " invented customers in company " << options.company << " (" << customerFile << ").\n";
+  console.out << Told(PutReportFiles(folder.Path()));
   return kDone;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/values/error.h"
 #include "suite/company_schema.h"
 #include "suitefiles/company/company_files.h"
+#include "suitefiles/company/report_files.h"
 #include "suitefiles/program/command_line.h"
 #include "suitefiles/program/commands.h"
 #include "suitefiles/program/progress.h"
@@ -81,6 +82,7 @@ int RunUpgrade(const std::vector<std::string>& words, const Console& console) {
     for (const auto file : suite::kCompanyFiles) upgrader.Upgrade(folder.File(company, file), file);
   }
   UpgradeTemporaryFiles(folder, upgrader);
+  console.out << Told(PutReportFiles(folder.Path()));
 
   console.out << upgrader.Files() << " files, " << upgrader.Upgraded() << " upgraded";
   console.out << (upgrader.Failed() > 0 ? ", " + std::to_string(upgrader.Failed()) + " left as they were.\n" : ".\n");

@@ -21,6 +21,7 @@ const std::vector<Report>& Reports() {
   static constexpr const char* kLedger = "GL.zdb";
   static constexpr const char* kTemporary = "ORVTEMP.ZDB";
   static constexpr const char* kPaper = "Plain paper";
+  static constexpr const char* kWide = "Plain paper, landscape";
   static const std::vector<Report> reports = {
       {"ARCusDet.Rpt", "Customer Detail", "Detail", kPaper, {kCustomer, kCustomer, kCustomer}, true},
       {"ARCusPho.Rpt", "Customer Phones", "List", kPaper, {kCustomer, kCustomer, kCustomer}, false},
@@ -31,7 +32,22 @@ const std::vector<Report>& Reports() {
       {"ARCustKW.Rpt", "Customer Key Words", "List", kPaper, {kCustomer, kCustomer}, false},
       {"ARML5161.RPT", "Mailing Labels, two across", "Labels", "5161 mailing labels, 1 x 4 inches", {kTemporary}, false},
       {"ARML5260.RPT", "Mailing Labels, three across", "Labels", "5260 mailing labels, 1 x 2 5/8 inches", {kTemporary}, false},
-      {"ARFL5166.RPT", "File Folder Labels", "Labels", "5166 file folder labels", {kTemporary}, false}};
+      {"ARFL5166.RPT", "File Folder Labels", "Labels", "5166 file folder labels", {kTemporary}, false},
+      {"ARCusLst.Rpt", "Customer List", "List", kPaper, {kCustomer}, false},
+      {"ARCusDir.Rpt", "Customer Directory", "List", kPaper, {kCustomer, kCustomer, kCustomer}, false},
+      {"ARCusBal.Rpt", "Balances and Credit Limits", "List", kPaper, {kCustomer, kCustomer}, false},
+      {"ARCusHld.Rpt", "Credit Holds", "List", kPaper, {kCustomer}, false},
+      {"ARCusPay.Rpt", "Payment Figures", "List", kWide, {kCustomer}, false},
+      {"ARCusNew.Rpt", "New Customers", "List", kPaper, {kCustomer}, false},
+      {"ARCusIna.Rpt", "Inactive Customers", "List", kPaper, {kCustomer}, false},
+      {"ARCusExm.Rpt", "Tax Exemptions About to Expire", "List", kPaper, {kCustomer}, false},
+      {"ARCusCCX.Rpt", "Credit Cards About to Expire", "List", kPaper, {kCustomer, kCustomer, kCustomer}, false},
+      {"ARCusTyp.Rpt", "Customers by Type", "List", kPaper, {kCustomer, kCustomer, kCustomer}, false},
+      {"ARCusKey.Rpt", "Customers by Key Word", "List", kPaper, {kCustomer, kCustomer}, false},
+      {"ARCusMap.Rpt", "Customers by Map Code", "List", kPaper, {kCustomer, kCustomer}, false},
+      {"ARCusZip.Rpt", "Customers by ZIP", "List", kPaper, {kCustomer}, false},
+      {"ARCusDpt.Rpt", "Departmental Rates", "List", kPaper, {kCustomer, kCustomer, kLedger}, false},
+      {"ARCusPar.Rpt", "Parents and Children", "List", kPaper, {kCustomer, kCustomer, kCustomer}, false}};
   return reports;
 }
 

@@ -35,7 +35,7 @@ company that are there already are left alone and the command fails.
 
 The new company has the built-in phone types, card types, terms and sales
 rates, ten departments, a chart of accounts with ledger rows of one year, and
-the report catalogue.
+the report catalogue; its report files come into DIR, never over changed ones.
 
   --company N   number of the company, 1 to 2147483647
   --name TEXT   name of the company, at most 40 characters ("Company N")
@@ -122,6 +122,9 @@ Each file is copied first, as FILE.before-upgrade beside it (-2, -3 and so on
 when that is taken), and changed in one step: a run that was stopped in between
 leaves it as it was, and can be done again. A file that somebody has open is
 left and told; let everybody leave the programs, then run it again.
+
+Report files that this version brings come into DIR; one that the office has
+changed stays as it is.
 
   --company N   upgrade this company alone
 )";

@@ -77,9 +77,11 @@ TEST(Create, BuiltInRows) {
   EXPECT_EQ(Select(customer, "SELECT CreditCardType FROM CreditCardTypes ORDER BY CreditCardType"), "A\nC\nD\nM\nV\n");
   EXPECT_EQ(Select(customer, "SELECT SalesRate, RateDescription FROM MaterialSalesRateCodes"),
             "A\tAverage Cost\nB\tBase Cost\nR\tResidential\nT\tTrade\nL\tList\n");
-  EXPECT_EQ(Select(customer, "SELECT Name FROM CUReports ORDER BY Sequence"),
-            "ARCusDet.Rpt\nARCusPho.Rpt\nARAltAdr.Rpt\nARCustCC.Rpt\nARLabRat.Rpt\nARCusCod.Rpt\nARCustKW.Rpt\nARML5161.RPT\nARML5260."
-            "RPT\nARFL5166.RPT\n");
+  EXPECT_EQ(
+      Select(customer, "SELECT Name FROM CUReports ORDER BY Sequence"),
+      "ARCusDet.Rpt\nARCusPho.Rpt\nARAltAdr.Rpt\nARCustCC.Rpt\nARLabRat.Rpt\nARCusCod.Rpt\nARCustKW.Rpt\nARML5161.RPT\nARML5260."
+      "RPT\nARFL5166.RPT\nARCusLst.Rpt\nARCusDir.Rpt\nARCusBal.Rpt\nARCusHld.Rpt\nARCusPay.Rpt\nARCusNew.Rpt\nARCusIna.Rpt\nARCusExm.Rpt\n"
+      "ARCusCCX.Rpt\nARCusTyp.Rpt\nARCusKey.Rpt\nARCusMap.Rpt\nARCusZip.Rpt\nARCusDpt.Rpt\nARCusPar.Rpt\n");
   EXPECT_EQ(Select(customer, "SELECT DataFiles0, DataFiles1, DataFiles2, DataFiles3 FROM CUReports WHERE Name='ARLabRat.Rpt'"),
             "customer.zdb\tcustomer.zdb\tGL.zdb\t\n");
   EXPECT_EQ(Select(customer, "SELECT DISTINCT DataFiles0 FROM CUReports WHERE Name Like 'AR?L5*'"), "ORVTEMP.ZDB\n");
@@ -129,7 +131,7 @@ TEST(Create, FollowsTheSettingsFile) {
   folder.Write("books/notes.txt", "kept");
   const auto outcome = RunSuitefiles({"create", folder / "a", "--company", "3", "--name", "Third"});
   ASSERT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(outcome.out, "Company 3 made in " + folder / "books/customer.zdb.\n");
+  EXPECT_EQ(outcome.out, "Company 3 made in " + folder / "books/customer.zdb.\n26 report files added.\n");
   EXPECT_EQ(Select(folder / "books/dat.zdb", "SELECT CompID, CompName FROM Company"), "3\tThird\n");
   for (const char* file : {"customer.zdb", "artrans.zdb", "ledger.zdb", "flatrate.zdb"}) EXPECT_TRUE(fs::exists(folder / "books/" + file));
   EXPECT_FALSE(fs::exists(folder / "a/data")) << "nothing in the usual place";

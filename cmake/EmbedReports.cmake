@@ -1,0 +1,10 @@
+# Writes the report files into one source: cmake -DFOLDER=... -DOUTPUT=... -P EmbedReports.cmake
+file(GLOB names RELATIVE ${FOLDER} ${FOLDER}/*)
+list(SORT names)
+set(text "#include \"suitefiles/company/report_files.h\"\n\nnamespace suitefiles {\n\nconst std::vector<ReportFile>& DeliveredReports() {\n  static const std::vector<ReportFile> files = {\n")
+foreach(name IN LISTS names)
+  file(READ ${FOLDER}/${name} content)
+  string(APPEND text "      {\"${name}\", R\"report(${content})report\"},\n")
+endforeach()
+string(APPEND text "  };\n  return files;\n}\n\n}  // namespace suitefiles\n")
+file(WRITE ${OUTPUT} "${text}")

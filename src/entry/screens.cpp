@@ -3,6 +3,7 @@
 #include "maintenance/frmCustMain.h"
 #include "maintenance/openers.h"
 #include "queries/frmCustQueries.h"
+#include "relationships/frmChildParentCustomers.h"
 #include "session/ModCustSch.h"
 #include "session/openers.h"
 #include "setup/frmCreditCardSetup.h"
@@ -34,6 +35,7 @@ void ConnectScreens() {
   gMainOpeners = MainOpeners{};
   gMainOpeners.queries = [](frmCustMain&) { screens::frmCustQueries.Show(); };
   gMainOpeners.queryScreen = []() -> platform::Form* { return screens::frmCustQueries.peek(); };
+  gMainOpeners.relationships = [](frmCustMain&) { screens::frmChildParentCustomers.Show(); };
   gMainOpeners.taxSetup = [](frmCustMain&) { screens::frmTaxSetup.Show(); };
   gMainOpeners.creditCardSetup = [](frmCustMain&) { screens::frmCreditCardSetup.Show(); };
   gMainOpeners.phoneSetup = [](frmCustMain&) { screens::frmPhoneSetup.Show(); };

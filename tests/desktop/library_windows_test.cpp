@@ -20,6 +20,7 @@
 #include "maintenance/frmCustMain.h"
 #include "platform/controls/buttons.h"
 #include "queries/frmCustQueries.h"
+#include "relationships/frmChildParentCustomers.h"
 #include "setup/accounts/frmAccounts.h"
 #include "setup/frmCreditCardSetup.h"
 #include "setup/frmMapCode.h"
@@ -45,6 +46,7 @@ std::unique_ptr<platform::Form> MakeAccounts(platform::Application& app) {
 
 const std::map<std::string, Maker> kScreens = {
     {"frmAccounts", MakeAccounts},
+    {"frmChildParentCustomers", Make<orcussch::frmChildParentCustomers>},
     {"frmCreditCardSetup", Make<orcussch::frmCreditCardSetup>},
     {"frmCustMain", Make<orcussch::frmCustMain>},
     {"frmCustQueries", Make<orcussch::frmCustQueries>},

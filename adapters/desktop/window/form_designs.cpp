@@ -1,6 +1,7 @@
 #include "desktop/window/form_designs.h"
 
 #include "ui_frmAccounts.h"
+#include "ui_frmChildParentCustomers.h"
 #include "ui_frmCreditCardSetup.h"
 #include "ui_frmCustMain.h"
 #include "ui_frmCustQueries.h"
@@ -14,10 +15,15 @@ namespace desktop {
 
 std::vector<FormDesign> LibraryDesigns() {
   return {
-      DesignFrom<Ui::frmAccounts>("frmAccounts"),       DesignFrom<Ui::frmCreditCardSetup>("frmCreditCardSetup"),
-      DesignFrom<Ui::frmCustMain>("frmCustMain"),       DesignFrom<Ui::frmCustQueries>("frmCustQueries"),
-      DesignFrom<Ui::frmMapCode>("frmMapCode"),         DesignFrom<Ui::frmPhoneSetup>("frmPhoneSetup"),
-      DesignFrom<Ui::frmTaxSetup>("frmTaxSetup"),       DesignFrom<Ui::frmTaxSetupQueries>("frmTaxSetupQueries"),
+      DesignFrom<Ui::frmAccounts>("frmAccounts"),
+      DesignFrom<Ui::frmChildParentCustomers>("frmChildParentCustomers"),
+      DesignFrom<Ui::frmCreditCardSetup>("frmCreditCardSetup"),
+      DesignFrom<Ui::frmCustMain>("frmCustMain"),
+      DesignFrom<Ui::frmCustQueries>("frmCustQueries"),
+      DesignFrom<Ui::frmMapCode>("frmMapCode"),
+      DesignFrom<Ui::frmPhoneSetup>("frmPhoneSetup"),
+      DesignFrom<Ui::frmTaxSetup>("frmTaxSetup"),
+      DesignFrom<Ui::frmTaxSetupQueries>("frmTaxSetupQueries"),
       DesignFrom<Ui::frmUserStartup>("frmUserStartup"),
   };
 }

@@ -92,10 +92,16 @@ bool PressButtonByLetter(const Form& form, std::string_view key) {
   return false;
 }
 
+bool Leave(Form& form, std::string_view key) {
+  if (key != "Escape" || !form.LeavesByEscape()) return false;
+  form.UserClose();
+  return true;
+}
+
 }  // namespace
 
 bool PressKeyOnScreen(Form& form, const Control* focus, std::string_view key) {
-  return TurnTab(form, key) || Search(form, focus, key) || StartCommand(form, key) || PressButtonByLetter(form, key);
+  return TurnTab(form, key) || Search(form, focus, key) || StartCommand(form, key) || PressButtonByLetter(form, key) || Leave(form, key);
 }
 
 }  // namespace platform

@@ -30,6 +30,10 @@ class Form {
   std::span<const Shortcut> Shortcuts() const noexcept { return shortcuts_; }
   void Shortcuts(std::span<const Shortcut> table) noexcept { shortcuts_ = table; }
 
+  /// Whether Escape leaves the screen as its frame does: for screens that only look and have no command for it.
+  bool LeavesByEscape() const noexcept { return leavesByEscape_; }
+  void LeavesByEscape(bool leaves) noexcept { leavesByEscape_ = leaves; }
+
   /// The life's events, in the order in which they can come.
   virtual void Form_Load() {}
   virtual void Form_Activate() {}
@@ -87,6 +91,7 @@ class Form {
   Control* wantedFocus_ = nullptr;
   bool focusMoving_ = false;
   bool focusWanted_ = false;
+  bool leavesByEscape_ = false;
   bool loaded_ = false;
   bool visible_ = false;
   bool loading_ = false;

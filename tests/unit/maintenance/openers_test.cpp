@@ -77,6 +77,7 @@ TEST_F(OpenersTest, TheStatisticsKeyNeedsARecord) {
 }
 
 TEST_F(OpenersTest, ACommandWithoutItsScreenDoesNothing) {
+  orcussch::gMainOpeners = {};
   Serve([&](frmCustMain& screen) {
     for (const char* key : {"tb_Print", "tb_Statistics", "tb_MapAll", "tb_Reports"}) screen.Toolbar1.Button(key).UserClick();
     for (platform::MenuItem* item : {&screen.miMapAll, &screen.miReports, &screen.miRelationships}) item->UserClick();

@@ -2,6 +2,7 @@
 
 #include "maintenance/frmCustMain.h"
 #include "maintenance/openers.h"
+#include "mapping/frmMap.h"
 #include "queries/frmCustQueries.h"
 #include "relationships/frmChildParentCustomers.h"
 #include "session/ModCustSch.h"
@@ -23,6 +24,11 @@ void ShowAndUnload(platform::ScreenRef<Screen>& screen) {
   if (Screen* left = screen.peek(); left != nullptr && IsFormLoaded(left)) App().Unload(*left);
 }
 
+/// Without a street map there is nothing to show.
+void ShowMap(const std::string& Scope) {
+  if (App().Map() != nullptr) MapCustomer(Scope);
+}
+
 }  // namespace
 
 void ConnectScreens() {
@@ -35,6 +41,8 @@ void ConnectScreens() {
   gMainOpeners = MainOpeners{};
   gMainOpeners.queries = [](frmCustMain&) { screens::frmCustQueries.Show(); };
   gMainOpeners.queryScreen = []() -> platform::Form* { return screens::frmCustQueries.peek(); };
+  gMainOpeners.mapCustomer = [](frmCustMain&) { ShowMap("One"); };
+  gMainOpeners.mapAll = [](frmCustMain&) { ShowMap("All"); };
   gMainOpeners.relationships = [](frmCustMain&) { screens::frmChildParentCustomers.Show(); };
   gMainOpeners.taxSetup = [](frmCustMain&) { screens::frmTaxSetup.Show(); };
   gMainOpeners.creditCardSetup = [](frmCustMain&) { screens::frmCreditCardSetup.Show(); };

@@ -18,6 +18,7 @@
 #include "desktop/window/form_designs.h"
 #include "desktop/window/front_end.h"
 #include "maintenance/frmCustMain.h"
+#include "mapping/frmMap.h"
 #include "platform/controls/buttons.h"
 #include "queries/frmCustQueries.h"
 #include "relationships/frmChildParentCustomers.h"
@@ -50,6 +51,7 @@ const std::map<std::string, Maker> kScreens = {
     {"frmCreditCardSetup", Make<orcussch::frmCreditCardSetup>},
     {"frmCustMain", Make<orcussch::frmCustMain>},
     {"frmCustQueries", Make<orcussch::frmCustQueries>},
+    {"frmMap", Make<orcussch::frmMap>},
     {"frmMapCode", Make<orcussch::frmMapCode>},
     {"frmPhoneSetup", Make<orcussch::frmPhoneSetup>},
     {"frmTaxSetup", Make<orcussch::frmTaxSetup>},

@@ -56,6 +56,7 @@ std::unique_ptr<Binding> MakeBinding(QMainWindow& window, Services& services, Co
                      Try<platform::Label, QLabel, LabelBinding>(window, control, binding) ||
                      Try<platform::Frame, QGroupBox, GroupBinding>(window, control, binding) ||
                      Try<platform::Frame, QFrame, FrameBinding>(window, control, binding) ||
+                     Try<platform::MapControl, QFrame, MapBinding>(window, control, binding) ||
                      Try<platform::StatusBar, QStatusBar, StatusBarBinding>(window, control, binding) ||
                      Try<platform::ProgressBar, QProgressBar, ProgressBinding>(window, control, binding) ||
                      Try<platform::ListBox, QListWidget, ListBoxBinding>(window, control, binding) ||

@@ -16,6 +16,7 @@
 #include "platform/controls/buttons.h"
 #include "platform/controls/label.h"
 #include "platform/controls/lists.h"
+#include "platform/controls/map/map_control.h"
 
 /// Bindings of the controls that show a text or a number and know one or two acts. Texts that the layout holds stay where
 /// the model starts without one.
@@ -35,6 +36,12 @@ class GroupBinding final : public TypedBinding<platform::Frame, QGroupBox> {
 
 /// A frame without a caption of its own.
 class FrameBinding final : public TypedBinding<platform::Frame, QFrame> {
+ public:
+  using TypedBinding::TypedBinding;
+};
+
+/// The map draws itself; the window gives it its place.
+class MapBinding final : public TypedBinding<platform::MapControl, QFrame> {
  public:
   using TypedBinding::TypedBinding;
 };

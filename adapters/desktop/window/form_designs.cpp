@@ -5,6 +5,7 @@
 #include "ui_frmCreditCardSetup.h"
 #include "ui_frmCustMain.h"
 #include "ui_frmCustQueries.h"
+#include "ui_frmMap.h"
 #include "ui_frmMapCode.h"
 #include "ui_frmPhoneSetup.h"
 #include "ui_frmTaxSetup.h"
@@ -20,6 +21,7 @@ std::vector<FormDesign> LibraryDesigns() {
       DesignFrom<Ui::frmCreditCardSetup>("frmCreditCardSetup"),
       DesignFrom<Ui::frmCustMain>("frmCustMain"),
       DesignFrom<Ui::frmCustQueries>("frmCustQueries"),
+      DesignFrom<Ui::frmMap>("frmMap"),
       DesignFrom<Ui::frmMapCode>("frmMapCode"),
       DesignFrom<Ui::frmPhoneSetup>("frmPhoneSetup"),
       DesignFrom<Ui::frmTaxSetup>("frmTaxSetup"),

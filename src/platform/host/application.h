@@ -53,7 +53,7 @@ class Application final : public FormHost {
   platform::ErrorLog& ErrorLog() const { return *parts_.errorLog; }
   AccountsLookup* Accounts() const { return parts_.accounts.get(); }
   ReportEngine* Reports() const override { return parts_.reports.get(); }
-  MapEngine* Map() const { return parts_.map.get(); }
+  MapEngine* Map() const override { return parts_.map.get(); }
   platform::FrontEnd& FrontEnd() const { return *parts_.frontEnd; }
   std::optional<PrinterChoice> PrinterDialog(Form& form) override { return FrontEnd().PrinterDialog(form); }
   void ServePainting() override { FrontEnd().ServePainting(); }

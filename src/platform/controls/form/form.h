@@ -25,6 +25,8 @@ class Form {
   const std::string& Name() const noexcept { return name_; }
   const std::string& Caption() const noexcept { return caption_; }
   void Caption(std::string caption);
+  const std::string& Tag() const noexcept { return tag_; }
+  void Tag(std::string tag) { tag_ = std::move(tag); }
   FormHost& Host() const noexcept { return host_; }
   /// The keys of the screen's commands. The table stands as long as the screen.
   std::span<const Shortcut> Shortcuts() const noexcept { return shortcuts_; }
@@ -85,6 +87,7 @@ class Form {
   FormHost& host_;
   std::string name_;
   std::string caption_;
+  std::string tag_;
   std::span<const Shortcut> shortcuts_;
   std::vector<Control*> controls_;
   Control* focus_ = nullptr;

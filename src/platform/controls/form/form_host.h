@@ -9,6 +9,7 @@
 #include "platform/controls/form/control.h"
 #include "platform/data/data.h"
 #include "platform/services/error_log.h"
+#include "platform/services/map.h"
 #include "platform/services/report_engine.h"
 #include "platform/values/calendar.h"
 #include "platform/values/error.h"
@@ -48,6 +49,7 @@ class FormHost {
   virtual DataEngine& Engine() const = 0;
   /// nullptr when the host has none.
   virtual ReportEngine* Reports() const = 0;
+  virtual MapEngine* Map() const = 0;
   /// Shows a box and returns the button pressed, both as in namespace box.
   virtual int MsgBox(const std::string& text, int style, const std::string& title) = 0;
   /// The printer dialog; nothing when the user cancels it.

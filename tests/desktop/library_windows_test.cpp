@@ -81,7 +81,7 @@ TEST_P(LibraryWindows, EveryControlHasItsWidgetOfTheRightClass) {
 
 TEST_P(LibraryWindows, EveryWidgetThatIsNamedLikeAControlHasItsControl) {
   static const QRegularExpression controlName(
-      "^(txt|lbl|cbo|opt|chk|cmd|fra[A-Z]|Frame|grid|grd|SSPanel|SSIndexTab1$|SSTab1$|Toolbar|StatusBar|mi|mnu|tb_)");
+      "^(txt|lbl|cbo|opt|chk|cmd|fra[A-Z]|Frame|lstMap$|Pwstreet|grid|grd|SSPanel|SSIndexTab1$|SSTab1$|Toolbar|StatusBar|mi|mnu|tb_)");
   std::set<QString> known;
   for (const platform::Control* control : screen->Controls()) known.insert(desktop::WidgetName(*control));
   int named = 0;

@@ -18,6 +18,7 @@
 #include "platform/controls/form/form_host.h"
 #include "platform/controls/grid.h"
 #include "platform/keys/list_keys.h"
+#include "platform/services/list_export.h"
 
 namespace desktop {
 
@@ -78,6 +79,9 @@ class ListView final : public QAbstractScrollArea {
   void ColumnMoved(int column, int place);
   void FitColumn(int column);
   void HeadMenu(const QPoint& global, int column = -1);
+  /// Asks for a file and writes the list into it: all rows, the columns that are shown, in the order that is shown.
+  void ExportList();
+  bool CanExport() const;
   /// The menu of the current row; `column` is that of the cell.
   void RowMenu(const QPoint& global, int column);
   /// The order of the columns and those that are not shown, by field name; kept for the user.
@@ -145,6 +149,8 @@ class ListView final : public QAbstractScrollArea {
   void CopyCell(int column);
   /// The marked rows, else the current one, under their headings.
   void CopyRows();
+  platform::ExportedList Exported(const platform::Grid& grid) const;
+  void ExportTo(const platform::Grid& grid, const QString& path);
   void ChooseColumns();
   void MoveCellCursor(int step);
   std::optional<std::int64_t> OrdinalAt(int y) const;

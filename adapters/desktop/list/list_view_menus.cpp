@@ -63,6 +63,7 @@ void ListView::RowMenu(const QPoint& global, int column) {
   menu->addSeparator();
   menu->addAction(tr("Copy Cell"), this, [this, column] { CopyCell(column); })->setEnabled(column >= 0);
   menu->addAction(Entry(tr("Copy Rows with Headings"), "Ctrl+C"), this, [this] { CopyRows(); });
+  menu->addAction(tr("Export List..."), this, [this] { ExportList(); })->setEnabled(CanExport());
   menu->addSeparator();
   menu->addAction(tr("Columns..."), this, [this] { ChooseColumns(); });
   menu->popup(global);

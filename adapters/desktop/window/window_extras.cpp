@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QStatusBar>
 
+#include "desktop/list/list_view.h"
 #include "desktop/services/services.h"
 #include "desktop/toolkit/toolkit.h"
 #include "desktop/window/help.h"
@@ -68,7 +69,30 @@ void WindowExtras::AddMenus() {
     menu->addSeparator();
     menu->addAction(action);
   }
+  AddExport();
   AddHelpMenu(window_);
+}
+
+/// The list that is to be seen, as a file.
+void WindowExtras::AddExport() {
+  auto* menu = window_.menuBar()->findChild<QMenu*>("mnuFile");
+  if (!menu) return;
+  menu->addSeparator();
+  QAction* action = menu->addAction(QObject::tr("Export List..."), &window_, [this] {
+    if (ListView* list = ShownListView()) list->ExportList();
+  });
+  action->setObjectName("exportListAction");
+  QObject::connect(menu, &QMenu::aboutToShow, action, [this, action] {
+    const ListView* list = ShownListView();
+    action->setEnabled(list && list->CanExport());
+  });
+}
+
+ListView* WindowExtras::ShownListView() const {
+  const platform::Grid* shown = ShownList();
+  for (ListView* list : window_.findChildren<ListView*>())
+    if (shown && list->Model() == shown) return list;
+  return nullptr;
 }
 
 void WindowExtras::ShowMode() {

@@ -15,13 +15,14 @@ class Grid;
 
 namespace desktop {
 
+class ListView;
 class Services;
 
 /// What a window adds to its screen's own controls, where its layout asks for it: a badge that says what the open card is for
 /// (label "modeBadge"; labels with the property "ofOwner" give way while a new owner is added), one that says what the list is
 /// narrowed to (label "filterBadge"), buttons that press a toolbar key (property "presses"), the place of the current row at the end
-/// of the status bar, commands behind those of a menu (the menu bar's property "behindMenus": "mnuEdit miTypedBack"), and the Help
-/// menu.
+/// of the status bar, commands behind those of a menu (the menu bar's property "behindMenus": "mnuEdit miTypedBack"), the export of the
+/// list behind the file menu, and the Help menu.
 class WindowExtras {
  public:
   WindowExtras(QMainWindow& window, platform::Form& form, Services& services);
@@ -34,6 +35,8 @@ class WindowExtras {
  private:
   void ConnectButtons();
   void AddMenus();
+  void AddExport();
+  ListView* ShownListView() const;
   void ShowMode();
   void ShowFilter();
   QString Place() const;

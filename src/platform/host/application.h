@@ -20,7 +20,8 @@
 
 namespace platform {
 
-/// The parts that a host (or a test) puts together. `map`, `accounts` and `diagnosticLog` may stay empty.
+/// The parts that a host (or a test) puts together. `reports`, `map`, `listExport`, `accounts` and `diagnosticLog` may stay
+/// empty.
 struct ApplicationParts {
   std::unique_ptr<DataEngine> engine;
   std::unique_ptr<OperatingSystem> system;
@@ -29,6 +30,7 @@ struct ApplicationParts {
   std::unique_ptr<AccountsLookup> accounts;
   std::unique_ptr<ReportEngine> reports;
   std::unique_ptr<MapEngine> map;
+  std::unique_ptr<ListExport> listExport;
   std::unique_ptr<FrontEnd> frontEnd;
   std::string path;                      ///< the library's own folder
   std::string title;                     ///< the host's name, for the log
@@ -54,6 +56,7 @@ class Application final : public FormHost {
   AccountsLookup* Accounts() const { return parts_.accounts.get(); }
   ReportEngine* Reports() const override { return parts_.reports.get(); }
   MapEngine* Map() const override { return parts_.map.get(); }
+  ListExport* Exports() const override { return parts_.listExport.get(); }
   platform::FrontEnd& FrontEnd() const { return *parts_.frontEnd; }
   std::optional<PrinterChoice> PrinterDialog(Form& form) override { return FrontEnd().PrinterDialog(form); }
   void ServePainting() override { FrontEnd().ServePainting(); }

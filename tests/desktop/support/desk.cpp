@@ -31,6 +31,7 @@ void Desk::Start(const desktop::DesktopOptions& options) {
   hands = desktop::MakeHands(*made);
   parts.frontEnd = std::move(made);
   parts.title = "Sample Host";
+  parts.listExport = std::move(exporter);
   parts.system = suite::MakeNativeSystem("/tmp");
   app = std::make_unique<platform::Application>(std::move(parts));
   app->OnUnhandled = [this](const platform::Error& error) { unhandled.push_back(error); };

@@ -34,6 +34,7 @@ class Desk : public testing::Test {
   }
   bool Saw(const std::string& event) const;
 
+  std::unique_ptr<platform::ListExport> exporter;  ///< the application takes it at Start
   FakeTable table;
   FakeEngine* engine = nullptr;
   desktop::DesktopFrontEnd* front = nullptr;

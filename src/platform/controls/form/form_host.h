@@ -9,6 +9,7 @@
 #include "platform/controls/form/control.h"
 #include "platform/data/data.h"
 #include "platform/services/error_log.h"
+#include "platform/services/list_export.h"
 #include "platform/services/map.h"
 #include "platform/services/report_engine.h"
 #include "platform/values/calendar.h"
@@ -50,6 +51,7 @@ class FormHost {
   /// nullptr when the host has none.
   virtual ReportEngine* Reports() const = 0;
   virtual MapEngine* Map() const = 0;
+  virtual ListExport* Exports() const = 0;
   /// Shows a box and returns the button pressed, both as in namespace box.
   virtual int MsgBox(const std::string& text, int style, const std::string& title) = 0;
   /// The printer dialog; nothing when the user cancels it.

@@ -39,7 +39,7 @@ struct ReportTable {
   std::optional<Expression> on;  ///< of a joined table: comparisons by = of fields, joined by And
 };
 
-enum class FormulaType { Text, Boolean, Number };
+enum class FormulaType { Text, Boolean, Number, Date };
 
 /// A formula field: what it gives unless the job's Formulas override it by its name.
 struct ReportFormula {

@@ -22,8 +22,11 @@ class Names {
   virtual ~Names() = default;
   virtual std::optional<Place> Field(std::string_view table, std::string_view name) = 0;
   virtual std::optional<Place> Total(std::string_view name) = 0;
-  /// The formula's expression; nullptr where there is none of that name.
-  virtual const Expression* Formula(std::string_view name) = 0;
+  struct FormulaOf {
+    const Expression* expression = nullptr;  ///< nullptr where there is none of that name
+    ValueType type = ValueType::Text;
+  };
+  virtual FormulaOf Formula(std::string_view name) = 0;
 };
 
 /// What the engine itself knows, by SystemValue. The number of pages is a text: a mark, until the last page is laid out.

@@ -115,14 +115,14 @@ class Maker {
       case NameKind::Formula:
         break;
     }
-    const Expression* formula = names_.Formula(name.name);
-    if (formula == nullptr) Fail(ExpressionFault::UnknownName, name, "There is no formula {@" + name.name + "}.");
+    const Names::FormulaOf formula = names_.Formula(name.name);
+    if (formula.expression == nullptr) Fail(ExpressionFault::UnknownName, name, "There is no formula {@" + name.name + "}.");
     const auto sameName = [&](const Expression* outer) { return platform::EqualsNoCase(outer->name, name.name); };
     if (std::ranges::any_of(formulas_, sameName))
       Fail(ExpressionFault::Circle, name, "The formula {@" + name.name + "} needs its own value.");
     if (formulas_.empty()) formulaPlace_ = name.place;
     formulas_.push_back(&name);
-    NodePtr node = Make(*formula);
+    NodePtr node = MakeOf(formula.type, *formula.expression, "The formula gives another type of value than it says.");
     formulas_.pop_back();
     if (formulas_.empty()) formulaPlace_.reset();
     return node;

@@ -94,11 +94,14 @@ std::string ReadText(const std::string& path, const std::string& shown) {
 
 ReportDefinition LoadReport(const ReportFolder& folder, std::string_view file) {
   const std::string shown = Shown(file);
-  const std::optional<std::string> name = NameIn(folder.asWritten, file);
-  if (!name) throw ReportFailure(ReportError::FileOutside, shown + ": reports lie in the library's folder alone.");
-  const std::string text = ReadText(std::string(WithoutEnd(folder.host)) + '/' + *name, shown);
+  const auto textOf = [&](std::string_view wanted) {
+    const std::optional<std::string> name = NameIn(folder.asWritten, wanted);
+    if (!name) throw ReportFailure(ReportError::FileOutside, Shown(wanted) + ": reports lie in the library's folder alone.");
+    return ReadText(std::string(WithoutEnd(folder.host)) + '/' + *name, Shown(wanted));
+  };
+  const std::string text = textOf(file);
   try {
-    return ReadReportFile(text);
+    return ReadReportFile(text, textOf);
   } catch (const ReportFileError& error) {
     const bool newer = error.WhichFault() == ReportFileError::Fault::Newer;
     throw ReportFailure(newer ? ReportError::FileNewer : ReportError::FileSyntax, shown + ':' + error.what());

@@ -26,6 +26,7 @@ struct NamedElement {
 };
 constexpr std::array kElements = {NamedElement{"text", ElementKind::Text}, NamedElement{"field", ElementKind::Field},
                                   NamedElement{"line", ElementKind::Line}, NamedElement{"box", ElementKind::Box}};
+constexpr std::string_view kColumn = "column";
 
 constexpr double kSmallestFont = 2;
 constexpr double kLargestFont = 200;
@@ -60,22 +61,28 @@ TextStyle StyleNamed(LineReader& line, const Styles& styles) {
   return found->second;
 }
 
-void ReadPlace(LineReader& line, Element& element) {
-  element.x = line.Number(-kLongestLength, kLongestLength);
+// "right", or so far before it: "right-2.5".
+double ReadAcross(LineReader& line, double right) {
+  if (!line.SkipWordBeforeNumber("right")) return line.Number(-kLongestLength, kLongestLength);
+  return line.AtNumber() && line.AtMinus() ? right + line.Number(-kLongestLength, 0) : right;
+}
+
+void ReadPlace(LineReader& line, Element& element, double right) {
+  element.x = ReadAcross(line, right);
   element.y = line.Number(-kLongestLength, kLongestLength);
 }
 
-void ReadSize(LineReader& line, Element& element) {
-  element.width = line.Number(0, kLongestLength);
+void ReadSize(LineReader& line, Element& element, double right) {
+  element.width = line.SkipWord("right") ? std::max(0.0, right - element.x) : line.Number(0, kLongestLength);
   element.height = line.Number(0, kLongestLength);
 }
 
 // A line's way may go up or to the left.
-void ReadWay(LineReader& line, Element& element) {
+void ReadWay(LineReader& line, Element& element, double right) {
   line.RequireWord("from");
-  ReadPlace(line, element);
+  ReadPlace(line, element, right);
   line.RequireWord("to");
-  element.width = line.Number(-kLongestLength, kLongestLength) - element.x;
+  element.width = ReadAcross(line, right) - element.x;
   element.height = line.Number(-kLongestLength, kLongestLength) - element.y;
 }
 
@@ -110,6 +117,16 @@ void ReadTextWords(LineReader& line, Element& element, const Styles& styles) {
     else if (!ReadStyleWord(line, element.style))
       line.Fail("This word means nothing here.");
   }
+}
+
+Element ReadColumn(LineReader& line) {
+  Element element;
+  element.kind = ElementKind::Field;
+  element.exportOnly = true;
+  element.column = line.Name();
+  element.value = line.ReadExpression();
+  if (line.SkipWord("format")) element.format = line.Text();
+  return element;
 }
 
 }  // namespace
@@ -153,15 +170,17 @@ Band ReadBand(LineReader& line) {
 }
 
 bool IsElementWord(std::string_view word) {
-  return std::ranges::any_of(kElements, [&](const NamedElement& each) { return EqualsNoCase(each.name, word); });
+  return EqualsNoCase(word, kColumn) ||
+         std::ranges::any_of(kElements, [&](const NamedElement& each) { return EqualsNoCase(each.name, word); });
 }
 
-Element ReadElement(LineReader& line, std::string_view word, const Styles& styles) {
+Element ReadElement(LineReader& line, std::string_view word, const Styles& styles, double right) {
+  if (EqualsNoCase(word, kColumn)) return ReadColumn(line);
   Element element;
   for (const NamedElement& each : kElements)
     if (EqualsNoCase(each.name, word)) element.kind = each.kind;
   if (element.kind == ElementKind::Line) {
-    ReadWay(line, element);
+    ReadWay(line, element, right);
     ReadDrawnWords(line, element);
     return element;
   }
@@ -171,9 +190,9 @@ Element ReadElement(LineReader& line, std::string_view word, const Styles& style
   }
   if (element.kind == ElementKind::Field) element.value = line.ReadExpression();
   line.RequireWord("at");
-  ReadPlace(line, element);
+  ReadPlace(line, element, right);
   line.RequireWord("size");
-  ReadSize(line, element);
+  ReadSize(line, element, right);
   if (element.kind == ElementKind::Box)
     ReadDrawnWords(line, element);
   else

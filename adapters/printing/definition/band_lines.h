@@ -21,7 +21,7 @@ TextStyle ReadStyle(LineReader& line, const Styles& styles);
 Band ReadBand(LineReader& line);
 /// Whether a line that begins with that word puts something into a band.
 bool IsElementWord(std::string_view word);
-/// What stands behind that word.
-Element ReadElement(LineReader& line, std::string_view word, const Styles& styles);
+/// What stands behind that word. `right`: where the right margin is, counted from the left one.
+Element ReadElement(LineReader& line, std::string_view word, const Styles& styles, double right);
 
 }  // namespace printing

@@ -53,6 +53,15 @@ bool LineReader::SkipWord(std::string_view word) {
   return true;
 }
 
+bool LineReader::SkipWordBeforeNumber(std::string_view word) {
+  SkipBlanks();
+  const std::string_view here = line_.substr(at_, word.size());
+  const std::size_t end = at_ + word.size();
+  if (!platform::EqualsNoCase(here, word) || (end < line_.size() && (IsLetter(line_[end]) || IsDigit(line_[end])))) return false;
+  at_ = end;
+  return true;
+}
+
 void LineReader::RequireWord(std::string_view word) {
   if (!SkipWord(word)) Fail("The word " + std::string(word) + " is missing.");
 }
@@ -93,7 +102,7 @@ double LineReader::Number(double lowest, double highest) {
 }
 
 int LineReader::WholeNumber(int lowest, int highest) {
-  const std::size_t begin = at_;
+  const std::size_t begin = Column();
   const double number = Number(lowest, highest);
   if (number != std::trunc(number)) FailAt(begin, "A whole number is missing.");
   return static_cast<int>(number);

@@ -28,6 +28,8 @@ class LineReader {
   std::string Word();
   /// Moves on when that word comes next.
   bool SkipWord(std::string_view word);
+  /// The same where a minus sign and a number may follow without a blank: "right-2".
+  bool SkipWordBeforeNumber(std::string_view word);
   void RequireWord(std::string_view word);
   /// A word, or any text in double quotes.
   std::string Name();
@@ -35,6 +37,7 @@ class LineReader {
   double Number(double lowest, double highest);
   int WholeNumber(int lowest, int highest);
   bool AtNumber();
+  bool AtMinus() const { return at_ < line_.size() && line_[at_] == '-'; }
   Color ReadColor();
   Expression ReadExpression();
   /// A field, or a formula that is one.
@@ -42,7 +45,11 @@ class LineReader {
 
   [[noreturn]] void Fail(std::string text) const { throw LineError{at_, std::move(text)}; }
   [[noreturn]] static void FailAt(std::size_t column, std::string text) { throw LineError{column, std::move(text)}; }
-  std::size_t Column() const { return at_; }
+  /// Where the next thing begins.
+  std::size_t Column() {
+    SkipBlanks();
+    return at_;
+  }
 
  private:
   void SkipBlanks();

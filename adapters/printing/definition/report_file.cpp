@@ -20,25 +20,14 @@ constexpr std::size_t kMostParts = 1000;  ///< formulas, totals, sort fields, gr
 
 class FileReader {
  public:
-  explicit FileReader(std::string_view text) : text_(text) {}
+  explicit FileReader(const PartLoader& loadPart) : loadPart_(loadPart) {}
 
-  ReportDefinition Run() {
-    if (text_.size() > kLongestFile) Fail(1, 0, "The file is too long for a report.");
-    const std::optional<std::string> normal = platform::Normalise(text_);
-    if (!normal) Fail(1, 0, "The file is no text in UTF-8.");
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // some editors put one before a text
-    std::string_view rest = *normal;
-    if (rest.starts_with(kByteOrderMark)) rest.remove_prefix(kByteOrderMark.size());
-    for (lineNumber_ = 1; !rest.empty(); ++lineNumber_) {
-      const std::size_t end = rest.find('\n');
-      ReadOneLine(rest.substr(0, end));
-      rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
-    }
-    if (!begun_) Fail(1, 0, "The first line must be: report " + std::to_string(kReportFormat));
+  ReportDefinition Run(std::string_view text) {
+    ReadLines(text);
     try {
       CheckReport(report_);
     } catch (const LineError& error) {
-      Fail(lineNumber_ - 1, 0, error.text);
+      Fail(lineNumber_, 0, error.text);
     }
     return std::move(report_);
   }
@@ -48,6 +37,27 @@ class FileReader {
     throw ReportFileError(ReportFileError::Fault::Syntax, line, column + 1, what);
   }
 
+  void ReadLines(std::string_view text) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // some editors put one before a text
+    if (text.size() > kLongestFile) Fail(1, 0, "The file is too long for a report.");
+    const std::optional<std::string> normal = platform::Normalise(text);
+    if (!normal) Fail(1, 0, "The file is no text in UTF-8.");
+    std::string_view rest = *normal;
+    if (rest.starts_with(kByteOrderMark)) rest.remove_prefix(kByteOrderMark.size());
+    begun_ = false;
+    for (lineNumber_ = 0; !rest.empty();) {
+      ++lineNumber_;
+      const std::size_t end = rest.find('\n');
+      ReadOneLine(rest.substr(0, end));
+      rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
+    }
+    if (!begun_) Fail(1, 0, FirstLine());
+  }
+
+  std::string FirstLine() const {
+    return "The first line must be: report " + std::to_string(kReportFormat) + std::string(inPart_ ? " part" : "");
+  }
+
   void ReadOneLine(std::string_view text) {
     LineReader line(text);
     try {
@@ -55,6 +65,7 @@ class FileReader {
       const std::size_t column = line.Column();
       const std::string word = line.Word();
       if (!begun_) return ReadFormat(line, word, column);
+      if (EqualsNoCase(word, "use")) return ReadUse(line, column);
       ReadStatement(line, word, column);
       line.RequireEnd();
       CheckNewest(report_);
@@ -65,12 +76,33 @@ class FileReader {
 
   void ReadFormat(LineReader& line, const std::string& word, std::size_t column) {
     constexpr int kHighest = 1'000'000;
-    if (!EqualsNoCase(word, "report")) LineReader::FailAt(column, "The first line must be: report " + std::to_string(kReportFormat));
+    if (!EqualsNoCase(word, "report")) LineReader::FailAt(column, FirstLine());
     if (line.WholeNumber(1, kHighest) > kReportFormat)
       throw ReportFileError(ReportFileError::Fault::Newer, lineNumber_, column + 1,
                             "The report is of a newer format; this program can't use it.");
+    if (line.SkipWord("part") != inPart_) LineReader::FailAt(column, FirstLine());
     line.RequireEnd();
     begun_ = true;
+  }
+
+  // The part's lines stand as if they were written here.
+  void ReadUse(LineReader& line, std::size_t column) {
+    if (inPart_) LineReader::FailAt(column, "A part uses no other one.");
+    if (++parts_ > kMostParts) line.Fail("There are too many of these.");
+    const std::string name = line.Text();
+    line.RequireEnd();
+    const std::size_t here = lineNumber_;
+    inPart_ = true;
+    inBand_ = false;
+    try {
+      ReadLines(loadPart_(name));
+    } catch (const ReportFileError& error) {
+      throw ReportFileError(error.WhichFault(), here, column + 1, name + ':' + error.what());
+    }
+    inPart_ = false;
+    inBand_ = false;
+    begun_ = true;
+    lineNumber_ = here;
   }
 
   template <class Part>
@@ -82,17 +114,31 @@ class FileReader {
 
   void ReadStatement(LineReader& line, const std::string& word, std::size_t column) {
     const auto is = [&](std::string_view name) { return EqualsNoCase(word, name); };
-    if (is("title")) return ReadTitle(line);
-    if (is("paper")) return ReadPaper(line);
-    if (is("margins")) return ReadMargins(line);
     if (is("style")) {
       TextStyle style = ReadStyle(line, styles_);
       std::string name = platform::ToLowerAscii(style.name);
       styles_.emplace(std::move(name), std::move(style));
       return;
     }
-    if (is("table")) return ReadTable(line);
     if (is("formula")) return ReadFormula(line);
+    if (is("band")) {
+      Add(line, report_.bands, ReadBand(line));
+      inBand_ = true;
+      return;
+    }
+    if (IsElementWord(word)) {
+      if (!inBand_) LineReader::FailAt(column, "A band must come before what stands in it.");
+      Add(line, report_.bands.back().elements,
+          ReadElement(line, word, styles_, report_.pageWidth - report_.marginLeft - report_.marginRight));
+      return;
+    }
+    if (inPart_) LineReader::FailAt(column, "The word " + word + " means nothing in a part.");
+    if (is("title")) return ReadTitle(line);
+    if (is("paper") || is("margins")) {
+      if (!report_.bands.empty()) LineReader::FailAt(column, "The paper must be known before the first band.");
+      return is("paper") ? ReadPaper(line) : ReadMargins(line);
+    }
+    if (is("table")) return ReadTable(line);
     if (is("select")) return ReadSelect(line, column);
     if (is("group")) return ReadGroup(line);
     if (is("sort")) {
@@ -101,13 +147,7 @@ class FileReader {
     }
     if (is("total")) return ReadTotal(line);
     if (is("labels")) return ReadLabels(line, column);
-    if (is("band")) {
-      Add(line, report_.bands, ReadBand(line));
-      return;
-    }
-    if (!IsElementWord(word)) LineReader::FailAt(column, "The word " + word + " means nothing here.");
-    if (report_.bands.empty()) LineReader::FailAt(column, "A band must come before what stands in it.");
-    Add(line, report_.bands.back().elements, ReadElement(line, word, styles_));
+    LineReader::FailAt(column, "The word " + word + " means nothing here.");
   }
 
   void ReadTitle(LineReader& line) { report_.title = line.Text(); }
@@ -245,15 +285,18 @@ class FileReader {
     report_.labels = sheet;
   }
 
-  std::string_view text_;
+  const PartLoader& loadPart_;
   std::size_t lineNumber_ = 0;
+  std::size_t parts_ = 0;
   bool begun_ = false;
+  bool inPart_ = false;
+  bool inBand_ = false;
   Styles styles_;
   ReportDefinition report_;
 };
 
 }  // namespace
 
-ReportDefinition ReadReportFile(std::string_view text) { return FileReader(text).Run(); }
+ReportDefinition ReadReportFile(std::string_view text, const PartLoader& loadPart) { return FileReader(loadPart).Run(text); }
 
 }  // namespace printing

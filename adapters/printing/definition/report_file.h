@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <exception>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -34,8 +35,11 @@ class ReportFileError final : public std::exception {
   std::string text_;
 };
 
+/// Gives the text of a part that a report uses, by its file's name.
+using PartLoader = std::function<std::string(const std::string& name)>;
+
 /// Reads and checks a report file's text. What depends on the data (whether a field is there, whether types fit) is found when its
-/// rows are opened. Raises ReportFileError.
-ReportDefinition ReadReportFile(std::string_view text);
+/// rows are opened. Raises ReportFileError, and what the loader raises.
+ReportDefinition ReadReportFile(std::string_view text, const PartLoader& loadPart);
 
 }  // namespace printing

@@ -32,7 +32,7 @@ enum class Operator {
   Negate
 };
 
-enum class Function { IsNull, Trim, UpperCase, Left, Right, Length, ToText, Year, Month, Round };
+enum class Function { IsNull, Trim, UpperCase, Left, Right, Length, ToText, Year, Month, Round, ToNumber };
 
 enum class ExpressionKind { Constant, Name, System, Operation, Call, InList, InRange, StartsWith, Like, Choice };
 

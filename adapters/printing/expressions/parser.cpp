@@ -24,7 +24,8 @@ constexpr std::array kFunctions = {NamedFunction{"IsNull", Function::IsNull, 1, 
                                    NamedFunction{"UpperCase", Function::UpperCase, 1, 1}, NamedFunction{"Left", Function::Left, 2, 2},
                                    NamedFunction{"Right", Function::Right, 2, 2},         NamedFunction{"Length", Function::Length, 1, 1},
                                    NamedFunction{"ToText", Function::ToText, 1, 2},       NamedFunction{"Year", Function::Year, 1, 1},
-                                   NamedFunction{"Month", Function::Month, 1, 1},         NamedFunction{"Round", Function::Round, 1, 2}};
+                                   NamedFunction{"Month", Function::Month, 1, 1},         NamedFunction{"Round", Function::Round, 1, 2},
+                                   NamedFunction{"ToNumber", Function::ToNumber, 1, 1}};
 
 struct NamedSystemValue {
   std::string_view name;
@@ -45,7 +46,8 @@ constexpr std::array kComparisons = {NamedOperator{"=", Operator::Equal},   Name
 constexpr std::array kSums = {NamedOperator{"+", Operator::Add}, NamedOperator{"-", Operator::Subtract}};
 constexpr std::array kProducts = {NamedOperator{"*", Operator::Multiply}, NamedOperator{"/", Operator::Divide}};
 
-// From the loosest to the tightest: If, Or, And, Not, comparisons, &, sums, products, minus.
+// From the loosest to the tightest: Or, And, Not, comparisons, &, sums, products, minus. If may begin wherever a value may, and what is
+// behind its Else goes on as far as it can.
 class Parser {
  public:
   Parser(std::string_view text, std::size_t at) : text_(text) {
@@ -272,6 +274,7 @@ class Parser {
   }
 
   Expression ParseWord() {
+    if (AtWord("If")) return Parse();
     if (AtWord("True") || AtWord("False")) return ParseConstant(AtWord("True"));
     if (AtWord("Date")) return ParseDate();
     for (const NamedSystemValue& each : kSystemValues) {

@@ -206,6 +206,8 @@ class Maker {
       case Function::Year:
       case Function::Month:
         return MakeDatePart(call.function, MakeOf(ValueType::Date, arguments[0], "A date must stand here."));
+      case Function::ToNumber:
+        return MakeToNumber(MakeText(arguments[0]));
       case Function::Round:
         break;
     }

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "platform/values/calendar.h"
+#include "platform/values/convert.h"
 
 namespace printing {
 namespace {
@@ -159,6 +160,21 @@ class DatePart final : public Node {
   NodePtr date_;
 };
 
+class ToNumber final : public Node {
+ public:
+  explicit ToNumber(NodePtr text) : Node(ValueType::Number), text_(std::move(text)) {}
+
+  const Value& Get(const EvaluationState& state, Value& room) const override {
+    Value textRoom;
+    const Value& text = text_->Get(state, textRoom);
+    if (!text.IsText()) return room = Null;
+    return room = platform::ParseNumber(text.As<std::string>()).value_or(0);
+  }
+
+ private:
+  NodePtr text_;
+};
+
 }  // namespace
 
 double NumberOf(const Value& value) {
@@ -185,6 +201,7 @@ NodePtr MakeArithmetic(Operator operation, ValueType type, NodePtr left, NodePtr
 }
 NodePtr MakeNegative(NodePtr operand) { return std::make_unique<Negative>(std::move(operand)); }
 NodePtr MakeRound(NodePtr number, NodePtr digits) { return std::make_unique<Round>(std::move(number), std::move(digits)); }
+NodePtr MakeToNumber(NodePtr text) { return std::make_unique<ToNumber>(std::move(text)); }
 NodePtr MakeDatePart(Function part, NodePtr date) { return std::make_unique<DatePart>(part, std::move(date)); }
 
 }  // namespace printing

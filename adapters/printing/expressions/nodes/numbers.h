@@ -13,6 +13,8 @@ NodePtr MakeArithmetic(Operator operation, ValueType type, NodePtr left, NodePtr
 NodePtr MakeNegative(NodePtr operand);
 /// To so many digits behind the point, halves away from 0. Without `digits`: to whole numbers.
 NodePtr MakeRound(NodePtr number, NodePtr digits);
+/// The number that a text is, 0 where it is none.
+NodePtr MakeToNumber(NodePtr text);
 NodePtr MakeDatePart(Function part, NodePtr date);
 
 }  // namespace printing

@@ -125,6 +125,20 @@ TEST_F(EvaluationTest, ChoiceTakesOneSide) {
   EXPECT_EQ(TextOf("If {C.NoNumber} > 5 Then 'many' Else If {C.Active} Then 'some' Else 'none'"), "some");
 }
 
+TEST_F(EvaluationTest, AChoiceMayBeginWhereverAValueMay) {
+  EXPECT_EQ(TextOf("'a' & If {C.Active} Then 'b' Else 'c' & 'd'"), "ab");
+  EXPECT_EQ(TextOf("'a' & (If {C.NoBoolean} Then 'b' Else 'c') & 'd'"), "acd");
+  EXPECT_EQ(TextOf("1 + If True Then 2 Else 3"), "3");
+}
+
+TEST_F(EvaluationTest, TextsBecomeNumbers) {
+  EXPECT_EQ(TextOf("ToNumber('12') * 2"), "24");
+  EXPECT_EQ(TextOf("ToNumber('x')"), "0");
+  EXPECT_EQ(TextOf("ToNumber('')"), "0");
+  EXPECT_EQ(TextOf("ToNumber({C.None})"), "Null");
+  EXPECT_EQ(FaultOf("ToNumber(1)"), "types@9");
+}
+
 TEST_F(EvaluationTest, TypesAreCheckedBeforeAnyRow) {
   EXPECT_EQ(FaultOf("{C.Name} = 5"), "types@11");
   EXPECT_EQ(FaultOf("{C.Count} And True"), "types@0");

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/data/data.h"
+#include "platform/data/row_stream.h"
 
 namespace engine {
 
@@ -34,5 +35,7 @@ inline constexpr int kExecuteWholeRows = 1 << 16;
 
 /// The data engine over SQLite files: one connection, each file attached once.
 std::unique_ptr<platform::DataEngine> MakeEngine(const EngineOptions& options = {});
+/// A connection of its own for one long reading of one state of the files.
+std::unique_ptr<platform::SnapshotReader> MakeSnapshotReader(const EngineOptions& options = {});
 
 }  // namespace engine

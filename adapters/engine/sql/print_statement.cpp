@@ -77,7 +77,7 @@ struct StatementPrinter {
 std::string Print(const Source& source) {
   if (const Join* join = std::get_if<Join>(&source.node)) return PrintJoin(*join);
   const TableName& table = std::get<TableName>(source.node);
-  return PrintName(table.name) + (table.alias.empty() ? "" : " AS " + PrintName(table.alias));
+  return (table.file.empty() ? "" : TextOf(table.file) + '.') + PrintName(table.name) + (table.alias.empty() ? "" : " AS " + PrintName(table.alias));
 }
 
 std::string Print(const Statement& statement) { return std::visit(StatementPrinter{}, statement); }

@@ -21,6 +21,11 @@ std::vector<Source> SourceParser::ParseSources() {
   return sources;
 }
 
+// 'file'.Table
+bool SourceParser::AtFile() const {
+  return tokens_.At(TokenKind::Text) && tokens_.At(Symbol::Dot, 1) && !tokens_.Peek().text.empty();
+}
+
 Source SourceParser::ParseSource() { return ParseJoins(0); }
 
 Source SourceParser::ParseJoins(int depth) {
@@ -38,8 +43,13 @@ Source SourceParser::ParseTerm(int depth) {
     if (Join* join = std::get_if<Join>(&inner.node)) join->inParentheses = true;
     return inner;
   }
+  std::string file;
+  if (AtFile()) {
+    file = tokens_.Next().text;
+    tokens_.Next();  // the dot
+  }
   if (!tokens_.AtName()) throw errors::FromSyntax();
-  TableName table{.name = tokens_.Next().text, .alias = {}};
+  TableName table{.name = tokens_.Next().text, .alias = {}, .file = std::move(file)};
   const bool as = tokens_.Skip(Keyword::As);
   if (as && !tokens_.AtName()) throw errors::FromSyntax();
   if (tokens_.AtName()) table.alias = tokens_.Next().text;
@@ -53,7 +63,7 @@ Source SourceParser::ParseJoin(Source left, int depth) {
   tokens_.Next();
   if (kind != JoinKind::Inner) tokens_.Skip(Keyword::Outer);
   if (!tokens_.Skip(Keyword::Join)) throw errors::JoinSyntax();
-  if (!tokens_.AtName() && !tokens_.At(Symbol::Open)) throw errors::JoinSyntax();
+  if (!tokens_.AtName() && !tokens_.At(Symbol::Open) && !AtFile()) throw errors::JoinSyntax();
   Source right = ParseTerm(depth);
   Expression on = ParseOn();
   const int height = std::max(left.height, right.height) + 1;

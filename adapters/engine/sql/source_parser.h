@@ -7,7 +7,7 @@
 
 namespace engine::sql {
 
-/// Reads what stands behind FROM (or UPDATE): tables and joins.
+/// Reads what stands behind FROM (or UPDATE): tables and joins. A table of another file is written 'file'.Table.
 class SourceParser {
  public:
   explicit SourceParser(TokenStream& tokens) : tokens_(tokens) {}
@@ -17,6 +17,7 @@ class SourceParser {
   Source ParseSource();
 
  private:
+  bool AtFile() const;
   Source ParseTerm(int depth);
   Source ParseJoins(int depth);
   Source ParseJoin(Source left, int depth);

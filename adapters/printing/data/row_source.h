@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "platform/values/value.h"
+#include "printing/expressions/expression.h"
 
 namespace printing {
 
@@ -11,6 +13,7 @@ namespace printing {
 struct RowField {
   int table = 0;
   std::string name;
+  ValueType type = ValueType::Text;
 };
 
 /// The rows of a report in their order: chosen, joined and sorted. Read once, from the first to the last.

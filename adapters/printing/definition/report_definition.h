@@ -39,7 +39,7 @@ struct ReportTable {
   std::optional<Expression> on;  ///< of a joined table: comparisons by = of fields, joined by And
 };
 
-enum class FormulaType { Text, Boolean, Number };
+enum class FormulaType { Text, Boolean, Number, Date };
 
 /// A formula field: what it gives unless the job's Formulas override it by its name.
 struct ReportFormula {
@@ -88,7 +88,8 @@ struct Element {
   double penWidth = 0.5;      ///< lines and boxes, in points; 0 draws no frame
   std::optional<Color> fill;  ///< boxes
   std::optional<Expression> suppress;
-  std::string column;  ///< heading of its column in a CSV or XLSX export; empty: not exported
+  std::string column;       ///< heading of its column in a CSV or XLSX export; empty: not exported
+  bool exportOnly = false;  ///< a column that isn't printed
 };
 
 enum class BandKind { ReportHeader, PageHeader, GroupHeader, Detail, GroupFooter, ReportFooter, PageFooter };

@@ -11,10 +11,11 @@ namespace engine::sql {
 
 struct Source;
 
-/// A table by its name; `alias` is "" when it has none.
+/// A table by its name; `alias` is "" when it has none, `file` is "" when it lies in the statement's own file.
 struct TableName {
   std::string name;
   std::string alias;
+  std::string file{};
   bool operator==(const TableName&) const = default;
 
   /// The name under which the statement's fields speak of it.

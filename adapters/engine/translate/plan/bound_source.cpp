@@ -36,7 +36,8 @@ BoundSource BoundSources::Bind(const sql::Source& source, Catalogue& catalogue, 
                                std::vector<StatementScope::Table>& tables) {
   BoundSource bound;
   if (const auto* name = std::get_if<sql::TableName>(&source.node)) {
-    const ResolvedTable* table = inFile ? catalogue.FindTable(name->name, *inFile) : catalogue.FindTable(name->name);
+    const std::optional<std::string> file = name->file.empty() ? inFile : name->file;
+    const ResolvedTable* table = file ? catalogue.FindTable(name->name, *file) : catalogue.FindTable(name->name);
     if (table == nullptr) throw errors::UnknownTable(name->name);
     if (tables.size() == kMostTables) throw errors::QueryTooComplex();
     bound.table = static_cast<int>(tables.size());

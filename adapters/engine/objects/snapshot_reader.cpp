@@ -1,0 +1,148 @@
+#include "engine/objects/snapshot_reader.h"
+
+#include <algorithm>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "engine/catalogue/database_catalogue.h"
+#include "engine/catalogue/engine_context.h"
+#include "engine/errors.h"
+#include "engine/rows/row_source.h"
+#include "engine/store/query.h"
+#include "engine/translate/plan/planning.h"
+#include "engine/translate/plan/select_planner.h"
+#include "platform/values/text.h"
+
+namespace engine {
+namespace {
+
+using platform::FieldDefinition;
+using platform::FieldType;
+using platform::IndexDefinition;
+
+// How many of the order's keys an index gives, from its first field on.
+std::size_t KeysOf(const SelectPlan& plan, const IndexDefinition& index) {
+  const std::vector<FieldDefinition>& fields = plan.tables.front().table->definition.fields;
+  std::size_t keys = 0;
+  while (keys < plan.order.size() && keys < index.fields.size()) {
+    const PlanOrder& key = plan.order[keys];
+    const bool same = key.table == 0 && key.field >= 0 && key.descending == plan.order.front().descending &&
+                      platform::EqualsNoCase(fields[static_cast<std::size_t>(key.field)].name, index.fields[keys]);
+    if (!same) break;
+    ++keys;
+  }
+  return keys;
+}
+
+// The index of the driving table along which the rows come in the order, or nearly so: equal keys are put in order group by group. Left
+// to itself the store may look at all rows of a long table and sort them before it gives the first one. nullptr where the order begins
+// with the row key, or where conditions may make another way shorter.
+const IndexDefinition* IndexOfOrder(const SelectPlan& plan) {
+  if (plan.order.empty() || !plan.where.empty() || plan.distinct || plan.aggregate || plan.driving != 0) return nullptr;
+  const PlanOrder& first = plan.order.front();
+  const platform::TableDefinition& table = plan.tables.front().table->definition;
+  if (first.table != 0 || first.field < 0 || table.fields[static_cast<std::size_t>(first.field)].type == FieldType::Counter) return nullptr;
+  const IndexDefinition* best = nullptr;
+  std::size_t most = 0;
+  for (const IndexDefinition& index : table.indexes) {
+    const std::size_t keys = KeysOf(plan, index);
+    if (keys <= most) continue;
+    best = &index;
+    most = keys;
+  }
+  return best;
+}
+
+// The statement of all rows. Rows with equal keys come in the order of the driving table's own, so that pages break alike each time.
+std::string RowsText(SelectPlan plan, const Dialect& dialect) {
+  const PlanTable& table = plan.tables[static_cast<std::size_t>(plan.driving)];
+  if (const IndexDefinition* index = IndexOfOrder(plan)) {
+    const std::string start = table.table->storeName + " AS " + table.alias;
+    const bool onlyLeft = plan.from.find(" INNER JOIN ") == std::string::npos;
+    if (onlyLeft && plan.from.starts_with(start)) plan.from.insert(start.size(), dialect.Along(table.table->definition.name, index->name));
+  }
+  if (!plan.distinct && !plan.aggregate) {
+    const bool descending = !plan.order.empty() && plan.order.back().descending;
+    plan.order.push_back({.sql = table.alias + '.' + table.table->rowKey, .descending = descending});
+  }
+  return SelectText(plan, ColumnTexts(plan), dialect);
+}
+
+class Stream final : public platform::RowStream {
+ public:
+  Stream(EngineContext& context, SelectPlan plan)
+      : shape_(std::move(plan), context.OwnDialect()),
+        store_(context.OwnStore()),
+        oneState_(store_, Transaction::Kind::Read),
+        query_(store_, std::string_view(RowsText(shape_.plan, context.OwnDialect()))) {
+    const std::vector<std::string> one{"count(*)"};
+    SelectPlan counted = shape_.plan;
+    counted.distinct = false;
+    countText_ = SelectText(counted, one, context.OwnDialect(), false);
+  }
+
+  const std::vector<platform::FieldInfo>& Fields() const override { return shape_.fields; }
+
+  bool Next() override {
+    if (ended_) return false;
+    row_.clear();
+    ended_ = !query_.Step();
+    if (!ended_) query_.Append(row_, 0, shape_.types);
+    return !ended_;
+  }
+
+  const std::vector<platform::Value>& Row() const override { return row_; }
+
+  std::int64_t Count() override {
+    if (shape_.plan.aggregate) return 1;
+    if (shape_.plan.distinct) return -1;
+    return AskNumber(store_, countText_).value_or(0);
+  }
+
+ private:
+  RowShape shape_;
+  Store& store_;
+  Transaction oneState_;
+  Query query_;
+  std::string countText_;
+  std::vector<platform::Value> row_;
+  bool ended_ = false;
+};
+
+class Reader final : public platform::SnapshotReader {
+ public:
+  Reader(const EngineOptions& options, std::unique_ptr<Store> store) : context_(options, std::move(store)) {}
+
+  std::optional<platform::TableDefinition> FindTable(std::string_view path, std::string_view table) override {
+    const ResolvedTable* found = CatalogueOf(path).FindTable(table);
+    if (found == nullptr) return std::nullopt;
+    return found->definition;
+  }
+
+  std::unique_ptr<platform::RowStream> OpenRows(std::string_view path, std::string_view select) override {
+    return std::make_unique<Stream>(context_, PlanSelect(select, CatalogueOf(path), context_.OwnDialect()));
+  }
+
+  void OnWait(std::function<void()> servePainting) override { context_.OwnStore().OnWait(std::move(servePainting)); }
+
+ private:
+  DatabaseCatalogue& CatalogueOf(std::string_view path) {
+    const auto known = catalogues_.find(path);
+    if (known != catalogues_.end()) return *known->second;
+    auto catalogue = std::make_unique<DatabaseCatalogue>(context_, context_.Open(path), std::string(path));
+    return *catalogues_.emplace(path, std::move(catalogue)).first->second;
+  }
+
+  EngineContext context_;
+  std::map<std::string, std::unique_ptr<DatabaseCatalogue>, std::less<>> catalogues_;
+};
+
+}  // namespace
+
+std::unique_ptr<platform::SnapshotReader> MakeSnapshotReaderOver(std::unique_ptr<Store> store, const EngineOptions& options) {
+  return std::make_unique<Reader>(options, std::move(store));
+}
+
+}  // namespace engine

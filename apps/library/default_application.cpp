@@ -1,5 +1,6 @@
 #include "library/default_application.h"
 
+#include "library/reports.h"
 #include "library/windows.h"
 #include "setup/accounts/accounts_picker.h"
 #include "suite/error_log.h"
@@ -26,6 +27,8 @@ std::unique_ptr<platform::AccountsLookup> MakeAccounts(const DefaultApplicationO
 
 std::unique_ptr<platform::Application> MakeDefaultApplication(const DefaultApplicationOptions& options) {
   Places places = FindPlaces(options.places);
+  const auto made = std::make_shared<platform::Application*>(nullptr);
+  const ReportPlaces reports{[made] { return *made; }, places.libraryFolder, places.dataFolder};
   platform::ApplicationParts parts;
   parts.frontEnd = MakeWindows(options.settingsFolder, false);
   parts.engine = MakeEngine(*places.system);
@@ -33,9 +36,13 @@ std::unique_ptr<platform::Application> MakeDefaultApplication(const DefaultAppli
   parts.errorLog = suite::MakeErrorLog(options.errorLog);
   if (!options.supportLog.empty()) parts.diagnosticLog = suite::MakeDiagnosticLog(options.supportLog);
   parts.accounts = MakeAccounts(options);
+  parts.reports = MakeReports(reports);
+  parts.listExport = MakeListExport();
   parts.path = places.libraryFolder;
   parts.title = options.title;
-  return std::make_unique<platform::Application>(std::move(parts));
+  auto application = std::make_unique<platform::Application>(std::move(parts));
+  *made = application.get();
+  return application;
 }
 
 }  // namespace library

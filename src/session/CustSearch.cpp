@@ -50,6 +50,11 @@ void ReadDefaultTerms() {
   }
 }
 
+/// Reports that are still to be seen belong to the company and the session in which they were run.
+void ClosePreviews() {
+  if (platform::ReportEngine* reports = App().Reports()) reports->CloseAll();
+}
+
 void LetCompanyID(const Value& value) {
   TrapWith([] { return "CustSearch.CompanyID[PropertyLet] " + gWorkspaceName; },
            [&] {
@@ -57,6 +62,7 @@ void LetCompanyID(const Value& value) {
              // A procedure that waits in one of its yields would go on in the other company's files.
              if (running) throw platform::error::InvalidCall();
              ReleaseFiles();
+             ClosePreviews();
              gCompanyID = company;
              gTempPath = gTempDir + "orvTemp" + std::to_string(gUserID) + ".zdb";
              gIniPath = gTempDir + "orvwin.ini";
@@ -166,6 +172,7 @@ void Class_Terminate() {
       },
       [&] {
         SafeAppUnloadAllForms();
+        ClosePreviews();
         bSuccess = SafeAppShutdown(gWorkspaceName);
       });
 }

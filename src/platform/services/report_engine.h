@@ -47,6 +47,8 @@ class ReportEngine {
   virtual ~ReportEngine() = default;
   /// Runs the report; 0, or the engine's error number.
   virtual int PrintReport(const ReportJob& job) = 0;
+  /// Previews that are still open go: at the session's end, and with another company.
+  virtual void CloseAll() {}
 };
 
 }  // namespace platform

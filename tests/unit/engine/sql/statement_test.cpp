@@ -40,6 +40,12 @@ TEST(Statement, Joins) {
   EXPECT_EQ(Canonical("Select * From (A)"), "SELECT * FROM A");
 }
 
+TEST(Statement, TablesOfOtherFiles) {
+  EXPECT_EQ(Canonical("Select * From \"c:\\it's.zdb\" . T As x Left Join ('d'.[U V] Inner Join W On V.a=W.a) On x.a=W.a"),
+            "SELECT * FROM 'c:\\it''s.zdb'.T AS x LEFT JOIN ('d'.[U V] INNER JOIN W ON V.a = W.a) ON x.a = W.a");
+  EXPECT_EQ(Canonical("Select * From T, 'd'.U In 'e'"), "SELECT * FROM T, 'd'.U IN 'e'");
+}
+
 TEST(Statement, JoinWordsAreNamesElsewhere) {
   EXPECT_EQ(Canonical("Select Left, Right From Left Left Join Right On Left.a=Right.a"),
             "SELECT Left, Right FROM Left LEFT JOIN Right ON Left.a = Right.a");

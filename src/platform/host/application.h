@@ -56,6 +56,8 @@ class Application final : public FormHost {
   MapEngine* Map() const override { return parts_.map.get(); }
   platform::FrontEnd& FrontEnd() const { return *parts_.frontEnd; }
   std::optional<PrinterChoice> PrinterDialog(Form& form) override { return FrontEnd().PrinterDialog(form); }
+  /// The name of the default printer; "" when there is none.
+  std::string DefaultPrinter() const { return FrontEnd().DefaultPrinter(); }
   void ServePainting() override { FrontEnd().ServePainting(); }
 
   /// The loaded screens in the order of their loading.

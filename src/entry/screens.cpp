@@ -5,6 +5,10 @@
 #include "mapping/frmMap.h"
 #include "queries/frmCustQueries.h"
 #include "relationships/frmChildParentCustomers.h"
+#include "reports/frmCustReports.h"
+#include "reports/frmCustStats.h"
+#include "reports/report_print.h"
+#include "reports/report_run.h"
 #include "session/ModCustSch.h"
 #include "session/openers.h"
 #include "setup/frmCreditCardSetup.h"
@@ -39,6 +43,10 @@ void ConnectScreens() {
   // Each screen that comes fills its own opener here. What stays empty is not there yet: its commands keep their keys and do
   // nothing.
   gMainOpeners = MainOpeners{};
+  gMainOpeners.print = [](frmCustMain& main) { ReportPrint(main, destination::Printer); };
+  gMainOpeners.preview = [](frmCustMain& main) { ReportPrint(main, destination::Preview); };
+  gMainOpeners.reports = [](frmCustMain&) { screens::frmCustReports.Show(); };
+  gMainOpeners.statistics = [](frmCustMain&) { screens::frmCustStats.Show(); };
   gMainOpeners.queries = [](frmCustMain&) { screens::frmCustQueries.Show(); };
   gMainOpeners.queryScreen = []() -> platform::Form* { return screens::frmCustQueries.peek(); };
   gMainOpeners.mapCustomer = [](frmCustMain&) { ShowMap("One"); };

@@ -96,7 +96,7 @@ void frmCustMain::RunCommand(const std::string& Key) {
   static constexpr Command kCommands[] = {
       {"tb_Print", Open<&MainOpeners::print>},
       {"tb_Preview", Open<&MainOpeners::preview>},
-      {"tb_PrintSetup", [](frmCustMain& screen) { PrinterSetup(screen.CommonDialog1, screen.Report1); }},
+      {"tb_PrintSetup", [](frmCustMain& screen) { PrinterSetup(screen); }},
       {"tb_Select", [](frmCustMain& screen) { screen.SelectCustomer(); }},
       {"tb_Find", [](frmCustMain& screen) { screen.FindOnTab(); }},
       {"tb_Queries", Open<&MainOpeners::queries>},

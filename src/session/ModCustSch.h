@@ -4,8 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/controls/common_dialog.h"
-#include "platform/controls/report_control.h"
 #include "platform/data/data.h"
 #include "platform/host/application.h"
 
@@ -114,8 +112,9 @@ void GetCompanyRecord();
 /// The user's start-up row: whether there is one; then rsUserStartup stands on it.
 bool SetUserStartup();
 
-/// The printer dialog, its pages and copies for the form's report. Ends quietly on any error.
-void PrinterSetup(platform::CommonDialog& CommonDialog1, platform::ReportControl& Report1);
+/// The dialog of the form's CommonDialog1, its pages and copies for the form's Report1, both found by these names. Ends quietly on any
+/// error: a form that has no CommonDialog1 shows no dialog.
+void PrinterSetup(platform::Form& Form);
 
 /// One log record and the standard box for the pending error. Neither ends the program nor closes anything.
 void ProgramError(const std::string& Module, bool Terminate);

@@ -1,6 +1,8 @@
 #include <cassert>
 #include <string>
 
+#include "platform/controls/common_dialog.h"
+#include "platform/controls/report_control.h"
 #include "platform/values/convert.h"
 #include "session/ModCustSch.h"
 #include "session/failures.h"
@@ -96,11 +98,24 @@ bool IsFormLoaded(const platform::Form* Form) {
   return false;
 }
 
-void PrinterSetup(platform::CommonDialog& CommonDialog1, platform::ReportControl& Report1) {
+namespace {
+
+/// A form's control by its name, as any form has to offer it; raises 438 where there is none.
+template <class T>
+T& Member(const platform::Form& Form, const char* Name) {
+  if (auto* control = dynamic_cast<T*>(Form.Find(Name))) return *control;
+  throw platform::error::NoSuchProperty();
+}
+
+}  // namespace
+
+void PrinterSetup(platform::Form& Form) {
   Ignore()([&] {
+    auto& CommonDialog1 = Member<platform::CommonDialog>(Form, "CommonDialog1");
     CommonDialog1.CancelError = false;
     CommonDialog1.ShowPrinter();
     if (!CommonDialog1.CancelError) {
+      auto& Report1 = Member<platform::ReportControl>(Form, "Report1");
       Report1.Job.PrinterStartPage = CommonDialog1.FromPage;
       Report1.Job.PrinterStopPage = CommonDialog1.ToPage;
       Report1.Job.CopiesToPrinter = CommonDialog1.Copies;

@@ -22,6 +22,9 @@
 #include "platform/controls/buttons.h"
 #include "queries/frmCustQueries.h"
 #include "relationships/frmChildParentCustomers.h"
+#include "reports/frmCustReports.h"
+#include "reports/frmCustStats.h"
+#include "reports/frmMailLabel.h"
 #include "setup/accounts/frmAccounts.h"
 #include "setup/frmCreditCardSetup.h"
 #include "setup/frmMapCode.h"
@@ -51,6 +54,9 @@ const std::map<std::string, Maker> kScreens = {
     {"frmCreditCardSetup", Make<orcussch::frmCreditCardSetup>},
     {"frmCustMain", Make<orcussch::frmCustMain>},
     {"frmCustQueries", Make<orcussch::frmCustQueries>},
+    {"frmCustReports", Make<orcussch::frmCustReports>},
+    {"frmCustStats", Make<orcussch::frmCustStats>},
+    {"frmMailLabel", Make<orcussch::frmMailLabel>},
     {"frmMap", Make<orcussch::frmMap>},
     {"frmMapCode", Make<orcussch::frmMapCode>},
     {"frmPhoneSetup", Make<orcussch::frmPhoneSetup>},

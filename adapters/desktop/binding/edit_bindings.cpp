@@ -8,7 +8,8 @@ using platform::Aspect;
 
 TextEditBinding::TextEditBinding(platform::TextBox& control, TextEdit* widget) : TypedBinding(control, widget) {
   widget->Attach(control);
-  if (auto* date = dynamic_cast<platform::DateEdit*>(&control)) AddCalendar(*widget, *date);
+  // A card that is only looked at has nothing to choose.
+  if (auto* date = dynamic_cast<platform::DateEdit*>(&control); date && !date->Locked()) AddCalendar(*widget, *date);
 }
 
 void TextEditBinding::Show(Aspect aspect) {

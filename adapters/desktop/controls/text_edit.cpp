@@ -53,7 +53,7 @@ void TextEdit::Attach(platform::TextBox& model) {
 }
 
 /// Figures are formatted only while nobody edits them.
-bool TextEdit::ShowsRaw() const { return model_->IsNumberEdit() && hasFocus(); }
+bool TextEdit::ShowsRaw() const { return model_->IsNumberEdit() && hasFocus() && !model_->Locked(); }
 
 QString TextEdit::ShownText() const { return ToShown(ShowsRaw() ? model_->Text() : model_->DisplayText()); }
 

@@ -118,6 +118,7 @@ QString WindowRules(const QPalette& palette) {
       "QToolBar::separator { background: %1; width: 1px; margin: 5px 5px; }"
       "QToolButton { padding: 4px; border: 1px solid transparent; border-radius: 4px; }"
       "QToolButton#qt_toolbar_ext_button { padding: 0; }"
+      "QToolButton[role=\"arrow\"] { border-color: %1; background: %4; }"
       "QToolButton:hover:enabled { background: %4; border-color: %1; }"
       "QToolButton:pressed:enabled { background: %1; }"
       "QMenuBar { background: %2; padding: 1px 4px; } QMenuBar::item { padding: 4px 9px; border-radius: 4px; }"

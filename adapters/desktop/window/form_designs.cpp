@@ -5,6 +5,9 @@
 #include "ui_frmCreditCardSetup.h"
 #include "ui_frmCustMain.h"
 #include "ui_frmCustQueries.h"
+#include "ui_frmCustReports.h"
+#include "ui_frmCustStats.h"
+#include "ui_frmMailLabel.h"
 #include "ui_frmMap.h"
 #include "ui_frmMapCode.h"
 #include "ui_frmPhoneSetup.h"
@@ -21,6 +24,9 @@ std::vector<FormDesign> LibraryDesigns() {
       DesignFrom<Ui::frmCreditCardSetup>("frmCreditCardSetup"),
       DesignFrom<Ui::frmCustMain>("frmCustMain"),
       DesignFrom<Ui::frmCustQueries>("frmCustQueries"),
+      DesignFrom<Ui::frmCustReports>("frmCustReports"),
+      DesignFrom<Ui::frmCustStats>("frmCustStats"),
+      DesignFrom<Ui::frmMailLabel>("frmMailLabel"),
       DesignFrom<Ui::frmMap>("frmMap"),
       DesignFrom<Ui::frmMapCode>("frmMapCode"),
       DesignFrom<Ui::frmPhoneSetup>("frmPhoneSetup"),

@@ -291,6 +291,9 @@ void FormWindow::TookFocus(Binding& binding, Qt::FocusReason reason) {
 void FormWindow::mouseMoveEvent(QMouseEvent* event) {
   QMainWindow::mouseMoveEvent(event);
   if (!form_) return;
+  // Buttons pass the movement on: what they have said stays.
+  const Binding* under = BindingAround(childAt(event->position().toPoint()));
+  if (under && under->Model().MouseMove.HasHandler()) return;
   platform::Form& form = *form_;
   Safely(host_, [&] { form.Act([&form] { form.Form_MouseMove(); }); });
 }

@@ -6,6 +6,7 @@
 #include <QEventLoop>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <algorithm>
 
 #include "desktop/look/theme.h"
@@ -165,6 +166,8 @@ std::optional<platform::PrinterChoice> DesktopFrontEnd::PrinterDialog(platform::
   if (dialog.exec() != QDialog::Accepted) return {};
   return platform::PrinterChoice{printer.fromPage(), printer.toPage(), printer.copyCount()};
 }
+
+std::string DesktopFrontEnd::DefaultPrinter() { return ToUtf8(QPrinterInfo::defaultPrinterName()); }
 
 void DesktopFrontEnd::Changed(platform::Form& form, platform::Control* control, platform::Aspect aspect) {
   if (FormWindow* window = WindowOf(form)) window->Changed(control, aspect);

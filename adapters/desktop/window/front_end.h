@@ -44,6 +44,7 @@ class DesktopFrontEnd final : public platform::FrontEnd {
   int MessageBox(const std::string& text, int style, const std::string& title) override;
   void Pointer(int pointer) override;
   std::optional<platform::PrinterChoice> PrinterDialog(platform::Form& form) override;
+  std::string DefaultPrinter() override;
   void Changed(platform::Form& form, platform::Control* control, platform::Aspect aspect) override;
 
  private:

@@ -88,8 +88,10 @@ Outcome Answer(Runner& run, const Arguments& words) {
   return Outcome::Done;
 }
 
-/// No screen asks for the default printer's name: its dialog is answered by `answer printer`.
-Outcome Printer(Runner&, const Arguments&) { return Outcome::Done; }
+Outcome Printer(Runner& run, const Arguments& words) {
+  run.Queued().DefaultPrinter(words.Text(0));
+  return Outcome::Done;
+}
 
 }  // namespace
 

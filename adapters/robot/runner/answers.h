@@ -3,17 +3,21 @@
 #include <deque>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/host/front_end.h"
 
 namespace robot {
 
-/// What the scenario has queued for message boxes and the printer dialog.
+/// What the scenario has queued for message boxes and the printer dialog, and the printer that it has.
 class Answers {
  public:
   void Queue(int button) { buttons_.push_back(button); }
   /// nothing: the dialog is cancelled.
   void QueuePrinter(std::optional<platform::PrinterChoice> choice) { printer_.push_back(choice); }
+  /// Stays until another one is named; "" at first: there is no printer.
+  void DefaultPrinter(std::string name) { defaultPrinter_ = std::move(name); }
+  const std::string& DefaultPrinter() const noexcept { return defaultPrinter_; }
 
   /// The button that is pressed in a box of that style. `missing` is what the scenario should have said, "" when it did: then
   /// the button is the harmless one.
@@ -31,6 +35,7 @@ class Answers {
  private:
   std::deque<int> buttons_;
   std::deque<std::optional<platform::PrinterChoice>> printer_;
+  std::string defaultPrinter_;
 };
 
 }  // namespace robot

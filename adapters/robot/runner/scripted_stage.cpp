@@ -52,6 +52,8 @@ std::optional<platform::PrinterChoice> ScriptedStage::PrinterDialog() {
   return choice;
 }
 
+std::string ScriptedStage::DefaultPrinter() { return runner_.Queued().DefaultPrinter(); }
+
 void ScriptedStage::PointerChanged(int pointer) { runner_.Records().Pointer(pointer); }
 
 void ScriptedStage::FormLoaded(platform::Form& form) {

@@ -15,6 +15,7 @@ class ScriptedStage final : public Stage {
   void Yielded() override;
   int Box(const std::string& text, int style, const std::string& title) override;
   std::optional<platform::PrinterChoice> PrinterDialog() override;
+  std::string DefaultPrinter() override;
   void PointerChanged(int pointer) override;
   void FormLoaded(platform::Form& form) override;
   void FormUnloaded(platform::Form& form) override;

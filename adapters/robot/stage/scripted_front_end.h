@@ -23,6 +23,7 @@ class ScriptedFrontEnd final : public platform::FrontEnd {
   int MessageBox(const std::string& text, int style, const std::string& title) override { return stage_.Box(text, style, title); }
   void Pointer(int pointer) override;
   std::optional<platform::PrinterChoice> PrinterDialog(platform::Form&) override { return stage_.PrinterDialog(); }
+  std::string DefaultPrinter() override { return stage_.DefaultPrinter(); }
   void Changed(platform::Form& form, platform::Control* control, platform::Aspect aspect) override;
 
  private:

@@ -19,6 +19,7 @@ class Stage {
   /// Records the box, chooses and presses the button; returns it.
   virtual int Box(const std::string& text, int style, const std::string& title) = 0;
   virtual std::optional<platform::PrinterChoice> PrinterDialog() = 0;
+  virtual std::string DefaultPrinter() = 0;
   virtual void PointerChanged(int pointer) = 0;
   virtual void FormLoaded(platform::Form& form) = 0;
   virtual void FormUnloaded(platform::Form& form) = 0;

@@ -9,6 +9,7 @@
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
 #include "platform/data/empty_recordset.h"
+#include "platform/data/text_table.h"
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
 
@@ -80,9 +81,20 @@ void DataControl::Take(const RecordsetRef& rows, const RecordsetRef& listRows) {
 }
 
 void DataControl::ShowNoRows() {
-  noRows_ = std::make_shared<EmptyRecordset>(recordSource_);
-  Take(RecordsetRef(noRows_), RecordsetRef(noRows_));
+  const auto none = std::make_shared<EmptyRecordset>(recordSource_);
+  TakeOwn(none, none);
   ShowOpened();
+}
+
+void DataControl::Show(const TextTable& table) {
+  TakeOwn(table.Open(), table.Open());
+  ++refreshCount_;
+  ShowOpened();
+}
+
+void DataControl::TakeOwn(std::shared_ptr<platform::Recordset> rows, std::shared_ptr<platform::Recordset> listRows) {
+  Take(RecordsetRef(rows), RecordsetRef(listRows));
+  ownRows_ = {std::move(rows), std::move(listRows)};
 }
 
 void DataControl::CloseList() noexcept {

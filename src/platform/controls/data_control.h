@@ -13,6 +13,7 @@ class Grid;
 class ComboBox;
 class Label;
 class ControlRecordset;
+class TextTable;
 
 /// Ties a list to a statement. `DatabaseName` and `RecordSource` take effect at the next Refresh.
 ///
@@ -33,6 +34,8 @@ class DataControl final : public Control {
   /// before raises 3420 from now on. Without a RecordSource it has no effect. When it fails the error reaches the caller, and
   /// EmptyAfterFailure says what stands then.
   void Refresh();
+  /// Shows the table's rows as they are now, in place of a statement; like a Refresh in all else.
+  void Show(const TextTable& table);
   /// A list that belongs to the current row of another one: after a Refresh that failed it is empty, since the old rows would
   /// stand under another owner's name. Otherwise (the default) the old recordset and its list stay in use.
   void EmptyAfterFailure(bool empty) noexcept { emptyAfterFailure_ = empty; }
@@ -69,6 +72,7 @@ class DataControl final : public Control {
   void Open();
   void ShowOpened();
   void ShowNoRows();
+  void TakeOwn(std::shared_ptr<platform::Recordset> rows, std::shared_ptr<platform::Recordset> listRows);
   void Take(const RecordsetRef& rows, const RecordsetRef& listRows);
   void CloseList() noexcept;
 
@@ -88,7 +92,8 @@ class DataControl final : public Control {
   std::string recordSource_;
   DatabaseRef database_;
   std::shared_ptr<ControlRecordset> recordset_;  ///< owned here alone; others hold handles
-  std::shared_ptr<platform::Recordset> noRows_;  ///< stands in for rows that could not be opened
+  /// Rows without a file behind them, which nobody else keeps: the current one and the list's.
+  std::vector<std::shared_ptr<platform::Recordset>> ownRows_;
   RecordsetRef listRows_;
   bool emptyAfterFailure_ = false;
   Grid* grid_ = nullptr;

@@ -39,6 +39,15 @@ const GridColumn& Grid::Column(int index) const {
 
 GridColumn& Grid::DesignColumn(int index) { return const_cast<GridColumn&>(Column(index)); }
 
+void Grid::OpenColumn(int index, bool open) {
+  GridColumn& column = DesignColumn(index);
+  if (column.open == open) return;
+  column.open = open;
+  if (!open && openCell_ == index) openCell_.reset();
+  Changed(Aspect::Columns);
+  Changed(Aspect::OpenCell);
+}
+
 int Grid::FieldIndexOf(int column) const {
   const std::string& field = Column(column).dataField;
   if (!data_ || !data_->HasRecordset()) return -1;

@@ -43,6 +43,8 @@ class Grid final : public Control {
   int ColumnCount() const noexcept { return static_cast<int>(columns_.size()); }
   const GridColumn& Column(int index) const;
   GridColumn& DesignColumn(int index);
+  /// Whether the user may edit that column's cells, from now on. A cell of it that is open is given up when it closes.
+  void OpenColumn(int index, bool open);
 
   /// Value of the current row's cell, the edited one if it is pending. Null for a cell without a row.
   Value ColumnValue(int column) const;

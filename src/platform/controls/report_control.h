@@ -10,8 +10,8 @@ class ReportControl final : public Control {
  public:
   using Control::Control;
   ReportJob Job;
-  /// Forgets everything set for the last report.
-  void Reset() { Job = ReportJob{}; }
+  /// Forgets everything set for the last report, but for the range of pages, which belongs to the printer.
+  void Reset();
   /// Runs the job; without a report engine error 424.
   int PrintReport();
 };

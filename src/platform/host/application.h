@@ -59,6 +59,8 @@ class Application final : public FormHost {
   ListExport* Exports() const override { return parts_.listExport.get(); }
   platform::FrontEnd& FrontEnd() const { return *parts_.frontEnd; }
   std::optional<PrinterChoice> PrinterDialog(Form& form) override { return FrontEnd().PrinterDialog(form); }
+  /// The name of the default printer; "" when there is none.
+  std::string DefaultPrinter() const { return FrontEnd().DefaultPrinter(); }
   void ServePainting() override { FrontEnd().ServePainting(); }
 
   /// The loaded screens in the order of their loading.

@@ -42,6 +42,8 @@ class FrontEnd {
   virtual void Pointer(int pointer) = 0;
   /// The printer dialog; nothing when the user cancels it.
   virtual std::optional<PrinterChoice> PrinterDialog(Form& form) = 0;
+  /// The name of the default printer; "" when there is none.
+  virtual std::string DefaultPrinter() = 0;
 
   /// A property of a control of a loaded form changed; `control` is nullptr for the form's own caption.
   virtual void Changed(Form& form, Control* control, Aspect aspect) = 0;

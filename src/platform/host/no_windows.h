@@ -18,6 +18,7 @@ class NoWindows : public FrontEnd {
   int MessageBox(const std::string&, int, const std::string&) override { return box::Ok; }
   void Pointer(int) override {}
   std::optional<PrinterChoice> PrinterDialog(Form&) override { return std::nullopt; }
+  std::string DefaultPrinter() override { return ""; }
   void Changed(Form&, Control*, Aspect) override {}
 };
 

@@ -22,7 +22,9 @@ std::string CompanyFolder(const OperatingSystem& system, const std::string& libr
 
 std::string DataPath(const OperatingSystem& system, const std::string& libraryFolder, std::int32_t company, const std::string& fileName) {
   const std::string settings = SettingsPath(system, libraryFolder, company);
-  if (auto own = system.ReadIniValue("Databases", fileName + " Path", "", settings, kIniSize); !own.empty()) return own;
+  // The folder alone (no file's name) has the key "Path": a key's outer blanks don't count.
+  const std::string key = fileName.empty() ? "Path" : fileName + " Path";
+  if (auto own = system.ReadIniValue("Databases", key, "", settings, kIniSize); !own.empty()) return own;
   if (auto folder = system.ReadIniValue("Databases", "Default Path", "", settings, kIniSize); !folder.empty()) return folder + fileName;
   if (UCase(fileName) == "DAT.ZDB") return WithSeparator(system, libraryFolder) + fileName;
   return CompanyFolder(system, libraryFolder, company) + system.Separator() + fileName;

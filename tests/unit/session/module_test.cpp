@@ -1,3 +1,5 @@
+#include "platform/controls/common_dialog.h"
+#include "platform/controls/report_control.h"
 #include "support/session_test.h"
 
 namespace orcussch {
@@ -48,9 +50,14 @@ TEST_F(ModuleTest, GetDataPath) {
   EXPECT_EQ(GetDataPath(3, "dat.zdb"), root + "dat.zdb");
   EXPECT_EQ(GetDataPath(3, "DaT.zDb"), root + "DaT.zDb");
   EXPECT_EQ(GetDataPath(3, "dat.zdb2"), root + "data/orv3/dat.zdb2");
+  EXPECT_EQ(GetDataPath(3, ""), root + "data/orv3/") << "the folder itself";
   folder.Write("orv3.ini", "[Databases]\nDat.Zdb Path=/elsewhere/d\nDefault Path=/all/\n");
   EXPECT_EQ(GetDataPath(3, "dat.zdb"), "/elsewhere/d");
   EXPECT_EQ(GetDataPath(3, "GL.zdb"), "/all/GL.zdb");
+  EXPECT_EQ(GetDataPath(3, ""), "/all/");
+  folder.Write("orv4.ini", "[Databases]\nPath=/own/\nDefault Path=/all/\n");
+  EXPECT_EQ(GetDataPath(4, ""), "/own/");
+  EXPECT_EQ(GetDataPath(4, "GL.zdb"), "/all/GL.zdb");
   EXPECT_EQ(GetDataPath(30, "GL.zdb"), root + "data/orv30/GL.zdb");
 }
 
@@ -101,7 +108,7 @@ TEST_F(ModuleTest, PrinterSetupTakesPagesAndCopies) {
   form.CommonDialog1.CancelError = true;
   frontEnd->printer = [] { return platform::PrinterChoice{2, 5, 3}; };
   const int before = frontEnd->yields;
-  PrinterSetup(form.CommonDialog1, form.Report1);
+  PrinterSetup(form);
   EXPECT_FALSE(form.CommonDialog1.CancelError) << "it is set before the dialog comes";
   EXPECT_EQ(form.Report1.Job.PrinterStartPage, 2);
   EXPECT_EQ(form.Report1.Job.PrinterStopPage, 5);
@@ -112,16 +119,39 @@ TEST_F(ModuleTest, PrinterSetupTakesPagesAndCopies) {
     form.CommonDialog1.CancelError = true;
     return platform::PrinterChoice{7, 8, 9};
   };
-  PrinterSetup(form.CommonDialog1, form.Report1);
+  PrinterSetup(form);
   EXPECT_EQ(form.Report1.Job.PrinterStartPage, 2);
 }
 
 TEST_F(ModuleTest, PrinterSetupEndsQuietlyOnAnyError) {
   PrintingForm form(*app);
   frontEnd->printer = []() -> platform::PrinterChoice { throw platform::Error(28663, "No printer"); };
-  PrinterSetup(form.CommonDialog1, form.Report1);
+  PrinterSetup(form);
   EXPECT_TRUE(events.all.empty());
   EXPECT_TRUE(log->records.empty());
+}
+
+/// The catalogue of reports names its dialog otherwise, so that its printer key opens none.
+class FormWithAnotherDialog final : public platform::Form {
+ public:
+  explicit FormWithAnotherDialog(platform::Application& application) : Form(application, "frmOther", "") {}
+  platform::CommonDialog cd1{*this, "cd1"};
+  platform::ReportControl Report1{*this, "Report1"};
+};
+
+TEST_F(ModuleTest, PrinterSetupOfAFormWithoutTheDialogDoesNothing) {
+  FormWithAnotherDialog form(*app);
+  int asked = 0;
+  frontEnd->printer = [&] {
+    ++asked;
+    return platform::PrinterChoice{2, 5, 3};
+  };
+  const int before = frontEnd->yields;
+  PrinterSetup(form);
+  EXPECT_EQ(asked, 0);
+  EXPECT_EQ(frontEnd->yields, before);
+  EXPECT_FALSE(form.Report1.Job.CopiesToPrinter.Given());
+  EXPECT_TRUE(events.all.empty());
 }
 
 TEST_F(ModuleTest, CloseFilesDoesNothingInPractice) {

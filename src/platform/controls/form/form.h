@@ -46,6 +46,8 @@ class Form {
   bool Visible() const noexcept { return visible_; }
   /// True while an act of this form is on the stack.
   bool Busy() const noexcept { return handlers_ > 0; }
+  /// Whether the user has closed it while an act of it runs: it goes when the act has ended, and a long one should end soon.
+  bool ClosePending() const noexcept { return closePending_; }
 
   /// All controls in tab order, which is the order of their making where TabOrder says no other.
   const std::vector<Control*>& Controls() const noexcept { return controls_; }

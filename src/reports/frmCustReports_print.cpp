@@ -1,0 +1,159 @@
+#include "maintenance/frmCustMain.h"
+#include "platform/values/convert.h"
+#include "records/fields.h"
+#include "reports/company_formulas.h"
+#include "reports/frmCustReports.h"
+#include "reports/frmMailLabel.h"
+#include "reports/report_run.h"
+#include "session/ModCustSch.h"
+
+// The run of one report of the catalogue.
+namespace orcussch {
+
+using platform::Value;
+
+namespace {
+
+constexpr const char* kMailingLabels[] = {"ARML5161.RPT", "ARML5260.RPT"};
+constexpr const char* kFolderLabels = "ARFL5166.RPT";
+/// What a row of the catalogue calls the user's temporary file, whose own name has his number.
+constexpr const char* kTemporaryFile = "ORVTEMP.ZDB";
+
+}  // namespace
+
+bool frmCustReports::Chosen::IsSorted() const {
+  const std::string Name = platform::UCase(File);
+  return Name == kMailingLabels[0] || Name == kMailingLabels[1];
+}
+
+bool frmCustReports::Chosen::IsLabels() const { return IsSorted() || platform::UCase(File) == kFolderLabels; }
+
+void frmCustReports::cmdPrint(int Destination) {
+  ResumeNext on("frmReports.cmdPrint");
+  const platform::RecordsetRef Rows = DataReports.Recordset();
+  bool None = false;
+  if (!on([&] { None = Rows->Bof() && Rows->Eof(); })) return;
+  if (None) {
+    on([this] { App().MsgBox("There are no reports to print!", platform::box::Information, "Customer Reports"); });
+    return;
+  }
+
+  ProgressBar1.Value(0);
+  StatusBar1.Panel(1, kPreparingReport);
+  const Chosen Report = Choose(on, Rows);
+  if (!BeginRun(on, Report1, cd1.Copies)) return;
+
+  if (TakeReportFile(on, Report1, Report.File)) {
+    bool Stop = false;
+    Prepare(on, Report, Stop);
+    if (!Loaded()) return;
+    ProgressBar1.Value(100);
+    on([this] { App().DoEvents(); });
+    if (!Loaded()) return;
+    if (!Stop) RunReport(on, Report1, Destination, Report.IsLabels() ? "" : Report.Selection);
+  }
+  if (!Loaded()) return;
+
+  ProgressBar1.Value(0);
+  StatusBar1.Panel(1, "");
+  on([this] { App().DoEvents(); });
+  App().MousePointer(platform::pointer::Default);
+}
+
+frmCustReports::Chosen frmCustReports::Choose(ResumeNext& on, const platform::RecordsetRef& Rows) const {
+  Chosen Report;
+  const auto Text = [&](const char* Field) {
+    std::string text;
+    on([&] { text = TextOf(Rows, Field); });
+    return text;
+  };
+  Report.File = Text("Name");
+  Report.Description = Text("Description");
+  for (std::size_t i = 0; i < Report.DataFiles.size(); ++i) {
+    Report.DataFiles[i] = platform::Null;
+    on([&] { Report.DataFiles[i] = Rows->Field("DataFiles" + std::to_string(i)); });
+  }
+  Report.CustomerTable = platform::Null;
+  on([&] { Report.CustomerTable = Rows->Field("CustomerTable"); });
+  on([&] { Report.PageBreak = IsTrue(Rows->Field("CustomerPageBreak")); });
+  Report.BreakWanted = chkPageBreak.Value() == 1;
+  Report.Queried = optCustomer[0].Value() && fraOptions.Enabled();
+  Report.Current = optCustomer[2].Value();
+  Report.AcctNum = lblAcctNum.Caption();
+
+  // Whether the options are open is not asked here: a current customer that was left on still counts.
+  Report.Selection = Text("SelectionFormula");
+  if (Report.Current && !Report.AcctNum.empty()) {
+    if (!Report.Selection.empty()) Report.Selection += " And ";
+    Report.Selection += OfCustomer(Report.AcctNum);
+  }
+  return Report;
+}
+
+/// Over a query the customers' table is the copy in the temporary file, whatever the row says, and no other table is.
+void frmCustReports::NameDataFiles(const Chosen& Report) {
+  for (int i = 0; i < static_cast<int>(Report.DataFiles.size()); ++i) {
+    const Value& File = Report.DataFiles[static_cast<std::size_t>(i)];
+    std::string& Path = Report1.Job.DataFiles[i];
+    if (File.IsNull()) {
+      Path = "";
+      continue;
+    }
+    const std::string Name = platform::CStr(File);
+    const bool Temporary = Report.Queried ? IsNumber(Report.CustomerTable, i) : platform::UCase(Name) == kTemporaryFile;
+    Path = Temporary ? gTempPath : mDataPath + Name;
+  }
+}
+
+void frmCustReports::Prepare(ResumeNext& on, const Chosen& Report, bool& Stop) {
+  Report1.Job.WindowTitle = Report.Description + " Report";
+  NameDataFiles(Report);
+  if (Report.IsLabels())
+    PrepareLabels(on, Report, Stop);
+  else
+    PrepareReport(on, Report);
+  if (!Loaded() || !Report.PageBreak) return;
+  // A boolean formula bears no quotes.
+  Report1.Job.Formulas[++mFormulaIndex] = std::string("CustomerBreak=") + (Report.BreakWanted ? "True" : "False");
+}
+
+void frmCustReports::PrepareReport(ResumeNext& on, const Chosen& Report) {
+  SetCompanyFormulas(Report1.Job);
+  Report1.Job.Formulas[5] = TextFormula("ReportName", Report.Description);
+  Report1.Job.Formulas[6] = PeriodFormula();
+  mFormulaIndex = 6;
+  if (Report.Queried) CopyQueriedCustomers(on);
+}
+
+/// The customers of the main screen's list, in one statement.
+void frmCustReports::CopyQueriedCustomers(ResumeNext& on) {
+  bool Failed = false;
+  on([&] { ClearORVTempTable("Customers", Failed); });
+  if (!Loaded()) return;
+  ProgressBar1.Value(30);
+  on([this] { App().DoEvents(); });
+  const frmCustMain* Main = screens::frmCustMain.peek();
+  if (!Loaded() || !Main) return;
+  const std::string SQL = "INSERT INTO Customers" + InFile(gTempPath) + Main->data[tab::Customers].RecordSource();
+  on([&] { ExecuteSQLStmt(dbCustomer, SQL, false, Failed); });
+  if (!Loaded()) return;
+  ProgressBar1.Value(80);
+  on([this] { App().DoEvents(); });
+}
+
+/// What the sort screen ends with is not asked: a cancelled one leaves the report file's own order.
+void frmCustReports::PrepareLabels(ResumeNext& on, const Chosen& Report, bool& Stop) {
+  mFormulaIndex = 0;
+  if (!Report.Current && Report.IsSorted()) {
+    Toolbar1.Tag("");
+    App().MousePointer(platform::pointer::Default);
+    on([] { screens::frmMailLabel.Show(); });
+    if (!Loaded()) return;
+    App().MousePointer(platform::pointer::Hourglass);
+  }
+  bool Failed = false;
+  on([&] { LoadLabels(Failed); });
+  Stop = StopAsked();
+}
+
+}  // namespace orcussch

@@ -19,6 +19,8 @@ int Run(const custsearch::Options& options, const std::string& program) {
       return custsearch::kDone;
     case custsearch::Task::Scenario:
       return custsearch::RunScenario(options, program);
+    case custsearch::Task::Report:
+      return custsearch::RunReport(options);
     default:
       return custsearch::Work(options);
   }

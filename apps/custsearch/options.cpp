@@ -4,6 +4,8 @@
 #include <functional>
 #include <map>
 
+#include "platform/values/text.h"
+
 namespace custsearch {
 namespace {
 
@@ -53,6 +55,19 @@ std::string OneOf(const std::string& option, const std::string& value, const std
   throw UsageError("option " + option + " is " + first + " or " + second + ", not \"" + value + "\"");
 }
 
+/// "Name=value".
+std::string Formula(const std::string& text) {
+  if (text.find('=') == std::string::npos || text.front() == '=')
+    throw UsageError("option --formula needs Name=value, not \"" + text + "\"");
+  return text;
+}
+
+bool EndsAsAFile(const std::string& name) {
+  for (const char* ending : {".pdf", ".csv", ".xlsx"})
+    if (platform::ToLowerAscii(name).ends_with(ending)) return true;
+  return false;
+}
+
 using Setter = std::function<void(Options&, Reader&)>;
 
 const std::map<std::string, Setter>& Setters() {
@@ -86,12 +101,27 @@ const std::map<std::string, Setter>& Setters() {
        }},
       {"--front", [](Options& o,
                      Reader& w) { o.front = OneOf(w.Name(), w.Value(), "robot", "desktop") == "desktop" ? Front::Desktop : Front::Robot; }},
+      {"--to", [](Options& o, Reader& w) { o.to = w.Value(); }},
+      {"--customers", [](Options& o, Reader& w) { o.customers = w.Value(); }},
+      {"--formula", [](Options& o, Reader& w) { o.formulas.push_back(Formula(w.Value())); }},
       {"--threshold", [](Options& o, Reader& w) { o.threshold = WholeNumber<std::int64_t>(w.Name(), w.Value(), 0); }},
   };
   return setters;
 }
 
+void CheckReport(const Options& options) {
+  if (options.task == Task::Report) {
+    if (options.to.empty()) throw UsageError("a report needs --to FILE");
+    if (!EndsAsAFile(options.to)) throw UsageError("the report's file ends in .pdf, .csv or .xlsx, not \"" + options.to + "\"");
+    if (options.local) throw UsageError("option --local has no meaning with a report, which has a temporary file of its own");
+  } else if (options.task != Task::Help && options.task != Task::Version) {
+    if (!options.to.empty() || options.customers != "all" || !options.formulas.empty())
+      throw UsageError("options --to, --customers and --formula are for reports: custsearch report NAME --to FILE");
+  }
+}
+
 void CheckTogether(const Options& options, bool frontGiven) {
+  CheckReport(options);
   if (options.task == Task::Scenario) {
     const char* useless = options.customer           ? "--customer"
                           : !options.billing.empty() ? "--billing"
@@ -117,6 +147,13 @@ Options ParseOptions(const std::vector<std::string>& words) {
   bool frontGiven = false;
   Reader reader(words);
   while (reader.Next()) {
+    if (options.task == Task::Work && reader.Name() == "report") {
+      options.task = Task::Report;
+      if (reader.Next()) options.report = reader.Name();
+      if (options.report.empty() || options.report.starts_with("--"))
+        throw UsageError("which report? Its place, file or name in the catalogue");
+      continue;
+    }
     const auto found = Setters().find(reader.Name());
     if (found == Setters().end())
       throw UsageError(reader.Name().starts_with("-") ? "unknown option " + reader.Name()
@@ -130,7 +167,9 @@ Options ParseOptions(const std::vector<std::string>& words) {
 
 std::string HelpText() {
   return "Usage: custsearch [OPTION]...\n"
-         "Opens the customer screens of a company and prints which customer was selected.\n"
+         "       custsearch report NAME --to FILE [--customers WHICH] [--formula N=V]... [OPTION]...\n"
+         "Opens the customer screens of a company and prints which customer was selected; or writes a\n"
+         "report of the catalogue into a file, without a display.\n"
          "\n"
          "  --data DIR            folder of the library, with dat.zdb and orvN.ini (default: .)\n"
          "  --local DIR           folder under which orvTEMP lies (default: the user's state folder;\n"
@@ -146,10 +185,14 @@ std::string HelpText() {
          "  --scenario FILE       run the scripted user in FILE (- for standard input)\n"
          "  --front robot|desktop how a scenario acts: on the screens' models, or on real windows\n"
          "  --threshold N         rows up to which a scenario's lists are read at once (default: 20000)\n"
+         "  --to FILE             the report's file, by its ending: .pdf, .csv or .xlsx\n"
+         "  --customers WHICH     all, an account number, or a condition on the fields of Customers\n"
+         "  --formula N=V         gives the report's formula N the value V; can be given several times\n"
          "  --help, --version     print this text, the version\n"
          "\n"
          "Exit status: 0 a customer was selected, 3 none was, 1 something failed, 2 wrong usage.\n"
-         "With --scenario: 0 every expectation held, 1 one did not, 2 FILE can't be read.\n";
+         "With --scenario: 0 every expectation held, 1 one did not, 2 FILE can't be read.\n"
+         "A report: 0 its file is written, 1 something failed, 2 wrong usage.\n";
 }
 
 }  // namespace custsearch

@@ -14,7 +14,7 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-enum class Task { Work, Scenario, Help, Version };
+enum class Task { Work, Scenario, Report, Help, Version };
 enum class Front { Robot, Desktop };
 
 /// What the command line says.
@@ -32,6 +32,10 @@ struct Options {
   std::vector<std::string> drives;        ///< "C=DIR"
   std::string scenario;                   ///< a file, "-" for standard input
   Front front = Front::Robot;             ///< for scenarios
+  std::string report;                     ///< place, file or name in the catalogue
+  std::string to;                         ///< the file that the report goes into
+  std::string customers = "all";          ///< "all", an account number or a condition
+  std::vector<std::string> formulas;      ///< "Name=value"
   std::optional<std::int64_t> threshold;  ///< results up to this many rows are read at once; for tests
 };
 

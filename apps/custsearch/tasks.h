@@ -14,6 +14,8 @@ inline constexpr int kNoneSelected = 3;
 
 /// The screens for a user at the keyboard; prints the answer.
 int Work(const Options& options);
+/// A report of the catalogue into a file.
+int RunReport(const Options& options);
 /// A scripted user. `program` is this program's own file, beside which the other programs of the suite lie.
 int RunScenario(const Options& options, const std::string& program);
 

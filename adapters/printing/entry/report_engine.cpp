@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFileInfo>
+#include <QGuiApplication>
 #include <QProgressDialog>
 #include <exception>
 #include <utility>
@@ -136,7 +136,21 @@ std::unique_ptr<platform::ReportEngine> MakeReportEngine(EngineServices services
   return std::make_unique<WindowedEngine>(std::move(services));
 }
 
+namespace {
+
+/// Fonts need the toolkit's application object: the program's own, or one that draws into memory.
+std::unique_ptr<QGuiApplication> ToolkitWithoutDisplay() {
+  if (QCoreApplication::instance() != nullptr) return nullptr;
+  static int count = 3;
+  static char name[] = "report", option[] = "-platform", platform[] = "offscreen";
+  static char* words[] = {name, option, platform, nullptr};
+  return std::make_unique<QGuiApplication>(count, words);
+}
+
+}  // namespace
+
 int WriteReport(const ReportJob& job, const EngineServices& services, const std::string& path, const Progress& progress) {
+  const auto toolkit = ToolkitWithoutDisplay();
   return Numbered(services, job, [&] {
     if (Ends(path, ".csv")) return WriteDetails(job, services, CsvFile(path), progress);
     if (Ends(path, ".xlsx")) return WriteDetails(job, services, XlsxFile(path, job.WindowTitle), progress);

@@ -2,6 +2,7 @@
 
 #include "platform/values/calendar.h"
 #include "platform/values/convert.h"
+#include "platform/values/format_date.h"
 #include "platform/values/format_section.h"
 #include "platform/values/text.h"
 
@@ -65,6 +66,7 @@ std::string Format(const Value& value, std::string_view format, int thisYear) {
     }
   for (const auto& [name, numberFormat] : kNumberFormats)
     if (EqualsNoCase(format, name)) return FormatBySections(value, numberFormat);
+  if (value.Kind() == ValueKind::Date && IsDateFormat(format)) return FormatDateBy(value.As<Date>(), format);
   return FormatBySections(value, format);
 }
 

@@ -166,5 +166,18 @@ TEST(Format, ADateWithoutAYearIsOfTheYearGiven) {
   EXPECT_EQ(Format("7/4", "Short Date"), "7/4");
 }
 
+TEST(Format, DatesByAFormatOfOnesOwn) {
+  const Value day = *DateSerial(2026, 3, 5);  // a Thursday
+  EXPECT_EQ(Format(day, "m/d/yyyy"), "3/5/2026");
+  EXPECT_EQ(Format(day, "mm/dd/yy"), "03/05/26");
+  EXPECT_EQ(Format(day, "mmmm yyyy"), "March 2026");
+  EXPECT_EQ(Format(day, "ddd, d mmm"), "Thu, 5 Mar");
+  EXPECT_EQ(Format(day, "dddd \\d \"in my year\" yyyy"), "Thursday d in my year 2026");
+  EXPECT_EQ(Format(Value(Date{-1}), "dddd m/d/yyyy"), "Friday 12/29/1899");
+  EXPECT_EQ(Format(Value("March"), "mmmm"), "March") << "a text is no date";
+}
+
+TEST(Format, NumberFormatsOfDatesAreNoDateFormats) { EXPECT_EQ(Format(Value(Date{2}), "0.00"), "2.00"); }
+
 }  // namespace
 }  // namespace platform

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "printing/expressions/nodes/comparisons.h"
+#include "printing/expressions/evaluation/comparisons.h"
 
 namespace printing {
 

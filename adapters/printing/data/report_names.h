@@ -9,8 +9,8 @@
 #include "printing/data/report_errors.h"
 #include "printing/data/row_source.h"
 #include "printing/definition/report_definition.h"
+#include "printing/expressions/evaluation/ready_expression.h"
 #include "printing/expressions/names.h"
-#include "printing/expressions/ready_expression.h"
 #include "printing/expressions/text_rules.h"
 
 namespace printing {

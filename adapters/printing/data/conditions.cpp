@@ -5,7 +5,7 @@
 
 #include "printing/data/dialect_text.h"
 #include "printing/data/report_names.h"
-#include "printing/expressions/nodes/numbers.h"
+#include "printing/expressions/evaluation/numbers.h"
 #include "printing/expressions/text_rules.h"
 
 namespace printing {

@@ -7,8 +7,8 @@
 #include "platform/values/convert.h"
 #include "platform/values/text.h"
 #include "printing/data/report_errors.h"
+#include "printing/expressions/evaluation/numbers.h"
 #include "printing/expressions/expression_error.h"
-#include "printing/expressions/nodes/numbers.h"
 #include "printing/expressions/parser.h"
 
 namespace printing {

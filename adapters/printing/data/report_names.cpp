@@ -60,11 +60,16 @@ Names::FormulaOf ReportNames::Formula(std::string_view name) {
   return {&formula->value, TypeOf(formula->type)};
 }
 
+std::string PlaceOf(const Expression& expression, std::size_t place) {
+  if (expression.line == 0) return {};
+  return "line " + std::to_string(expression.line) + ':' + std::to_string(place + 1) + ": ";
+}
+
 ReadyExpression MakeReportExpression(const Expression& expression, Names& names, const TextRules& rules) {
   try {
     return MakeReady(expression, names, rules);
   } catch (const ExpressionError& error) {
-    throw ReportFailure(ReportError::FileExpression, error.Text());
+    throw ReportFailure(ReportError::FileExpression, PlaceOf(expression, error.Place()) + error.Text());
   }
 }
 
@@ -72,8 +77,12 @@ ReadyExpression MakeReportCondition(const Expression& expression, Names& names, 
   try {
     return MakeReadyCondition(expression, names, rules);
   } catch (const ExpressionError& error) {
-    throw ReportFailure(ReportError::FileExpression, error.Text());
+    throw ReportFailure(ReportError::FileExpression, PlaceOf(expression, error.Place()) + error.Text());
   }
+}
+
+ReportFailure NoSuchField(const Expression& name) {
+  return {ReportError::FieldMissing, PlaceOf(name, name.place) + "There is no field {" + name.table + '.' + name.name + "}."};
 }
 
 }  // namespace printing

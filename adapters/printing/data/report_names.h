@@ -6,10 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "printing/data/report_errors.h"
 #include "printing/data/row_source.h"
 #include "printing/definition/report_definition.h"
+#include "printing/expressions/evaluation/ready_expression.h"
 #include "printing/expressions/names.h"
-#include "printing/expressions/ready_expression.h"
 #include "printing/expressions/text_rules.h"
 
 namespace printing {
@@ -38,6 +39,10 @@ class ReportNames final : public Names {
   const TextRules& rules_;
   Totals totals_;
 };
+
+/// Where in the report's file the expression's byte `place` is, "line 12:7: "; "" for one that stands in none.
+std::string PlaceOf(const Expression& expression, std::size_t place);
+ReportFailure NoSuchField(const Expression& name);
 
 /// MakeReady for an expression of the report file itself: raises ReportFailure with the number for those.
 ReadyExpression MakeReportExpression(const Expression& expression, Names& names, const TextRules& rules);

@@ -81,7 +81,7 @@ class Opening {
     for (const Expression* name : FieldsOf(report_, expressions)) {
       const std::optional<StoredField> field = tables_.Find(name->table, name->name);
       if (!field && !all) continue;
-      if (!field) throw ReportFailure(ReportError::FieldMissing, "There is no field {" + name->table + '.' + name->name + "}.");
+      if (!field) throw NoSuchField(*name);
       fields.push_back({field->table, field->name, TypeOf(field->type)});
     }
     return fields;

@@ -22,11 +22,8 @@ class Sorting {
     if (meant == nullptr) throw ReportFailure(error, where + ": rows are sorted by fields alone.");
     if (meant->kind == ExpressionKind::Constant) return;  // equal for all rows
     const std::optional<StoredField> stored = tables_.Find(meant->table, meant->name);
-    if (!stored) {
-      const bool reports = error != ReportError::BadSortField;
-      throw ReportFailure(reports ? ReportError::FieldMissing : error,
-                          where + ": there is no field {" + meant->table + '.' + meant->name + "}.");
-    }
+    if (!stored && error != ReportError::BadSortField) throw NoSuchField(*meant);
+    if (!stored) throw ReportFailure(error, where + ": there is no field {" + meant->table + '.' + meant->name + "}.");
     if (stored->type == platform::FieldType::Memo) throw ReportFailure(error, where + ": rows can't be sorted by a memo.");
     keys_.push_back({*stored, descending});
   }
@@ -73,7 +70,7 @@ std::string OwnField(const ReportDefinition& report, const StoredField& field) {
 std::string JoinText(const ReportDefinition& report, const DataTables& tables, const Expression& on) {
   if (on.kind == ExpressionKind::Name) {
     const std::optional<StoredField> field = tables.Find(on.table, on.name);
-    if (!field) throw ReportFailure(ReportError::FieldMissing, "There is no field {" + on.table + '.' + on.name + "}.");
+    if (!field) throw NoSuchField(on);
     return OwnField(report, *field);
   }
   std::string text;

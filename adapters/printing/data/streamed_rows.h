@@ -10,7 +10,7 @@
 #include "printing/data/data_tables.h"
 #include "printing/data/row_source.h"
 #include "printing/definition/report_definition.h"
-#include "printing/expressions/ready_expression.h"
+#include "printing/expressions/evaluation/ready_expression.h"
 
 namespace printing {
 

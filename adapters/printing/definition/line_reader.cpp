@@ -14,6 +14,10 @@ namespace {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; }
+void SetLine(Expression& expression, int line) {
+  expression.line = line;
+  for (Expression& operand : expression.operands) SetLine(operand, line);
+}
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
 }  // namespace
@@ -124,7 +128,9 @@ Color LineReader::ReadColor() {
 
 Expression LineReader::ReadExpression() {
   try {
-    return ParseExpressionAt(line_, at_);
+    Expression expression = ParseExpressionAt(line_, at_);
+    SetLine(expression, number_);
+    return expression;
   } catch (const ExpressionError& error) {
     FailAt(error.Place(), error.Text());
   }

@@ -18,7 +18,8 @@ struct LineError {
 /// One line of a report file, read from left to right. What isn't there as asked raises LineError.
 class LineReader {
  public:
-  explicit LineReader(std::string_view line) : line_(line) {}
+  /// `number`: the line's in its file.
+  LineReader(std::string_view line, int number) : line_(line), number_(number) {}
 
   /// Whether nothing but blanks and a comment is left.
   bool AtEnd();
@@ -56,6 +57,7 @@ class LineReader {
   std::string_view WordHere() const;
 
   std::string_view line_;
+  int number_;
   std::size_t at_ = 0;
 };
 

@@ -59,7 +59,7 @@ class FileReader {
   }
 
   void ReadOneLine(std::string_view text) {
-    LineReader line(text);
+    LineReader line(text, static_cast<int>(lineNumber_));
     try {
       if (line.AtEnd()) return;
       const std::size_t column = line.Column();

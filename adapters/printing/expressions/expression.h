@@ -55,6 +55,7 @@ struct Expression {
   Function function = Function::Trim;
   std::vector<Expression> operands;
   std::size_t place = 0;  ///< where it begins in its text, in bytes, for messages
+  int line = 0;           ///< of the report file; 0 for an expression that stands in none
   int height = 1;         ///< levels of the tree below and with this one
 };
 

@@ -122,7 +122,7 @@ TEST_F(ReportRows, ErrorsHaveTheirNumbers) {
   EXPECT_EQ(ErrorOf("table Customers file \"../x.zdb\"\nband detail height 1\n"), 202);
   EXPECT_EQ(ErrorOf("table Nobody file \"customer.zdb\"\nband detail height 1\n"), 203);
   EXPECT_EQ(ErrorOf(kCustomers + "band detail height 1\nfield {Customers.Nothing} at 0 0 size 1 1\n"), 204);
-  EXPECT_EQ(what_, "There is no field {Customers.Nothing}.");
+  EXPECT_EQ(what_, "line 4:7: There is no field {Customers.Nothing}.");
   EXPECT_EQ(ErrorOf(kCustomers + "band detail height 1\nfield {Phones.AcctNum} at 0 0 size 1 1\n"), 204);
   EXPECT_EQ(
       ErrorOf(kCustomers + "table Phones file \"customer.zdb\" left join {Phones.Nothing} = {Customers.AcctNum}\nband detail height 1\n"),
@@ -130,6 +130,7 @@ TEST_F(ReportRows, ErrorsHaveTheirNumbers) {
   EXPECT_EQ(ErrorOf(kNames + "sort {Customers.Nothing}\n"), 204);
   EXPECT_EQ(ErrorOf(kNames + "select {Customers.Nothing} = 1\n"), 106);
   EXPECT_EQ(ErrorOf(kNames + "select {Customers.LastName} = 1\n"), 106);
+  EXPECT_EQ(what_.substr(0, 11), "line 5:31: ");
   EXPECT_EQ(ErrorOf(kNames + "sort {Customers.Comments}\n"), 106);  // a memo
   for (const char* bad :
        {"{Customers.Nothing}=1", "{Customers.AcctNum}=", "{Customers.LastName}=1", "5", "{#All} = 1", "{@Nothing}", " "}) {

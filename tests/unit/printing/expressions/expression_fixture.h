@@ -10,9 +10,9 @@
 
 #include "platform/values/convert.h"
 #include "platform/values/text.h"
+#include "printing/expressions/evaluation/ready_expression.h"
 #include "printing/expressions/expression_error.h"
 #include "printing/expressions/parser.h"
-#include "printing/expressions/ready_expression.h"
 #include "unit/printing/support/text_rules.h"
 
 /// A row of a few fields, formulas and a total to evaluate expressions over.

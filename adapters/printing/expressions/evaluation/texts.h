@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "printing/expressions/nodes/node.h"
+#include "printing/expressions/evaluation/node.h"
 
 namespace printing {
 

@@ -1,4 +1,4 @@
-#include "printing/expressions/nodes/logic.h"
+#include "printing/expressions/evaluation/logic.h"
 
 #include <algorithm>
 #include <utility>

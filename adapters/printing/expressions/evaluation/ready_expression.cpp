@@ -1,4 +1,4 @@
-#include "printing/expressions/ready_expression.h"
+#include "printing/expressions/evaluation/ready_expression.h"
 
 #include <algorithm>
 #include <optional>
@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "platform/values/text.h"
+#include "printing/expressions/evaluation/comparisons.h"
+#include "printing/expressions/evaluation/logic.h"
+#include "printing/expressions/evaluation/numbers.h"
+#include "printing/expressions/evaluation/texts.h"
 #include "printing/expressions/expression_error.h"
-#include "printing/expressions/nodes/comparisons.h"
-#include "printing/expressions/nodes/logic.h"
-#include "printing/expressions/nodes/numbers.h"
-#include "printing/expressions/nodes/texts.h"
 
 namespace printing {
 namespace {

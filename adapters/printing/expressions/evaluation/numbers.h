@@ -1,6 +1,6 @@
 #pragma once
 
-#include "printing/expressions/nodes/node.h"
+#include "printing/expressions/evaluation/node.h"
 
 namespace printing {
 

@@ -1,4 +1,4 @@
-#include "printing/expressions/nodes/numbers.h"
+#include "printing/expressions/evaluation/numbers.h"
 
 #include <algorithm>
 #include <cmath>

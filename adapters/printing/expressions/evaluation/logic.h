@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "printing/expressions/nodes/node.h"
+#include "printing/expressions/evaluation/node.h"
 
 namespace printing {
 

@@ -1,4 +1,4 @@
-#include "printing/expressions/nodes/texts.h"
+#include "printing/expressions/evaluation/texts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,7 +8,7 @@
 #include "platform/values/error.h"
 #include "platform/values/format.h"
 #include "platform/values/text.h"
-#include "printing/expressions/nodes/numbers.h"
+#include "printing/expressions/evaluation/numbers.h"
 
 namespace printing {
 namespace {

@@ -1,11 +1,11 @@
-#include "printing/expressions/nodes/comparisons.h"
+#include "printing/expressions/evaluation/comparisons.h"
 
 #include <cmath>
 #include <functional>
 #include <utility>
 
 #include "platform/values/calendar.h"
-#include "printing/expressions/nodes/numbers.h"
+#include "printing/expressions/evaluation/numbers.h"
 
 namespace printing {
 namespace {

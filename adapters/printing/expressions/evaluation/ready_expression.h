@@ -3,9 +3,9 @@
 #include <memory>
 
 #include "platform/values/value.h"
+#include "printing/expressions/evaluation/node.h"
 #include "printing/expressions/expression.h"
 #include "printing/expressions/names.h"
-#include "printing/expressions/nodes/node.h"
 #include "printing/expressions/text_rules.h"
 
 namespace printing {

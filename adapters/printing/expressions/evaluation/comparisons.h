@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "printing/expressions/nodes/node.h"
+#include "printing/expressions/evaluation/node.h"
 #include "printing/expressions/text_rules.h"
 
 namespace printing {

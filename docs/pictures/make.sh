@@ -17,7 +17,6 @@ take() {
   mkdir -p "$work/$1" "$2"
   "$bin/suitefiles" demo "$work/$1" --company 1 --customers 5000 --seed 1 >"$work/log"
   "$bin/suitefiles" temp "$work/$1" --user 1 >"$work/log"
-  : >"$work/$1/ARML5161.RPT"
   sed "s|@P@|$2|g" pictures.scn >"$work/$1.scn"
   ORCUSSCH_COLOR_SCHEME=$1 QT_QPA_PLATFORM="offscreen:configfile=$work/screen.json" "$bin/custsearch" --scenario "$work/$1.scn" \
     --front desktop --data "$work/$1" --local "$work/$1" --company 1 --user 1

@@ -28,6 +28,12 @@ class KeptReports final : public platform::ErrorLog {
   std::vector<platform::ErrorRecord>& records_;
 };
 
+/// Prints nothing.
+class NoPaper final : public platform::ReportEngine {
+ public:
+  int PrintReport(const platform::ReportJob&) override { return 0; }
+};
+
 class Running {
  public:
   Running(const Image& image, const Case& one, const Books* before) : image_(image), case_(one), before_(before) {}
@@ -74,6 +80,7 @@ std::unique_ptr<platform::Application> Running::Build() {
   parts.engine = engine::MakeEngine(options);
   parts.system = suite::MakeNativeSystem(image_.Folder());
   parts.errorLog = std::make_unique<KeptReports>(reports_);
+  parts.reports = std::make_unique<NoPaper>();
   parts.frontEnd = std::move(frontEnd);
   parts.path = image_.Folder();
   parts.title = "The host";

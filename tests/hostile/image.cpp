@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
 #include <stdexcept>
 #include <vector>
 
@@ -141,6 +142,9 @@ void MakeCompany(const std::string& folder) {
   AddCodes(file);
   Add(books + "/artrans.zdb", "Transactions", {"AcctNum", "TranType", "InvChkCredNo", "AltInvNo"},
       {{kCustomerWithTransactions, "I", "1001", std::int32_t{1}}});
+  for (const char* report :
+       {"ARCusDet.Rpt", "ARCusPho.Rpt", "ARAltAdr.Rpt", "ARCustCC.Rpt", "ARLabRat.Rpt", "ARCusCod.Rpt", "ARCustKW.Rpt"})
+    std::ofstream(fs::path(folder) / report) << "a report";
 }
 
 }  // namespace

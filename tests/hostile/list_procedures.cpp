@@ -64,6 +64,14 @@ void AddLists(Procedures& all) {
   all.push_back({"heading/taxes", Click("miEditRec"), [](const Desk& desk) { desk.Head("grdTaxBasis", 1); }});
 }
 
+void AddPrinting(Procedures& all) {
+  for (int tab = 0; tab < tab::Count; ++tab)
+    for (const char* command : {"tb_Print", "miPreview"})
+      all.push_back({"print/" + std::to_string(tab) + "/" + command, GoTo(tab), Click(command)});
+  all.push_back({"statistics", Nothing, Click("tb_Statistics")});
+  all.push_back({"catalogue", Nothing, Click("tb_Reports")});
+}
+
 void AddLoads(Procedures& all) {
   all.push_back({"load/taxes", Nothing, Direct([](frmCustMain& screen) { screen.LoadTaxBasis(false); })});
   all.push_back({"load/taxes-of-customer", Nothing, Direct([](frmCustMain& screen) { screen.LoadTaxBasis(true); })});
@@ -137,6 +145,7 @@ Procedures ListProcedures() {
   Procedures all;
   AddShowing(all);
   AddLists(all);
+  AddPrinting(all);
   AddLoads(all);
   AddBulk(all);
   AddWaysOut(all);

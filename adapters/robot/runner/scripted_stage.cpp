@@ -3,6 +3,7 @@
 #include "platform/controls/data_control.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
+#include "platform/controls/report_control.h"
 #include "robot/language/value_text.h"
 #include "robot/runner/runner.h"
 
@@ -61,7 +62,11 @@ void ScriptedStage::FormLoaded(platform::Form& form) {
 }
 
 void ScriptedStage::FormUnloaded(platform::Form& form) {
-  for (const platform::Control* control : form.Controls()) runner_.Records().Forget(*control);
+  for (const platform::Control* control : form.Controls()) {
+    runner_.Records().Forget(*control);
+    // The next screen's may stand at the same place in memory.
+    if (const auto* report = dynamic_cast<const platform::ReportControl*>(control)) runner_.Reports().runs.erase(&report->Job);
+  }
 }
 
 void ScriptedStage::ControlChanged(platform::Control& control, platform::Aspect aspect) {

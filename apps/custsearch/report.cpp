@@ -112,7 +112,7 @@ bool IsNumber(const std::string& text) { return !text.empty() && text.find_first
 /// Which customers: all, the one of an account, or those that a condition takes.
 void Narrow(const std::string& customers) {
   if (IsNumber(customers) || customers.empty() || platform::EqualsNoCase(customers, "all")) return;
-  orcussch::gQuerySQL = "SELECT DISTINCTROW Customers.* FROM Customers WHERE (" + customers + ") ORDER BY LastName;";
+  orcussch::gQuerySQL = "SELECT DISTINCTROW Customers.* FROM Customers WHERE (" + customers + ")";
   orcussch::gQueryText = customers;
 }
 

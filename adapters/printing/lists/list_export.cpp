@@ -4,6 +4,7 @@
 #include "platform/values/error.h"
 #include "printing/data/report_errors.h"
 #include "printing/entry/report_engine.h"
+#include "printing/layout/expression_values.h"
 #include "printing/layout/report_layout.h"
 #include "printing/lists/list_pages.h"
 #include "printing/lists/list_rows.h"
@@ -47,8 +48,8 @@ bool WritePages(const ExportedList& list, ExportRows& rows, const std::string& p
   ListRows texts(list, rows);
   const ReportDefinition report = ListReport(list, texts.Figures());
   const TextRules rules{[](std::string_view left, std::string_view right) { return left.compare(right); }, {}};
-  const RunFacts facts{list.title, "", {}};
-  RunValues values(report, texts.Fields(), rules, facts);
+  const RunFacts facts{{}, "", list.title};
+  ExpressionValues values(report, texts.Fields(), rules, facts);
   PageSpool pages;
   ReportLayout layout(report, values, texts, fonts, pages);
   while (layout.Advance()) continue;

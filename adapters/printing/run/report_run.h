@@ -6,10 +6,10 @@
 #include "platform/services/report_engine.h"
 #include "printing/data/report_folder.h"
 #include "printing/data/report_rows.h"
+#include "printing/layout/expression_values.h"
 #include "printing/layout/report_layout.h"
 #include "printing/preview/preview_run.h"
 #include "printing/run/kept_rows.h"
-#include "printing/run/run_values.h"
 
 namespace printing {
 
@@ -38,7 +38,7 @@ class ReportRun final : public PreviewRun {
   ReportDefinition report_;
   RunFacts facts_;
   std::unique_ptr<KeptRows> rows_;
-  std::unique_ptr<RunValues> values_;
+  std::unique_ptr<ExpressionValues> values_;
   PageSpool pages_;
   std::unique_ptr<ReportLayout> layout_;
 };

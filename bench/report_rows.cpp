@@ -115,8 +115,8 @@ int main(int count, char** words) {
     const std::size_t pairs = count > 2 ? std::stoul(words[2]) : 5;
     Rows rows(words[1], count > 3 ? words[3] : words[1]);
     std::cout << bench::TableHead();
-    for (const Case& one : Cases())
-      for (const int most : {50, 0}) std::cout << bench::TableLine(bench::Measure(rows.JobOf(one, most), pairs)) << std::flush;
+    for (const int most : {50, 0})
+      for (const Case& one : Cases()) std::cout << bench::TableLine(bench::Measure(rows.JobOf(one, most), pairs)) << std::flush;
     std::cout << "peak memory " << bench::PeakMemory() << " MiB\n";
     return EXIT_SUCCESS;
   } catch (const printing::ReportFailure& failure) {

@@ -44,7 +44,10 @@ void CheckReport(const printing::ReportDefinition& report) {
   for (const printing::ReportFormula& formula : report.formulas) CheckExpression(formula.value, names, state);
   for (const printing::Band& band : report.bands) {
     Require(band.group <= static_cast<int>(report.groups.size()));
-    for (const printing::Element& element : band.elements) CheckExpression(element.value, names, state);
+    for (const printing::Element& element : band.elements) {
+      const bool shows = element.kind == printing::ElementKind::Text || element.kind == printing::ElementKind::Field;
+      if (shows) CheckExpression(element.value, names, state);
+    }
   }
 }
 

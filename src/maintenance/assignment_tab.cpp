@@ -14,6 +14,19 @@ namespace {
 constexpr int kAssignColumn = 0;
 constexpr int kTextColumn = 1;
 
+/// Lasts as long as the copy is filled; a fill within another one is part of it.
+class Filling {
+ public:
+  explicit Filling(bool& flag) : mFlag(flag), mBefore(flag) { mFlag = true; }
+  ~Filling() { mFlag = mBefore; }
+  Filling(const Filling&) = delete;
+  Filling& operator=(const Filling&) = delete;
+
+ private:
+  bool& mFlag;
+  bool mBefore;
+};
+
 void Run(const platform::DatabaseRef& Db, const std::string& SQL) {
   bool ErrorFlag = false;
   ExecuteSQLStmt(Db, SQL, false, ErrorFlag);
@@ -47,6 +60,7 @@ void AssignmentTab::Visit(const std::string& Caption) {
 }
 
 void AssignmentTab::Load() {
+  const Filling filling(mFilling);
   Trap(mAssignment.literal, [this] {
     const std::string Instance = std::to_string(s.mInstance);
     const std::string Head = std::string("INSERT INTO ") + mAssignment.workTable + " ( Instance, Assign, " + mAssignment.columns + " )" +

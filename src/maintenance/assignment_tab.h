@@ -37,6 +37,9 @@ class AssignmentTab : public RecordTab {
   TickList Ticks() override;
   void CellTaken(int ColIndex) override;
 
+  /// While the copy is being filled its rows may say what was before.
+  bool ListIsCurrent() const override { return !mFilling; }
+
   /// Fills the copy anew, for the current customer. A failure is reported and the list shows what got in.
   void Load();
 
@@ -54,6 +57,7 @@ class AssignmentTab : public RecordTab {
   Array<platform::OptionButton, 3> optDisplay;
   /// The customer for whom the list was filled last; nothing while there was none.
   std::optional<std::int32_t> mFilledFor;
+  bool mFilling = false;
 };
 
 /// Fills the list of an assignment tab anew.

@@ -26,7 +26,7 @@ void frmCustMain::Form_Load() {
 
     data.Each([this](platform::DataControl& list, int Tab) {
       list.DatabaseName(*Record(Tab).Design().database);
-      Record(Tab).mAcct = 0;
+      Record(Tab).mAcct = Record(Tab).mListOf = 0;
     });
     OpenComboLists();
     SSIndexTab1.Page(0);
@@ -82,7 +82,10 @@ void frmCustMain::Form_Unload() {
 
 void frmCustMain::EditingRecord(bool Editing) {
   Trap("frmCustMain.EditingRecord", [&] {
+    const int Card = mCardNumber;
     App().DoEvents();
+    // Another card came up in the yield, or went: the keys are set for what is to be seen now.
+    if (mCardNumber != Card) return;
     EnableSetupKeys(Editing);
     for (const char* key : {"tb_Refresh", "tb_AddRec", "tb_MapCustomer", "tb_MapAll", "tb_Statistics", "tb_Reports"})
       tb(key).Enabled(!Editing);
@@ -91,6 +94,7 @@ void frmCustMain::EditingRecord(bool Editing) {
       for (const char* key : {"tb_Print", "tb_Preview", "tb_Select", "tb_Find", "tb_EditRec", "tb_DeleteRec"}) tb(key).Enabled(false);
     } else {
       TestRecordcount();
+      if (mCardNumber != Card) return;
     }
     // After TestRecordcount: at the end of an edit tabs 2 and 3 are open even for a non-billable customer until the next
     // row change closes them.
@@ -118,9 +122,10 @@ void frmCustMain::EditSetup() {
 
 void frmCustMain::TestRecordcount() {
   Trap("frmCustMain.TestRecordCount", [this] {
+    const int Card = mCardNumber;
     App().DoEvents();
-    // The user may have been to another tab meanwhile, or have left.
-    if (!Loaded()) return;
+    // The user may have been to another tab meanwhile, have opened a card or have left.
+    if (!Loaded() || mCardNumber != Card) return;
     const int Current = Tab();
     const bool Records = data[Current].Recordset()->HasRows();
     for (const char* key : {"tb_Print", "tb_Preview", "tb_Select", "tb_EditRec", "tb_DeleteRec"}) tb(key).Enabled(Records);

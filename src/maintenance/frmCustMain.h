@@ -174,6 +174,7 @@ class frmCustMain final : public platform::Screen, public platform::CardScreen, 
   RecordTexts Texts() const override;
   void Ready(bool ready) override { mToolbarReady = ready; }
   void TellWait(const std::string& text) override { StatusBar1.Panel(1, text); }
+  bool CardIsUp() const override { return SSIndexTab1.Page() == 1; }
   void ShowList() override { SSIndexTab1.Page(0); }
   void LeavingCard() override { tb("tb_SaveRec").Enabled(false); }
   void ListIsUp() override { SSIndexTab1.Redraw(); }

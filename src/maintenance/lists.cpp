@@ -24,11 +24,6 @@ void frmCustMain::SQLData(int Tab) {
   const int Card = mCardNumber;
   App().MousePointer(platform::pointer::Hourglass);
   App().DoEvents();
-  if (Tab == tab::Customers && mCardNumber != Card && SSIndexTab1.Page() == 1) {
-    // A card that was opened in the yield stays up on its own row; the list is built anew at the next occasion.
-    App().MousePointer(platform::pointer::Default);
-    return;
-  }
 
   std::int32_t Acct = 0;
   on([&] {
@@ -41,7 +36,8 @@ void frmCustMain::SQLData(int Tab) {
   SQL += " ORDER BY " + fraOrder[Tab].Tag() + Desc + ";";
 
   data[Tab].RecordSource(SQL);
-  const bool refreshed = on([&] { data[Tab].Refresh(); });
+  Record(Tab).mListOf = Acct;
+  const bool refreshed = Reopen(on, Record(Tab), Card);
   on([&] { data[Tab].UpdateControls(); });
   App().DoEvents();
 
@@ -49,12 +45,13 @@ void frmCustMain::SQLData(int Tab) {
     grid[tab::Customers].LeftCol(1, LeftCol);
     bool Customers = false;
     on([&] { Customers = HasRecords(customers); });
+    // A card that came up in a yield has set by itself what can be reached.
     for (int other = 0; other < tab::Count; ++other)
-      if (other != Tab && !Record(other).Design().assigns) SSIndexTab1.TabEnabled(other, Customers);
+      if (other != Tab && !Record(other).Design().assigns && !CardCameUp(Card)) SSIndexTab1.TabEnabled(other, Customers);
     FollowCustomer();
   }
   App().DoEvents();
-  TestRecordcount();
+  if (!CardCameUp(Card)) TestRecordcount();
   // A list that could not be built leaves the hourglass as a sign.
   if (refreshed) App().MousePointer(platform::pointer::Default);
 }

@@ -41,6 +41,13 @@ platform::RecordsetRef RecordTab::Customer() const { return s.data[tab::Customer
 
 platform::Value RecordTab::OwnerKey() const { return Customer()->Field("AcctNum"); }
 
+bool RecordTab::ListIsCurrent() const {
+  if (mTab == tab::Customers) return true;
+  bool current = false;
+  Ignore()([&] { current = LongOf(Customer(), "AcctNum") == mListOf; });
+  return current;
+}
+
 void RecordTab::BackInList(const SaveState&, bool records) {
   if (records)
     s.grid[mTab].SetFocus();

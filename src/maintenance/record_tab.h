@@ -97,7 +97,10 @@ class RecordTab : public RecordKind {
   void Repair(ResumeNext& on, const DeleteState& state) override;
   void Deleted() override;
 
-  std::int32_t mAcct = 0;  ///< the account that the tab was last loaded for; 0 reloads at each visit
+  bool ListIsCurrent() const override;
+
+  std::int32_t mAcct = 0;    ///< the account that the tab was last loaded for; 0 reloads at each visit
+  std::int32_t mListOf = 0;  ///< the account in the statement with which the list was last opened
   Array<platform::OptionButton, 2> optOrder;
 
  protected:

@@ -32,6 +32,7 @@ void frmCustMain::SelectCustomer() {
 }
 
 void frmCustMain::SelectAllRecords(platform::Grid& Grid, platform::RecordsetRef Rs) {
+  const int Card = mCardNumber;
   Trap("frmCustMain,SelectAllRecords", [&] {
     App().MousePointer(platform::pointer::Hourglass);
     App().DoEvents();
@@ -48,6 +49,7 @@ void frmCustMain::SelectAllRecords(platform::Grid& Grid, platform::RecordsetRef 
     App().MousePointer(platform::pointer::Default);
     App().DoEvents();
   });
+  KeepCard(CurrentRecord(), Card);
 }
 
 void frmCustMain::UnselectAllRecords(platform::Grid& Grid) {
@@ -62,6 +64,7 @@ void frmCustMain::TestGridSelection(platform::Grid& Grid) {
 }
 
 void frmCustMain::SelectedAssignment(bool Assign) {
+  const int Card = mCardNumber;
   Trap("frmCustMain.UnassignSelected", [&] {
     App().DoEvents();
     RecordTab& record = Record(Tab());
@@ -81,6 +84,7 @@ void frmCustMain::SelectedAssignment(bool Assign) {
     App().MousePointer(platform::pointer::Default);
     App().DoEvents();
   });
+  KeepCard(CurrentRecord(), Card);
 }
 
 }  // namespace orcussch

@@ -11,6 +11,7 @@ void frmCustMain::SSIndexTab1_BeforeTabClick(bool& Cancel) {
 
 void frmCustMain::SSIndexTab1_Click() {
   const int NewTab = Tab();
+  const int Card = mCardNumber;
   if (NewTab != tab::Customers) {
     const std::int32_t Acct = platform::CLng(data[tab::Customers].Recordset()->Field("AcctNum"));
     if (Record(NewTab).mAcct != Acct)
@@ -22,10 +23,11 @@ void frmCustMain::SSIndexTab1_Click() {
     miQueries.Enabled(false);
   } else {
     TestRecordcount();
-    if (Tab() != NewTab) return;
+    if (Tab() != NewTab || CardCameUp(Card)) return;
     tb("tb_Queries").Enabled(true);
     miQueries.Enabled(true);
   }
+  if (CardCameUp(Card)) return;
   tb("tb_Find").Enabled(!txtSearch[NewTab].Text().empty());
   miFind.Enabled(!txtSearch[NewTab].Text().empty());
   txtSearch[NewTab].SetFocus();

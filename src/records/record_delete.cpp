@@ -28,7 +28,7 @@ void RecordOperations::RecordDelete() {
   RecordKind& record = CurrentRecord();
   bool records = false;
   on([&] { records = record.List().Recordset()->HasRows(); });
-  if (!records || !OnScreen().Loaded() || mCardNumber != card) return;
+  if (!records || !record.ListIsCurrent() || !OnScreen().Loaded() || mCardNumber != card) return;
   const RecordTexts says = Texts();
   DeleteState state;
   state.Title = says.DeleteTitle;
@@ -45,9 +45,11 @@ void RecordOperations::RecordDelete() {
   if (may() && record.MayDelete(on, state) && may() && record.Remove(on, state)) {
     record.Repair(on, state);
     app.DoEvents();
-    if (mCardNumber == card) StandOn(on, record.List(), state.Position);
+    // Also under a card that came up: the list must not stay on the row that is gone.
+    StandOn(on, record.List(), state.Position);
+    KeepCard(record, card);
     record.Deleted();
-    TestRecordcount();
+    if (!CardCameUp(card)) TestRecordcount();
   }
   TellWait("");
   EndWork();

@@ -2,6 +2,7 @@
 
 #include "platform/values/convert.h"
 #include "records/record_operations.h"
+#include "session/ModCustSch.h"
 
 namespace orcussch {
 
@@ -12,6 +13,20 @@ CardRecord RecordKind::RecordAtHand(bool existing) const {
   Ignore()([&] { record.Owner = OwnerKey(); });
   if (existing) Ignore()([&] { record.Key = Rows()->Field(mKey); });
   return record;
+}
+
+CardRecord RecordKind::RecordToEdit() const {
+  CardRecord record = RecordAtHand(false);
+  record.Key = Rows()->Field(mKey);
+  return record;
+}
+
+bool RecordKind::StandOnCard() const {
+  if (!StandsOn(mCard) && !mCard.Key.IsNull()) {
+    const std::string key = platform::CStr(mCard.Key);
+    Ignore()([&] { Rows()->FindFirst(std::string("[") + mKey + "]=" + (mCard.Key.IsText() ? Quoted(key) : key)); });
+  }
+  return StandsOn(mCard);
 }
 
 bool RecordKind::StandsOn(const CardRecord& record) const {

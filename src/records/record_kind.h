@@ -38,6 +38,12 @@ class RecordKind {
   CardRecord RecordAtHand(bool existing) const;
   /// Whether the lists still stand on that record.
   bool StandsOn(const CardRecord& record) const;
+  /// The owner at hand and the list's current row. Raises 3167 when that was deleted by the user himself, 3021 when there is none.
+  CardRecord RecordToEdit() const;
+  /// Whether the list is that of the owner at hand, and not one that is still to be built anew for him.
+  virtual bool ListIsCurrent() const { return true; }
+  /// Leads the list back to the record for which the card was opened; false when it can't.
+  bool StandOnCard() const;
   /// The card that is open now was made ready for that record.
   void OpenedFor(CardRecord record) { mCard = std::move(record); }
 

@@ -42,6 +42,18 @@ bool RecordOperations::CardIs(const RecordKind& record, int number) {
   return OnScreen().Loaded() && &CurrentRecord() == &record && mCardNumber == number;
 }
 
+bool RecordOperations::Reopen(ResumeNext& on, RecordKind& record, int since) {
+  const bool opened = on([&] { record.List().Refresh(); });
+  KeepCard(record, since);
+  return opened;
+}
+
+void RecordOperations::KeepCard(RecordKind& record, int since) {
+  if (!OnScreen().Loaded() || !CardCameUp(since) || &CurrentRecord() != &record || record.StandOnCard()) return;
+  CloseCard();
+  EditingRecord(false);
+}
+
 void RecordOperations::RecordAdd() {
   ResumeNext on(Literals().Add);
   BeginWork();
@@ -68,12 +80,15 @@ void RecordOperations::RecordEdit() {
   BeginWork();
   const int number = mCardNumber;
   RecordKind& record = CurrentRecord();
-  mRecordMode = "E";
   on([&] { record.List().ReadAnew(); });
   record.ReadAgain(on);
-  const CardRecord card = record.RecordAtHand(true);
-  record.Edit(on);
-  if (CardIs(record, number) && record.StandsOn(card)) OpenCard(record, card);
+  // In a yield of a deletion or of a visit the user may ask for a row that is there no more, or for one of the customer of before.
+  CardRecord card;
+  if (record.ListIsCurrent() && on([&] { card = record.RecordToEdit(); })) {
+    mRecordMode = "E";
+    record.Edit(on);
+    if (CardIs(record, number) && record.StandsOn(card)) OpenCard(record, card);
+  }
   EndWork();
 }
 
@@ -94,11 +109,12 @@ void RecordOperations::RecordSave() {
   EndWork();
 }
 
-/// The common end of a save: the list is rebuilt and stands on the saved row. A card that was opened in one of the yields stays.
+/// The common end of a save: the list is rebuilt and stands on the saved row. A card that was opened in one of the yields stays, over
+/// its own row.
 void RecordOperations::ShowSaved(ResumeNext& on, RecordKind& record, const SaveState& state) {
   Application& app = OnScreen().App();
   app.DoEvents();
-  on([&] { record.List().Refresh(); });
+  Reopen(on, record, state.Card);
   app.DoEvents();
   if (mCardNumber != state.Card) return;
   LeavingCard();
@@ -113,6 +129,7 @@ void RecordOperations::ShowSaved(ResumeNext& on, RecordKind& record, const SaveS
   if (mCardNumber != closed) return;
   EditingRecord(false);
   app.DoEvents();
+  if (mCardNumber != closed) return;
   bool records = false;
   on([&] { records = HasRecords(record.List()); });
   record.BackInList(state, records);
@@ -131,7 +148,7 @@ void RecordOperations::RecordCancel() {
     app.DoEvents();
     if (mCardNumber == number) on([this] { CloseCard(); });
   }
-  on([this] { TestRecordcount(); });
+  if (!CardCameUp(number)) on([this] { TestRecordcount(); });
   app.MousePointer(platform::pointer::Default);
   app.DoEvents();
 }

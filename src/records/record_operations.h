@@ -55,6 +55,14 @@ class RecordOperations {
   virtual void TestRecordcount() = 0;
   virtual platform::Screen& OnScreen() = 0;
 
+  /// Whether a card is up that was not there when the card's number was `since`: the user opened it in a yield.
+  bool CardCameUp(int since) const { return mCardNumber != since && CardIsUp(); }
+  /// Opens a list anew, then as KeepCard. False when the list could not be opened.
+  bool Reopen(ResumeNext& on, RecordKind& record, int since);
+  /// A card that came up in a yield of a procedure that moves or rebuilds its list: the list goes back to the card's record. When
+  /// that is not in the list any more, the card is left.
+  void KeepCard(RecordKind& record, int since);
+
   std::string mRecordMode;  ///< "A" adding, "E" editing; keeps its last value
   int mCardNumber = 0;      ///< rises whenever a card is opened or closed
 
@@ -67,6 +75,7 @@ class RecordOperations {
   virtual void Ready(bool ready) = 0;
   /// A wait text; "" takes it away.
   virtual void TellWait(const std::string& text) = 0;
+  virtual bool CardIsUp() const = 0;
   /// Turns to the list.
   virtual void ShowList() = 0;
   /// A saved card is left: first of all what decides whether the user may leave it.

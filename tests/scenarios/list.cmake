@@ -16,6 +16,7 @@ set(ORCUSSCH_SCENARIOS
   search/find-needs-a-text
   search/hit-next-and-miss
   search/status-letters
+  selection/card-opened-while-rows-are-marked
   selection/list-read-anew-while-selecting
   selection/mark-customer-types
   selection/only-lists-with-ticks-mark-rows

@@ -5,6 +5,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   customers/cancel-asks-first
   customers/cancel-on-every-tab
   customers/card-forgets-the-customer-before
+  customers/card-opened-while-a-save-ends
   customers/card-shows-the-customer
   customers/combo-text-that-is-no-row
   customers/comment-of-several-lines
@@ -82,6 +83,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   laborrates/all-departments-are-added
   laborrates/apostrophe-in-the-customer-path
   laborrates/bulk-action-yields
+  laborrates/card-opened-while-the-percentage-is-applied
   laborrates/department-with-an-apostrophe
   laborrates/edit-keeps-the-department
   laborrates/failed-bulk-statement-is-reported
@@ -102,6 +104,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   types/code-overflow-is-reported
   types/description-is-needed
   types/edit-changes-the-entry-alone
+  types/edit-while-the-list-is-filled
   types/filtered-list-goes-to-its-last-row
   types/key-refuses-a-second-row
   types/new-type-takes-the-next-code
@@ -118,12 +121,14 @@ list(APPEND ORCUSSCH_SCENARIOS
   keywords/vanished-word-with-types-loaded
   keywords/vanished-word-without-types-loaded
   deletion/address-of-both-defaults
+  deletion/card-opened-while-a-deletion-ends
   deletion/customer-goes-alone
   deletion/customer-gone-already
   deletion/customer-with-transactions-stays
   deletion/default-addresses
   deletion/default-card-is-cleared
   deletion/default-phone-is-cleared
+  deletion/edit-of-the-row-that-was-deleted
   deletion/key-word-in-use-stays
   deletion/labels-of-all-tabs
   deletion/labor-rate-and-its-successor

@@ -28,6 +28,7 @@ void LaborRatesTab::cmdAddAllDepts_Click() {
   std::int32_t Acct = 0;
   if (!on([&] { Acct = LongOf(Customer(), "AcctNum"); })) return;
   const platform::RecordsetRef Rates = Rows();
+  const int Card = s.mCardNumber;
   cmdAddAllDepts.Enabled(false);
   s.App().MousePointer(platform::pointer::Hourglass);
   s.App().DoEvents();
@@ -44,6 +45,7 @@ void LaborRatesTab::cmdAddAllDepts_Click() {
   else if (Stands)
     Done = ApplyAdjustment(on, Rates);
   if (Done) StandOnDepartment(on, Remembered);
+  s.KeepCard(*this, Card);
 
   cmdAddAllDepts.Enabled(true);
   s.App().MousePointer(platform::pointer::Default);

@@ -39,6 +39,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   frame/printer-setup
   frame/records-are-tested-after-the-yield
   frame/refresh
+  frame/rows-of-the-customer-of-before
   frame/screen-goes-while-it-works
   frame/start
   frame/status-hints

@@ -2,6 +2,7 @@
 list(APPEND ORCUSSCH_SCENARIOS
   lists/adjusted-rate
   lists/card-opened-while-a-heading-orders
+  lists/card-opened-while-phones-are-ordered
   lists/changed-cell-is-written-when-the-list-is-left
   lists/columns-of-the-lists
   lists/customer-added-by-another-user

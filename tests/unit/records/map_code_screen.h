@@ -89,6 +89,7 @@ class frmCodes final : public platform::Screen, public orcussch::RecordOperation
   }
   void Ready(bool ready) override { Did(ready ? "ready" : "busy"); }
   void TellWait(const std::string& text) override { Did("tells <" + text + ">"); }
+  bool CardIsUp() const override { return Pages.Page() == 1; }
   void ShowList() override {
     Did("list");
     Pages.Page(0);

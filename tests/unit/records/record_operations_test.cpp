@@ -109,6 +109,53 @@ TEST_F(RecordOperationsTest, ACardWhoseListMovedInAYieldIsNotOpened) {
   EXPECT_THAT(screen->did, ElementsAre("busy", "card keys", "list", "list keys", "ready"));
 }
 
+TEST_F(RecordOperationsTest, ACardOpenedWhileASaveEndsStaysOverItsRow) {
+  screen->DataCodes.Recordset()->MoveLast();
+  screen->RecordEdit();
+  screen->kind.txtMapCode.Text("D");
+  int yield = 0;
+  frontEnd->onYield = [&] {
+    if (++yield == 2) screen->RecordEdit();  // the row is written, the list is still to be opened anew
+  };
+  screen->RecordSave();
+  frontEnd->onYield = nullptr;
+  EXPECT_EQ(screen->Pages.Page(), 1);
+  EXPECT_EQ(screen->kind.txtMapCode.Text(), "D");
+  EXPECT_EQ(Current(), "D");
+  EXPECT_THAT(Reports(), IsEmpty());
+}
+
+TEST_F(RecordOperationsTest, ACardWhoseRowTheNewListLacksIsLeft) {
+  screen->DataCodes.Recordset()->MoveLast();
+  screen->RecordEdit();
+  screen->kind.txtMapCode.Text("D");
+  int yield = 0;
+  frontEnd->onYield = [&] {
+    if (++yield != 2) return;
+    screen->RecordEdit();
+    Elsewhere("DELETE * FROM Locations WHERE MapCode='D'");
+    screen->did.clear();
+  };
+  screen->RecordSave();
+  frontEnd->onYield = nullptr;
+  EXPECT_EQ(screen->Pages.Page(), 0);
+  EXPECT_EQ(Current(), "A");
+  EXPECT_THAT(screen->did, ElementsAre("list", "list keys", "tells <>", "ready"));
+}
+
+TEST_F(RecordOperationsTest, TheRowThatIsBeingDeletedIsNotEdited) {
+  frontEnd->answer = platform::box::Yes;
+  int yield = 0;
+  frontEnd->onYield = [&] {
+    if (++yield == 2) screen->RecordEdit();
+  };
+  screen->RecordDelete();
+  frontEnd->onYield = nullptr;
+  EXPECT_EQ(screen->Pages.Page(), 0);
+  EXPECT_EQ(Current(), "C");
+  EXPECT_THAT(Reports(), ElementsAre("codes.Edit"));
+}
+
 TEST_F(RecordOperationsTest, ACancelAsks) {
   screen->RecordEdit();
   frontEnd->answer = platform::box::No;

@@ -86,6 +86,18 @@ const std::vector<Clerk::Kind>& Clerk::AllKinds() {
       {"map code changed", &Clerk::ChangeMapCode},
       {"map code renamed in the list", &Clerk::RenameMapCodeInTheList},
       {"map code deleted", &Clerk::DeleteMapCode},
+      {"tax type added", &Clerk::AddTaxType},
+      {"tax type changed", &Clerk::ChangeTaxType},
+      {"tax type renamed in the list", &Clerk::RenameTaxTypeInTheList},
+      {"tax type deleted", &Clerk::DeleteTaxType},
+      {"tax entity added", &Clerk::AddTaxEntity},
+      {"tax entity changed", &Clerk::ChangeTaxEntity},
+      {"tax entity renamed in the list", &Clerk::RenameTaxEntityInTheList},
+      {"tax entity deleted", &Clerk::DeleteTaxEntity},
+      {"tax rate added", &Clerk::AddTaxRate},
+      {"tax rate changed", &Clerk::ChangeTaxRate},
+      {"tax rate renamed in the list", &Clerk::RenameTaxRateInTheList},
+      {"tax rate deleted", &Clerk::DeleteTaxRate},
       {"options saved", &Clerk::SaveOptions},
   };
   return kinds;

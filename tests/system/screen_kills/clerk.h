@@ -44,7 +44,8 @@ struct Operation {
 /// changed or deleted, cell changed, box ticked | the row | | type, word added | the list's row; with the box the customer's row | | boxes
 /// ticked together, percentage applied | one for each row, in the list's order | | all departments added | all rows at once |
 ///
-/// On the setup screens and with the user's options an act is the row alone; a map code takes its number first.
+/// On the setup screens and with the user's options an act is the row alone; a new map code, tax type, entity or rate takes its
+/// number first.
 ///
 /// A row is never there by some of its fields, and no other row changes.
 class Clerk {
@@ -132,6 +133,24 @@ class Clerk {
   std::optional<Operation> DeleteMapCode();
   std::string NextCode(const char* table);
   std::string ChooseFreeCode(const char* table, const char* field, const char* users, const char* used);
+
+  // clerk_taxes.cpp
+  std::optional<Operation> AddTaxType();
+  std::optional<Operation> ChangeTaxType();
+  std::optional<Operation> RenameTaxTypeInTheList();
+  std::optional<Operation> DeleteTaxType();
+  std::optional<Operation> AddTaxEntity();
+  std::optional<Operation> ChangeTaxEntity();
+  std::optional<Operation> RenameTaxEntityInTheList();
+  std::optional<Operation> DeleteTaxEntity();
+  std::optional<Operation> AddTaxRate();
+  std::optional<Operation> ChangeTaxRate();
+  std::optional<Operation> RenameTaxRateInTheList();
+  std::optional<Operation> DeleteTaxRate();
+  /// Types and entities, which have the same rules.
+  std::optional<Operation> AddTaxClass(bool types);
+  std::optional<Operation> ChangeTaxClass(bool types, bool inTheList);
+  std::optional<Operation> DeleteTaxClass(bool types);
 
   // clerk_options.cpp
   std::optional<Operation> SaveOptions();

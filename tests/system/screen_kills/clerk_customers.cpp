@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "system/screen_kills/clerk.h"
 
 namespace system_test {
@@ -42,7 +44,10 @@ constexpr Entry kTexts[] = {{"txtLastName", "LastName", "Last"}, {"txtFirstName"
 /// The first four ticked taxes go to the four places, in the order of their numbers.
 void Clerk::TickTaxes(Operation& act, Row& row) {
   std::vector<std::string> ticked;
-  for (const auto& [key, tax] : Table("TaxGrid")) {
+  std::vector<std::string> taxes;
+  for (const auto& [key, tax] : Table("TaxGrid")) taxes.push_back(key);
+  std::ranges::sort(taxes, {}, [](const std::string& key) { return std::stoi(key); });
+  for (const std::string& key : taxes) {
     const bool tick = Chance(50);
     act.before.push_back("row grdTaxBasis where TaxID " + key);
     act.before.push_back(std::string("cell grdTaxBasis Assigned ") + (tick ? "True" : "False"));

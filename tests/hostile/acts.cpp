@@ -60,9 +60,12 @@ void AddAndSave(const Desk& desk) {
   desk.Click("miSaveRec");
 }
 
+void Add(const Desk& desk) { desk.Click("miAddRec"); }
 void Edit(const Desk& desk) { desk.Click("miEditRec"); }
 void Cancel(const Desk& desk) { desk.Click("miCancelRec"); }
 void Delete(const Desk& desk) { desk.Click("miDeleteRec"); }
+/// The query screen, on which the query that stands there is run.
+void Query(const Desk& desk) { desk.Click("miQueries"); }
 
 }  // namespace
 
@@ -80,9 +83,11 @@ const std::vector<Act>& Acts() {
       {"exit-frame", false, ExitFrame},
       {"select", false, Select},
       {"add-and-save", true, AddAndSave},
+      {"add", false, Add},
       {"edit", false, Edit},
       {"cancel", false, Cancel},
       {"delete", true, Delete},
+      {"query", false, Query},
       {"host-release", false, nullptr, true},
   };
   return acts;

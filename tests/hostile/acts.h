@@ -20,5 +20,7 @@ struct Act {
 const std::vector<Act>& Acts();
 /// On a setup screen; `writes`: into its table.
 const std::vector<Act>& SetupActs();
+/// On the query screen.
+const std::vector<Act>& QueryActs();
 
 }  // namespace hostile

@@ -4,6 +4,7 @@
 
 #include "engine/engine.h"
 #include "hostile/checks.h"
+#include "hostile/query_screen.h"
 #include "library/entry.h"
 #include "library/orcussch.h"
 #include "robot/language/failure.h"
@@ -41,6 +42,9 @@ class Running {
   void Serve(platform::Form& form);
   void Perform();
   void ServeSetup(const platform::Form& form);
+  void ServeQueries(const orcussch::frmCustQueries& screen);
+  void LookAtQueries(const orcussch::frmCustQueries& screen, const std::string& when);
+  bool MainIsUp() const { return desk_->Screen() != nullptr && desk_->Screen()->Visible(); }
   void LookAtSetup(const platform::Form& form, const std::string& when);
   void Arm();
   void Interrupt();
@@ -63,6 +67,7 @@ class Running {
   platform::Application* app_ = nullptr;
   std::unique_ptr<Desk> desk_;
   orcussch_handle* host_ = nullptr;
+  bool openedEarlier_ = false;  ///< the query screen
 };
 
 std::unique_ptr<platform::Application> Running::Build() {
@@ -158,10 +163,15 @@ void Running::Paint() const {
 void Running::Serve(platform::Form& form) {
   const SetupScreenAtWork* setup = case_.procedure->setup;
   if (setup != nullptr && form.Name() == setup->form) return ServeSetup(form);
+  if (const auto* queries = dynamic_cast<const orcussch::frmCustQueries*>(&form)) return ServeQueries(*queries);
   if (dynamic_cast<orcussch::frmCustMain*>(&form) == nullptr) return;  // closed at once
   if (setup != nullptr) {
     setup->open(*desk_);  // comes back when that screen has closed
-  } else if (case_.procedure->run) {
+  } else if (case_.procedure->queries == Queries::FromMain) {
+    if (case_.procedure->earlier) desk_->Click("tb_Queries");
+    openedEarlier_ = true;
+    desk_->Click("tb_Queries");
+  } else if (case_.procedure->run && case_.procedure->queries != Queries::First) {
     Perform();
   }
   frontEnd_->Disarm();
@@ -192,6 +202,32 @@ void Running::ServeSetup(const platform::Form& form) {
   LookAtSetup(form, "when the user goes on: ");
 }
 
+/// The query screen is up: above the main screen, or first of all.
+void Running::ServeQueries(const orcussch::frmCustQueries& screen) {
+  const Queries queries = case_.procedure->queries;
+  if (queries != Queries::None && MainIsUp() == (queries == Queries::First)) return;
+  if (queries == Queries::None || queries == Queries::Opening) {
+    const char* command = queries == Queries::None ? "tb_RunQuery" : "tb_Cancel";
+    if (MainIsUp() && desk_->CanUse(command)) desk_->Click(command);
+    return;
+  }
+  if (case_.procedure->earlier && !openedEarlier_) return case_.procedure->earlier(*desk_);
+  Perform();
+  frontEnd_->Disarm();
+  LookAtQueries(screen, "");
+  for (const char* command : {"tb_RunQuery", "tb_Cancel"})
+    if (screen.Visible() && desk_->CanUse(command)) desk_->Click(command);
+  LookAtQueries(screen, "when the user goes on: ");
+}
+
+void Running::LookAtQueries(const orcussch::frmCustQueries& screen, const std::string& when) {
+  if (!screen.Loaded()) return;
+  for (const std::string& mismatch : Mismatches(screen)) Fault(when + mismatch);
+  if (screen.Visible() && app_->MousePointer() != platform::pointer::Default)
+    Fault(when + "the query screen: the pointer stays an hourglass");
+  if (!Writable(image_.CustomerFile())) Fault(when + "the file stays locked");
+}
+
 void Running::LookAtSetup(const platform::Form& form, const std::string& when) {
   if (!form.Loaded()) return;
   for (const std::string& mismatch : Mismatches(*case_.procedure->setup, form)) Fault(when + mismatch);
@@ -202,6 +238,7 @@ void Running::LookAt(const std::string& when) {
   const orcussch::frmCustMain* screen = desk_->Screen();
   if (screen == nullptr) return;
   for (const std::string& mismatch : Mismatches(*screen, Books::Of(image_.CustomerFile()))) Fault(when + mismatch);
+  for (const std::string& mismatch : QueryMismatches(*screen)) Fault(when + mismatch);
   // After its own report the toolbar stays shut, and the menu is there for the user.
   const bool told =
       std::any_of(reports_.begin(), reports_.end(), [](const auto& report) { return report.module == "frmCustMain.Toolbar1_ButtonClick"; });
@@ -297,6 +334,11 @@ Outcome Running::Go() {
 }
 
 }  // namespace
+
+const std::vector<Act>& ActsFor(const Procedure& procedure) {
+  if (procedure.setup != nullptr) return SetupActs();
+  return procedure.queries == Queries::None ? Acts() : QueryActs();
+}
 
 std::string Words(const Case& one) {
   std::string words = "--only " + one.procedure->name;

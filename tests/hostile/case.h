@@ -22,6 +22,9 @@ struct Case {
   bool yes = true;    ///< how questions are answered
 };
 
+/// What can be done at the procedure's yields.
+const std::vector<Act>& ActsFor(const Procedure& procedure);
+
 /// The words that repeat the case.
 std::string Words(const Case& one);
 

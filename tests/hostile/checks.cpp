@@ -14,6 +14,7 @@ using namespace orcussch;
 using Faults = std::vector<std::string>;
 
 constexpr int kManyRows = 200;
+constexpr const char* kTyped = "Brand";  ///< what the user's own types and key words begin with
 
 std::string Shown(const platform::Value& value) { return platform::CStr(platform::Concat("", value)); }
 
@@ -96,6 +97,13 @@ void CheckAssignments(const frmCustMain& screen, int tab, const Books& books, Fa
     faults.push_back("the list of tab " + std::to_string(tab) + " is headed \"" + screen.grid[tab].Caption() + "\", not \"" + caption + "\"");
 }
 
+/// The keys of a card are open with it, those that leave it too.
+void CheckKeys(const frmCustMain& screen, Faults& faults) {
+  const bool card = screen.SSIndexTab1.Page() == 1;
+  for (const char* key : {"tb_SaveRec", "tb_CancelRec"})
+    if (screen.Toolbar1.Button(key).Enabled() != card) faults.push_back(std::string(card ? "on a card: " : "in the list: ") + key);
+}
+
 /// An open card of a stored record against the row on which its list stands.
 void CheckCard(const frmCustMain& screen, Faults& faults) {
   if (screen.SSIndexTab1.Page() != 1 || screen.mRecordMode != "E") return;
@@ -104,9 +112,16 @@ void CheckCard(const frmCustMain& screen, Faults& faults) {
     const char* field;
     std::string shown;
   };
+  const std::string& typed =
+      screen.Tab() == tab::CustomerTypes ? EditOf(screen, "txtCustomerType").Text() : EditOf(screen, "txtKeyWord").Text();
+  const std::string entry = typed.starts_with(kTyped) ? "" : typed;
   const Card cards[] = {{tab::Customers, "LastName", EditOf(screen, "txtLastName").Text()},
                         {tab::Phones, "RecordID", LabelOf(screen, "lblPhoneRecordID").Caption()},
-                        {tab::Addresses, "addressID", LabelOf(screen, "lblAltAddressID").Caption()}};
+                        {tab::Addresses, "addressID", LabelOf(screen, "lblAltAddressID").Caption()},
+                        {tab::CreditCards, "CCHolder", EditOf(screen, "txtCCHolder").Text()},
+                        {tab::LaborRates, "Dept", Shown(ComboOf(screen, "cboDepts").BoundValue())},
+                        {tab::CustomerTypes, "Description", entry},
+                        {tab::KeyWords, "Keyword", entry}};
   for (const Card& card : cards) {
     const platform::DataControl& data = screen.data[card.tab];
     if (card.tab != screen.Tab() || !data.OnRecord()) continue;
@@ -133,6 +148,7 @@ std::vector<std::string> Mismatches(const frmCustMain& screen, const Books& book
       if (tab > tab::LaborRates) CheckAssignments(screen, tab, books, faults);
     }
     CheckCard(screen, faults);
+    CheckKeys(screen, faults);
   } catch (const platform::Error& error) {
     faults.push_back("what stands there can't be read: " + std::to_string(error.Number()) + " " + error.Description());
   }

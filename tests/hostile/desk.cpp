@@ -84,8 +84,10 @@ void Desk::Check(const std::string& name) const {
 
 void Desk::Key(const std::string& name, std::string_view key) const { hands_->Key(Usable(name), key); }
 
-void Desk::Tab(int tab) const {
-  auto& tabs = UsableAs<platform::TabControl>("SSIndexTab1");
+void Desk::Tab(int tab) const { Tab("SSIndexTab1", tab); }
+
+void Desk::Tab(const std::string& name, int tab) const {
+  auto& tabs = UsableAs<platform::TabControl>(name);
   if (tabs.Tab() == tab || !tabs.TabEnabled(tab)) throw Refused("no way to tab " + std::to_string(tab));
   hands_->Tab(tabs, tab);
 }

@@ -27,6 +27,7 @@ class Desk {
   void Check(const std::string& name) const;
   void Key(const std::string& name, std::string_view key) const;
   void Tab(int tab) const;
+  void Tab(const std::string& tabs, int tab) const;
   /// The row with that text in that field, of a list in the exact or live way.
   void Row(const std::string& grid, const std::string& field, const std::string& text) const;
   void Head(const std::string& grid, int column) const;

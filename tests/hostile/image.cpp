@@ -72,7 +72,7 @@ void AddSubRecords(const std::string& file) {
       phones.push_back({acct * 10 + i, acct, "61" + nth, "555" + number + "00" + nth, "", i == 2 ? "H" : "W", "Phone of " + number});
       addresses.push_back({acct * 10 + i, acct, nth + " Side St", "Of " + number, "Town " + nth, "WI", "5400" + nth, "USA", "None",
                            std::int16_t{0}, std::int16_t{0}});
-      cards.push_back({acct * 10 + i, acct, i == 1 ? "M" : "V", "400000000" + number + nth, "Holder " + number, "12", "2030",
+      cards.push_back({acct * 10 + i, acct, i == 1 ? "M" : "V", "400000000" + number + nth, "Holder " + number + nth, "12", "2030",
                        Value(platform::Currency{0}), ""});
     }
     if (acct != kCustomerWithoutRates)

@@ -46,6 +46,15 @@ void AddLists(Procedures& all) {
     const std::string number = std::to_string(tab);
     const std::string list = "grid(" + number + ")";
     if (tab != tab::Customers) all.push_back({"tab/" + number, Nothing, [tab](const Desk& desk) { desk.Tab(tab); }});
+    if (tab != tab::Customers) {
+      // The list of the customer of before stands there until it is built anew.
+      const auto wasThere = [tab](const Desk& desk) {
+        desk.Tab(tab);
+        desk.Tab(tab::Customers);
+        desk.Row("grid(0)", "LastName", "Gray");
+      };
+      all.push_back({"tab-again/" + number, wasThere, [tab](const Desk& desk) { desk.Tab(tab); }});
+    }
     all.push_back({"refresh/" + number + "/key", GoTo(tab), Click("tb_Refresh")});
     all.push_back({"refresh/" + number + "/menu", GoTo(tab), Click("miRefresh")});
     all.push_back({"order/" + number, GoTo(tab), Click("optOrder" + number + "(1)")});

@@ -99,7 +99,7 @@ void Program::RunCases(const Procedure& procedure, int from, const Teller& tell)
   if (from == 0) tell.Tell(kYields, std::to_string(whole.places.size()));
   int number = 0;
   for (const int yield : options_.yield > 0 ? std::vector<int>{options_.yield} : ChooseYields(whole.places)) {
-    for (const Act& act : procedure.setup != nullptr ? SetupActs() : Acts()) {
+    for (const Act& act : ActsFor(procedure)) {
       if (!options_.act.empty() && act.name != options_.act) continue;
       Case one{&procedure, &act, yield};
       one.live = Live(one);
@@ -150,6 +150,7 @@ void TellTables() {
   for (const Procedure& procedure : AllProcedures()) std::printf("procedure %s\n", procedure.name.c_str());
   for (const Act& act : Acts()) std::printf("act %s\n", act.name.c_str());
   for (const Act& act : SetupActs()) std::printf("act on a setup screen %s\n", act.name.c_str());
+  for (const Act& act : QueryActs()) std::printf("act on the query screen %s\n", act.name.c_str());
 }
 
 }  // namespace

@@ -4,7 +4,7 @@ namespace hostile {
 
 Procedures AllProcedures() {
   Procedures all = RecordProcedures();
-  for (Procedures more : {ListProcedures(), SetupProcedures()})
+  for (Procedures more : {ListProcedures(), SetupProcedures(), QueryProcedures()})
     for (Procedure& procedure : more) all.push_back(std::move(procedure));
   return all;
 }

@@ -11,6 +11,14 @@
 
 namespace hostile {
 
+/// How the query screen comes into a procedure.
+enum class Queries {
+  None,      ///< not at all; where an act opens it, a query is run
+  Opening,   ///< the procedure opens it, and it is left at once
+  FromMain,  ///< the procedure runs on it, opened from the main screen
+  First,     ///< the procedure runs on it when it comes up before the main screen
+};
+
 /// A procedure that yields: what stands on the screen before it begins, and what sets it off. The tables below are all that
 /// a new procedure needs.
 struct Procedure {
@@ -25,6 +33,9 @@ struct Procedure {
   bool loop = false;                         ///< runs through a list: one that has gone is reported once
   const SetupScreenAtWork* setup = nullptr;  ///< the setup screen that is up; nullptr: the main screen
   bool writesSetup = false;                  ///< the setup screen's table
+  Queries queries = Queries::None;
+  /// On the query screen when it was opened once before; empty: it was not.
+  std::function<void(const Desk&)> earlier = {};
 };
 
 using Procedures = std::vector<Procedure>;
@@ -33,6 +44,7 @@ using Procedures = std::vector<Procedure>;
 Procedures RecordProcedures();
 Procedures ListProcedures();
 Procedures SetupProcedures();
+Procedures QueryProcedures();
 Procedures AllProcedures();
 
 }  // namespace hostile

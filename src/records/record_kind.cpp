@@ -22,10 +22,11 @@ CardRecord RecordKind::RecordToEdit() const {
 }
 
 bool RecordKind::StandOnCard() const {
-  if (!StandsOn(mCard) && !mCard.Key.IsNull()) {
-    const std::string key = platform::CStr(mCard.Key);
-    Ignore()([&] { Rows()->FindFirst(std::string("[") + mKey + "]=" + (mCard.Key.IsText() ? Quoted(key) : key)); });
-  }
+  if (StandsOn(mCard)) return true;
+  const platform::Value row = RowOf(mCard);
+  if (row.IsNull()) return false;
+  const std::string key = platform::CStr(row);
+  Ignore()([&] { Rows()->FindFirst(std::string("[") + mKey + "]=" + (row.IsText() ? Quoted(key) : key)); });
   return StandsOn(mCard);
 }
 

@@ -42,7 +42,7 @@ class RecordKind {
   CardRecord RecordToEdit() const;
   /// Whether the list is that of the owner at hand, and not one that is still to be built anew for him.
   virtual bool ListIsCurrent() const { return true; }
-  /// Leads the list back to the record for which the card was opened; false when it can't.
+  /// Leads the list back to where the card was opened; false when it can't.
   bool StandOnCard() const;
   /// The card that is open now was made ready for that record.
   void OpenedFor(CardRecord record) { mCard = std::move(record); }
@@ -70,6 +70,8 @@ class RecordKind {
   platform::RecordsetRef Rows() const { return mList.Recordset(); }
   /// The key of the record to which this kind's records belong; Null where there is none.
   virtual platform::Value OwnerKey() const { return platform::Null; }
+  /// The key of the list's row on which such a card was opened; Null where that does not matter.
+  virtual platform::Value RowOf(const CardRecord& card) const { return card.Key; }
   bool Adding() const;
   /// The owner and the key of the record for which the card was opened; of the lists' rows where that could not be read.
   platform::Value Owner() const;

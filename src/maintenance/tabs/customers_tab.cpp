@@ -54,6 +54,8 @@ class CustomersTab final : public RecordTab {
   void Deleted() override;
 
  private:
+  /// A new customer's card is opened on a row too, which its owner names: a customer is his own.
+  Value RowOf(const CardRecord& card) const override { return card.Key.IsNull() ? card.Owner : card.Key; }
   bool Valid(ResumeNext& on, const SaveState& state) const;
   bool AskAboutDuplicates(ResumeNext& on, const SaveState& state, std::int16_t& TaxCount);
   void BeginAdd(RowWrite& row);

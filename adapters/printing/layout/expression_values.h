@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "printing/data/report_names.h"
-#include "printing/expressions/ready_expression.h"
+#include "printing/expressions/evaluation/ready_expression.h"
 #include "printing/layout/report_values.h"
 
 namespace printing {

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "platform/controls/common_dialog.h"
 #include "platform/controls/report_control.h"

@@ -1,7 +1,5 @@
 #include "setup/tax/frmTaxSetup.h"
 
-#include <utility>
-
 #include "maintenance/frmCustMain.h"
 #include "platform/values/convert.h"
 #include "session/ModCustSch.h"

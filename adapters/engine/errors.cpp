@@ -16,7 +16,6 @@ std::string Join(std::initializer_list<std::string_view> parts) {
 
 Error TooManyTransactions() { return {3003, "Couldn't start transaction; too many transactions already nested."}; }
 Error TooManyDatabases() { return {3048, "Can't open any more databases."}; }
-Error TableExists(std::string_view name) { return {3010, Join({"Table '", name, "' already exists."})}; }
 Error ObjectNotFound(std::string_view name) {
   return {3011, Join({"The Microsoft Jet database engine could not find the object '", name,
                       "'. Make sure the object exists and that you spell its name and the path name correctly."})};
@@ -49,12 +48,6 @@ Error FieldLocked() {
 }
 Error InvalidOperation() { return {3219, "Invalid operation."}; }
 Error NotSupported() { return {3251, "Operation is not supported for this type of object."}; }
-Error RequiredField(std::string_view name) {
-  return {3314, Join({"The field '", name,
-                      "' can't contain a Null value because the Required property for this field is set to True.  Enter a value in this "
-                      "field."})};
-}
-Error ZeroLengthForbidden(std::string_view name) { return {3315, Join({"Field '", name, "' can't be a zero-length string."})}; }
 Error NumericOverflow() { return {3349, "Numeric field overflow."}; }
 Error DataConversion() { return {3421, "Data type conversion error."}; }
 
@@ -77,29 +70,7 @@ Error OpenedExclusively(std::string_view path) {
 }
 Error UnrecognizedFormat(std::string_view path) { return {3343, Join({"Unrecognized database format '", path, "'."})}; }
 
-Error SaveLocked() { return {3046, "Couldn't save; currently locked by another user."}; }
-Error SaveLockedBy(std::string_view user, std::string_view machine) {
-  return {3186, Join({"Couldn't save; currently locked by user '", user, "' on machine '", machine, "'."})};
-}
-Error ReadLockedBy(std::string_view user, std::string_view machine) {
-  return {3187, Join({"Couldn't read; currently locked by user '", user, "' on machine '", machine, "'."})};
-}
-Error LockedBySession() { return {3188, "Couldn't update; currently locked by another session on this machine."}; }
-Error ChangedByOther() {
-  return {3197,
-          "The Microsoft Jet database engine stopped the process because you and another user are attempting to change the same data at "
-          "the same time."};
-}
-Error TableInUse(std::string_view name) {
-  return {3211, Join({"The database engine couldn't lock table '", name, "' because it's already in use by another person or process."})};
-}
 Error UpdateLocked() { return {number::UpdateLocked, "Couldn't update; currently locked."}; }
-Error UpdateLockedBy(std::string_view user, std::string_view machine) {
-  return {3260, Join({"Couldn't update; currently locked by user '", user, "' on machine '", machine, "'."})};
-}
-Error TableLockedBy(std::string_view name, std::string_view user, std::string_view machine) {
-  return {3262, Join({"Couldn't lock table '", name, "'; currently in use by user '", user, "' on machine '", machine, "'."})};
-}
 
 Error TooFewParameters(int count) { return {3061, Join({"Too few parameters. Expected ", std::to_string(count), "."})}; }
 Error DuplicateDestination(std::string_view name) { return {3063, Join({"Duplicate output destination '", name, "'."})}; }

@@ -26,28 +26,25 @@ inline constexpr int UpdateLocked = 3218;
 // Transactions and objects.
 Error TooManyTransactions();                  ///< 3003: sixth nested BeginTrans
 Error TooManyDatabases();                     ///< 3048: all files that the store can have attached are in use
-Error TableExists(std::string_view name);     ///< 3010
 Error ObjectNotFound(std::string_view name);  ///< 3011: table not found by its bare name
 Error ObjectExists(std::string_view name);    ///< 3012: appended object's name is taken
 Error CommitWithoutBegin();                   ///< 3034: CommitTrans or Rollback without BeginTrans
 Error NameInCollection();                     ///< 3367
 
 // Recordsets.
-Error UnknownIndex(std::string_view name);         ///< 3015
-Error NoCurrentIndex();                            ///< 3019: Seek before Index
-Error UpdateWithoutEdit();                         ///< 3020
-Error DuplicateKey();                              ///< 3022: unique index or primary key violated
-Error ReadOnly();                                  ///< 3027
-Error NullInKey();                                 ///< 3058: Null in a primary key
-Error BadBookmark();                               ///< 3159
-Error FieldTooSmall();                             ///< 3163: text longer than the field
-Error FieldLocked();                               ///< 3164
-Error InvalidOperation();                          ///< 3219
-Error NotSupported();                              ///< 3251: method not for this kind of recordset
-Error RequiredField(std::string_view name);        ///< 3314
-Error ZeroLengthForbidden(std::string_view name);  ///< 3315
-Error NumericOverflow();                           ///< 3349: an SQL result does not fit a number field
-Error DataConversion();                            ///< 3421: value can't become the field's type
+Error UnknownIndex(std::string_view name);  ///< 3015
+Error NoCurrentIndex();                     ///< 3019: Seek before Index
+Error UpdateWithoutEdit();                  ///< 3020
+Error DuplicateKey();                       ///< 3022: unique index or primary key violated
+Error ReadOnly();                           ///< 3027
+Error NullInKey();                          ///< 3058: Null in a primary key
+Error BadBookmark();                        ///< 3159
+Error FieldTooSmall();                      ///< 3163: text longer than the field
+Error FieldLocked();                        ///< 3164
+Error InvalidOperation();                   ///< 3219
+Error NotSupported();                       ///< 3251: method not for this kind of recordset
+Error NumericOverflow();                    ///< 3349: an SQL result does not fit a number field
+Error DataConversion();                     ///< 3421: value can't become the field's type
 
 // Files.
 Error FileNotFound(std::string_view path);        ///< 3024: file missing, folder present
@@ -59,15 +56,7 @@ Error OpenedExclusively(std::string_view path);   ///< 3051
 Error UnrecognizedFormat(std::string_view path);  ///< 3343
 
 // Locks.
-Error SaveLocked();                                                                           ///< 3046
-Error SaveLockedBy(std::string_view user, std::string_view machine);                          ///< 3186
-Error ReadLockedBy(std::string_view user, std::string_view machine);                          ///< 3187
-Error LockedBySession();                                                                      ///< 3188
-Error ChangedByOther();                                                                       ///< 3197
-Error TableInUse(std::string_view name);                                                      ///< 3211
-Error UpdateLocked();                                                                         ///< 3218: holder unknown
-Error UpdateLockedBy(std::string_view user, std::string_view machine);                        ///< 3260
-Error TableLockedBy(std::string_view name, std::string_view user, std::string_view machine);  ///< 3262
+Error UpdateLocked();  ///< 3218: holder unknown
 
 // Statements.
 Error TooFewParameters(int count);                                             ///< 3061: names that are neither fields nor tables

@@ -28,8 +28,8 @@ class Filling {
 };
 
 void Run(const platform::DatabaseRef& Db, const std::string& SQL) {
-  bool ErrorFlag = false;
-  ExecuteSQLStmt(Db, SQL, false, ErrorFlag);
+  bool errorFlag = false;
+  ExecuteSQLStmt(Db, SQL, false, errorFlag);
 }
 
 }  // namespace
@@ -62,19 +62,19 @@ void AssignmentTab::Visit(const std::string& Caption) {
 void AssignmentTab::Load() {
   const Filling filling(mFilling);
   Trap(mAssignment.literal, [this] {
-    const std::string Instance = std::to_string(s.mInstance);
-    const std::string Head = std::string("INSERT INTO ") + mAssignment.workTable + " ( Instance, Assign, " + mAssignment.columns + " )" +
-                             InFile(gTempPath) + " SELECT " + Instance + " As Instance, ";
+    const std::string instance = std::to_string(s.mInstance);
+    const std::string head = std::string("INSERT INTO ") + mAssignment.workTable + " ( Instance, Assign, " + mAssignment.columns + " )" +
+                             InFile(gTempPath) + " SELECT " + instance + " As Instance, ";
     s.App().DoEvents();
-    Run(dbTemp, std::string("Delete * From ") + mAssignment.workTable + " Where (Instance = " + Instance + ");");
+    Run(dbTemp, std::string("Delete * From ") + mAssignment.workTable + " Where (Instance = " + instance + ");");
     mFilledFor.reset();
     if (s.data[tab::Customers].OnRecord()) {
-      const std::int32_t Acct = platform::CLng(Customer()->Field("AcctNum"));
-      mFilledFor = Acct;
-      Run(dbCustomer, Head + "True AS Assign, " + mAssignment.assigned + std::to_string(Acct) + ");");
+      const std::int32_t acct = platform::CLng(Customer()->Field("AcctNum"));
+      mFilledFor = acct;
+      Run(dbCustomer, head + "True AS Assign, " + mAssignment.assigned + std::to_string(acct) + ");");
     }
     // The ticked rows stand already: the table's key refuses them here, so that the ticks survive.
-    Run(dbCustomer, Head + "False AS Assign, " + mAssignment.all + ";");
+    Run(dbCustomer, head + "False AS Assign, " + mAssignment.all + ";");
     s.App().DoEvents();
   });
 }
@@ -98,19 +98,19 @@ void AssignmentTab::CellTaken(int ColIndex) {
 void AssignmentTab::Assign() {
   platform::Grid& list = s.grid[mTab];
   const AssignmentTables& tables = mAssignment.tables;
-  const Value Acct = mFilledFor ? Value(*mFilledFor) : Customer()->Field("AcctNum");
-  const Value Entry = Rows()->Field(Key());
+  const Value acct = mFilledFor ? Value(*mFilledFor) : Customer()->Field("AcctNum");
+  const Value entry = Rows()->Field(Key());
   tables.assigned->SetIndex(tables.assignedIndex);
-  tables.assigned->Seek("=", {Acct, Entry});
-  const bool Found = !tables.assigned->NoMatch();
-  const bool Ticked = platform::CBool(list.ColumnValue(kAssignColumn));
-  if (!Found && Ticked) {
+  tables.assigned->Seek("=", {acct, entry});
+  const bool found = !tables.assigned->NoMatch();
+  const bool ticked = platform::CBool(list.ColumnValue(kAssignColumn));
+  if (!found && ticked) {
     tables.assigned->AddNew();
-    tables.assigned->SetField("AcctNum", Acct);
-    tables.assigned->SetField(tables.assignedField, Entry);
+    tables.assigned->SetField("AcctNum", acct);
+    tables.assigned->SetField(tables.assignedField, entry);
     tables.assigned->Update();
     list.RefreshRow();
-  } else if (Found && !Ticked) {
+  } else if (found && !ticked) {
     tables.assigned->Delete();
     list.RefreshRow();
   }
@@ -120,29 +120,29 @@ void AssignmentTab::Assign() {
 /// The list's row still holds the old key word at this moment. An empty cell changes nothing.
 void AssignmentTab::Rename() {
   platform::Grid& list = s.grid[mTab];
-  const Value Cell = list.ColumnValue(kTextColumn);
-  if (platform::CStr(platform::Concat("", Cell)).empty()) return;
+  const Value cell = list.ColumnValue(kTextColumn);
+  if (platform::CStr(platform::Concat("", cell)).empty()) return;
   const AssignmentTables& tables = mAssignment.tables;
   tables.entries->SetIndex("PrimaryKey");
   tables.entries->Seek("=", {Rows()->Field(Key())});
   if (tables.entries->NoMatch()) return;
   tables.entries->Edit();
-  tables.entries->SetField(tables.entryField, Cell);
+  tables.entries->SetField(tables.entryField, cell);
   tables.entries->Update();
   list.RefreshRow();
 }
 
 /// By the filter that is on now: another one may have been chosen while the list was built.
 void AssignmentTab::CaptionByFilter() {
-  const std::string Entries = TrimmedCaption(s, mTab);
-  const std::string Customer = s.lblCustomer.Caption();
+  const std::string entries = TrimmedCaption(s, mTab);
+  const std::string customer = s.lblCustomer.Caption();
   platform::Grid& list = s.grid[mTab];
   if (optDisplay[1].Value())
-    list.Caption(Customer + " assigned " + Entries);
+    list.Caption(customer + " assigned " + entries);
   else if (optDisplay[2].Value())
-    list.Caption(Entries + "  not assigned to " + Customer);
+    list.Caption(entries + "  not assigned to " + customer);
   else
-    list.Caption("All " + Entries);
+    list.Caption("All " + entries);
 }
 
 void LoadEntries(const frmCustMain& screen, int Tab) { dynamic_cast<AssignmentTab&>(screen.Record(Tab)).Load(); }

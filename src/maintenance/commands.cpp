@@ -130,13 +130,13 @@ void frmCustMain::FindOnTab() {
 }
 
 void frmCustMain::SelectAllOnTab() {
-  const TickList Ticks = Record(Tab()).Ticks();
-  if (Ticks.grid) SelectAllRecords(*Ticks.grid, Ticks.data->Recordset());
+  const TickList ticks = Record(Tab()).Ticks();
+  if (ticks.grid) SelectAllRecords(*ticks.grid, ticks.data->Recordset());
 }
 
 void frmCustMain::UnselectAllOnTab() {
-  const TickList Ticks = Record(Tab()).Ticks();
-  if (Ticks.grid) UnselectAllRecords(*Ticks.grid);
+  const TickList ticks = Record(Tab()).Ticks();
+  if (ticks.grid) UnselectAllRecords(*ticks.grid);
 }
 
 }  // namespace orcussch

@@ -121,7 +121,7 @@ frmCustMain::~frmCustMain() = default;
 void frmCustMain::DesignLists() {
   for (int i = 0; i < tab::Count; ++i) {
     const TabDesign& design = Record(i).Design();
-    const bool Customers = i == tab::Customers;
+    const bool customers = i == tab::Customers;
     SSIndexTab1.TabCaption(i, design.caption);
     fraOrder[i].Tag(design.field);
     fraSearch[i].Tag(design.field);
@@ -140,10 +140,10 @@ void frmCustMain::DesignLists() {
     grid[i].MarksRows(design.assigns);
     grid[i].SearchBox(txtSearch[i]);
     // A host that opened the screen for a customer wants one; else the user came to look after them.
-    grid[i].RowCommands({{"Select", &tb("tb_Select"), Customers}, {"Edit", &tb("tb_EditRec"), true}, {"Delete", &tb("tb_DeleteRec")}});
+    grid[i].RowCommands({{"Select", &tb("tb_Select"), customers}, {"Edit", &tb("tb_EditRec"), true}, {"Delete", &tb("tb_DeleteRec")}});
     EmphasizeDefaults(i);
     // The customers stay on the screen when they can't be read anew; another list would stand under the wrong customer's name.
-    data[i].EmptyAfterFailure(!Customers);
+    data[i].EmptyAfterFailure(!customers);
   }
   grid[tab::Customers].Splits(2);
   grid[tab::Customers].ChoosesRows(true);
@@ -155,9 +155,9 @@ void frmCustMain::EmphasizeDefaults(int Tab) {
   const RecordTab& record = Record(Tab);
   std::vector<platform::RowEmphasis> rows;
   for (const DefaultRow& row : record.Design().defaultRows)
-    rows.push_back({row.name, [this, Field = row.field] {
+    rows.push_back({row.name, [this, field = row.field] {
                       const platform::DataControl& customers = data[tab::Customers];
-                      return customers.OnRecord() ? customers.Recordset()->Field(Field) : platform::Value(platform::Null);
+                      return customers.OnRecord() ? customers.Recordset()->Field(field) : platform::Value(platform::Null);
                     }});
   if (!rows.empty()) grid[Tab].Emphasize(record.Key(), std::move(rows));
 }

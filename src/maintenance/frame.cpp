@@ -48,10 +48,10 @@ void frmCustMain::OpenComboLists() {
 void frmCustMain::Form_Activate() {
   if (!gFirstActivate) return;
   mFormActive = true;
-  const int Card = mCardNumber;
+  const int card = mCardNumber;
   SQLData(tab::Customers);
   gFirstActivate = false;
-  if (mCardNumber != Card) return;  // a card that was opened in a yield stays up, on its record
+  if (mCardNumber != card) return;  // a card that was opened in a yield stays up, on its record
   if (Tab() != tab::Customers) SSIndexTab1.Tab(tab::Customers);
   txtSearch[tab::Customers].SetFocus();
   StandOnHostAccount();
@@ -82,10 +82,10 @@ void frmCustMain::Form_Unload() {
 
 void frmCustMain::EditingRecord(bool Editing) {
   Trap("frmCustMain.EditingRecord", [&] {
-    const int Card = mCardNumber;
+    const int card = mCardNumber;
     App().DoEvents();
     // Another card came up in the yield, or went: the keys are set for what is to be seen now.
-    if (mCardNumber != Card) return;
+    if (mCardNumber != card) return;
     EnableSetupKeys(Editing);
     for (const char* key : {"tb_Refresh", "tb_AddRec", "tb_MapCustomer", "tb_MapAll", "tb_Statistics", "tb_Reports"})
       tb(key).Enabled(!Editing);
@@ -94,7 +94,7 @@ void frmCustMain::EditingRecord(bool Editing) {
       for (const char* key : {"tb_Print", "tb_Preview", "tb_Select", "tb_Find", "tb_EditRec", "tb_DeleteRec"}) tb(key).Enabled(false);
     } else {
       TestRecordcount();
-      if (mCardNumber != Card) return;
+      if (mCardNumber != card) return;
     }
     // After TestRecordcount: at the end of an edit tabs 2 and 3 are open even for a non-billable customer until the next
     // row change closes them.
@@ -122,14 +122,14 @@ void frmCustMain::EditSetup() {
 
 void frmCustMain::TestRecordcount() {
   Trap("frmCustMain.TestRecordCount", [this] {
-    const int Card = mCardNumber;
+    const int card = mCardNumber;
     App().DoEvents();
     // The user may have been to another tab meanwhile, have opened a card or have left.
-    if (!Loaded() || mCardNumber != Card) return;
-    const int Current = Tab();
-    const bool Records = data[Current].Recordset()->HasRows();
-    for (const char* key : {"tb_Print", "tb_Preview", "tb_Select", "tb_EditRec", "tb_DeleteRec"}) tb(key).Enabled(Records);
-    tb("tb_Find").Enabled(!txtSearch[Current].Text().empty());
+    if (!Loaded() || mCardNumber != card) return;
+    const int current = Tab();
+    const bool records = data[current].Recordset()->HasRows();
+    for (const char* key : {"tb_Print", "tb_Preview", "tb_Select", "tb_EditRec", "tb_DeleteRec"}) tb(key).Enabled(records);
+    tb("tb_Find").Enabled(!txtSearch[current].Text().empty());
     EnableSelectionKeys();
     EnableTabs();
     CloseTabsOfNonBillable();
@@ -138,10 +138,10 @@ void frmCustMain::TestRecordcount() {
 }
 
 void frmCustMain::EnableSelectionKeys() {
-  const bool Records = Record(Tab()).Design().assigns && HasRecords(data[Tab()]);
-  tb("tb_SelectAll").Enabled(Records);
-  miSelectAll.Enabled(Records);
-  if (Records) {
+  const bool records = Record(Tab()).Design().assigns && HasRecords(data[Tab()]);
+  tb("tb_SelectAll").Enabled(records);
+  miSelectAll.Enabled(records);
+  if (records) {
     TestGridSelection(grid[Tab()]);
     return;
   }
@@ -151,10 +151,10 @@ void frmCustMain::EnableSelectionKeys() {
 
 /// Without customers only the first tab can be reached.
 void frmCustMain::EnableTabs() {
-  const bool Enable = HasRecords(data[tab::Customers]);
-  if (!Enable) SSIndexTab1.Tab(tab::Customers);
+  const bool enable = HasRecords(data[tab::Customers]);
+  if (!enable) SSIndexTab1.Tab(tab::Customers);
   for (int other = 0; other < tab::Count; ++other)
-    if (other != tab::Customers) SSIndexTab1.TabEnabled(other, Enable);
+    if (other != tab::Customers) SSIndexTab1.TabEnabled(other, enable);
 }
 
 void frmCustMain::RefreshRecords() {

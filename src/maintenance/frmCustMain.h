@@ -4,9 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
-#include <vector>
 
 #include "maintenance/card_desk.h"
 #include "maintenance/record_tab.h"

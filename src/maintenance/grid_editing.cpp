@@ -13,16 +13,16 @@ void frmCustMain::grid_BeforeColUpdate(int Index, int ColIndex, const Value& Old
   std::string V;
   on([&] { V = platform::Trim(platform::CStr(platform::Concat("", list.ColumnValue(ColIndex)))); });
 
-  std::string Message;
+  std::string message;
   for (const CellTest& test : Record(Index).Design().cellTests) {
     if (list.Column(ColIndex).dataField != test.field) continue;
-    bool Refused = false;
-    on([&] { Refused = test.refused(V); });
-    if (Refused) Message = test.message;
+    bool refused = false;
+    on([&] { refused = test.refused(V); });
+    if (refused) message = test.message;
   }
-  if (Message.empty()) return;
+  if (message.empty()) return;
   on([&] {
-    App().MsgBox(Message, platform::box::Information + platform::box::OkOnly, SSIndexTab1.TabCaption(Tab()) + "-  Invalid Grid Entry");
+    App().MsgBox(message, platform::box::Information + platform::box::OkOnly, SSIndexTab1.TabCaption(Tab()) + "-  Invalid Grid Entry");
   });
   Cancel = true;
   on([&] { list.ColumnValue(ColIndex, OldValue); });
@@ -31,9 +31,9 @@ void frmCustMain::grid_BeforeColUpdate(int Index, int ColIndex, const Value& Old
 /// Writes the changed row when the cell is left, not only when the list moves on.
 void frmCustMain::grid_AfterColEdit(int Index) {
   Trap("frmCustMain.grid_AfterColEdit", [&] {
-    const platform::RecordsetRef Rs = data[Index].Recordset();
-    Rs->Edit();
-    Rs->Update();
+    const platform::RecordsetRef rs = data[Index].Recordset();
+    rs->Edit();
+    rs->Update();
   });
 }
 

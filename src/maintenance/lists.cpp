@@ -21,37 +21,37 @@ std::string TrimmedField(const platform::RecordsetRef& Rs, const char* Name) {
 void frmCustMain::SQLData(int Tab) {
   ResumeNext on("frmCustMain.SQLData");
   platform::DataControl& customers = data[tab::Customers];
-  const int Card = mCardNumber;
+  const int card = mCardNumber;
   App().MousePointer(platform::pointer::Hourglass);
   App().DoEvents();
 
-  std::int32_t Acct = 0;
+  std::int32_t acct = 0;
   on([&] {
-    if (HasRecords(customers)) Acct = CLng(customers.Recordset()->Field("AcctNum"));
+    if (HasRecords(customers)) acct = CLng(customers.Recordset()->Field("AcctNum"));
   });
 
-  const int LeftCol = grid[tab::Customers].LeftCol(1);
-  std::string SQL = Record(Tab).Statement(Acct);
-  const std::string Desc = Record(Tab).optOrder[1].Value() ? " DESC" : "";
-  SQL += " ORDER BY " + fraOrder[Tab].Tag() + Desc + ";";
+  const int leftCol = grid[tab::Customers].LeftCol(1);
+  std::string sql = Record(Tab).Statement(acct);
+  const std::string desc = Record(Tab).optOrder[1].Value() ? " DESC" : "";
+  sql += " ORDER BY " + fraOrder[Tab].Tag() + desc + ";";
 
-  data[Tab].RecordSource(SQL);
-  Record(Tab).mListOf = Acct;
-  const bool refreshed = Reopen(on, Record(Tab), Card);
+  data[Tab].RecordSource(sql);
+  Record(Tab).mListOf = acct;
+  const bool refreshed = Reopen(on, Record(Tab), card);
   on([&] { data[Tab].UpdateControls(); });
   App().DoEvents();
 
   if (Tab == tab::Customers) {
-    grid[tab::Customers].LeftCol(1, LeftCol);
-    bool Customers = false;
-    on([&] { Customers = HasRecords(customers); });
+    grid[tab::Customers].LeftCol(1, leftCol);
+    bool hasCustomers = false;
+    on([&] { hasCustomers = HasRecords(customers); });
     // A card that came up in a yield has set by itself what can be reached.
     for (int other = 0; other < tab::Count; ++other)
-      if (other != Tab && !Record(other).Design().assigns && !CardCameUp(Card)) SSIndexTab1.TabEnabled(other, Customers);
+      if (other != Tab && !Record(other).Design().assigns && !CardCameUp(card)) SSIndexTab1.TabEnabled(other, hasCustomers);
     FollowCustomer();
   }
   App().DoEvents();
-  if (!CardCameUp(Card)) TestRecordcount();
+  if (!CardCameUp(card)) TestRecordcount();
   // A list that could not be built leaves the hourglass as a sign.
   if (refreshed) App().MousePointer(platform::pointer::Default);
 }
@@ -68,21 +68,21 @@ void frmCustMain::ShowCustomerName() {
     lblCustomer.Caption("");
     return;
   }
-  const platform::RecordsetRef Rs = data[tab::Customers].Recordset();
-  const std::string Title = TrimmedField(Rs, "Title");
-  const std::string FirstName = TrimmedField(Rs, "FirstName");
-  std::string Name = FirstName.empty() ? Title : Title + " " + FirstName;
-  if (!Name.empty()) Name += " ";
-  lblCustomer.Caption(Name + TrimmedField(Rs, "LastName"));
+  const platform::RecordsetRef rs = data[tab::Customers].Recordset();
+  const std::string title = TrimmedField(rs, "Title");
+  const std::string firstName = TrimmedField(rs, "FirstName");
+  std::string name = firstName.empty() ? title : title + " " + firstName;
+  if (!name.empty()) name += " ";
+  lblCustomer.Caption(name + TrimmedField(rs, "LastName"));
 }
 
 /// A non-billable customer has neither alternate addresses nor credit cards.
 void frmCustMain::CloseTabsOfNonBillable() {
   if (!data[tab::Customers].OnRecord()) return;
-  const Value NonBillable = data[tab::Customers].Recordset()->Field("NonBillable");
-  const bool Billable = NonBillable.IsNull() || !platform::CBool(NonBillable);
+  const Value nonBillable = data[tab::Customers].Recordset()->Field("NonBillable");
+  const bool billable = nonBillable.IsNull() || !platform::CBool(nonBillable);
   for (int other = 0; other < tab::Count; ++other)
-    if (Record(other).Design().billableOnly) SSIndexTab1.TabEnabled(other, Billable);
+    if (Record(other).Design().billableOnly) SSIndexTab1.TabEnabled(other, billable);
 }
 
 std::string frmCustMain::FilterText() const {

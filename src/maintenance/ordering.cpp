@@ -16,9 +16,9 @@ void frmCustMain::grid_HeadClick(int Index, int ColIndex) {
 /// As a click on the heading and one on the option, with one rebuild.
 void frmCustMain::grid_Sort(int Index, int ColIndex, bool Descending) {
   if (!OrderByColumn(Index, ColIndex)) return;
-  platform::OptionButton& Direction = Record(Index).optOrder[Descending ? 1 : 0];
-  if (!Direction.Value())
-    Direction.Value(true);
+  platform::OptionButton& direction = Record(Index).optOrder[Descending ? 1 : 0];
+  if (!direction.Value())
+    direction.Value(true);
   else
     optOrder_Click(Index);
 }
@@ -31,9 +31,9 @@ bool frmCustMain::OrderByColumn(int Index, int ColIndex) {
   fraSearch[Index].Tag(column.dataField);
   lblSearch[Index].Caption(column.caption);
 
-  const std::optional<std::string> Order = Record(Index).OrderBy(column, ColIndex);
-  if (!Order) return false;
-  fraOrder[Index].Tag(*Order);
+  const std::optional<std::string> order = Record(Index).OrderBy(column, ColIndex);
+  if (!order) return false;
+  fraOrder[Index].Tag(*order);
 
   Record(Index).optOrder[0].Caption("Ascending " + lblSearch[Index].Caption());
   Record(Index).optOrder[1].Caption("Descending " + lblSearch[Index].Caption());

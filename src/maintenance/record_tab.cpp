@@ -65,30 +65,30 @@ void RecordTab::MakeDefault(const RowWrite& stored, const platform::RecordsetRef
 }
 
 std::int32_t RecordTab::NumberToDelete(ResumeNext& on, DeleteState& state) const {
-  std::int32_t Id = 0;
-  on([&] { Id = LongOf(Rows(), Key()); });
-  state.Position = std::string("[") + Key() + "]>=" + std::to_string(Id);
-  return Id;
+  std::int32_t id = 0;
+  on([&] { id = LongOf(Rows(), Key()); });
+  state.Position = std::string("[") + Key() + "]>=" + std::to_string(id);
+  return id;
 }
 
 bool RecordTab::IsDefault(ResumeNext& on, const char* field, std::int32_t number) const {
-  bool Default = false;
-  on([&] { Default = IsNumber(Customer()->Field(field), number); });
-  return Default;
+  bool isDefault = false;
+  on([&] { isDefault = IsNumber(Customer()->Field(field), number); });
+  return isDefault;
 }
 
 /// Default fields of the customer that pointed at the deleted row.
 void RecordTab::Repair(ResumeNext& on, const DeleteState& state) {
   if (!state.Repairs[0].Wanted && !state.Repairs[1].Wanted) return;
-  bool Records = false;
-  on([&] { Records = HasRecords(s.data[tab::Customers]); });
-  if (!Records || !CustomerIs(state.Record.Owner)) return;
-  const platform::RecordsetRef Rs = Customer();
+  bool records = false;
+  on([&] { records = HasRecords(s.data[tab::Customers]); });
+  if (!records || !CustomerIs(state.Record.Owner)) return;
+  const platform::RecordsetRef rs = Customer();
   RowWrite row(on);
-  row.Must([&] { Rs->Edit(); });
+  row.Must([&] { rs->Edit(); });
   for (const DeleteState::Repair& repair : state.Repairs)
-    if (repair.Wanted) row([&] { Rs->SetField(repair.Field, std::int32_t{0}); });
-  if (row.Going()) UpdateOrDrop(on, Rs);
+    if (repair.Wanted) row([&] { rs->SetField(repair.Field, std::int32_t{0}); });
+  if (row.Going()) UpdateOrDrop(on, rs);
 }
 
 void RecordTab::Deleted() {

@@ -5,8 +5,8 @@
 namespace orcussch {
 
 std::string frmCustMain::RecordLabel() const {
-  const std::string Caption = TrimmedCaption(*this, Tab());
-  return platform::Left(Caption, platform::Len(Caption) - 1) + " Record";
+  const std::string caption = TrimmedCaption(*this, Tab());
+  return platform::Left(caption, platform::Len(caption) - 1) + " Record";
 }
 
 RecordLiterals frmCustMain::Literals() const {
@@ -19,17 +19,17 @@ RecordLiterals frmCustMain::Literals() const {
 }
 
 RecordTexts frmCustMain::Texts() const {
-  const std::string Label = RecordLabel();
-  const bool Editing = mRecordMode == "E";
+  const std::string label = RecordLabel();
+  const bool editing = mRecordMode == "E";
   // The blanks are kept as they come, two of them in a row.
   return {
-      .SaveTitle = "Delete " + Label,
-      .Saving = "Saving" + Label + ", please wait!",
-      .CancelTitle = Editing ? "Edit" : "Add New",
-      .CancelQuestion = std::string("Are you sure you want to cancel saving ") + (Editing ? " changes to " : "") + " the " + Label + "?",
-      .DeleteTitle = "Delete " + Label,
-      .DeleteQuestion = "Are you sure you delete the current " + Label + "?",
-      .Deleting = "Delete " + Label + ", please wait!"};
+      .SaveTitle = "Delete " + label,
+      .Saving = "Saving" + label + ", please wait!",
+      .CancelTitle = editing ? "Edit" : "Add New",
+      .CancelQuestion = std::string("Are you sure you want to cancel saving ") + (editing ? " changes to " : "") + " the " + label + "?",
+      .DeleteTitle = "Delete " + label,
+      .DeleteQuestion = "Are you sure you delete the current " + label + "?",
+      .Deleting = "Delete " + label + ", please wait!"};
 }
 
 }  // namespace orcussch

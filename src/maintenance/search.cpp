@@ -14,14 +14,14 @@ constexpr int kEnter = 13;
 
 /// On the customer list a status is searched by its first letter, for which the stored code stands.
 std::string frmCustMain::SearchValue(int Tab) const {
-  const std::string Text = txtSearch[Tab].Text();
+  const std::string text = txtSearch[Tab].Text();
   if (Tab == tab::Customers && fraSearch[Tab].Tag() == "Status") {
-    const std::string Letter = platform::Left(Text, 1);
-    if (Letter == "A") return "0";
-    if (Letter == "O") return "1";
-    if (Letter == "P") return "2";
+    const std::string letter = platform::Left(text, 1);
+    if (letter == "A") return "0";
+    if (letter == "O") return "1";
+    if (letter == "P") return "2";
   }
-  return FixQuotes(Text);
+  return FixQuotes(text);
 }
 
 void frmCustMain::SearchRecord(int Tab) {

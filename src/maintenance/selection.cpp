@@ -20,10 +20,10 @@ void frmCustMain::SelectCustomer() {
   const AnswerText texts[] = {
       {"FirstName", &gCustomerFirstName}, {"LastName", &gCustomerLastName}, {"Title", &gCustomerTitle}, {"Addr1", &gCustomerAddr1},
       {"Addr2", &gCustomerAddr2},         {"City", &gCustomerCity},         {"State", &gCustomerState}, {"Zip", &gCustomerZip}};
-  const platform::RecordsetRef Rs = data[tab::Customers].Recordset();
+  const platform::RecordsetRef rs = data[tab::Customers].Recordset();
   if (HasRecords(data[tab::Customers])) {
-    gSelAcctNum = platform::CLng(Rs->Field("AcctNum"));
-    for (const AnswerText& text : texts) *text.answer = platform::Trim(platform::CStr(platform::Concat("", Rs->Field(text.field))));
+    gSelAcctNum = platform::CLng(rs->Field("AcctNum"));
+    for (const AnswerText& text : texts) *text.answer = platform::Trim(platform::CStr(platform::Concat("", rs->Field(text.field))));
   } else {
     gSelAcctNum = 0;
     for (const AnswerText& text : texts) text.answer->clear();
@@ -32,7 +32,7 @@ void frmCustMain::SelectCustomer() {
 }
 
 void frmCustMain::SelectAllRecords(platform::Grid& Grid, platform::RecordsetRef Rs) {
-  const int Card = mCardNumber;
+  const int card = mCardNumber;
   Trap("frmCustMain,SelectAllRecords", [&] {
     App().MousePointer(platform::pointer::Hourglass);
     App().DoEvents();
@@ -49,7 +49,7 @@ void frmCustMain::SelectAllRecords(platform::Grid& Grid, platform::RecordsetRef 
     App().MousePointer(platform::pointer::Default);
     App().DoEvents();
   });
-  KeepCard(CurrentRecord(), Card);
+  KeepCard(CurrentRecord(), card);
 }
 
 void frmCustMain::UnselectAllRecords(platform::Grid& Grid) {
@@ -58,33 +58,33 @@ void frmCustMain::UnselectAllRecords(platform::Grid& Grid) {
 }
 
 void frmCustMain::TestGridSelection(platform::Grid& Grid) {
-  const bool Selection = Grid.SelBookmarks.Count() != 0;
-  for (const char* key : {"tb_UnselectAll", "tb_UnassignSelected", "tb_AssignSelected"}) tb(key).Enabled(Selection);
-  for (platform::MenuItem* item : {&miUnselectAll, &miUnassignSelected, &miAssignSelected}) item->Enabled(Selection);
+  const bool selection = Grid.SelBookmarks.Count() != 0;
+  for (const char* key : {"tb_UnselectAll", "tb_UnassignSelected", "tb_AssignSelected"}) tb(key).Enabled(selection);
+  for (platform::MenuItem* item : {&miUnselectAll, &miUnassignSelected, &miAssignSelected}) item->Enabled(selection);
 }
 
 void frmCustMain::SelectedAssignment(bool Assign) {
-  const int Card = mCardNumber;
+  const int card = mCardNumber;
   Trap("frmCustMain.UnassignSelected", [&] {
     App().DoEvents();
     RecordTab& record = Record(Tab());
-    const TickList Ticks = record.Ticks();
-    if (!Ticks.grid || SSIndexTab1.Page() != Ticks.page) return;
-    platform::Grid& Grid = *Ticks.grid;
-    if (Grid.SelBookmarks.Count() == 0) return;
+    const TickList ticks = record.Ticks();
+    if (!ticks.grid || SSIndexTab1.Page() != ticks.page) return;
+    platform::Grid& list = *ticks.grid;
+    if (list.SelBookmarks.Count() == 0) return;
     // The rows that the user saw marked; a list that is opened anew in a yield does not know them any more (error 3159).
-    const std::vector<platform::Bookmark> Selected = Grid.SelBookmarks.All();
-    for (const platform::Bookmark& Row : Selected) {
-      Grid.CurrentBookmark(Row);
-      Grid.ColumnValue(0, Assign);
+    const std::vector<platform::Bookmark> selected = list.SelBookmarks.All();
+    for (const platform::Bookmark& row : selected) {
+      list.CurrentBookmark(row);
+      list.ColumnValue(0, Assign);
       record.CellTaken(0);
       App().DoEvents();
     }
-    Grid.Row(0);  // writes the last change
+    list.Row(0);  // writes the last change
     App().MousePointer(platform::pointer::Default);
     App().DoEvents();
   });
-  KeepCard(CurrentRecord(), Card);
+  KeepCard(CurrentRecord(), card);
 }
 
 }  // namespace orcussch

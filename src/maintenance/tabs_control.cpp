@@ -10,27 +10,27 @@ void frmCustMain::SSIndexTab1_BeforeTabClick(bool& Cancel) {
 }
 
 void frmCustMain::SSIndexTab1_Click() {
-  const int NewTab = Tab();
-  const int Card = mCardNumber;
-  if (NewTab != tab::Customers) {
-    const std::int32_t Acct = platform::CLng(data[tab::Customers].Recordset()->Field("AcctNum"));
-    if (Record(NewTab).mAcct != Acct)
-      LoadTab(NewTab);
+  const int newTab = Tab();
+  const int card = mCardNumber;
+  if (newTab != tab::Customers) {
+    const std::int32_t acct = platform::CLng(data[tab::Customers].Recordset()->Field("AcctNum"));
+    if (Record(newTab).mAcct != acct)
+      LoadTab(newTab);
     else
       TestRecordcount();
-    if (Tab() != NewTab) return;  // another tab was chosen in a yield, and its own click has set what follows
+    if (Tab() != newTab) return;  // another tab was chosen in a yield, and its own click has set what follows
     tb("tb_Queries").Enabled(false);
     miQueries.Enabled(false);
   } else {
     TestRecordcount();
-    if (Tab() != NewTab || CardCameUp(Card)) return;
+    if (Tab() != newTab || CardCameUp(card)) return;
     tb("tb_Queries").Enabled(true);
     miQueries.Enabled(true);
   }
-  if (CardCameUp(Card)) return;
-  tb("tb_Find").Enabled(!txtSearch[NewTab].Text().empty());
-  miFind.Enabled(!txtSearch[NewTab].Text().empty());
-  txtSearch[NewTab].SetFocus();
+  if (CardCameUp(card)) return;
+  tb("tb_Find").Enabled(!txtSearch[newTab].Text().empty());
+  miFind.Enabled(!txtSearch[newTab].Text().empty());
+  txtSearch[newTab].SetFocus();
 }
 
 void frmCustMain::FollowCustomer() {

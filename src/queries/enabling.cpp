@@ -41,34 +41,34 @@ std::vector<Control*> frmCustQueries::SwitchedByMisc(int Index) {
 }
 
 void frmCustQueries::chkSelectNameAdd_Click(int Index) {
-  const bool On = chkSelectNameAdd[Index].Value() == kOn;
-  if (On) chkSelectAll.Value(0);
-  cboSQL[Index].Enabled(On);
-  txtNameAdd[Index].Enabled(On);
-  if (Index == kPhone) txtNameAdd[kPhoneNumber].Enabled(On);
+  const bool on = chkSelectNameAdd[Index].Value() == kOn;
+  if (on) chkSelectAll.Value(0);
+  cboSQL[Index].Enabled(on);
+  txtNameAdd[Index].Enabled(on);
+  if (Index == kPhone) txtNameAdd[kPhoneNumber].Enabled(on);
   OfferRun();
 }
 
 void frmCustQueries::chkSelectMisc_Click(int Index) {
-  const bool On = chkSelectMisc[Index].Value() == kOn;
-  if (On) chkSelectAll.Value(0);
+  const bool on = chkSelectMisc[Index].Value() == kOn;
+  if (on) chkSelectAll.Value(0);
   // Where the host has fixed the billing status its choices stay as they are.
   if (Index != Billing || fraBillingStatus.Enabled())
-    for (Control* control : SwitchedByMisc(Index)) control->Enabled(On);
+    for (Control* control : SwitchedByMisc(Index)) control->Enabled(on);
   OfferRun();
 }
 
 void frmCustQueries::chkSelectAmount_Click(int Index) {
-  const bool On = chkSelectAmount[Index].Value() == kOn;
-  if (On) chkSelectAll.Value(0);
-  txtAmount[Index].Enabled(On);
+  const bool on = chkSelectAmount[Index].Value() == kOn;
+  if (on) chkSelectAll.Value(0);
+  txtAmount[Index].Enabled(on);
   OfferRun();
 }
 
 void frmCustQueries::chkSelectDate_Click(int Index) {
-  const bool On = chkSelectDate[Index].Value() == kOn;
-  if (On) chkSelectAll.Value(0);
-  txtDate[Index].Enabled(On);
+  const bool on = chkSelectDate[Index].Value() == kOn;
+  if (on) chkSelectAll.Value(0);
+  txtDate[Index].Enabled(on);
   OfferRun();
 }
 

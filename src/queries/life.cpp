@@ -45,34 +45,34 @@ void frmCustQueries::Form_Load() {
 void frmCustQueries::StartOnUsersCriterion() {
   mFocusWanted = true;
   chkSelectAll.Value(0);
-  const int QueryTab = UsersChoice("QueryTab");
-  if (QueryTab < 0 || QueryTab >= kTabs) {  // the first tab, with nothing chosen and no entry that waits
+  const int queryTab = UsersChoice("QueryTab");
+  if (queryTab < 0 || queryTab >= kTabs) {  // the first tab, with nothing chosen and no entry that waits
     mFocusWanted = false;
     return;
   }
-  SSTab1.Tab(QueryTab);
-  const int QueryField = UsersChoice("QueryField");
-  switch (QueryTab) {
+  SSTab1.Tab(queryTab);
+  const int queryField = UsersChoice("QueryField");
+  switch (queryTab) {
     case Names:
-      return Element(chkSelectNameAdd, QueryField).Value(1);
+      return Element(chkSelectNameAdd, queryField).Value(1);
     case Misc:
-      return Element(chkSelectMisc, QueryField).Value(1);
+      return Element(chkSelectMisc, queryField).Value(1);
     case Amounts:
-      return Element(chkSelectAmount, QueryField).Value(1);
+      return Element(chkSelectAmount, queryField).Value(1);
     default:
-      return Element(chkSelectDate, QueryField).Value(1);
+      return Element(chkSelectDate, queryField).Value(1);
   }
 }
 
 /// A host that works with billable or non-billable customers alone has answered that question for the user.
 void frmCustQueries::TakeBillingStatus() {
   if (gBillingStatus != "B" && gBillingStatus != "N") return;
-  const bool Billable = gBillingStatus == "B";
-  Caption(Billable ? "Billable Customers Queries" : "Non-Billable Customers");
-  chkSelectAll.Caption(Billable ? "Select All Billable Customers" : "Select All Non-Billable Customers");
+  const bool billable = gBillingStatus == "B";
+  Caption(billable ? "Billable Customers Queries" : "Non-Billable Customers");
+  chkSelectAll.Caption(billable ? "Select All Billable Customers" : "Select All Non-Billable Customers");
   fraBillingStatus.Enabled(false);
   chkSelectMisc[Billing].Value(1);
-  optBillingStatus[Billable ? 0 : 1].Value(true);
+  optBillingStatus[billable ? 0 : 1].Value(true);
 }
 
 void frmCustQueries::Form_Activate() {

@@ -44,25 +44,25 @@ void QueryBuilder::Build(std::string& SQL) {
 
 /// The rows that a join gives to one customer are folded into one. Each join but the last one stands in parentheses.
 void QueryBuilder::AppendJoins(std::string& SQL) {
-  const bool Invoice = Asks(criteria::InvoiceNo) && !s.txtInvoiceNo.Text().empty();
-  const bool Check = Asks(criteria::CheckNo) && !s.txtCheckNo.Text().empty();
+  const bool invoice = Asks(criteria::InvoiceNo) && !s.txtInvoiceNo.Text().empty();
+  const bool check = Asks(criteria::CheckNo) && !s.txtCheckNo.Text().empty();
   for (int i = 0; i < criteria::kLists; ++i) mMarked[i] = Asks(criteria::kList[i].criterion) && s.grid[i].SelBookmarks.Count() > 0;
-  const std::array<Join, 5> Joins = {{
+  const std::array<Join, 5> joins = {{
       {"Phones", AsksPhone() && (!s.txtNameAdd[criteria::kPhone].Text().empty() || !s.txtNameAdd[criteria::kPhoneNumber].Text().empty())},
-      {"Transactions", Invoice || Check},
+      {"Transactions", invoice || check},
       {"CustCreditCards", Asks(criteria::CreditCard) && !s.txtCreditCard.Text().empty()},
       {"Lookups", mMarked[0]},
       {"CustCodes", mMarked[1]},
   }};
-  const auto Count = std::count_if(Joins.begin(), Joins.end(), [](const Join& join) { return join.wanted; });
-  auto Open = std::max<std::ptrdiff_t>(Count - 1, 0);
-  SQL = "Select DISTINCTROW Customers.* FROM " + std::string(static_cast<std::size_t>(Open), '(') + "Customers";
-  for (const Join& join : Joins) {
+  const auto count = std::count_if(joins.begin(), joins.end(), [](const Join& join) { return join.wanted; });
+  auto open = std::max<std::ptrdiff_t>(count - 1, 0);
+  SQL = "Select DISTINCTROW Customers.* FROM " + std::string(static_cast<std::size_t>(open), '(') + "Customers";
+  for (const Join& join : joins) {
     if (!join.wanted) continue;
     SQL += std::string(" INNER JOIN ") + join.table + " ON Customers.AcctNum = " + join.table + ".AcctNum";
-    if (Open > 0) {
+    if (open > 0) {
       SQL += ")";
-      --Open;
+      --open;
     }
   }
 }
@@ -70,9 +70,9 @@ void QueryBuilder::AppendJoins(std::string& SQL) {
 void QueryBuilder::Compare(const std::string& Value, int Combo) { SQLOperator(Where, Value, CStr(s.cboSQL[Combo].BoundValue())); }
 
 std::string QueryBuilder::HowCompared(int Combo) const {
-  const std::string Code = platform::LCase(CStr(s.cboSQL[Combo].BoundValue()));
+  const std::string code = platform::LCase(CStr(s.cboSQL[Combo].BoundValue()));
   for (const criteria::Comparison& comparison : criteria::kComparisons)
-    if (Code == comparison.code) return std::string(" ") + comparison.word + " ";
+    if (code == comparison.code) return std::string(" ") + comparison.word + " ";
   return std::string(" ") + criteria::kFirstComparison.word + " ";
 }
 
@@ -81,16 +81,16 @@ void QueryBuilder::Tell(const std::string& words) { mWords += (mWords.empty() ? 
 void QueryBuilder::Texts() {
   for (int i = 0; i < criteria::kTexts; ++i) {
     if (s.chkSelectNameAdd[i].Value() != 1 || s.txtNameAdd[i].Text().empty()) continue;
-    const bool TwoLines = i == criteria::kAddress;
-    const std::string Value = FixQuotes(s.txtNameAdd[i].Text());
+    const bool twoLines = i == criteria::kAddress;
+    const std::string value = FixQuotes(s.txtNameAdd[i].Text());
     TestWhere(Where);
-    if (TwoLines) Where += "(";
+    if (twoLines) Where += "(";
     Where += "(" + s.chkSelectNameAdd[i].Tag() + " ";
-    Compare(Value, i);
+    Compare(value, i);
     Tell((i == criteria::kPhone ? "area" : criteria::kText[i].word) + HowCompared(i) + s.txtNameAdd[i].Text());
-    if (TwoLines) {
+    if (twoLines) {
       Where += " OR (Customers.Addr2 ";
-      Compare(Value, i);
+      Compare(value, i);
       Where += ")";
     }
   }
@@ -98,11 +98,11 @@ void QueryBuilder::Texts() {
 
 /// Area and number share one way of comparing.
 void QueryBuilder::PhoneNumber() {
-  const std::string Number = s.txtNameAdd[criteria::kPhoneNumber].Text();
-  if (!AsksPhone() || Number.empty()) return;
+  const std::string number = s.txtNameAdd[criteria::kPhoneNumber].Text();
+  if (!AsksPhone() || number.empty()) return;
   TestWhere(Where);
   Where += "(Phones.Phone ";
-  Compare(FixQuotes(Number), criteria::kPhone);
+  Compare(FixQuotes(number), criteria::kPhone);
   Tell(criteria::kText[criteria::kPhone].word + HowCompared(criteria::kPhone) + s.txtNameAdd[criteria::kPhoneNumber].DisplayText());
 }
 
@@ -122,25 +122,25 @@ void QueryBuilder::Billing() {
 
 /// The alternate number is the one value that goes in as it was entered.
 void QueryBuilder::Invoice() {
-  const std::string Number = s.txtInvoiceNo.Text();
-  if (!Asks(criteria::InvoiceNo) || Number.empty()) return;
+  const std::string number = s.txtInvoiceNo.Text();
+  if (!Asks(criteria::InvoiceNo) || number.empty()) return;
   TestWhere(Where);
   if (s.optInvoiceNo[1].Value()) {
-    Where += "(Transactions.AltInvNo = " + Number + ")";
-    Tell("alternate invoice no. " + Number);
+    Where += "(Transactions.AltInvNo = " + number + ")";
+    Tell("alternate invoice no. " + number);
   } else {
-    Where += "(Transactions.TranType<>'P') And (Transactions.InvChkCredNo = '" + FixQuotes(Number) + "')";
-    Tell("invoice no. " + Number);
+    Where += "(Transactions.TranType<>'P') And (Transactions.InvChkCredNo = '" + FixQuotes(number) + "')";
+    Tell("invoice no. " + number);
   }
 }
 
 void QueryBuilder::CreditCard() {
-  const std::string Number = s.txtCreditCard.Text();
-  if (!Asks(criteria::CreditCard) || Number.empty()) return;
+  const std::string number = s.txtCreditCard.Text();
+  if (!Asks(criteria::CreditCard) || number.empty()) return;
   TestWhere(Where);
   Where += "(" + s.chkSelectMisc[criteria::CreditCard].Tag() + " ";
-  Compare(FixQuotes(Number), criteria::kCardComparison);
-  Tell("credit card no." + HowCompared(criteria::kCardComparison) + LastDigits(Number));
+  Compare(FixQuotes(number), criteria::kCardComparison);
+  Tell("credit card no." + HowCompared(criteria::kCardComparison) + LastDigits(number));
 }
 
 /// The list's rows in the order in which they were marked; the list moves to each of them.
@@ -149,22 +149,22 @@ void QueryBuilder::ForEachMarked(int List, Condition&& condition) {
   if (!mMarked[List]) return;
   s.App().DoEvents();
   if (!s.Loaded()) return;
-  std::string Names;
+  std::string names;
   for (const platform::Bookmark& row : s.grid[List].SelBookmarks.All()) {
     s.grid[List].CurrentBookmark(row);
-    if (Names.empty()) {
+    if (names.empty()) {
       TestWhere(Where);
       Where += "(";
     } else {
       Where += " OR ";
     }
-    const platform::RecordsetRef Rs = s.Data[List].Recordset();
-    Names += (Names.empty() ? " " : " or ") + CStr(platform::Concat("", Rs->Field(criteria::kList[List].field)));
-    condition(Rs);
+    const platform::RecordsetRef rs = s.Data[List].Recordset();
+    names += (names.empty() ? " " : " or ") + CStr(platform::Concat("", rs->Field(criteria::kList[List].field)));
+    condition(rs);
   }
-  if (Names.empty()) return;
+  if (names.empty()) return;
   Where += ")";
-  Tell(criteria::kList[List].word + Names);
+  Tell(criteria::kList[List].word + names);
 }
 
 void QueryBuilder::KeyWords() {
@@ -176,19 +176,19 @@ void QueryBuilder::CustomerTypes() {
 }
 
 void QueryBuilder::CheckNumber() {
-  const std::string Number = s.txtCheckNo.Text();
-  if (!Asks(criteria::CheckNo) || Number.empty()) return;
+  const std::string number = s.txtCheckNo.Text();
+  if (!Asks(criteria::CheckNo) || number.empty()) return;
   TestWhere(Where);
-  Where += "(Transactions.TranType='P') And (Transactions.InvChkCredNo = '" + FixQuotes(Number) + "')";
-  Tell("check no. " + Number);
+  Where += "(Transactions.TranType='P') And (Transactions.InvChkCredNo = '" + FixQuotes(number) + "')";
+  Tell("check no. " + number);
 }
 
 void QueryBuilder::TaxNumber() {
-  const std::string Number = s.txtTaxID.Text();
-  if (!Asks(criteria::TaxID) || Number.empty()) return;
+  const std::string number = s.txtTaxID.Text();
+  if (!Asks(criteria::TaxID) || number.empty()) return;
   TestWhere(Where);
-  Where += "(Customers.TaxID = '" + FixQuotes(Number) + "')";
-  Tell("tax exemption I.D. " + Number);
+  Where += "(Customers.TaxID = '" + FixQuotes(number) + "')";
+  Tell("tax exemption I.D. " + number);
 }
 
 void QueryBuilder::FinanceCharge() {
@@ -201,10 +201,10 @@ void QueryBuilder::FinanceCharge() {
 void QueryBuilder::Amounts() {
   for (int i = 0; i < criteria::kAmounts; ++i) {
     if (s.chkSelectAmount[i].Value() != 1) continue;
-    const std::string Amount = AmountText(s.txtAmount[i]);
-    if (Amount.empty()) continue;
+    const std::string amount = AmountText(s.txtAmount[i]);
+    if (amount.empty()) continue;
     TestWhere(Where);
-    Where += "(" + s.chkSelectAmount[i].Tag() + Amount + ")";
+    Where += "(" + s.chkSelectAmount[i].Tag() + amount + ")";
     Tell(criteria::kAmount[i / 2].word + std::string(i % 2 == 0 ? " at least " : " at most ") + s.txtAmount[i].DisplayText());
   }
 }
@@ -212,11 +212,11 @@ void QueryBuilder::Amounts() {
 /// A day without its year is no date here: the statement would have to guess one.
 void QueryBuilder::Dates() {
   for (int i = 0; i < criteria::kDates; ++i) {
-    const std::string Day = s.txtDate[i].Text();
-    if (s.chkSelectDate[i].Value() != 1 || !platform::IsDate(Day)) continue;
+    const std::string day = s.txtDate[i].Text();
+    if (s.chkSelectDate[i].Value() != 1 || !platform::IsDate(day)) continue;
     TestWhere(Where);
-    Where += "(" + s.chkSelectDate[i].Tag() + Day + "#)";
-    Tell(criteria::kDate[i / 2].word + std::string(i % 2 == 0 ? " from " : " to ") + Day);
+    Where += "(" + s.chkSelectDate[i].Tag() + day + "#)";
+    Tell(criteria::kDate[i / 2].word + std::string(i % 2 == 0 ? " from " : " to ") + day);
   }
 }
 

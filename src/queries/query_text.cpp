@@ -13,10 +13,10 @@ void TestWhere(std::string& Where) {
 }
 
 void SQLOperator(std::string& Where, const std::string& Value, const std::string& Comparison) {
-  const std::string Code = platform::UCase(platform::Left(Comparison, 1));
-  const bool OpenStart = Code == "C" || Code == "E";
-  const bool OpenEnd = Code != "X" && Code != "E";
-  Where += std::string("Like '") + (OpenStart ? "*" : "") + Value + (OpenEnd ? "*" : "") + "')";
+  const std::string code = platform::UCase(platform::Left(Comparison, 1));
+  const bool openStart = code == "C" || code == "E";
+  const bool openEnd = code != "X" && code != "E";
+  Where += std::string("Like '") + (openStart ? "*" : "") + Value + (openEnd ? "*" : "") + "')";
 }
 
 }  // namespace orcussch

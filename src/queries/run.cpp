@@ -11,8 +11,8 @@ namespace {
 
 /// "Queried Billable Customers", "All Customers": what the customer list shows. Its first letter tells the two apart.
 void EntitleList(const std::string& Which) {
-  const std::string Kind = gBillingStatus == "B" ? "Billable " : gBillingStatus == "N" ? "Non-Billable " : "";
-  screens::frmCustMain->grid[tab::Customers].Caption(Which + " " + Kind + "Customers");
+  const std::string kind = gBillingStatus == "B" ? "Billable " : gBillingStatus == "N" ? "Non-Billable " : "";
+  screens::frmCustMain->grid[tab::Customers].Caption(Which + " " + kind + "Customers");
 }
 
 /// The query of before, which comes back unless it was replaced: a statement that stops half-way would list customers that nobody

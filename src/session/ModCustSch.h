@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "platform/data/data.h"
 #include "platform/host/application.h"

@@ -18,17 +18,17 @@ void ReloadCombo(platform::DataControl& source) {
 
 void ReloadOnListPage(platform::DataControl& list, const char* key) {
   Ignore on;
-  bool Shown = false;
-  on([&] { Shown = HasRecords(list) && screens::frmCustMain.peek()->SSIndexTab1.Page() == 0; });
-  if (!Shown) return;
-  std::int32_t Id = 0;
-  on([&] { Id = LongOf(list.Recordset(), key); });
+  bool shown = false;
+  on([&] { shown = HasRecords(list) && screens::frmCustMain.peek()->SSIndexTab1.Page() == 0; });
+  if (!shown) return;
+  std::int32_t id = 0;
+  on([&] { id = LongOf(list.Recordset(), key); });
   on([&] { list.Refresh(); });
   on([&] { list.UpdateControls(); });
-  bool Rows = false;
-  on([&] { Rows = HasRecords(list); });
-  if (!Rows) return;
-  on([&] { list.Recordset()->FindFirst(std::string("[") + key + "]=" + std::to_string(Id)); });
+  bool rows = false;
+  on([&] { rows = HasRecords(list); });
+  if (!rows) return;
+  on([&] { list.Recordset()->FindFirst(std::string("[") + key + "]=" + std::to_string(id)); });
   on([&] {
     if (list.Recordset()->NoMatch()) list.Recordset()->MoveFirst();
   });

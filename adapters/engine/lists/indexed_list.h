@@ -39,7 +39,6 @@ class IndexedList final : public RowList, public IndexedRows {
 
   KeyWalker& Walker() noexcept { return *walker_; }
   Direction Forward() const noexcept { return forward_; }
-  bool KeepsPlaces() const noexcept { return shape_.keepsPlaces; }
 
   std::shared_ptr<RowList> OpenAgain(const std::shared_ptr<RowSource>& source) override;
   bool First(Place& place) override;

@@ -1,7 +1,6 @@
 #include "engine/rows/key_walker.h"
 
 #include <cassert>
-#include <compare>
 
 #include "engine/text/text_order.h"
 

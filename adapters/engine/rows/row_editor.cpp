@@ -1,7 +1,6 @@
 #include "engine/rows/row_editor.h"
 
 #include <algorithm>
-#include <cassert>
 
 #include "engine/errors.h"
 #include "engine/values/field_values.h"

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
-#include <vector>
 
 #include "engine/search/keyset_rows.h"
 #include "engine/text/text_order.h"

@@ -3,7 +3,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 
 #include "engine/sql/date_literal.h"
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 /// How the path of a link is kept. A file in the folder of the link's own file is named within it, so that the folder may be
 /// moved, copied, and seen under several paths; any other file has the path that the link's maker wrote.

@@ -90,10 +90,10 @@ class AddressesTab final : public RecordTab {
   }
 
   bool MayDelete(ResumeNext& on, DeleteState& state) override {
-    const std::int32_t Id = NumberToDelete(on, state);
-    if (IsDefault(on, "DefaultShipAddress", Id)) state.Repairs[0] = {true, "DefaultShipAddress"};
+    const std::int32_t id = NumberToDelete(on, state);
+    if (IsDefault(on, "DefaultShipAddress", id)) state.Repairs[0] = {true, "DefaultShipAddress"};
     // The shipping field too: the suite's billing keeps the number of the deleted address until someone chooses another.
-    if (IsDefault(on, "DefaultBillAddress", Id)) state.Repairs[1] = {true, "DefaultShipAddress"};
+    if (IsDefault(on, "DefaultBillAddress", id)) state.Repairs[1] = {true, "DefaultShipAddress"};
     return true;
   }
 
@@ -132,13 +132,13 @@ class AddressesTab final : public RecordTab {
   }
 
   void WriteDefaults(const RowWrite& row) const {
-    const bool Ship = chkDefaultAddr[0].Value() != 0;
-    const bool Bill = chkDefaultAddr[1].Value() != 0;
-    if (Ship && Bill)
+    const bool ship = chkDefaultAddr[0].Value() != 0;
+    const bool bill = chkDefaultAddr[1].Value() != 0;
+    if (ship && bill)
       MakeDefault(row, rsAddresses, {"DefaultShipAddress", "DefaultBillAddress"});
-    else if (Ship)
+    else if (ship)
       MakeDefault(row, rsAddresses, {"DefaultShipAddress"});
-    else if (Bill)
+    else if (bill)
       MakeDefault(row, rsAddresses, {"DefaultBillAddress"});
   }
 

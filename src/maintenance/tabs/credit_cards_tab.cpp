@@ -107,8 +107,8 @@ class CreditCardsTab final : public RecordTab {
   }
 
   bool MayDelete(ResumeNext& on, DeleteState& state) override {
-    const std::int32_t Id = NumberToDelete(on, state);
-    if (IsDefault(on, "DefaultCreditCard", Id)) state.Repairs[0] = {true, "DefaultCreditCard"};
+    const std::int32_t id = NumberToDelete(on, state);
+    if (IsDefault(on, "DefaultCreditCard", id)) state.Repairs[0] = {true, "DefaultCreditCard"};
     return true;
   }
 
@@ -118,12 +118,12 @@ class CreditCardsTab final : public RecordTab {
 
   /// Whether the customer has a default card at all, not whether this one is it.
   void ProposeDefault(ResumeNext& on) {
-    bool HasDefault = false;
+    bool hasDefault = false;
     on([&] {
       const platform::Value card = Customer()->Field("DefaultCreditCard");
-      HasDefault = !card.IsNull() && platform::CLng(card) > 0;
+      hasDefault = !card.IsNull() && platform::CLng(card) > 0;
     });
-    chkDefaultCC.Value(HasDefault ? 0 : 1);
+    chkDefaultCC.Value(hasDefault ? 0 : 1);
   }
 
   void ShowType(ResumeNext& on, const platform::RecordsetRef& Row) {
@@ -133,13 +133,13 @@ class CreditCardsTab final : public RecordTab {
   }
 
   bool Valid(const SaveState& state) {
-    const double Month = Val(txtCCMonth.Text());
-    const int YearLength = platform::Len(platform::Trim(txtCCYear.Text()));
+    const double month = Val(txtCCMonth.Text());
+    const int yearLength = platform::Len(platform::Trim(txtCCYear.Text()));
     return Passes(state, {
                              {BoundText(cboCreditCards).empty(), "You must select a credit card type!", &cboCreditCards},
                              {txtCCNumber.Text().empty(), "You must enter the credit card number!", &txtCCNumber},
-                             {Month < 1 || Month > 12, "You must enter an expiration month between 1 and 12!", &txtCCMonth},
-                             {YearLength != kYearLength, "You must enter a 4-digit expiration date year!", &txtCCYear},
+                             {month < 1 || month > 12, "You must enter an expiration month between 1 and 12!", &txtCCMonth},
+                             {yearLength != kYearLength, "You must enter a 4-digit expiration date year!", &txtCCYear},
                          });
   }
 

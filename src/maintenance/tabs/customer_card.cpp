@@ -88,9 +88,9 @@ void CustomerCard::cmdMapCode_Click() {
 /// The terms' code and name; an unknown code or none leaves the combo empty.
 void CustomerCard::LoadTerms(ResumeNext& on, const std::string& Terms, const Value& Bound) {
   EmptyCombo(cboTerms);
-  bool Records = false;
-  on([&] { Records = !Bound.IsNull() && HasRecords(s.DataTerms); });
-  if (!Records) return;
+  bool records = false;
+  on([&] { records = !Bound.IsNull() && HasRecords(s.DataTerms); });
+  if (!records) return;
   on([&] { s.DataTerms.Recordset()->FindFirst("[Terms]=" + Terms); });
   if (s.DataTerms.Recordset()->NoMatch()) {
     on([&] { s.DataTerms.Recordset()->MoveFirst(); });
@@ -100,12 +100,12 @@ void CustomerCard::LoadTerms(ResumeNext& on, const std::string& Terms, const Val
 }
 
 void CustomerCard::LoadStatus(ResumeNext& on, const RecordsetRef& Row) {
-  std::int16_t Status = 0;
+  std::int16_t status = 0;
   on([&] {
     const Value value = Row->Field("Status");
-    if (!value.IsNull()) Status = platform::CInt(value);
+    if (!value.IsNull()) status = platform::CInt(value);
   });
-  optStatus[Status == 1 || Status == 2 ? Status : 0].Value(true);
+  optStatus[status == 1 || status == 2 ? status : 0].Value(true);
 }
 
 void CustomerCard::LoadExpiry(ResumeNext& on, const RecordsetRef& Row) {
@@ -135,36 +135,36 @@ void CustomerCard::LoadMapCode(ResumeNext& on, const RecordsetRef& Row) {
 /// an empty combo: that is how the customer's code survives an edit.
 void CustomerCard::LoadSalesRate(ResumeNext& on, const RecordsetRef& Row) {
   EmptyCombo(cboSalesRate);
-  std::string SalesRate;
-  on([&] { SalesRate = TextOf(Row, "SalesRate"); });
-  if (SalesRate.empty()) return;
+  std::string salesRate;
+  on([&] { salesRate = TextOf(Row, "SalesRate"); });
+  if (salesRate.empty()) return;
   bool Unknown = false;
   on([&] {
-    s.DataSalesRate.Recordset()->FindFirst("[SalesRate]='" + SalesRate + "'");
+    s.DataSalesRate.Recordset()->FindFirst("[SalesRate]='" + salesRate + "'");
     Unknown = s.DataSalesRate.Recordset()->NoMatch();
   });
   if (!Unknown) return;
-  on([&] { cboSalesRate.BoundValue(SalesRate); });
+  on([&] { cboSalesRate.BoundValue(salesRate); });
   on([&] { cboSalesRate.Text(TextOf(s.DataSalesRate.Recordset(), "RateDescription")); });
 }
 
 void CustomerCard::LoadSalesRatePer(ResumeNext& on, const RecordsetRef& Row) {
-  Value SalesRatePer = Null;
-  on([&] { SalesRatePer = Row->Field("SalesRatePer"); });
-  on([&] { txtSalesRatePer.Value(std::abs(platform::CDbl(SalesRatePer))); });
-  cmdPlusMinus.Caption(!SalesRatePer.IsNull() && platform::CDbl(SalesRatePer) < 0 ? "-" : "+");
+  Value salesRatePer = Null;
+  on([&] { salesRatePer = Row->Field("SalesRatePer"); });
+  on([&] { txtSalesRatePer.Value(std::abs(platform::CDbl(salesRatePer))); });
+  cmdPlusMinus.Caption(!salesRatePer.IsNull() && platform::CDbl(salesRatePer) < 0 ? "-" : "+");
 }
 
 void CustomerCard::LoadLaborRate(ResumeNext& on, const RecordsetRef& Row) {
-  std::string Type;
-  on([&] { Type = TextOf(Row, "LaborRateType"); });
-  if (Type == "C") {
+  std::string type;
+  on([&] { type = TextOf(Row, "LaborRateType"); });
+  if (type == "C") {
     optLaborRate[1].Value(true);
     on([&] { txtLaborRate.Value(platform::CCur(Row->Field("LaborRate"))); });
     txtLaborRate.Enabled(true);
     return;
   }
-  optLaborRate[Type == "D" ? 2 : 0].Value(true);
+  optLaborRate[type == "D" ? 2 : 0].Value(true);
   txtLaborRate.Value(Currency{0});
   txtLaborRate.Enabled(false);
 }

@@ -87,9 +87,9 @@ class CustomerCard {
          LoadTerms(on, std::to_string(gDefaultTerms), gDefaultTerms > 0 ? platform::Value(gDefaultTerms) : platform::Value(platform::Null));
        },
        [this](ResumeNext& on, Source row) {
-         platform::Value Terms = platform::Null;
-         on([&] { Terms = row->Field("Terms"); });
-         LoadTerms(on, Terms.IsNull() ? "" : platform::CStr(Terms), Terms);
+         platform::Value terms = platform::Null;
+         on([&] { terms = row->Field("Terms"); });
+         LoadTerms(on, terms.IsNull() ? "" : platform::CStr(terms), terms);
        },
        [this] { return cboTerms.BoundValue(); }},
       {"Status", [this](ResumeNext&) { optStatus[0].Value(true); }, [this](ResumeNext& on, Source row) { LoadStatus(on, row); },
@@ -102,9 +102,9 @@ class CustomerCard {
          if (fraBillingStatus.Enabled()) optBillingStatus[0].Value(true);
        },
        [this](ResumeNext& on, Source row) {
-         bool NonBillable = false;
-         on([&] { NonBillable = IsTrue(row->Field("NonBillable")); });
-         optBillingStatus[NonBillable ? 1 : 0].Value(true);
+         bool nonBillable = false;
+         on([&] { nonBillable = IsTrue(row->Field("NonBillable")); });
+         optBillingStatus[nonBillable ? 1 : 0].Value(true);
        },
        [this] { return platform::Value(optBillingStatus[1].Value()); }},
       card::Text("Comments", txtComment),

@@ -9,33 +9,33 @@
 namespace orcussch {
 
 std::string CountDuplicates(platform::Application& App, ResumeNext& on, const TypedAddress& Address, std::int16_t& Count) {
-  Opened Same;
+  Opened same;
   const bool opened = on([&] {
-    Same = dbCustomer->OpenRecordset("Select AcctNum, FirstName, LastName From Customers Where (Addr1 = '" + Address.Addr1 +
+    same = dbCustomer->OpenRecordset("Select AcctNum, FirstName, LastName From Customers Where (Addr1 = '" + Address.Addr1 +
                                      "') AND (Addr2 = '" + Address.Addr2 + "') AND (City = '" + Address.City + "') AND (State = '" +
                                      Address.State + "');");
   });
   App.DoEvents();
   if (!opened) return "";
 
-  std::string Message;
+  std::string message;
   bool Records = false;
-  on([&] { Records = Same->RecordCount() != 0; });
+  on([&] { Records = same->RecordCount() != 0; });
   if (Records) {
     std::string AcctNum, LastName, FirstName;
-    on([&] { AcctNum = TextOf(Same, "AcctNum"); });
-    on([&] { LastName = TextOf(Same, "LastName"); });
-    on([&] { FirstName = TextOf(Same, "FirstName"); });
-    on([&] { Same->MoveLast(); });
-    on([&] { Count = platform::CInt(Same->RecordCount()); });
-    Message = "The following Customer already exists with the same address:\r\r";
-    Message += "  Account No " + AcctNum + "\r";
-    Message += "  Last Name " + LastName + "\r";
-    Message += "  First Name " + FirstName + "\r\r";
-    if (Count > 1) Message += "There are also " + std::to_string(Count - 1) + " customers with the same address.\r\r";
-    Message += "Are you sure you want to add another customer with the same address?";
+    on([&] { AcctNum = TextOf(same, "AcctNum"); });
+    on([&] { LastName = TextOf(same, "LastName"); });
+    on([&] { FirstName = TextOf(same, "FirstName"); });
+    on([&] { same->MoveLast(); });
+    on([&] { Count = platform::CInt(same->RecordCount()); });
+    message = "The following Customer already exists with the same address:\r\r";
+    message += "  Account No " + AcctNum + "\r";
+    message += "  Last Name " + LastName + "\r";
+    message += "  First Name " + FirstName + "\r\r";
+    if (Count > 1) message += "There are also " + std::to_string(Count - 1) + " customers with the same address.\r\r";
+    message += "Are you sure you want to add another customer with the same address?";
   }
-  return Message;
+  return message;
 }
 
 platform::RecordsetRef OpenLaborRates(std::int32_t Acct) {
@@ -44,22 +44,22 @@ platform::RecordsetRef OpenLaborRates(std::int32_t Acct) {
 
 void DeleteRates(platform::Application& App, ResumeNext& on, const platform::RecordsetRef& Rates) {
   on([&] { Rates->MoveFirst(); });
-  bool More = false;
-  on([&] { More = !Rates->Eof(); });
-  while (More) {
+  bool more = false;
+  on([&] { more = !Rates->Eof(); });
+  while (more) {
     on([&] { Rates->Delete(); });
-    More = on([&] { Rates->MoveNext(); });
+    more = on([&] { Rates->MoveNext(); });
     App.DoEvents();
-    if (More) on([&] { More = !Rates->Eof(); });
+    if (more) on([&] { more = !Rates->Eof(); });
   }
 }
 
 std::int32_t CountTransactions(platform::Application& App, ResumeNext& on, const std::string& Acct) {
-  Opened Transactions;
+  Opened transactions;
   std::int32_t Count = 0;
-  const bool opened = on([&] { Transactions = dbARTrans->OpenRecordset("Select * From Transactions Where (AcctNum = " + Acct + ");"); });
+  const bool opened = on([&] { transactions = dbARTrans->OpenRecordset("Select * From Transactions Where (AcctNum = " + Acct + ");"); });
   App.DoEvents();
-  if (opened) on([&] { Count = Transactions->RecordCount(); });
+  if (opened) on([&] { Count = transactions->RecordCount(); });
   return Count;
 }
 

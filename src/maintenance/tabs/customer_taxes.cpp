@@ -18,9 +18,9 @@ constexpr const char* kPlaces[4] = {"TaxBasisA", "TaxBasisB", "TaxBasisC", "TaxB
 
 /// Runs one statement of a load; a failure is reported there and the list shows what got in. False after one.
 bool Run(const platform::DatabaseRef& Db, const std::string& Statement) {
-  bool ErrorFlag = false;
-  ExecuteSQLStmt(Db, Statement, false, ErrorFlag);
-  return !ErrorFlag;
+  bool errorFlag = false;
+  ExecuteSQLStmt(Db, Statement, false, errorFlag);
+  return !errorFlag;
 }
 
 }  // namespace
@@ -51,54 +51,54 @@ CustomerTaxes::CustomerTaxes(frmCustMain& screen)
 void CustomerTaxes::Load(bool Customer) {
   mLoaded = false;
   Trap("frmCustMain.LoadAvailableKeyWords", [&] {
-    const std::string Instance = std::to_string(s.mInstance);
+    const std::string instance = std::to_string(s.mInstance);
     s.App().DoEvents();
-    bool Loaded = Run(dbTemp, "Delete * From CU_AssignTaxes Where (Instance = " + Instance + ");");
+    bool loaded = Run(dbTemp, "Delete * From CU_AssignTaxes Where (Instance = " + instance + ");");
     // The right joins keep a tax that has no type or entity.
-    Loaded =
+    loaded =
         Run(dbCustomer, "INSERT INTO CU_AssignTaxes ( Instance, TaxID, Assign, Description, TypeDescription, EntityDescription )" +
-                            InFile(gTempPath) + " SELECT " + Instance +
+                            InFile(gTempPath) + " SELECT " + instance +
                             " As Instance, TaxGrid.TaxID, False AS Assign, TaxGrid.Description, TaxTypes.TypeDescription, "
                             "TaxEntities.EntityDescription"
                             " FROM TaxTypes RIGHT JOIN (TaxEntities RIGHT JOIN TaxGrid ON TaxEntities.TaxEntity = TaxGrid.TaxEntity) ON "
                             "TaxTypes.TaxType = TaxGrid.TaxType"
                             ";") &&
-        Loaded;
-    Loaded = SQL() && Loaded;
+        loaded;
+    loaded = SQL() && loaded;
     if (Customer && s.data[tab::Customers].OnRecord()) TickCustomers();
-    mLoaded = Loaded;
+    mLoaded = loaded;
     if (HasRecords(s.DataTaxBasis)) s.DataTaxBasis.Recordset()->MoveFirst();
     s.App().DoEvents();
   });
 }
 
 void CustomerTaxes::TickCustomers() {
-  const platform::RecordsetRef Taxes = s.DataTaxBasis.Recordset();
-  for (const char* Field : kPlaces) {
-    const Value Tax = s.data[tab::Customers].Recordset()->Field(Field);
-    if (Tax.IsNull() || platform::CLng(Tax) <= 0) continue;
-    Taxes->FindFirst("[TaxID]=" + platform::CStr(Tax));
-    if (Taxes->NoMatch()) continue;
-    Taxes->Edit();
-    Taxes->SetField("Assign", true);
-    Taxes->Update();
+  const platform::RecordsetRef taxes = s.DataTaxBasis.Recordset();
+  for (const char* field : kPlaces) {
+    const Value tax = s.data[tab::Customers].Recordset()->Field(field);
+    if (tax.IsNull() || platform::CLng(tax) <= 0) continue;
+    taxes->FindFirst("[TaxID]=" + platform::CStr(tax));
+    if (taxes->NoMatch()) continue;
+    taxes->Edit();
+    taxes->SetField("Assign", true);
+    taxes->Update();
   }
 }
 
 bool CustomerTaxes::SQL() {
   return Trap("frmCustMain.SQLTaxBasis", [this] {
     s.App().DoEvents();
-    const int LeftCol = HasRecords(s.DataTaxBasis) ? grdTaxBasis.LeftCol(0) : 0;
-    std::string Statement =
+    const int leftCol = HasRecords(s.DataTaxBasis) ? grdTaxBasis.LeftCol(0) : 0;
+    std::string statement =
         "SELECT * FROM CU_AssignTaxes WHERE (Instance = " + std::to_string(s.mInstance) + ")" + AssignFilter(optTaxDisp);
-    Statement += " ORDER BY " + grdTaxBasis.Tag();
-    s.DataTaxBasis.RecordSource(Statement);
+    statement += " ORDER BY " + grdTaxBasis.Tag();
+    s.DataTaxBasis.RecordSource(statement);
     s.DataTaxBasis.Refresh();
     s.DataTaxBasis.UpdateControls();
-    const bool Records = HasRecords(s.DataTaxBasis);
-    s.Toolbar1.Button("tb_SelectAll").Enabled(Records);
-    s.miSelectAll.Enabled(Records);
-    grdTaxBasis.LeftCol(0, LeftCol);
+    const bool records = HasRecords(s.DataTaxBasis);
+    s.Toolbar1.Button("tb_SelectAll").Enabled(records);
+    s.miSelectAll.Enabled(records);
+    grdTaxBasis.LeftCol(0, leftCol);
     s.App().DoEvents();
   });
 }
@@ -118,9 +118,9 @@ void CustomerTaxes::AfterColUpdate() {
 std::optional<std::vector<Value>> CustomerTaxes::Ticked() const {
   std::vector<Value> taxes;
   const bool known = mLoaded && Ignore()([&] {
-                       const Opened Assigned(dbTemp->OpenRecordset("Select TaxID From CU_AssignTaxes Where (Assign=True) And (Instance = " +
+                       const Opened assigned(dbTemp->OpenRecordset("Select TaxID From CU_AssignTaxes Where (Assign=True) And (Instance = " +
                                                                    std::to_string(s.mInstance) + ") Order By TaxID;"));
-                       for (; !Assigned->Eof(); Assigned->MoveNext()) taxes.push_back(Assigned->Field("TaxID"));
+                       for (; !assigned->Eof(); assigned->MoveNext()) taxes.push_back(assigned->Field("TaxID"));
                      });
   if (!known) return {};
   return taxes;
@@ -143,20 +143,20 @@ platform::RecordsetRef CustomerTaxes::OpenTicked() const {
 /// The first four assigned taxes are kept, without a word about others. False when they could not be read.
 bool CustomerTaxes::ReadPlaces(ResumeNext& on, const Opened& Assigned, std::int16_t TaxCount, Places& taxes) const {
   if (Assigned.IsNothing()) return false;
-  bool More = false;
+  bool more = false;
   if (!on([&] {
-        More = Assigned->RecordCount() != 0;
-        if (More) Assigned->MoveFirst();
+        more = Assigned->RecordCount() != 0;
+        if (more) Assigned->MoveFirst();
       }))
     return false;
-  while (More) {
+  while (more) {
     // Short like the number of duplicates: after the greatest one the addition is reported and no place is left either.
     on([&] { TaxCount = platform::CInt(std::int32_t{TaxCount} + 1); });
     if (TaxCount > 4) break;
     if (!on([&] {
           taxes[static_cast<std::size_t>(TaxCount - 1)] = Assigned->Field("TaxID");
           Assigned->MoveNext();
-          More = !Assigned->Eof();
+          more = !Assigned->Eof();
         }))
       return false;
   }
@@ -166,8 +166,8 @@ bool CustomerTaxes::ReadPlaces(ResumeNext& on, const Opened& Assigned, std::int1
 void CustomerTaxes::Write(RowWrite& row, const Opened& Assigned, std::int16_t TaxCount, bool Adding) const {
   Places taxes;
   taxes.fill(std::int32_t{0});
-  const bool Known = ReadPlaces(row.Reports(), Assigned, TaxCount, taxes) && mLoaded;
-  if (!Known && !Adding) return;
+  const bool known = ReadPlaces(row.Reports(), Assigned, TaxCount, taxes) && mLoaded;
+  if (!known && !Adding) return;
   for (std::size_t i = 0; i < taxes.size(); ++i) row([&] { rsCustomers->SetField(kPlaces[i], taxes[i]); });
 }
 

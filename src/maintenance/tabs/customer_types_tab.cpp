@@ -13,17 +13,17 @@ namespace orcussch {
 using namespace column;
 
 std::int16_t NextDataCode() {
-  std::int16_t Next = 0;
+  std::int16_t next = 0;
   Trap("frmCustMain.NextDataCode", [&] {
-    const Opened Codes(dbCustomer->OpenRecordset("SELECT Max([Code]) AS MaxCode FROM DataCodes WHERE [Code]>0;"));
-    if (Codes->RecordCount() == 0) {
-      Next = 1;
+    const Opened codes(dbCustomer->OpenRecordset("SELECT Max([Code]) AS MaxCode FROM DataCodes WHERE [Code]>0;"));
+    if (codes->RecordCount() == 0) {
+      next = 1;
     } else {
-      const platform::Value MaxCode = Codes->Field("MaxCode");
-      Next = MaxCode.IsNull() ? std::int16_t{1} : platform::CInt(platform::CLng(MaxCode) + 1);
+      const platform::Value maxCode = codes->Field("MaxCode");
+      next = maxCode.IsNull() ? std::int16_t{1} : platform::CInt(platform::CLng(maxCode) + 1);
     }
   });
-  return Next;
+  return next;
 }
 
 namespace {
@@ -84,19 +84,19 @@ class CustomerTypesTab final : public AssignmentTab {
   bool Save(ResumeNext& on, SaveState& state) override {
     if (!Passes(state, {{txtCustomerType.Text().empty(), "You must enter a customer type description!"}})) return false;
     RowWrite row(on);
-    std::int16_t Code = 0;
+    std::int16_t code = 0;
     if (Adding()) {
-      Code = NextDataCode();
+      code = NextDataCode();
       row.Must([] { rsDataCodes->AddNew(); });
-      row([&] { rsDataCodes->SetField("Code", Code); });
+      row([&] { rsDataCodes->SetField("Code", code); });
     } else if (!BeginEdit(row, rsDataCodes, state, kGone)) {
       return false;
     }
     mFields.Write(row, rsDataCodes);
     row.Must([] { rsDataCodes->Update(); });
     if (Adding()) {
-      state.Position = "[Code]=" + std::to_string(Code);
-      if (chkAssignCustType.Value() != 0 && (row.Going() || IsThere(on, Code))) Assign(on, Code);
+      state.Position = "[Code]=" + std::to_string(code);
+      if (chkAssignCustType.Value() != 0 && (row.Going() || IsThere(on, code))) Assign(on, code);
     }
     LoadAnew(on);
     return true;
@@ -109,17 +109,17 @@ class CustomerTypesTab final : public AssignmentTab {
 
   /// A type that any customer has stays. The work table's row goes with the next load.
   bool Remove(ResumeNext& on, DeleteState& state) override {
-    const auto Code = [this] { return Keys{Rows()->Field("Code")}; };
-    const Search assigned = Find(on, rsCustCodes, "CustCodes", Code);
+    const auto code = [this] { return Keys{Rows()->Field("Code")}; };
+    const Search assigned = Find(on, rsCustCodes, "CustCodes", code);
     if (assigned == Search::Failed) return false;
     if (assigned == Search::Found) {
-      std::string Description;
-      on([&] { Description = TextOf(Rows(), "Description"); });
-      Refuse(state.Title, "One or more customers have been assigned customer type '" + Description +
+      std::string description;
+      on([&] { description = TextOf(Rows(), "Description"); });
+      Refuse(state.Title, "One or more customers have been assigned customer type '" + description +
                               "'.  You can not delete a customer type if it has been assigned to a customer.");
       return false;
     }
-    if (Find(on, rsDataCodes, "PrimaryKey", Code) == Search::Found) on([] { rsDataCodes->Delete(); });
+    if (Find(on, rsDataCodes, "PrimaryKey", code) == Search::Found) on([] { rsDataCodes->Delete(); });
     LoadAnew(on);
     return true;
   }

@@ -69,28 +69,28 @@ class CustomersTab final : public RecordTab {
 /// While a query is in force it is the whole statement and keeps its caption; the host's billing status does not filter it.
 std::string CustomersTab::Statement(std::int32_t) {
   if (!gQuerySQL.empty()) return gQuerySQL;
-  std::string SQL = "SELECT * FROM Customers";
+  std::string sql = "SELECT * FROM Customers";
   if (gBillingStatus == "B") {
-    SQL += " WHERE (NonBillable = False)";
+    sql += " WHERE (NonBillable = False)";
     s.grid[mTab].Caption("All Billable Customers");
   } else if (gBillingStatus == "N") {
-    SQL += " WHERE (NonBillable = True)";
+    sql += " WHERE (NonBillable = True)";
     s.grid[mTab].Caption("All Non-Billable Customers");
   } else {
     s.grid[mTab].Caption("All Customers");
   }
-  return SQL;
+  return sql;
 }
 
 std::optional<std::string> CustomersTab::OrderBy(const platform::GridColumn& column, int) {
-  const std::string Field = platform::UCase(column.dataField);
-  if (Field == "COMMENTS") {
+  const std::string field = platform::UCase(column.dataField);
+  if (field == "COMMENTS") {
     s.App().MsgBox("Customer records cannot be ordered by the comment field because it is a memo field in the database!",
                    platform::box::Information + platform::box::OkOnly, "Customer Order");
     return {};
   }
   // With its table's name, since a query may join other tables that have the field too.
-  return Field == "ACCTNUM" ? "Customers.AcctNum" : column.dataField;
+  return field == "ACCTNUM" ? "Customers.AcctNum" : column.dataField;
 }
 
 /// Which taxes the list shows is no entry: which are ticked is.
@@ -130,13 +130,13 @@ void CustomersTab::Edit(ResumeNext& on) {
 }
 
 bool CustomersTab::Valid(ResumeNext& on, const SaveState& state) const {
-  bool NoRate = false;
-  on([&] { NoRate = c.optLaborRate[1].Value() && c.txtLaborRate.Value() == Currency{0}; });
+  bool noRate = false;
+  on([&] { noRate = c.optLaborRate[1].Value() && c.txtLaborRate.Value() == Currency{0}; });
   return Passes(
       state,
       {
           {c.txtLastName.Text().empty(), "You must enter the customer's last name!"},
-          {NoRate, "You must enter the customer's default labor rate or select a different default labor rate option!"},
+          {noRate, "You must enter the customer's default labor rate or select a different default labor rate option!"},
           {platform::Val(BoundText(c.cboTerms)) < 1, "You must select the customer's default terms!"},
           {2 * platform::Len(c.txtComment.Text()) > kGreatestComment,
            "The customer comment has exceeded the maximum allowed length.  You must reduce the size of the comment field before you can "
@@ -147,32 +147,32 @@ bool CustomersTab::Valid(ResumeNext& on, const SaveState& state) const {
 bool CustomersTab::Save(ResumeNext& on, SaveState& state) {
   if (!Valid(on, state)) return false;
 
-  Opened Assigned;
-  on([&] { Assigned = c.taxes.OpenTicked(); });
+  Opened assigned;
+  on([&] { assigned = c.taxes.OpenTicked(); });
   // One counter for the duplicates and for the places of the taxes: after a duplicate question the first tax goes to the
   // place behind the duplicates, as the suite's other modules have come to know it.
-  std::int16_t TaxCount = 0;
+  std::int16_t taxCount = 0;
   s.App().DoEvents();
   state.LeftCol = s.grid[mTab].LeftCol(1);
 
   RowWrite row(on);
   if (Adding()) {
-    if (!AskAboutDuplicates(on, state, TaxCount) || CardHasGone(state)) return false;
+    if (!AskAboutDuplicates(on, state, taxCount) || CardHasGone(state)) return false;
     BeginAdd(row);
   } else if (!BeginCustomer(row, state)) {
     return false;
   }
   c.mFields.Write(row, rsCustomers);
-  if (row.Going()) c.taxes.Write(row, Assigned, TaxCount, Adding());
+  if (row.Going()) c.taxes.Write(row, assigned, taxCount, Adding());
   Store(row, rsCustomers, state);
   return true;
 }
 
 /// True to go on.
 bool CustomersTab::AskAboutDuplicates(ResumeNext& on, const SaveState& state, std::int16_t& TaxCount) {
-  const std::string Message =
+  const std::string message =
       CountDuplicates(s.App(), on, {c.txtAddr1.Text(), c.txtAddr2.Text(), c.txtCity.Text(), c.txtState.Text()}, TaxCount);
-  return TaxCount == 0 || Ask(state.Title, Message);
+  return TaxCount == 0 || Ask(state.Title, message);
 }
 
 void CustomersTab::BeginAdd(RowWrite& row) {
@@ -186,14 +186,14 @@ void CustomersTab::BeginAdd(RowWrite& row) {
 }
 
 bool CustomersTab::BeginCustomer(RowWrite& row, SaveState& state) {
-  std::int32_t Acct = 0;
+  std::int32_t acct = 0;
   if (CardHasGone(state)) return false;
-  if (!row.Must([&] { Acct = platform::CLng(CardKey()); }) || !StandOnCustomer(row, state, Acct)) return false;
-  state.Position = "[AcctNum]=" + std::to_string(Acct);
+  if (!row.Must([&] { acct = platform::CLng(CardKey()); }) || !StandOnCustomer(row, state, acct)) return false;
+  state.Position = "[AcctNum]=" + std::to_string(acct);
   if (!c.optLaborRate[2].Value()) {
-    AskAboutLaborRates(row.Reports(), state, Acct);
+    AskAboutLaborRates(row.Reports(), state, acct);
     // The question and the yields behind it may have moved the table.
-    if (CardHasGone(state) || !StandOnCustomer(row, state, Acct)) return false;
+    if (CardHasGone(state) || !StandOnCustomer(row, state, acct)) return false;
   }
   row.Must([] { rsCustomers->Edit(); });
   return true;
@@ -227,14 +227,14 @@ void CustomersTab::BackInList(const SaveState& state, bool records) {
 }
 
 bool CustomersTab::MayDelete(ResumeNext& on, DeleteState& state) {
-  std::string Acct;
-  on([&] { Acct = std::to_string(LongOf(Rows(), "AcctNum")); });
-  if (CountTransactions(s.App(), on, Acct) > 0) {
+  std::string acct;
+  on([&] { acct = std::to_string(LongOf(Rows(), "AcctNum")); });
+  if (CountTransactions(s.App(), on, acct) > 0) {
     Refuse(state.Title,
-           "Accounts Receivable Transactions exist for Customer Account No. " + Acct + " exist.  This Customer can not be deleted!");
+           "Accounts Receivable Transactions exist for Customer Account No. " + acct + " exist.  This Customer can not be deleted!");
     return false;
   }
-  state.Position = "[AcctNum]>=" + Acct;
+  state.Position = "[AcctNum]>=" + acct;
   return true;
 }
 

@@ -93,9 +93,9 @@ class KeyWordsTab final : public AssignmentTab {
     const Search assigned = Find(on, rsLookups, "ByWord", Word());
     if (assigned == Search::Failed) return false;
     if (assigned == Search::Found) {
-      std::string Keyword;
-      on([&] { Keyword = TextOf(Rows(), "Keyword"); });
-      Refuse(state.Title, "One or more customers have been assigned key word '" + Keyword +
+      std::string keyword;
+      on([&] { keyword = TextOf(Rows(), "Keyword"); });
+      Refuse(state.Title, "One or more customers have been assigned key word '" + keyword +
                               "'.  You can not delete a key word if it has been assigned to a customer.");
       return false;
     }
@@ -129,12 +129,12 @@ class KeyWordsTab final : public AssignmentTab {
     }
     // The word is asked of the customer types' list, which has no such field: the report names the failure, the box stays
     // empty. Support knows a vanished key word by just that pair.
-    std::string Message;
+    std::string message;
     on([&] {
-      Message = "The edited key word can no longer be found (Key Word " + TextOf(s.data[tab::CustomerTypes].Recordset(), "Keyword") +
+      message = "The edited key word can no longer be found (Key Word " + TextOf(s.data[tab::CustomerTypes].Recordset(), "Keyword") +
                 ").  The key word changes made can not be saved!";
     });
-    Refuse(state.Title, Message);
+    Refuse(state.Title, message);
     return false;
   }
 

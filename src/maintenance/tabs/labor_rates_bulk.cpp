@@ -21,31 +21,31 @@ void LaborRatesTab::optAllDept_Click(int Index) { cmdAddAllDepts.Caption(Index =
 
 void LaborRatesTab::cmdAddAllDepts_Click() {
   ResumeNext on("frmCustMain.cmdAddAllDepts_Click");
-  bool Departmental = false;
-  on([&] { Departmental = IsDepartmental(); });
-  if (!Departmental) return;
+  bool departmental = false;
+  on([&] { departmental = IsDepartmental(); });
+  if (!departmental) return;
   // The customer and the list that the user sees now; a yield may show others.
-  std::int32_t Acct = 0;
-  if (!on([&] { Acct = LongOf(Customer(), "AcctNum"); })) return;
+  std::int32_t acct = 0;
+  if (!on([&] { acct = LongOf(Customer(), "AcctNum"); })) return;
   const platform::RecordsetRef Rates = Rows();
-  const int Card = s.mCardNumber;
+  const int card = s.mCardNumber;
   cmdAddAllDepts.Enabled(false);
   s.App().MousePointer(platform::pointer::Hourglass);
   s.App().DoEvents();
 
-  std::string Remembered = FixedDept("");
-  const bool Stands = on([&] {
-    if (Rates->HasRows()) Remembered = FixedDept(TextOf(Rates, "Dept"));
+  std::string remembered = FixedDept("");
+  const bool stands = on([&] {
+    if (Rates->HasRows()) remembered = FixedDept(TextOf(Rates, "Dept"));
   });
   if (txtAdjustAllDept.Text().empty()) txtAdjustAllDept.Value(0.0);
 
-  bool Done = Stands;
+  bool done = stands;
   if (optAllDept[0].Value())
-    AddAllDepartments(on, Acct);
-  else if (Stands)
-    Done = ApplyAdjustment(on, Rates);
-  if (Done) StandOnDepartment(on, Remembered);
-  s.KeepCard(*this, Card);
+    AddAllDepartments(on, acct);
+  else if (stands)
+    done = ApplyAdjustment(on, Rates);
+  if (done) StandOnDepartment(on, remembered);
+  s.KeepCard(*this, card);
 
   cmdAddAllDepts.Enabled(true);
   s.App().MousePointer(platform::pointer::Default);
@@ -54,11 +54,11 @@ void LaborRatesTab::cmdAddAllDepts_Click() {
 
 /// One statement, run where the departments lie. A department that the customer has already is left out by the table's key.
 void LaborRatesTab::AddAllDepartments(ResumeNext& on, std::int32_t Acct) {
-  const std::string SQL = "INSERT INTO CustLaborRates ( AcctNum, Dept, Adjustment )" + InFile(gCustomerPath) + " SELECT " +
+  const std::string sql = "INSERT INTO CustLaborRates ( AcctNum, Dept, Adjustment )" + InFile(gCustomerPath) + " SELECT " +
                           std::to_string(Acct) + " AS AcctNum, Departments.DeptNumber, " + platform::CStr(txtAdjustAllDept.Value()) +
                           " AS Adjustment FROM Departments;";
-  bool ErrorFlag = false;
-  ExecuteSQLStmt(dbGL, SQL, false, ErrorFlag);
+  bool errorFlag = false;
+  ExecuteSQLStmt(dbGL, sql, false, errorFlag);
   s.App().DoEvents();
   on([&] { List().Refresh(); });
 }
@@ -71,32 +71,32 @@ bool LaborRatesTab::ApplyAdjustment(ResumeNext& on, const platform::RecordsetRef
                    platform::box::Information + platform::box::OkOnly, cmdAddAllDepts.Caption());
     return false;
   }
-  const double Adjustment = txtAdjustAllDept.Value();
-  bool More = on([&] { Rates->MoveFirst(); });
-  while (More) {
+  const double adjustment = txtAdjustAllDept.Value();
+  bool more = on([&] { Rates->MoveFirst(); });
+  while (more) {
     RowWrite row(on);
     row.Must([&] { Rates->Edit(); });
-    row([&] { Rates->SetField("Adjustment", Adjustment); });
+    row([&] { Rates->SetField("Adjustment", adjustment); });
     if (row.Going()) UpdateOrDrop(on, Rates);
-    More = on([&] { Rates->MoveNext(); });
+    more = on([&] { Rates->MoveNext(); });
     s.App().DoEvents();
-    if (More && !on([&] { More = !Rates->Eof(); })) return false;
+    if (more && !on([&] { more = !Rates->Eof(); })) return false;
   }
   return true;
 }
 
 void LaborRatesTab::StandOnDepartment(ResumeNext& on, const std::string& Dept) {
   const platform::RecordsetRef Rs = Rows();
-  bool Records = false;
-  on([&] { Records = Rs->HasRows(); });
-  if (!Records) return;
-  bool Found = false;
+  bool records = false;
+  on([&] { records = Rs->HasRows(); });
+  if (!records) return;
+  bool found = false;
   if (Dept != FixedDept(""))
     on([&] {
       Rs->FindFirst("[Dept]='" + Dept + "'");
-      Found = !Rs->NoMatch();
+      found = !Rs->NoMatch();
     });
-  if (!Found) on([&] { Rs->MoveFirst(); });
+  if (!found) on([&] { Rs->MoveFirst(); });
 }
 
 }  // namespace orcussch

@@ -88,9 +88,9 @@ void LaborRatesTab::Loading() {
 }
 
 bool LaborRatesTab::Add(ResumeNext& on) {
-  bool Departmental = false;
-  on([&] { Departmental = IsDepartmental(); });
-  if (!Departmental) return false;
+  bool departmental = false;
+  on([&] { departmental = IsDepartmental(); });
+  if (!departmental) return false;
   on([&] { s.DataDepts.Refresh(); });
   EmptyCombo(cboDepts);
   mFields.Clear(on);
@@ -112,19 +112,19 @@ void LaborRatesTab::Edit(ResumeNext& on) {
 }
 
 bool LaborRatesTab::Save(ResumeNext& on, SaveState& state) {
-  const std::string Bound = BoundText(cboDepts);
-  if (!Passes(state, {{Bound.empty(), "You must select a department!", &cboDepts}})) return false;
-  std::string Dept = FixedDept(Bound);
-  if (!Adding()) on([&] { Dept = FixedDept(platform::CStr(platform::Concat("", CardKey()))); });
+  const std::string bound = BoundText(cboDepts);
+  if (!Passes(state, {{bound.empty(), "You must select a department!", &cboDepts}})) return false;
+  std::string dept = FixedDept(bound);
+  if (!Adding()) on([&] { dept = FixedDept(platform::CStr(platform::Concat("", CardKey()))); });
 
-  const Search search = Find(on, rsCustLaborRates, "PrimaryKey", [&] { return Keys{Owner(), Bound}; });
+  const Search search = Find(on, rsCustLaborRates, "PrimaryKey", [&] { return Keys{Owner(), bound}; });
   if (search == Search::Failed) return false;
   if (Adding() && search == Search::Found) {
-    Refuse(state.Title, "The current customer already has a labor rate for department no. " + Bound + "!");
+    Refuse(state.Title, "The current customer already has a labor rate for department no. " + bound + "!");
     return false;
   }
   if (!Adding() && search == Search::Missing) {
-    Refuse(state.Title, "The edited deparment labor rate record can no longer be found (Department No.  " + Dept +
+    Refuse(state.Title, "The edited deparment labor rate record can no longer be found (Department No.  " + dept +
                             ").  The labor rate changes made can not be saved!");
     return false;
   }
@@ -138,7 +138,7 @@ bool LaborRatesTab::Save(ResumeNext& on, SaveState& state) {
   }
   mFields.Write(row, rsCustLaborRates);
   row.Must([] { rsCustLaborRates->Update(); });
-  state.Position = "[Dept]='" + Dept + "'";
+  state.Position = "[Dept]='" + dept + "'";
   return true;
 }
 
@@ -151,14 +151,14 @@ void LaborRatesTab::DeptChange() {
   Trap("frmCustMain.DeptChange", [this] {
     txtDeptNo.Text("");
     txtDeptRate.Value(Currency{0});
-    const std::string Bound = BoundText(cboDepts);
-    if (!Bound.empty() && HasRecords(s.DataDepts)) {
-      const platform::RecordsetRef Rs = s.DataDepts.Recordset();
-      Rs->FindFirst("[DeptNumber]='" + Bound + "'");
-      if (!Rs->NoMatch()) {
-        txtDeptNo.Text(Bound + " - " + cboDepts.Text());
-        const platform::Value Rate = Rs->Field("DefaultLaborRate");
-        txtDeptRate.Value(Rate.IsNull() ? Currency{0} : platform::CCur(Rate));
+    const std::string bound = BoundText(cboDepts);
+    if (!bound.empty() && HasRecords(s.DataDepts)) {
+      const platform::RecordsetRef rs = s.DataDepts.Recordset();
+      rs->FindFirst("[DeptNumber]='" + bound + "'");
+      if (!rs->NoMatch()) {
+        txtDeptNo.Text(bound + " - " + cboDepts.Text());
+        const platform::Value rate = rs->Field("DefaultLaborRate");
+        txtDeptRate.Value(rate.IsNull() ? Currency{0} : platform::CCur(rate));
       }
     }
     ShowAdjustedRate();
@@ -174,9 +174,9 @@ void LaborRatesTab::txtRateAdjustment_Change() {
 
 /// The product is formed in double precision, the quotient becomes currency and is added as currency.
 void LaborRatesTab::ShowAdjustedRate() {
-  const Currency Rate = txtDeptRate.Value();
-  const Currency Part = platform::CCur(platform::CDbl(Rate) * txtRateAdjustment.Value() / 100);
-  txtDeptAdjustRate.Value(Rate + Part);
+  const Currency rate = txtDeptRate.Value();
+  const Currency part = platform::CCur(platform::CDbl(rate) * txtRateAdjustment.Value() / 100);
+  txtDeptAdjustRate.Value(rate + part);
 }
 
 std::string LaborRatesTab::FixedDept(const std::string& number) { return platform::Left(number + "   ", 3); }

@@ -65,9 +65,9 @@ class PhonesTab final : public RecordTab {
   bool Add(ResumeNext& on) override {
     mFields.Clear(on);
     // A customer's first phone proposes itself as the default.
-    bool First = false;
-    on([&] { First = Rows()->RecordCount() == 0; });
-    chkDefaultPhone.Value(First ? 1 : 0);
+    bool first = false;
+    on([&] { first = Rows()->RecordCount() == 0; });
+    chkDefaultPhone.Value(first ? 1 : 0);
     return true;
   }
 
@@ -90,8 +90,8 @@ class PhonesTab final : public RecordTab {
   }
 
   bool MayDelete(ResumeNext& on, DeleteState& state) override {
-    const std::int32_t Id = NumberToDelete(on, state);
-    if (IsDefault(on, "DefaultPhoneNumber", Id)) state.Repairs[0] = {true, "DefaultPhoneNumber"};
+    const std::int32_t id = NumberToDelete(on, state);
+    if (IsDefault(on, "DefaultPhoneNumber", id)) state.Repairs[0] = {true, "DefaultPhoneNumber"};
     return true;
   }
 
@@ -102,13 +102,13 @@ class PhonesTab final : public RecordTab {
   void ShowType(ResumeNext& on, const platform::RecordsetRef& Row) {
     EmptyCombo(cboPhoneTypes);
     const platform::DataControl& types = s.DataPhoneTypes;
-    bool Found = false;
+    bool found = false;
     on([&] {
       if (!HasRecords(types)) return;
       types.Recordset()->FindFirst("[Type]='" + TextOf(Row, "Type") + "'");
-      Found = !types.Recordset()->NoMatch();
+      found = !types.Recordset()->NoMatch();
     });
-    if (!Found) return;
+    if (!found) return;
     on([&] { cboPhoneTypes.BoundValue(types.Recordset()->Field("Type")); });
     on([&] { cboPhoneTypes.Text(TextOf(types.Recordset(), "TypeDescription")); });
   }

@@ -1,7 +1,5 @@
 #include "setup/tax/frmTaxSetup.h"
 
-#include <utility>
-
 #include "maintenance/frmCustMain.h"
 #include "platform/values/convert.h"
 #include "session/ModCustSch.h"
@@ -109,9 +107,9 @@ void frmTaxSetup::SQLData(int Index) {
     App().MousePointer(platform::pointer::Hourglass);
     TaxTab& tab = Record(Index);
     const bool filtered = Index == taxtab::Rates;
-    const int LeftCol = tab.list.grid.LeftCol(0);
+    const int leftCol = tab.list.grid.LeftCol(0);
     tab.list.Open(tab.Select() + (filtered ? RateWhere : "") + tab.list.OrderBy());
-    if (filtered && SSIndexTab1.Tab() == taxtab::Rates) tab.list.grid.LeftCol(0, LeftCol);
+    if (filtered && SSIndexTab1.Tab() == taxtab::Rates) tab.list.grid.LeftCol(0, leftCol);
     App().MousePointer(platform::pointer::Default);
   });
 }
@@ -142,9 +140,9 @@ void frmTaxSetup::grid_BeforeColUpdate(int Index, int ColIndex, const platform::
   TaxTab& tab = Record(Index);
   platform::Grid& list = tab.list.grid;
   const platform::GridColumn& column = list.Column(ColIndex);
-  std::string V;
-  on([&] { V = platform::Trim(platform::CStr(platform::Concat("", list.ColumnValue(ColIndex)))); });
-  const std::string stem = V.empty() ? EmptyRefusal(column.dataField) : "";
+  std::string v;
+  on([&] { v = platform::Trim(platform::CStr(platform::Concat("", list.ColumnValue(ColIndex)))); });
+  const std::string stem = v.empty() ? EmptyRefusal(column.dataField) : "";
   if (stem.empty()) {
     Cancel = !on([&] { tab.TryField(column.dataField, list.ColumnValue(ColIndex)); });
     return;

@@ -46,10 +46,10 @@ void TaxClassRow::Load(const platform::RecordsetRef& row) {
   txtGlTax.Text(kNoAccount);
   // The row's own name goes, from the messages too, until the screen is closed: users know it so.
   lblGLTax.Caption("");
-  std::string GLDesc;
-  if (!IsLiability(account, GLDesc)) return;
+  std::string glDesc;
+  if (!IsLiability(account, glDesc)) return;
   txtGlTax.Text(account.GLAcct + account.GLDept);
-  lblGLTaxDesc.Caption(GLDesc);
+  lblGLTaxDesc.Caption(glDesc);
 }
 
 bool TaxClassRow::Complete() {
@@ -62,8 +62,8 @@ bool TaxClassRow::Complete() {
     txtGlTax.Text(kNoAccount);
     return true;
   }
-  std::string GLDesc;
-  if (platform::Val(txtGlTax.Text()) != 0 && IsLiability(SplitAccount(txtGlTax.Text()), GLDesc)) return true;
+  std::string glDesc;
+  if (platform::Val(txtGlTax.Text()) != 0 && IsLiability(SplitAccount(txtGlTax.Text()), glDesc)) return true;
   s.Tell(
       "You must enter or select a valid " + lblGLTax.Caption() + " G/L Liability Account No.! in Accounting Year: " + s.txtActgYear.Text(),
       "Save Record");
@@ -81,10 +81,10 @@ void TaxClassRow::txtGlTax_LostFocus() {
   Trap("frmARSetup.txtGlTax_LostFocus", [this] {
     if (platform::Val(txtGlTax.Text()) == 0) return lblGLTaxDesc.Caption("");
     const LedgerAccount account = SplitAccount(txtGlTax.Text());
-    std::string GLDesc;
-    if (IsLiability(account, GLDesc)) {
+    std::string glDesc;
+    if (IsLiability(account, glDesc)) {
       txtGlTax.Text(account.GLAcct + account.GLDept);
-      lblGLTaxDesc.Caption(GLDesc);
+      lblGLTaxDesc.Caption(glDesc);
       return;
     }
     s.App().MsgBox(lblGLTax.Caption() + " No. " + txtGlTax.DisplayText() + " is not a valid G/L Liability Account in Accounting Year " +

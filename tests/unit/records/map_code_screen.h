@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/controls/data_control.h"
@@ -45,10 +47,14 @@ class frmCodes final : public platform::Screen, public orcussch::RecordOperation
    public:
     explicit Codes(frmCodes& screen) : RecordKind(screen, screen.DataCodes, "RecordID"), s(screen) {}
     bool Add(orcussch::ResumeNext& on) override {
+      Prepare();
       fields.Clear(on);
       return true;
     }
-    void Edit(orcussch::ResumeNext& on) override { fields.Load(on, Rows()); }
+    void Edit(orcussch::ResumeNext& on) override {
+      Prepare();
+      fields.Load(on, Rows());
+    }
     bool Save(orcussch::ResumeNext& on, orcussch::SaveState& state) override {
       if (!Passes(state, {{txtMapCode.Text().empty(), "A code is needed!", &txtMapCode}})) return false;
       orcussch::RowWrite row(on);
@@ -66,7 +72,14 @@ class frmCodes final : public platform::Screen, public orcussch::RecordOperation
       return true;
     }
 
+    /// What the user does, once, in a yield while a card is prepared.
+    std::function<void()> preparing;
+
    private:
+    void Prepare() {
+      if (const auto act = std::exchange(preparing, nullptr)) act();
+    }
+
     frmCodes& s;
 
    public:

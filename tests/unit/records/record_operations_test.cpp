@@ -156,6 +156,20 @@ TEST_F(RecordOperationsTest, TheRowThatIsBeingDeletedIsNotEdited) {
   EXPECT_THAT(Reports(), ElementsAre("codes.Edit"));
 }
 
+TEST_F(RecordOperationsTest, ACardThatIsOpenedWhileAnotherIsPreparedStaysUp) {
+  screen->kind.preparing = [this] { screen->RecordEdit(); };
+  screen->RecordAdd();
+  EXPECT_EQ(screen->mCardNumber, 1);
+  EXPECT_THAT(screen->did, ElementsAre("busy", "busy", "card keys", "card", "ready", "ready"));
+  screen->RecordCancel();
+  screen->did.clear();
+  const int closed = screen->mCardNumber;
+  screen->kind.preparing = [this] { screen->RecordAdd(); };
+  screen->RecordEdit();
+  EXPECT_EQ(screen->mCardNumber, closed + 1);
+  EXPECT_THAT(screen->did, ElementsAre("busy", "busy", "card keys", "card", "ready", "ready"));
+}
+
 TEST_F(RecordOperationsTest, ACancelAsks) {
   screen->RecordEdit();
   frontEnd->answer = platform::box::No;

@@ -63,6 +63,19 @@ TEST_F(TaxSetupTest, WithoutAPickerOfAccountsNothingHappens) {
   EXPECT_THAT(Boxes(), testing::IsEmpty());
 }
 
+// The price book's file is closed again, so that other programs may have it alone.
+TEST_F(TaxSetupTest, ThePriceBookIsOpenOnlyWhileItIsAsked) {
+  frontEnd->answer = platform::box::Yes;
+  ServeTaxes([&](frmTaxSetup& screen) {
+    const int open = app->Engine().WorkspaceAt(0)->DatabaseCount();
+    screen.SSIndexTab1.UserClick(orcussch::taxtab::Rates);
+    Press(screen, "tb_DeleteRec");
+    EXPECT_FALSE(screen.rates.list.HasRows()) << "the rate was asked about and deleted";
+    EXPECT_EQ(app->Engine().WorkspaceAt(0)->DatabaseCount(), open);
+  });
+  EXPECT_THAT(Reports(), testing::IsEmpty());
+}
+
 TEST_F(TaxSetupTest, AFileThatCanOnlyBeReadIsToldAtEverySaveAndDeletion) {
   constexpr int kReadOnly = 3027;
   ServeTaxes([](frmTaxSetup&) {});  // the first session writes what every later one finds

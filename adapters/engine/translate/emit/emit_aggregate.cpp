@@ -12,7 +12,6 @@ std::optional<Emitted> Emitter::EmitAggregate(const sql::Call& call) {
   if (!aggregatesAllowed_ || insideAggregate_) {
     throw errors::AggregateInExpression(sql::Print(sql::Expression{.node = call, .span = {}}));
   }
-  sawAggregate_ = true;
   insideAggregate_ = true;
   Emitted result = AggregateOf(platform::ToLowerAscii(call.name), call);
   insideAggregate_ = false;

@@ -1,4 +1,3 @@
-#include <algorithm>
 
 #include "engine/errors.h"
 #include "engine/text/like.h"

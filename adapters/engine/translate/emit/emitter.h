@@ -32,7 +32,6 @@ class Emitter {
 
   /// Calls of Max, Count and the like are refused unless allowed.
   void AllowAggregates() { aggregatesAllowed_ = true; }
-  bool SawAggregate() const { return sawAggregate_; }
   /// The first field outside any aggregate, "" if there was none.
   const std::string& PlainField() const { return plainField_; }
 
@@ -83,7 +82,6 @@ class Emitter {
   CallErrors callErrors_;
   bool aggregatesAllowed_ = false;
   bool insideAggregate_ = false;
-  bool sawAggregate_ = false;
   std::string plainField_;
 };
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <initializer_list>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>

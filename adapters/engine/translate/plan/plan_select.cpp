@@ -1,4 +1,3 @@
-#include <string>
 
 #include "engine/errors.h"
 #include "engine/sql/lexer.h"

@@ -4,69 +4,26 @@
 #include <set>
 #include <utility>
 
-#include "engine/text/text_order.h"
+#include "unit/engine/cursor/query_lists.h"
 #include "unit/engine/support/engine_fixture.h"
 #include "unit/engine/support/office_files.h"
 
 namespace {
 
-using platform::FieldType;
 using platform::RecordsetRef;
 using platform::Value;
-
-struct Customer {
-  std::int32_t account = 0;
-  std::string name;
-  std::string state;
-  std::int32_t points = 0;
-};
-struct Phone {
-  std::int32_t account = 0;
-  std::string area;
-};
-struct Word {
-  std::int32_t account = 0;
-  std::string text;
-};
-struct Sale {
-  std::int32_t account = 0;
-  std::string type;
-  std::string number;
-};
-
-constexpr std::int32_t kCustomers = 5'003;
+using query_lists::Company;
+using query_lists::Customer;
+using query_lists::Part;
+using query_lists::Parts;
+using query_lists::Same;
+using query_lists::StatementOf;
+using query_lists::Word;
 
 class QueryLists : public EngineFolderTest, public testing::WithParamInterface<std::int64_t> {
  protected:
   QueryLists() {
-    Invent();
-    office_files::Create(Path("customer.zdb"),
-                         {{"Customers",
-                           {Field("AcctNum", FieldType::Counter), TextField("LastName", 20), TextField("State", 2), Field("Points", FieldType::Long)},
-                           {{"ByAcct", {"AcctNum"}, true, true}, {"xLastName", {"LastName"}, false, false}, {"xState", {"State", "LastName"}, false, false}}},
-                          {"Phones",
-                           {Field("RecordID", FieldType::Counter), Field("AcctNum", FieldType::Long), TextField("Area", 3)},
-                           {{"PrimaryKey", {"RecordID"}, true, true}, {"xCustomer", {"AcctNum"}, false, false}, {"xArea", {"Area", "AcctNum"}, false, false}}},
-                          {"Lookups",
-                           {Field("AcctNum", FieldType::Long), TextField("Text", 20)},
-                           {{"ByAcct", {"AcctNum", "Text"}, true, false}, {"xWord", {"Text", "AcctNum"}, false, false}}}});
-    office_files::Create(Path("artrans.zdb"),
-                         {{"Transactions",
-                           {Field("AcctNum", FieldType::Long), TextField("TranType", 1), TextField("InvChkCredNo", 15)},
-                           {{"xCustomer", {"AcctNum"}, false, false}, {"xNumber", {"InvChkCredNo"}, false, false}}}});
-    std::vector<std::vector<Value>> rows;
-    for (const Customer& one : customers_)
-      rows.push_back({Value(one.account), one.name.empty() ? Value(platform::Null) : Value(one.name), Value(one.state), Value(one.points)});
-    office_files::AddRows(Path("customer.zdb"), "Customers", {"AcctNum", "LastName", "State", "Points"}, rows);
-    rows.clear();
-    for (const Phone& one : phones_) rows.push_back({Value(one.account), Value(one.area)});
-    office_files::AddRows(Path("customer.zdb"), "Phones", {"AcctNum", "Area"}, rows);
-    rows.clear();
-    for (const Word& one : words_) rows.push_back({Value(one.account), Value(one.text)});
-    office_files::AddRows(Path("customer.zdb"), "Lookups", {"AcctNum", "Text"}, rows);
-    rows.clear();
-    for (const Sale& one : sales_) rows.push_back({Value(one.account), Value(one.type), Value(one.number)});
-    office_files::AddRows(Path("artrans.zdb"), "Transactions", {"AcctNum", "TranType", "InvChkCredNo"}, rows);
+    company_.Create(Path("customer.zdb"), Path("artrans.zdb"));
     engine::EngineOptions options;
     options.exactRows = GetParam();
     options.readAheadTrust = 0;
@@ -76,106 +33,6 @@ class QueryLists : public EngineFolderTest, public testing::WithParamInterface<s
     link.Connect = ";DATABASE=" + Path("artrans.zdb");
     link.SourceTableName = "Transactions";
     db_->AppendTableDef(link);
-  }
-
-  // Common and rare of everything, names that many share, rows without a customer and several that fit alike.
-  void Invent() {
-    const auto below = [this](int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); };
-    for (std::int32_t account = 1; account <= kCustomers; ++account) {
-      Customer one{account, "", below(3) == 0 ? "MN" : below(40) == 0 ? "ND" : "WI", below(1'000)};
-      const int kind = below(12);
-      if (kind > 0) one.name = std::string(1, static_cast<char>((kind % 2 == 0 ? 'a' : 'A') + below(26))) + (kind < 4 ? "smith" : kind < 6 ? "SMITHE" : "x" + std::to_string(below(900)));
-      customers_.push_back(one);
-      for (int i = below(3); i > 0; --i) phones_.push_back({account, below(10) == 0 ? "612" : below(200) == 0 ? "701" : "651"});
-      for (const char* word : {"Boiler", "Pool", "VIP"})
-        if (below(word[0] == 'B' ? 3 : word[0] == 'P' ? 40 : 900) == 0) words_.push_back({account, word});
-      for (int i = below(4); i > 0; --i) sales_.push_back({account, i == 2 ? "P" : "I", std::to_string(1000 + below(i == 3 ? 3 : 4'000))});
-    }
-    phones_.push_back({kCustomers + 5, "612"});
-    phones_.insert(phones_.begin(), {0, "701"});
-    sales_.push_back({kCustomers + 6, "I", "1000"});
-  }
-
-  struct Part {
-    std::string table;      // "" for the customers
-    std::string condition;
-    std::function<bool(const Customer&)> own{};
-    std::function<bool(const Phone&)> phone{};
-    std::function<bool(const Word&)> word{};
-    std::function<bool(const Sale&)> sale{};
-  };
-
-  static bool Same(const std::string& left, const std::string& right) { return engine::CompareText(left, right) == 0; }
-
-  // Conditions as the query screen writes them.
-  static std::vector<Part> Parts() {
-    return {
-        {.table = "", .condition = "(Customers.LastName Like 'S*')", .own = [](const Customer& one) { return !one.name.empty() && (one.name[0] == 's' || one.name[0] == 'S'); }},
-        {.table = "", .condition = "(Customers.LastName Like '*smith*')",
-         .own = [](const Customer& one) { return one.name.find("smith") != std::string::npos || one.name.find("SMITH") != std::string::npos; }},
-        {.table = "", .condition = "(Customers.State = 'mn')", .own = [](const Customer& one) { return one.state == "MN"; }},
-        {.table = "", .condition = "(Customers.State Like 'N*')", .own = [](const Customer& one) { return one.state == "ND"; }},
-        {.table = "", .condition = "(Customers.Points>=500)", .own = [](const Customer& one) { return one.points >= 500; }},
-        {.table = "", .condition = "(Customers.Points=7)", .own = [](const Customer& one) { return one.points == 7; }},
-        {.table = "", .condition = "(Customers.Points<0)", .own = [](const Customer& one) { return one.points < 0; }},
-        {.table = "Phones", .condition = "(Phones.Area Like '6*')", .phone = [](const Phone& one) { return one.area[0] == '6'; }},
-        {.table = "Phones", .condition = "(Phones.Area Like '612*')", .phone = [](const Phone& one) { return one.area == "612"; }},
-        {.table = "Phones", .condition = "(Phones.Area Like '*01')", .phone = [](const Phone& one) { return one.area == "701"; }},
-        {.table = "Lookups", .condition = "(Lookups.Text = 'boiler')", .word = [](const Word& one) { return one.text == "Boiler"; }},
-        {.table = "Lookups", .condition = "(Lookups.Text = 'VIP')", .word = [](const Word& one) { return one.text == "VIP"; }},
-        {.table = "Lookups", .condition = "(Lookups.Text = 'VIP' OR Lookups.Text = 'Pool')",
-         .word = [](const Word& one) { return one.text == "VIP" || one.text == "Pool"; }},
-        {.table = "Transactions", .condition = "(Transactions.TranType<>'P') And (Transactions.InvChkCredNo = '1000')",
-         .sale = [](const Sale& one) { return one.type != "P" && one.number == "1000"; }},
-        {.table = "Transactions", .condition = "(Transactions.TranType='P') And (Transactions.InvChkCredNo = '1077')",
-         .sale = [](const Sale& one) { return one.type == "P" && one.number == "1077"; }},
-        {.table = "Transactions", .condition = "(Transactions.TranType<>'P')", .sale = [](const Sale& one) { return one.type != "P"; }},
-    };
-  }
-
-  // The joined row must meet every condition on its table at once.
-  bool Fits(const Customer& one, const std::vector<Part>& parts) const {
-    const auto any = [&](const std::string& table, const auto& rows, auto member) {
-      std::vector<const Part*> of;
-      for (const Part& part : parts)
-        if (part.table == table) of.push_back(&part);
-      if (of.empty()) return true;
-      auto row = std::ranges::partition_point(rows, [&](const auto& each) { return each.account < one.account; });
-      for (; row != rows.end() && row->account == one.account; ++row)
-        if (std::ranges::all_of(of, [&](const Part* part) { return ((*part).*member)(*row); })) return true;
-      return false;
-    };
-    for (const Part& part : parts)
-      if (part.table.empty() && !part.own(one)) return false;
-    return any("Phones", phones_, &Part::phone) && any("Lookups", words_, &Part::word) && any("Transactions", sales_, &Part::sale);
-  }
-
-  static std::string StatementOf(const std::vector<Part>& parts, bool descending) {
-    std::vector<std::string> tables;
-    std::string where;
-    for (const Part& part : parts) {
-      where += (where.empty() ? " WHERE " : " AND ") + part.condition;
-      if (!part.table.empty() && std::ranges::find(tables, part.table) == tables.end()) tables.push_back(part.table);
-    }
-    std::string from = "Customers";
-    for (std::size_t i = 0; i < tables.size(); ++i)
-      from = (i == 0 ? from : '(' + from + ')') + " INNER JOIN " + tables[i] + " ON Customers.AcctNum = " + tables[i] + ".AcctNum";
-    return "Select DISTINCTROW Customers.* FROM " + from + where + " ORDER BY LastName" + (descending ? " DESC;" : ";");
-  }
-
-  std::vector<std::int32_t> Expected(const std::vector<Part>& parts, bool descending) const {
-    std::vector<const Customer*> fits;
-    for (const Customer& one : customers_)
-      if (Fits(one, parts)) fits.push_back(&one);
-    std::ranges::sort(fits, [](const Customer* left, const Customer* right) {
-      const int order = engine::CompareText(left->name, right->name);
-      if (left->name.empty() != right->name.empty()) return left->name.empty();
-      return order != 0 ? order < 0 : left->account < right->account;
-    });
-    if (descending) std::ranges::reverse(fits);
-    std::vector<std::int32_t> accounts;
-    for (const Customer* one : fits) accounts.push_back(one->account);
-    return accounts;
   }
 
   RecordsetRef Open(const std::string& statement) { return db_->OpenRecordset(statement, platform::RecordsetType::Dynaset); }
@@ -214,7 +71,7 @@ class QueryLists : public EngineFolderTest, public testing::WithParamInterface<s
   }
 
   void CheckSearches(const RecordsetRef& rows, const std::vector<std::int32_t>& wanted) {
-    const auto name = [&](std::int32_t account) { return customers_[static_cast<std::size_t>(account) - 1].name; };
+    const auto name = [&](std::int32_t account) { return company_.Of(account).name; };
     const auto check = [&](const std::string& criterion, const std::function<bool(std::int32_t)>& fits) {
       SCOPED_TRACE(criterion);
       std::vector<std::int32_t> hits;
@@ -233,7 +90,7 @@ class QueryLists : public EngineFolderTest, public testing::WithParamInterface<s
     check("LastName Like 'k*'", [&](std::int32_t account) { return starts(account, 'k'); });
     check("[LastName]='ksmith'", [&](std::int32_t account) { return Same(name(account), "ksmith"); });
     check("LastName Like '*77*'", [&](std::int32_t account) { return name(account).find("77") != std::string::npos; });
-    check("[Points]=77", [&](std::int32_t account) { return customers_[static_cast<std::size_t>(account) - 1].points == 77; });
+    check("[Points]=77", [&](std::int32_t account) { return company_.Of(account).points == 77; });
     const std::int32_t there = wanted.empty() ? 1 : wanted[random_() % wanted.size()];
     check("[AcctNum]=" + std::to_string(there), [&](std::int32_t account) { return account == there; });
     check("[AcctNum]=4", [](std::int32_t account) { return account == 4; });
@@ -242,7 +99,7 @@ class QueryLists : public EngineFolderTest, public testing::WithParamInterface<s
   void Check(const std::vector<Part>& parts, bool descending) {
     const std::string statement = StatementOf(parts, descending);
     SCOPED_TRACE(statement);
-    const std::vector<std::int32_t> wanted = Expected(parts, descending);
+    const std::vector<std::int32_t> wanted = company_.Expected(parts, descending);
     nonEmpty_ += wanted.empty() ? 0 : 1;
     ASSERT_EQ(Walked(Open(statement)), wanted);
     const RecordsetRef rows = Open(statement);
@@ -264,10 +121,7 @@ class QueryLists : public EngineFolderTest, public testing::WithParamInterface<s
   }
 
   std::mt19937 random_{20250911};
-  std::vector<Customer> customers_;
-  std::vector<Phone> phones_;
-  std::vector<Word> words_;
-  std::vector<Sale> sales_;
+  Company company_{random_};
   std::unique_ptr<platform::DataEngine> engine_;
   platform::DatabaseRef db_;
   int nonEmpty_ = 0;
@@ -302,12 +156,14 @@ TEST_P(QueryLists, TwoConditionsOnOneTableMustHoldOnOneRow) {
 
 TEST_P(QueryLists, AnOrderWithoutAnIndex) {
   for (const char* condition : {"(Lookups.Text = 'boiler')", "(Lookups.Text = 'VIP')"}) {
-    const auto rows = Open(std::string("Select DISTINCTROW Customers.* FROM Customers INNER JOIN Lookups ON Customers.AcctNum = Lookups.AcctNum WHERE ") +
-                           condition + " ORDER BY Points");
+    const auto rows =
+        Open(std::string("Select DISTINCTROW Customers.* FROM Customers INNER JOIN Lookups ON Customers.AcctNum = Lookups.AcctNum WHERE ") +
+             condition + " ORDER BY Points");
     std::vector<std::pair<std::int32_t, std::int32_t>> wanted;
-    for (const Customer& one : customers_)
-      if (std::ranges::any_of(words_, [&](const Word& word) {
-            return word.account == one.account && Same(word.text, std::string(condition).find("VIP") != std::string::npos ? "VIP" : "Boiler");
+    for (const Customer& one : company_.Customers())
+      if (std::ranges::any_of(company_.Words(), [&](const Word& word) {
+            return word.account == one.account &&
+                   Same(word.text, std::string(condition).find("VIP") != std::string::npos ? "VIP" : "Boiler");
           }))
         wanted.emplace_back(one.points, one.account);
     std::ranges::sort(wanted);
@@ -323,7 +179,7 @@ TEST_P(QueryLists, EditingInTheList) {
     if (part.table.empty()) continue;
     const std::string statement = StatementOf({part}, false);
     SCOPED_TRACE(statement);
-    std::vector<std::int32_t> wanted = Expected({part}, false);
+    std::vector<std::int32_t> wanted = company_.Expected({part}, false);
     if (wanted.size() < 3) continue;
     const RecordsetRef rows = Open(statement);
     const std::int32_t account = wanted[wanted.size() / 2];
@@ -338,15 +194,15 @@ TEST_P(QueryLists, EditingInTheList) {
     EXPECT_EQ(Walked(rows), wanted);
     rows->SetBookmark(mark);
     EXPECT_EQ(rows->Field("LastName"), Value("zzz"));
-    customers_[static_cast<std::size_t>(account) - 1].name = "zzz";
-    EXPECT_EQ(Walked(Open(statement)), Expected({part}, false));
+    company_.Of(account).name = "zzz";
+    EXPECT_EQ(Walked(Open(statement)), company_.Expected({part}, false));
   }
 }
 
 TEST_P(QueryLists, DeletingInTheList) {
   const Part part = Parts()[10];
   const std::string statement = StatementOf({part}, false);
-  std::vector<std::int32_t> wanted = Expected({part}, false);
+  std::vector<std::int32_t> wanted = company_.Expected({part}, false);
   const RecordsetRef rows = Open(statement);
   rows->FindFirst("[AcctNum]=" + std::to_string(wanted[7]));
   rows->Delete();
@@ -361,7 +217,7 @@ TEST_P(QueryLists, DeletingInTheList) {
 TEST_P(QueryLists, OthersWriteWhileTheListIsRead) {
   const Part part = Parts()[10];
   const std::string statement = StatementOf({part}, false);
-  const std::vector<std::int32_t> wanted = Expected({part}, false);
+  const std::vector<std::int32_t> wanted = company_.Expected({part}, false);
   const RecordsetRef rows = Open(statement);
   const auto elsewhere = office_files::NewEngine({});
   const auto other = elsewhere->OpenControlDatabase(Path("customer.zdb"));
@@ -379,7 +235,8 @@ TEST_P(QueryLists, TheWindowsPaintWhileOtherTablesAreAsked) {
   int painted = 0;
   engine_->OnWait([&] { ++painted; });
   const auto rows = Open(
-      "Select DISTINCTROW Customers.* FROM Customers INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum WHERE (Phones.Area Like '*99') ORDER BY LastName");
+      "Select DISTINCTROW Customers.* FROM Customers INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum WHERE (Phones.Area Like "
+      "'*99') ORDER BY LastName");
   EXPECT_TRUE(rows->Eof());
   EXPECT_GT(painted, 0);
 }

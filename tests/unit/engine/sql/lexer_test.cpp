@@ -89,6 +89,7 @@ TEST(Lexer, BadTokensSayWhatIsWrong) {
   EXPECT_EQ(Show("a='It"), "name:a = bad:Syntax error in string .");
   EXPECT_EQ(Show("#__/__/____#"), "bad:Syntax error in date .");
   EXPECT_EQ(Show("#1/1/1999"), "bad:Syntax error in date .");
+  EXPECT_EQ(Show("## b"), "bad:Syntax error in date name:b .");
   EXPECT_EQ(Show("1.2.3"), "bad:Syntax error in number .");
   EXPECT_EQ(Show("1e+"), "bad:Syntax error in number .");
   EXPECT_EQ(Show("1e999"), "bad:Syntax error in number .");

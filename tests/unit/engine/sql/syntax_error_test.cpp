@@ -129,6 +129,8 @@ TEST(SyntaxError, BadExpressionQuotesItsWholeClause) {
   ExpectWhere("Syntax error in date", "a = #__/__/____#");
   ExpectWhere("Syntax error in date", "(a >= #abc#) And b=1");
   ExpectWhere("Syntax error in date", "a = #1999-31-01#");
+  ExpectWhere("Syntax error in date", "a = ##");
+  ExpectStatement(3075, "Syntax error in date in query expression 'a = ##'.", "Select * From T Where a = ## Order By b");
 }
 
 TEST(SyntaxError, ApostropheInAnAddress) {

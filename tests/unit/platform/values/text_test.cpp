@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "platform/values/unicode.h"
 
 namespace platform {
@@ -74,6 +76,16 @@ TEST(Utf8, LengthsOfSequences) {
   EXPECT_TRUE(IsValidUtf8("\U0010FFFF"));
   EXPECT_FALSE(IsValidUtf8("\xF0\x9F\x98"));
   EXPECT_FALSE(IsValidUtf8("\xF8\x88\x80\x80\x80"));
+}
+
+TEST(Utf8, AsciiEndsAtTheHighestBitOfABeginningAndOfARest) {
+  EXPECT_TRUE(IsAscii(""));
+  EXPECT_TRUE(IsAscii("12345678\x7F"));
+  for (const std::string high : {"\x80", "\xC3\xA9"}) {
+    EXPECT_FALSE(IsAscii(high));
+    EXPECT_FALSE(IsAscii("12345678" + high));
+    EXPECT_FALSE(IsAscii(high + "12345678"));
+  }
 }
 
 TEST(Utf8, CountsCharacters) {

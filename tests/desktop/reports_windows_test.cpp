@@ -43,6 +43,7 @@ TEST_F(CatalogueWindow, TheStopIsThereOnlyWhileLabelsAreMade) {
   ASSERT_NE(stop, nullptr);
   EXPECT_FALSE(stop->isVisible());
   screen->cmdStop.Visible(true);
+  window->Changed(&screen->cmdStop, platform::Aspect::Visible);
   EXPECT_TRUE(stop->isVisible());
 }
 

@@ -48,8 +48,7 @@ bool WritePages(const ExportedList& list, ExportRows& rows, const std::string& p
   ListRows texts(list, rows);
   const ReportDefinition report = ListReport(list, texts.Figures());
   const TextRules rules{[](std::string_view left, std::string_view right) { return left.compare(right); }, {}};
-  const RunFacts facts{{}, "", list.title};
-  ExpressionValues values(report, texts.Fields(), rules, facts);
+  ExpressionValues values(report, texts.Fields(), rules, {}, "");
   PageSpool pages;
   ReportLayout layout(report, values, texts, fonts, pages);
   while (layout.Advance()) continue;

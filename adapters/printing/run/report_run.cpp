@@ -37,10 +37,6 @@ std::string SelectionInWords(const ReportDefinition& report, const platform::Rep
   return "All customers";
 }
 
-RunFacts FactsOf(const ReportDefinition& report, const platform::ReportJob& job, const DataServices& data) {
-  return {data.today, SelectionInWords(report, job, data), report.title};
-}
-
 RowRequest RequestOf(const platform::ReportJob& job) { return {job.DataFiles, job.SortFields, job.SelectionFormula}; }
 
 void ExportRows(const ReportDefinition& report, ExpressionValues& values, RowSource& rows, DetailSink& sink, const Progress& progress) {
@@ -54,9 +50,9 @@ void ExportRows(const ReportDefinition& report, ExpressionValues& values, RowSou
 ReportRun::ReportRun(const platform::ReportJob& job, RunServices services, const TextMeasure& measure)
     : services_(std::move(services)),
       report_(Load(job, services_)),
-      facts_(FactsOf(report_, job, services_.data)),
+      selection_(SelectionInWords(report_, job, services_.data)),
       rows_(std::make_unique<KeptRows>(OpenReportRows(report_, RequestOf(job), services_.data))),
-      values_(std::make_unique<ExpressionValues>(report_, rows_->Fields(), services_.data.text, facts_)),
+      values_(std::make_unique<ExpressionValues>(report_, rows_->Fields(), services_.data.text, services_.data.today, selection_)),
       layout_(std::make_unique<ReportLayout>(report_, *values_, *rows_, measure, pages_, services_.firstLabel)) {}
 
 bool ReportRun::Advance() { return layout_->Advance(); }
@@ -64,14 +60,14 @@ bool ReportRun::Advance() { return layout_->Advance(); }
 void ReportRun::Export(DetailSink& sink, const Progress& progress) {
   while (Advance()) Ask(progress, 0);
   const std::unique_ptr<RowSource> again = rows_->Again();
-  ExpressionValues values(report_, again->Fields(), services_.data.text, facts_);
+  ExpressionValues values(report_, again->Fields(), services_.data.text, services_.data.today, selection_);
   ExportRows(report_, values, *again, sink, progress);
 }
 
 void ExportDetails(const platform::ReportJob& job, RunServices services, DetailSink& sink, const Progress& progress) {
   const ReportDefinition report = Load(job, services);
   const std::unique_ptr<RowSource> rows = OpenReportRows(report, RequestOf(job), services.data);
-  ExpressionValues values(report, rows->Fields(), services.data.text, FactsOf(report, job, services.data));
+  ExpressionValues values(report, rows->Fields(), services.data.text, services.data.today, SelectionInWords(report, job, services.data));
   ExportRows(report, values, *rows, sink, progress);
 }
 

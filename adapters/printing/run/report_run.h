@@ -31,12 +31,12 @@ class ReportRun final : public PreviewRun {
   std::int64_t RowsDone() const override { return layout_->Records(); }
   std::int64_t RowsInAll() override { return rows_->Count(); }
   void Export(DetailSink& sink, const Progress& progress) override;
-  const std::string& Title() const { return facts_.title; }
+  const std::string& Title() const { return report_.title; }
 
  private:
   RunServices services_;
   ReportDefinition report_;
-  RunFacts facts_;
+  std::string selection_;  ///< in words
   std::unique_ptr<KeptRows> rows_;
   std::unique_ptr<ExpressionValues> values_;
   PageSpool pages_;

@@ -50,14 +50,16 @@ void Work(platform::Database& data, const std::string& statement, bool write) {
   const auto table = data.OpenRecordset("Customers", platform::RecordsetType::Table);
   table->SetIndex("ByAcct");
   for (std::int32_t account = 1; account <= rows; account += static_cast<std::int32_t>(rows / 1000 + 1)) table->Seek("=", {account});
-  if (!write) return;
-  for (std::int32_t i = 0; i < saves; ++i) {
+  table->Close();
+  for (std::int32_t i = 0; write && i < saves; ++i) {
     list->FindFirst("[AcctNum]=" + std::to_string(1 + i));
     if (list->NoMatch()) continue;
     list->Edit();
     list->SetField("Addr2", "Suite " + std::to_string(i));
     list->Update();
   }
+  // A recordset lives until it is closed, as a screen does with its list when it takes another.
+  list->Close();
 }
 
 }  // namespace

@@ -120,7 +120,7 @@ std::optional<std::int64_t> Fences::OrdinalOf(const OrderPlace& place) {
     return true;
   };
   if (bounded_ != nullptr) {
-    walker_.ReadStretch(forward_, fence == nullptr ? nullptr : &fence->place, place, true, countBefore);
+    walker_.ReadUpTo(forward_, fence == nullptr ? nullptr : &fence->place, place, true, countBefore);
     return number;
   }
   KeyWalker::Request request;

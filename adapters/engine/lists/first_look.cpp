@@ -10,7 +10,8 @@
 namespace engine {
 namespace {
 
-constexpr double kTestedRow = 1.5;  // a row of another table, all of which are looked at
+constexpr double kTestedRow = 1.5;     // a row of another table, all of which are looked at
+constexpr double kNearQuestion = 4.5;  // asking another table about rows as they lie
 constexpr std::int64_t kPieceRows = 4096;
 
 // Into which part of the work that it may save a trial may go.
@@ -27,13 +28,13 @@ constexpr std::int64_t kTelling = 6;
 }  // namespace
 
 FirstLook::FirstLook(RowSource& source, KeyWalker* rows, KeyWalker* bounded, Direction direction)
-    : source_(source), rows_(rows), bounded_(bounded), direction_(direction), span_(SpanOf(source).Width()) {
+    : source_(source), rows_(rows), bounded_(bounded), direction_(direction), leads_(source) {
   const auto& order = source.Plan().order;
   for (const PlanDriver& driver : source.Plan().drivers) {
     // What bounds the order column bounds the walk.
     if (rows != nullptr && driver.field >= 0 && !order.empty() && order.front().field == driver.field) continue;
     if (driver.pieceKey.empty())
-      drivers_.push_back({.driver = &driver});
+      leads_.Add(driver);
     else
       wide_.push_back(&driver);
   }
@@ -41,41 +42,10 @@ FirstLook::FirstLook(RowSource& source, KeyWalker* rows, KeyWalker* bounded, Dir
 
 // The larger a file, the less of it is at hand.
 FirstLook::Costs FirstLook::CostsFor(std::int64_t rows) {
-  if (rows <= 30'000) return {2.3, 2.3, 2, 0.8};
-  if (rows <= 200'000) return {5, 4, 4, 0.8};
-  if (rows <= 2'000'000) return {10, 8, 6, 0.8};
-  return {15, 10, 8, 0.8};
-}
-
-// All drivers are counted equally far, and no more when the end of one is known.
-void FirstLook::CountAll(std::int64_t most) {
-  for (Counted& counted : drivers_) {
-    if (Shortest() != nullptr) return;
-    Query count(source_.Store(), std::string_view("SELECT count(*) FROM (" + counted.driver->keys + " LIMIT " +
-                                                  source_.OwnDialect().Parameter(1) + ") AS k"));
-    count.Bind(1, most + 1);
-    counted.keys = count.Step() ? count.Int(0) : 0;
-    counted.whole = counted.keys <= most;
-  }
-}
-
-std::vector<std::int64_t> FirstLook::KeysOf(const PlanDriver& driver) {
-  constexpr std::size_t kKeysBetweenPaints = 4096;
-  std::vector<std::int64_t> keys;
-  Query query(source_.Store(), std::string_view(driver.keys));
-  while (query.Step()) {
-    if (query.IsNull(0)) continue;
-    keys.push_back(query.Int(0));
-    if (keys.size() % kKeysBetweenPaints == 0) source_.Store().ServePainting();
-  }
-  return keys;
-}
-
-FirstLook::Counted* FirstLook::Shortest() {
-  Counted* best = nullptr;
-  for (Counted& counted : drivers_)
-    if (counted.whole && (best == nullptr || counted.keys < best->keys)) best = &counted;
-  return best;
+  if (rows <= 30'000) return {2.3, 3, 4};
+  if (rows <= 200'000) return {6, 8, 8};
+  if (rows <= 2'000'000) return {10, 18, 12};
+  return {15, 24, 15};
 }
 
 // How many rows stand before the end of the page, as far as the rows seen tell.
@@ -85,16 +55,16 @@ double FirstLook::RowsToLookAt() const {
 
 void FirstLook::WalkOn(std::int64_t rows) {
   const OrderPlace* from = reached_ ? &*reached_ : nullptr;
-  std::optional<OrderPlace> until = bounded_->PlaceAhead(direction_, from, rows);
+  std::optional<KeyWalker::Stretch> ahead = bounded_->Ahead(direction_, from, rows);
   RowPage& page = *first_.page;
   const auto take = [&](const Query& row) {
     rows_->AppendRow(row, page);
     return Hits() < kPage;
   };
-  if (until) {
-    rows_->ReadStretch(direction_, from, *until, false, take);
+  if (ahead) {
+    rows_->ReadStretch(*ahead, *bounded_, take);
     looked_ += rows;
-    reached_ = std::move(until);
+    reached_ = std::move(ahead->last);
   } else {
     KeyWalker::Request request;
     request.direction = direction_;
@@ -108,42 +78,107 @@ void FirstLook::WalkOn(std::int64_t rows) {
   source_.Store().ServePainting();
 }
 
-void FirstLook::TakeDriver(const PlanDriver& driver, std::vector<std::int64_t> keys) {
-  constexpr std::size_t kFew = 64;
-  std::ranges::sort(keys);
-  keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
-  first_.way = FirstRows::Way::Drive;
-  first_.driven = {&driver, std::move(keys)};
-  if (rows_ != nullptr && first_.driven.keys.size() <= kFew) ReadFew();
+// Where it is known about how many rows stand before the end of the page, they are walked without bounds; should they turn out to be
+// far more, the walk goes on from the last one found, with bounds.
+void FirstLook::RunOn(double rows) {
+  constexpr double kAtOnce = 2000;
+  constexpr double kMoreThanLikely = 4;
+  const std::int64_t left = kPage - Hits();
+  const double share = std::min(1.0, kAtOnce / std::max(rows, 1.0));
+  const OrderPlace from = reached_ ? *reached_ : OrderPlace{};
+  KeyWalker::Request request;
+  request.direction = direction_;
+  request.from = reached_ ? &from : nullptr;
+  request.limit = std::max<std::int64_t>(1, static_cast<std::int64_t>(share * static_cast<double>(left)));
+  const double likely = rows * static_cast<double>(request.limit) / static_cast<double>(left);
+  std::int64_t read = 0;
+  const bool cheap = source_.Store().ReadsCheaply(static_cast<int>((likely + 64) * kMoreThanLikely), [&] {
+    rows_->Read(request, [&](const Query& row) {
+      rows_->AppendRow(row, *first_.page);
+      reached_ = rows_->PlaceAt(row, false);
+      ++read;
+      return true;
+    });
+  });
+  looked_ += static_cast<std::int64_t>(cheap ? likely : likely * kMoreThanLikely);
+  misjudged_ = !cheap;
+  first_.all = cheap && read < request.limit;
+  source_.Store().ServePainting();
 }
 
-// All rows at once, and put in order.
-void FirstLook::ReadFew() {
+// Few rows are fetched and put in order right here, all columns of very few.
+void FirstLook::TakeShortest() {
+  constexpr std::int64_t kFew = 64;
+  constexpr std::int64_t kNotMany = 1024;
+  const Leads::Lead& lead = *leads_.Shortest();
+  first_.way = FirstRows::Way::Drive;
+  if (rows_ == nullptr || lead.keys > kNotMany) {
+    first_.driven = leads_.Keys();
+    return;
+  }
+  Join(*lead.driver, lead.keys <= kFew);
+  if (lead.keys > kFew) ReadFirst();
+}
+
+// The rows to which a driver leads, one statement for all of them.
+void FirstLook::Join(const PlanDriver& driver, bool withRows) {
+  const PlanTable& table = source_.Plan().tables.front();
+  const std::string columns = (withRows ? source_.ColumnList() + ", " : "") + rows_->KeyColumns();
+  const std::string text = "SELECT " + columns + " FROM (" + driver.keys + ") AS s CROSS JOIN " + source_.Plan().from + " ON " +
+                           table.alias + '.' + table.table->rowKey + " = s.k" + (driver.rest.empty() ? "" : " WHERE " + driver.rest);
   RowPage read(first_.page->columns, 1);
   std::vector<OrderPlace> places;
-  PiecewiseScan scan(source_, source_.ColumnList() + ", " + rows_->KeyColumns(), first_.driven.driver->rest, first_.driven.keys);
+  {
+    Query query(source_.Store(), std::string_view(text));
+    while (query.Step()) {
+      if (withRows) rows_->AppendRow(query, read);
+      places.push_back(rows_->PlaceAt(query, !withRows));
+    }
+  }
+  TakeInOrder(read, places, withRows);
+  first_.all = true;
+  first_.likelyRows = withRows ? Hits() : static_cast<std::int64_t>(first_.ordered.size());
+}
+
+// Puts rows in order, each once: a driver can lead to one several times.
+void FirstLook::TakeInOrder(RowPage& rows, std::vector<OrderPlace>& places, bool withRows) {
+  std::vector<std::size_t> order(places.size());
+  for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
+  const int sign = direction_ == Direction::Up ? 1 : -1;
+  std::ranges::sort(order, [&](std::size_t left, std::size_t right) { return sign * rows_->Compare(places[left], places[right]) < 0; });
+  const auto same = [&](std::size_t left, std::size_t right) { return places[left].rowKey == places[right].rowKey; };
+  order.erase(std::unique(order.begin(), order.end(), same), order.end());
+  RowPage& page = *first_.page;
+  page.cells.clear();
+  page.keys.clear();
+  if (!withRows) {
+    for (const std::size_t row : order) first_.ordered.push_back(places[row].rowKey);
+    return;
+  }
+  page.cells.reserve(order.size() * rows.columns);
+  for (const std::size_t row : order) {
+    const auto cells = rows.cells.begin() + static_cast<std::ptrdiff_t>(row * rows.columns);
+    page.cells.insert(page.cells.end(), std::make_move_iterator(cells),
+                      std::make_move_iterator(cells + static_cast<std::ptrdiff_t>(rows.columns)));
+    page.keys.push_back(places[row].rowKey);
+  }
+}
+
+// The columns of the first of the rows that are in order.
+void FirstLook::ReadFirst() {
+  std::vector<std::int64_t> keys(first_.ordered.begin(),
+                                 first_.ordered.begin() + std::min<std::ptrdiff_t>(kPage, std::ssize(first_.ordered)));
+  std::ranges::sort(keys);
+  RowPage read(first_.page->columns, 1);
+  std::vector<OrderPlace> places;
+  PiecewiseScan scan(source_, source_.ColumnList() + ", " + rows_->KeyColumns(), "", std::move(keys));
   const auto take = [&](const Query& row) {
     rows_->AppendRow(row, read);
     places.push_back(rows_->PlaceAt(row, false));
   };
   while (scan.Next(take)) {
   }
-  std::vector<std::size_t> order(places.size());
-  for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
-  const int sign = direction_ == Direction::Up ? 1 : -1;
-  std::ranges::sort(order, [&](std::size_t left, std::size_t right) { return sign * rows_->Compare(places[left], places[right]) < 0; });
-  RowPage& page = *first_.page;
-  page.cells.clear();
-  page.keys.clear();
-  page.cells.reserve(read.cells.size());
-  for (const std::size_t row : order) {
-    const auto cells = read.cells.begin() + static_cast<std::ptrdiff_t>(row * read.columns);
-    page.cells.insert(page.cells.end(), std::make_move_iterator(cells),
-                      std::make_move_iterator(cells + static_cast<std::ptrdiff_t>(read.columns)));
-    page.keys.push_back(read.keys[row]);
-  }
-  first_.all = true;
-  first_.likelyRows = Hits();
+  TakeInOrder(read, places, true);
 }
 
 // Walks on as long as that promises to be less work than `other`, and at first for as much work as `trial`; true when the first rows
@@ -157,9 +192,12 @@ bool FirstLook::Walks(double other, double trial, bool open) {
     const double least = std::max(other, std::min(scan_, driven));
     const bool telling = Hits() >= kTelling || (Hits() >= kTelling / 2 && left * kSafely < least);
     const double rest = trial / look_ - static_cast<double>(looked_);
-    if (telling ? left > least : rest < 8 || RowsToLookAt() * look_ > kClearly * least) return false;
+    if (telling ? left > least : rest < 8 || RowsToLookAt() * look_ > (open ? kSafely : kClearly) * least) return false;
     const double rows = telling ? left / look_ * 1.1 + 8 : std::min(rest, looked_ == 0 ? 32.0 : 3.0 * static_cast<double>(looked_));
-    WalkOn(static_cast<std::int64_t>(std::clamp(rows, 8.0, 1024.0)));
+    if (telling && !misjudged_)
+      RunOn(left / look_ + 1);
+    else
+      WalkOn(static_cast<std::int64_t>(std::clamp(rows, 8.0, 1024.0)));
     if (Hits() < kPage && !first_.all) continue;
     first_.way = FirstRows::Way::Walk;
     const double share = looked_ == 0 ? 1 : static_cast<double>(Hits()) / static_cast<double>(looked_);
@@ -193,46 +231,56 @@ bool FirstLook::CollectWide() {
       source_.Store().ServePainting();
     }
     if (std::cmp_greater(keys.size(), kMostKeys)) continue;
-    TakeDriver(*driver, std::move(keys));
+    std::ranges::sort(keys);
+    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+    first_.way = FirstRows::Way::Drive;
+    first_.driven = {driver, std::move(keys)};
     return true;
   }
   return false;
 }
 
 FirstRows FirstLook::Run() {
-  constexpr std::int64_t kFirstCount = 32;
-  constexpr std::int64_t kFurther = 4;
-  const SelectPlan& plan = source_.Plan();
-  const Costs costs = CostsFor(span_);
-  const double questions = plan.asksByRow ? costs.question : 0;
-  look_ = costs.elsewhere + questions;
-  byKey_ = costs.byKey;
-  scan_ = static_cast<double>(span_) * (1 + questions * (plan.bounds.empty() && plan.asksByRow ? 1 : 0.2));
-  const std::int64_t mostUseful = std::min(kMostKeys, static_cast<std::int64_t>(scan_ / byKey_));
   Transaction oneState(source_.Store(), Transaction::Kind::Read);
   first_.version = source_.Version();
   first_.page = std::make_shared<RowPage>(source_.Fields().size() + (rows_ == nullptr ? 0 : rows_->Order().size()), 1);
-  for (std::int64_t most = kFirstCount;; most = std::min(most * kFurther, mostUseful)) {
-    CountAll(most);
-    const Counted* shortest = Shortest();
-    const bool open = shortest == nullptr && !drivers_.empty() && most < mostUseful;
-    // What isn't counted to its end is at least this much work.
-    const double driven = static_cast<double>(shortest != nullptr ? shortest->keys : most) * byKey_;
-    const double other = drivers_.empty() ? scan_ : std::min(scan_, driven);
-    // Half as much as counting on would take is tried first.
-    const double trial = std::max(other / kTrial, open ? static_cast<double>(most * kFurther) * costs.counted / 2 : 0);
-    if (rows_ != nullptr && Walks(other, trial, open)) break;
-    if (shortest != nullptr && driven <= scan_) {
-      TakeDriver(*shortest->driver, KeysOf(*shortest->driver));
-      break;
-    }
-    if (shortest != nullptr || drivers_.empty() || most >= mostUseful) {
-      if (!CollectWide()) first_.way = FirstRows::Way::Scan;
-      break;
-    }
-  }
+  Choose();
+  leads_.Close();
   oneState.Commit();
   return std::move(first_);
+}
+
+void FirstLook::Choose() {
+  constexpr std::int64_t kFirstCount = 32;
+  constexpr std::int64_t kFurther = 4;
+  constexpr std::int64_t kSampledRows = 128;
+  leads_.Reach(kFirstCount);
+  if (leads_.Shortest() != nullptr) return TakeShortest();  // nothing else is as little work
+
+  const SelectPlan& plan = source_.Plan();
+  span_ = SpanOf(source_).Width();
+  const Costs costs = CostsFor(span_);
+  look_ = costs.elsewhere + (plan.asksByRow ? costs.question : 0);
+  byKey_ = costs.byKey;
+  scan_ = static_cast<double>(span_) * (plan.asksByRow ? 1 + kNearQuestion * (plan.bounds.empty() ? 1 : 0.2) : 1);
+  if (bounded_ != nullptr) leads_.SampleBy(bounded_->FirstKeys(direction_, kSampledRows));
+  const std::int64_t mostUseful = std::min(kMostKeys, static_cast<std::int64_t>(scan_ / byKey_));
+  for (std::int64_t most = kFirstCount;; most = std::min(most * kFurther, mostUseful)) {
+    leads_.Reach(most);
+    const Leads::Lead* shortest = leads_.Shortest();
+    const bool open = shortest == nullptr && !leads_.None() && most < mostUseful;
+    // What isn't followed to its end is at least this much work.
+    const double driven = static_cast<double>(shortest != nullptr ? shortest->keys : most) * byKey_;
+    const double other = leads_.None() ? scan_ : std::min(scan_, driven);
+    // As much as going on there would take is tried first, or some part of what is to be saved.
+    const double trial = std::max(other / kTrial, open ? std::min(2 * other / kTrial, Leads::CostOf(most, most * kFurther)) : 0);
+    if (rows_ != nullptr && Walks(other, trial, open)) return;
+    if (shortest != nullptr && driven <= scan_) return TakeShortest();
+    if (!open) {
+      if (!CollectWide()) first_.way = FirstRows::Way::Scan;
+      return;
+    }
+  }
 }
 
 }  // namespace engine

@@ -5,29 +5,25 @@
 #include <optional>
 #include <vector>
 
+#include "engine/lists/leads.h"
 #include "engine/rows/key_walker.h"
 #include "engine/rows/row_source.h"
 
 namespace engine {
 
-/// Row keys that one of a plan's drivers leads to, each once, in their own order.
-struct DrivenKeys {
-  const PlanDriver* driver = nullptr;
-  std::vector<std::int64_t> keys;
-};
-
 /// How the list of a filter on a long table begins.
 struct FirstRows {
   enum class Way {
     Walk,   ///< the first rows were found by looking at the rows in the list's order
-    Drive,  ///< few rows can fit, and `driven` has their keys; of very few the rows themselves are found as well
+    Drive,  ///< few rows can fit, and `driven` has their keys; of very few all rows are found, `ordered` has their keys
     Scan,   ///< only a look at all rows finds them
   } way = Way::Scan;
   /// The rows found, each with its columns and its order columns; of no use unless the list was walked or `all` are there.
   std::shared_ptr<RowPage> page{};
-  bool all = false;             ///< there are no others
-  std::int64_t likelyRows = 0;  ///< a guess at the number of all rows
-  std::uint64_t version = 0;    ///< of the tables, before anything was read
+  std::vector<std::int64_t> ordered{};  ///< all rows' keys in the list's order, where there are more than those of `page`
+  bool all = false;                     ///< there are no others than those of `page` or `ordered`
+  std::int64_t likelyRows = 0;          ///< a guess at the number of all rows
+  std::uint64_t version = 0;            ///< of the tables, before anything was read
   DrivenKeys driven{};
 };
 
@@ -48,28 +44,22 @@ class FirstLook {
   static constexpr std::int64_t kPage = 50;
 
  private:
-  /// A driver, counted as far as it was of interest; more than `keys` when it isn't `whole`.
-  struct Counted {
-    const PlanDriver* driver = nullptr;
-    std::int64_t keys = 0;
-    bool whole = false;
-  };
   /// What a row costs beside one that a look at the whole table passes.
   struct Costs {
     double elsewhere;  ///< in the list's order: it lies anywhere in the file
     double byKey;      ///< in the order of the keys
     double question;   ///< asking another table about it
-    double counted;    ///< a key of a driver, when it is counted
   };
   static Costs CostsFor(std::int64_t rows);
-  void CountAll(std::int64_t most);
-  Counted* Shortest();
+  void Choose();
   bool Walks(double other, double trial, bool open);
   bool CollectWide();
-  std::vector<std::int64_t> KeysOf(const PlanDriver& driver);
-  void TakeDriver(const PlanDriver& driver, std::vector<std::int64_t> keys);
-  void ReadFew();
+  void TakeShortest();
+  void Join(const PlanDriver& driver, bool withRows);
+  void TakeInOrder(RowPage& rows, std::vector<OrderPlace>& places, bool withRows);
+  void ReadFirst();
   void WalkOn(std::int64_t rows);
+  void RunOn(double rows);
   std::int64_t Hits() const { return static_cast<std::int64_t>(first_.page->Rows()); }
   double RowsToLookAt() const;
 
@@ -78,14 +68,15 @@ class FirstLook {
   KeyWalker* bounded_;
   Direction direction_;
   FirstRows first_;
-  std::vector<Counted> drivers_;
+  Leads leads_;
   std::vector<const PlanDriver*> wide_;  ///< drivers without an index
   std::optional<OrderPlace> reached_;
   std::int64_t looked_ = 0;
   std::int64_t span_ = 0;
-  double look_ = 0;   ///< what looking at one more row in the list's order costs
-  double byKey_ = 0;  ///< at one with a driver's key
-  double scan_ = 0;   ///< at all
+  bool misjudged_ = false;  ///< rows that fit were expected sooner
+  double look_ = 0;         ///< what looking at one more row in the list's order costs
+  double byKey_ = 0;        ///< at one with a driver's key
+  double scan_ = 0;         ///< at all
 };
 
 }  // namespace engine

@@ -64,13 +64,13 @@ std::shared_ptr<RowList> KeysetList::OpenAgain(const std::shared_ptr<RowSource>&
 }
 
 void KeysetList::TakeFirst(FirstRows& first) {
-  keys_ = first.page->keys;
+  keys_ = first.ordered.empty() ? first.page->keys : std::move(first.ordered);
   state_.resize(keys_.size(), State::Alive);
   complete_ = first.all;
   filledVersion_ = blocksVersion_ = first.version;
   if (keys_.empty()) return;
   Block block;
-  for (std::size_t i = 0; i < keys_.size(); ++i) block.rows.push_back(static_cast<int>(i));
+  for (std::size_t i = 0; i < first.page->Rows(); ++i) block.rows.push_back(static_cast<int>(i));
   block.page = std::move(first.page);
   blocks_.push_front(std::move(block));
 }

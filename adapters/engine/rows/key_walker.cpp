@@ -1,7 +1,5 @@
 #include "engine/rows/key_walker.h"
 
-#include <cassert>
-
 #include "engine/text/text_order.h"
 
 namespace engine {
@@ -164,100 +162,6 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
   return request.limit - left;
 }
 
-std::optional<OrderPlace> KeyWalker::PlaceAhead(Direction direction, const OrderPlace* from, std::int64_t rows) {
-  Request request;
-  request.direction = direction;
-  request.from = from;
-  request.keysOnly = true;
-  std::int64_t left = rows;
-  const std::vector<Level> levels = LevelsFor(request);
-  for (std::size_t i = 0; i < levels.size(); ++i) {
-    SqlText own;
-    Query query(store_, Statement(request, levels[i], own));
-    BindPlace(query, request, levels[i]);
-    const int more = static_cast<int>(order_.size()) + 2;
-    query.Bind(more, std::int64_t{1});
-    query.Bind(more + 1, left - 1);
-    if (query.Step()) return PlaceAt(query, true);
-    if (i + 1 == levels.size()) break;
-    Query count(store_, std::string_view("SELECT count(*) FROM " + from_ + " WHERE " + ConditionOf(request, levels[i])));
-    BindPlace(count, request, levels[i]);
-    if (count.Step()) left -= count.Int(0);
-  }
-  return {};
-}
-
-// Towards a place, in pieces of which each is one stretch of the index: what is left of the group of equal keys, the rows without a
-// key where they come first, the keys beyond, the rows without a key where they come last.
-void KeyWalker::ReadStretch(Direction direction, const OrderPlace* from, const OrderPlace& until, bool keysOnly, const Sink& sink) {
-  assert(order_.size() <= 1);
-  const bool up = direction == Direction::Up;
-  const bool fromNull = from != nullptr && !order_.empty() && from->values[0].IsNull();
-  const bool untilNull = !order_.empty() && until.values[0].IsNull();
-  const bool sameGroup = from != nullptr && (order_.empty() || CompareStored(order_[0].type, from->values[0], until.values[0]) == 0);
-  std::vector<Step> steps;
-  if (order_.empty()) {
-    steps = {Step::BehindRow};
-  } else {
-    if (from != nullptr) steps.push_back(Step::BehindRow);
-    if (!sameGroup) {
-      if (up && from == nullptr) steps.push_back(Step::NullBlock);
-      if (up ? !untilNull : !fromNull) steps.push_back(Step::BehindColumn);
-      if (!up && untilNull && !fromNull) steps.push_back(Step::NullBlock);
-    }
-  }
-  bool goOn = true;
-  for (const Step step : steps) {
-    if (!goOn) return;
-    const unsigned code = static_cast<unsigned>(step) | (up ? 8U : 0U) | (keysOnly ? 16U : 0U) | (from != nullptr ? 32U : 0U) |
-                          (fromNull ? 64U : 0U) | (untilNull ? 128U : 0U) | (sameGroup ? 256U : 0U);
-    SqlText& text = stretches_[code];
-    if (text.text.empty()) text.text = StretchText(direction, from, until, step, keysOnly);
-    Query query(store_, text);
-    if (!order_.empty() && from != nullptr && !fromNull && step != Step::NullBlock) query.Bind(1, from->values[0]);
-    if (step == Step::BehindRow && from != nullptr) query.Bind(2, from->rowKey);
-    if (!order_.empty() && step == Step::BehindColumn && !untilNull) query.Bind(3, until.values[0]);
-    const bool reaches = step == Step::BehindRow ? sameGroup || order_.empty() : step == Step::NullBlock ? untilNull : !untilNull;
-    if (reaches) query.Bind(4, until.rowKey);
-    while (goOn && query.Step()) goOn = sink(query);
-  }
-}
-
-std::string KeyWalker::StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, bool keysOnly) const {
-  const bool up = direction == Direction::Up;
-  const std::string beyond = up ? " > " : " < ";
-  const std::string within = up ? " <= " : " >= ";
-  const std::string strictly = up ? " < " : " > ";
-  const auto is = [&](const OrderPlace& place) {
-    return order_[0].sql + (place.values[0].IsNull() ? " IS NULL" : " = " + dialect_.Parameter(1));
-  };
-  const bool untilNull = !order_.empty() && until.values[0].IsNull();
-  std::string text = "SELECT " + (keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + " FROM " + from_ + " WHERE ";
-  std::string condition;
-  const auto add = [&](const std::string& part) { condition += (condition.empty() ? "" : " AND ") + part; };
-  const std::string untilKey = rowKey_ + within + dialect_.Parameter(4);
-  std::size_t ordered = 0;
-  if (step == Step::BehindRow) {
-    ordered = order_.size();
-    if (!order_.empty()) add(is(*from));
-    if (from != nullptr) add(rowKey_ + beyond + dialect_.Parameter(2));
-    if (order_.empty() || CompareStored(order_[0].type, from->values[0], until.values[0]) == 0) add(untilKey);
-  } else if (step == Step::NullBlock) {
-    ordered = 1;
-    add(order_[0].sql + " IS NULL");
-    if (untilNull) add(untilKey);
-  } else {
-    const std::string& column = order_[0].sql;
-    add(from != nullptr && !from->values[0].IsNull() ? column + beyond + dialect_.Parameter(1) : column + " IS NOT NULL");
-    if (!untilNull) {
-      add(column + within + dialect_.Parameter(3));
-      add('(' + column + strictly + dialect_.Parameter(3) + " OR " + untilKey + ')');
-    }
-  }
-  if (!filter_.empty()) add('(' + filter_ + ')');
-  return text + condition + " ORDER BY " + OrderText(direction, ordered);
-}
-
 // From the longest run of equal columns to none: together the statements deliver the rows in order.
 std::vector<KeyWalker::Level> KeyWalker::LevelsFor(const Request& request) const {
   if (request.from == nullptr) return {{Step::All, 0}};
@@ -276,16 +180,20 @@ std::vector<KeyWalker::Level> KeyWalker::LevelsFor(const Request& request) const
   return levels;
 }
 
+std::uint64_t KeyWalker::CodeOf(const Request& request, const Level& level) {
+  std::uint64_t code = static_cast<std::uint64_t>(level.step) | (request.direction == Direction::Up ? 0U : 8U) |
+                       (request.keysOnly ? 16U : 0U) | static_cast<std::uint64_t>(level.equal) << 5;
+  for (std::size_t i = 0; i < level.equal; ++i)
+    if (request.from->values[i].IsNull()) code |= std::uint64_t{1} << (16 + i);
+  return code;
+}
+
 SqlText& KeyWalker::Statement(const Request& request, const Level& level, SqlText& own) {
   if (!request.condition.empty() || !request.flag.empty() || request.bounds != nullptr) {
     own.text = StatementText(request, level);
     return own;
   }
-  std::uint64_t code = static_cast<std::uint64_t>(level.step) | (request.direction == Direction::Up ? 0U : 8U) |
-                       (request.keysOnly ? 16U : 0U) | static_cast<std::uint64_t>(level.equal) << 5;
-  for (std::size_t i = 0; i < level.equal; ++i)
-    if (request.from->values[i].IsNull()) code |= std::uint64_t{1} << (16 + i);
-  SqlText& kept = statements_[code];
+  SqlText& kept = statements_[CodeOf(request, level)];
   if (kept.text.empty()) kept.text = StatementText(request, level);
   return kept;
 }

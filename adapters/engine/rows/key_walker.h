@@ -59,13 +59,18 @@ class KeyWalker {
   /// Returns the number of rows read.
   std::int64_t Read(const Request& request, const Sink& sink);
 
-  /// Where the row stands that is `rows` behind a place (nullptr: from the end where the direction starts); nothing when there are
-  /// fewer. Reads keys alone.
-  std::optional<OrderPlace> PlaceAhead(Direction direction, const OrderPlace* from, std::int64_t rows);
+  /// The next rows behind a place, by number.
+  struct Stretch;
+  /// `rows` of them behind `from` (nullptr: from the end where the direction starts); nothing when there are fewer. Reads keys alone.
+  std::optional<Stretch> Ahead(Direction direction, const OrderPlace* from, std::int64_t rows);
+  /// Reads those of the stretch that this walk's filter takes. `counted`: the walk of the same table and order that gave it.
+  void ReadStretch(const Stretch& stretch, const KeyWalker& counted, const Sink& sink);
+  /// A SELECT of the row keys, as "k", of the first rows.
+  std::string FirstKeys(Direction direction, std::int64_t rows) const;
 
   /// Reads the rows behind `from` (nullptr: from the end where the direction starts) up to and with `until`, without limit. For walks of at
   /// most one order column.
-  void ReadStretch(Direction direction, const OrderPlace* from, const OrderPlace& until, bool keysOnly, const Sink& sink);
+  void ReadUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until, bool keysOnly, const Sink& sink);
 
   /// The row with that key, as a full row, whatever the list's filter says; false when it is gone.
   bool ReadRow(std::int64_t rowKey, const Sink& sink);
@@ -98,7 +103,9 @@ class KeyWalker {
     std::size_t equal = 0;
   };
   std::vector<Level> LevelsFor(const Request& request) const;
+  static std::uint64_t CodeOf(const Request& request, const Level& level);
   SqlText& Statement(const Request& request, const Level& level, SqlText& own);
+  std::string MarkedText(const Request& request, const Level& level, const KeyWalker& counted) const;
   std::string StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, bool keysOnly) const;
   const SqlText& Ready(SqlText& text, std::string_view columns, bool filtered) const;
   void BindPlace(Query& query, const Request& request, const Level& level) const;
@@ -122,6 +129,14 @@ class KeyWalker {
   SqlText count_;
   std::unordered_map<std::uint64_t, SqlText> statements_;  ///< those without conditions of their own
   std::unordered_map<unsigned, SqlText> stretches_;
+  std::unordered_map<std::uint64_t, SqlText> marked_;  ///< of stretches by number
+};
+
+struct KeyWalker::Stretch {
+  Direction direction = Direction::Up;
+  const OrderPlace* from = nullptr;
+  std::vector<Level> levels;  ///< the last of them as far as `last`
+  OrderPlace last;            ///< where its last row stands
 };
 
 /// Order of two stored values of one type, Null lowest.

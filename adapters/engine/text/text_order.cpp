@@ -49,6 +49,9 @@ class Walk {
   std::uint8_t at_ = 0;
 };
 
+// The character that ends the upper bound of a fixed start: above all others.
+bool StartsHighest(std::string_view text) { return text.starts_with("\xF4\x8F\xBF\xBF"); }
+
 /// Two texts whose starts tied without an accent.
 int CompareAnyText(std::string_view left, std::string_view right) {
   Walk leftPrimaries(left);
@@ -79,13 +82,18 @@ int CompareText(std::string_view left, std::string_view right) {
   for (std::size_t at = 0; at < shared; ++at) {
     const auto a = AsciiRankAt(left, at);
     const auto b = AsciiRankAt(right, at);
-    if (a == 0 || b == 0) return CompareAnyText(left.substr(at), right.substr(at));
+    if (a == 0 || b == 0) {
+      // Each row of a list by a fixed start is compared with its upper bound.
+      if (a != 0 && StartsHighest(right.substr(at))) return -1;
+      if (b != 0 && StartsHighest(left.substr(at))) return 1;
+      return CompareAnyText(left.substr(at), right.substr(at));
+    }
     if (a != b) return a < b ? -1 : 1;
   }
   if (left.size() == right.size()) return 0;
   // What follows in the longer text counts unless it is only accents, and these are never ASCII.
   const std::string_view longer = left.size() > shared ? left : right;
-  if (AsciiRankAt(longer, shared) == 0) return CompareAnyText(left.substr(shared), right.substr(shared));
+  if (AsciiRankAt(longer, shared) == 0 && !StartsHighest(longer.substr(shared))) return CompareAnyText(left.substr(shared), right.substr(shared));
   return left.size() < right.size() ? -1 : 1;
 }
 

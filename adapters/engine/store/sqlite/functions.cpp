@@ -17,9 +17,10 @@
 namespace engine {
 namespace {
 
+// As bytes: asked for as a text, the store would first copy it to put an end mark behind it.
 std::string_view TextOf(sqlite3_value* value) {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  return text == nullptr ? std::string_view() : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+  const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
+  return bytes == nullptr ? std::string_view() : std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value)));
 }
 
 int Collate(void*, int leftSize, const void* left, int rightSize, const void* right) {

@@ -45,7 +45,8 @@ struct PlanOrder {
 /// A way to the rows of a plan's one table that need not look at all of them: by another table that is joined to its row key,
 /// or by an index of its own on a field that a condition holds to constants.
 struct PlanDriver {
-  std::string keys;  ///< a SELECT of row keys, Null and doubles among them: no row of the plan has another one
+  std::string keys;  ///< a SELECT of row keys, as "k", Null and doubles among them: no row of the plan has another one
+  std::string asks;  ///< the condition on a row by which it has one of these keys
   std::string rest;  ///< what is left of `rowWhere` to ask of a row with such a key, "" for nothing
   int field = -1;    ///< whose index it is; -1 for another table
   /// Where no index leads to the keys: the column by which the other table is read in pieces, and the table.

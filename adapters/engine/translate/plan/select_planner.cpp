@@ -123,9 +123,10 @@ void SelectPlanner::FillBounds(TableSet kept) {
     if (index == definition.indexes.end()) continue;
     // The row key itself needs no index, and its own is for show.
     const bool isKey = definition.fields[static_cast<std::size_t>(bound->field)].type == platform::FieldType::Counter;
-    plan_.drivers.push_back({.keys = "SELECT " + table.alias + '.' + table.table->rowKey + " FROM " + table.table->storeName + " AS " +
+    plan_.drivers.push_back({.keys = "SELECT " + table.alias + '.' + table.table->rowKey + " AS k FROM " + table.table->storeName + " AS " +
                                      table.alias + (isKey ? "" : dialect_.Along(definition.name, index->name)) + " WHERE " +
                                      plan_.bounds.back().sql,
+                             .asks = plan_.bounds.back().sql,
                              .rest = plan_.rowWhere,
                              .field = bound->field});
   }

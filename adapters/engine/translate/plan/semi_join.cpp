@@ -144,6 +144,9 @@ class Builder {
     std::vector<std::pair<std::string, std::optional<FieldBound>>> own;  // those that speak of it alone
     std::vector<int> fixed;                                              // its fields that conditions hold to one value
     bool mixed = false;                                                  // conditions beside the tie speak of other tables, too
+
+    // Answered by comparing whole values: such a question comes first, the quicker one, and mostly the one that leaves more out.
+    bool Plain() const { return !mixed && fixed.size() == own.size(); }
   };
 
   Question QuestionOf(int table) {
@@ -191,26 +194,32 @@ class Builder {
   // Nothing when one of the others is tied in another way than by a field with an index: asking it for each row would be a
   // look at the whole of it.
   void AskByRow(SemiJoin& result) {
-    std::vector<std::string> conditions = OwnConditions();
-    std::vector<std::pair<std::size_t, PlanDriver>> drivers;  // with the place of their own question
+    std::vector<std::pair<int, Question>> questions;
     for (int table = 0; table < sources_.TableCount(); ++table) {
       if (IsKept(table)) continue;
-      const TableSet group = GroupOf(TableBit(table));
-      const Question question = group == TableBit(table) ? QuestionOf(table) : Question();
-      if (!question.tie) return;
+      if (GroupOf(TableBit(table)) != TableBit(table)) return;
+      questions.emplace_back(table, QuestionOf(table));
+      if (!questions.back().second.tie) return;
+    }
+    std::ranges::stable_partition(questions, [](const auto& each) { return each.second.Plain(); });
+    std::vector<std::string> conditions = OwnConditions();
+    std::vector<std::pair<std::size_t, PlanDriver>> drivers;  // with the place of their own question
+    for (const auto& [table, question] : questions) {
       // A row key needs no index, and its own is for show.
       const std::string along =
           question.tie->right.type == platform::FieldType::Counter
               ? ""
               : emitter_.GetForms().GetDialect().Along(names_.Tables()[static_cast<std::size_t>(table)].table->definition.name,
                                                        IndexFor(*question.tie, question.fixed));
+      const std::string asks =
+          "EXISTS (SELECT 1 FROM " + sources_.EmitTable(table) + along + " WHERE " + JoinedBy(question.all, " AND ") + ')';
       if (LeadsToKeys(*question.tie)) {
         bool whole = true;
         PlanDriver driver = DriverOf(table, question, whole);
+        driver.asks = asks;
         drivers.emplace_back(whole && !question.mixed ? conditions.size() : kNowhere, std::move(driver));
       }
-      conditions.push_back("EXISTS (SELECT 1 FROM " + sources_.EmitTable(table) + along + " WHERE " + JoinedBy(question.all, " AND ") +
-                           ')');
+      conditions.push_back(asks);
     }
     result.rowWhere = JoinedBy(conditions, " AND ");
     for (auto& [place, driver] : drivers) {
@@ -253,7 +262,7 @@ class Builder {
       else
         whole = false;
     }
-    PlanDriver driver{.keys = "SELECT " + question.tie->right.sql + " FROM " + sources_.EmitTable(table), .rest = {}};
+    PlanDriver driver{.keys = "SELECT " + question.tie->right.sql + " AS k FROM " + sources_.EmitTable(table), .asks = {}, .rest = {}};
     if (best != nullptr) driver.keys += emitter_.GetForms().GetDialect().Along(definition.name, best->name);
     if (best == nullptr) {
       driver.pieceKey = KeyOf(table);

@@ -144,6 +144,14 @@ TEST_P(QueryLists, ConditionsTogether) {
   EXPECT_GT(nonEmpty_, 8);
 }
 
+// Where a page seems near and isn't, the walk goes on all the same.
+TEST_P(QueryLists, SomeRowsCloseTogetherAndTheOthersFarBehind) {
+  const auto fits = [](const Customer& one) {
+    return one.name.size() > 2 && ((one.name[0] | 0x20) == 'a' || ((one.name[0] | 0x20) == 'z' && one.name.substr(1, 2) == "x8"));
+  };
+  Check({{.table = "", .condition = "(Customers.LastName Like 'zx8*' Or Customers.LastName Like 'a*')", .own = fits}}, true);
+}
+
 TEST_P(QueryLists, TwoConditionsOnOneTableMustHoldOnOneRow) {
   const std::string both =
       "Select DISTINCTROW Customers.* FROM Customers INNER JOIN Transactions ON Customers.AcctNum = Transactions.AcctNum WHERE "

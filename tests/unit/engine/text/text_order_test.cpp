@@ -231,6 +231,20 @@ TEST(TextOrder, PrefixRangeOfExpandingLettersFindsBothSpellings) {
   EXPECT_TRUE(InRange(PrefixRange("\u00E9"), "Ecole"));
 }
 
+TEST(TextOrder, TheUpperBoundStandsAboveAllThatBeginsAlike) {
+  const std::string bound = PrefixRange("smi").upper;
+  for (const char* text :
+       {"smi", "Smith", "SMI~", "smi \u00E9", "smi\u00E9", "smi\u0301", "smi\u4E2D", "smi\U0010FFFD", "sm\u00CD", "sm"}) {
+    EXPECT_LT(CompareText(text, bound), 0) << text;
+    EXPECT_GT(CompareText(bound, text), 0) << text;
+  }
+  for (const char* text : {"smj", "smj\u0301", "sn", "\u015Fn"}) {
+    EXPECT_GT(CompareText(text, bound), 0) << text;
+    EXPECT_LT(CompareText(bound, text), 0) << text;
+  }
+  EXPECT_EQ(CompareText(bound, bound + ' '), 0);
+}
+
 TEST(TextOrder, PrefixRangeOfNothingHoldsAll) {
   EXPECT_TRUE(InRange(PrefixRange(""), ""));
   EXPECT_TRUE(InRange(PrefixRange(""), "\U0010FFFD"));

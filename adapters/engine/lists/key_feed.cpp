@@ -11,21 +11,35 @@ namespace {
 
 constexpr std::int64_t kRowsBetweenPaints = 8192;
 
+// Whether the other tables of a join only add columns: each row of the driving table comes once, whatever they hold.
+bool OnlyLooksUp(const SelectPlan& plan) {
+  if (plan.tables.size() < 2 || plan.asksOtherTables || !plan.where.empty()) return false;
+  for (std::size_t i = 0; i < plan.tables.size(); ++i) {
+    const PlanTable& table = plan.tables[i];
+    if (static_cast<int>(i) == plan.driving ? table.nullable : !(table.follows && table.nullable)) return false;
+  }
+  return std::ranges::all_of(plan.order, [&](const PlanOrder& key) { return key.table == plan.driving && key.field >= 0; });
+}
+
 }  // namespace
 
 // ---- ordered by the store
 
 std::string QueryFeed::Text() const {
   const SelectPlan& plan = source_.Plan();
-  std::string text = "SELECT " + source_.KeyList() + " FROM " + plan.from;
+  const PlanTable& driving = plan.tables[static_cast<std::size_t>(plan.driving)];
+  const bool alone = OnlyLooksUp(plan);
+  std::string text =
+      alone ? "SELECT " + driving.alias + '.' + driving.table->rowKey + " FROM " + driving.table->storeName + " AS " + driving.alias
+            : "SELECT " + source_.KeyList() + " FROM " + plan.from;
   if (!plan.where.empty()) text += " WHERE " + plan.where;
   text += " ORDER BY ";
   for (const PlanOrder& key : plan.order) text += key.sql + source_.OwnDialect().OrderSuffix(key.descending) + ", ";
   // Equal rows stand by their row keys, in the direction of the last key; the driving table's counts first.
   const std::string direction = !plan.order.empty() && plan.order.back().descending ? " DESC" : "";
   const auto keyOf = [&](const PlanTable& table) { return table.alias + '.' + table.table->rowKey + direction; };
-  text += keyOf(plan.tables[static_cast<std::size_t>(plan.driving)]);
-  for (std::size_t i = 0; i < plan.tables.size(); ++i)
+  text += keyOf(driving);
+  for (std::size_t i = 0; !alone && i < plan.tables.size(); ++i)
     if (static_cast<int>(i) != plan.driving) text += ", " + keyOf(plan.tables[i]);
   return text;
 }
@@ -33,9 +47,14 @@ std::string QueryFeed::Text() const {
 bool QueryFeed::More(std::vector<std::int64_t>& keys, std::size_t, RowPage*) {
   Query query(source_.Store(), std::string_view(Text()));
   RowPage page(0, source_.KeyCount());
+  const bool alone = OnlyLooksUp(source_.Plan());
   std::int64_t rows = 0;
   while (query.Step()) {
-    source_.ReadKeys(query, 0, page);
+    if (alone)
+      for (std::size_t i = 0; i < page.keysPerRow; ++i)
+        page.keys.push_back(static_cast<int>(i) == source_.Plan().driving ? query.Int(0) : kNoRowKey);
+    else
+      source_.ReadKeys(query, 0, page);
     if (++rows % kRowsBetweenPaints == 0) source_.Store().ServePainting();
   }
   keys.insert(keys.end(), page.keys.begin(), page.keys.end());

@@ -130,6 +130,12 @@ void KeysetList::FillAll() {
 
 std::optional<std::int64_t> KeysetList::OrdinalOfKey(std::int64_t rowKey) {
   FillAll();
+  if (const std::size_t count = Source().KeyCount(); count > 1) {
+    const auto driving = static_cast<std::size_t>(Source().Plan().driving);
+    for (std::int64_t i = 0; i < Size(); ++i)
+      if (keys_[static_cast<std::size_t>(i) * count + driving] == rowKey) return i;
+    return {};
+  }
   constexpr std::int64_t kFewNumbers = 4096;  // beyond, a table of the numbers takes more memory than the keys
   if (Size() > kFewNumbers && InOrder()) return SearchOrdinal(rowKey);
   NumberKeys();

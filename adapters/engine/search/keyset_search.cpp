@@ -68,10 +68,16 @@ bool KeysetSearch::OnField(int& field) const {
 
 // A criterion that names one row by its key.
 std::optional<bool> KeysetSearch::ByRowKey(std::int64_t from, std::int64_t& hit) {
-  int field = -1;
-  if (!OnField(field) || plan_.shape.kind != SearchShape::Kind::Equals || plan_.shape.value.Kind() != platform::ValueKind::Long) return {};
-  const auto& definition = source_.Plan().tables.front().table->definition;
-  if (definition.fields[static_cast<std::size_t>(field)].type != platform::FieldType::Counter) return {};
+  const SearchShape& shape = plan_.shape;
+  if (shape.kind != SearchShape::Kind::Equals || shape.field < 0 || shape.value.Kind() != platform::ValueKind::Long) return {};
+  // A join has the driving table's row once where all others follow from it.
+  const SelectPlan& plan = source_.Plan();
+  const auto isKnown = [&](std::size_t table) { return static_cast<int>(table) == plan.driving || plan.tables[table].follows; };
+  for (std::size_t i = 0; i < plan.tables.size(); ++i)
+    if (!isKnown(i)) return {};
+  if (shape.table != plan.driving) return {};
+  const auto& definition = plan.tables[static_cast<std::size_t>(plan.driving)].table->definition;
+  if (definition.fields[static_cast<std::size_t>(shape.field)].type != platform::FieldType::Counter) return {};
   const std::int64_t rowKey = plan_.shape.value.As<std::int32_t>();
   const auto ordinal = list_.OrdinalOfKey(rowKey);
   if (!ordinal || *ordinal < from || !list_.IsAlive(*ordinal)) return false;

@@ -1,6 +1,6 @@
 #include "platform/values/convert.h"
-#include "unit/records/map_code_screen.h"
 #include "support/session_test.h"
+#include "unit/records/map_code_screen.h"
 
 // The record operations on a screen of one list and one card.
 namespace {

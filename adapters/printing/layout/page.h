@@ -44,13 +44,15 @@ struct Page {
 /// A character that no text holds.
 inline constexpr char kPageCountMark = '\x01';
 
-/// Widths of texts in the one font set, in points at a size of one point; the same on every machine.
+/// Widths of texts in the one font set, the same on every machine. All lengths are those of a size of one point (ems), whatever the
+/// style's own size. Widths add up: that of a text is the sum of its characters'; kPageCountMark has room for some figures.
 class TextMeasure {
  public:
   virtual ~TextMeasure() = default;
   virtual double Width(std::string_view text, const TextStyle& style) const = 0;
-  /// From one baseline to the next, and from the top of a box to the first one.
+  /// From one baseline to the next.
   virtual double LineHeight(const TextStyle& style) const = 0;
+  /// From the top of a box to its first baseline.
   virtual double Ascent(const TextStyle& style) const = 0;
 };
 

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "printing/layout/detail_rows.h"
+
+namespace printing {
+
+/// Details as a workbook: typed cells, headings in the first row of each sheet, a further sheet where one is full. Rows are not kept in
+/// memory. A text is never a formula there. As PdfFile it leaves nothing half done behind.
+class XlsxFile final : public DetailSink {
+ public:
+  XlsxFile(const std::string& path, const std::string& title);
+  ~XlsxFile() override;
+
+  void Begin(const std::vector<DetailColumn>& columns) override;
+  void Add(const std::vector<platform::Value>& cells) override;
+  void Finish();
+
+ private:
+  struct Making;
+  void NewSheet();
+  void PutCell(std::uint16_t column, const platform::Value& value);
+
+  std::unique_ptr<Making> making_;
+  std::vector<DetailColumn> columns_;
+};
+
+}  // namespace printing

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFont>
+#include <QFontDatabase>
 #include <QStandardPaths>
 #include <algorithm>
 #include <cmath>
@@ -53,20 +54,20 @@ bool IsPlainCharacter(char32_t c) {
 QString FontSet::Family() { return QStringLiteral("Liberation Sans"); }
 
 FontSet::FontSet() {
+  const bool known = QFontDatabase::hasFamily(Family());
   for (std::size_t at = 0; at < faces_.size(); ++at) {
     Face& face = faces_[at];
-    const QString file = FileOf(kFiles[at]);
-    // The size is the font's own unit, so that widths come as the file has them.
-    if (!file.isEmpty()) face.font = QRawFont(file, 1000, QFont::PreferNoHinting);
-    if (!face.font.isValid()) {
-      packaged_ = false;
-      QFont font(Family());
-      font.setStyleHint(QFont::SansSerif);
-      font.setBold((at & 1U) != 0);
-      font.setItalic((at & 2U) != 0);
-      font.setHintingPreference(QFont::PreferNoHinting);
-      face.font = QRawFont::fromFont(font);
-    }
+    // By way of the toolkit's table of fonts: of one that is opened by itself it would draw outlines into a PDF, and no text.
+    if (!known)
+      if (const QString file = FileOf(kFiles[at]); !file.isEmpty()) QFontDatabase::addApplicationFont(file);
+    QFont font(Family());
+    font.setStyleHint(QFont::SansSerif);
+    font.setBold((at & 1U) != 0);
+    font.setItalic((at & 2U) != 0);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    face.font = QRawFont::fromFont(font);
+    packaged_ = packaged_ && face.font.familyName() == Family();
+    // The size is the font's own unit, so that widths come as its file has them.
     face.em = face.font.unitsPerEm() > 0 ? face.font.unitsPerEm() : 1000;
     face.font.setPixelSize(face.em);
     face.ascent = face.font.ascent() / face.em;

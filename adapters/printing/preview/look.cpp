@@ -88,4 +88,9 @@ QColor PaperEdge(const QPalette& palette) { return IsDark(palette) ? QColor(0, 0
 QColor Hit() { return {255, 226, 110}; }
 QColor PresentHit() { return {255, 165, 60}; }
 
+QColor Chosen(const QPalette& palette) {
+  const QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
+  return QColor::fromHsv(accent.hsvHue() < 0 ? 210 : accent.hsvHue(), 75, 255);
+}
+
 }  // namespace printing::look

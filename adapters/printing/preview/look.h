@@ -20,6 +20,8 @@ QColor PaperEdge(const QPalette& palette);
 /// Behind what was found, and behind the hit that is shown now.
 QColor Hit();
 QColor PresentHit();
+/// Behind texts that are chosen for a copy.
+QColor Chosen(const QPalette& palette);
 
 /// A child that its parent owns.
 template <class T, class Parent, class... Args>

@@ -180,8 +180,7 @@ void PageView::PaintMarks(QPainter& painter, std::int64_t page, const QRectF& pa
   for (const TextHit& hit : HitsOn(content, page, wanted_, count_))
     mark(PlaceOf(content, hit, count_, fonts_), hit == present_ ? look::PresentHit() : look::Hit());
   if (!selected_ || selected_->page != page) return;
-  QColor chosen = palette().color(QPalette::Active, QPalette::Highlight);
-  chosen.setAlphaF(0.3F);
+  const QColor chosen = look::Chosen(palette());
   for (const QRectF& box : BoxesIn(content, selected_->area, count_, fonts_)) mark(box, chosen);
 }
 
@@ -197,9 +196,13 @@ void PageView::paintEvent(QPaintEvent* event) {
     painter.fillRect(paper.adjusted(-1, -1, 1, 2), look::PaperEdge(palette()));
     painter.fillRect(paper, Qt::white);
     painter.setClipRect(paper.intersected(event->rect()));
-    PaintMarks(painter, page, paper);
+    painter.save();
     painter.translate(paper.topLeft());
     painting_.Paint(painter, PageFor(page), Unit(), count_);
+    painter.restore();
+    // As a felt pen marks: over stripes and under letters.
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+    PaintMarks(painter, page, paper);
     painter.restore();
   }
 }

@@ -25,11 +25,7 @@ std::string ShownText(const Value& value, const std::string& format) {
 
 }  // namespace
 
-bool Holds(ReportValues& values, int condition, const RunPlace& place) {
-  if (condition < 0) return false;
-  const Value value = values.Evaluate(condition, place);
-  return value.Kind() == ValueKind::Boolean && value.As<bool>();
-}
+bool Holds(ReportValues& values, int condition, const RunPlace& place) { return condition >= 0 && values.IsTrue(condition, place); }
 
 BoundBand Bind(const ReportDefinition& report, const Band& band, ReportValues& values) {
   const auto bind = [&](const std::optional<Expression>& expression) { return expression ? values.Bind(*expression) : -1; };
@@ -40,6 +36,7 @@ BoundBand Bind(const ReportDefinition& report, const Band& band, ReportValues& v
   bound.newPageAfter = bind(band.newPageAfter);
   bound.uses = UsesOf(report, band);
   for (const Element& element : band.elements) {
+    if (element.exportOnly) continue;
     BoundElement part;
     part.element = &element;
     part.style = element.style;
@@ -93,20 +90,20 @@ void BandMaker::MeasureText(const BoundElement& bound, const RunPlace& place, St
   const Element& element = *bound.element;
   const TextStyle& style = bound.style;
   if (style.points <= 0) return;
-  Value value;
-  if (!bound.constant) value = values_.Evaluate(bound.value, place);
+  Value room;
+  const Value& value = bound.constant ? room : values_.Look(bound.value, place, room);
   const bool figures = IsFigure(value);
   const double line = measure_.LineHeight(style) * style.points / kPointsPerInch;
   const double width = standing.width * kPointsPerInch / style.points;
-  const auto room = line > 0 ? static_cast<std::size_t>(std::max(1.0, std::floor(standing.height / line + kSmallest))) : 1;
-  const bool oneLine = !element.canGrow && (room == 1 || figures);
+  const auto lines = line > 0 ? static_cast<std::size_t>(std::max(1.0, std::floor(standing.height / line + kSmallest))) : 1;
+  const bool oneLine = !element.canGrow && (lines == 1 || figures);
   const std::string text = CleanText(bound.constant ? bound.text : ShownText(value, element.format), oneLine, bound.hasPageCount);
   if (text.empty()) return;
   if (oneLine) {
     standing.lines.push_back(FitText(text, width, style, measure_, figures));
     return;
   }
-  standing.lines = WrapText(text, width, style, measure_, element.canGrow ? 0 : room);
+  standing.lines = WrapText(text, width, style, measure_, element.canGrow ? 0 : lines);
   for (std::string& shown : standing.lines) shown = FitText(std::move(shown), width, style, measure_, false);
   if (!element.canGrow) return;
   const double needed = line * static_cast<double>(standing.lines.size());

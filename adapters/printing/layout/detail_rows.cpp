@@ -39,7 +39,8 @@ bool DetailRows::Advance() {
   out_.clear();
   for (const Cell& cell : cells_) {
     Value value;
-    if (!Holds(values_, cell.suppress, place)) value = values_.Evaluate(cell.value, place);
+    if (!Holds(values_, cell.suppress, place))
+      if (const Value& seen = values_.Look(cell.value, place, value); &seen != &value) value = seen;
     if (value.IsText() && !cell.element->format.empty()) value = platform::Format(value, cell.element->format);
     out_.push_back(std::move(value));
   }

@@ -38,7 +38,10 @@ int GroupKeys::FirstChanged(const RunPlace& place) {
   int changed = static_cast<int>(keys_.size()) + 1;
   for (int level = static_cast<int>(keys_.size()); level >= 1; --level) {
     Key& key = keys_[static_cast<std::size_t>(level) - 1];
-    Value now = KeyOf(values_.Evaluate(key.value, place), key.by);
+    Value room;
+    const Value& value = values_.Look(key.value, place, room);
+    if (key.by == GroupBy::Value && began_ && value == key.last) continue;
+    Value now = KeyOf(value, key.by);
     const bool same = began_ && now.IsNull() == key.last.IsNull() && (now.IsNull() || values_.Compare(now, key.last) == 0);
     if (!same) changed = level;
     key.last = std::move(now);

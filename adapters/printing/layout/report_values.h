@@ -20,10 +20,13 @@ struct RunPlace {
 class ReportValues {
  public:
   virtual ~ReportValues() = default;
-  /// Resolves the names of `expression`, which must outlive this; the number that Evaluate takes.
+  /// Resolves the names of `expression`, which must outlive this; the number that the others take.
   virtual int Bind(const Expression& expression) = 0;
-  /// PageCount, which nobody knows yet, is the text kPageCountMark.
-  virtual platform::Value Evaluate(int bound, const RunPlace& place) = 0;
+  /// The value, perhaps where it lies: valid until `room`, the row or the totals change. PageCount, which nobody knows yet, is the text
+  /// kPageCountMark.
+  virtual const platform::Value& Look(int bound, const RunPlace& place, platform::Value& room) = 0;
+  /// Whether a condition is true.
+  virtual bool IsTrue(int bound, const RunPlace& place) = 0;
   /// Below, equal to or above 0, in the order in which the rows come: values that it calls equal are one group.
   virtual int Compare(const platform::Value& left, const platform::Value& right) = 0;
 };

@@ -23,8 +23,6 @@ std::optional<double> NumberOf(const Value& value) {
   return platform::CDbl(value);
 }
 
-bool IsTrue(const Value& value) { return value.Kind() == ValueKind::Boolean && value.As<bool>(); }
-
 template <class Wide>
 Value AmountOr(Wide tenThousandths) {
   if (tenThousandths < std::numeric_limits<std::int64_t>::min() || tenThousandths > std::numeric_limits<std::int64_t>::max())
@@ -59,8 +57,9 @@ void Totals::Begin(int level) {
 void Totals::Add(const RunPlace& place) {
   if (running_.empty()) return;
   stale_ = true;
+  Value room;
   for (Running& running : running_)
-    if (running.when < 0 || IsTrue(values_.Evaluate(running.when, place))) Take(running, values_.Evaluate(running.value, place));
+    if (running.when < 0 || values_.IsTrue(running.when, place)) Take(running, values_.Look(running.value, place, room));
 }
 
 void Totals::Take(Running& running, const Value& value) {

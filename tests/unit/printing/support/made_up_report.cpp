@@ -104,7 +104,7 @@ ReportDefinition Report(std::vector<Band> bands) {
 }
 
 MadeUpRows::MadeUpRows(std::vector<std::string> fields, std::vector<std::vector<Value>> rows) : rows_(std::move(rows)) {
-  for (std::string& field : fields) fields_.push_back({0, std::move(field)});
+  for (std::string& field : fields) fields_.push_back({0, std::move(field), {}});
 }
 
 bool MadeUpRows::Next() {
@@ -127,7 +127,14 @@ int MadeUpValues::Bind(const Expression& expression) {
   return static_cast<int>(bound_.size()) - 1;
 }
 
-Value MadeUpValues::Evaluate(int bound, const RunPlace& place) { return Worth(*bound_.at(static_cast<std::size_t>(bound)), place); }
+const Value& MadeUpValues::Look(int bound, const RunPlace& place, Value& room) {
+  return room = Worth(*bound_.at(static_cast<std::size_t>(bound)), place);
+}
+
+bool MadeUpValues::IsTrue(int bound, const RunPlace& place) {
+  Value room;
+  return Look(bound, place, room) == Value(true);
+}
 
 Value MadeUpValues::Worth(const Expression& expression, const RunPlace& place) {
   const auto operand = [&](std::size_t at) { return Worth(expression.operands.at(at), place); };

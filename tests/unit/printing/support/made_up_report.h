@@ -57,7 +57,8 @@ class MadeUpValues final : public printing::ReportValues {
  public:
   MadeUpValues(const ReportDefinition& report, const printing::RowSource& rows) : report_(report), rows_(rows) {}
   int Bind(const Expression& expression) override;
-  platform::Value Evaluate(int bound, const printing::RunPlace& place) override;
+  const platform::Value& Look(int bound, const printing::RunPlace& place, platform::Value& room) override;
+  bool IsTrue(int bound, const printing::RunPlace& place) override;
   int Compare(const platform::Value& left, const platform::Value& right) override;
 
  private:

@@ -65,8 +65,9 @@ BandBox BandMaker::Make(const BoundBand& bound, const RunPlace& place, bool stri
   Measure(bound, place);
   BandBox box;
   box.height = Grow(bound.band->height);
+  box.items.reserve(standing_.size() + 1);
   if (striped && bound.band->stripe) box.items.emplace_back(BoxItem{0, 0, width_, box.height, 0, {}, bound.band->stripe});
-  for (const Standing& standing : standing_) Put(standing, box);
+  for (Standing& standing : standing_) Put(standing, box);
   return box;
 }
 
@@ -97,10 +98,10 @@ void BandMaker::MeasureText(const BoundElement& bound, const RunPlace& place, St
   const double width = standing.width * kPointsPerInch / style.points;
   const auto lines = line > 0 ? static_cast<std::size_t>(std::max(1.0, std::floor(standing.height / line + kSmallest))) : 1;
   const bool oneLine = !element.canGrow && (lines == 1 || figures);
-  const std::string text = CleanText(bound.constant ? bound.text : ShownText(value, element.format), oneLine, bound.hasPageCount);
+  std::string text = CleanText(bound.constant ? bound.text : ShownText(value, element.format), oneLine, bound.hasPageCount);
   if (text.empty()) return;
   if (oneLine) {
-    standing.lines.push_back(FitText(text, width, style, measure_, figures));
+    standing.line = FitText(std::move(text), width, style, measure_, figures);
     return;
   }
   standing.lines = WrapText(text, width, style, measure_, element.canGrow ? 0 : lines);
@@ -140,7 +141,7 @@ double BandMaker::Grow(double height) {
   return height + moved(height);
 }
 
-void BandMaker::Put(const Standing& standing, BandBox& box) const {
+void BandMaker::Put(Standing& standing, BandBox& box) const {
   const Element& element = *standing.bound->element;
   const TextStyle& style = standing.bound->style;
   switch (element.kind) {
@@ -155,12 +156,15 @@ void BandMaker::Put(const Standing& standing, BandBox& box) const {
     case ElementKind::Field:
       break;
   }
+  const auto put = [&](std::string& text, double y, double height) {
+    if (!text.empty())
+      box.items.emplace_back(TextItem{element.x, y, standing.width, height, std::move(text), style, standing.bound->hasPageCount});
+  };
   const double line = measure_.LineHeight(style) * style.points / kPointsPerInch;
-  const std::size_t count = standing.lines.size();
+  put(standing.line, standing.y, std::max(line, standing.height));
   double y = standing.y;
-  for (const std::string& text : standing.lines) {
-    const double height = count == 1 ? std::max(line, standing.height) : line;
-    if (!text.empty()) box.items.emplace_back(TextItem{element.x, y, standing.width, height, text, style, standing.bound->hasPageCount});
+  for (std::string& text : standing.lines) {
+    put(text, y, line);
     y += line;
   }
 }

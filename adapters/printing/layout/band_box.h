@@ -61,13 +61,14 @@ class BandMaker {
   struct Standing {
     const BoundElement* bound = nullptr;
     double y = 0, height = 0, width = 0;
-    double grown = 0;  ///< how much lower its end is than in the report file
-    std::vector<std::string> lines;
+    double grown = 0;                ///< how much lower its end is than in the report file
+    std::string line;                ///< the text's only one
+    std::vector<std::string> lines;  ///< or all of them
   };
   void Measure(const BoundBand& bound, const RunPlace& place);
   void MeasureText(const BoundElement& bound, const RunPlace& place, Standing& standing);
   double Grow(double height);
-  void Put(const Standing& standing, BandBox& box) const;
+  void Put(Standing& standing, BandBox& box) const;
 
   double width_;
   ReportValues& values_;

@@ -14,6 +14,7 @@ namespace printing {
 namespace {
 
 constexpr std::size_t kLatin = 0x250;
+constexpr unsigned char kAscii = 0x80;
 /// What a character is given that the font hasn't got: enough for every script, and the same everywhere, whatever font shows it there.
 constexpr double kForeignWidth = 1.0;
 constexpr double kForeignLetterWidth = 0.6;
@@ -73,6 +74,7 @@ FontSet::FontSet() {
     face.ascent = face.font.ascent() / face.em;
     face.lineHeight = (face.font.ascent() + face.font.descent() + std::max(0.0, face.font.leading())) / face.em;
     face.latin.resize(kLatin, Glyph{0, -1});
+    for (char32_t character = 0; character < kAscii; ++character) GlyphOf(face, character);
   }
 }
 
@@ -101,17 +103,17 @@ const FontSet::Glyph& FontSet::GlyphOf(const Face& face, char32_t character) {
 
 double FontSet::Width(std::string_view text, const TextStyle& style) const {
   const Face& face = FaceOf(style);
+  const Glyph* ascii = face.latin.data();
   double width = 0;
   for (std::size_t at = 0; at < text.size();) {
     const auto byte = static_cast<unsigned char>(text[at]);
-    char32_t character = byte;
-    if (byte < 0x80) {
+    if (byte < kAscii) {
+      width += ascii[byte].width;
       ++at;
-    } else {
-      character = platform::NextCodePoint(text, at);
-      if (character == platform::kInvalidByte) character = 0xFFFD;
+      continue;
     }
-    width += GlyphOf(face, character).width;
+    const char32_t character = platform::NextCodePoint(text, at);
+    width += GlyphOf(face, character == platform::kInvalidByte ? 0xFFFD : character).width;
   }
   return width;
 }

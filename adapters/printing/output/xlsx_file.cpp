@@ -1,5 +1,6 @@
 #include "printing/output/xlsx_file.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 #include <xlsxwriter.h>
 
@@ -69,6 +70,10 @@ XlsxFile::XlsxFile(const std::string& path, const std::string& title) : making_(
     making.part.clear();
     making.Fail(std::strerror(errno));
   }
+  // As any new file is.
+  const mode_t mask = umask(0);
+  umask(mask);
+  fchmod(file, 0666 & ~mask);
   close(file);
   std::error_code none;
   making.folder = std::filesystem::temp_directory_path(none).string();

@@ -68,6 +68,8 @@ TEST_F(RowsOut, XlsxHasTypedCells) {
   EXPECT_THAT(Said("unzip -p '" + File("out.xlsx") + "' xl/styles.xml"), HasSubstr("m/d/yyyy"));
   EXPECT_THAT(Said("unzip -p '" + File("out.xlsx") + "' docProps/core.xml"), HasSubstr("A \"title\"</dc:title>"));
   EXPECT_THAT(Names(), ElementsAre("out.xlsx"));
+  Csv({});
+  EXPECT_EQ(std::filesystem::status(File("out.xlsx")).permissions(), std::filesystem::status(File("out.csv")).permissions());
 }
 
 TEST_F(RowsOut, XlsxTakesDaysBeforeItsOwnCalendarAndLongTextsAsTexts) {

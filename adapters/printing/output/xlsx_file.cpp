@@ -22,7 +22,6 @@ using platform::ValueKind;
 
 namespace {
 
-constexpr lxw_row_t kRowsOfSheet = LXW_ROW_MAX;
 constexpr std::size_t kCharactersOfCell = 32767;
 constexpr double kCharactersPerInch = 13;
 constexpr double kWidest = 60;
@@ -46,6 +45,7 @@ struct XlsxFile::Making {
   lxw_format* moment = nullptr;
   std::vector<lxw_format*> columns;  ///< the report's own formats of numbers; none where it has none
   lxw_row_t row = 0;
+  lxw_row_t rowsOfSheet = 0;
   bool failed = false;
 
   [[noreturn]] void Fail(const std::string& why) const { throw ReportFailure(ReportError::OutputFailed, path + ": " + why); }
@@ -61,9 +61,10 @@ struct XlsxFile::Making {
   }
 };
 
-XlsxFile::XlsxFile(const std::string& path, const std::string& title) : making_(std::make_unique<Making>()) {
+XlsxFile::XlsxFile(const std::string& path, const std::string& title, std::uint32_t rowsOfSheet) : making_(std::make_unique<Making>()) {
   Making& making = *making_;
   making.path = path;
+  making.rowsOfSheet = std::min<lxw_row_t>(rowsOfSheet, LXW_ROW_MAX);
   making.part = path + ".XXXXXX";
   const int file = mkstemp(making.part.data());
   if (file < 0) {
@@ -128,7 +129,7 @@ void XlsxFile::NewSheet() {
 
 void XlsxFile::Add(const std::vector<Value>& cells) {
   Making& making = *making_;
-  if (making.row >= kRowsOfSheet) NewSheet();
+  if (making.row >= making.rowsOfSheet) NewSheet();
   for (std::size_t at = 0; at < cells.size(); ++at) PutCell(static_cast<std::uint16_t>(at), cells[at]);
   ++making.row;
   constexpr lxw_row_t kRowsBetweenChecks = 4096;

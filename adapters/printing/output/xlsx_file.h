@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -11,7 +12,8 @@ namespace printing {
 /// memory. A text is never a formula there. As PdfFile it leaves nothing half done behind.
 class XlsxFile final : public DetailSink {
  public:
-  XlsxFile(const std::string& path, const std::string& title);
+  /// `rowsOfSheet`: how many a sheet takes, its headings with them; what the format allows, and no more.
+  XlsxFile(const std::string& path, const std::string& title, std::uint32_t rowsOfSheet = 1048576);
   ~XlsxFile() override;
 
   void Begin(const std::vector<DetailColumn>& columns) override;

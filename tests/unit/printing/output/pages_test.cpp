@@ -1,6 +1,5 @@
 #include <sys/resource.h>
 
-#include <QGuiApplication>
 #include <csignal>
 #include <regex>
 
@@ -249,10 +248,3 @@ TEST_F(PagesOut, PrintTheirRangeWhereTheyStandOnThePage) {
 
 }  // namespace
 }  // namespace printing_test
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QGuiApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

@@ -1,0 +1,97 @@
+#include "unit/printing/preview/preview_fixture.h"
+
+namespace printing_test {
+namespace {
+
+/// A modal window with a button that counts.
+struct Screen {
+  Screen() {
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.resize(200, 100);
+    dialog.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    QApplication::processEvents();
+  }
+  QDialog dialog;
+};
+
+TEST_F(Preview, TakesInputWhileModalScreensAreUp) {
+  Open(40);
+  Finish();
+  {
+    const Screen screen;
+    Key(Qt::Key_PageDown);
+    EXPECT_EQ(Place(), "Page 2 of 10") << "a screen that was opened later";
+    {
+      const Screen box;
+      Key(Qt::Key_PageDown);
+      EXPECT_EQ(Place(), "Page 3 of 10") << "a box above it";
+    }
+    QApplication::processEvents();
+    Key(Qt::Key_PageDown);
+    EXPECT_EQ(Place(), "Page 4 of 10") << "the box is gone, the screen is not";
+    PreviewWindow* first = window;
+    Open(80);
+    Finish();
+    Key(Qt::Key_PageDown);
+    EXPECT_EQ(Place(), "Page 2 of 20") << "one that was opened under the screen";
+    window = first;
+    Key(Qt::Key_PageDown);
+    EXPECT_EQ(Place(), "Page 5 of 10");
+  }
+  QApplication::processEvents();
+  Key(Qt::Key_PageDown);
+  EXPECT_EQ(Place(), "Page 6 of 10");
+  EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(Preview, LeavesScreensTheirInput) {
+  Screen screen;
+  Open(4);
+  QPushButton button("ok", &screen.dialog);
+  button.show();
+  int clicks = 0;
+  QObject::connect(&button, &QPushButton::clicked, [&] { ++clicks; });
+  QTest::mouseClick(screen.dialog.windowHandle(), Qt::LeftButton, {}, button.geometry().center());
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(Preview, SeveralCloseTogether) {
+  Open(40);
+  Open(40);
+  EXPECT_EQ(previews.Count(), 2U);
+  window->close();
+  EXPECT_EQ(previews.Count(), 1U);
+  previews.CloseAll();
+  EXPECT_EQ(previews.Count(), 0U);
+  QApplication::processEvents();
+}
+
+TEST_F(Preview, ClosedInTheMiddleOfAnExportStopsIt) {
+  QTemporaryDir folder;
+  previews.dialogs.askFile = [&](QWidget&, const QString&, const QString&) { return std::optional<QString>(folder.filePath("out.csv")); };
+  Open(300000);
+  QTimer::singleShot(40, [this] { previews.CloseAll(); });
+  Choose("previewCsv");
+  EXPECT_FALSE(QFile::exists(folder.filePath("out.csv")));
+  QApplication::processEvents();
+  EXPECT_EQ(previews.Count(), 0U);
+}
+
+TEST_F(Preview, PaperIsWhiteOnADarkDesk) {
+  const QPalette before = QApplication::palette();
+  QPalette dark;
+  dark.setColor(QPalette::Window, QColor("#1f2226"));
+  dark.setColor(QPalette::WindowText, QColor("#e3e6ea"));
+  QApplication::setPalette(dark);
+  Open(4);
+  Choose("previewFitPage");
+  QApplication::processEvents();
+  const QImage picture = View().viewport()->grab().toImage();
+  EXPECT_EQ(picture.pixelColor(picture.width() / 2, picture.height() / 2), QColor(Qt::white));
+  EXPECT_LT(picture.pixelColor(3, picture.height() / 2).lightness(), 40);
+  QApplication::setPalette(before);
+}
+
+}  // namespace
+}  // namespace printing_test

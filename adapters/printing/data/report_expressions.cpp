@@ -23,12 +23,27 @@ int ReportExpressions::Bind(const Expression& expression) {
   return static_cast<int>(ready_.size()) - 1;
 }
 
-platform::Value ReportExpressions::Evaluate(int bound, const std::vector<platform::Value>* row, const std::vector<platform::Value>* totals,
-                                            std::int64_t recordNumber, std::int64_t pageNumber) {
+EvaluationState ReportExpressions::StateAt(const std::vector<platform::Value>* row, const std::vector<platform::Value>* totals,
+                                           std::int64_t recordNumber, std::int64_t pageNumber) {
   At(system_, SystemValue::RecordNumber) = static_cast<double>(recordNumber);
   At(system_, SystemValue::PageNumber) = static_cast<double>(pageNumber);
-  const EvaluationState state{row != nullptr ? *row : noRow_, totals != nullptr ? *totals : noTotals_, &system_};
-  return ready_[static_cast<std::size_t>(bound)].Evaluate(state);
+  return {row != nullptr ? *row : noRow_, totals != nullptr ? *totals : noTotals_, &system_};
+}
+
+platform::Value ReportExpressions::Evaluate(int bound, const std::vector<platform::Value>* row, const std::vector<platform::Value>* totals,
+                                            std::int64_t recordNumber, std::int64_t pageNumber) {
+  return ready_[static_cast<std::size_t>(bound)].Evaluate(StateAt(row, totals, recordNumber, pageNumber));
+}
+
+const platform::Value& ReportExpressions::Look(int bound, const std::vector<platform::Value>* row,
+                                               const std::vector<platform::Value>* totals, std::int64_t recordNumber,
+                                               std::int64_t pageNumber, platform::Value& room) {
+  return ready_[static_cast<std::size_t>(bound)].Look(StateAt(row, totals, recordNumber, pageNumber), room);
+}
+
+bool ReportExpressions::IsTrue(int bound, const std::vector<platform::Value>* row, const std::vector<platform::Value>* totals,
+                               std::int64_t recordNumber, std::int64_t pageNumber) {
+  return ready_[static_cast<std::size_t>(bound)].IsTrue(StateAt(row, totals, recordNumber, pageNumber));
 }
 
 int ReportExpressions::Compare(const platform::Value& left, const platform::Value& right) const {

@@ -25,10 +25,19 @@ class ReportExpressions {
   /// Without a row every field is Null, without totals every total is.
   platform::Value Evaluate(int bound, const std::vector<platform::Value>* row, const std::vector<platform::Value>* totals,
                            std::int64_t recordNumber, std::int64_t pageNumber);
+  /// As Evaluate, the value perhaps where it lies: valid until the row, the totals or `room` change.
+  const platform::Value& Look(int bound, const std::vector<platform::Value>* row, const std::vector<platform::Value>* totals,
+                              std::int64_t recordNumber, std::int64_t pageNumber, platform::Value& room);
+  /// Whether a condition is true.
+  bool IsTrue(int bound, const std::vector<platform::Value>* row, const std::vector<platform::Value>* totals, std::int64_t recordNumber,
+              std::int64_t pageNumber);
   /// How two values of one field stand in the order in which rows come; Null is equal to Null and before all others.
   int Compare(const platform::Value& left, const platform::Value& right) const;
 
  private:
+  EvaluationState StateAt(const std::vector<platform::Value>* row, const std::vector<platform::Value>* totals, std::int64_t recordNumber,
+                          std::int64_t pageNumber);
+
   const TextRules& rules_;
   std::vector<RowField> fields_;
   ReportNames names_;

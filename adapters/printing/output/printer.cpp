@@ -52,18 +52,19 @@ void Print(const PageSpool& pages, const FontSet& fonts, const PrinterRun& run, 
   QPainter painter;
   if (!painter.begin(&printer)) fail();
   PagePainter painting(fonts, run.settings);
-  for (std::int64_t number = first; number <= last; ++number) {
-    if (number > first) {
-      page = pages.Read(number - 1);
-      if (!printer.newPage()) fail();
-    }
-    painting.Paint(painter, page, printer.resolution(), pages.Count());
-    try {
+  try {
+    for (std::int64_t number = first; number <= last; ++number) {
+      if (number > first) {
+        page = pages.Read(number - 1);
+        if (!printer.newPage()) fail();
+      }
+      painting.Paint(painter, page, printer.resolution(), pages.Count());
       Ask(progress, number - first + 1);
-    } catch (...) {
-      printer.abort();
-      throw;
     }
+  } catch (...) {
+    // Nothing is printed of what is not whole.
+    printer.abort();
+    throw;
   }
   if (!painter.end() || printer.printerState() == QPrinter::Error) fail();
 }

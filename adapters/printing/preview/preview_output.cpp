@@ -38,15 +38,19 @@ void PreviewWindow::RunLong(const QString& what, const Work& work) {
     QProgressDialog box(what, tr("Stop"), 0, 0, this);
     box.setWindowTitle(windowTitle());
     box.setWindowModality(Qt::ApplicationModal);
-    box.setMinimumDuration(kPatienceMs);
+    box.setAutoClose(false);
+    box.setAutoReset(false);
     QElapsedTimer clock;
+    QElapsedTimer whole;
     clock.start();
+    whole.start();
     const Progress progress = [&](std::int64_t done) {
       if (clock.elapsed() < kEventsEveryMs) return !closing_;
       clock.restart();
       box.setLabelText(tr("%1 %L2").arg(what).arg(done));
-      box.setValue(0);
-      QCoreApplication::processEvents();
+      if (!box.isVisible() && whole.elapsed() > kPatienceMs) box.show();
+      // Without the box in front of them other windows would take input in the middle of this.
+      QCoreApplication::processEvents(box.isVisible() ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
       return !closing_ && !box.wasCanceled();
     };
     try {

@@ -25,8 +25,8 @@ constexpr double kLargestAtFirst = 1.25;
 
 }  // namespace
 
-PreviewWindow::PreviewWindow(std::unique_ptr<PreviewRun> run, std::shared_ptr<const FontSet> fonts, PreviewSettings settings, std::function<bool()> busy,
-                             PreviewDialogs dialogs)
+PreviewWindow::PreviewWindow(std::unique_ptr<PreviewRun> run, std::shared_ptr<const FontSet> fonts, PreviewSettings settings,
+                             std::function<bool()> busy, PreviewDialogs dialogs)
     : run_(std::move(run)),
       fonts_(std::move(fonts)),
       settings_(std::move(settings)),

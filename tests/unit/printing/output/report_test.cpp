@@ -24,7 +24,7 @@ class ReportOut : public ReportRowsTest {
   /// The pages of a report as text, laid out as they are seen.
   std::string PagesOf(const std::string& lines) {
     const auto rows = Open(lines);
-    ExpressionValues values(report_, rows->Fields(), services_.text, {services_.today, "All customers", report_.title});
+    ExpressionValues values(report_, rows->Fields(), services_.text, services_.today, "All customers");
     PageSpool spool;
     ReportLayout layout(report_, values, *rows, fonts_, spool);
     while (layout.Advance()) {
@@ -94,7 +94,7 @@ TEST_F(ReportOut, WithoutRowsTheHeadsAndTotalsStand) {
 TEST_F(ReportOut, TheSameRowsGoIntoATable) {
   AddCustomers({{1, "Hale, \"Al\"", "Bell", Currency{12345600}}, {2, "=Zo\xC3\xAB", "Ames", Currency{-5000}}});
   const auto rows = Open(kBalances);
-  ExpressionValues values(report_, rows->Fields(), services_.text, {});
+  ExpressionValues values(report_, rows->Fields(), services_.text, services_.today, "");
   printing::CsvFile file(folder_ / "out.csv");
   DetailRows walk(report_, values, *rows, file);
   while (walk.Advance()) {

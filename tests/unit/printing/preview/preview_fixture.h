@@ -7,6 +7,8 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QListView>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QTemporaryDir>
@@ -55,9 +57,11 @@ class MadeUpRun final : public PreviewRun {
     MadeUpValues values(report_, again);
     DetailRows walk(report_, values, again, sink);
     while (walk.Advance()) Ask(progress, walk.Records());
+    while (slow) Ask(progress, walk.Records());
   }
 
   static inline int advanced = 0;
+  static inline bool slow = false;  ///< an export never ends by itself
 
  private:
   ReportDefinition report_;

@@ -7,7 +7,10 @@
 #include <string_view>
 
 #include "platform/data/data.h"
-#include "platform/data/row_stream.h"
+
+namespace platform {
+class SnapshotReader;
+}
 
 namespace engine {
 
@@ -35,7 +38,7 @@ inline constexpr int kExecuteWholeRows = 1 << 16;
 
 /// The data engine over SQLite files: one connection, each file attached once.
 std::unique_ptr<platform::DataEngine> MakeEngine(const EngineOptions& options = {});
-/// A connection of its own for one long reading of one state of the files.
+/// A connection of its own for one long reading of one state of the files (platform/data/row_stream.h).
 std::unique_ptr<platform::SnapshotReader> MakeSnapshotReader(const EngineOptions& options = {});
 
 }  // namespace engine

@@ -45,7 +45,7 @@ class OneTable final : public platform::SnapshotReader {
   }
   std::optional<platform::TableDefinition> FindTable(std::string_view, std::string_view) override { return table_; }
   std::unique_ptr<platform::RowStream> OpenRows(std::string_view, std::string_view) override { return nullptr; }
-  void OnWait(std::function<void()>) override {}
+  void OnWait(std::function<bool()>) override {}
 
  private:
   platform::TableDefinition table_;

@@ -2,6 +2,7 @@
 #include "engine/objects/engine.h"
 #include "engine/objects/snapshot_reader.h"
 #include "engine/store/sqlite/sqlite_store.h"
+#include "platform/data/row_stream.h"
 
 namespace engine {
 

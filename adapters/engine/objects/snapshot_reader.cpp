@@ -1,6 +1,6 @@
 #include "engine/objects/snapshot_reader.h"
 
-#include <algorithm>
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -72,9 +72,10 @@ std::string RowsText(SelectPlan plan, const Dialect& dialect) {
 
 class Stream final : public platform::RowStream {
  public:
-  Stream(EngineContext& context, SelectPlan plan)
+  Stream(EngineContext& context, SelectPlan plan, const std::function<bool()>& goOn)
       : shape_(std::move(plan), context.OwnDialect()),
         store_(context.OwnStore()),
+        goOn_(goOn),
         oneState_(store_, Transaction::Kind::Read),
         query_(store_, std::string_view(RowsText(shape_.plan, context.OwnDialect()))) {
     const std::vector<std::string> one{"count(*)"};
@@ -88,7 +89,8 @@ class Stream final : public platform::RowStream {
   bool Next() override {
     if (ended_) return false;
     row_.clear();
-    ended_ = !query_.Step();
+    ended_ = true;
+    Run([this] { ended_ = !query_.Step(); });
     if (!ended_) query_.Append(row_, 0, shape_.types);
     return !ended_;
   }
@@ -98,12 +100,21 @@ class Stream final : public platform::RowStream {
   std::int64_t Count() override {
     if (shape_.plan.aggregate) return 1;
     if (shape_.plan.distinct) return -1;
-    return AskNumber(store_, countText_).value_or(0);
+    std::int64_t count = 0;
+    Run([&] { count = AskNumber(store_, countText_).value_or(0); });
+    return count;
   }
 
  private:
+  template <class Read>
+  void Run(const Read& read) {
+    if (!goOn_) return read();
+    if (!store_.ReadsToItsEnd(goOn_, std::ref(read))) throw platform::Error(platform::kReadingStopped, "Operation canceled by user.");
+  }
+
   RowShape shape_;
   Store& store_;
+  const std::function<bool()>& goOn_;
   Transaction oneState_;
   Query query_;
   std::string countText_;
@@ -122,10 +133,15 @@ class Reader final : public platform::SnapshotReader {
   }
 
   std::unique_ptr<platform::RowStream> OpenRows(std::string_view path, std::string_view select) override {
-    return std::make_unique<Stream>(context_, PlanSelect(select, CatalogueOf(path), context_.OwnDialect()));
+    return std::make_unique<Stream>(context_, PlanSelect(select, CatalogueOf(path), context_.OwnDialect()), goOn_);
   }
 
-  void OnWait(std::function<void()> servePainting) override { context_.OwnStore().OnWait(std::move(servePainting)); }
+  void OnWait(std::function<bool()> goOn) override {
+    goOn_ = std::move(goOn);
+    context_.OwnStore().OnWait([this] {
+      if (goOn_) goOn_();
+    });
+  }
 
  private:
   DatabaseCatalogue& CatalogueOf(std::string_view path) {
@@ -135,6 +151,7 @@ class Reader final : public platform::SnapshotReader {
     return *catalogues_.emplace(path, std::move(catalogue)).first->second;
   }
 
+  std::function<bool()> goOn_;
   EngineContext context_;
   std::map<std::string, std::unique_ptr<DatabaseCatalogue>, std::less<>> catalogues_;
 };

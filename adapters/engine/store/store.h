@@ -76,6 +76,14 @@ class Store : public Channel {
   /// at about so many rows, or when all rows had to be put in order first.
   virtual bool ReadsCheaply(int rows, const std::function<void()>& read) = 0;
 
+  /// Runs `read`, which may look at many rows before it gives one, and asks `goOn` meanwhile; where that says no, `read` is left
+  /// incomplete: false. A store that can't be stopped asks nobody.
+  virtual bool ReadsToItsEnd(const std::function<bool()>& goOn, const std::function<void()>& read) {
+    static_cast<void>(goOn);
+    read();
+    return true;
+  }
+
   /// Called while a lock is waited for, and between the parts of long work.
   virtual void OnWait(std::function<void()> servePainting) = 0;
   /// Lets the windows paint; does nothing when called from inside painting.

@@ -30,7 +30,8 @@ struct DataServices {
   std::function<DataFileKind(const std::string& path)> kindOf;
   TextRules text;
   platform::Date today;
-  /// Asked now and then while rows are read, how many so far; false stops the run. May be empty.
+  /// Asked every few milliseconds while rows are looked for, put in order and read, with how many were read so far; false stops the
+  /// run. It may let windows paint, and must not end the rows that ask it. May be empty.
   std::function<bool(std::int64_t rows)> goOn{};
 };
 

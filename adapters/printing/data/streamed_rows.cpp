@@ -21,14 +21,14 @@ StreamedRows::StreamedRows(const ReportDefinition& report, std::vector<RowField>
   At(system_, SystemValue::RecordNumber) = 0.0;
   ReportNames names(report, fields_, rules_, ReportNames::Totals::None);
   for (const Expression* condition : conditions) conditions_.push_back(MakeReportCondition(*condition, names, rules_));
+  if (goOn_) reader->OnWait([this] { return goOn_(read_); });
   stream_ = reader->OpenRows(path, statement);
   reader_ = std::move(reader);
 }
 
 bool StreamedRows::Next() {
-  constexpr std::int64_t kAskEvery = 256;
   while (NextRead()) {
-    if (++read_ % kAskEvery == 0 && goOn_ && !goOn_(read_)) throw ReportFailure(ReportError::Stopped, "The report was stopped.");
+    ++read_;
     if (!IsWanted()) continue;
     ++given_;
     return true;
@@ -41,6 +41,7 @@ bool StreamedRows::NextRead() {
   try {
     return stream_->Next();
   } catch (const platform::Error& error) {
+    if (error.Number() == platform::kReadingStopped) throw ReportFailure(ReportError::Stopped, "The report was stopped.");
     throw ReportFailure(ReportError::ReadingFailed, "row " + std::to_string(read_ + 1) + ": " + error.Description());
   }
 }
@@ -56,6 +57,7 @@ std::int64_t StreamedRows::Count() {
   try {
     count_ = stream_->Count();
   } catch (const platform::Error& error) {
+    if (error.Number() == platform::kReadingStopped) throw ReportFailure(ReportError::Stopped, "The report was stopped.");
     throw ReportFailure(ReportError::ReadingFailed, error.Description());
   }
   return count_;

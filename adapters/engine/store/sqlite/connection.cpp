@@ -208,6 +208,14 @@ WorkLimit::~WorkLimit() {
   sqlite3_progress_handler(connection_.Handle(), 0, nullptr, nullptr);
 }
 
+Stoppable::Stoppable(Connection& connection, const std::function<bool()>& goOn) : connection_(connection) {
+  constexpr int kInstructions = 20'000;  // a few hundred rows
+  const auto ask = [](void* asked) { return (*static_cast<const std::function<bool()>*>(asked))() ? 0 : 1; };
+  sqlite3_progress_handler(connection.Handle(), kInstructions, ask, const_cast<std::function<bool()>*>(&goOn));
+}
+
+Stoppable::~Stoppable() { sqlite3_progress_handler(connection_.Handle(), 0, nullptr, nullptr); }
+
 Channel::Unit Connection::BeginUnit(Unit::Kind kind) {
   const Unit unit{kind, !InTransaction(), depth_};
   if (unit.outermost) {

@@ -105,7 +105,7 @@ class Connection final : public Channel {
   int depth_ = 0;  ///< units inside one another
 };
 
-/// Leaves a statement's step when a WorkLimit is used up. Never leaves the store.
+/// Leaves a statement's step when a WorkLimit is used up or a Stoppable is stopped. Never leaves the store.
 struct WorkLimitReached {};
 
 /// Bounds the work of one statement while it lives: a step that needs more, or that has put all rows in order first, raises
@@ -117,6 +117,18 @@ class WorkLimit {
   ~WorkLimit();
   WorkLimit(const WorkLimit&) = delete;
   WorkLimit& operator=(const WorkLimit&) = delete;
+
+ private:
+  Connection& connection_;
+};
+
+/// Asks every few milliseconds of statements' work while it lives whether that shall go on: else WorkLimitReached.
+class Stoppable {
+ public:
+  Stoppable(Connection& connection, const std::function<bool()>& goOn);
+  ~Stoppable();
+  Stoppable(const Stoppable&) = delete;
+  Stoppable& operator=(const Stoppable&) = delete;
 
  private:
   Connection& connection_;

@@ -28,4 +28,14 @@ bool SqliteStore::ReadsCheaply(int rows, const std::function<void()>& read) {
   }
 }
 
+bool SqliteStore::ReadsToItsEnd(const std::function<bool()>& goOn, const std::function<void()>& read) {
+  try {
+    const Stoppable stoppable(connection_, goOn);
+    read();
+    return true;
+  } catch (const WorkLimitReached&) {
+    return false;
+  }
+}
+
 }  // namespace engine

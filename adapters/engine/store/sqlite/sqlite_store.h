@@ -19,6 +19,7 @@ class SqliteStore final : public Store {
   std::shared_ptr<StoreFile> Open(std::string_view path, std::string_view asked) override { return files_.Open(path, asked); }
   bool ScansAll(std::string_view sql) override;
   bool ReadsCheaply(int rows, const std::function<void()>& read) override;
+  bool ReadsToItsEnd(const std::function<bool()>& goOn, const std::function<void()>& read) override;
   void OnWait(std::function<void()> servePainting) override { connection_.OnWait(std::move(servePainting)); }
   void ServePainting() override { connection_.ServePainting(); }
 

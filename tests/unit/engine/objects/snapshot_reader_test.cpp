@@ -98,6 +98,22 @@ TEST_F(SnapshotReading, TellsFieldsAndCounts) {
   EXPECT_EQ(Rows("SELECT Count(*) AS n FROM People")->Count(), 1);
 }
 
+TEST_F(SnapshotReading, AsksWhetherToGoOn) {
+  AddPeople(std::vector<std::string>(5000, "x"));
+  int asked = 0;
+  reader_->OnWait([&] {
+    ++asked;
+    return true;
+  });
+  EXPECT_EQ(Rest(*Rows("SELECT ID FROM People ORDER BY City, Age")).size(), 5000u);
+  EXPECT_GT(asked, 3);
+  reader_->OnWait([&] { return false; });
+  EXPECT_EQ(ErrorOf([&] { Rest(*Rows("SELECT ID FROM People ORDER BY City, Age")); }), platform::kReadingStopped);
+  EXPECT_EQ(ErrorOf([&] { Rest(*Rows("SELECT ID FROM People WHERE City = 'nowhere'")); }), platform::kReadingStopped);
+  reader_->OnWait({});
+  EXPECT_EQ(Rest(*Rows("SELECT ID FROM People")).size(), 5000u);
+}
+
 TEST_F(SnapshotReading, FindsTablesAndLinks) {
   platform::TableDef link = db_->CreateTableDef("Depts");
   link.Connect = ";DATABASE=" + Path("ledger.zdb");

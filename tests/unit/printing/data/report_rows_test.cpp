@@ -165,17 +165,25 @@ TEST_F(ReportRows, ThreeThousandNamesInASelectionAreNoFailure) {
   EXPECT_EQ(ErrorOf(kNames), 0);
 }
 
+// Also while the store puts rows in order, or finds none.
 TEST_F(ReportRows, AStopEndsTheReading) {
   std::vector<std::vector<platform::Value>> many;
-  for (int i = 0; i < 2000; ++i) many.push_back({100 + i, "x", Null, Null});
+  for (int i = 0; i < 20'000; ++i) many.push_back({100 + i, "x" + std::to_string(i % 7), Null, Null});
   AddCustomers(many);
   std::int64_t seen = 0;
   services_.goOn = [&](std::int64_t rows) {
     seen = rows;
-    return rows < 600;
+    return rows < 6000;
   };
   EXPECT_EQ(ErrorOf(kNames), 501);
-  EXPECT_EQ(seen, 768);
+  EXPECT_GE(seen, 6000);
+  EXPECT_LT(seen, 12'000);
+  services_.goOn = [](std::int64_t) { return false; };
+  EXPECT_EQ(ErrorOf(kNames + "sort {Customers.Addr1}\n"), 501);
+  request_.selection = "{Customers.City} = 'nowhere'";
+  EXPECT_EQ(ErrorOf(kNames + "sort {Customers.AcctNum}\n"), 501);
+  services_.goOn = [](std::int64_t) { return true; };
+  EXPECT_EQ(RowsOf(kNames + "sort {Customers.AcctNum}\n"), "");
 }
 
 TEST_F(ReportRows, CountsWhatCanBeCountedAtOnce) {

@@ -180,7 +180,7 @@ TEST_F(ReportRows, AStopEndsTheReading) {
   EXPECT_LT(seen, 12'000);
   services_.goOn = [](std::int64_t) { return false; };
   EXPECT_EQ(ErrorOf(kNames + "sort {Customers.Addr1}\n"), 501);
-  request_.selection = "{Customers.City} = 'nowhere'";
+  request_.selection = "{Customers.Addr1} = 'nowhere'";
   EXPECT_EQ(ErrorOf(kNames + "sort {Customers.AcctNum}\n"), 501);
   services_.goOn = [](std::int64_t) { return true; };
   EXPECT_EQ(RowsOf(kNames + "sort {Customers.AcctNum}\n"), "");

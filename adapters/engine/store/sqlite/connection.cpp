@@ -209,7 +209,7 @@ WorkLimit::~WorkLimit() {
 }
 
 Stoppable::Stoppable(Connection& connection, const std::function<bool()>& goOn) : connection_(connection) {
-  constexpr int kInstructions = 20'000;  // a few hundred rows
+  constexpr int kInstructions = 20'000;  // of hundreds to thousands of rows: about a millisecond
   const auto ask = [](void* asked) { return (*static_cast<const std::function<bool()>*>(asked))() ? 0 : 1; };
   sqlite3_progress_handler(connection.Handle(), kInstructions, ask, const_cast<std::function<bool()>*>(&goOn));
 }

@@ -83,7 +83,12 @@ void frmCustReports::cmdRestoreName_Click() {
   if (Rows->HasRows()) {
     Rows->Edit();
     Rows->SetField("Description", Rows->Field("DefaultDescription"));
-    Rows->Update();
+    try {
+      Rows->Update();
+    } catch (const platform::Error&) {
+      Ignore()([&] { Rows->CancelUpdate(); });  // the name that is stored is the one that a run goes by
+      throw;
+    }
   }
   cmdRestoreName.Enabled(true);
 }

@@ -166,7 +166,7 @@ TEST_F(Binder, MenusHoldTheirItemsWithShortcutsBeside) {
   EXPECT_EQ(menu.title(), "&File");
   QStringList names;
   for (const QAction* action : menu.actions()) names << (action->isSeparator() ? "-" : action->objectName());
-  EXPECT_EQ(names, QStringList({"miFind", "miPrint", "-", "miExit"}));
+  EXPECT_EQ(names, QStringList({"miFind", "miPrint", "-", "miExit", "-", "exportListAction"}));
   EXPECT_EQ(Widget<QAction>("miFind").text(), "Find\tF3");
   EXPECT_EQ(Widget<QAction>("miExit").text(), "Exit\tCtrl+Q");
 }

@@ -201,7 +201,7 @@ class Builder {
       questions.emplace_back(table, QuestionOf(table));
       if (!questions.back().second.tie) return;
     }
-    std::ranges::stable_partition(questions, [](const auto& each) { return each.second.Plain(); });
+    std::stable_partition(questions.begin(), questions.end(), [](const auto& each) { return each.second.Plain(); });
     std::vector<std::string> conditions = OwnConditions();
     std::vector<std::pair<std::size_t, PlanDriver>> drivers;  // with the place of their own question
     for (const auto& [table, question] : questions) {

@@ -63,12 +63,15 @@ class ToldOnTerminal final : public platform::NoWindows {
   int told = 0;
 };
 
-/// Takes the catalogue's job and writes it into the file that was asked for.
+/// Takes the catalogue's job and writes it into the file that was asked for, unless something was told before: a file would look
+/// like an answer.
 class IntoFile final : public platform::ReportEngine {
  public:
-  IntoFile(library::ReportPlaces places, const Options& options) : places_(std::move(places)), options_(options) {}
+  IntoFile(library::ReportPlaces places, const Options& options, const ToldOnTerminal& front)
+      : places_(std::move(places)), options_(options), front_(front) {}
 
   int PrintReport(const platform::ReportJob& given) override {
+    if (front_.told > 0) return 0;
     platform::ReportJob job = given;
     int number = job.Formulas.empty() ? 0 : job.Formulas.rbegin()->first + 1;
     for (const std::string& formula : options_.formulas) job.Formulas[number++] = Quoted(formula);
@@ -95,6 +98,7 @@ class IntoFile final : public platform::ReportEngine {
   }
   library::ReportPlaces places_;
   const Options& options_;
+  const ToldOnTerminal& front_;
 };
 
 /// Puts the catalogue on the report of that place, file or name; false when there is none.
@@ -154,9 +158,9 @@ int RunReport(const Options& options) {
   library::MakeTemporaryFile(*places.system, options.user);
 
   const auto made = std::make_shared<platform::Application*>(nullptr);
-  auto engine =
-      std::make_unique<IntoFile>(library::ReportPlaces{[made] { return *made; }, places.libraryFolder, places.dataFolder}, options);
   auto front = std::make_unique<ToldOnTerminal>();
+  auto engine = std::make_unique<IntoFile>(library::ReportPlaces{[made] { return *made; }, places.libraryFolder, places.dataFolder}, options,
+                                           *front);
   const IntoFile& reports = *engine;
   const ToldOnTerminal& told = *front;
 

@@ -65,21 +65,12 @@ void frmCustMain::StandOnHostAccount() {
   if (customers.Recordset()->NoMatch()) customers.Recordset()->MoveFirst();
 }
 
-namespace {
-
-/// Whether the query screen, which lives hidden, was there.
-bool UnloadQueries() {
-  platform::Form* queries = gMainOpeners.queryScreen ? gMainOpeners.queryScreen() : nullptr;
-  if (queries == nullptr || !IsFormLoaded(queries)) return false;
-  App().Unload(*queries);
-  return true;
-}
-
-}  // namespace
-
 void frmCustMain::Form_Unload() {
   App().DoEvents();
-  if (UnloadQueries()) App().DoEvents();
+  if (platform::Form* queries = gMainOpeners.queryScreen ? gMainOpeners.queryScreen() : nullptr; queries && IsFormLoaded(queries)) {
+    App().Unload(*queries);
+    App().DoEvents();
+  }
   SafeAppUnloadAllForms(Name());
   App().DoEvents();
   CloseFiles();
@@ -87,7 +78,6 @@ void frmCustMain::Form_Unload() {
   App().DoEvents();
   screens::frmCustMain.release();
   App().DoEvents();
-  UnloadQueries();  // it may have been asked for once more in a yield
 }
 
 void frmCustMain::EditingRecord(bool Editing) {

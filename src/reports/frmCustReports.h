@@ -12,7 +12,6 @@
 #include "platform/controls/toolbar.h"
 #include "platform/host/screen.h"
 #include "platform/host/screen_ref.h"
-#include "session/failures.h"
 
 namespace orcussch {
 
@@ -88,12 +87,12 @@ class frmCustReports final : public platform::Screen {
   void Toolbar1_ButtonClick(const std::string& Key);
 
   // frmCustReports_print.cpp
-  Chosen Choose(ResumeNext& on, const platform::RecordsetRef& Rows) const;
+  Chosen Choose(const platform::RecordsetRef& Rows) const;
   void NameDataFiles(const Chosen& Report);
-  void Prepare(ResumeNext& on, const Chosen& Report, bool& Stop);
-  void PrepareReport(ResumeNext& on, const Chosen& Report);
-  void CopyQueriedCustomers(ResumeNext& on);
-  void PrepareLabels(ResumeNext& on, const Chosen& Report, bool& Stop);
+  void Prepare(const Chosen& Report, bool& Stop);
+  void PrepareReport(const Chosen& Report);
+  void CopyQueriedCustomers();
+  void PrepareLabels(const Chosen& Report, bool& Stop);
 
   // frmCustReports_labels.cpp
   platform::RecordsetRef CustomersForLabels() const;

@@ -29,60 +29,50 @@ bool frmCustReports::Chosen::IsSorted() const {
 bool frmCustReports::Chosen::IsLabels() const { return IsSorted() || platform::UCase(File) == kFolderLabels; }
 
 void frmCustReports::cmdPrint(int Destination) {
-  ResumeNext on("frmReports.cmdPrint");
-  const platform::RecordsetRef Rows = DataReports.Recordset();
-  bool None = false;
-  if (!on([&] { None = Rows->Bof() && Rows->Eof(); })) return;
-  if (None) {
-    on([this] { App().MsgBox("There are no reports to print!", platform::box::Information, "Customer Reports"); });
-    return;
-  }
+  Trap("frmReports.cmdPrint", [&] {
+    const platform::RecordsetRef Rows = DataReports.Recordset();
+    if (Rows->Bof() && Rows->Eof()) {
+      App().MsgBox("There are no reports to print!", platform::box::Information, "Customer Reports");
+      return;
+    }
 
-  ProgressBar1.Value(0);
-  StatusBar1.Panel(1, kPreparingReport);
-  const Chosen Report = Choose(on, Rows);
-  if (!BeginRun(on, Report1, cd1.Copies)) return;
+    ProgressBar1.Value(0);
+    StatusBar1.Panel(1, kPreparingReport);
+    const Chosen Report = Choose(Rows);
+    if (!BeginRun(Report1, cd1.Copies)) return;
 
-  if (TakeReportFile(on, Report1, Report.File)) {
-    bool Stop = false;
-    Prepare(on, Report, Stop);
+    if (TakeReportFile(Report1, Report.File)) {
+      bool Stop = false;
+      Prepare(Report, Stop);
+      if (!Loaded()) return;
+      ProgressBar1.Value(100);
+      App().DoEvents();
+      if (!Loaded()) return;
+      if (!Stop) RunReport(Report1, Destination, Report.IsLabels() ? "" : Report.Selection);
+    }
     if (!Loaded()) return;
-    ProgressBar1.Value(100);
-    on([this] { App().DoEvents(); });
-    if (!Loaded()) return;
-    if (!Stop) RunReport(on, Report1, Destination, Report.IsLabels() ? "" : Report.Selection);
-  }
-  if (!Loaded()) return;
 
-  ProgressBar1.Value(0);
-  StatusBar1.Panel(1, "");
-  on([this] { App().DoEvents(); });
-  App().MousePointer(platform::pointer::Default);
+    ProgressBar1.Value(0);
+    StatusBar1.Panel(1, "");
+    App().DoEvents();
+    App().MousePointer(platform::pointer::Default);
+  });
 }
 
-frmCustReports::Chosen frmCustReports::Choose(ResumeNext& on, const platform::RecordsetRef& Rows) const {
+frmCustReports::Chosen frmCustReports::Choose(const platform::RecordsetRef& Rows) const {
   Chosen Report;
-  const auto Text = [&](const char* Field) {
-    std::string text;
-    on([&] { text = TextOf(Rows, Field); });
-    return text;
-  };
-  Report.File = Text("Name");
-  Report.Description = Text("Description");
-  for (std::size_t i = 0; i < Report.DataFiles.size(); ++i) {
-    Report.DataFiles[i] = platform::Null;
-    on([&] { Report.DataFiles[i] = Rows->Field("DataFiles" + std::to_string(i)); });
-  }
-  Report.CustomerTable = platform::Null;
-  on([&] { Report.CustomerTable = Rows->Field("CustomerTable"); });
-  on([&] { Report.PageBreak = IsTrue(Rows->Field("CustomerPageBreak")); });
+  Report.File = TextOf(Rows, "Name");
+  Report.Description = TextOf(Rows, "Description");
+  for (std::size_t i = 0; i < Report.DataFiles.size(); ++i) Report.DataFiles[i] = Rows->Field("DataFiles" + std::to_string(i));
+  Report.CustomerTable = Rows->Field("CustomerTable");
+  Report.PageBreak = IsTrue(Rows->Field("CustomerPageBreak"));
   Report.BreakWanted = chkPageBreak.Value() == 1;
   Report.Queried = optCustomer[0].Value() && fraOptions.Enabled();
   Report.Current = optCustomer[2].Value();
   Report.AcctNum = lblAcctNum.Caption();
 
   // Whether the options are open is not asked here: a current customer that was left on still counts.
-  Report.Selection = Text("SelectionFormula");
+  Report.Selection = TextOf(Rows, "SelectionFormula");
   if (Report.Current && !Report.AcctNum.empty()) {
     if (!Report.Selection.empty()) Report.Selection += " And ";
     Report.Selection += OfCustomer(Report.AcctNum);
@@ -105,54 +95,54 @@ void frmCustReports::NameDataFiles(const Chosen& Report) {
   }
 }
 
-void frmCustReports::Prepare(ResumeNext& on, const Chosen& Report, bool& Stop) {
+void frmCustReports::Prepare(const Chosen& Report, bool& Stop) {
   Report1.Job.WindowTitle = Report.Description + " Report";
   NameDataFiles(Report);
   if (Report.IsLabels())
-    PrepareLabels(on, Report, Stop);
+    PrepareLabels(Report, Stop);
   else
-    PrepareReport(on, Report);
+    PrepareReport(Report);
   if (!Loaded() || !Report.PageBreak) return;
   // A boolean formula bears no quotes.
   Report1.Job.Formulas[++mFormulaIndex] = std::string("CustomerBreak=") + (Report.BreakWanted ? "True" : "False");
 }
 
-void frmCustReports::PrepareReport(ResumeNext& on, const Chosen& Report) {
+void frmCustReports::PrepareReport(const Chosen& Report) {
   SetCompanyFormulas(Report1.Job);
   Report1.Job.Formulas[5] = TextFormula("ReportName", Report.Description);
   Report1.Job.Formulas[6] = PeriodFormula();
   mFormulaIndex = 6;
-  if (Report.Queried) CopyQueriedCustomers(on);
+  if (Report.Queried) CopyQueriedCustomers();
 }
 
 /// The customers of the main screen's list, in one statement.
-void frmCustReports::CopyQueriedCustomers(ResumeNext& on) {
+void frmCustReports::CopyQueriedCustomers() {
   bool Failed = false;
-  on([&] { ClearORVTempTable("Customers", Failed); });
+  ClearORVTempTable("Customers", Failed);
   if (!Loaded()) return;
   ProgressBar1.Value(30);
-  on([this] { App().DoEvents(); });
+  App().DoEvents();
   const frmCustMain* Main = screens::frmCustMain.peek();
   if (!Loaded() || !Main) return;
   const std::string SQL = "INSERT INTO Customers" + InFile(gTempPath) + Main->data[tab::Customers].RecordSource();
-  on([&] { ExecuteSQLStmt(dbCustomer, SQL, false, Failed); });
+  ExecuteSQLStmt(dbCustomer, SQL, false, Failed);
   if (!Loaded()) return;
   ProgressBar1.Value(80);
-  on([this] { App().DoEvents(); });
+  App().DoEvents();
 }
 
 /// What the sort screen ends with is not asked: a cancelled one leaves the report file's own order.
-void frmCustReports::PrepareLabels(ResumeNext& on, const Chosen& Report, bool& Stop) {
+void frmCustReports::PrepareLabels(const Chosen& Report, bool& Stop) {
   mFormulaIndex = 0;
   if (!Report.Current && Report.IsSorted()) {
     Toolbar1.Tag("");
     App().MousePointer(platform::pointer::Default);
-    on([] { screens::frmMailLabel.Show(); });
+    screens::frmMailLabel.Show();
     if (!Loaded()) return;
     App().MousePointer(platform::pointer::Hourglass);
   }
   bool Failed = false;
-  on([&] { LoadLabels(Failed); });
+  LoadLabels(Failed);
   Stop = StopAsked();
 }
 

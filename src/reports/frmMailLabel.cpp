@@ -101,20 +101,21 @@ void frmMailLabel::MoveField(bool Down) {
 
 /// The number of the formulas grows by the number of the field, not by one: the label reports know them under 0, 1, 3 and 6.
 void frmMailLabel::cmdSort_Click(int Index) {
-  ResumeNext on("frmMailLable.cmdSort_Click");
-  cmdSort[Index].Enabled(false);
-  frmCustReports* Reports = screens::frmCustReports.peek();
-  if (Reports && Index == 0) {
-    for (int i = 0; i < kFields; ++i) {
-      const std::string Field = LabelField(mSort.At(i, 0));
-      Reports->FormulaIndex(Reports->FormulaIndex() + i);
-      Reports->Report1.Job.Formulas[Reports->FormulaIndex()] = TextFormula("Sort" + std::to_string(i), Field);
-      Reports->Report1.Job.SortFields[i] = "+" + Field;
+  Trap("frmMailLable.cmdSort_Click", [&] {
+    cmdSort[Index].Enabled(false);
+    frmCustReports* Reports = screens::frmCustReports.peek();
+    if (Reports && Index == 0) {
+      for (int i = 0; i < kFields; ++i) {
+        const std::string Field = LabelField(mSort.At(i, 0));
+        Reports->FormulaIndex(Reports->FormulaIndex() + i);
+        Reports->Report1.Job.Formulas[Reports->FormulaIndex()] = TextFormula("Sort" + std::to_string(i), Field);
+        Reports->Report1.Job.SortFields[i] = "+" + Field;
+      }
     }
-  }
-  if (Reports && Index == 1) Reports->Toolbar1.Tag("Cancel");
-  cmdSort[Index].Enabled(true);
-  on([this] { App().Unload(*this); });
+    if (Reports && Index == 1) Reports->Toolbar1.Tag("Cancel");
+    cmdSort[Index].Enabled(true);
+    App().Unload(*this);
+  });
 }
 
 /// Every run begins with the order of the design.

@@ -4,6 +4,7 @@
 #include "reports/company_formulas.h"
 #include "reports/report_run.h"
 #include "session/ModCustSch.h"
+#include "session/failures.h"
 
 namespace orcussch {
 
@@ -30,33 +31,32 @@ void NameDataFiles(platform::ReportJob& Job, const TabReport& Report) {
 }  // namespace
 
 void ReportPrint(frmCustMain& screen, int Destination) {
-  ResumeNext on("frmReports.cmdPrint");
-  const int Tab = screen.Tab();
-  bool Rows = false;
-  on([&] { Rows = screen.data[Tab].Recordset()->HasRows(); });
-  if (!Rows) return;
+  Trap("frmReports.cmdPrint", [&] {
+    const int Tab = screen.Tab();
+    if (!screen.data[Tab].Recordset()->HasRows()) return;
 
-  screen.StatusBar1.Panel(1, kPreparingReport);
-  platform::ReportControl& Report1 = screen.Report1;
-  if (!BeginRun(on, Report1, screen.CommonDialog1.Copies)) return;
+    screen.StatusBar1.Panel(1, kPreparingReport);
+    platform::ReportControl& Report1 = screen.Report1;
+    if (!BeginRun(Report1, screen.CommonDialog1.Copies)) return;
 
-  const TabReport& Report = kTabReports[Tab];
-  NameDataFiles(Report1.Job, Report);
-  if (TakeReportFile(on, Report1, Report.name)) {
-    Report1.Job.WindowTitle = std::string("Customer Maintenance");
-    SetCompanyFormulas(Report1.Job);
-    Report1.Job.Formulas[5] = PeriodFormula();
-    const std::string& AcctNum = screen.lblAcctNum.Caption();
-    const std::string Selection = OfCustomer(AcctNum.empty() ? "0" : AcctNum);
-    on([] { App().DoEvents(); });
+    const TabReport& Report = kTabReports[Tab];
+    NameDataFiles(Report1.Job, Report);
+    if (TakeReportFile(Report1, Report.name)) {
+      Report1.Job.WindowTitle = std::string("Customer Maintenance");
+      SetCompanyFormulas(Report1.Job);
+      Report1.Job.Formulas[5] = PeriodFormula();
+      const std::string& AcctNum = screen.lblAcctNum.Caption();
+      const std::string Selection = OfCustomer(AcctNum.empty() ? "0" : AcctNum);
+      App().DoEvents();
+      if (!screen.Loaded()) return;
+      RunReport(Report1, Destination, Selection);
+    }
     if (!screen.Loaded()) return;
-    RunReport(on, Report1, Destination, Selection);
-  }
-  if (!screen.Loaded()) return;
 
-  screen.StatusBar1.Panel(1, "");
-  on([] { App().DoEvents(); });
-  App().MousePointer(platform::pointer::Default);
+    screen.StatusBar1.Panel(1, "");
+    App().DoEvents();
+    App().MousePointer(platform::pointer::Default);
+  });
 }
 
 }  // namespace orcussch

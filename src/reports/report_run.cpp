@@ -9,33 +9,32 @@ namespace {
 constexpr int kMaximised = 2;
 }  // namespace
 
-bool BeginRun(ResumeNext& on, platform::ReportControl& Report, int Copies) {
+bool BeginRun(platform::ReportControl& Report, int Copies) {
   Report.Reset();
-  on([] { App().DoEvents(); });
+  App().DoEvents();
   if (!Report.Owner().Loaded()) return false;
   Report.Job.WindowState = kMaximised;
   Report.Job.CopiesToPrinter = Copies;
   Report.Job.DiscardSavedData = true;
-  on([] { App().DoEvents(); });
+  App().DoEvents();
   return Report.Owner().Loaded();
 }
 
-bool TakeReportFile(ResumeNext& on, platform::ReportControl& Report, const std::string& Name) {
+bool TakeReportFile(platform::ReportControl& Report, const std::string& Name) {
   Report.Job.ReportFileName = platform::WithSeparator(App().System(), App().Path()) + Name;
   const std::string& Path = Report.Job.ReportFileName;
   if (FileExists(Path)) return true;
-  on([&] { App().MsgBox("The report file " + Path + " was not found.", platform::box::OkOnly, ""); });
+  App().MsgBox("The report file " + Path + " was not found.", platform::box::OkOnly, "");
   return false;
 }
 
-void RunReport(ResumeNext& on, platform::ReportControl& Report, int Destination, const std::string& Selection) {
+void RunReport(platform::ReportControl& Report, int Destination, const std::string& Selection) {
   Report.Job.Destination = Destination;
   Report.Job.SelectionFormula = Selection;
-  on([] { App().DoEvents(); });
+  App().DoEvents();
   if (!Report.Owner().Loaded()) return;
-  int Result = 0;
-  on([&] { Result = Report.PrintReport(); });
-  if (Result != 0) on([&] { App().MsgBox("Crystal report error:" + std::to_string(Result), platform::box::OkOnly, ""); });
+  const int Result = Report.PrintReport();
+  if (Result != 0) App().MsgBox("Crystal report error:" + std::to_string(Result), platform::box::OkOnly, "");
 }
 
 std::string OfCustomer(const std::string& AcctNum) { return "{Customers.AcctNum}=" + AcctNum; }

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "platform/controls/report_control.h"
-#include "session/failures.h"
 
 /// What the runs of all reports have in common.
 namespace orcussch {
@@ -19,13 +18,13 @@ inline constexpr int Printer = 1;
 
 /// Forgets the last report and sets what every run has: a maximised preview, that many copies, data read afresh. Yields twice; false
 /// when the control's screen has gone meanwhile.
-bool BeginRun(ResumeNext& on, platform::ReportControl& Report, int Copies);
+bool BeginRun(platform::ReportControl& Report, int Copies);
 
 /// Names the report file, which lies in the program's folder. A file that is not there is told to the user: false.
-bool TakeReportFile(ResumeNext& on, platform::ReportControl& Report, const std::string& Name);
+bool TakeReportFile(platform::ReportControl& Report, const std::string& Name);
 
 /// Runs the report there, over the rows of that selection. Yields before; what the engine refuses is told to the user by its number.
-void RunReport(ResumeNext& on, platform::ReportControl& Report, int Destination, const std::string& Selection);
+void RunReport(platform::ReportControl& Report, int Destination, const std::string& Selection);
 
 /// The condition that is met by one customer's rows alone.
 std::string OfCustomer(const std::string& AcctNum);

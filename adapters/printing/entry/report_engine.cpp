@@ -75,7 +75,8 @@ class WindowedEngine final : public platform::ReportEngine {
 
   int PrintReport(const ReportJob& job) override {
     return Numbered(services_, job, [&] {
-      auto run = std::make_unique<ReportRun>(job, services_.forRun(), *previews_.Fonts());
+      const Details details = job.Destination == kPaper ? Details::Once : Details::Again;
+      auto run = std::make_unique<ReportRun>(job, services_.forRun(), *previews_.Fonts(), details);
       if (job.Destination == kPaper)
         Print(*run, job);
       else
@@ -125,7 +126,7 @@ void WriteDetails(const ReportJob& job, const EngineServices& services, File&& f
 
 void WritePages(const ReportJob& job, const EngineServices& services, const std::string& path, const Progress& progress) {
   const FontSet fonts;
-  ReportRun run(job, services.forRun(), fonts);
+  ReportRun run(job, services.forRun(), fonts, Details::Once);
   while (run.Advance()) Ask(progress, run.RowsDone());
   WritePdf(run.Pages(), path, run.Title(), fonts, progress);
 }

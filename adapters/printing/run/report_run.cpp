@@ -1,5 +1,6 @@
 #include "printing/run/report_run.h"
 
+#include <cassert>
 #include <utility>
 
 #include "platform/values/text.h"
@@ -47,19 +48,26 @@ void ExportRows(const ReportDefinition& report, ExpressionValues& values, RowSou
 
 }  // namespace
 
-ReportRun::ReportRun(const platform::ReportJob& job, RunServices services, const TextMeasure& measure)
+ReportRun::ReportRun(const platform::ReportJob& job, RunServices services, const TextMeasure& measure, Details details)
     : services_(std::move(services)),
       report_(Load(job, services_)),
       selection_(SelectionInWords(report_, job, services_.data)),
-      rows_(std::make_unique<KeptRows>(OpenReportRows(report_, RequestOf(job), services_.data))),
-      values_(std::make_unique<ExpressionValues>(report_, rows_->Fields(), services_.data.text, services_.data.today, selection_)),
-      layout_(std::make_unique<ReportLayout>(report_, *values_, *rows_, measure, pages_, services_.firstLabel)) {}
+      rows_(OpenReportRows(report_, RequestOf(job), services_.data)) {
+  if (details == Details::Again) {
+    auto kept = std::make_unique<KeptRows>(std::move(rows_));
+    kept_ = kept.get();
+    rows_ = std::move(kept);
+  }
+  values_ = std::make_unique<ExpressionValues>(report_, rows_->Fields(), services_.data.text, services_.data.today, selection_);
+  layout_ = std::make_unique<ReportLayout>(report_, *values_, *rows_, measure, pages_, services_.firstLabel);
+}
 
 bool ReportRun::Advance() { return layout_->Advance(); }
 
 void ReportRun::Export(DetailSink& sink, const Progress& progress) {
-  while (Advance()) Ask(progress, 0);
-  const std::unique_ptr<RowSource> again = rows_->Again();
+  assert(kept_ != nullptr);
+  while (Advance()) Ask(progress, RowsDone());
+  const std::unique_ptr<RowSource> again = kept_->Again();
   ExpressionValues values(report_, again->Fields(), services_.data.text, services_.data.today, selection_);
   ExportRows(report_, values, *again, sink, progress);
 }

@@ -20,16 +20,20 @@ struct RunServices {
   int firstLabel = 1;  ///< of a sheet of labels that was begun before
 };
 
+/// Whether a run can give its details once more, for which it writes its rows down.
+enum class Details { Once, Again };
+
 /// A report that runs: its rows, its pages, and its details again. What fails is a ReportFailure.
 class ReportRun final : public PreviewRun {
  public:
   /// Opens the report and its rows and lays nothing out yet.
-  ReportRun(const platform::ReportJob& job, RunServices services, const TextMeasure& measure);
+  ReportRun(const platform::ReportJob& job, RunServices services, const TextMeasure& measure, Details details);
 
   bool Advance() override;
   const PageSpool& Pages() const override { return pages_; }
   std::int64_t RowsDone() const override { return layout_->Records(); }
   std::int64_t RowsInAll() override { return rows_->Count(); }
+  /// Only of a run with Details::Again.
   void Export(DetailSink& sink, const Progress& progress) override;
   const std::string& Title() const { return report_.title; }
 
@@ -37,7 +41,8 @@ class ReportRun final : public PreviewRun {
   RunServices services_;
   ReportDefinition report_;
   std::string selection_;  ///< in words
-  std::unique_ptr<KeptRows> rows_;
+  std::unique_ptr<RowSource> rows_;
+  KeptRows* kept_ = nullptr;  ///< the rows, where they are written down
   std::unique_ptr<ExpressionValues> values_;
   PageSpool pages_;
   std::unique_ptr<ReportLayout> layout_;

@@ -177,24 +177,7 @@ class ToNumber final : public Node {
 
 }  // namespace
 
-double NumberOf(const Value& value) {
-  switch (value.Kind()) {
-    case ValueKind::Boolean:
-      return value.As<bool>() ? -1 : 0;
-    case ValueKind::Byte:
-      return value.As<std::uint8_t>();
-    case ValueKind::Short:
-      return value.As<std::int16_t>();
-    case ValueKind::Long:
-      return value.As<std::int32_t>();
-    case ValueKind::Currency:
-      return static_cast<double>(value.As<Currency>().tenThousandths) / kAmountScale;
-    case ValueKind::Double:
-      return value.As<double>();
-    default:
-      return 0;
-  }
-}
+double NumberOf(const Value& value) { return value.IsNumber() ? platform::CDbl(value) : 0; }
 
 NodePtr MakeArithmetic(Operator operation, ValueType type, NodePtr left, NodePtr right) {
   return std::make_unique<Arithmetic>(operation, type, std::move(left), std::move(right));

@@ -113,6 +113,7 @@ void Form::UserClose() { host_.Close(*this); }
 void Form::Act(const std::function<void()>& body) { host_.Act(*this, body); }
 
 void Form::UserCommand(const std::function<void()>& body) {
+  if (unloading_) return;  // in a yield of its end a screen is still to be seen
   Act([&] {
     if (TakeOpenCells()) body();
   });

@@ -70,6 +70,14 @@ TEST_F(ApplicationTest, TheScreenBelowBecomesActiveAgainOnce) {
                                   "unloaded frmSecond", "activate frmFirst", "unload frmFirst", "unloaded frmFirst"));
 }
 
+TEST_F(ApplicationTest, AScreenOnItsWayOutStartsNothing) {
+  first.Toolbar1.ButtonClick = [this](const std::string& key) { events.Add("ran " + key); };
+  first.onUnload = [this] { first.Toolbar1.Button("tb_Find").UserClick(); };
+  Serve({{"frmFirst", [this] { first.Toolbar1.Button("tb_Find").UserClick(); }}});
+  app->Show(first);
+  EXPECT_THAT(Told(), ElementsAre("load frmFirst", "activate frmFirst", "ran tb_Find", "unload frmFirst", "unloaded frmFirst"));
+}
+
 TEST_F(ApplicationTest, MessageBoxesActivateNothing) {
   Serve({{"frmFirst", [this] { app->MsgBox("text", 0, "title"); }}});
   app->Show(first);

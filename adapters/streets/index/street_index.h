@@ -94,7 +94,7 @@ class StreetIndex {
   virtual std::vector<std::int64_t> Edges(std::int64_t street, std::span<const std::string> zips) = 0;
 
   virtual std::optional<ZipArea> Zip(const std::string& zip) = 0;
-  /// By the name in capitals without points; no state: everywhere.
+  /// By the PlaceKey of the name (address/place_key.h); no state: everywhere.
   virtual std::vector<Place> Places(const std::string& name, const std::string& state) = 0;
   virtual std::vector<std::string> ZipsOfCounty(const std::string& state, const std::string& county) = 0;
 };

@@ -128,6 +128,8 @@ bool NamesState(std::string_view written) {
 
 std::optional<Highway> HighwayOf(const std::vector<std::string>& words, std::size_t first, std::size_t last) {
   constexpr std::size_t kMostWords = 6;
+  // "IL 62701" is a state and a ZIP.
+  constexpr std::size_t kMostDigitsBehindState = 4;
   if (last <= first + 1 || last - first > kMostWords) return std::nullopt;
   const std::string& number = words[last - 1];
   const std::string written = Join(words, first, last - 1);
@@ -135,7 +137,7 @@ std::optional<Highway> HighwayOf(const std::vector<std::string>& words, std::siz
   std::string type;
   if (found != kForms.end()) {
     type = found->type;
-  } else if (NamesState(written)) {
+  } else if (number.size() <= kMostDigitsBehindState && NamesState(written)) {
     type = "STATE HWY";
   }
   if (type.empty() || !IsHighwayNumber(number, type)) return std::nullopt;

@@ -13,7 +13,7 @@ struct Address {
   bool noStreet = false;            ///< the line names no street, as a post office box doesn't
   std::vector<std::string> city;    ///< words of the town
   std::string state;                ///< two letters
-  ZipText zip;
+  WrittenZip zip;
   /// `street` alone stands there: it can be the town, and where it is a street its last words can be the town's.
   bool streetMayBeCity = false;
 

@@ -23,7 +23,7 @@ std::string WithDigits(std::string word) {
   return word;
 }
 
-ZipText OfOneWord(const std::string& written) {
+WrittenZip OfOneWord(const std::string& written) {
   const std::string word = WithDigits(written);
   const std::size_t end = std::min(word.find_first_not_of("0123456789"), word.size());
   const std::string first = word.substr(0, end);
@@ -39,18 +39,18 @@ ZipText OfOneWord(const std::string& written) {
 
 }  // namespace
 
-ZipText ZipOf(const std::vector<std::string>& words) {
+WrittenZip ZipOf(const std::vector<std::string>& words) {
   if (words.size() == 1) return OfOneWord(words.front());
   const bool isSplit = words.size() == 2 && words[0].size() == kZip && words[1].size() <= kPlusFour && IsNumber(words[1]);
   if (!isSplit) return {};
-  ZipText zip = OfOneWord(words[0]);
+  WrittenZip zip = OfOneWord(words[0]);
   zip.whole = zip.whole && words[1].size() == kPlusFour;
   return zip;
 }
 
-ZipText TakeZip(std::vector<std::string>& words) {
+WrittenZip TakeZip(std::vector<std::string>& words) {
   if (words.size() < 2) return {};
-  const ZipText zip = OfOneWord(words.back());
+  const WrittenZip zip = OfOneWord(words.back());
   if (!zip.whole) return {};
   constexpr std::size_t kMostHighwayWords = 6;
   for (std::size_t first = words.size() - std::min(words.size(), kMostHighwayWords); first < words.size(); ++first)

@@ -30,7 +30,10 @@ inline const EdgeLayer* LayerOf(platform::MapLine kind) {
 }
 
 /// Borders are kept at several levels, each for views of at least so many map units a pixel.
-inline constexpr std::array<double, 4> kBorderLevels{0, 700, 2000, 6000};
+inline constexpr std::array<double, 2> kBorderLevels{0, 1500};
+
+/// Borders of counties are drawn up to that many map units a pixel.
+inline constexpr double kCountiesUpTo = 4000;
 
 /// A border's layer in its boxes' third direction.
 inline constexpr int BorderLayer(bool state, int level) { return (state ? 100 : 0) + level; }

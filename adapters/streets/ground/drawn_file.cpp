@@ -70,7 +70,7 @@ DrawnFile::DrawnFile(Database& file)
 void DrawnFile::Lines(MapLine kind, const MapBox& box, double unitsPerPixel, const platform::MapGround::TakeLine& take) {
   const FileBox in(box);
   if (kind == MapLine::State || kind == MapLine::County) {
-    if (!hasBorders_) return;
+    if (!hasBorders_ || (kind == MapLine::County && unitsPerPixel > kCountiesUpTo)) return;
     borders_.With(in.east, in.west, in.north, in.south, BorderLayer(kind == MapLine::State, BorderLevel(unitsPerPixel)));
     Draw(borders_, kind, unitsPerPixel, take);
     return;

@@ -49,6 +49,7 @@ IndexedFile::IndexedFile(Database& file, std::int64_t tag)
     : tag_(tag),
       hasStreets_(HasRows(file, "Streets")),
       hasZips_(HasRows(file, "Zips")),
+      hasPoints_(HasRows(file, "Points")),
       begin_(file, "BEGIN"),
       end_(file, "COMMIT"),
       namedInZip_(file, kNamedInZip),
@@ -145,6 +146,7 @@ void IndexedFile::Ranges(std::int64_t street, Zips zips, std::vector<HouseRange>
 }
 
 void IndexedFile::Points(std::int64_t street, Zips zips, std::vector<AddressPoint>& answer) {
+  if (!hasPoints_) return;
   EachRow(points_, pointsInZip_, street, zips, [&](const Statement& row) { answer.push_back(PointOf(row, street)); });
 }
 

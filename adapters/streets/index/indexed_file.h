@@ -46,6 +46,7 @@ class IndexedFile {
   std::int64_t tag_;
   bool hasStreets_;
   bool hasZips_;
+  bool hasPoints_;
   bool together_ = false;
   Statement begin_;
   Statement end_;

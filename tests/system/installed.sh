@@ -10,7 +10,7 @@ hand=$4
 here=$(mktemp -d)
 trap 'rm -rf "$here"' EXIT
 cmake --install "$build" --prefix "$here/prefix" >"$here/install.log" || { cat "$here/install.log"; exit 1; }
-for file in bin/custsearch bin/suitefiles include/orcussch.h libexec/orcussch/orcussch-display-probe share/man/man1/custsearch.1 share/man/man1/suitefiles.1; do
+for file in bin/custsearch bin/suitefiles include/orcussch.h libexec/orcussch/orcussch-display-probe share/man/man1/custsearch.1 share/man/man1/suitefiles.1 bin/streets share/orcussch/map.zds share/man/man1/streets.1; do
   [ -s "$here/prefix/$file" ] || { echo "$file was not installed"; exit 1; }
 done
 

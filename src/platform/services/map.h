@@ -47,6 +47,9 @@ struct MapBox {
 struct MapView {
   MapPoint middle;
   std::int32_t width = 0;
+  /// Counts the times that something was asked to be drawn: the same view asked for again is one to go back to.
+  std::int32_t drawing = 0;
+  bool operator==(const MapView&) const = default;
 };
 
 /// Lines of the ground, the least to be seen from afar last.

@@ -25,20 +25,27 @@ compare() {
 "$programs/custsearch" --help >"$work/help.txt" || failures=1
 compare custsearch
 
-"$programs/suitefiles" --help >"$work/help.txt" || failures=1
-commands=$(sed -n 's/^  suitefiles \([a-z]*\) .*/\1/p' "$work/help.txt")
-for command in $commands; do
-  [ "$command" = help ] && continue
-  "$programs/suitefiles" help "$command" >"$work/one.txt" || failures=1
-  grep -q "^suitefiles $command " "$work/one.txt" || {
-    printf 'the help of %s does not begin with it\n' "$command" >&2
-    failures=1
-  }
-  grep -qx "\.B $command" "$pages/suitefiles.1" || {
-    printf 'suitefiles.1 has no paragraph on %s\n' "$command" >&2
-    failures=1
-  }
-  cat "$work/one.txt" >>"$work/help.txt"
-done
-compare suitefiles
+# A program of commands: each has a help of its own and a paragraph.
+program() {
+  "$programs/$1" --help >"$work/help.txt" || failures=1
+  commands=$(sed -n "s/^  $1 \\([a-z]*\\) .*/\\1/p" "$work/help.txt")
+  [ -n "$commands" ] || failures=1
+  for command in $commands; do
+    [ "$command" = help ] && continue
+    "$programs/$1" help "$command" >"$work/one.txt" || failures=1
+    grep -q "^$1 $command " "$work/one.txt" || {
+      printf 'the help of %s does not begin with it\n' "$command" >&2
+      failures=1
+    }
+    grep -qx "\.B $command" "$pages/$1.1" || {
+      printf '%s.1 has no paragraph on %s\n' "$1" "$command" >&2
+      failures=1
+    }
+    cat "$work/one.txt" >>"$work/help.txt"
+  done
+  compare "$1"
+}
+
+program suitefiles
+[ ! -x "$programs/streets" ] || program streets
 exit $failures

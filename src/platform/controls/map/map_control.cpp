@@ -15,9 +15,27 @@ MapEngine& MapControl::Engine() {
   if (engine_ == nullptr) {
     engine_ = Owner().Host().Map();
     if (engine_ == nullptr) throw error::ObjectRequired();
-    engine_->OnPinClicked = [this](const std::string& key) { UserCommand([this, key] { PinClick.Fire(key); }); };
+    engine_->OnPinClicked = [this](const std::string& key) { UserPinClick(key); };
   }
   return *engine_;
+}
+
+MapScene* MapControl::Scene() const {
+  MapEngine* engine = Owner().Host().Map();
+  return engine != nullptr ? engine->Scene() : nullptr;
+}
+
+void MapControl::UserPinClick(const std::string& key) {
+  UserCommand([this, key] { PinClick.Fire(key); });
+}
+
+std::optional<MapPoint> MapControl::UserFind(const std::string& address) {
+  std::optional<MapPoint> found;
+  Act([&] {
+    const GeocodeAnswer answer = Engine().Geocode(address);
+    if (answer.positionFound) found = MapPoint{answer.latitude, answer.longitude};
+  });
+  return found;
 }
 
 void MapControl::Look(MapEngine& engine) {

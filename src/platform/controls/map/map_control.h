@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/controls/form/control.h"
@@ -43,6 +44,14 @@ class MapControl final : public Control {
 
   /// The user has clicked the pin with that key.
   Event<const std::string&> PinClick;
+
+  bool TakesFocus() const override { return true; }
+  /// What its window draws: nullptr without an engine, and where that has nothing to be seen.
+  MapScene* Scene() const;
+  /// The user clicks the pin with that key.
+  void UserPinClick(const std::string& key);
+  /// The user looks for an address: its position, nothing when it is unknown. The control's own properties stay as they are.
+  std::optional<MapPoint> UserFind(const std::string& address);
 
  private:
   MapEngine& Engine();

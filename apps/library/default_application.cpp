@@ -1,5 +1,6 @@
 #include "library/default_application.h"
 
+#include "library/map.h"
 #include "library/reports.h"
 #include "library/windows.h"
 #include "setup/accounts/accounts_picker.h"
@@ -38,6 +39,7 @@ std::unique_ptr<platform::Application> MakeDefaultApplication(const DefaultAppli
   parts.accounts = MakeAccounts(options);
   parts.reports = MakeReports(reports);
   parts.listExport = MakeListExport();
+  parts.map = MakeMap([made] { return *made; }, places.dataFolder);
   parts.path = places.libraryFolder;
   parts.title = options.title;
   auto application = std::make_unique<platform::Application>(std::move(parts));

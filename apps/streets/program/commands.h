@@ -19,6 +19,7 @@ int Run(const std::vector<std::string>& arguments, const Console& console);
 // The commands. Each takes its own words and returns the exit status.
 int RunImport(const std::vector<std::string>& words, const Console& console);
 int RunBase(const std::vector<std::string>& words, const Console& console);
+int RunFind(const std::vector<std::string>& words, const Console& console);
 int RunInfo(const std::vector<std::string>& words, const Console& console);
 int RunCheck(const std::vector<std::string>& words, const Console& console);
 

@@ -8,6 +8,7 @@ constexpr const char* kProgram =
     R"(streets makes, fills and looks into the files of the street map.
 
   streets import FILE... --into STREETS [--dry-run]
+  streets find ADDRESS... [--streets STREETS] [--map FILE]
   streets info FILE
   streets check FILE...
   streets base FOLDER --into FILE
@@ -37,6 +38,21 @@ can't be read is told and passed over; the exit status is then 1.
 
   --into STREETS  the file to fill
   --dry-run       reads and tells, and writes nothing
+)";
+
+constexpr const char* kFind =
+    R"(streets find ADDRESS... [--streets STREETS] [--map FILE]
+
+Tells where addresses lie, as the customer map finds them: "Addr1,City,State,Zip",
+parts of which may be missing. For each candidate, the best first, a line with
+the address, how good the best one is ("match" or "guess") and the candidate:
+longitude and latitude in hundred-thousandths of a degree, and its text. A ZIP or
+town alone has a position and no text. "nothing" is told for what can't be found;
+the exit status is then 1.
+
+  -                  reads addresses from the input, one a line
+  --streets STREETS  the streets file, instead of streets.zds in the working folder
+  --map FILE         the base map, instead of the one that came with the program
 )";
 
 constexpr const char* kInfo =
@@ -70,6 +86,7 @@ zip-places.tsv. A FILE that is there already is replaced when the new one is don
 std::string HelpText(const std::string& command) {
   if (command.empty()) return kProgram;
   if (command == "import") return kImport;
+  if (command == "find") return kFind;
   if (command == "info") return kInfo;
   if (command == "check") return kCheck;
   if (command == "base") return kBase;

@@ -16,7 +16,7 @@ struct Command {
   int (*run)(const std::vector<std::string>&, const Console&);
 };
 
-constexpr Command kCommands[] = {{"import", RunImport}, {"base", RunBase}, {"info", RunInfo}, {"check", RunCheck}};
+constexpr Command kCommands[] = {{"import", RunImport}, {"base", RunBase}, {"find", RunFind}, {"info", RunInfo}, {"check", RunCheck}};
 
 bool AsksForHelp(const std::vector<std::string>& words) {
   const auto end = std::find(words.begin(), words.end(), "--");

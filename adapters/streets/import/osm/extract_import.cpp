@@ -39,8 +39,8 @@ bool IsStreet(const ExtractTags& tags) { return tags.Has("highway") && !NamesOfS
 
 class Extract {
  public:
-  Extract(const std::string& path, Database* into, Database* baseMap, const ExtractListener& listener)
-      : file_(path, path), listener_(listener), zips_(baseMap) {
+  Extract(const std::string& path, Database* into, Database* baseMap, const ExtractListener& listener, std::size_t nodesAtATime)
+      : file_(path, path), listener_(listener), nodesAtATime_(nodesAtATime), zips_(baseMap), places_(nodesAtATime) {
     if (into) writer_.emplace(*into, NameOf(path));
     addresses_.emplace(writer_ ? &*writer_ : nullptr, styles_, zips_);
   }
@@ -128,7 +128,7 @@ class Extract {
   void TakeWays() {
     std::int64_t ordinal = 0;
     std::int64_t until = round_;
-    NodePlaces next;
+    NodePlaces next(nodesAtATime_);
     ExtractReader reader;
     reader.onWay = [&](const ExtractWay& way) {
       if (!IsWanted(way)) return;
@@ -198,7 +198,7 @@ class Extract {
   void Read(ExtractReader& reader) {
     reader.onProgress = [this](std::int64_t bytes) {
       if (!listener_.onProgress) return;
-      const std::int64_t rounds = std::max<std::int64_t>(1, (nodesOfWays_ + std::int64_t{NodePlaces::kMost} - 1) / std::int64_t{NodePlaces::kMost});
+      const std::int64_t rounds = 1 + nodesOfWays_ / static_cast<std::int64_t>(nodesAtATime_);
       const std::int64_t readings = 1 + 2 * rounds;
       listener_.onProgress(file_.Shown(), std::min(reading_, readings - 1) * file_.Size() + bytes, readings * file_.Size());
     };
@@ -213,6 +213,7 @@ class Extract {
 
   ExtractFile file_;
   const ExtractListener& listener_;
+  std::size_t nodesAtATime_;
   ZipFinder zips_;
   std::optional<SourceWriter> writer_;
   NumberStyles styles_;
@@ -229,8 +230,8 @@ class Extract {
 
 }  // namespace
 
-ExtractCounts ImportExtract(const std::string& path, Database* into, Database* baseMap, const ExtractListener& listener) {
-  return Extract(path, into, baseMap, listener).Import();
+ExtractCounts ImportExtract(const std::string& path, Database* into, Database* baseMap, const ExtractListener& listener, std::size_t nodesAtATime) {
+  return Extract(path, into, baseMap, listener, nodesAtATime).Import();
 }
 
 }  // namespace streets

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -27,6 +28,8 @@ struct ExtractListener {
 /// Imports streets and addresses of an OpenStreetMap extract (PBF). What the file held from an extract of the same name, without path and
 /// ending, is replaced. All or nothing. Where neither a street nor an address tells its ZIP, it is the nearest one of `baseMap`, which may
 /// be nullptr. `into` nullptr: reads and reports alone. The memory that is needed doesn't grow with the extract. Raises FileError.
-ExtractCounts ImportExtract(const std::string& path, Database* into, Database* baseMap, const ExtractListener& listener);
+/// `nodesAtATime`: of so many nodes the places are kept; more are read in several rounds.
+ExtractCounts ImportExtract(const std::string& path, Database* into, Database* baseMap, const ExtractListener& listener,
+                            std::size_t nodesAtATime = 2'000'000);
 
 }  // namespace streets

@@ -10,6 +10,7 @@ namespace {
 
 // A building has no more numbers than that.
 constexpr std::int64_t kWidest = 100;
+constexpr std::size_t kLongestSuffix = 20;
 // A text has no more, whatever it says.
 constexpr std::size_t kMostHouses = 200;
 
@@ -60,8 +61,8 @@ void AddHouse(std::string_view text, std::vector<HouseNumber>& houses) {
   const std::vector<std::string> words = Words(text);
   auto leading = LeadingHouseNumber(words);
   if (!leading) return;
-  const bool letterFollows = leading->words + 1 == words.size() && words.back().size() == 1 && IsLetter(words.back().front());
-  if (letterFollows && leading->number.suffix.empty()) leading->number.suffix = words.back();
+  // The house at the rear is another than the one in front of it.
+  if (leading->number.suffix.empty()) leading->number.suffix = Join(words, leading->words).substr(0, kLongestSuffix);
   houses.push_back(leading->number);
 }
 

@@ -20,7 +20,7 @@ struct HyphenPair {
 std::optional<HyphenPair> ReadHyphenPair(std::string_view number);
 
 /// The houses that a tag's text names: "12", "12A", "12;14", "12-14" (all of a side, or where `hyphenated` the one house), "90-10-90-14",
-/// "12 1/2". What stands behind a number ("REAR") is passed over. None for a text that names none.
+/// "12 1/2". What stands behind a number ("REAR") is its suffix. None for a text that names none.
 std::vector<HouseNumber> HousesOf(std::string_view written, bool hyphenated);
 
 }  // namespace streets

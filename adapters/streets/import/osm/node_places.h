@@ -13,11 +13,10 @@ namespace streets {
 /// Where the nodes of some ways lie. First they are wanted, then their places come, then they are asked for.
 class NodePlaces {
  public:
-  /// Of more nodes than this (32 MB) the places are not kept at a time, whatever an extract holds.
-  static constexpr std::size_t kMost = 2'000'000;
+  /// Of about so many nodes the places are kept, 16 bytes each.
+  explicit NodePlaces(std::size_t most) : most_(most) {}
 
-  bool IsFull() const noexcept { return nodes_.size() >= kMost; }
-  bool IsEmpty() const noexcept { return nodes_.empty(); }
+  bool IsFull() const noexcept { return nodes_.size() >= most_; }
   void Want(std::span<const std::int64_t> nodes);
   /// All are wanted: places can come.
   void Close();
@@ -33,6 +32,7 @@ class NodePlaces {
   };
   std::vector<Node>::const_iterator Search(std::int64_t node) const;
 
+  std::size_t most_;
   std::vector<Node> nodes_;
 };
 

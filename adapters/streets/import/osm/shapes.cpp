@@ -72,8 +72,9 @@ std::optional<Position> MiddleOfWay(std::span<const std::int64_t> nodes, const N
     }
   }
   if (line.empty()) return {};
-  const bool isRing = whole && nodes.front() == nodes.back();
-  if (const auto centre = isRing ? CentreOfArea(line) : std::nullopt) return centre;
+  const bool isRing = nodes.front() == nodes.back();
+  if (const auto centre = isRing && whole ? CentreOfArea(line) : std::nullopt) return centre;
+  if (isRing && line.size() > 1) line.pop_back();
   return PlaceAlong(line, 0.5);
 }
 

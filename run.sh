@@ -18,7 +18,7 @@ fi
 # shellcheck disable=SC2086
 install_missing $BUILD_PACKAGES $RUN_PACKAGES
 say "Building ..."
-build default custsearch suitefiles
+build default custsearch suitefiles orcussch_map
 
 data=${ORCUSSCH_DATA:-$PWD/run/company}
 if [ ! -d "$data/data/orv1" ]; then

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "streets/address/states.h"
+#include "streets/address/street_types.h"
 #include "streets/address/words.h"
 
 namespace streets {
@@ -16,60 +17,42 @@ struct Form {
   std::string_view type;
 };
 
-/// What stands before the number.
+/// What stands before the number, with the normal forms of "highway", "road" and "route".
 constexpr std::array kForms = {
     Form{"US", "US HWY"},
     Form{"US HWY", "US HWY"},
-    Form{"US HIGHWAY", "US HWY"},
     Form{"US RTE", "US HWY"},
-    Form{"US RT", "US HWY"},
-    Form{"US ROUTE", "US HWY"},
     Form{"USHWY", "US HWY"},
     Form{"U S", "US HWY"},
     Form{"U S HWY", "US HWY"},
-    Form{"U S HIGHWAY", "US HWY"},
-    Form{"U S ROUTE", "US HWY"},
-    Form{"UNITED STATES HIGHWAY", "US HWY"},
+    Form{"U S RTE", "US HWY"},
+    Form{"UNITED STATES HWY", "US HWY"},
     Form{"FEDERAL HWY", "US HWY"},
     Form{"I", "I"},
     Form{"IH", "I"},
     Form{"INTERSTATE", "I"},
     Form{"INTERSTATE HWY", "I"},
-    Form{"INTERSTATE HIGHWAY", "I"},
     Form{"HWY", "HWY"},
-    Form{"HIGHWAY", "HWY"},
-    Form{"HIWAY", "HWY"},
     Form{"HWY NO", "HWY"},
     Form{"STATE", "STATE HWY"},
     Form{"STATE HWY", "STATE HWY"},
-    Form{"STATE HIGHWAY", "STATE HWY"},
     Form{"STATE RTE", "STATE HWY"},
-    Form{"STATE RT", "STATE HWY"},
-    Form{"STATE ROUTE", "STATE HWY"},
     Form{"STATE RD", "STATE HWY"},
-    Form{"STATE ROAD", "STATE HWY"},
     Form{"ST HWY", "STATE HWY"},
     Form{"ST RTE", "STATE HWY"},
-    Form{"ST RT", "STATE HWY"},
     Form{"ST RD", "STATE HWY"},
     Form{"SR", "STATE HWY"},
     Form{"SH", "STATE HWY"},
     Form{"S R", "STATE HWY"},
     Form{"RTE", "RTE"},
-    Form{"RT", "RTE"},
-    Form{"ROUTE", "RTE"},
     Form{"CO RD", "CO RD"},
-    Form{"CO ROAD", "CO RD"},
     Form{"COUNTY RD", "CO RD"},
-    Form{"COUNTY ROAD", "CO RD"},
-    Form{"COUNTY HWY", "CO RD"},
-    Form{"COUNTY HIGHWAY", "CO RD"},
-    Form{"COUNTY RTE", "CO RD"},
-    Form{"COUNTY ROUTE", "CO RD"},
-    Form{"CO HWY", "CO RD"},
-    Form{"CO RTE", "CO RD"},
     Form{"CNTY RD", "CO RD"},
     Form{"CTY RD", "CO RD"},
+    Form{"CO HWY", "CO RD"},
+    Form{"COUNTY HWY", "CO RD"},
+    Form{"CO RTE", "CO RD"},
+    Form{"COUNTY RTE", "CO RD"},
     Form{"CR", "CO RD"},
     Form{"C R", "CO RD"},
     Form{"CTH", "CO RD"},
@@ -78,31 +61,34 @@ constexpr std::array kForms = {
     Form{"FM RD", "FM RD"},
     Form{"FARM TO MARKET", "FM RD"},
     Form{"FARM TO MARKET RD", "FM RD"},
-    Form{"FARM TO MARKET ROAD", "FM RD"},
     Form{"RM", "RM RD"},
     Form{"RANCH RD", "RM RD"},
-    Form{"RANCH ROAD", "RM RD"},
     Form{"RANCH TO MARKET RD", "RM RD"},
-    Form{"RANCH TO MARKET ROAD", "RM RD"},
+    Form{"NFS", "NFS RD"},
     Form{"NFS RD", "NFS RD"},
     Form{"NF RD", "NFS RD"},
-    Form{"NFS ROAD", "NFS RD"},
     Form{"FS RD", "NFS RD"},
     Form{"USFS RD", "NFS RD"},
     Form{"NATIONAL FOREST RD", "NFS RD"},
-    Form{"NATIONAL FOREST ROAD", "NFS RD"},
     Form{"NATIONAL FOREST SERVICE RD", "NFS RD"},
     Form{"FOREST SERVICE RD", "NFS RD"},
-    Form{"FOREST SERVICE ROAD", "NFS RD"},
     Form{"FOREST RD", "NFS RD"},
-    Form{"FOREST ROAD", "NFS RD"},
     Form{"TWP RD", "TWP RD"},
     Form{"TOWNSHIP RD", "TWP RD"},
-    Form{"TOWNSHIP ROAD", "TWP RD"},
     Form{"LOOP", "LOOP"},
     Form{"BIA RD", "BIA RD"},
-    Form{"BIA ROAD", "BIA RD"},
 };
+
+/// The words in front of the number in those forms: "STATE HIWAY" is "STATE HWY".
+std::string InForm(const std::vector<std::string>& words, std::size_t first, std::size_t last) {
+  std::string text;
+  for (std::size_t i = first; i < last; ++i) {
+    const std::string type = StreetType(words[i]);
+    if (!text.empty()) text += ' ';
+    text += type == "HWY" || type == "RD" || type == "RTE" ? type : words[i];
+  }
+  return text;
+}
 
 /// "89", "12B", "A1A", and a county's single letters ("COUNTY RD X").
 bool IsHighwayNumber(std::string_view word, std::string_view type) {
@@ -118,7 +104,7 @@ bool NamesState(std::string_view written) {
   const std::size_t blank = written.find(' ');
   if (blank != std::string_view::npos) {
     const std::string_view rest = written.substr(blank + 1);
-    if (rest != "HWY" && rest != "HIGHWAY" && rest != "RTE" && rest != "ROUTE" && rest != "RT") return false;
+    if (rest != "HWY" && rest != "RTE") return false;
     written = written.substr(0, blank);
   }
   return IsStateCode(written) && written != "CT" && written != "AL";
@@ -132,7 +118,7 @@ std::optional<Highway> HighwayOf(const std::vector<std::string>& words, std::siz
   constexpr std::size_t kMostDigitsBehindState = 4;
   if (last <= first + 1 || last - first > kMostWords) return std::nullopt;
   const std::string& number = words[last - 1];
-  const std::string written = Join(words, first, last - 1);
+  const std::string written = InForm(words, first, last - 1);
   const auto found = std::find_if(kForms.begin(), kForms.end(), [&](const Form& form) { return form.written == written; });
   std::string type;
   if (found != kForms.end()) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "streets/address/sound.h"
+
 namespace streets {
 
 namespace {
@@ -62,6 +64,15 @@ std::optional<WordedNumber> NumberInWords(const std::vector<std::string>& words,
   const auto ones = One(words[first + 1]);
   if (ones && ones->number < 10) number = WordedNumber{2, number->number + ones->number, ones->ordinal};
   return number;
+}
+
+std::string MendedNumberWord(std::string_view word) {
+  constexpr std::size_t kShortest = 5;
+  for (const Number& number : kNumbers)
+    for (const std::string_view right : {number.cardinal, number.ordinal})
+      if (right.size() >= kShortest && !word.empty() && right.front() == word.front() && EditDistance(word, right, 1) == 1)
+        return std::string(right);
+  return "";
 }
 
 std::string Ordinal(std::int64_t number) {

@@ -18,6 +18,10 @@ struct WordedNumber {
 /// The number that stands in words from `first` on: "FIRST", "TWENTY FIRST", "SIXTEEN", up to ninety-nine.
 std::optional<WordedNumber> NumberInWords(const std::vector<std::string>& words, std::size_t first);
 
+/// The number's word that is meant by one of five letters or more in which one letter is wrong, but for the first: "SIXTEEN" for
+/// "SIXTEN"; "" for others.
+std::string MendedNumberWord(std::string_view word);
+
 /// "1ST", "22ND", "13TH".
 std::string Ordinal(std::int64_t number);
 

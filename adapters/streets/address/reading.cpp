@@ -24,6 +24,7 @@ constexpr int kNumberInWords = 3;
 constexpr int kNumberIsName = 4;
 constexpr int kWordTooMany = 5;
 constexpr int kMisspeltType = 5;
+constexpr int kMisspeltNumber = 5;
 constexpr int kHyphen = 6;
 constexpr int kNumberBehind = 6;
 
@@ -108,6 +109,7 @@ class ReadingMaker {
     AddOtherKeys(number, plain, cost);
     if (words.size() < 2) return;
     AddMisspeltType(number, words, cost);
+    AddMisspeltNumber(number, words, cost);
     AddWithoutLast(number, words, plain, cost);
   }
 
@@ -139,6 +141,17 @@ class ReadingMaker {
       WordList mended = words;
       mended[at] = type;
       Add(number, StreetOfWords(mended), cost + kMisspeltType);
+    }
+  }
+
+  /// "SIXTEN MILE RD".
+  void AddMisspeltNumber(const std::optional<HouseNumber>& number, const WordList& words, int cost) {
+    for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+      const std::string mended = NumberInWords(words, i) ? "" : MendedNumberWord(words[i]);
+      if (mended.empty()) continue;
+      WordList other = words;
+      other[i] = mended;
+      Add(number, StreetOfWords(other), cost + kMisspeltNumber);
     }
   }
 

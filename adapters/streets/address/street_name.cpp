@@ -94,7 +94,7 @@ class NameReader {
     first_ += taken;
   }
 
-  bool IsOnlyType(std::size_t from) const { return from + 1 == end_ && !StreetType(words_[from]).empty(); }
+  bool IsOnlyType(std::size_t from) const { return cut_.type && from + 1 == end_ && !StreetType(words_[from]).empty(); }
 
   void TakeType() {
     if (Left() < 2) return;

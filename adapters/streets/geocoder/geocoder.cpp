@@ -62,13 +62,16 @@ void Geocoder::Settle(Address& address) {
     words.clear();
     return;
   }
-  // "100 Main St Springfield": a town behind a street with its type.
+  // "100 Main St Springfield": the ZIP's own town, or another behind a street with its type.
   if (!address.zip && address.state.empty()) return;
+  const KnownArea* area = areas_.Find(address.zip.zip);
   constexpr std::size_t kMostTownWords = 4;
   for (std::size_t count = std::min(kMostTownWords, words.size() - 1); count > 0; --count) {
     const std::size_t split = words.size() - count;
     const std::vector<std::string> line(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(split));
-    if (PlainReading(line).street.type.empty() || !IsTown(PlaceKey(Join(words, split)), address)) continue;
+    const std::string key = PlaceKey(Join(words, split));
+    const bool isZips = area != nullptr && area->townKey == key && line.size() > (number ? number->words : 0);
+    if (!isZips && (PlainReading(line).street.type.empty() || !IsTown(key, address))) continue;
     address.city.assign(words.begin() + static_cast<std::ptrdiff_t>(split), words.end());
     words.resize(split);
     return;

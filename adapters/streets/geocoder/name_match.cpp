@@ -29,16 +29,26 @@ bool IsPartOf(const std::string& less, const std::string& more) {
   return less == "RTE" ? EndsWith(more, "HWY") || more == "CO RD" : EndsWith(more, " " + less);
 }
 
+bool TypesFit(const std::string& asked, const std::string& street) {
+  return asked.empty() || street.empty() || asked == street || IsPartOf(asked, street) || IsPartOf(street, asked);
+}
+
+bool PartsFit(const std::string& asked, const std::string& street) { return asked.empty() || street.empty() || asked == street; }
+
 int TypePenalty(const std::string& asked, const std::string& street) {
   if (asked == street) return 0;
-  const bool isLess = asked.empty() || street.empty() || IsPartOf(asked, street) || IsPartOf(street, asked);
-  return isLess ? penalty::kTypeMissing : penalty::kTypeOther;
+  return TypesFit(asked, street) ? penalty::kTypeMissing : penalty::kTypeOther;
 }
 
 }  // namespace
 
 int NamePenalty(const StreetName& asked, const StreetName& street) {
   return DirectionPenalty(asked, street) + TypePenalty(asked.type, street.type);
+}
+
+bool Contradict(const StreetName& asked, const StreetName& street) {
+  const bool isMoved = DirectionPenalty(asked, street) == penalty::kDirectionElsewhere;
+  return isMoved || !PartsFit(asked.before, street.before) || !PartsFit(asked.behind, street.behind) || !TypesFit(asked.type, street.type);
 }
 
 std::optional<int> SpellingPenalty(const std::string& asked, const std::string& key) {
@@ -51,7 +61,7 @@ std::optional<int> SpellingPenalty(const std::string& asked, const std::string& 
   const int distance = EditDistance(asked, key, most);
   if (distance > most) return std::nullopt;
   if (distance == 1) return penalty::kOneLetter;
-  if (distance == 2 && asked.size() >= kLong) return penalty::kTwoLetters;
+  if (distance == 2 && std::max(asked.size(), key.size()) >= kLong) return penalty::kTwoLetters;
   if (Soundex(asked) == Soundex(key)) return penalty::kSoundAlone;
   return std::nullopt;
 }

@@ -5,7 +5,7 @@ namespace streets::penalty {
 
 inline constexpr int kTypeMissing = 3;
 inline constexpr int kDirectionMissing = 4;
-inline constexpr int kDirectionElsewhere = 5;  ///< in front for behind
+inline constexpr int kDirectionElsewhere = 3;  ///< in front for behind
 inline constexpr int kTypeOther = 12;
 inline constexpr int kDirectionOther = 16;
 
@@ -19,7 +19,7 @@ inline constexpr int kNumberNear = 13;  ///< outside of all ranges by a block or
 inline constexpr int kNumberFar = 20;
 inline constexpr int kNoNumbers = 24;  ///< a number, in a street without any
 
-inline constexpr int kOtherTown = 4;     ///< the ZIP is right and the town isn't its own
+inline constexpr int kOtherTown = 9;     ///< the ZIP is right and the town isn't its own
 inline constexpr int kUnknownZip = 6;    ///< the text's ZIP is not known
 inline constexpr int kUnknownPlace = 8;  ///< where the street lies is not known
 inline constexpr int kOtherZip = 12;     ///< the text's ZIP lies elsewhere
@@ -28,8 +28,6 @@ inline constexpr int kOtherState = 20;
 
 /// What costs more is no candidate.
 inline constexpr int kMost = 45;
-/// What names a street with contradictions costs more than this.
-inline constexpr int kNameFits = 7;
 
 /// How much worse than the best a candidate may be. Next to a full match nothing else is worth a look.
 constexpr int Margin(int best) { return best == 0 ? 0 : 4; }

@@ -127,7 +127,7 @@ void StreetSearch::Take(const Stage& stage, const Reading& reading, const Street
     Candidate candidate;
     candidate.penalty = least + spot.penalty + locality_.Penalty(spot.zip);
     if (candidate.penalty > penalty::kMost) continue;
-    const bool isName = stage.spelling == Spelling::Same && reading.cost < kGuess && namePenalty <= penalty::kNameFits;
+    const bool isName = stage.spelling == Spelling::Same && reading.cost < kGuess && !Contradict(reading.street, street);
     candidate.matches = isName && spot.level == Level::House && locality_.Matches(spot.zip);
     candidate.spot = spot;
     candidate.street = street.shown;

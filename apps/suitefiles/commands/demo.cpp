@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "platform/values/calendar.h"
+#include "streets/file/file_error.h"
 #include "suitefiles/company/company_files.h"
 #include "suitefiles/company/company_maker.h"
 #include "suitefiles/company/data_access.h"
@@ -12,6 +13,7 @@
 #include "suitefiles/company/table_writer.h"
 #include "suitefiles/demo/codes.h"
 #include "suitefiles/demo/filler.h"
+#include "suitefiles/demo/town_streets.h"
 #include "suitefiles/program/command_line.h"
 #include "suitefiles/program/commands.h"
 #include "suitefiles/program/progress.h"
@@ -76,6 +78,25 @@ void FillCompany(const DemoOptions& options, const std::string& customerFile, co
   filler.Fill();
 }
 
+/// The map's file in the folder of the library. A map without streets is no reason to do without the company.
+void MakeStreets(const DemoOptions& options, const std::string& folder, const Console& console) {
+  namespace fs = std::filesystem;
+  std::error_code problem;
+  const auto base = fs::read_symlink("/proc/self/exe", problem).parent_path() / "../share/orcussch/map.zds";
+  const std::string file = (fs::path(folder) / "streets.zds").string();
+  const demo::World world(options.seed, options.lastDay);
+  Progress progress(console);
+  try {
+    const int towns = demo::MakeTownStreets(world, options.customers, options.company, base.lexically_normal().string(), file,
+                                            [&](std::int64_t done, std::int64_t all) { progress.Show("Streets", done, all); });
+    progress.Clear();
+    console.out << "Invented streets in " << towns << " ZIP codes (" << file << ").\n";
+  } catch (const streets::FileError& failure) {
+    progress.Clear();
+    console.err << "suitefiles: no streets were made: " << failure.what() << "\n";
+  }
+}
+
 CompanyRecord DemoCompany(int number) {
   return {number, "Lakes & Prairie Home Services", "2400 Industrial Blvd", "Minneapolis", "MN", "55413", "6125550100", "6125550101"};
 }
@@ -117,6 +138,7 @@ int RunDemo(const std::vector<std::string>& words, const Console& console) {
   AddDefaultTerms(dat, options.company);
   console.out << options.customers << " invented customers in company " << options.company << " (" << customerFile << ").\n";
   console.out << Told(PutReportFiles(folder.Path()));
+  if (options.customers > 0) MakeStreets(options, folder.Path(), console);
   return kDone;
 }
 

@@ -49,7 +49,8 @@ Fills company N with invented customers, their phones, addresses, cards, labor
 rates, types, key words, parents and transactions, and with tax rates and map
 codes. The company is made when it is missing. One that holds customers or any
 of these codes is left alone and the command fails. The same seed gives the
-same rows.
+same rows. The map's file, DIR/streets.zds, gets invented streets in which the
+customers live, those of the first 25000.
 
   --company N        number of the company, 1 to 2147483647
   --customers COUNT  0 to 100000000

@@ -28,7 +28,12 @@ DIRECTIONS = {"N", "S", "E", "W", "NE", "NW", "SE", "SW"}
 LETTERS = "abcdefghijklmnopqrstuvwxyz"
 
 # The least share in percent that is found, by the way an address is written; what is measured is a little more.
-LEAST = {}
+LEAST = {
+    "as it is": 100, "lower case": 100, "in full": 100, "other short forms": 100, "direction at the other end": 98, "no direction": 75,
+    "no type": 99, "one letter wrong": 99, "two letters wrong": 93, "one letter wrong, no ZIP": 99, "no ZIP": 100, "no town": 100,
+    "no state and ZIP": 100, "ZIP wrong": 100, "town wrong": 100, "ZIP of a neighbour": 98, "apartment, ZIP and four": 100,
+    "without commas": 100, "all": 98.5,
+}  # fmt: skip
 
 
 def swapped(words, table):

@@ -180,6 +180,9 @@ TEST_F(GeocoderTest, ADirectionOnTheWrongSideIsStillFound) {
   AddNorth("3rd Ave N", {-110'850'000, 46'500'000}, 100, 198, "59645");
   EXPECT_THAT(Best("150 N 3rd Ave,59645"), HasSubstr("150 3rd Ave N,"));
   EXPECT_THAT(Best("150 Third Avenue North,59645"), HasSubstr("150 3rd Ave N,"));
+  AddNorth("3rd Ave", {-110'840'000, 46'500'000}, 100, 198, "59645");
+  EXPECT_THAT(Best("150 N 3rd Ave,59645"), HasSubstr("150 3rd Ave N,")) << "likelier than the street without a direction";
+  EXPECT_EQ(Find("150 N 3rd Ave,59645").result, 0) << "another street, for who is exact";
 }
 
 TEST_F(GeocoderTest, HighwaysWithNumbers) {
@@ -285,6 +288,8 @@ TEST_F(GeocoderTest, AStreetWithoutNumberIsItsMiddle) {
 TEST_F(GeocoderTest, TownAndStreetInOnePart) {
   EXPECT_EQ(Find("150 Main St White Sulphur Springs MT 59645").result, kMatch);
   EXPECT_EQ(Find("150 Main St White Sulphur Springs,MT").result, kMatch);
+  AddNorth("Grasshopper", {-110'850'000, 46'500'000}, 100, 198, "59645");
+  EXPECT_EQ(Find("150 Grasshopper White Sulphur Springs MT 59645").result, kMatch) << "the ZIP's own town needs no type before it";
 }
 
 TEST_F(GeocoderTest, ATextWithoutAStreetLineHasAPositionAndNoLine) {

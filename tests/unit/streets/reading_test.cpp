@@ -45,6 +45,7 @@ TEST(Reading, AWordCanBelongToTheName) {
   EXPECT_THAT(Others("100 North Star Rd"), Contains("100 |NORTH STAR|RD|"));
   EXPECT_THAT(Others("100 N St"), Contains("100 |NORTH|ST|"));
   EXPECT_THAT(Others("100 North St"), Contains("100 |N|ST|"));
+  EXPECT_THAT(Others("100 E Grove"), Contains("100 E|GROVE||"));
   EXPECT_THAT(Others("100 3 Ave"), Contains("100 |3RD|AVE|"));
   EXPECT_THAT(Others("100 3rd Rd"), Contains("100 |3|RD|"));
 }
@@ -65,6 +66,7 @@ TEST(Reading, HyphensTooManyOrTooFew) {
 TEST(Reading, MisspeltTypesAndUnitsWithoutTheirWord) {
   EXPECT_THAT(Others("100 Main Streat"), Contains("100 |MAIN|ST|"));
   EXPECT_THAT(Others("100 Main Avenua N"), Contains("100 |MAIN|AVE|N"));
+  EXPECT_THAT(Others("100 Lower Sixten Mile Rd"), Contains("100 |LOWER 16 MILE|RD|"));
   EXPECT_THAT(Others("100 Main St 5B"), Contains("100 |MAIN|ST|"));
 }
 

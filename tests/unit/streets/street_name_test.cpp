@@ -71,14 +71,14 @@ TEST(NormalStreet, WordsOfANameAreInFull) {
 
 TEST(NormalStreet, Highways) {
   for (const char* way : {"US Hwy 89", "US Highway 89", "U.S. 89", "US-89", "US Route 89"}) EXPECT_EQ(Parts(way), "|89|US HWY|") << way;
-  for (const char* way : {"State Hwy 360", "State Route 360", "SR 360", "MT-360", "MT Hwy 360", "St Hwy 360"})
+  for (const char* way : {"State Hwy 360", "State Route 360", "SR 360", "MT-360", "MT Hwy 360", "St Hwy 360", "State Hiway 360"})
     EXPECT_EQ(Parts(way), "|360|STATE HWY|") << way;
   for (const char* way : {"Co Rd 12", "County Road 12", "CR 12"}) EXPECT_EQ(Parts(way), "|12|CO RD|") << way;
   EXPECT_EQ(Parts("US Hwy 12 E"), "|12|US HWY|E");
   EXPECT_EQ(Parts("N US Hwy 12"), "N|12|US HWY|");
   EXPECT_EQ(Parts("Hwy 360"), "|360|HWY|");
   EXPECT_EQ(Parts("I-90"), "|90|I|");
-  EXPECT_EQ(Parts("NFS Rd 211"), "|211|NFS RD|");
+  for (const char* way : {"NFS Rd 211", "NFS 211", "Forest Service Road 211"}) EXPECT_EQ(Parts(way), "|211|NFS RD|") << way;
   EXPECT_EQ(Parts("County Rd X"), "|X|CO RD|");
   EXPECT_EQ(Parts("I St"), "|I|ST|");
   EXPECT_EQ(Parts("State St"), "|STATE|ST|");

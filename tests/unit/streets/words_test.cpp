@@ -67,6 +67,11 @@ TEST(AddressTables, Numbers) {
   EXPECT_EQ(streets::NumberInWords({"TWENTY", "TEN"}, 0)->words, 1U);
   EXPECT_FALSE(streets::NumberInWords({"MAIN"}, 0));
   EXPECT_FALSE(streets::NumberInWords({}, 0));
+  EXPECT_EQ(streets::MendedNumberWord("SIXTEN"), "SIXTEEN");
+  EXPECT_EQ(streets::MendedNumberWord("THRID"), "THIRD");
+  EXPECT_EQ(streets::MendedNumberWord("SIXTEEN"), "");
+  EXPECT_EQ(streets::MendedNumberWord("TEM"), "");
+  EXPECT_EQ(streets::MendedNumberWord(""), "");
   EXPECT_EQ(streets::Ordinal(1), "1ST");
   EXPECT_EQ(streets::Ordinal(11), "11TH");
   EXPECT_EQ(streets::Ordinal(22), "22ND");

@@ -36,18 +36,21 @@ class BlockReading {
   void Read(const std::string& bytes, std::int64_t at) {
     std::optional<osmium::io::Reader> blocks;
     osmium::memory::Buffer buffer;
+    bool isHistory = false;
     const auto next = [&] {
       // What the library raises is damage of the file; what those raise who are called below is their own.
       try {
         if (!blocks) blocks.emplace(osmium::io::File(bytes.data(), bytes.size(), "pbf"), Asked(reader_), osmium::io::read_meta::no);
+        isHistory = blocks->header().has_multiple_object_versions();
         buffer = blocks->read();
       } catch (const std::exception& problem) {
         file_.Raise(at, problem.what());
       }
       return static_cast<bool>(buffer);
     };
-    while (next())
+    while (next() && !isHistory)
       for (const osmium::OSMObject& object : buffer.select<osmium::OSMObject>()) Give(object);
+    if (isHistory) file_.Raise(at, "it holds what once was beside what is");
   }
 
  private:

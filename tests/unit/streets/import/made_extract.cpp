@@ -54,8 +54,8 @@ void MadeExtract::Relation(std::int64_t id, const Tags& tags) {
   content_->buffer.commit();
 }
 
-void MadeExtract::Write(const std::string& path) {
-  osmium::io::Writer writer(osmium::io::File(path, "pbf"), osmium::io::overwrite::allow);
+void MadeExtract::Write(const std::string& path, const std::string& format) {
+  osmium::io::Writer writer(osmium::io::File(path, format), osmium::io::overwrite::allow);
   writer(std::move(content_->buffer));
   writer.close();
 }

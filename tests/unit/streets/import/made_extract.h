@@ -21,7 +21,8 @@ class MadeExtract {
   void Node(std::int64_t id, double longitude, double latitude, const Tags& tags = {});
   void Way(std::int64_t id, const std::vector<std::int64_t>& nodes, const Tags& tags);
   void Relation(std::int64_t id, const Tags& tags);
-  void Write(const std::string& path);
+  /// `format`: as the library writes it.
+  void Write(const std::string& path, const std::string& format = "pbf");
 
  private:
   struct Content;

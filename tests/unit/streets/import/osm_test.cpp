@@ -293,6 +293,28 @@ TEST_F(ExtractTest, ADryRunWritesNothing) {
   EXPECT_THAT(told_, ElementsAre("node 2: it has no street (addr:street)"));
 }
 
+TEST_F(ExtractTest, AnExtractWithHistoryIsNoMap) {
+  MadeExtract extract;
+  extract.Node(1, -68.77, 44.8, {{"addr:housenumber", "12"}, {"addr:street", "Elm Street"}});
+  extract.Write(folder_ / "town.pbf", "pbf,history=true");
+  EXPECT_THAT(Failure(folder_ / "town.pbf"), HasSubstr("it holds what once was beside what is"));
+}
+
+// Each way to pack blocks that the format knows and the library can read.
+TEST_F(ExtractTest, BlocksMayBePackedOrNot) {
+  for (const char* format : {"pbf,pbf_compression=none", "pbf,pbf_compression=zlib", "pbf,pbf_dense_nodes=false", "pbf,locations_on_ways=true"}) {
+    MadeExtract extract;
+    extract.Node(1, -68.77, 44.8, {{"addr:housenumber", "12"}, {"addr:street", "Elm Street"}});
+    extract.Node(2, -68.76, 44.8);
+    extract.Way(10, {1, 2}, {{"highway", "residential"}, {"name", "Elm Street"}});
+    extract.Write(folder_ / "town.pbf", format);
+    const ExtractCounts counts = ImportFile(folder_ / "town.pbf");
+    EXPECT_EQ(counts.edges, 1) << format;
+    EXPECT_EQ(counts.points, 1) << format;
+    EXPECT_THAT(told_, IsEmpty()) << format;
+  }
+}
+
 TEST_F(ExtractTest, DamagedFilesAreToldAndNothingOfThemComes) {
   MadeExtract extract;
   for (int i = 1; i <= 20'000; ++i)

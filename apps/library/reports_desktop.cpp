@@ -76,6 +76,10 @@ printing::EngineServices Services(const ReportPlaces& places) {
 
 std::unique_ptr<platform::ReportEngine> MakeReports(const ReportPlaces& places) { return printing::MakeReportEngine(Services(places)); }
 
+std::unique_ptr<platform::ReadableReports> MakeReadableReports(const ReportPlaces& places) {
+  return printing::MakeReadableReports(Services(places), [places] { return places.app()->DefaultPrinter(); });
+}
+
 std::unique_ptr<platform::ListExport> MakeListExport() { return printing::MakeListExport(); }
 
 int WriteReport(const ReportPlaces& places, const platform::ReportJob& job, const std::string& file,

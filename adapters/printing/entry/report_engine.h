@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/services/list_export.h"
+#include "platform/services/readable_reports.h"
 #include "platform/services/report_engine.h"
 #include "printing/run/report_run.h"
 
@@ -22,6 +23,10 @@ struct EngineServices {
 
 /// Reports into preview windows and on paper. Needs the toolkit's application object.
 std::unique_ptr<platform::ReportEngine> MakeReportEngine(EngineServices services);
+
+/// The same for a scripted user: what is laid out can be read, and printed pages are kept in the printer's stead, as long as there is a
+/// `defaultPrinter`. Makes an application object of the toolkit's that draws into memory where the program has none.
+std::unique_ptr<platform::ReadableReports> MakeReadableReports(EngineServices services, std::function<std::string()> defaultPrinter);
 
 /// Lists into files of values, workbooks and pages. Needs the toolkit's application object.
 std::unique_ptr<platform::ListExport> MakeListExport();

@@ -7,6 +7,7 @@
 #include "platform/services/list_export.h"
 #include "platform/services/readable_reports.h"
 #include "platform/services/report_engine.h"
+#include "printing/output/page_painter.h"
 #include "printing/run/report_run.h"
 
 namespace printing {
@@ -17,6 +18,9 @@ struct EngineServices {
   std::function<RunServices()> forRun;
   /// Whether some other work is under way, in which an open preview must not go on by itself.
   std::function<bool()> busy;
+  /// How a printer's pages are moved, and to keep it; either may be empty.
+  std::function<PaintSettings(const std::string& printer)> alignment;
+  std::function<void(const std::string& printer, const PaintSettings& settings)> keepAlignment;
   /// One line for whoever looks after the program: what of a report is wrong, and where.
   std::function<void(const std::string& line)> log;
 };

@@ -1,11 +1,14 @@
 #include "printing/entry/windowed_engine.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QProgressDialog>
 #include <utility>
 
+#include "printing/data/report_folder.h"
 #include "printing/entry/numbered.h"
+#include "printing/layout/alignment_sheet.h"
+#include "printing/preview/alignment_dialog.h"
 
 namespace printing {
 
@@ -63,6 +66,7 @@ void WindowedEngine::Preview(std::unique_ptr<ReportRun> run, const ReportJob& jo
   settings.copies = job.CopiesToPrinter;
   settings.from = static_cast<int>(job.PrinterStartPage);
   settings.to = static_cast<int>(job.PrinterStopPage);
+  settings.alignment = services_.alignment;
   previews_.Open(std::move(run), std::move(settings));
 }
 
@@ -75,11 +79,39 @@ void WindowedEngine::Print(std::unique_ptr<ReportRun> run, const ReportJob& job)
   printer.copies = job.CopiesToPrinter;
   printer.from = static_cast<int>(job.PrinterStartPage);
   printer.to = static_cast<int>(job.PrinterStopPage);
+  printer.settings = AlignmentOf(DefaultPrinter());
   ToPrinter(std::move(run), printer, progress);
 }
 
 void WindowedEngine::ToPrinter(std::unique_ptr<ReportRun> run, const PrinterRun& printer, const Progress& progress) {
   printing::Print(run->Pages(), *previews_.Fonts(), printer, progress);
+}
+
+PaintSettings WindowedEngine::AlignmentOf(const std::string& printer) const {
+  return services_.alignment ? services_.alignment(printer) : PaintSettings{};
+}
+
+void WindowedEngine::AlignPrinter(const std::string& reportFileName) {
+  const std::string printer = DefaultPrinter();
+  AlignmentDialog dialog(QApplication::activeWindow(), printer, AlignmentOf(printer), [&](const PaintSettings& settings) {
+    PrintAlignmentSheet(reportFileName, printer, settings);
+  });
+  if (dialog.exec() == QDialog::Accepted && services_.keepAlignment) services_.keepAlignment(printer, dialog.Chosen());
+}
+
+void WindowedEngine::PrintAlignmentSheet(const std::string& reportFileName, const std::string& printer, const PaintSettings& settings) {
+  ReportJob job;
+  job.ReportFileName = reportFileName;
+  const int number = Numbered(services_, job, [&] {
+    PageSpool sheet;
+    sheet.Add(AlignmentSheet(LoadReport(services_.forRun().folder, reportFileName)));
+    PrinterRun run;
+    run.printer = printer;
+    run.title = "Alignment";
+    run.settings = settings;
+    printing::Print(sheet, *previews_.Fonts(), run, [](std::int64_t) { return true; });
+  });
+  if (number != 0) previews_.dialogs.tell(*QApplication::activeWindow(), QObject::tr("The sheet could not be printed (%1).").arg(number));
 }
 
 }  // namespace printing

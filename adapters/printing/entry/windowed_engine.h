@@ -15,6 +15,7 @@ class WindowedEngine : public platform::ReportEngine {
   explicit WindowedEngine(EngineServices services) : services_(std::move(services)), previews_(services_.busy) {}
 
   int PrintReport(const platform::ReportJob& job) override;
+  void AlignPrinter(const std::string& reportFileName) override;
   void CloseAll() override { previews_.CloseAll(); }
   const Previews& Open() const { return previews_; }
 
@@ -23,6 +24,8 @@ class WindowedEngine : public platform::ReportEngine {
   virtual void ToPrinter(std::unique_ptr<ReportRun> run, const PrinterRun& printer, const Progress& progress);
 
  private:
+  PaintSettings AlignmentOf(const std::string& printer) const;
+  void PrintAlignmentSheet(const std::string& reportFileName, const std::string& printer, const PaintSettings& settings);
   void Preview(std::unique_ptr<ReportRun> run, const platform::ReportJob& job);
   void Print(std::unique_ptr<ReportRun> run, const platform::ReportJob& job);
 

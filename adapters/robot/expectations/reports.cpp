@@ -61,6 +61,7 @@ std::optional<Value> JobValue(const ReportJob& job, const NamePart& part) {
   if (is("DiscardSavedData")) return Given(job.DiscardSavedData);
   if (is("Destination")) return Given(job.Destination);
   if (is("PrinterStartPage")) return Given(job.PrinterStartPage);
+  if (is("FirstLabel")) return Given(job.FirstLabel);
   if (is("PrinterStopPage")) return Given(job.PrinterStopPage);
   return std::nullopt;
 }

@@ -12,6 +12,7 @@ list(APPEND ORCUSSCH_PAGE_SCENARIOS
   reports/pages/report-of-each-tab
   reports/pages/reports-that-cannot-run
   reports/pages/run-beside-an-open-preview
+  reports/pages/sheet-that-was-begun
   reports/pages/temporary-file-is-locked
   reports/pages/what-pages-do-not-hold
 )

@@ -179,6 +179,15 @@ void KeepSettingsOf(platform::FrontEnd& frontEnd, const std::string& user) {
   if (auto* windows = dynamic_cast<DesktopFrontEnd*>(&frontEnd)) windows->KeepSettingsOf(user);
 }
 
+PrinterAlignment AlignmentOf(platform::FrontEnd& frontEnd, const std::string& printer) {
+  auto* windows = dynamic_cast<DesktopFrontEnd*>(&frontEnd);
+  return windows ? windows->Shared().Kept().AlignmentOf(ToShown(printer)) : PrinterAlignment{};
+}
+
+void KeepAlignment(platform::FrontEnd& frontEnd, const std::string& printer, const PrinterAlignment& alignment) {
+  if (auto* windows = dynamic_cast<DesktopFrontEnd*>(&frontEnd)) windows->Shared().Kept().KeepAlignment(ToShown(printer), alignment);
+}
+
 bool CanShow(const platform::FrontEnd& frontEnd) {
   const auto* windows = dynamic_cast<const DesktopFrontEnd*>(&frontEnd);
   return windows == nullptr || windows->CanShow();

@@ -93,12 +93,20 @@ Outcome Printer(Runner& run, const Arguments& words) {
   return Outcome::Done;
 }
 
+std::string ReportsMistake(const Arguments& words) { return words.Is(0, "real") ? "" : "reports is followed by real"; }
+
+Outcome Reports(Runner& run, const Arguments&) {
+  if (!run.Reports().useReal || !run.Reports().useReal()) throw ActionFailed("no report engine in this build");
+  return Outcome::Done;
+}
+
 }  // namespace
 
 CommandList AnswerCommands() {
   return {
-      {"answer", 1, kAnyNumber, CommandKind::Other, Answer},
-      {"printer", 1, 1, CommandKind::Other, Printer},
+      {.name = "answer", .least = 1, .most = kAnyNumber, .handler = Answer},
+      {.name = "printer", .least = 1, .most = 1, .handler = Printer},
+      {.name = "reports", .least = 1, .most = 1, .handler = Reports, .mistake = ReportsMistake},
   };
 }
 

@@ -24,7 +24,7 @@ Runner::Runner(Script script, const Vocabulary& vocabulary, Surroundings surroun
 
 void Runner::FillIn(platform::ApplicationParts& parts) {
   parts.errorLog = std::make_unique<RecordingErrorLog>(journal_);
-  parts.reports = MakeRecordingReports(reports_);
+  parts.reports = MakeRecordingReports(reports_, surroundings_.makeReports);
   parts.map = MakeRecordingMap(map_);
   parts.accounts = MakeScriptedAccounts(accounts_);
   if (!parts.frontEnd) parts.frontEnd = std::make_unique<platform::NoWindows>();

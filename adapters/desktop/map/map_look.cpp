@@ -30,8 +30,8 @@ constexpr std::array<LineLook, 7> kLooks{{
     {"#b5abc2", "", "#5d5570", "", 4000, 0, 0.9, 1.6, true},
     {"#f0a95c", "#c07f35", "#a8763c", "#6b4a26", 1500, 120, 2.6, 15, false},
     {"#f7d580", "#c9a552", "#8c7a45", "#574c2c", 300, 40, 1.6, 13, false},
-    {"#ffffff", "#c3bdb2", "#5c6169", "#3a3e45", 90, 9, 1.0, 11, false},
-    {"#ffffff", "#cfcac0", "#50555d", "#363a41", 28, 4.5, 0.7, 9, false},
+    {"#ffffff", "#b9b2a5", "#646a73", "#3a3e45", 90, 9, 1.1, 11, false},
+    {"#ffffff", "#d5d0c6", "#4b5058", "#363a41", 28, 4.5, 0.7, 9, false},
     {"#b3a48c", "", "#6d675c", "", 4, 1.5, 0.6, 1.8, true},
 }};
 
@@ -43,7 +43,7 @@ double WidthAt(const LineLook& look, double unitsPerPixel) {
   return look.widthFar * std::pow(look.widthNear / look.widthFar, nearness);
 }
 
-constexpr double kNarrow = 2.2;  // pixels: a road below that is a mere line
+constexpr double kNarrow = 3;  // pixels: a road below that is a mere line
 
 }  // namespace
 

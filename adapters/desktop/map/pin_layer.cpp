@@ -1,11 +1,9 @@
 #include "desktop/map/pin_layer.h"
 
-#include <QFileInfo>
-#include <QFontMetricsF>
 #include <QImageReader>
 #include <QLocale>
-#include <QPainterPath>
 #include <algorithm>
+#include <cstdint>
 
 #include "desktop/toolkit/toolkit.h"
 
@@ -13,13 +11,15 @@ namespace desktop {
 
 namespace {
 
-constexpr double kHeapCell = 72;        // pixels: the largest cell of which the pins are one sign
-constexpr double kNearCell = 16;        // the same when zoomed in, where only pins that cover each other are one
-constexpr double kNear = 8;             // units a pixel from which on that is so
-constexpr QSizeF kPin{18, 24};          // of the pin that is drawn where there is no picture
-constexpr int kLargestPicture = 48;     // pixels
+/// How large the cells may be, in pixels, of which the pins are one sign: first those where pins only cover each other, for a map that
+/// is zoomed in; then such that a glance takes the signs in.
+constexpr double kNearCell = 16;
+constexpr double kHeapCell = 48;
+constexpr double kLargeCell = 88;
+constexpr double kNear = 3;  // units a pixel from which on a map is zoomed in
+constexpr std::size_t kMostSigns = 250;
+constexpr int kLargestPicture = 48;  // pixels
 constexpr std::size_t kMostLabels = 150;
-constexpr std::size_t kMostSignsWithLabels = 400;  // more stand too close for words
 
 QString CountText(std::size_t count) { return QLocale(QLocale::English, QLocale::UnitedStates).toString(static_cast<qulonglong>(count)); }
 
@@ -57,92 +57,63 @@ const QPixmap& PinLayer::PictureOf(const std::string& file) {
   return *found;
 }
 
-void PinLayer::FindSigns(const GroundFrame& frame, const MapLook& look) {
+void PinLayer::FindSigns(const GroundFrame& frame) {
   signs_.clear();
   if (pins_ == nullptr || pins_->empty()) return;
-  const double unitsPerPixel = frame.sight.UnitsPerPixel();
-  const double cell = unitsPerPixel <= kNear ? kNearCell : kHeapCell;
-  const QFontMetricsF metrics(look.font);
-  constexpr double kReach = 60;  // a sign that is not wholly out of sight
-  index_.EachHeap(frame.sight.Box(frame.size).adjusted(-kReach * unitsPerPixel, -kReach * unitsPerPixel, kReach * unitsPerPixel,
-                                                       kReach * unitsPerPixel),
-                  cell * unitsPerPixel, [&](const PinIndex::Heap& heap) {
-                    Sign sign{heap, {}};
-                    const QPointF at = frame.sight.ToScreen(heap.middle, frame.size);
-                    if (sign.IsHeap()) {
-                      const double height = metrics.height() + 8;
-                      const double width = std::max(height, metrics.horizontalAdvance(CountText(heap.count)) + 14);
-                      sign.box = {at.x() - width / 2, at.y() - height / 2, width, height};
-                    } else {
-                      const QPixmap& picture = PictureOf(PinOf(sign).picture);
-                      const QSizeF size = picture.isNull() ? kPin : QSizeF(picture.size());
-                      sign.box = {{at.x() - size.width() / 2, at.y() - size.height()}, size};
-                    }
-                    signs_.push_back(sign);
-                  });
+  const bool near = frame.sight.UnitsPerPixel() <= kNear && FindSigns(frame, kNearCell, kMostSigns);
+  if (!near && !FindSigns(frame, kHeapCell, kMostSigns)) FindSigns(frame, kLargeCell, SIZE_MAX);
   // Those in front last, as things that stand on a table are seen.
   std::stable_sort(signs_.begin(), signs_.end(), [](const Sign& one, const Sign& other) { return one.box.bottom() < other.box.bottom(); });
 }
 
+bool PinLayer::FindSigns(const GroundFrame& frame, double cell, std::size_t most) {
+  signs_.clear();
+  const double unitsPerPixel = frame.sight.UnitsPerPixel();
+  const double reach = 60 * unitsPerPixel;  // of a sign that is not wholly out of sight
+  index_.EachHeap(frame.sight.Box(frame.size).adjusted(-reach, -reach, reach, reach), cell * unitsPerPixel, [&](const PinIndex::Heap& heap) {
+    if (signs_.size() > most) return;
+    Sign sign{heap, {}};
+    const QPointF at = frame.sight.ToScreen(heap.middle, frame.size);
+    if (sign.IsHeap()) {
+      const QSizeF size = drawn_.HeapSize(CountText(heap.count));
+      sign.box = {{at.x() - size.width() / 2, at.y() - size.height() / 2}, size};
+    } else {
+      const QPixmap& picture = PictureOf(PinOf(sign).picture);
+      const QSizeF size = picture.isNull() ? SignPictures::kPin : QSizeF(picture.size());
+      sign.box = {{at.x() - size.width() / 2, at.y() - size.height()}, size};
+    }
+    signs_.push_back(sign);
+  });
+  return signs_.size() <= most;
+}
+
 void PinLayer::Paint(QPainter& painter, const GroundFrame& frame, const MapLook& look, bool labels) {
   labels_.clear();
-  FindSigns(frame, look);
+  drawn_.Use(look, frame.ratio);
+  FindSigns(frame);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-  if (labels && signs_.size() <= kMostSignsWithLabels) PaintLabels(painter, frame, look);
+  if (labels) PaintLabels(painter, frame);
   for (const Sign& sign : signs_) {
     if (sign.IsHeap()) {
-      PaintHeap(painter, sign, look);
+      drawn_.PaintHeap(painter, sign.box.topLeft(), CountText(sign.heap.count));
+    } else if (const QPixmap& picture = PictureOf(PinOf(sign).picture); !picture.isNull()) {
+      painter.drawPixmap(sign.box, picture, QRectF(picture.rect()));
     } else {
-      PaintPin(painter, sign, look);
+      drawn_.PaintPin(painter, sign.box.topLeft());
     }
   }
 }
 
-void PinLayer::PaintPin(QPainter& painter, const Sign& sign, const MapLook& look) {
-  const QPixmap& picture = PictureOf(PinOf(sign).picture);
-  if (!picture.isNull()) {
-    painter.drawPixmap(sign.box, picture, QRectF(picture.rect()));
-    return;
-  }
-  const double radius = sign.box.width() / 2;
-  const QPointF head(sign.box.center().x(), sign.box.top() + radius);
-  QPainterPath drop;
-  drop.moveTo(sign.box.center().x(), sign.box.bottom());
-  drop.cubicTo(head.x() - radius * 0.3, head.y() + radius * 1.2, head.x() - radius, head.y() + radius * 0.7, head.x() - radius, head.y());
-  drop.arcTo(QRectF(head.x() - radius, head.y() - radius, 2 * radius, 2 * radius), 180, -180);
-  drop.cubicTo(head.x() + radius, head.y() + radius * 0.7, head.x() + radius * 0.3, head.y() + radius * 1.2, sign.box.center().x(),
-               sign.box.bottom());
-  painter.setPen(QPen(look.Halo(), 1.2));
-  painter.setBrush(look.Sign());
-  painter.drawPath(drop);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(QColor("#ffffff"));
-  painter.drawEllipse(head, radius * 0.38, radius * 0.38);
-}
-
-void PinLayer::PaintHeap(QPainter& painter, const Sign& sign, const MapLook& look) {
-  painter.setPen(QPen(look.Halo(), 2));
-  painter.setBrush(look.Sign());
-  painter.drawRoundedRect(sign.box, sign.box.height() / 2, sign.box.height() / 2);
-  painter.setPen(QColor("#ffffff"));
-  painter.setFont(look.font);
-  painter.drawText(sign.box, Qt::AlignCenter, CountText(sign.heap.count));
-}
-
 /// Beside the pin, else on its other side, below or above; one that has no place without covering another is left out.
-void PinLayer::PaintLabels(QPainter& painter, const GroundFrame& frame, const MapLook& look) {
+void PinLayer::PaintLabels(QPainter& painter, const GroundFrame& frame) {
   Occupancy taken(frame.size);
   for (const Sign& sign : signs_) taken.Take(sign.box);
-  painter.setFont(look.font);
-  const QFontMetricsF metrics(look.font);
-  QColor sheet = look.Sheet();
-  sheet.setAlphaF(0.9F);
   for (const Sign& sign : signs_) {
     if (sign.IsHeap()) continue;
     if (labels_.size() >= kMostLabels) return;
     const QString text = ToShown(PinOf(sign).text).trimmed();
     if (text.isEmpty()) continue;
-    const QSizeF size(metrics.horizontalAdvance(text) + 8, metrics.height() + 2);
+    const QSizeF size = drawn_.LabelSize(text);
     const QRectF& pin = sign.box;
     const double top = pin.top() + 1, middle = pin.center().x() - size.width() / 2;
     for (const QPointF& corner : {QPointF(pin.right() + 2, top), QPointF(pin.left() - 2 - size.width(), top),
@@ -151,11 +122,7 @@ void PinLayer::PaintLabels(QPainter& painter, const GroundFrame& frame, const Ma
       // A pin's own place is taken and touches no side of its label.
       if (!taken.Free(box.adjusted(1, 0, -1, 0))) continue;
       taken.Take(box);
-      painter.setPen(Qt::NoPen);
-      painter.setBrush(sheet);
-      painter.drawRoundedRect(box, 3, 3);
-      painter.setPen(look.Text());
-      painter.drawText(box, Qt::AlignCenter, text);
+      drawn_.PaintLabel(painter, corner, text);
       labels_.push_back({text, box});
       break;
     }

@@ -9,6 +9,7 @@
 #include "desktop/map/ground_layer.h"
 #include "desktop/map/occupancy.h"
 #include "desktop/map/pin_index.h"
+#include "desktop/map/sign_pictures.h"
 
 namespace desktop {
 
@@ -40,17 +41,18 @@ class PinLayer {
 
  private:
   const platform::MapPin& PinOf(const Sign& sign) const { return (*pins_)[index_.PinAt(sign.heap.first)]; }
-  void FindSigns(const GroundFrame& frame, const MapLook& look);
+  void FindSigns(const GroundFrame& frame);
+  /// With cells of at most so many pixels. False when there are more signs than a glance takes in.
+  bool FindSigns(const GroundFrame& frame, double cell, std::size_t most);
   const QPixmap& PictureOf(const std::string& file);
-  void PaintPin(QPainter& painter, const Sign& sign, const MapLook& look);
-  static void PaintHeap(QPainter& painter, const Sign& sign, const MapLook& look);
-  void PaintLabels(QPainter& painter, const GroundFrame& frame, const MapLook& look);
+  void PaintLabels(QPainter& painter, const GroundFrame& frame);
 
   const std::vector<platform::MapPin>* pins_ = nullptr;
   PinIndex index_;
   std::vector<Sign> signs_;
   std::vector<Label> labels_;
   QHash<QString, QPixmap> pictures_;
+  SignPictures drawn_;
 };
 
 }  // namespace desktop

@@ -76,6 +76,9 @@ class ListBoxBinding final : public TypedBinding<platform::ListBox, QListWidget>
  public:
   ListBoxBinding(platform::ListBox& control, QListWidget* widget);
   void Show(platform::Aspect aspect) override;
+
+ private:
+  void ShowIfWorth();
 };
 
 class ScrollBarBinding final : public TypedBinding<platform::ScrollBar, QScrollBar> {

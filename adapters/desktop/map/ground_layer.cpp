@@ -139,6 +139,7 @@ bool GroundLayer::DrawSheet(const GroundFrame& frame) {
     sheetJobBox_ = PlaneBox(QPointF(left, top) * unit, size * unit);
     sheetJobStep_ = frame.sight.step;
     sheetJob_.emplace(sheetJobBox_, sheetJobStep_, ratio_, look_, *ground_);
+    if (sheet_ && sheet_->step == sheetJobStep_) sheetJob_->Keep(*sheet_, texts_);
     tiles_.EachOf(sheetJobStep_, [&](const TileKey& key, const Tile& tile) {
       if (!key.Box().intersects(sheetJobBox_)) return;
       for (const NamedLine& line : tile.names) sheetJob_->Add(line);

@@ -75,6 +75,7 @@ bool LabelJob::Slice() {
     sheet_.picture.setDevicePixelRatio(ratio_);
     sheet_.picture.fill(Qt::transparent);
     PlaceTexts();
+    PlaceKept();
     stage_ = 1;
   } else if (stage_ == 1) {
     PlaceNames();
@@ -100,6 +101,25 @@ void LabelJob::PlaceTexts() {
     taken_.Take(box);
     placed_.push_back({shown, {box.left() + kAir, middle.y()}, {box.right() - kAir, middle.y()}, font, look_.TextOf(kind)});
   });
+}
+
+void LabelJob::Keep(const LabelSheet& before, const std::vector<PlacedText>& texts) {
+  const QPointF moved = (before.box.topLeft() - sheet_.box.topLeft()) / unitsPerPixel_;
+  for (PlacedText text : texts) {
+    if (!text.alongStreet) continue;
+    text.from += moved;
+    text.to += moved;
+    kept_.push_back(std::move(text));
+  }
+}
+
+void LabelJob::PlaceKept() {
+  for (const PlacedText& text : kept_) {
+    const double height = QFontMetricsF(text.font).height();
+    if (!taken_.FreeAlong(text.from, text.to, height)) continue;
+    taken_.TakeAlong(text.from, text.to, height);
+    placed_.push_back(text);
+  }
 }
 
 void LabelJob::PlaceNames() {
@@ -131,7 +151,7 @@ bool LabelJob::PlaceAlong(const NameChains::Chain& chain, const QString& text, c
       if (!taken_.FreeAlong(from, to, room.height())) continue;
       taken_.TakeAlong(from, to, room.height());
       const bool upright = from.x() <= to.x();
-      placed_.push_back({text, upright ? from : to, upright ? to : from, font, look_.Text()});
+      placed_.push_back({text, upright ? from : to, upright ? to : from, font, look_.Text(), true});
       any = true;
     }
   }

@@ -26,6 +26,7 @@ struct PlacedText {
   QPointF to;
   QFont font;
   QColor colour;
+  bool alongStreet = false;
 };
 
 /// Such a sheet on its way: the names of places and ZIP areas, then of streets along them, none over another, drawn piece by piece.
@@ -34,6 +35,8 @@ class LabelJob {
   LabelJob(const PlaneBox& box, int step, qreal ratio, const MapLook& look, platform::MapGround& ground);
 
   void Add(const NamedLine& line) { chains_.Add(line); }
+  /// The names along streets of the sheet before stay where they are, as far as they can: a map that is pushed keeps its face.
+  void Keep(const LabelSheet& before, const std::vector<PlacedText>& texts);
   /// Does the next piece. False when the sheet is done.
   bool Slice();
   LabelSheet Take() { return std::move(sheet_); }
@@ -41,6 +44,7 @@ class LabelJob {
 
  private:
   void PlaceTexts();
+  void PlaceKept();
   void PlaceNames();
   bool PlaceAlong(const NameChains::Chain& chain, const QString& text, const QFont& font, const QSizeF& room);
   bool IsRepeated(const QString& text, const QPointF& at) const;
@@ -54,6 +58,7 @@ class LabelJob {
   NameChains chains_;
   LabelSheet sheet_;
   Occupancy taken_;
+  std::vector<PlacedText> kept_;
   std::vector<PlacedText> placed_;
   std::size_t drawn_ = 0;
   int stage_ = 0;

@@ -115,6 +115,8 @@ void MapView::Slice() {
     return GiveUpGround(QString::fromUtf8(failure.what()));
   }
   if (left) idle_.start(0);
+  // Reading may have found a file that is broken.
+  if (platform::MapScene* scene = left ? nullptr : Scene()) complaint_ = ToShown(scene->Ground().Complaint());
   if (!left || sincePaint_.elapsed() >= kBetweenPaintsMs) update();
 }
 

@@ -55,6 +55,12 @@ void AnswerReport(Runner& run, const Arguments& words) {
   run.Reports().answers.push_back(words.Number(1));
 }
 
+/// "stop after N".
+void AnswerStop(Runner& run, const Arguments& words) {
+  if (words.Count() != 3 || !words.Is(1, "after")) throw ActionFailed("no after N");
+  run.Queued().QueueStop(words.Number(2));
+}
+
 /// "map ADDRESS [at LAT LON] [result N] [LINE...]".
 void AnswerMap(Runner& run, const Arguments& words) {
   if (words.Count() < 2) throw ActionFailed("no ADDRESS");
@@ -83,6 +89,8 @@ Outcome Answer(Runner& run, const Arguments& words) {
     AnswerReport(run, words);
   else if (words.Is(0, "map"))
     AnswerMap(run, words);
+  else if (words.Is(0, "stop"))
+    AnswerStop(run, words);
   else
     QueueButtons(run, words);
   return Outcome::Done;

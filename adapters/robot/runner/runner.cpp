@@ -103,6 +103,7 @@ Outcome Runner::Perform(const std::vector<Word>& words) {
   const CommandDefinition& definition = *vocabulary_.Find(words.front());
   const bool act = definition.kind == CommandKind::Act;
   if (act && stage_.BoxUp()) throw Refused("a message box in front");
+  if (act && stage_.RunUp()) throw Refused("the progress of a run in front");
   if (act && !InsideAnother()) BeginAct();
 
   std::vector<Word> rest(words.begin() + 1, words.end());

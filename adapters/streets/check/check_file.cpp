@@ -27,8 +27,9 @@ constexpr Rule kRules[] = {
      "AND z.key = s.key AND z.street = r.street)",
      "ranges can't be found by their ZIP"},
     {"SELECT count(*) FROM ZipNames z WHERE NOT EXISTS(SELECT 1 FROM Ranges r WHERE r.street = z.street AND r.zip = z.zip) "
+     "AND NOT EXISTS(SELECT 1 FROM StreetEdges e WHERE e.street = z.street AND e.zip = z.zip) "
      "AND NOT EXISTS(SELECT 1 FROM Points p WHERE p.street = z.street AND p.zip = z.zip)",
-     "names have no numbers in a ZIP that says so"},
+     "names have neither a piece nor numbers in a ZIP that says so"},
     {"SELECT count(*) FROM PlaceZips p WHERE NOT EXISTS(SELECT 1 FROM Zips z WHERE z.zip = p.zip)", "ZIPs of places are not there"}};
 
 class Check {

@@ -33,7 +33,7 @@ CREATE TABLE Points(street INTEGER NOT NULL, zip INTEGER NOT NULL, number INTEGE
   longitude INTEGER NOT NULL, latitude INTEGER NOT NULL, source INTEGER NOT NULL,
   PRIMARY KEY(street, zip, number, prefix, suffix, longitude, latitude, source)) WITHOUT ROWID;
 CREATE INDEX PointsOfSource ON Points(source);
--- Which streets have numbers in a ZIP.
+-- Which streets have pieces or numbers in a ZIP.
 CREATE TABLE ZipNames(zip INTEGER NOT NULL, key TEXT NOT NULL, street INTEGER NOT NULL, PRIMARY KEY(zip, key, street)) WITHOUT ROWID;
 
 CREATE TABLE Zips(zip INTEGER PRIMARY KEY, longitude INTEGER NOT NULL, latitude INTEGER NOT NULL, city TEXT NOT NULL,

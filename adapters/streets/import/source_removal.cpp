@@ -15,6 +15,7 @@ INSERT INTO temp.Gone SELECT s.edge FROM SourceEdges s WHERE s.source = $source
 INSERT OR IGNORE INTO temp.Touched SELECT n.street FROM temp.Gone g CROSS JOIN EdgeNames n ON n.edge = g.edge;
 INSERT OR IGNORE INTO temp.Touched SELECT street FROM Points WHERE source = $source;
 INSERT OR IGNORE INTO temp.TouchedZips SELECT r.zip, t.street FROM temp.Touched t CROSS JOIN Ranges r ON r.street = t.street;
+INSERT OR IGNORE INTO temp.TouchedZips SELECT e.zip, t.street FROM temp.Touched t CROSS JOIN StreetEdges e ON e.street = t.street;
 INSERT OR IGNORE INTO temp.TouchedZips SELECT p.zip, t.street FROM temp.Touched t CROSS JOIN Points p ON p.street = t.street;
 )";
 
@@ -32,6 +33,7 @@ constexpr const char* kForget = R"(
 DELETE FROM ZipNames WHERE (zip, key, street) IN
   (SELECT z.zip, s.key, z.street FROM temp.TouchedZips z CROSS JOIN Streets s ON s.id = z.street
    WHERE NOT EXISTS(SELECT 1 FROM Ranges r WHERE r.street = z.street AND r.zip = z.zip)
+     AND NOT EXISTS(SELECT 1 FROM StreetEdges e WHERE e.street = z.street AND e.zip = z.zip)
      AND NOT EXISTS(SELECT 1 FROM Points p WHERE p.street = z.street AND p.zip = z.zip));
 DELETE FROM Streets WHERE id IN
   (SELECT t.street FROM temp.Touched t WHERE NOT EXISTS(SELECT 1 FROM StreetEdges e WHERE e.street = t.street)

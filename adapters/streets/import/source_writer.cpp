@@ -110,11 +110,13 @@ std::int64_t SourceWriter::Street(const StreetName& name) {
 }
 
 void SourceWriter::Name(std::int64_t edge, std::int64_t street, std::string_view zip) {
+  const std::int32_t number = ZipNumber(zip);
   statements_->nameEdge.With(edge, street).Run();
-  statements_->nameInZip.With(street, ZipNumber(zip), edge).Run();
+  statements_->nameInZip.With(street, number, edge).Run();
+  LiesIn(street, number);
 }
 
-void SourceWriter::HasNumbers(std::int64_t street, std::int32_t zip) {
+void SourceWriter::LiesIn(std::int64_t street, std::int32_t zip) {
   Statements& to = *statements_;
   if (zip == 0 || (street == to.lastStreet && zip == to.lastZip)) return;
   to.keyOfStreet.With(zip, street).Run();
@@ -128,7 +130,7 @@ void SourceWriter::Range(const HouseRange& range) {
       .With(range.street, zip, range.edge, std::int32_t{range.right}, range.from, range.to, std::string_view(range.prefix),
             static_cast<std::int32_t>(range.parity))
       .Run();
-  HasNumbers(range.street, zip);
+  LiesIn(range.street, zip);
 }
 
 void SourceWriter::Point(const AddressPoint& point) {
@@ -137,7 +139,7 @@ void SourceWriter::Point(const AddressPoint& point) {
       .With(point.street, zip, point.number.number, std::string_view(point.number.prefix), std::string_view(point.number.suffix),
             point.at.longitude, point.at.latitude, statements_->source)
       .Run();
-  HasNumbers(point.street, zip);
+  LiesIn(point.street, zip);
 }
 
 void SourceWriter::Commit(std::int64_t records, std::int64_t refused) {

@@ -42,7 +42,7 @@ class SourceWriter {
 
  private:
   struct Statements;
-  void HasNumbers(std::int64_t street, std::int32_t zip);
+  void LiesIn(std::int64_t street, std::int32_t zip);
 
   std::unique_ptr<Statements> statements_;
 };

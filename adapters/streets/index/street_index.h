@@ -83,9 +83,9 @@ class StreetIndex {
   virtual void Begin() {}
   virtual void End() {}
 
-  /// Streets of that key that have numbers in one of the ZIPs; no ZIPs: anywhere.
+  /// Streets of that key that have pieces or numbers in one of the ZIPs; no ZIPs: anywhere.
   virtual std::vector<StreetName> Named(const std::string& key, std::span<const std::string> zips) = 0;
-  /// All streets with numbers in one of the ZIPs whose key begins with that letter: for names that are misspelt.
+  /// All streets with pieces or numbers in one of the ZIPs whose key begins with that letter: for names that are misspelt.
   virtual std::vector<StreetName> Beginning(char letter, std::span<const std::string> zips) = 0;
   /// Streets anywhere whose key sounds like that (Soundex).
   virtual std::vector<StreetName> Sounding(const std::string& code) = 0;

@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <iostream>
 
 #include "streets/file/file_error.h"
@@ -7,19 +6,12 @@
 #include "streets/geocoder/geocoder.h"
 #include "streets/index/file_index.h"
 #include "streets/program/commands.h"
+#include "streets/program/own_files.h"
 #include "suitefiles/program/command_line.h"
 
 namespace streetsprogram {
 
 namespace {
-
-namespace fs = std::filesystem;
-
-/// The base map beside the program, as installed and as built.
-std::string BaseMap() {
-  std::error_code problem;
-  return (fs::read_symlink("/proc/self/exe", problem).parent_path() / "../share/orcussch/map.zds").lexically_normal().string();
-}
 
 /// Looks addresses up and tells what is found, a line each.
 class Finder {
@@ -54,7 +46,7 @@ class Finder {
 int RunFind(const std::vector<std::string>& words, const Console& console) {
   const suitefiles::CommandLine line(words, {{"--streets", true}, {"--map", true}});
   if (line.Operands().empty()) throw suitefiles::UsageError("ADDRESS is missing");
-  Finder finder({line.Value("--map").value_or(BaseMap()), line.Value("--streets").value_or("streets.zds")}, console.out);
+  Finder finder({line.Value("--map").value_or(OwnBaseMap()), line.Value("--streets").value_or("streets.zds")}, console.out);
   for (const std::string& operand : line.Operands()) {
     if (operand != "-") {
       finder.Find(operand);

@@ -7,7 +7,7 @@ namespace {
 constexpr const char* kProgram =
     R"(streets makes, fills and looks into the files of the street map.
 
-  streets import FILE... --into STREETS [--dry-run]
+  streets import FILE... --into STREETS [--map FILE] [--dry-run]
   streets find ADDRESS... [--streets STREETS] [--map FILE]
   streets info FILE
   streets check FILE...
@@ -21,22 +21,27 @@ Exit status: 0 done, 1 failed or (check) something is wrong, 2 wrong usage.
 )";
 
 constexpr const char* kImport =
-    R"(streets import FILE... --into STREETS [--dry-run]
+    R"(streets import FILE... --into STREETS [--map FILE] [--dry-run]
 
-Takes the streets and house numbers of counties into the file STREETS, which is
-made when it is not there. FILE is what the Census ships for a county, address
-ranges with their lines (tl_YEAR_COUNTY_addrfeat): the .shp, with its .shx and
-.dbf beside it, or the ZIP archive as it comes. A folder stands for all that lie
-in it.
+Takes the streets and house numbers of counties and extracts into the file
+STREETS, which is made when it is not there. FILE is one of
+  what the Census ships for a county, address ranges with their lines
+    (tl_YEAR_COUNTY_addrfeat): the .shp, with its .shx and .dbf beside it, or the
+    ZIP archive as it comes;
+  an extract of OpenStreetMap (SOMEWHERE.osm.pbf): its named streets and its
+    houses;
+  a folder, for all that lie in it.
 
-A county that is there already is replaced. Each county comes whole or not at
-all, also when the program is stopped; then run it again. Programs may have
-STREETS open meanwhile.
+A county that is there already is replaced, and so is an extract of that name.
+Each comes whole or not at all, also when the program is stopped; then run it
+again. Programs may have STREETS open meanwhile.
 
 Records that can't be taken are told, one a line, with the reason. A file that
 can't be read is told and passed over; the exit status is then 1.
 
   --into STREETS  the file to fill
+  --map FILE      the base map, instead of the one that came with the program;
+                  its nearest ZIP is taken where an extract tells none
   --dry-run       reads and tells, and writes nothing
 )";
 
@@ -59,8 +64,9 @@ constexpr const char* kInfo =
     R"(streets info FILE
 
 Tells what a streets file or the base map holds: where it comes from, county by
-county, and how many streets, pieces of street, house number ranges and points,
-ZIPs and places there are.
+county and extract by extract, with what their makers ask to be shown, and how
+many streets, pieces of street, house number ranges and points, ZIPs and places
+there are.
 )";
 
 constexpr const char* kCheck =

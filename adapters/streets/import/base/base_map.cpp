@@ -45,13 +45,14 @@ void WriteBorders(Database& file, const std::vector<Border>& borders) {
   }
 }
 
-void WriteZips(Database& file, const std::vector<ZipArea>& zips) {
+// Those with an area have a box: boxes of post offices alone would be drawn one upon the other.
+void WriteZips(Database& file, const std::vector<ZipArea>& zips, const ZipPoints& areas) {
   Statement row(file, "INSERT INTO Zips(zip, longitude, latitude, city, state, county) VALUES(?1, ?2, ?3, ?4, ?5, ?6)");
   Statement box(file, "INSERT INTO ZipBoxes(id, west, east, south, north) VALUES(?1, ?2, ?2, ?3, ?3)");
   for (const ZipArea& zip : zips) {
     const std::int32_t number = ZipNumber(zip.zip);
     row.With(number, zip.at.longitude, zip.at.latitude, std::string_view(zip.city), std::string_view(zip.state), std::string_view(zip.county)).Run();
-    box.With(number, zip.at.longitude, zip.at.latitude).Run();
+    if (areas.contains(zip.zip)) box.With(number, zip.at.longitude, zip.at.latitude).Run();
   }
 }
 
@@ -75,13 +76,14 @@ void WritePlaces(Database& file, const std::vector<Place>& places) {
 BaseMapCounts WriteBaseMap(const std::string& folder, Database& file) {
   const auto in = [&](const char* name) { return (std::filesystem::path(folder) / name).string(); };
   const Outlines outlines = ReadOutlines(in("counties-10m.json"));
-  const std::vector<ZipArea> zips = BelievedZips(ReadZipPoints(in("zip-points.csv")), ReadPostOffices(in("zip-places.tsv")), outlines);
+  const ZipPoints areas = ReadZipPoints(in("zip-points.csv"));
+  const std::vector<ZipArea> zips = BelievedZips(areas, ReadPostOffices(in("zip-places.tsv")), outlines);
   const std::vector<Place> places = PlacesOf(zips);
   Transaction all(file);
   WriteSource(file, {"base:borders", "Borders of states and counties, points of ZIP areas (Census)", ""}, outlines.borders.size());
   WriteSource(file, {"base:places", "Places and names of ZIP codes (GeoNames)", kNotice}, places.size());
   WriteBorders(file, outlines.borders);
-  WriteZips(file, zips);
+  WriteZips(file, zips, areas);
   WritePlaces(file, places);
   all.Commit();
   return {outlines.borders.size(), zips.size(), places.size()};

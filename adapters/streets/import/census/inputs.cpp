@@ -11,10 +11,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool IsInput(const fs::path& path) {
-  const std::string ending = SmallLetters(path.extension().string());
-  return ending == ".shp" || ending == ".zip";
-}
+std::string EndingOf(const fs::path& path) { return SmallLetters(path.extension().string()); }
+
+bool IsInput(const fs::path& path) { return EndingOf(path) == ".shp" || EndingOf(path) == ".zip" || IsExtract(path.string()); }
 
 }  // namespace
 
@@ -23,7 +22,7 @@ std::vector<std::string> FindInputs(const std::vector<std::string>& words) {
   for (const std::string& word : words) {
     std::error_code problem;
     if (fs::is_regular_file(word, problem)) {
-      if (!IsInput(word)) throw FileError(word + " is neither a shapefile (.shp) nor a ZIP archive (.zip).");
+      if (!IsInput(word)) throw FileError(word + " is no shapefile (.shp), ZIP archive (.zip) or extract (.pbf).");
       inputs.push_back(word);
       continue;
     }
@@ -31,15 +30,17 @@ std::vector<std::string> FindInputs(const std::vector<std::string>& words) {
     std::vector<std::string> found;
     for (const auto& entry : fs::directory_iterator(word))
       if (entry.is_regular_file(problem) && IsInput(entry.path())) found.push_back(entry.path().string());
-    if (found.empty()) throw FileError(word + " holds neither shapefiles (.shp) nor ZIP archives (.zip).");
+    if (found.empty()) throw FileError(word + " holds no shapefiles (.shp), ZIP archives (.zip) or extracts (.pbf).");
     std::ranges::sort(found);
     inputs.insert(inputs.end(), found.begin(), found.end());
   }
   return inputs;
 }
 
+bool IsExtract(const std::string& input) { return EndingOf(input) == ".pbf"; }
+
 void EachShapeFile(const std::string& input, const std::function<void(const std::string&, const std::string&)>& use) {
-  if (SmallLetters(fs::path(input).extension().string()) != ".zip") return use(input, input);
+  if (EndingOf(input) != ".zip") return use(input, input);
   const Archive archive(input);
   for (const std::string& stem : archive.ShapeFiles()) {
     const UnpackedShapeFile unpacked(archive, stem);

@@ -81,14 +81,16 @@ struct SourceWriter::Statements {
 SourceWriter::SourceWriter(Database& file, const SourceName& source) : statements_(std::make_unique<Statements>(file, source)) {}
 SourceWriter::~SourceWriter() = default;
 
-void SourceWriter::Edge(std::int64_t edge, platform::MapLine kind, const std::string& name, const Line& shape) {
+bool SourceWriter::Edge(std::int64_t edge, platform::MapLine kind, const std::string& name, const Line& shape) {
   Statements& to = *statements_;
   const EdgeLayer* layer = LayerOf(kind);
   if (!layer) layer = LayerOf(platform::MapLine::Street);
   const std::vector<std::byte> packed = PackShape(shape);
   to.ownEdge.With(to.source, edge).Run();
+  const bool isNew = to.file.Changes() > 0;
   to.addEdge.With(edge, layer->number, std::string_view(name), std::span<const std::byte>(packed)).Run();
   if (to.file.Changes() > 0) WriteBox(to.boxes[static_cast<std::size_t>(layer - kEdgeLayers.data())], edge, shape);
+  return isNew;
 }
 
 std::int64_t SourceWriter::Street(const StreetName& name) {

@@ -29,7 +29,8 @@ class SourceWriter {
   SourceWriter& operator=(const SourceWriter&) = delete;
 
   /// A piece of street. One that is there already, from a record before or from the county on the other side, stays as it is.
-  void Edge(std::int64_t edge, platform::MapLine kind, const std::string& name, const Line& shape);
+  /// True when the source has none of that number yet.
+  bool Edge(std::int64_t edge, platform::MapLine kind, const std::string& name, const Line& shape);
   /// The number of a street name (whose own is not looked at).
   std::int64_t Street(const StreetName& name);
   /// The edge bears the street's name, in the ZIP; "" where none is known.

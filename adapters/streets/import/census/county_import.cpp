@@ -58,7 +58,8 @@ MapLine KindOf(const std::string& feature) {
 }
 
 std::optional<std::int64_t> EdgeNumber(const std::string& text) {
-  if (text.empty() || text.size() > 12 || !std::ranges::all_of(text, [](char each) { return each >= '0' && each <= '9'; })) return {};
+  constexpr std::size_t kMostDigits = 15;
+  if (text.empty() || text.size() > kMostDigits || !std::ranges::all_of(text, [](char each) { return each >= '0' && each <= '9'; })) return {};
   const std::int64_t number = std::stoll(text);
   if (number <= 0 || number >= kNumbersEnd) return {};
   return number;
@@ -110,11 +111,14 @@ class County {
         break;
     }
     std::int64_t street = 0;
-    if (edges_.insert(*edge).second) ++counts_.edges;
+    bool isNew = false;
     if (writer_) {
-      writer_->Edge(*edge, KindOf(file_.Field(record, columns_.kind)), written, line_);
+      isNew = writer_->Edge(*edge, KindOf(file_.Field(record, columns_.kind)), written, line_);
       street = writer_->Street(NormalStreet(written));
+    } else {
+      isNew = seen_.insert(*edge).second;
     }
+    if (isNew) ++counts_.edges;
     const std::string left = ZipOf(record, columns_.left);
     const std::string right = ZipOf(record, columns_.right);
     if (writer_) {
@@ -149,7 +153,7 @@ class County {
   Columns columns_;
   const ImportListener& listener_;
   std::optional<SourceWriter> writer_;
-  std::unordered_set<std::int64_t> edges_;
+  std::unordered_set<std::int64_t> seen_;  ///< edges, where no file tells which were there
   CountyCounts counts_;
   Line line_;
 };

@@ -1,6 +1,9 @@
 #include "streets/geocoder/geocoder.h"
 
 #include <algorithm>
+#include <iterator>
+#include <span>
+#include <string_view>
 #include <utility>
 
 #include "streets/address/house_number.h"
@@ -54,11 +57,21 @@ bool Geocoder::IsTown(const std::string& key, const Address& address) {
   return !index_.Places(key, address.state).empty();
 }
 
+/// Whether words without a number, which are no town that is known, are a street and not a town that isn't: by a type that towns don't
+/// bear, or because the ZIP has a street of that name.
+bool Geocoder::NamesStreet(const Address& address) {
+  static constexpr std::string_view kTypes[] = {"ST", "AVE", "RD", "LN", "DR", "BLVD", "CT", "CIR", "WAY", "TRL", "PKWY", "HWY", "RTE"};
+  const StreetName name = PlainReading(address.street).street;
+  const bool isHighway = name.type.find(' ') != std::string::npos;
+  if (isHighway || std::find(std::begin(kTypes), std::end(kTypes), name.type) != std::end(kTypes)) return true;
+  return address.zip && !index_.Named(name.key, std::span(&address.zip.zip, 1)).empty();
+}
+
 void Geocoder::Settle(Address& address) {
   if (!address.streetMayBeCity || address.street.empty()) return;
   auto& words = address.street;
   const auto number = LeadingHouseNumber(words);
-  if (!number && IsTown(PlaceKey(Join(words)), address)) {
+  if (!number && (IsTown(PlaceKey(Join(words)), address) || !NamesStreet(address))) {
     address.city = std::move(words);
     words.clear();
     return;

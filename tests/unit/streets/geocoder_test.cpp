@@ -311,6 +311,18 @@ TEST_F(GeocoderTest, ATextWithoutAStreetLineHasAPositionAndNoLine) {
   EXPECT_EQ(both.result, 0);
 }
 
+TEST_F(GeocoderTest, ATownThatIsNotKnownIsNoStreet) {
+  AddNorth("Ringling Rd", {-110'850'000, 46'500'000}, 100, 198, "59645");
+  for (const char* text : {"Ringling, MT", "Ringlin, MT", "Ringling"}) {
+    EXPECT_FALSE(Find(text).positionFound) << text;
+    EXPECT_TRUE(Find(text).candidates.empty()) << text;
+  }
+  EXPECT_TRUE(Find("Ringlin,59645").candidates.empty());
+  EXPECT_EQ(Find("Ringlin,59645").latitude, 4'650'000) << "the ZIP's point";
+  EXPECT_THAT(Find("Ringling Rd, MT").candidates, ElementsAre(EndsWith("(street)")));
+  EXPECT_THAT(Find("Ringling,59645").candidates, ElementsAre(EndsWith("(street)"))) << "a street of that ZIP";
+}
+
 TEST_F(GeocoderTest, WhatCantBeFoundLeavesThePosition) {
   for (const char* text : {"", " ", ",", ", ", "99998", "Nowhere, MT", "MT", "???", "\xFF\xFE", "#", "1 2 3"}) {
     const auto answer = Find(text);

@@ -48,6 +48,8 @@ std::string MadeText(std::mt19937& chance) {
   for (auto count = chance() % 14; count > 0; --count) {
     text += chance() % 8 == 0 ? std::string(1, static_cast<char>(chance() % 256)) : kPieces[chance() % kPieces.size()];
   }
+  // Half of them say where they are.
+  if (chance() % 2 == 0) text += chance() % 2 == 0 ? ",59645" : ",Martinsdale,MT";
   return text;
 }
 

@@ -31,6 +31,7 @@ Candidate CandidateAt(const Position& at, Level level, const std::string& name, 
 }  // namespace
 
 platform::GeocodeAnswer Geocoder::Find(const std::string& text) {
+  const QuestionsTogether together(index_);
   Address address = ParseAddress(text);
   Settle(address);
   Locality locality(index_, areas_, address);

@@ -75,6 +75,14 @@ void FileIndex::OfNumber(std::int64_t number, const Ask& ask) {
   if (number > 0 && file < indexed_.size()) Try(indexed_[file], ask);
 }
 
+void FileIndex::Begin() {
+  Each([](IndexedFile& file) { file.Begin(); });
+}
+
+void FileIndex::End() {
+  Each([](IndexedFile& file) { file.End(); });
+}
+
 std::vector<StreetName> FileIndex::Named(const std::string& key, std::span<const std::string> zips) {
   std::vector<StreetName> names;
   const auto numbers = Numbers(zips);

@@ -18,6 +18,8 @@ class FileIndex final : public StreetIndex {
   explicit FileIndex(StreetFiles& files);
   ~FileIndex() override;
 
+  void Begin() override;
+  void End() override;
   std::vector<StreetName> Named(const std::string& key, std::span<const std::string> zips) override;
   std::vector<StreetName> Beginning(char letter, std::span<const std::string> zips) override;
   std::vector<StreetName> Sounding(const std::string& code) override;

@@ -1,6 +1,7 @@
 #include "streets/index/indexed_file.h"
 
 #include "streets/file/database.h"
+#include "streets/file/file_error.h"
 #include "streets/index/shape.h"
 #include "streets/file/zip_code.h"
 
@@ -48,6 +49,9 @@ IndexedFile::IndexedFile(Database& file, std::int64_t tag)
     : tag_(tag),
       hasStreets_(HasRows(file, "Streets")),
       hasZips_(HasRows(file, "Zips")),
+      hasPoints_(HasRows(file, "Points")),
+      begin_(file, "BEGIN"),
+      end_(file, "COMMIT"),
       namedInZip_(file, kNamedInZip),
       named_(file, kNamed),
       betweenInZip_(file, kBetweenInZip),
@@ -64,6 +68,25 @@ IndexedFile::IndexedFile(Database& file, std::int64_t tag)
       places_(file, kPlaces),
       placeZips_(file, "SELECT zip FROM PlaceZips WHERE place = ?1"),
       county_(file, "SELECT zip FROM Zips WHERE state = ?1 AND county = ?2 COLLATE NOCASE ORDER BY zip") {}
+
+IndexedFile::~IndexedFile() {
+  try {
+    End();
+  } catch (const FileError&) {
+    // A failure has ended it.
+  }
+}
+
+void IndexedFile::Begin() {
+  begin_.Run();
+  together_ = true;
+}
+
+void IndexedFile::End() {
+  if (!together_) return;
+  together_ = false;
+  end_.Run();
+}
 
 StreetName IndexedFile::NameOf(const Statement& row) const {
   return {row.Int(0) | tag_,         std::string(row.Text(1)), std::string(row.Text(2)),
@@ -123,6 +146,7 @@ void IndexedFile::Ranges(std::int64_t street, Zips zips, std::vector<HouseRange>
 }
 
 void IndexedFile::Points(std::int64_t street, Zips zips, std::vector<AddressPoint>& answer) {
+  if (!hasPoints_) return;
   EachRow(points_, pointsInZip_, street, zips, [&](const Statement& row) { answer.push_back(PointOf(row, street)); });
 }
 

@@ -18,6 +18,13 @@ class IndexedFile {
   using Zips = std::span<const std::int32_t>;
 
   IndexedFile(Database& file, std::int64_t tag);
+  ~IndexedFile();
+  IndexedFile(const IndexedFile&) = delete;
+  IndexedFile& operator=(const IndexedFile&) = delete;
+
+  /// One lock for all questions up to End; taken by the first of them.
+  void Begin();
+  void End();
 
   void Named(const std::string& key, Zips zips, std::vector<StreetName>& answer);
   /// Keys from `first` up to before `end`.
@@ -39,6 +46,10 @@ class IndexedFile {
   std::int64_t tag_;
   bool hasStreets_;
   bool hasZips_;
+  bool hasPoints_;
+  bool together_ = false;
+  Statement begin_;
+  Statement end_;
   Statement namedInZip_;
   Statement named_;
   Statement betweenInZip_;

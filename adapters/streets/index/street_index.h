@@ -78,6 +78,11 @@ class StreetIndex {
  public:
   virtual ~StreetIndex() = default;
 
+  /// Between the two questions belong together: a file that one of them reads is locked once for all. Every lock is a way to the disk or
+  /// the network.
+  virtual void Begin() {}
+  virtual void End() {}
+
   /// Streets of that key that have pieces or numbers in one of the ZIPs; no ZIPs: anywhere.
   virtual std::vector<StreetName> Named(const std::string& key, std::span<const std::string> zips) = 0;
   /// All streets with pieces or numbers in one of the ZIPs whose key begins with that letter: for names that are misspelt.
@@ -97,6 +102,18 @@ class StreetIndex {
   /// By the PlaceKey of the name (address/place_key.h); no state: everywhere.
   virtual std::vector<Place> Places(const std::string& name, const std::string& state) = 0;
   virtual std::vector<std::string> ZipsOfCounty(const std::string& state, const std::string& county) = 0;
+};
+
+/// Questions that belong together, from here to the end of the block.
+class QuestionsTogether {
+ public:
+  explicit QuestionsTogether(StreetIndex& index) : index_(index) { index_.Begin(); }
+  ~QuestionsTogether() { index_.End(); }
+  QuestionsTogether(const QuestionsTogether&) = delete;
+  QuestionsTogether& operator=(const QuestionsTogether&) = delete;
+
+ private:
+  StreetIndex& index_;
 };
 
 }  // namespace streets

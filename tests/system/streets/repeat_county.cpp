@@ -14,7 +14,7 @@ namespace {
 constexpr int kRow = 50;          // copies side by side
 constexpr double kWide = 0.04;    // degrees from copy to copy: they lie over one another in part, as towns do
 constexpr double kHigh = 0.03;
-constexpr long long kCopyNumbers = 1'000'000'000;
+constexpr long long kCopyNumbers = 600'000'000;
 
 std::string Changed(const std::string& column, const std::string& text, int copy) {
   if (text.empty()) return text;

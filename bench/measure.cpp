@@ -84,14 +84,15 @@ std::string WithSpread(const Spread& spread) {
 }
 
 std::string Bar(const Result& result) {
-  if (result.mostExtra > 0) return "raw + " + Figure(result.mostExtra) + " us";
+  const std::string times = result.mostRatio > 0 ? Figure(result.mostRatio) + " x " : "";
+  if (result.mostExtra > 0) return times + "raw + " + Figure(result.mostExtra) + " us";
   return result.mostRatio > 0 ? Figure(result.mostRatio) : "";
 }
 
 }  // namespace
 
 bool Result::Within() const {
-  if (mostExtra > 0) return oursCpu <= rawCpu + mostExtra;
+  if (mostExtra > 0) return oursCpu <= rawCpu * (mostRatio > 0 ? mostRatio : 1) + mostExtra;
   return mostRatio <= 0 || ratioCpu.median <= mostRatio;
 }
 

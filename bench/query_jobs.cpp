@@ -88,7 +88,7 @@ Job BothOpenings(Company& company, const Job& run, const std::string& statement)
     second->Close();
     return sum;
   };
-  job.mostExtra = 0;
+  job.mostExtra = 30'000;  // what a user takes for at once
   return job;
 }
 

@@ -6,15 +6,13 @@
 #include <stdexcept>
 #include <string>
 
-#include "engine/engine.h"
-#include "engine/text/like.h"
-#include "engine/text/text_order.h"
 #include "measure.h"
 #include "platform/values/convert.h"
 #include "printing/data/report_errors.h"
 #include "printing/data/report_folder.h"
 #include "printing/data/report_rows.h"
 #include "raw/store.h"
+#include "report_services.h"
 
 namespace {
 
@@ -44,14 +42,7 @@ const std::vector<Case>& Cases() {
 class Rows {
  public:
   Rows(const std::string& folder, std::string reports) : folder_(folder), reports_(std::move(reports)), store_(File()) {
-    services_.openReader = [] { return engine::MakeSnapshotReader(); };
-    services_.dataFolder = folder + "/data/orv1/";
-    services_.kindOf = [](const std::string&) { return printing::DataFileKind::Kept; };
-    services_.text = {engine::CompareText, [](const std::string& pattern) {
-                        auto like = std::make_shared<engine::LikePattern>(pattern);
-                        return [like](std::string_view text) { return like->Matches(text); };
-                      }};
-    services_.today = platform::Date{45000};
+    services_ = bench::ReportServices(folder);
   }
 
   bench::Job JobOf(const Case& one, int most) {

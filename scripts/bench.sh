@@ -23,7 +23,7 @@ install_missing $BUILD_PACKAGES $BENCH_PACKAGES >&2
 # What is measured is what is installed: without assertions.
 cmake --preset release -B "$build" -DORCUSSCH_BENCH=ON -DORCUSSCH_TESTS=ON >&2
 targets="bench_engine bench_memory bench_records bench_saves suitefiles"
-for optional in bench_model bench_desktop; do
+for optional in bench_model bench_desktop bench_map; do
   cmake --build "$build" --target help | grep -q "^$optional:" && targets="$targets $optional"
 done
 # shellcheck disable=SC2086
@@ -55,6 +55,7 @@ for folder in $folders; do
     QT_QPA_PLATFORM=offscreen "$build/bin/bench_desktop" "$folder" 1
   fi
 done
+[ -x "$build/bin/bench_map" ] && QT_QPA_PLATFORM=offscreen "$build/bin/bench_map"
 for folder in $folders; do
   copy=$records/records-$(basename "$folder")
   rm -rf "$copy"

@@ -26,6 +26,17 @@ std::unique_ptr<platform::FrontEnd> MakeFrontEnd(const DesktopOptions& options);
 /// screen is loaded; others are left alone.
 void KeepSettingsOf(platform::FrontEnd& frontEnd, const std::string& user);
 
+/// How a printer's pages are moved, in inches, and made larger from their left upper corner.
+struct PrinterAlignment {
+  double right = 0;
+  double down = 0;
+  double scale = 1;
+};
+
+/// What the present user's settings keep of a printer; that of front ends not from MakeFrontEnd is nothing.
+PrinterAlignment AlignmentOf(platform::FrontEnd& frontEnd, const std::string& printer);
+void KeepAlignment(platform::FrontEnd& frontEnd, const std::string& printer, const PrinterAlignment& alignment);
+
 /// Whether the application object with which the front end was made is there still. True for others than MakeFrontEnd's.
 bool CanShow(const platform::FrontEnd& frontEnd);
 

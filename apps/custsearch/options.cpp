@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 
+#include "platform/values/calendar.h"
 #include "platform/values/text.h"
 
 namespace custsearch {
@@ -62,6 +63,18 @@ std::string Formula(const std::string& text) {
   return text;
 }
 
+/// "1999-12-31".
+platform::Date Day(const std::string& option, const std::string& text) {
+  constexpr std::size_t kLength = 10;
+  const auto part = [&](std::size_t from, std::size_t count) {
+    return WholeNumber<int>(option, text.substr(from, count), 0);
+  };
+  std::optional<platform::Date> day;
+  if (text.size() == kLength && text[4] == '-' && text[7] == '-') day = platform::DateSerial(part(0, 4), part(5, 2), part(8, 2));
+  if (!day) throw UsageError("option " + option + " needs a day such as 1999-12-31, not \"" + text + "\"");
+  return *day;
+}
+
 bool EndsAsAFile(const std::string& name) {
   for (const char* ending : {".pdf", ".csv", ".xlsx"})
     if (platform::ToLowerAscii(name).ends_with(ending)) return true;
@@ -104,6 +117,7 @@ const std::map<std::string, Setter>& Setters() {
       {"--to", [](Options& o, Reader& w) { o.to = w.Value(); }},
       {"--customers", [](Options& o, Reader& w) { o.customers = w.Value(); }},
       {"--formula", [](Options& o, Reader& w) { o.formulas.push_back(Formula(w.Value())); }},
+      {"--date", [](Options& o, Reader& w) { o.date = Day(w.Name(), w.Value()); }},
       {"--threshold", [](Options& o, Reader& w) { o.threshold = WholeNumber<std::int64_t>(w.Name(), w.Value(), 0); }},
   };
   return setters;
@@ -115,8 +129,8 @@ void CheckReport(const Options& options) {
     if (!EndsAsAFile(options.to)) throw UsageError("the report's file ends in .pdf, .csv or .xlsx, not \"" + options.to + "\"");
     if (options.local) throw UsageError("option --local has no meaning with a report, which has a temporary file of its own");
   } else if (options.task != Task::Help && options.task != Task::Version) {
-    if (!options.to.empty() || options.customers != "all" || !options.formulas.empty())
-      throw UsageError("options --to, --customers and --formula are for reports: custsearch report NAME --to FILE");
+    if (!options.to.empty() || options.customers != "all" || !options.formulas.empty() || options.date)
+      throw UsageError("options --to, --customers, --formula and --date are for reports: custsearch report NAME --to FILE");
   }
 }
 
@@ -188,6 +202,7 @@ std::string HelpText() {
          "  --to FILE             the report's file, by its ending: .pdf, .csv or .xlsx\n"
          "  --customers WHICH     all, an account number, or a condition on the fields of Customers\n"
          "  --formula N=V         gives the report's formula N the value V; can be given several times\n"
+         "  --date YYYY-MM-DD     the day that the report takes for today\n"
          "  --help, --version     print this text, the version\n"
          "\n"
          "Exit status: 0 a customer was selected, 3 none was, 1 something failed, 2 wrong usage.\n"

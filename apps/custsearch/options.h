@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/values/value.h"
+
 namespace custsearch {
 
 /// The command line was written wrongly: exit status 2.
@@ -36,6 +38,7 @@ struct Options {
   std::string to;                         ///< the file that the report goes into
   std::string customers = "all";          ///< "all", an account number or a condition
   std::vector<std::string> formulas;      ///< "Name=value"
+  std::optional<platform::Date> date;     ///< what a report takes for today
   std::optional<std::int64_t> threshold;  ///< results up to this many rows are read at once; for tests
 };
 

@@ -174,6 +174,7 @@ int RunReport(const Options& options) {
   parts.title = "Customer Search";
   platform::Application app(std::move(parts));
   *made = &app;
+  if (options.date) app.System().SetToday(options.date);
   orcussch::AttachApplication(&app);
   orcussch::ConnectScreens();
   const int status = Run(options, app, told, reports);

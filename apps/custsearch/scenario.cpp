@@ -7,6 +7,7 @@
 #include "engine/data_file.h"
 #include "entry/screens.h"
 #include "library/places.h"
+#include "library/reports.h"
 #include "library/windows.h"
 #include "maintenance/frmCustMain.h"
 #include "robot/commands/commands.h"
@@ -95,6 +96,9 @@ robot::Surroundings Around(const Options& options, const library::Places& places
   };
   around.dataPath = [](std::int32_t company, std::string_view file) { return orcussch::GetDataPath(company, std::string(file)); };
   around.accounts = [](const platform::AccountsLookupInput& input) { return orcussch::MakeAccountsPicker()->Run(input); };
+  around.makeReports = [&places, &late] {
+    return library::MakeReadableReports({[&late] { return late.app; }, places.libraryFolder, places.dataFolder});
+  };
   around.tempPath = [&late](std::int32_t user) { return library::TemporaryFile(late.app->System(), user); };
   around.makeEngine = [&options, &late] { return library::MakeEngine(late.app->System(), options.threshold); };
   around.dropTable = [&late](const std::string& path, const std::string& table) {

@@ -6,6 +6,7 @@
 
 #include "library/places.h"
 #include "platform/host/application.h"
+#include "platform/services/readable_reports.h"
 
 /// The report engine and the export of lists, where the build has them; without the toolkit there are none.
 namespace library {
@@ -18,6 +19,8 @@ struct ReportPlaces {
 };
 
 std::unique_ptr<platform::ReportEngine> MakeReports(const ReportPlaces& places);
+/// The same for a scripted user, who reads the pages; what is printed goes nowhere else.
+std::unique_ptr<platform::ReadableReports> MakeReadableReports(const ReportPlaces& places);
 std::unique_ptr<platform::ListExport> MakeListExport();
 
 /// A report of the library's folder into a file, by the ending of its name: .pdf, .csv or .xlsx. Returns 0 or the engine's number, whose

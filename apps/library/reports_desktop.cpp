@@ -1,6 +1,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "desktop/desktop.h"
 #include "engine/engine.h"
 #include "engine/text/like.h"
 #include "engine/text/text_order.h"
@@ -68,6 +69,13 @@ printing::EngineServices Services(const ReportPlaces& places) {
   printing::EngineServices services;
   services.forRun = [places] { return ForRun(places); };
   services.busy = [places] { return places.app() != nullptr && SomeScreenIsBusy(*places.app()); };
+  services.alignment = [places](const std::string& printer) {
+    const desktop::PrinterAlignment kept = desktop::AlignmentOf(places.app()->FrontEnd(), printer);
+    return printing::PaintSettings{kept.right, kept.down, kept.scale};
+  };
+  services.keepAlignment = [places](const std::string& printer, const printing::PaintSettings& settings) {
+    desktop::KeepAlignment(places.app()->FrontEnd(), printer, {settings.shiftX, settings.shiftY, settings.scale});
+  };
   services.log = [places](const std::string& line) { places.app()->Log(platform::LogLevel::Warning, line); };
   return services;
 }
@@ -75,6 +83,10 @@ printing::EngineServices Services(const ReportPlaces& places) {
 }  // namespace
 
 std::unique_ptr<platform::ReportEngine> MakeReports(const ReportPlaces& places) { return printing::MakeReportEngine(Services(places)); }
+
+std::unique_ptr<platform::ReadableReports> MakeReadableReports(const ReportPlaces& places) {
+  return printing::MakeReadableReports(Services(places), [places] { return places.app()->DefaultPrinter(); });
+}
 
 std::unique_ptr<platform::ListExport> MakeListExport() { return printing::MakeListExport(); }
 

@@ -28,11 +28,6 @@ void ShowAndUnload(platform::ScreenRef<Screen>& screen) {
   if (Screen* left = screen.peek(); left != nullptr && IsFormLoaded(left)) App().Unload(*left);
 }
 
-/// Without a street map there is nothing to show.
-void ShowMap(const std::string& Scope) {
-  if (App().Map() != nullptr) MapCustomer(Scope);
-}
-
 }  // namespace
 
 void ConnectScreens() {
@@ -40,8 +35,6 @@ void ConnectScreens() {
   gSessionOpeners.giveUpMain = [] { screens::frmCustMain.release(); };
   gSessionOpeners.showQueries = [] { screens::frmCustQueries.Show(); };
 
-  // Each screen that comes fills its own opener here. What stays empty is not there yet: its commands keep their keys and do
-  // nothing.
   gMainOpeners = MainOpeners{};
   gMainOpeners.print = [](frmCustMain& main) { ReportPrint(main, destination::Printer); };
   gMainOpeners.preview = [](frmCustMain& main) { ReportPrint(main, destination::Preview); };
@@ -49,8 +42,8 @@ void ConnectScreens() {
   gMainOpeners.statistics = [](frmCustMain&) { screens::frmCustStats.Show(); };
   gMainOpeners.queries = [](frmCustMain&) { screens::frmCustQueries.Show(); };
   gMainOpeners.queryScreen = []() -> platform::Form* { return screens::frmCustQueries.peek(); };
-  gMainOpeners.mapCustomer = [](frmCustMain&) { ShowMap("One"); };
-  gMainOpeners.mapAll = [](frmCustMain&) { ShowMap("All"); };
+  gMainOpeners.mapCustomer = [](frmCustMain&) { MapCustomer("One"); };
+  gMainOpeners.mapAll = [](frmCustMain&) { MapCustomer("All"); };
   gMainOpeners.relationships = [](frmCustMain&) { screens::frmChildParentCustomers.Show(); };
   gMainOpeners.taxSetup = [](frmCustMain&) { screens::frmTaxSetup.Show(); };
   gMainOpeners.creditCardSetup = [](frmCustMain&) { screens::frmCreditCardSetup.Show(); };

@@ -12,7 +12,7 @@ struct Command {
   void (*run)(frmCustMain& screen);
 };
 
-/// Commands whose screen is not there yet keep their key, follow its enabling rule and do nothing.
+/// Commands of a program without their screen keep their key, follow its enabling rule and do nothing.
 template <MainOpeners::Opener MainOpeners::*Which>
 void Open(frmCustMain& screen) {
   if (gMainOpeners.*Which) (gMainOpeners.*Which)(screen);

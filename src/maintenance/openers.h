@@ -9,7 +9,7 @@ namespace orcussch {
 class frmCustMain;
 
 /// How the main screen shows the screens behind its commands. They stand above it and write its controls; it knows of them only
-/// these calls. nullptr: the screen is not there yet, and its commands do nothing.
+/// these calls. nullptr: a program without that screen, whose commands do nothing.
 struct MainOpeners {
   using Opener = void (*)(frmCustMain& owner);
 

@@ -3,6 +3,7 @@
 
 #include "maintenance/frmCustMain.h"
 #include "mapping/frmMap.h"
+#include "platform/host/long_run.h"
 #include "platform/values/convert.h"
 #include "records/fields.h"
 #include "session/failures.h"
@@ -42,6 +43,16 @@ std::string AddressInList(const platform::RecordsetRef& rows) {
     if (!part.empty()) address += "," + part;
   }
   return address;
+}
+
+/// For the user's eyes: a list that can't be counted now is as good as one that isn't.
+std::int64_t CountOfRows() {
+  std::int64_t count = 0;
+  Ignore()([&] {
+    platform::RowWindow* rows = screens::frmCustMain.peek()->data[tab::Customers].Window();
+    if (rows != nullptr) count = rows->Count();
+  });
+  return count;
 }
 
 std::int32_t Middle(std::int32_t low, std::int32_t high) { return platform::CLng((static_cast<double>(high) - low) / 2 + low); }
@@ -92,6 +103,8 @@ void frmMap::PlotAll(const platform::RecordsetRef& rows) {
 
 void frmMap::CollectCustomers(const platform::RecordsetRef& rows) {
   MapCustomers.clear();
+  const std::int64_t count = CountOfRows();
+  platform::LongRun run(App(), "Customer Mapping", count);
   for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext()) {
     const std::string address = AddressInList(rows);
     if (!address.empty()) {
@@ -102,7 +115,8 @@ void frmMap::CollectCustomers(const platform::RecordsetRef& rows) {
           {LongOf(rows, "AcctNum"), Pwstreet1.Latitude, Pwstreet1.Longitude, platform::FixedText(CustomerName, kNameLength)});
     }
     App().DoEvents();
-    if (!Loaded()) return;
+    // What was found until the user says stop is shown.
+    if (!Loaded() || !run.Next()) return;
   }
 }
 

@@ -3,6 +3,7 @@
 #include "maintenance/frmCustMain.h"
 #include "platform/values/convert.h"
 #include "records/fields.h"
+#include "reports/label_reports.h"
 #include "reports/report_run.h"
 #include "session/ModCustSch.h"
 
@@ -62,7 +63,9 @@ void frmCustReports::DataReports_Reposition() {
     const platform::RecordsetRef Rows = DataReports.Recordset();
     if (Rows->Bof()) {
       Toolbar1.Enabled(false);
+      ShowLabelOptions("");
     } else {
+      ShowLabelOptions(TextOf(Rows, "Name"));
       Toolbar1.Enabled(!mRunning);
       chkPageBreak.Value(0);
       chkPageBreak.Enabled(IsTrue(Rows->Field("CustomerPageBreak")));
@@ -70,6 +73,15 @@ void frmCustReports::DataReports_Reposition() {
     }
     App().DoEvents();
   });
+}
+
+/// Each row begins with a whole sheet.
+void frmCustReports::ShowLabelOptions(const std::string& File) {
+  const bool Labels = IsLabelReport(File);
+  txtFirstLabel.Value(1);
+  lblFirstLabel.Visible(Labels);
+  txtFirstLabel.Visible(Labels);
+  cmdAlign.Visible(Labels);
 }
 
 /// A name that was typed in is stored at once.
@@ -91,6 +103,16 @@ void frmCustReports::cmdRestoreName_Click() {
     }
   }
   cmdRestoreName.Enabled(true);
+}
+
+void frmCustReports::cmdAlign_Click() {
+  Trap("frmCustReports.cmdAlign_Click", [this] {
+    platform::ReportEngine* Engine = App().Reports();
+    const platform::RecordsetRef Rows = DataReports.Recordset();
+    if (!Engine || !Rows->HasRows()) return;
+    Engine->AlignPrinter(platform::WithSeparator(App().System(), App().Path()) + TextOf(Rows, "Name"));
+    if (Loaded()) ShowPrinter();
+  });
 }
 
 void frmCustReports::Toolbar1_ButtonClick(const std::string& Key) {

@@ -9,6 +9,7 @@
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
 #include "platform/controls/report_control.h"
+#include "platform/controls/text_box.h"
 #include "platform/controls/toolbar.h"
 #include "platform/host/screen.h"
 #include "platform/host/screen_ref.h"
@@ -46,6 +47,10 @@ class frmCustReports final : public platform::Screen {
   platform::CheckBox chkPageBreak;
   platform::ControlArray<platform::Label, 2> lblCurrentReport;
   platform::Label lblPrinter, lblPrintMedia;
+  /// There only for labels: the sheet's first label that is still to be had, and how the printer meets the sheet.
+  platform::Label lblFirstLabel;
+  platform::NumberEdit txtFirstLabel;
+  platform::CommandButton cmdAlign;
   platform::ProgressBar ProgressBar1;
   platform::CommandButton cmdStop;  ///< ends the making of labels; there only while labels are made
   platform::StatusBar StatusBar1;
@@ -68,6 +73,7 @@ class frmCustReports final : public platform::Screen {
     bool Queried = false;  ///< over the query's customers
     bool Current = false;  ///< over the current customer
     std::string AcctNum;
+    int FirstLabel = 1;
 
     bool IsLabels() const;
     /// The labels whose order the user chooses.
@@ -83,7 +89,9 @@ class frmCustReports final : public platform::Screen {
   void ShowPrinter();
   void DataReports_Reposition();
   void grdReports_LostFocus();
+  void ShowLabelOptions(const std::string& File);
   void cmdRestoreName_Click();
+  void cmdAlign_Click();
   void Toolbar1_ButtonClick(const std::string& Key);
 
   // frmCustReports_print.cpp

@@ -46,6 +46,9 @@ frmCustReports::frmCustReports(platform::Application& application)
       lblCurrentReport(*this, "lblCurrentReport"),
       lblPrinter(*this, "lblPrinter"),
       lblPrintMedia(*this, "lblPrintMedia"),
+      lblFirstLabel(*this, "lblFirstLabel", "Start at label:"),
+      txtFirstLabel(*this, "txtFirstLabel", 0),
+      cmdAlign(*this, "cmdAlign", "Alignment..."),
       ProgressBar1(*this, "ProgressBar1"),
       cmdStop(*this, "cmdStop", "Stop"),
       StatusBar1(*this, "StatusBar1"),
@@ -74,6 +77,10 @@ void frmCustReports::Design() {
   optCustomer.Each([this](platform::OptionButton& option, int) { option.Container(fraOptions); });
   chkPageBreak.Container(fraOptions);
   cmdStop.Visible(false);
+  constexpr int kFigures = 2;
+  txtFirstLabel.MaxLength(kFigures);
+  txtFirstLabel.Value(1);
+  ShowLabelOptions("");
 }
 
 void frmCustReports::AttachHandlers() {
@@ -84,6 +91,7 @@ void frmCustReports::AttachHandlers() {
   constexpr int kDescription = 1;
   chkReportName.Click = [this] { grdReports.OpenColumn(kDescription, chkReportName.Value() != 0); };
   cmdRestoreName.Click = [this] { cmdRestoreName_Click(); };
+  cmdAlign.Click = [this] { cmdAlign_Click(); };
   cmdStop.Click = [this] { mStopped = true; };
   miClose.Click = [this] { App().Unload(*this); };
 }

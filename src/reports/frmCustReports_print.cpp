@@ -4,6 +4,7 @@
 #include "reports/company_formulas.h"
 #include "reports/frmCustReports.h"
 #include "reports/frmMailLabel.h"
+#include "reports/label_reports.h"
 #include "reports/report_run.h"
 #include "session/ModCustSch.h"
 
@@ -14,19 +15,14 @@ using platform::Value;
 
 namespace {
 
-constexpr const char* kMailingLabels[] = {"ARML5161.RPT", "ARML5260.RPT"};
-constexpr const char* kFolderLabels = "ARFL5166.RPT";
 /// What a row of the catalogue calls the user's temporary file, whose own name has his number.
 constexpr const char* kTemporaryFile = "ORVTEMP.ZDB";
 
 }  // namespace
 
-bool frmCustReports::Chosen::IsSorted() const {
-  const std::string Name = platform::UCase(File);
-  return Name == kMailingLabels[0] || Name == kMailingLabels[1];
-}
+bool frmCustReports::Chosen::IsSorted() const { return IsMailingLabels(File); }
 
-bool frmCustReports::Chosen::IsLabels() const { return IsSorted() || platform::UCase(File) == kFolderLabels; }
+bool frmCustReports::Chosen::IsLabels() const { return IsLabelReport(File); }
 
 void frmCustReports::cmdPrint(int Destination) {
   Trap("frmReports.cmdPrint", [&] {
@@ -70,6 +66,7 @@ frmCustReports::Chosen frmCustReports::Choose(const platform::RecordsetRef& Rows
   Report.Queried = optCustomer[0].Value() && fraOptions.Enabled();
   Report.Current = optCustomer[2].Value();
   Report.AcctNum = lblAcctNum.Caption();
+  Report.FirstLabel = FirstLabelOf(Report.File, txtFirstLabel.Value());
 
   // Whether the options are open is not asked here: a current customer that was left on still counts.
   Report.Selection = TextOf(Rows, "SelectionFormula");
@@ -134,6 +131,7 @@ void frmCustReports::CopyQueriedCustomers() {
 /// What the sort screen ends with is not asked: a cancelled one leaves the report file's own order.
 void frmCustReports::PrepareLabels(const Chosen& Report, bool& Stop) {
   mFormulaIndex = 0;
+  Report1.Job.FirstLabel = Report.FirstLabel;
   if (!Report.Current && Report.IsSorted()) {
     Toolbar1.Tag("");
     App().MousePointer(platform::pointer::Default);

@@ -26,6 +26,19 @@ TEST(SettingsFile, NamesMayHoldAnything) {
   EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
 }
 
+TEST(SettingsFile, APrintersAlignmentIsItsOwn) {
+  const QTemporaryDir folder;
+  const std::string path = folder.path().toStdString();
+  Settings(path, "7").KeepAlignment("Front office/2", {0.05, -0.1, 1.01});
+  const desktop::PrinterAlignment kept = Settings(path, "7").AlignmentOf("Front office/2");
+  EXPECT_DOUBLE_EQ(kept.right, 0.05);
+  EXPECT_DOUBLE_EQ(kept.down, -0.1);
+  EXPECT_DOUBLE_EQ(kept.scale, 1.01);
+  const desktop::PrinterAlignment other = Settings(path, "7").AlignmentOf("Front office");
+  EXPECT_DOUBLE_EQ(other.right, 0);
+  EXPECT_DOUBLE_EQ(other.scale, 1);
+}
+
 TEST(SettingsFile, ForgettingColumnsLeavesOtherLists) {
   const QTemporaryDir folder;
   Settings kept(folder.path().toStdString(), "7");

@@ -6,6 +6,7 @@
 #include "desktop/binding/bar_bindings.h"
 #include "desktop/binding/edit_bindings.h"
 #include "desktop/binding/list_binding.h"
+#include "desktop/binding/map_binding.h"
 #include "desktop/binding/simple_bindings.h"
 #include "desktop/binding/tab_binding.h"
 #include "platform/controls/common_dialog.h"
@@ -56,7 +57,7 @@ std::unique_ptr<Binding> MakeBinding(QMainWindow& window, Services& services, Co
                      Try<platform::Label, QLabel, LabelBinding>(window, control, binding) ||
                      Try<platform::Frame, QGroupBox, GroupBinding>(window, control, binding) ||
                      Try<platform::Frame, QFrame, FrameBinding>(window, control, binding) ||
-                     Try<platform::MapControl, QFrame, MapBinding>(window, control, binding) ||
+                     Try<platform::MapControl, MapView, MapBinding>(window, control, binding, services) ||
                      Try<platform::StatusBar, QStatusBar, StatusBarBinding>(window, control, binding) ||
                      Try<platform::ProgressBar, QProgressBar, ProgressBinding>(window, control, binding) ||
                      Try<platform::ListBox, QListWidget, ListBoxBinding>(window, control, binding) ||

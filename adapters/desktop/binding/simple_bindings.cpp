@@ -143,11 +143,20 @@ void ListBoxBinding::Show(Aspect aspect) {
       }
     }
     shown().setCurrentRow(control().ListIndex());
+    ShowIfWorth();
   } else if (aspect == Aspect::CurrentRow) {
     shown().setCurrentRow(control().ListIndex());
+  } else if (aspect == Aspect::Visible) {
+    ShowIfWorth();
   } else {
     Binding::Show(aspect);
   }
+}
+
+/// The layout may say from how many lines on (property "shownFrom") there is something to choose from.
+void ListBoxBinding::ShowIfWorth() {
+  const bool worth = control().Items().size() >= shown().property("shownFrom").toUInt();
+  shown().setVisible(control().Visible() && worth);
 }
 
 ScrollBarBinding::ScrollBarBinding(platform::ScrollBar& control, QScrollBar* widget) : TypedBinding(control, widget) {

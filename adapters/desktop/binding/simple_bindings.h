@@ -16,7 +16,6 @@
 #include "platform/controls/buttons.h"
 #include "platform/controls/label.h"
 #include "platform/controls/lists.h"
-#include "platform/controls/map/map_control.h"
 
 /// Bindings of the controls that show a text or a number and know one or two acts. Texts that the layout holds stay where
 /// the model starts without one.
@@ -36,12 +35,6 @@ class GroupBinding final : public TypedBinding<platform::Frame, QGroupBox> {
 
 /// A frame without a caption of its own.
 class FrameBinding final : public TypedBinding<platform::Frame, QFrame> {
- public:
-  using TypedBinding::TypedBinding;
-};
-
-/// The map draws itself; the window gives it its place.
-class MapBinding final : public TypedBinding<platform::MapControl, QFrame> {
  public:
   using TypedBinding::TypedBinding;
 };
@@ -83,6 +76,9 @@ class ListBoxBinding final : public TypedBinding<platform::ListBox, QListWidget>
  public:
   ListBoxBinding(platform::ListBox& control, QListWidget* widget);
   void Show(platform::Aspect aspect) override;
+
+ private:
+  void ShowIfWorth();
 };
 
 class ScrollBarBinding final : public TypedBinding<platform::ScrollBar, QScrollBar> {

@@ -47,7 +47,8 @@ void DesktopHands::OpenCell(Grid& grid, ListView& list, int column, const QRect&
 
 void DesktopHands::DoubleClickCell(Grid& grid) {
   ListView& list = ListOf(grid);
-  const int column = grid.CursorColumn();
+  // Where no column is open the first one that is shown.
+  const int column = grid.CursorColumn() >= 0 ? grid.CursorColumn() : grid.ColumnCount() > 0 ? list.Columns().ColumnAt(0) : -1;
   if (!grid.Data() || !grid.Data()->OnRecord() || column < 0) return Focus(grid);
   const std::int64_t ordinal = ScrollTo(list, grid, grid.CurrentBookmark());
   list.ScrollToColumn(column);

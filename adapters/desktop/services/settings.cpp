@@ -1,5 +1,7 @@
 #include "desktop/services/settings.h"
 
+#include <cmath>
+
 #include "desktop/toolkit/toolkit.h"
 
 namespace desktop {
@@ -8,6 +10,8 @@ namespace {
 
 /// Field names may hold what an ini key may not.
 QString Key(const QString& text) { return QString::fromLatin1(text.toUtf8().toPercentEncoding(" ()")); }
+
+QString PrinterGroup(const QString& printer) { return "Printers/" + Key(printer); }
 
 QString ListGroup(const QString& list) { return "Columns/" + Key(list); }
 
@@ -57,6 +61,23 @@ void Settings::KeepHiddenColumns(const QString& list, const QStringList& fields)
 
 void Settings::ForgetColumns(const QString& list) {
   if (file_) file_->remove(ListGroup(list));
+}
+
+PrinterAlignment Settings::AlignmentOf(const QString& printer) const {
+  if (!file_) return {};
+  const auto kept = [&](const char* key, double usual) {
+    bool number = false;
+    const double value = file_->value(PrinterGroup(printer) + key, usual).toDouble(&number);
+    return number && std::isfinite(value) ? value : usual;
+  };
+  return {kept("/Right", 0), kept("/Down", 0), kept("/Scale", 1)};
+}
+
+void Settings::KeepAlignment(const QString& printer, const PrinterAlignment& alignment) {
+  if (!file_) return;
+  file_->setValue(PrinterGroup(printer) + "/Right", alignment.right);
+  file_->setValue(PrinterGroup(printer) + "/Down", alignment.down);
+  file_->setValue(PrinterGroup(printer) + "/Scale", alignment.scale);
 }
 
 }  // namespace desktop

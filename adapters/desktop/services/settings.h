@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "desktop/desktop.h"
+
 namespace desktop {
 
 /// What the windows remember for one user: positions of windows, widths, order and hiding of list columns, by field name. Kept in one
@@ -28,6 +30,10 @@ class Settings {
   QStringList HiddenColumns(const QString& list) const;
   void KeepHiddenColumns(const QString& list, const QStringList& fields);
   void ForgetColumns(const QString& list);
+
+  /// How a printer's pages are moved (inches) and made larger (1: not), by the printer's name.
+  PrinterAlignment AlignmentOf(const QString& printer) const;
+  void KeepAlignment(const QString& printer, const PrinterAlignment& alignment);
 
  private:
   std::unique_ptr<QSettings> file_;

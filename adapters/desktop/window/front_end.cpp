@@ -120,7 +120,9 @@ void DesktopFrontEnd::RunModal(platform::Form&, const std::function<bool()>& don
 
 void DesktopFrontEnd::DoEvents() {
   if (services_->PaintingOnly() || !CanShow()) return;
-  QCoreApplication::processEvents(QEventLoop::AllEvents);
+  // What the user does before a run shows itself must not start anything either: it waits, and meets a window that takes it.
+  const bool hidden = run_ && !run_->Up();
+  QCoreApplication::processEvents(hidden ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
 }
 
 void DesktopFrontEnd::ServePainting() {
@@ -131,7 +133,8 @@ void DesktopFrontEnd::ServePainting() {
 }
 
 QWidget* DesktopFrontEnd::BoxParent() const {
-  QWidget* parent = nullptr;
+  QWidget* parent = run_ ? run_->Up() : nullptr;
+  if (parent) return parent;
   for (const auto& [form, window] : windows_)
     if (window->isVisible() && (!parent || window->isActiveWindow())) parent = window.get();
   return parent;
@@ -157,6 +160,14 @@ void DesktopFrontEnd::Pointer(int pointer) {
   }
 }
 
+bool DesktopFrontEnd::Progress(const platform::ProgressState& state) {
+  if (!CanShow()) return true;
+  if (!run_) run_.emplace();
+  return run_->Show(state, BoxParent());
+}
+
+void DesktopFrontEnd::ProgressEnds() { run_.reset(); }
+
 std::optional<platform::PrinterChoice> DesktopFrontEnd::PrinterDialog(platform::Form& form) {
   QPrinter printer;
   QPrintDialog dialog(&printer, WindowOf(form));
@@ -177,6 +188,15 @@ std::unique_ptr<platform::FrontEnd> MakeFrontEnd(const DesktopOptions& options) 
 
 void KeepSettingsOf(platform::FrontEnd& frontEnd, const std::string& user) {
   if (auto* windows = dynamic_cast<DesktopFrontEnd*>(&frontEnd)) windows->KeepSettingsOf(user);
+}
+
+PrinterAlignment AlignmentOf(platform::FrontEnd& frontEnd, const std::string& printer) {
+  auto* windows = dynamic_cast<DesktopFrontEnd*>(&frontEnd);
+  return windows ? windows->Shared().Kept().AlignmentOf(ToShown(printer)) : PrinterAlignment{};
+}
+
+void KeepAlignment(platform::FrontEnd& frontEnd, const std::string& printer, const PrinterAlignment& alignment) {
+  if (auto* windows = dynamic_cast<DesktopFrontEnd*>(&frontEnd)) windows->Shared().Kept().KeepAlignment(ToShown(printer), alignment);
 }
 
 bool CanShow(const platform::FrontEnd& frontEnd) {

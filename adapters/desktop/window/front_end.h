@@ -12,12 +12,13 @@
 #include "desktop/services/services.h"
 #include "desktop/services/toolkit_application.h"
 #include "desktop/window/form_window.h"
+#include "desktop/window/run_window.h"
 #include "platform/host/front_end.h"
 
 namespace desktop {
 
 /// Shows the screens as windows.
-class DesktopFrontEnd final : public platform::FrontEnd {
+class DesktopFrontEnd final : public platform::FrontEnd, public platform::RunWatcher {
  public:
   explicit DesktopFrontEnd(const DesktopOptions& options);
   ~DesktopFrontEnd() override;
@@ -43,6 +44,8 @@ class DesktopFrontEnd final : public platform::FrontEnd {
   void ServePainting() override;
   int MessageBox(const std::string& text, int style, const std::string& title) override;
   void Pointer(int pointer) override;
+  bool Progress(const platform::ProgressState& state) override;
+  void ProgressEnds() override;
   std::optional<platform::PrinterChoice> PrinterDialog(platform::Form& form) override;
   std::string DefaultPrinter() override;
   void Changed(platform::Form& form, platform::Control* control, platform::Aspect aspect) override;
@@ -62,6 +65,7 @@ class DesktopFrontEnd final : public platform::FrontEnd {
   std::vector<FormDesign> designs_;
   std::map<const platform::Form*, WindowPointer> windows_;
   QElapsedTimer lastPainting_;
+  std::optional<RunWindow> run_;
   bool hourglass_ = false;
 };
 

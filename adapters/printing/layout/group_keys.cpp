@@ -28,6 +28,11 @@ Value KeyOf(const Value& value, GroupBy by) {
   return value;
 }
 
+/// Null and a text of blanks: both say that there is none.
+bool IsNothing(const Value& value) {
+  return value.IsNull() || (value.IsText() && value.As<std::string>().find_first_not_of(' ') == std::string::npos);
+}
+
 }  // namespace
 
 GroupKeys::GroupKeys(const ReportDefinition& report, ReportValues& values) : values_(values) {
@@ -42,7 +47,8 @@ int GroupKeys::FirstChanged(const RunPlace& place) {
     const Value& value = values_.Look(key.value, place, room);
     if (key.by == GroupBy::Value && began_ && value == key.last) continue;
     Value now = KeyOf(value, key.by);
-    const bool same = began_ && now.IsNull() == key.last.IsNull() && (now.IsNull() || values_.Compare(now, key.last) == 0);
+    const bool nothing = IsNothing(now);
+    const bool same = began_ && nothing == IsNothing(key.last) && (nothing || values_.Compare(now, key.last) == 0);
     if (!same) changed = level;
     key.last = std::move(now);
   }

@@ -9,18 +9,21 @@
 
 namespace printing {
 
-/// Where something was found: the item of the page and the characters (UTF-16) in its text.
+/// Where something was found: the item of the page and the characters (UTF-16) in its text. What goes over several fields of one line
+/// begins in `item` at `from` and ends in `lastItem` in front of `to`.
 struct TextHit {
   std::int64_t page = -1;
   int item = -1;
-  int from = 0, length = 0;
+  int from = 0;
+  int lastItem = -1;
+  int to = 0;
   bool operator==(const TextHit&) const = default;
 };
 
 /// The text of an item as it is shown; empty for lines and boxes.
 QString ShownText(const PageItem& item, std::int64_t pageCount);
 
-/// All places of `wanted` on a page, in its order; case doesn't count.
+/// All places of `wanted` on a page, in its order; case doesn't count, and the fields of a line are one text with a blank between them.
 QList<TextHit> HitsOn(const Page& page, std::int64_t number, const QString& wanted, std::int64_t pageCount);
 
 /// The box of what was found, in inches.

@@ -82,9 +82,9 @@ void PreviewWindow::PrintPages() {
   run.copies = settings_.copies;
   run.from = settings_.from;
   run.to = settings_.to;
-  run.settings = settings_.paint;
   const QPointer<PreviewWindow> alive(this);
   if (!dialogs_.askPrinter(*this, run, run_->Pages().Count()) || !alive || closing_) return;
+  if (settings_.alignment && run.toFile.empty()) run.settings = settings_.alignment(run.printer);
   RunLong(tr("Pages printed:"), [&](const Progress& progress) {
     Print(run_->Pages(), *fonts_, run, progress);
     statusBar()->showMessage(tr("Printed."));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "printing/layout/detail_rows.h"
@@ -31,7 +32,7 @@ struct PreviewSettings {
   std::string printer;  ///< empty: the default one
   int copies = 1;
   std::int64_t from = 0, to = 0;  ///< pages that are printed; 0: the first, the last
-  PaintSettings paint;            ///< of the printer
+  std::function<PaintSettings(const std::string& printer)> alignment;  ///< of a printer; none: its pages stay as they are
 };
 
 }  // namespace printing

@@ -118,6 +118,12 @@ void PreviewWindow::LayOutFor(std::int64_t milliseconds) {
   thumbnails_->PagesChanged();
 }
 
+const PageSpool& PreviewWindow::AllPages() {
+  while (!complete_) LayOutFor(kFirstPageMs);
+  ShowPlace();
+  return run_->Pages();
+}
+
 void PreviewWindow::Slice() {
   if (working_ || closing_) return;
   const bool searching = search_.Now() == TextSearch::State::Searching;

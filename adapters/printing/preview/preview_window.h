@@ -32,6 +32,8 @@ class PreviewWindow final : public QMainWindow {
   /// Gives the run and what it holds back, and goes; from inside of a long output of its own as soon as that has stopped.
   void CloseForGood();
   bool Complete() const { return complete_; }
+  /// Lays out what is left, without a pause; what can't be finished stays as it is.
+  const PageSpool& AllPages();
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -44,4 +44,10 @@ std::size_t Previews::Count() const {
   return count;
 }
 
+PreviewWindow* Previews::At(std::size_t place) const {
+  for (const auto& window : open_->windows)
+    if (window && window->isVisible() && place-- == 0) return window;
+  return nullptr;
+}
+
 }  // namespace printing

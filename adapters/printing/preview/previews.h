@@ -25,6 +25,8 @@ class Previews {
   /// All of them go, with what their runs hold: at the release of the library, and with another company.
   void CloseAll();
   std::size_t Count() const;
+  /// Of those that are open, the oldest first; none behind the last.
+  PreviewWindow* At(std::size_t place) const;
   /// The reports' font; made when it is first asked for.
   const std::shared_ptr<const FontSet>& Fonts();
 

@@ -59,7 +59,7 @@ ReportRun::ReportRun(const platform::ReportJob& job, RunServices services, const
     rows_ = std::move(kept);
   }
   values_ = std::make_unique<ExpressionValues>(report_, rows_->Fields(), services_.data.text, services_.data.today, selection_);
-  layout_ = std::make_unique<ReportLayout>(report_, *values_, *rows_, measure, pages_, services_.firstLabel);
+  layout_ = std::make_unique<ReportLayout>(report_, *values_, *rows_, measure, pages_, job.FirstLabel);
 }
 
 bool ReportRun::Advance() { return layout_->Advance(); }

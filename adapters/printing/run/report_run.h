@@ -17,7 +17,6 @@ namespace printing {
 struct RunServices {
   ReportFolder folder;
   DataServices data;
-  int firstLabel = 1;  ///< of a sheet of labels that was begun before
 };
 
 /// Whether a run can give its details once more, for which it writes its rows down.

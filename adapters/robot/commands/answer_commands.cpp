@@ -55,6 +55,12 @@ void AnswerReport(Runner& run, const Arguments& words) {
   run.Reports().answers.push_back(words.Number(1));
 }
 
+/// "stop after N".
+void AnswerStop(Runner& run, const Arguments& words) {
+  if (words.Count() != 3 || !words.Is(1, "after")) throw ActionFailed("no after N");
+  run.Queued().QueueStop(words.Number(2));
+}
+
 /// "map ADDRESS [at LAT LON] [result N] [LINE...]".
 void AnswerMap(Runner& run, const Arguments& words) {
   if (words.Count() < 2) throw ActionFailed("no ADDRESS");
@@ -83,6 +89,8 @@ Outcome Answer(Runner& run, const Arguments& words) {
     AnswerReport(run, words);
   else if (words.Is(0, "map"))
     AnswerMap(run, words);
+  else if (words.Is(0, "stop"))
+    AnswerStop(run, words);
   else
     QueueButtons(run, words);
   return Outcome::Done;
@@ -93,12 +101,20 @@ Outcome Printer(Runner& run, const Arguments& words) {
   return Outcome::Done;
 }
 
+std::string ReportsMistake(const Arguments& words) { return words.Is(0, "real") ? "" : "reports is followed by real"; }
+
+Outcome Reports(Runner& run, const Arguments&) {
+  if (!run.Reports().useReal || !run.Reports().useReal()) throw ActionFailed("no report engine in this build");
+  return Outcome::Done;
+}
+
 }  // namespace
 
 CommandList AnswerCommands() {
   return {
-      {"answer", 1, kAnyNumber, CommandKind::Other, Answer},
-      {"printer", 1, 1, CommandKind::Other, Printer},
+      {.name = "answer", .least = 1, .most = kAnyNumber, .handler = Answer},
+      {.name = "printer", .least = 1, .most = 1, .handler = Printer},
+      {.name = "reports", .least = 1, .most = 1, .handler = Reports, .mistake = ReportsMistake},
   };
 }
 

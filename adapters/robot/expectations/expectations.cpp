@@ -11,7 +11,7 @@ const ExpectationList& All() {
   static const ExpectationList all = [] {
     ExpectationList list;
     for (const ExpectationList& part :
-         {ValueExpectations(), ScreenExpectations(), ListExpectations(), RecordExpectations(), DoubleExpectations()})
+         {ValueExpectations(), ScreenExpectations(), ListExpectations(), RecordExpectations(), ReportExpectations(), DoubleExpectations()})
       list.insert(list.end(), part.begin(), part.end());
     return list;
   }();

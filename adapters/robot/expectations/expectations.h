@@ -27,6 +27,7 @@ ExpectationList ValueExpectations();
 ExpectationList ScreenExpectations();
 ExpectationList ListExpectations();
 ExpectationList RecordExpectations();
+ExpectationList ReportExpectations();
 ExpectationList DoubleExpectations();
 
 }  // namespace robot

@@ -1,5 +1,6 @@
 #include "robot/hands/model_hands.h"
 
+#include <algorithm>
 #include <fstream>
 
 #include "platform/controls/data_control.h"
@@ -29,10 +30,10 @@ bool TakesTheFocus(Control& control) {
   return !control.TakesFocus() || control.Owner().Focus() == &control;
 }
 
-/// On the current row, in the column of the cursor.
+/// On the current row, in the column of the cursor; in the first one of a list without an open column.
 void DoubleClickCell(Grid& grid) {
-  const int column = grid.CursorColumn();
-  if (!TakesTheFocus(grid) || column < 0 || !grid.Data() || !grid.Data()->OnRecord()) return;
+  const int column = std::max(grid.CursorColumn(), 0);
+  if (!TakesTheFocus(grid) || column >= grid.ColumnCount() || !grid.Data() || !grid.Data()->OnRecord()) return;
   if (!grid.Column(column).checkBox) grid.UserEnter(column);
 }
 

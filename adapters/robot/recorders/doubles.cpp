@@ -2,24 +2,43 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace robot {
 namespace {
 
 class RecordingReports final : public platform::ReportEngine {
  public:
-  explicit RecordingReports(ReportRecorder& recorder) : recorder_(recorder) {}
+  RecordingReports(ReportRecorder& recorder, ReportsMaker makeReal) : recorder_(recorder), makeReal_(std::move(makeReal)) {
+    recorder_.useReal = [this] { return UseReal(); };
+  }
+  ~RecordingReports() override {
+    recorder_.real = nullptr;
+    recorder_.useReal = nullptr;
+  }
 
   int PrintReport(const platform::ReportJob& job) override {
     ++recorder_.runs[&job];
-    if (recorder_.answers.empty()) return 0;
+    if (recorder_.answers.empty()) return real_ ? real_->PrintReport(job) : 0;
     const int answer = recorder_.answers.front();
     recorder_.answers.pop_front();
     return answer;
   }
 
+  void CloseAll() override {
+    if (real_) real_->CloseAll();
+  }
+
  private:
+  bool UseReal() {
+    if (!real_ && makeReal_) real_ = makeReal_();
+    recorder_.real = real_.get();
+    return real_ != nullptr;
+  }
+
   ReportRecorder& recorder_;
+  ReportsMaker makeReal_;
+  std::unique_ptr<platform::ReadableReports> real_;
 };
 
 class RecordingMap final : public platform::MapEngine {
@@ -83,8 +102,8 @@ class ScriptedAccounts final : public platform::AccountsLookup {
 
 }  // namespace
 
-std::unique_ptr<platform::ReportEngine> MakeRecordingReports(ReportRecorder& recorder) {
-  return std::make_unique<RecordingReports>(recorder);
+std::unique_ptr<platform::ReportEngine> MakeRecordingReports(ReportRecorder& recorder, ReportsMaker makeReal) {
+  return std::make_unique<RecordingReports>(recorder, std::move(makeReal));
 }
 
 std::unique_ptr<platform::MapEngine> MakeRecordingMap(MapRecorder& recorder) { return std::make_unique<RecordingMap>(recorder); }

@@ -13,6 +13,7 @@
 #include "platform/services/accounts_lookup.h"
 #include "platform/services/error_log.h"
 #include "platform/services/map.h"
+#include "platform/services/readable_reports.h"
 #include "robot/recorders/journal.h"
 
 namespace robot {
@@ -27,13 +28,18 @@ class RecordingErrorLog final : public platform::ErrorLog {
   Journal& journal_;
 };
 
-/// What the report control is told; it prints nothing.
+/// What the report control is told. It prints nothing, unless the scenario wants the real reports.
 struct ReportRecorder {
   std::deque<int> answers;  ///< for the next runs; 0 when there is none
   /// How often each job was run, by the job's address, which is its control's.
   std::map<const platform::ReportJob*, int> runs;
+  /// Once the scenario wants them, as long as the application is there; runs without an answer go to them.
+  platform::ReadableReports* real = nullptr;
+  /// Makes them; false where there are none.
+  std::function<bool()> useReal;
 };
-std::unique_ptr<platform::ReportEngine> MakeRecordingReports(ReportRecorder& recorder);
+using ReportsMaker = std::function<std::unique_ptr<platform::ReadableReports>()>;
+std::unique_ptr<platform::ReportEngine> MakeRecordingReports(ReportRecorder& recorder, ReportsMaker makeReal);
 
 /// Numbers of the map control's actions.
 namespace map_action {

@@ -54,6 +54,12 @@ Answers::Pressed Answers::PressIn(int style) {
   return {buttons.back(), "the button " + ButtonName(answer)};
 }
 
+bool Answers::TakeStop(std::int64_t done) {
+  if (!stop_ || done < *stop_) return false;
+  stop_.reset();
+  return true;
+}
+
 bool Answers::TakePrinter(std::optional<PrinterChoice>& choice) {
   if (printer_.empty()) return false;
   choice = printer_.front();

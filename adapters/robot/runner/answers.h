@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <optional>
 #include <string>
@@ -29,6 +30,12 @@ class Answers {
   /// The button that does no harm in a box of that style.
   static int Harmless(int style);
 
+  /// The next long run is stopped when so many are done.
+  void QueueStop(std::int64_t after) { stop_ = after; }
+  /// Whether it is stopped now, which is said once.
+  bool TakeStop(std::int64_t done);
+  bool StopWaits() const noexcept { return stop_.has_value(); }
+
   /// The next answer for the printer dialog; false when there is none.
   bool TakePrinter(std::optional<platform::PrinterChoice>& choice);
 
@@ -36,6 +43,7 @@ class Answers {
   std::deque<int> buttons_;
   std::deque<std::optional<platform::PrinterChoice>> printer_;
   std::string defaultPrinter_;
+  std::optional<std::int64_t> stop_;
 };
 
 }  // namespace robot

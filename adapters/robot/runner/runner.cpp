@@ -24,7 +24,7 @@ Runner::Runner(Script script, const Vocabulary& vocabulary, Surroundings surroun
 
 void Runner::FillIn(platform::ApplicationParts& parts) {
   parts.errorLog = std::make_unique<RecordingErrorLog>(journal_);
-  parts.reports = MakeRecordingReports(reports_);
+  parts.reports = MakeRecordingReports(reports_, surroundings_.makeReports);
   parts.map = MakeRecordingMap(map_);
   parts.accounts = MakeScriptedAccounts(accounts_);
   if (!parts.frontEnd) parts.frontEnd = std::make_unique<platform::NoWindows>();
@@ -103,6 +103,7 @@ Outcome Runner::Perform(const std::vector<Word>& words) {
   const CommandDefinition& definition = *vocabulary_.Find(words.front());
   const bool act = definition.kind == CommandKind::Act;
   if (act && stage_.BoxUp()) throw Refused("a message box in front");
+  if (act && stage_.RunUp()) throw Refused("the progress of a run in front");
   if (act && !InsideAnother()) BeginAct();
 
   std::vector<Word> rest(words.begin() + 1, words.end());

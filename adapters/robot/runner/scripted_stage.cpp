@@ -1,5 +1,9 @@
 #include "robot/runner/scripted_stage.h"
 
+#include <algorithm>
+#include <string>
+#include <utility>
+
 #include "platform/controls/data_control.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
@@ -54,6 +58,18 @@ std::optional<platform::PrinterChoice> ScriptedStage::PrinterDialog() {
 }
 
 std::string ScriptedStage::DefaultPrinter() { return runner_.Queued().DefaultPrinter(); }
+
+bool ScriptedStage::Progress(const platform::ProgressState& state) {
+  runsAt_ = state.done;
+  if (runner_.Ended()) return true;
+  return !runner_.Queued().TakeStop(state.done);
+}
+
+void ScriptedStage::ProgressEnds() {
+  const std::int64_t done = std::exchange(runsAt_, -1);
+  if (runner_.Ended() || !runner_.Queued().StopWaits()) return;
+  runner_.Missing("a run as long as its answer stop", std::to_string(std::max<std::int64_t>(done, 0)) + " in all");
+}
 
 void ScriptedStage::PointerChanged(int pointer) { runner_.Records().Pointer(pointer); }
 

@@ -10,6 +10,7 @@
 
 #include "platform/data/data.h"
 #include "platform/services/accounts_lookup.h"
+#include "platform/services/readable_reports.h"
 #include "platform/values/value.h"
 
 namespace robot {
@@ -42,6 +43,8 @@ struct Surroundings {
   std::function<std::string(std::int32_t user)> tempPath;
   /// The program's own list of accounts.
   std::function<platform::ChosenAccount(const platform::AccountsLookupInput&)> accounts;
+  /// The real reports, and what they show.
+  std::function<std::unique_ptr<platform::ReadableReports>()> makeReports;
   /// Another program's look at the files.
   std::function<std::unique_ptr<platform::DataEngine>()> makeEngine;
   std::function<void(const std::string& path, const std::string& table)> dropTable;

@@ -22,6 +22,16 @@ void ScriptedFrontEnd::Pointer(int pointer) {
   inner_->Pointer(pointer);
 }
 
+bool ScriptedFrontEnd::Progress(const platform::ProgressState& state) {
+  const bool goesOnInside = watcher_ == nullptr || watcher_->Progress(state);
+  return stage_.Progress(state) && goesOnInside;
+}
+
+void ScriptedFrontEnd::ProgressEnds() {
+  if (watcher_ != nullptr) watcher_->ProgressEnds();
+  stage_.ProgressEnds();
+}
+
 void ScriptedFrontEnd::Changed(platform::Form& form, platform::Control* control, platform::Aspect aspect) {
   if (control != nullptr) stage_.ControlChanged(*control, aspect);
   inner_->Changed(form, control, aspect);

@@ -6,6 +6,7 @@
 
 #include "platform/controls/form/form.h"
 #include "platform/host/front_end.h"
+#include "platform/host/run_watcher.h"
 
 namespace robot {
 
@@ -20,6 +21,9 @@ class Stage {
   virtual int Box(const std::string& text, int style, const std::string& title) = 0;
   virtual std::optional<platform::PrinterChoice> PrinterDialog() = 0;
   virtual std::string DefaultPrinter() = 0;
+  /// A long run goes on; false when the script stops it.
+  virtual bool Progress(const platform::ProgressState& state) = 0;
+  virtual void ProgressEnds() = 0;
   virtual void PointerChanged(int pointer) = 0;
   virtual void FormLoaded(platform::Form& form) = 0;
   virtual void FormUnloaded(platform::Form& form) = 0;

@@ -39,6 +39,7 @@ struct ReportJob {
   ReportSetting<std::string> SelectionFormula;
   ReportSetting<int> PrinterStartPage{0};
   ReportSetting<int> PrinterStopPage{0};
+  ReportSetting<int> FirstLabel{1};  ///< of sheets of labels: the first one that is still on the first sheet
 };
 
 /// The report engine behind the report controls.
@@ -47,6 +48,8 @@ class ReportEngine {
   virtual ~ReportEngine() = default;
   /// Runs the report; 0, or the engine's error number.
   virtual int PrintReport(const ReportJob& job) = 0;
+  /// Lets the user say how his printer's pages are moved, with a sheet to measure it by for the labels of that report.
+  virtual void AlignPrinter(const std::string& /*reportFileName*/) {}
   /// Previews that are still open go: at the session's end, and with another company.
   virtual void CloseAll() {}
 };

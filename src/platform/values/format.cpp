@@ -9,7 +9,6 @@
 namespace platform {
 namespace {
 
-enum class DatePart { Short, General };
 
 /// The number format that a name stands for.
 struct NamedFormat {
@@ -23,6 +22,12 @@ constexpr NamedFormat kNumberFormats[] = {
     {"Percent", "0.00%"},
 };
 
+/// The date format that a name stands for.
+constexpr NamedFormat kDateFormats[] = {
+    {"Long Date", kLongDateFormat}, {"Medium Date", "dd-mmm-yy"}, {"Long Time", "h:nn:ss AM/PM"},
+    {"Medium Time", "hh:nn AM/PM"}, {"Short Time", "hh:nn"},
+};
+
 /// What is shown for False and for True.
 struct NamedAnswer {
   std::string_view name;
@@ -31,11 +36,12 @@ struct NamedAnswer {
 };
 constexpr NamedAnswer kAnswers[] = {{"True/False", "False", "True"}, {"Yes/No", "No", "Yes"}, {"On/Off", "Off", "On"}};
 
-std::string FormatDate(const Value& value, DatePart part, int thisYear) {
+/// A value under a named date format: a text that is no date stays as it is.
+template <class Shown>
+std::string FormatDate(const Value& value, int thisYear, Shown&& shown) {
   const bool isDate = IsDate(value, thisYear);
   if (value.IsText() && !isDate && !IsNumeric(value)) return value.As<std::string>();
-  const Date date = value.IsText() && !isDate ? CDate(CDbl(value)) : CDate(value, thisYear);
-  return part == DatePart::Short ? ShortDate(date) : GeneralDate(date);
+  return shown(value.IsText() && !isDate ? CDate(CDbl(value)) : CDate(value, thisYear));
 }
 
 std::string FormatBySections(const Value& value, std::string_view format) {
@@ -57,8 +63,13 @@ std::string Format(const Value& value, std::string_view format, int thisYear) {
   const bool nothing = value.IsNull() || value.IsEmpty() || (value.IsText() && value.As<std::string>().empty());
   if (nothing) return FormatNothing(format);
   if (format.empty() || EqualsNoCase(format, "General Number")) return CStr(value);
-  if (EqualsNoCase(format, "Short Date")) return FormatDate(value, DatePart::Short, thisYear);
-  if (EqualsNoCase(format, "General Date")) return FormatDate(value, DatePart::General, thisYear);
+  if (EqualsNoCase(format, "Short Date")) return FormatDate(value, thisYear, ShortDate);
+  if (EqualsNoCase(format, "General Date")) return FormatDate(value, thisYear, GeneralDate);
+  for (const auto& [name, dateFormat] : kDateFormats)
+    if (EqualsNoCase(format, name)) {
+      const std::string_view by = dateFormat;
+      return FormatDate(value, thisYear, [by](Date date) { return FormatDateBy(date, by); });
+    }
   for (const auto& [name, no, yes] : kAnswers)
     if (EqualsNoCase(format, name)) {
       const auto number = DecimalOf(value);

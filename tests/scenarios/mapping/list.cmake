@@ -2,7 +2,10 @@
 list(APPEND ORCUSSCH_SCENARIOS
   mapping/all-customers
   mapping/all-customers-names
+  mapping/all-lets-nothing-else-start
   mapping/all-on-one-point
+  mapping/all-stopped
+  mapping/all-stopped-at-once
   mapping/all-without-an-address
   mapping/behind-the-map-by-menu
   mapping/candidates-measured-and-sorted

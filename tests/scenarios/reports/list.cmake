@@ -10,6 +10,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   reports/copies-and-pages
   reports/data-folder-by-default-path
   reports/data-folder-by-its-key
+  reports/double-click-previews
   reports/drive-letters
   reports/empty-catalogue
   reports/engine-refuses-a-report
@@ -35,6 +36,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   reports/run-over-all-customers
   reports/run-over-the-current-customer
   reports/run-over-the-query
+  reports/start-at-label
   reports/statistics-of-incomplete-customers
   reports/statistics-of-nobody
   reports/statistics-of-the-customer

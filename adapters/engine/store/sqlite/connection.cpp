@@ -197,9 +197,10 @@ void Connection::Raise(int code, bool writing, int file) {
   throw platform::Error(3000, std::string("Reserved error (") + std::to_string(code) + "): " + sqlite3_errmsg(db_));
 }
 
-WorkLimit::WorkLimit(Connection& connection, int steps) : connection_(connection) {
-  sqlite3_progress_handler(
-      connection.Handle(), steps, [](void*) { return 1; }, nullptr);
+// The store counts a prepared statement's instructions over all its runs, so that the first question can come a whole tick too early.
+WorkLimit::WorkLimit(Connection& connection, int steps) : connection_(connection), ticks_(steps / kTick + 1) {
+  const auto ask = [](void* ticks) { return --*static_cast<int*>(ticks) <= 0 ? 1 : 0; };
+  sqlite3_progress_handler(connection.Handle(), std::min(steps, kTick), ask, &ticks_);
   connection.workIsLimited_ = true;
 }
 

@@ -119,7 +119,9 @@ class WorkLimit {
   WorkLimit& operator=(const WorkLimit&) = delete;
 
  private:
+  static constexpr int kTick = 256;
   Connection& connection_;
+  int ticks_;
 };
 
 /// Asks every few milliseconds of statements' work while it lives whether that shall go on: else WorkLimitReached.

@@ -34,6 +34,14 @@ TEST_F(TableRecordsets, IndexOrdersAndStandsOnTheFirst) {
   EXPECT_EQ(ErrorOf([&] { rows->SetIndex("Nope"); }), 3015);
 }
 
+TEST_F(TableRecordsets, AnotherIndexIsAnotherWindow) {
+  AddPeople({"c", "a", "b"});
+  auto rows = Table("People");
+  EXPECT_EQ(TextOf(rows->Window().RowsAt(0, 1).at(0).cells.at(1)), "c");
+  rows->SetIndex("ByName");
+  EXPECT_EQ(TextOf(rows->Window().RowsAt(0, 1).at(0).cells.at(1)), "a");
+}
+
 TEST_F(TableRecordsets, NullsStandFirst) {
   AddPeople({"b", "a"});
   auto rows = Table("People");

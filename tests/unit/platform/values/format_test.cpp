@@ -177,6 +177,42 @@ TEST(Format, DatesByAFormatOfOnesOwn) {
   EXPECT_EQ(Format(Value("March"), "mmmm"), "March") << "a text is no date";
 }
 
+TEST(Format, NamedDateFormats) {
+  const Value moment = Date{Day(1999, 1, 31).serial + 15.0 / 24 + 4.0 / 1440 + 5.0 / 86400};  // a Sunday, 3:04:05 PM
+  EXPECT_EQ(Format(moment, "Long Date"), "Sunday, January 31, 1999");
+  EXPECT_EQ(Format(moment, "medium date"), "31-Jan-99");
+  EXPECT_EQ(Format(moment, "Long Time"), "3:04:05 PM");
+  EXPECT_EQ(Format(moment, "Medium Time"), "03:04 PM");
+  EXPECT_EQ(Format(moment, "Short Time"), "15:04");
+  EXPECT_EQ(Format("1/31/1999", "Long Date"), "Sunday, January 31, 1999");
+  EXPECT_EQ(Format("soon", "Long Date"), "soon");
+  EXPECT_EQ(Format(Value(Null), "Long Date"), "");
+}
+
+TEST(Format, TimesByAFormatOfOnesOwn) {
+  const auto at = [](int hour, int minute, int second) { return Value(Date{Day(2026, 3, 5).serial + (hour * 3600 + minute * 60 + second) / 86400.0}); };
+  EXPECT_EQ(Format(at(9, 5, 7), "h:mm:ss"), "9:05:07") << "m behind hours is minutes";
+  EXPECT_EQ(Format(at(9, 5, 7), "hh:nn"), "09:05");
+  EXPECT_EQ(Format(at(21, 5, 7), "h:mm am/pm"), "9:05 pm");
+  EXPECT_EQ(Format(at(0, 5, 7), "h:mm AM/PM"), "12:05 AM");
+  EXPECT_EQ(Format(at(12, 0, 0), "h A/P"), "12 P");
+  EXPECT_EQ(Format(at(21, 5, 7), "m/d h:m"), "3/5 21:5") << "in front of them it is the month";
+  EXPECT_EQ(Format(at(21, 5, 7), "h \"AM/PM\""), "21 AM/PM") << "a literal is no mark";
+}
+
+TEST(Format, QuartersWeeksAndDaysOfTheYear) {
+  const Value day = *DateSerial(2026, 3, 5);  // a Thursday; the year began with one
+  EXPECT_EQ(Format(day, "q"), "1");
+  EXPECT_EQ(Format(day, "w"), "5");
+  EXPECT_EQ(Format(day, "ww"), "10");
+  EXPECT_EQ(Format(day, "y"), "64");
+  EXPECT_EQ(Format(*DateSerial(2026, 1, 3), "ww"), "1");
+  EXPECT_EQ(Format(*DateSerial(2026, 1, 4), "ww"), "2");
+  EXPECT_EQ(Format(*DateSerial(2025, 12, 31), "q y"), "4 365");
+  EXPECT_EQ(Format(day, "ddddd"), "3/5/2026");
+  EXPECT_EQ(Format(day, "dddddd"), "Thursday, March 5, 2026");
+}
+
 TEST(Format, NumberFormatsOfDatesAreNoDateFormats) { EXPECT_EQ(Format(Value(Date{2}), "0.00"), "2.00"); }
 
 }  // namespace

@@ -34,13 +34,19 @@ TEST(ReportGroups, BeginAndEndWithTheirValue) {
                                              "500 4500 c", "500 5000 end of Bell"));
 }
 
-TEST(ReportGroups, NullIsAGroupOfItsOwn) {
+TEST(ReportGroups, NullAndTheEmptyTextAreOneGroup) {
   auto report = Towns(0.5);
   report.bands.pop_back();
-  EXPECT_THAT(WordsOf(LaidOut(report, People({{Null, "a"}, {Null, "b"}, {"", "c"}, {"Ames", "d"}})).at(0)),
-              ElementsAre("a", "b", "c", "Ames", "d"));
   report.bands[0].elements[0] = FieldAt(0, 0, 1, 0.2, Text("group"));
-  EXPECT_THAT(WordsOf(LaidOut(report, People({{Null, "a"}, {Null, "b"}, {"", "c"}})).at(0)), ElementsAre("group", "a", "b", "group", "c"));
+  EXPECT_THAT(WordsOf(LaidOut(report, People({{Null, "a"}, {Null, "b"}, {"", "c"}, {" ", "d"}, {"Ames", "e"}})).at(0)),
+              ElementsAre("group", "a", "b", "c", "d", "group", "e"));
+}
+
+TEST(ReportGroups, NullIsAGroupBesideDays) {
+  auto report = Towns(0.5);
+  report.bands.pop_back();
+  report.bands[0].elements[0] = FieldAt(0, 0, 1, 0.2, Text("group"));
+  EXPECT_THAT(WordsOf(LaidOut(report, People({{Null, "a"}, {Date{0}, "b"}})).at(0)), ElementsAre("group", "a", "group", "b"));
 }
 
 TEST(ReportGroups, AnOuterGroupEndsTheInnerOnes) {

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "printing/layout/alignment_sheet.h"
 #include "unit/printing/support/made_up_report.h"
 
 namespace printing_test {
@@ -84,6 +85,34 @@ TEST(Labels, CloseUpWhereALineIsSuppressedAndTakeNoCellWhereAllAre) {
 }
 
 TEST(Labels, OfNobodyAreNoSheet) { EXPECT_THAT(LaidOut(Labels(kTwoAcross), Numbered(0)), IsEmpty()); }
+
+TEST(Labels, TheAlignmentSheetFramesEachCell) {
+  for (const LabelSheet& sheet : {kTwoAcross, kThreeAcross, kFolders}) {
+    const Page page = printing::AlignmentSheet(Labels(sheet));
+    std::vector<printing::BoxItem> frames;
+    std::vector<std::string> numbers;
+    for (const auto& item : page.items) {
+      if (const auto* box = std::get_if<printing::BoxItem>(&item)) frames.push_back(*box);
+      if (const auto* text = std::get_if<printing::TextItem>(&item)) numbers.push_back(text->text);
+    }
+    ASSERT_THAT(frames, SizeIs(sheet.across * sheet.down));
+    EXPECT_EQ(numbers.size(), frames.size());
+    EXPECT_EQ(numbers.back(), std::to_string(frames.size()));
+    EXPECT_DOUBLE_EQ(frames[1].x, sheet.left + sheet.pitchAcross);
+    EXPECT_DOUBLE_EQ(frames[1].y, sheet.top);
+    EXPECT_DOUBLE_EQ(frames.back().x, sheet.left + sheet.pitchAcross * (sheet.across - 1));
+    EXPECT_DOUBLE_EQ(frames.back().y, sheet.top + sheet.pitchDown * (sheet.down - 1));
+    EXPECT_DOUBLE_EQ(frames.back().width, sheet.width);
+    EXPECT_LE(frames.back().y + frames.back().height, page.height) << "on the paper";
+  }
+}
+
+TEST(Labels, TheAlignmentSheetOfAPageFramesItsMargins) {
+  const Page page = printing::AlignmentSheet(Report({BandOf(BandKind::Detail, 0.2, {})}));
+  const auto& frame = std::get<printing::BoxItem>(page.items.at(0));
+  EXPECT_DOUBLE_EQ(frame.x + frame.width, 8.0);
+  EXPECT_DOUBLE_EQ(frame.y + frame.height, 10.5);
+}
 
 }  // namespace
 }  // namespace printing_test

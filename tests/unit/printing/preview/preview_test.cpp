@@ -82,6 +82,20 @@ TEST_F(Preview, Zooms) {
   EXPECT_EQ(View().Zoom(), PageView::kMostZoom);
 }
 
+TEST_F(Preview, FindsWhatStandsInNeighbouringFields) {
+  Open(40);
+  Finish();
+  Edit("previewFindText").setText("customer 6 6");
+  Choose("previewFindNext");
+  ASSERT_TRUE(Found());
+  EXPECT_EQ(Place(), "Page 2 of 10");
+  EXPECT_EQ(window->statusBar()->currentMessage(), "");
+  Edit("previewFindText").setText("6 customer");
+  Choose("previewFindNext");
+  ASSERT_TRUE(Found());
+  EXPECT_EQ(window->statusBar()->currentMessage(), "\"6 customer\" is not in this report.") << "the fields of another line";
+}
+
 TEST_F(Preview, FindsTexts) {
   Open(40);
   Finish();

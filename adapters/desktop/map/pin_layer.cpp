@@ -1,0 +1,144 @@
+#include "desktop/map/pin_layer.h"
+
+#include <QImageReader>
+#include <QLocale>
+#include <algorithm>
+#include <cstdint>
+
+#include "desktop/toolkit/toolkit.h"
+
+namespace desktop {
+
+namespace {
+
+/// How large the cells may be, in pixels, of which the pins are one sign: first those where pins only cover each other, for a map that
+/// is zoomed in; then such that a glance takes the signs in.
+constexpr double kNearCell = 16;
+constexpr double kHeapCell = 48;
+constexpr double kLargeCell = 88;
+constexpr double kNear = 3;  // units a pixel from which on a map is zoomed in
+constexpr std::size_t kMostSigns = 250;
+constexpr int kLargestPicture = 48;  // pixels
+constexpr std::size_t kMostLabels = 150;
+
+QString CountText(std::size_t count) { return QLocale(QLocale::English, QLocale::UnitedStates).toString(static_cast<qulonglong>(count)); }
+
+/// A picture without transparency of its own has the colour of its first corner around the pin.
+QPixmap ReadPicture(const QString& file) {
+  QImageReader reader(file);
+  QImage picture = reader.read();
+  if (picture.isNull()) return {};
+  if (!picture.hasAlphaChannel()) {
+    const QRgb around = picture.pixel(0, 0);
+    picture = picture.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < picture.height(); ++y)
+      for (int x = 0; x < picture.width(); ++x)
+        if (picture.pixel(x, y) == around) picture.setPixel(x, y, 0);
+  }
+  const bool large = std::max(picture.width(), picture.height()) > kLargestPicture;
+  if (large) picture = picture.scaled(kLargestPicture, kLargestPicture, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+  return QPixmap::fromImage(picture);
+}
+
+}  // namespace
+
+void PinLayer::Follow(const std::vector<platform::MapPin>* pins) {
+  static const std::vector<platform::MapPin> none;
+  pins_ = pins;
+  index_.Build(pins != nullptr ? *pins : none);
+  signs_.clear();
+  labels_.clear();
+}
+
+const QPixmap& PinLayer::PictureOf(const std::string& file) {
+  const QString name = ToShown(file);
+  auto found = pictures_.find(name);
+  if (found == pictures_.end()) found = pictures_.insert(name, name.isEmpty() ? QPixmap() : ReadPicture(name));
+  return *found;
+}
+
+void PinLayer::FindSigns(const GroundFrame& frame) {
+  signs_.clear();
+  if (pins_ == nullptr || pins_->empty()) return;
+  const bool near = frame.sight.UnitsPerPixel() <= kNear && FindSigns(frame, kNearCell, kMostSigns);
+  if (!near && !FindSigns(frame, kHeapCell, kMostSigns)) FindSigns(frame, kLargeCell, SIZE_MAX);
+  // Those in front last, as things that stand on a table are seen.
+  std::stable_sort(signs_.begin(), signs_.end(), [](const Sign& one, const Sign& other) { return one.box.bottom() < other.box.bottom(); });
+}
+
+bool PinLayer::FindSigns(const GroundFrame& frame, double cell, std::size_t most) {
+  signs_.clear();
+  const double unitsPerPixel = frame.sight.UnitsPerPixel();
+  const double reach = 60 * unitsPerPixel;  // of a sign that is not wholly out of sight
+  index_.EachHeap(frame.sight.Box(frame.size).adjusted(-reach, -reach, reach, reach), cell * unitsPerPixel, [&](const PinIndex::Heap& heap) {
+    if (signs_.size() > most) return;
+    Sign sign{heap, {}};
+    const QPointF at = frame.sight.ToScreen(heap.middle, frame.size);
+    if (sign.IsHeap()) {
+      const QSizeF size = drawn_.HeapSize(CountText(heap.count));
+      sign.box = {{at.x() - size.width() / 2, at.y() - size.height() / 2}, size};
+    } else {
+      const QPixmap& picture = PictureOf(PinOf(sign).picture);
+      const QSizeF size = picture.isNull() ? SignPictures::kPin : QSizeF(picture.size());
+      sign.box = {{at.x() - size.width() / 2, at.y() - size.height()}, size};
+    }
+    signs_.push_back(sign);
+  });
+  return signs_.size() <= most;
+}
+
+void PinLayer::Paint(QPainter& painter, const GroundFrame& frame, const MapLook& look, bool labels) {
+  labels_.clear();
+  drawn_.Use(look, frame.ratio);
+  FindSigns(frame);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  if (labels) PaintLabels(painter, frame);
+  for (const Sign& sign : signs_) {
+    if (sign.IsHeap()) {
+      drawn_.PaintHeap(painter, sign.box.topLeft(), CountText(sign.heap.count));
+    } else if (const QPixmap& picture = PictureOf(PinOf(sign).picture); !picture.isNull()) {
+      painter.drawPixmap(sign.box, picture, QRectF(picture.rect()));
+    } else {
+      drawn_.PaintPin(painter, sign.box.topLeft());
+    }
+  }
+}
+
+/// Beside the pin, else on its other side, below or above; one that has no place without covering another is left out.
+void PinLayer::PaintLabels(QPainter& painter, const GroundFrame& frame) {
+  Occupancy taken(frame.size);
+  for (const Sign& sign : signs_) taken.Take(sign.box);
+  for (const Sign& sign : signs_) {
+    if (sign.IsHeap()) continue;
+    if (labels_.size() >= kMostLabels) return;
+    const QString text = ToShown(PinOf(sign).text).trimmed();
+    if (text.isEmpty()) continue;
+    const QSizeF size = drawn_.LabelSize(text);
+    const QRectF& pin = sign.box;
+    const double top = pin.top() + 1, middle = pin.center().x() - size.width() / 2;
+    for (const QPointF& corner : {QPointF(pin.right() + 2, top), QPointF(pin.left() - 2 - size.width(), top),
+                                  QPointF(middle, pin.bottom() + 3), QPointF(middle, pin.top() - 2 - size.height())}) {
+      const QRectF box(corner, size);
+      // A pin's own place is taken and touches no side of its label.
+      if (!taken.Free(box.adjusted(1, 0, -1, 0))) continue;
+      taken.Take(box);
+      drawn_.PaintLabel(painter, corner, text);
+      labels_.push_back({text, box});
+      break;
+    }
+  }
+}
+
+const PinLayer::Sign* PinLayer::SignAt(const QPointF& at) const {
+  for (auto sign = signs_.rbegin(); sign != signs_.rend(); ++sign)
+    if (sign->box.contains(at)) return &*sign;
+  return nullptr;
+}
+
+std::vector<std::size_t> PinLayer::PinsOf(const Sign& sign, std::size_t most) const {
+  std::vector<std::size_t> pins;
+  for (std::size_t i = 0; i < sign.heap.count && i < most; ++i) pins.push_back(index_.PinAt(sign.heap.first + i));
+  return pins;
+}
+
+}  // namespace desktop

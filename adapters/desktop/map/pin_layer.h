@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QHash>
+#include <QPainter>
+#include <QPixmap>
+#include <optional>
+#include <vector>
+
+#include "desktop/map/ground_layer.h"
+#include "desktop/map/occupancy.h"
+#include "desktop/map/pin_index.h"
+#include "desktop/map/sign_pictures.h"
+
+namespace desktop {
+
+/// The pins as they are seen: alone with their label, or as one sign with a number while they stand too close together.
+class PinLayer {
+ public:
+  /// Follows the list, which has changed. The list must stand while the layer is used.
+  void Follow(const std::vector<platform::MapPin>* pins);
+  void Paint(QPainter& painter, const GroundFrame& frame, const MapLook& look, bool labels);
+
+  const PinIndex& Index() const noexcept { return index_; }
+  /// A sign as it was painted last.
+  struct Sign {
+    PinIndex::Heap heap;
+    QRectF box;
+    bool IsHeap() const noexcept { return heap.count > 1; }
+  };
+  const std::vector<Sign>& Signs() const noexcept { return signs_; }
+  /// The one under the pointer; the one that lies on top of others first.
+  const Sign* SignAt(const QPointF& at) const;
+  /// Its pins, by their order in the list, at most so many.
+  std::vector<std::size_t> PinsOf(const Sign& sign, std::size_t most) const;
+  /// Where a label was painted last, with its text.
+  struct Label {
+    QString text;
+    QRectF box;
+  };
+  const std::vector<Label>& Labels() const noexcept { return labels_; }
+
+ private:
+  const platform::MapPin& PinOf(const Sign& sign) const { return (*pins_)[index_.PinAt(sign.heap.first)]; }
+  void FindSigns(const GroundFrame& frame);
+  /// With cells of at most so many pixels. False when there are more signs than a glance takes in.
+  bool FindSigns(const GroundFrame& frame, double cell, std::size_t most);
+  const QPixmap& PictureOf(const std::string& file);
+  void PaintLabels(QPainter& painter, const GroundFrame& frame);
+
+  const std::vector<platform::MapPin>* pins_ = nullptr;
+  PinIndex index_;
+  std::vector<Sign> signs_;
+  std::vector<Label> labels_;
+  QHash<QString, QPixmap> pictures_;
+  SignPictures drawn_;
+};
+
+}  // namespace desktop

@@ -1,0 +1,113 @@
+// What reports write into the user's temporary file, labels and the queried customers' copy, beside a bare program that writes the same.
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <iomanip>
+#include <iostream>
+#include <string>
+
+#include "company.h"
+#include "engine/data_file.h"
+#include "main_screen.h"
+#include "measure.h"
+#include "raw/labels.h"
+#include "reports/frmCustReports.h"
+#include "session/ModCustSch.h"
+#include "suite/company_schema.h"
+
+namespace {
+
+using orcussch::screens::frmCustReports;
+
+/// A second temporary file, for the bare side.
+std::string BareFile(const std::string& folder) {
+  const std::string path = folder + "/orvTEMP/bare.zdb";
+  std::filesystem::remove(path);
+  engine::CreateDataFile(path, suite::TablesOf(suite::DataFile::Temporary), true);
+  return path;
+}
+
+bench::Job LabelsJob(bench::raw::Labels& bare, const std::string& temporary) {
+  bench::Job job;
+  job.name = "LoadLabels, all customers";
+  job.calls = 1;
+  job.mostRatio = 1.3;
+  // Both begin with an empty table, and the screen empties it itself.
+  job.readyOurs = [](int) {
+    bool failed = false;
+    orcussch::ClearORVTempTable("CustLabelTempRpt", failed);
+    frmCustReports->optCustomer[1].Value(true);
+  };
+  job.readyRaw = [&bare](int) { bare.ClearLabels(); };
+  job.ours = [temporary](int) {
+    bool failed = false;
+    frmCustReports->LoadLabels(failed);
+    return bench::raw::SumOfLabels(temporary);
+  };
+  job.raw = [&bare](int) {
+    bare.Load();
+    return bare.Sum();
+  };
+  return job;
+}
+
+bench::Job CopyJob(bench::raw::Labels& bare, bool ordered) {
+  bench::Job job;
+  job.name = ordered ? "copy of the queried customers, in the list's order" : "the same, beside the bare one without an order";
+  job.calls = 1;
+  job.mostRatio = ordered ? 1.15 : 0;
+  job.readyOurs = [](int) {
+    bool failed = false;
+    orcussch::ClearORVTempTable("Customers", failed);
+  };
+  job.readyRaw = [&bare](int) { bare.ClearCustomers(); };
+  job.ours = [](int) {
+    bool failed = false;
+    const std::string& list = orcussch::screens::frmCustMain->data[orcussch::tab::Customers].RecordSource();
+    orcussch::ExecuteSQLStmt(orcussch::dbCustomer, "INSERT INTO Customers IN '" + orcussch::gTempPath + "'" + list, false, failed);
+    return static_cast<std::uint64_t>(failed ? 0 : orcussch::dbCustomer->RecordsAffected());
+  };
+  job.raw = [&bare, ordered](int) {
+    bare.Copy(ordered);
+    return static_cast<std::uint64_t>(bare.Copied());
+  };
+  return job;
+}
+
+/// How long a user waits while labels are made, and how much is done between two moments at which he is served.
+void ShowWaits(bench::WatchedFrontEnd& windows) {
+  bool failed = false;
+  windows.watch.Begin();
+  frmCustReports->LoadLabels(failed);
+  windows.watch.End();
+  std::cout << std::fixed << std::setprecision(2) << "\nLoadLabels: " << windows.watch.Count() << " yields; longest wait for one "
+            << windows.watch.WorstGap() << " ms, all but one in a thousand below " << windows.watch.RareGap() << " ms, most work between two "
+            << windows.watch.WorstWork() << " ms (bar 16)\n";
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+  if (count < 2) {
+    std::cerr << "bench_reports DIR [PAIRS]: what reports write of company 1 of the folder into the temporary file\n";
+    return 2;
+  }
+  try {
+    const std::string folder = words[1];
+    const std::size_t pairs = count > 2 ? std::stoul(words[2]) : 3;
+    const std::string temporary = bench::TemporaryFileIn(folder);
+    bench::Company company(folder);
+    bench::raw::Labels bare(company.Raw(), BareFile(folder));
+    bench::AtMainScreen(folder, [&](orcussch::frmCustMain&, bench::WatchedFrontEnd& windows) {
+      std::cout << company.Rows() << " customers, " << pairs << " pairs\n\n" << bench::TableHead() << std::flush;
+      for (const bench::Job& job : {LabelsJob(bare, temporary), CopyJob(bare, true), CopyJob(bare, false)})
+        std::cout << bench::TableLine(bench::Measure(job, pairs)) << std::flush;
+      ShowWaits(windows);
+    });
+    std::cout << "peak memory " << bench::PeakMemory() << " MiB\n";
+    return EXIT_SUCCESS;
+  } catch (const std::exception& error) {
+    std::cerr << "bench_reports: " << error.what() << "\n";
+    return EXIT_FAILURE;
+  }
+}

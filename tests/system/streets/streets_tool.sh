@@ -46,6 +46,26 @@ run import "$here/in" && stop "no target is no misuse"
 run import "$here/none" --into "$here/s.zds" && stop "a missing file is no failure"
 run find 2>/dev/null; [ $? = 2 ] || stop "no address is no misuse"
 
+# An extract beside the county: its notice is told, its ZIP found; again; a damaged one leaves what was there.
+cp "$here/s.zds" "$here/u.zds"
+python3 "$(dirname "$0")/make_extract.py" "$here/town.osm.pbf" || stop "no extract"
+run import "$here/town.osm.pbf" --into "$here/u.zds" || stop "an extract can't be imported"
+says 'node 2: it has no street (addr:street)'
+says '3 records, 1 not taken or not whole; 1 pieces of street, 1 houses'
+run import "$here/town.osm.pbf" "$county" --into "$here/u.zds" || stop "an extract and a county can't be imported together"
+head -c 200 "$here/town.osm.pbf" >"$here/in/town.osm.pbf"
+run import "$here/in/town.osm.pbf" --into "$here/u.zds" && stop "an extract that is cut short is no failure"
+says 'town.osm.pbf is cut short'
+run import "$here/town.osm.pbf" --into "$here/none.zds" --map "$here/missing.zds" && stop "a missing base map is no failure"
+[ -e "$here/none.zds" ] && stop "an empty file is left"
+run info "$here/u.zds"
+[ "$(grep -c '^osm:town.*(C) OpenStreetMap contributors' "$here/log")" = 1 ] || stop "the extract and its notice are not there once"
+says '^594 pieces of street$'
+says '^1 address points$'
+run find "12 Elm St,,,04401" --streets "$here/u.zds" || stop "a house of the extract is not found"
+says 'match.*-6877000 4480000 12 Elm Street'
+run check "$here/u.zds" || stop "the file with an extract is not sound"
+
 # Killed half-way at any moment, the file is what it was; the next run brings all.
 "$repeat" "$county" "$here/tl_2021_30001_addrfeat.shp" 12 >"$here/log" || stop "no large county"
 for wait in 0.02 0.05 0.1 0.15 0.2 0.3 0.4; do

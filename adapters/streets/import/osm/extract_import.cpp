@@ -4,13 +4,13 @@
 #include <filesystem>
 #include <optional>
 
-#include "streets/address/street_name.h"
 #include "streets/file/file_error.h"
 #include "streets/import/osm/addresses.h"
 #include "streets/import/osm/extract_file.h"
 #include "streets/import/osm/interpolation.h"
 #include "streets/import/osm/node_places.h"
 #include "streets/import/osm/shapes.h"
+#include "streets/import/osm/street_pieces.h"
 #include "streets/import/osm/street_tags.h"
 #include "streets/import/source_writer.h"
 
@@ -18,12 +18,6 @@ namespace streets {
 namespace {
 
 constexpr const char* kNotice = "(C) OpenStreetMap contributors";
-
-// Numbers of pieces: beyond those of the Census; the lowest bits tell pieces of one way apart.
-constexpr std::int64_t kFirstPiece = std::int64_t{1} << 40;
-constexpr int kPieceBits = 6;
-constexpr std::size_t kMostPieces = std::size_t{1} << kPieceBits;
-constexpr std::int64_t kWaysEnd = std::int64_t{1} << 41;
 
 // "somewhere.osm.pbf" is somewhere.
 SourceName NameOf(const std::string& path) {
@@ -42,7 +36,9 @@ class Extract {
   Extract(const std::string& path, Database* into, Database* baseMap, const ExtractListener& listener, std::size_t nodesAtATime)
       : file_(path, path), listener_(listener), nodesAtATime_(nodesAtATime), zips_(baseMap), places_(nodesAtATime) {
     if (into) writer_.emplace(*into, NameOf(path));
-    addresses_.emplace(writer_ ? &*writer_ : nullptr, styles_, zips_);
+    SourceWriter* const writer = writer_ ? &*writer_ : nullptr;
+    addresses_.emplace(writer, styles_, zips_);
+    streets_.emplace(writer, zips_);
   }
 
   ExtractCounts Import() {
@@ -53,6 +49,7 @@ class Extract {
       TakeWays();
     }
     interpolation_.Write(*addresses_, [this](std::int64_t way, const std::string& why) { Refuse("way", way, why); });
+    counts_.edges = streets_->Pieces();
     counts_.points = addresses_->Points();
     if (writer_) writer_->Commit(counts_.records, counts_.refused);
     return counts_;
@@ -148,51 +145,13 @@ class Extract {
   void TakeWay(const ExtractWay& way) {
     ++counts_.records;
     std::string why;
-    if (IsStreet(way.tags)) why = TakeStreet(way);
+    if (IsStreet(way.tags)) why = streets_->Take(way, places_);
     if (HasNumber(way.tags)) {
       const auto at = MiddleOfWay(way.nodes, places_);
       const std::string problem = at ? addresses_->Take(AddressOf(way.tags), *at) : "none of its nodes is in the file";
       if (!problem.empty()) why = problem;
     }
     if (!why.empty()) Refuse("way", way.id, why);
-  }
-
-  std::string TakeStreet(const ExtractWay& way) {
-    const std::string highway = way.tags["highway"];
-    const auto kind = KindOfHighway(highway);
-    if (!kind) return "highway=" + highway + " is no street";
-    if (way.id <= 0 || way.id >= kWaysEnd) return "its number can't be kept";
-    if (way.nodes.size() < 2) return "it has fewer than two nodes";
-    std::vector<Line> lines = LinesOf(way.nodes, places_);
-    const auto missing = std::ranges::count_if(way.nodes, [&](std::int64_t node) { return !places_.Find(node); });
-    if (lines.empty()) return missing > 0 ? "too few of its nodes are in the file" : "its line has no length";
-    if (lines.size() > kMostPieces) lines.resize(kMostPieces);
-    for (std::size_t piece = 0; piece < lines.size(); ++piece)
-      WritePiece(kFirstPiece + (way.id << kPieceBits) + static_cast<std::int64_t>(piece), *kind, way.tags, lines[piece]);
-    return missing > 0 ? std::to_string(missing) + " of its nodes are not in the file" : "";
-  }
-
-  void WritePiece(std::int64_t piece, platform::MapLine kind, const ExtractTags& tags, const Line& line) {
-    ++counts_.edges;
-    if (!writer_) return;
-    const std::vector<std::string> names = NamesOfStreet(tags);
-    const std::vector<std::string> zips = ZipsOf(tags, line);
-    writer_->Edge(piece, kind, names.front(), line);
-    for (const std::string& name : names) {
-      const std::int64_t street = writer_->Street(NormalStreet(name));
-      for (const std::string& zip : zips) writer_->Name(piece, street, zip);
-    }
-  }
-
-  // Never none: "" is one.
-  std::vector<std::string> ZipsOf(const ExtractTags& tags, const Line& line) const {
-    std::vector<std::string> zips = ZipsOfStreet(tags);
-    if (!zips.empty()) return zips;
-    for (const Position& at : {line.front(), PlaceAlong(line, 0.5), line.back()}) {
-      std::string zip = zips_.Nearest(at);
-      if (std::ranges::find(zips, zip) == zips.end()) zips.push_back(std::move(zip));
-    }
-    return zips;
   }
 
   void Read(ExtractReader& reader) {
@@ -219,6 +178,7 @@ class Extract {
   NumberStyles styles_;
   Interpolation interpolation_;
   std::optional<AddressWriter> addresses_;
+  std::optional<StreetWriter> streets_;
   NodePlaces places_;
   std::int64_t ways_ = 0;         ///< that are wanted
   std::int64_t nodesOfWays_ = 0;

@@ -28,12 +28,12 @@ TEST_F(MapLayout, TheMapFillsTheWindow) {
   Draw(26400);
   for (const QSize& size : {QSize(1024, 700), QSize(700, 480), QSize(1600, 1100)}) {
     Show(size);
-    const QRect map = PlaceOf("Pwstreet1"), frame = PlaceOf("Frame1");
-    EXPECT_EQ(map, frame);
-    EXPECT_LE(map.left(), 12);
-    EXPECT_LE(map.top(), 12);
-    EXPECT_GE(map.right(), size.width() - 13);
-    EXPECT_GE(map.height(), size.height() * 3 / 4) << size.height();
+    const QRect shown = PlaceOf("Pwstreet1"), frame = PlaceOf("Frame1");
+    EXPECT_EQ(shown, frame);
+    EXPECT_LE(shown.left(), 12);
+    EXPECT_LE(shown.top(), 12);
+    EXPECT_GE(shown.right(), size.width() - 13);
+    EXPECT_GE(shown.height(), size.height() * 3 / 4) << size.height();
   }
 }
 

@@ -9,6 +9,7 @@
 #include <map>
 #include <sstream>
 
+#include "suitefiles/company/pin_picture.h"
 #include "suitefiles/program/command_line.h"
 
 namespace suitefiles {
@@ -45,7 +46,7 @@ void Write(const fs::path& path, const std::string& text) {
   if (file) fs::rename(fresh, path, problem);
   if (!file || problem) {
     fs::remove(fresh, problem);
-    throw CommandError("the report file " + path.string() + " can't be written");
+    throw CommandError("the file " + path.string() + " can't be written");
   }
 }
 
@@ -66,17 +67,23 @@ void WriteRecord(const fs::path& path, const Checksums& sums) {
 
 std::string Line(const std::vector<std::string>& names, const char* what) {
   if (names.empty()) return "";
-  return std::to_string(names.size()) + (names.size() == 1 ? " report file " : " report files ") + what + ".\n";
+  return std::to_string(names.size()) + (names.size() == 1 ? " file of the library " : " files of the library ") + what + ".\n";
 }
 
 }  // namespace
+
+std::vector<ReportFile> LibraryFiles() {
+  std::vector<ReportFile> files = DeliveredReports();
+  files.push_back({"pushblue.bmp", PinPicture()});
+  return files;
+}
 
 PutReports PutReportFiles(const std::string& folder) {
   PutReports put;
   const fs::path record = fs::path(folder) / kRecord;
   const Checksums before = ReadRecord(record);
   Checksums now = before;
-  for (const ReportFile& report : DeliveredReports()) {
+  for (const ReportFile& report : LibraryFiles()) {
     const fs::path path = fs::path(folder) / report.name;
     const std::string sum = Checksum(report.text);
     const bool stands = fs::exists(path);

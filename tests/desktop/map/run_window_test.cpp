@@ -5,15 +5,14 @@
 #include <QProgressBar>
 #include <QPushButton>
 
-#include "desktop/hands/input.h"
-#include "desktop/support/desk.h"
+#include "desktop/map/map_window.h"
 
 namespace desktop_test {
 namespace {
 
-class Runs : public Desk {
+class Runs : public MapWindow {
  protected:
-  void SetUp() override { Open(); }
+  void SetUp() override { front->Shown(*screen); }
   void TearDown() override { front->ProgressEnds(); }
   static QDialog* Shown() {
     for (QWidget* widget : QApplication::topLevelWidgets())

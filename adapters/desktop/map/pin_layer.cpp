@@ -3,6 +3,7 @@
 #include <QImageReader>
 #include <QLocale>
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 #include "desktop/toolkit/toolkit.h"
@@ -35,8 +36,13 @@ QPixmap ReadPicture(const QString& file) {
       for (int x = 0; x < picture.width(); ++x)
         if (picture.pixel(x, y) == around) picture.setPixel(x, y, 0);
   }
-  const bool large = std::max(picture.width(), picture.height()) > kLargestPicture;
-  if (large) picture = picture.scaled(kLargestPicture, kLargestPicture, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+  // A picture that was drawn for a finer screen says so.
+  constexpr double kScreen = 96 / 0.0254;  // dots a metre
+  const double density = std::max(1.0, std::round(picture.dotsPerMeterX() / kScreen));
+  const int most = static_cast<int>(kLargestPicture * density);
+  const bool large = std::max(picture.width(), picture.height()) > most;
+  if (large) picture = picture.scaled(most, most, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+  picture.setDevicePixelRatio(density);
   return QPixmap::fromImage(picture);
 }
 
@@ -79,7 +85,7 @@ bool PinLayer::FindSigns(const GroundFrame& frame, double cell, std::size_t most
       sign.box = {{at.x() - size.width() / 2, at.y() - size.height() / 2}, size};
     } else {
       const QPixmap& picture = PictureOf(PinOf(sign).picture);
-      const QSizeF size = picture.isNull() ? SignPictures::kPin : QSizeF(picture.size());
+      const QSizeF size = picture.isNull() ? SignPictures::kPin : picture.deviceIndependentSize();
       sign.box = {{at.x() - size.width() / 2, at.y() - size.height()}, size};
     }
     signs_.push_back(sign);

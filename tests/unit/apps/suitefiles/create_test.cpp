@@ -131,7 +131,7 @@ TEST(Create, FollowsTheSettingsFile) {
   folder.Write("books/notes.txt", "kept");
   const auto outcome = RunSuitefiles({"create", folder / "a", "--company", "3", "--name", "Third"});
   ASSERT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(outcome.out, "Company 3 made in " + folder / "books/customer.zdb.\n26 report files added.\n");
+  EXPECT_EQ(outcome.out, "Company 3 made in " + folder / "books/customer.zdb.\n27 files of the library added.\n");
   EXPECT_EQ(Select(folder / "books/dat.zdb", "SELECT CompID, CompName FROM Company"), "3\tThird\n");
   for (const char* file : {"customer.zdb", "artrans.zdb", "ledger.zdb", "flatrate.zdb"}) EXPECT_TRUE(fs::exists(folder / "books/" + file));
   EXPECT_FALSE(fs::exists(folder / "a/data")) << "nothing in the usual place";

@@ -31,6 +31,22 @@ TEST(ReportFiles, EachReportOfTheCatalogueIsDelivered) {
   EXPECT_TRUE(Content(folder / "ARHead.Rpt").starts_with("report 1 part\n"));
 }
 
+TEST(ReportFiles, ThePinOfTheMapLiesBesideThem) {
+  const TemporaryFolder folder;
+  suitefiles::PutReportFiles(folder.Path());
+  const std::string picture = Content(folder / "pushblue.bmp");
+  constexpr int kHeader = 122, kWidth = 40, kHeight = 56;
+  ASSERT_EQ(picture.size(), kHeader + 4U * kWidth * kHeight);
+  EXPECT_TRUE(picture.starts_with("BM"));
+  // Rows stand from the lowest up. The foot is in the middle of the lowest, the corners are clear.
+  const auto cover = [&](int column, int row) { return static_cast<unsigned char>(picture[kHeader + 4U * ((kHeight - 1 - row) * kWidth + column) + 3]); };
+  EXPECT_EQ(cover(0, 0), 0);
+  EXPECT_EQ(cover(0, kHeight - 1), 0);
+  EXPECT_EQ(cover(kWidth / 2, kWidth / 2), 255);
+  EXPECT_GT(cover(kWidth / 2, kHeight - 3), 0);
+  for (int row = 0; row < kHeight; ++row) EXPECT_EQ(cover(5, row), cover(kWidth - 6, row)) << row;
+}
+
 TEST(ReportFiles, AChangedOneIsNeverWrittenOver) {
   const TemporaryFolder folder;
   suitefiles::PutReportFiles(folder.Path());
@@ -71,7 +87,7 @@ TEST(ReportFiles, UpgradePutsWhatIsMissing) {
   fs::remove(folder / "ARCusZip.Rpt");
   const auto outcome = RunSuitefiles({"upgrade", folder.Path()});
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_NE(outcome.out.find("1 report file added.\n"), std::string::npos) << outcome.out;
+  EXPECT_NE(outcome.out.find("1 file of the library added.\n"), std::string::npos) << outcome.out;
   EXPECT_TRUE(fs::exists(folder / "ARCusZip.Rpt"));
 }
 

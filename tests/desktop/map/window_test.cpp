@@ -32,8 +32,8 @@ TEST_F(MapLayout, TheMapFillsTheWindow) {
     EXPECT_EQ(shown, frame);
     EXPECT_LE(shown.left(), 12);
     EXPECT_LE(shown.top(), 12);
-    EXPECT_GE(shown.right(), size.width() - 13);
-    EXPECT_GE(shown.height(), size.height() * 3 / 4) << size.height();
+    EXPECT_GE(shown.right(), window->width() - 13);
+    EXPECT_GE(shown.height(), window->height() * 3 / 4) << window->height();
   }
 }
 

@@ -29,6 +29,12 @@ std::string IsoDate(platform::Date date) {
   return text;
 }
 
+/// Whether a program might take the text for a formula.
+bool NeedsMark(std::string_view text) {
+  constexpr std::string_view kBegins = "=+-@\t\r\n";
+  return !text.empty() && kBegins.find(text.front()) != std::string_view::npos;
+}
+
 void PutText(std::string& to, std::string_view text) {
   const bool quoted = text.find_first_of(",\"\r\n") != std::string_view::npos;
   if (!quoted) {
@@ -45,7 +51,10 @@ void PutText(std::string& to, std::string_view text) {
 
 void PutCell(std::string& to, const Value& value) {
   if (value.IsNull() || value.IsEmpty()) return;
-  if (value.IsText()) return PutText(to, HarmlessText(value.As<std::string>()));
+  if (value.IsText()) {
+    const std::string& text = value.As<std::string>();
+    return NeedsMark(text) ? PutText(to, HarmlessText(text)) : PutText(to, text);
+  }
   if (value.Kind() == ValueKind::Date) {
     to += IsoDate(value.As<platform::Date>());
     return;
@@ -56,9 +65,8 @@ void PutCell(std::string& to, const Value& value) {
 }  // namespace
 
 std::string HarmlessText(std::string_view text) {
-  constexpr std::string_view kBegins = "=+-@\t\r\n";
   std::string made;
-  if (!text.empty() && kBegins.find(text.front()) != std::string_view::npos) made += '\'';
+  if (NeedsMark(text)) made += '\'';
   return made.append(text);
 }
 

@@ -294,6 +294,15 @@ TEST(WindowPosition, AWindowThatNobodyPlacedTakesItsShareOfTheScreen) {
   EXPECT_EQ(opens(1200, 1920), QSize(1010, 1536)) << "a screen that stands upright";
 }
 
+/// The last screen was larger, or stood elsewhere.
+TEST(WindowPosition, AWindowComesBackWholeOnASmallerScreen) {
+  const QRect room(0, 24, 1024, 744);
+  EXPECT_EQ(desktop::FormWindow::OnScreen({100, 100, 800, 600}, room), QRect(100, 100, 800, 600));
+  EXPECT_EQ(desktop::FormWindow::OnScreen({0, 0, 1180, 760}, room), room);
+  EXPECT_EQ(desktop::FormWindow::OnScreen({900, 500, 400, 300}, room), QRect(624, 468, 400, 300));
+  EXPECT_EQ(desktop::FormWindow::OnScreen({-1500, 40, 700, 500}, room), QRect(0, 40, 700, 500));
+}
+
 /// Letters of twice the size.
 class LargeLetters : public MainScreen {
  protected:

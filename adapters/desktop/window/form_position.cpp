@@ -53,7 +53,18 @@ void FormWindow::RestorePosition() {
   FitInto(room);
   resize(small ? size().expandedTo(minimumSizeHint()).boundedTo(room) : FirstSize(size(), room));
   if (small && owner && owner != this) move(owner->frameGeometry().center() - rect().center());
-  if (const auto position = services_.Kept().WindowPosition(name_)) restoreGeometry(*position);
+  if (const auto position = services_.Kept().WindowPosition(name_); position && restoreGeometry(*position)) {
+    if (!isMaximized() && !isFullScreen()) setGeometry(OnScreen(geometry(), screen()->availableGeometry()));
+  }
+}
+
+QRect FormWindow::OnScreen(const QRect& was, const QRect& room) {
+  QRect is(was.topLeft(), was.size().boundedTo(room.size()));
+  is.moveRight(std::min(is.right(), room.right()));
+  is.moveBottom(std::min(is.bottom(), room.bottom()));
+  is.moveLeft(std::max(is.left(), room.left()));
+  is.moveTop(std::max(is.top(), room.top()));
+  return is;
 }
 
 /// With larger letters than the layout was made for, or on a smaller screen: choices stand below each other, pages scroll, and

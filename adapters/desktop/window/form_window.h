@@ -49,6 +49,8 @@ class FormWindow final : public QMainWindow {
 
   /// How large a window that needs `needed` opens on a screen with `room` while nobody has placed it.
   static QSize FirstSize(const QSize& needed, const QSize& room);
+  /// Where a window goes that stood at `was`, on the screen of that room: no larger than it and all of it in it.
+  static QRect OnScreen(const QRect& was, const QRect& room);
 
   void ShowAsScreen(bool modal);
   void HideScreen();

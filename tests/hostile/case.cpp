@@ -35,6 +35,19 @@ class NoPaper final : public platform::ReportEngine {
   int PrintReport(const platform::ReportJob&) override { return 0; }
 };
 
+/// Every address may mean two places.
+class TwoPlaces final : public platform::MapEngine {
+ public:
+  platform::GeocodeAnswer Geocode(const std::string&) override {
+    return {.candidates = {"-9300000 4500000 here", "-9300500 4500500 there"}, .positionFound = true, .latitude = 4500000, .longitude = -9300000};
+  }
+  std::int32_t Distance(std::int32_t, std::int32_t, std::int32_t, std::int32_t) override { return 1000; }
+  void Prepare() override {}
+  void AddPin(const platform::MapPin&) override {}
+  void RemovePins() override {}
+  void Draw(std::int32_t, std::int32_t, std::int32_t) override {}
+};
+
 class Running {
  public:
   Running(const Image& image, const Case& one, const Books* before) : image_(image), case_(one), before_(before) {}
@@ -86,6 +99,7 @@ std::unique_ptr<platform::Application> Running::Build() {
   parts.system = suite::MakeNativeSystem(image_.Folder());
   parts.errorLog = std::make_unique<KeptReports>(reports_);
   parts.reports = std::make_unique<NoPaper>();
+  parts.map = std::make_unique<TwoPlaces>();
   parts.frontEnd = std::move(frontEnd);
   parts.path = image_.Folder();
   parts.title = "The host";

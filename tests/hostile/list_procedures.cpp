@@ -81,6 +81,15 @@ void AddPrinting(Procedures& all) {
   all.push_back({"catalogue", Nothing, Click("tb_Reports")});
 }
 
+void AddMaps(Procedures& all) {
+  all.push_back({"map/one", Nothing, Click("tb_MapCustomer")});
+  all.push_back({"map/one-by-menu", GoTo(tab::Phones), Click("miMapCustomer")});
+  Procedure everybody{"map/all", Nothing, Click("tb_MapAll")};
+  everybody.loop = true;
+  all.push_back(everybody);
+  all.push_back({"relationships", Nothing, Click("miRelationships")});
+}
+
 void AddLoads(Procedures& all) {
   all.push_back({"load/taxes", Nothing, Direct([](frmCustMain& screen) { screen.LoadTaxBasis(false); })});
   all.push_back({"load/taxes-of-customer", Nothing, Direct([](frmCustMain& screen) { screen.LoadTaxBasis(true); })});
@@ -155,6 +164,7 @@ Procedures ListProcedures() {
   AddShowing(all);
   AddLists(all);
   AddPrinting(all);
+  AddMaps(all);
   AddLoads(all);
   AddBulk(all);
   AddWaysOut(all);

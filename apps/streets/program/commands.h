@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "suitefiles/program/commands.h"
+#include "suitefiles/program/program.h"
 
 /// The program "streets". Its words, its console and its exit states are those of "suitefiles".
 namespace streetsprogram {

@@ -1,22 +1,11 @@
 #pragma once
 
-#include <iosfwd>
 #include <string>
 #include <vector>
 
+#include "suitefiles/program/program.h"
+
 namespace suitefiles {
-
-/// Where a command writes: answers to `out`, progress and complaints to `err`.
-struct Console {
-  std::istream& in;
-  std::ostream& out;
-  std::ostream& err;
-  bool errIsTerminal = false;
-};
-
-inline constexpr int kDone = 0;
-inline constexpr int kFailed = 1;
-inline constexpr int kMisused = 2;
 
 /// The whole program behind its arguments (without the program's name); the exit status.
 int Run(const std::vector<std::string>& arguments, const Console& console);

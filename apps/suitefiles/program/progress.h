@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "suitefiles/program/commands.h"
+#include "suitefiles/program/program.h"
 
 namespace suitefiles {
 

@@ -1,5 +1,6 @@
 #include "streets/import/osm/extract_file.h"
 
+#include <algorithm>
 #include <cmath>
 #include <exception>
 #include <filesystem>
@@ -20,6 +21,12 @@ constexpr double kFiner = 10;  // the extract's units in one of ours
 std::optional<Position> PositionOf(const osmium::Location& location) {
   if (!location.valid()) return {};
   return Position{static_cast<std::int32_t>(std::lround(location.x() / kFiner)), static_cast<std::int32_t>(std::lround(location.y() / kFiner))};
+}
+
+// The library finds the end of a list of tags by its zero bytes, two to a tag; a text with one inside would lead it past the end.
+bool HangsTogether(const osmium::TagList& tags) {
+  const unsigned char* end = tags.data() + tags.byte_size();
+  return std::count(tags.cbegin()->data(), end, '\0') % 2 == 0;
 }
 
 osmium::osm_entity_bits::type Asked(const ExtractReader& reader) {
@@ -49,7 +56,10 @@ class BlockReading {
       return static_cast<bool>(buffer);
     };
     while (next() && !isHistory)
-      for (const osmium::OSMObject& object : buffer.select<osmium::OSMObject>()) Give(object);
+      for (const osmium::OSMObject& object : buffer.select<osmium::OSMObject>()) {
+        if (!HangsTogether(object.tags())) file_.Raise(at, "a tag holds a zero byte");
+        Give(object);
+      }
     if (isHistory) file_.Raise(at, "it holds what once was beside what is");
   }
 

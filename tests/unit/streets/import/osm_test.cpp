@@ -341,5 +341,15 @@ TEST_F(ExtractTest, DamagedFilesAreToldAndNothingOfThemComes) {
   EXPECT_EQ(Ask("SELECT count(*) FROM Points"), 0);
 }
 
+TEST_F(ExtractTest, ATagWithAZeroByteIsDamage) {
+  MadeExtract extract;
+  extract.Node(1, -68.77, 44.8, {{"addr:housenumber", "12"}, {"addr:street", "Elm Street"}});
+  extract.Write(folder_ / "town.pbf", "pbf,pbf_compression=none");
+  std::string content = ReadAll(folder_ / "town.pbf");
+  content[content.find("Elm Street") + 3] = '\0';
+  EXPECT_THAT(Failure(folder_.Write("bad.pbf", content)), HasSubstr("a tag holds a zero byte"));
+  EXPECT_EQ(Ask("SELECT count(*) FROM Points"), 0);
+}
+
 }  // namespace
 }  // namespace streets

@@ -94,12 +94,13 @@ PaintSettings WindowedEngine::AlignmentOf(const std::string& printer) const {
 void WindowedEngine::AlignPrinter(const std::string& reportFileName) {
   const std::string printer = DefaultPrinter();
   AlignmentDialog dialog(QApplication::activeWindow(), printer, AlignmentOf(printer), [&](const PaintSettings& settings) {
-    PrintAlignmentSheet(reportFileName, printer, settings);
+    PrintAlignmentSheet(dialog, reportFileName, printer, settings);
   });
   if (dialog.exec() == QDialog::Accepted && services_.keepAlignment) services_.keepAlignment(printer, dialog.Chosen());
 }
 
-void WindowedEngine::PrintAlignmentSheet(const std::string& reportFileName, const std::string& printer, const PaintSettings& settings) {
+void WindowedEngine::PrintAlignmentSheet(QWidget& over, const std::string& reportFileName, const std::string& printer,
+                                         const PaintSettings& settings) {
   ReportJob job;
   job.ReportFileName = reportFileName;
   const int number = Numbered(services_, job, [&] {
@@ -111,7 +112,7 @@ void WindowedEngine::PrintAlignmentSheet(const std::string& reportFileName, cons
     run.settings = settings;
     printing::Print(sheet, *previews_.Fonts(), run, [](std::int64_t) { return true; });
   });
-  if (number != 0) previews_.dialogs.tell(*QApplication::activeWindow(), QObject::tr("The sheet could not be printed (%1).").arg(number));
+  if (number != 0) previews_.dialogs.tell(over, QObject::tr("The sheet could not be printed (%1).").arg(number));
 }
 
 }  // namespace printing

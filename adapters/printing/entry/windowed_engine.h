@@ -25,7 +25,8 @@ class WindowedEngine : public platform::ReportEngine {
 
  private:
   PaintSettings AlignmentOf(const std::string& printer) const;
-  void PrintAlignmentSheet(const std::string& reportFileName, const std::string& printer, const PaintSettings& settings);
+  /// What fails is told over that window.
+  void PrintAlignmentSheet(QWidget& over, const std::string& reportFileName, const std::string& printer, const PaintSettings& settings);
   void Preview(std::unique_ptr<ReportRun> run, const platform::ReportJob& job);
   void Print(std::unique_ptr<ReportRun> run, const platform::ReportJob& job);
 

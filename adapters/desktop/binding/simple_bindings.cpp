@@ -11,6 +11,8 @@ using platform::Aspect;
 
 namespace {
 
+constexpr int kPanelIndent = 8;  // pixels: under the edge of what stands above the bar
+
 /// Label texts of the models are plain: an ampersand in a customer's name is no mnemonic.
 QString Literal(const std::string& text) { return ToShown(text).replace('&', QStringLiteral("&&")); }
 
@@ -45,6 +47,7 @@ StatusBarBinding::StatusBarBinding(platform::StatusBar& control, QStatusBar* wid
     panel = NewWidget<QLabel>(widget);
     panel->setTextFormat(Qt::PlainText);
     panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    panel->setIndent(kPanelIndent);
     widget->addWidget(panel, 1);
   }
 }

@@ -123,32 +123,43 @@ const std::map<std::string, Setter>& Setters() {
   return setters;
 }
 
-void CheckReport(const Options& options) {
-  if (options.task == Task::Report) {
-    if (options.to.empty()) throw UsageError("a report needs --to FILE");
-    if (!EndsAsAFile(options.to)) throw UsageError("the report's file ends in .pdf, .csv or .xlsx, not \"" + options.to + "\"");
-    if (options.local) throw UsageError("option --local has no meaning with a report, which has a temporary file of its own");
-  } else if (options.task != Task::Help && options.task != Task::Version) {
-    if (!options.to.empty() || options.customers != "all" || !options.formulas.empty() || options.date)
-      throw UsageError("options --to, --customers, --formula and --date are for reports: custsearch report NAME --to FILE");
-  }
+// What the work in the screens is told by its command line, and a scenario by its host commands; "" for nothing of that.
+std::string ForWorkAlone(const Options& options) {
+  if (options.customer) return "--customer";
+  if (!options.billing.empty()) return "--billing";
+  if (options.maintenanceOnly) return "--maintenance-only";
+  return options.json ? "--json" : "";
+}
+
+std::string ForScenariosAlone(const Options& options, bool frontGiven) {
+  if (!options.scenario.empty()) return "--scenario";
+  if (frontGiven) return "--front";
+  return options.threshold ? "--threshold" : "";
+}
+
+void CheckReport(const Options& options, bool frontGiven) {
+  if (options.to.empty()) throw UsageError("a report needs --to FILE");
+  if (!EndsAsAFile(options.to)) throw UsageError("the report's file ends in .pdf, .csv or .xlsx, not \"" + options.to + "\"");
+  if (options.local) throw UsageError("option --local has no meaning with a report, which has a temporary file of its own");
+  std::string useless = ForWorkAlone(options);
+  if (useless.empty()) useless = ForScenariosAlone(options, frontGiven);
+  if (!useless.empty()) throw UsageError("option " + useless + " has no meaning with a report");
+}
+
+void CheckWorkOrScenario(const Options& options, bool frontGiven) {
+  if (!options.to.empty() || options.customers != "all" || !options.formulas.empty() || options.date)
+    throw UsageError("options --to, --customers, --formula and --date are for reports: custsearch report NAME --to FILE");
+  const std::string useless = options.task == Task::Scenario ? ForWorkAlone(options) : ForScenariosAlone(options, frontGiven);
+  if (useless.empty()) return;
+  throw UsageError("option " + useless + (options.task == Task::Scenario ? " has no meaning with --scenario, whose host commands say it"
+                                                                         : " is for --scenario"));
 }
 
 void CheckTogether(const Options& options, bool frontGiven) {
-  CheckReport(options);
-  if (options.task == Task::Scenario) {
-    const char* useless = options.customer           ? "--customer"
-                          : !options.billing.empty() ? "--billing"
-                          : options.maintenanceOnly  ? "--maintenance-only"
-                          : options.json             ? "--json"
-                                                     : nullptr;
-    if (useless != nullptr)
-      throw UsageError(std::string("option ") + useless + " has no meaning with --scenario, whose host commands say it");
-  } else if (frontGiven && options.task == Task::Work) {
-    throw UsageError("option --front is for --scenario");
-  } else if (options.threshold && options.task == Task::Work) {
-    throw UsageError("option --threshold is for --scenario");
-  }
+  if (options.task == Task::Report)
+    CheckReport(options, frontGiven);
+  else if (options.task != Task::Help && options.task != Task::Version)
+    CheckWorkOrScenario(options, frontGiven);
   if (options.windowsPaths && options.drives.empty()) throw UsageError("option --paths windows needs --drive C=DIR");
   if (!options.windowsPaths && !options.drives.empty()) throw UsageError("option --drive is for --paths windows");
   if (options.windowsPaths && options.local) throw UsageError("with --paths windows the local root is drive C; --local has no meaning");

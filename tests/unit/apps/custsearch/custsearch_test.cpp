@@ -4,6 +4,7 @@
 
 #include "custsearch/answer.h"
 #include "custsearch/options.h"
+#include "platform/values/calendar.h"
 
 /// The sample host's command line and its answer.
 namespace custsearch {
@@ -70,6 +71,38 @@ TEST(Options, WhatDoesNotGoTogether) {
   EXPECT_EQ(UsageMistake({"--drive", "C=x"}), "option --drive is for --paths windows");
   EXPECT_EQ(UsageMistake({"--paths", "windows", "--drive", "C=x", "--local", "y"}),
             "with --paths windows the local root is drive C; --local has no meaning");
+}
+
+TEST(Options, AReportIsOneOfTheCatalogueIntoAFile) {
+  const Options report = ParseOptions({"report", "Customer List", "--to", "list.CSV", "--customers", "17", "--formula", "Title=A=B",
+                                       "--date=2024-02-29", "--data", "a", "--company", "2", "--user", "3"});
+  EXPECT_EQ(report.task, Task::Report);
+  EXPECT_EQ(report.report, "Customer List");
+  EXPECT_EQ(report.to, "list.CSV");
+  EXPECT_EQ(report.customers, "17");
+  EXPECT_EQ(report.formulas, (std::vector<std::string>{"Title=A=B"}));
+  EXPECT_EQ(report.date, platform::DateSerial(2024, 2, 29));
+  EXPECT_EQ(ParseOptions({"report", "11", "--help"}).task, Task::Help);
+  EXPECT_FALSE(ParseOptions({"report", "11", "--to", "x.pdf"}).date);
+}
+
+TEST(Options, WhatAReportCantHave) {
+  EXPECT_EQ(UsageMistake({"report"}), "which report? Its place, file or name in the catalogue");
+  EXPECT_EQ(UsageMistake({"report", "--to", "x.pdf"}), "which report? Its place, file or name in the catalogue");
+  EXPECT_EQ(UsageMistake({"report", "11"}), "a report needs --to FILE");
+  EXPECT_EQ(UsageMistake({"report", "11", "--to", "x.doc"}), "the report's file ends in .pdf, .csv or .xlsx, not \"x.doc\"");
+  EXPECT_EQ(UsageMistake({"--date", "2024-02-29"}),
+            "options --to, --customers, --formula and --date are for reports: custsearch report NAME --to FILE");
+  for (const char* day : {"2023-02-29", "1/31/1999", "1999-1-31", "99-01-31", "", "1999-12-32"})
+    EXPECT_EQ(UsageMistake({"report", "11", "--to", "x.pdf", "--date", day}),
+              "option --date needs a day such as 1999-12-31, not \"" + std::string(day) + "\"");
+  const std::vector<std::vector<std::string>> useless{
+      {"--customer", "1"}, {"--billing", "B"}, {"--maintenance-only"}, {"--json"}, {"--scenario", "x"}, {"--front", "robot"}, {"--threshold", "5"}};
+  for (const std::vector<std::string>& option : useless) {
+    std::vector<std::string> words{"report", "11", "--to", "x.pdf"};
+    words.insert(words.end(), option.begin(), option.end());
+    EXPECT_EQ(UsageMistake(words), "option " + option[0] + " has no meaning with a report");
+  }
 }
 
 Answer Found() {

@@ -127,7 +127,7 @@ void frmCustMain::TestRecordcount() {
     // The user may have been to another tab meanwhile, have opened a card or have left.
     if (!Loaded() || mCardNumber != card) return;
     const int current = Tab();
-    const bool records = data[current].Recordset()->HasRows();
+    const bool records = HasRecords(data[current]);  // a list that could not be opened has reported that itself
     for (const char* key : {"tb_Print", "tb_Preview", "tb_Select", "tb_EditRec", "tb_DeleteRec"}) tb(key).Enabled(records);
     tb("tb_Find").Enabled(!txtSearch[current].Text().empty());
     EnableSelectionKeys();

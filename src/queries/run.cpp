@@ -2,6 +2,7 @@
 #include "queries/frmCustQueries.h"
 #include "queries/query_builder.h"
 #include "session/ModCustSch.h"
+#include "session/customers_title.h"
 #include "session/failures.h"
 
 // The toolbar: running the query, and leaving the screen, which only hides.
@@ -9,11 +10,7 @@ namespace orcussch {
 
 namespace {
 
-/// "Queried Billable Customers", "All Customers": what the customer list shows. Its first letter tells the two apart.
-void EntitleList(const std::string& Which) {
-  const std::string kind = gBillingStatus == "B" ? "Billable " : gBillingStatus == "N" ? "Non-Billable " : "";
-  screens::frmCustMain->grid[tab::Customers].Caption(Which + " " + kind + "Customers");
-}
+void EntitleList(const std::string& Which) { screens::frmCustMain->grid[tab::Customers].Caption(TitleOfCustomers(Which)); }
 
 /// The query of before, which comes back unless it was replaced: a statement that stops half-way would list customers that nobody
 /// asked for.

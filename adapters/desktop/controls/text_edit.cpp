@@ -53,7 +53,10 @@ void TextEdit::Attach(platform::TextBox& model) {
 }
 
 /// Figures are formatted only while nobody edits them.
-bool TextEdit::ShowsRaw() const { return model_->IsNumberEdit() && hasFocus() && !model_->Locked(); }
+bool TextEdit::ShowsRaw() const { return model_->IsNumberEdit() && HasWindowsFocus() && !model_->Locked(); }
+
+/// The window's focus counts, also while another window has the keyboard.
+bool TextEdit::HasWindowsFocus() const { return window()->focusWidget() == this; }
 
 QString TextEdit::ShownText() const { return ToShown(ShowsRaw() ? model_->Text() : model_->DisplayText()); }
 
@@ -73,8 +76,7 @@ void TextEdit::ShowModel() {
   if (composing_ && shown == text()) return;
   if (shown != text()) setText(shown);
   setReadOnly(model_->Locked());
-  // The window's focus counts, also while another window has the keyboard.
-  if (window()->focusWidget() != this) {
+  if (!HasWindowsFocus()) {
     // What nobody edits is read from its beginning.
     setCursorPosition(0);
   } else if (model_->SelectionLength() > 0) {
@@ -241,10 +243,7 @@ void TextEdit::contextMenuEvent(QContextMenuEvent* event) {
 void TextEdit::mouseReleaseEvent(QMouseEvent* event) {
   const auto* clipboard = QApplication::clipboard();
   if (event->button() == Qt::MiddleButton && clipboard->supportsSelection()) {
-    if (model_ && !isReadOnly()) {
-      setCursorPosition(cursorPositionAt(event->position().toPoint()));
-      PutIn(clipboard->text(QClipboard::Selection));
-    }
+    if (model_ && !isReadOnly()) PutInAt(event->position().toPoint(), clipboard->text(QClipboard::Selection));
     event->accept();
     return;
   }
@@ -257,10 +256,16 @@ void TextEdit::dragEnterEvent(QDragEnterEvent* event) {
 
 void TextEdit::dropEvent(QDropEvent* event) {
   if (!model_ || isReadOnly() || !event->mimeData()->hasText()) return;
-  setCursorPosition(cursorPositionAt(event->position().toPoint()));
   event->setDropAction(Qt::CopyAction);
   event->accept();
-  PutIn(event->mimeData()->text());
+  PutInAt(event->position().toPoint(), event->mimeData()->text());
+}
+
+/// Figures are pointed at as they are typed: the box takes the focus first.
+void TextEdit::PutInAt(QPoint point, const QString& text) {
+  if (model_->IsNumberEdit() && !HasWindowsFocus()) setFocus(Qt::MouseFocusReason);
+  setCursorPosition(cursorPositionAt(point));
+  PutIn(text);
 }
 
 void TextEdit::focusInEvent(QFocusEvent* event) {

@@ -27,6 +27,7 @@ class TextEdit final : public QLineEdit {
   void ShowModel();
 
   void PutIn(const QString& text);
+  void PutInAt(QPoint point, const QString& text);
 
   /// As wide as the layout's property "preferredWidth" says, where it says something.
   QSize sizeHint() const override;
@@ -46,6 +47,7 @@ class TextEdit final : public QLineEdit {
     std::string text;
     std::size_t caret = 0;
   };
+  bool HasWindowsFocus() const;
   bool ShowsRaw() const;
   QString ShownText() const;
   /// Between positions in the shown text and characters of the model's text.

@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
@@ -146,8 +147,15 @@ void DesktopHands::Type(Control& control, std::string_view text, bool append) {
     input::Key(window, Qt::Key_V, Qt::ControlModifier);
   } else {
     input::Type(window, ToShown(text));
+    DropCompletion(control);
   }
   Settle();
+}
+
+/// What is typed is the whole text: a user who wants no more of it takes what was completed away.
+void DesktopHands::DropCompletion(Control& control) {
+  auto* combo = dynamic_cast<ComboEdit*>(&WidgetOf(control));
+  if (combo && combo->lineEdit()->hasSelectedText()) input::Key(WindowOf(control), Qt::Key_Delete, Qt::NoModifier, "\x7f");
 }
 
 void DesktopHands::Key(Control& control, std::string_view key) {

@@ -38,6 +38,7 @@ class DesktopHands final : public platform::UserHands {
   void Screenshot(platform::Form* form, const std::string& path) override;
 
  private:
+  void DropCompletion(platform::Control& control);
   FormWindow& WindowOf(const platform::Control& control) const;
   QWidget& WidgetOf(const platform::Control& control) const;
   ListView& ListOf(const platform::Grid& grid) const;

@@ -173,6 +173,8 @@ void FormWindow::ShowAsScreen(bool modal) {
   show();
   raise();
   activateWindow();
+  // A window that hid while it had the keyboard keeps it in the eyes of a display without a window manager, which then tells of no change.
+  if (!isActiveWindow() && QGuiApplication::focusWindow() == windowHandle()) QApplication::setActiveWindow(this);
   SyncFocus();
 }
 

@@ -4,6 +4,7 @@
 #include "maintenance/tabs/customer_questions.h"
 #include "records/find.h"
 #include "session/ModCustSch.h"
+#include "session/customers_title.h"
 #include "session/opened.h"
 
 namespace orcussch {
@@ -69,16 +70,10 @@ class CustomersTab final : public RecordTab {
 /// While a query is in force it is the whole statement and keeps its caption; the host's billing status does not filter it.
 std::string CustomersTab::Statement(std::int32_t) {
   if (!gQuerySQL.empty()) return gQuerySQL;
+  s.grid[mTab].Caption(TitleOfCustomers("All"));
   std::string sql = "SELECT * FROM Customers";
-  if (gBillingStatus == "B") {
-    sql += " WHERE (NonBillable = False)";
-    s.grid[mTab].Caption("All Billable Customers");
-  } else if (gBillingStatus == "N") {
-    sql += " WHERE (NonBillable = True)";
-    s.grid[mTab].Caption("All Non-Billable Customers");
-  } else {
-    s.grid[mTab].Caption("All Customers");
-  }
+  if (gBillingStatus == "B") sql += " WHERE (NonBillable = False)";
+  if (gBillingStatus == "N") sql += " WHERE (NonBillable = True)";
   return sql;
 }
 
@@ -99,6 +94,8 @@ bool CustomersTab::KeepsEntry(const platform::Control& control) const { return c
 std::vector<platform::Control*> CustomersTab::CaptionEntries() { return {&c.cmdPlusMinus, &c.lblMapCode[0], &c.lblMapCode[1]}; }
 
 void CustomersTab::Loading() {
+  // A query outlives the screen: its list is entitled as the one before it was.
+  if (!gQuerySQL.empty()) s.grid[mTab].Caption(TitleOfCustomers("Queried"));
   c.cboSalesRate.ColumnCaption(0, "Rate Type");
   // A host that works for one kind of customer only fixes the kind of new ones too.
   if (gBillingStatus == "B") {

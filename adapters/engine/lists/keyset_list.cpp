@@ -163,9 +163,10 @@ std::optional<std::int64_t> KeysetList::SearchOrdinal(std::int64_t rowKey) {
 
 void KeysetList::MarkGone(std::int64_t ordinal, State state) {
   State& now = state_[static_cast<std::size_t>(ordinal)];
-  if (now == State::Alive) ++missing_;
-  if (state == State::Deleted && now != State::Deleted) ++deleted_;
-  if (now != State::Deleted) now = state;
+  if (state <= now) return;
+  if (now < State::Missed && state >= State::Missed) ++missing_;
+  if (state == State::Deleted) ++deleted_;
+  now = state;
   shownValid_ = false;
 }
 
@@ -270,9 +271,11 @@ bool KeysetList::Visit(std::int64_t ordinal, Place& place, bool forward) {
 
 bool KeysetList::WalkFrom(Place& place, std::int64_t from, bool forward) {
   for (std::int64_t i = from; forward ? Reach(i) : i >= 0; i += forward ? 1 : -1) {
-    if (!IsAlive(i)) continue;
-    ++run_;
-    if (Visit(i, place, forward)) return true;
+    if (IsAlive(i)) {
+      ++run_;
+      if (Visit(i, place, forward)) return true;
+    }
+    MarkGone(i, State::Missed);
   }
   return false;
 }
@@ -316,7 +319,11 @@ Place KeysetList::PlaceOf(const std::string& key) {
   Place place;
   run_ = 0;
   DropStaleBlocks();
-  if (!WindowPlace(key, place) || !Visit(place.ordinal, place)) throw errors::RecordDeleted();
+  if (!WindowPlace(key, place)) throw errors::RecordDeleted();
+  if (!Visit(place.ordinal, place)) {
+    MarkGone(place.ordinal, State::Missed);
+    throw errors::RecordDeleted();
+  }
   return place;
 }
 

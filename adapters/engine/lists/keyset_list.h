@@ -72,7 +72,7 @@ class KeysetList final : public RowList, public KeysetRows {
   bool InOrder() override { return places_ && complete_ && !mixed_ && ownRows_.empty() && filledVersion_ == Source().RecentVersion(); }
 
  private:
-  enum class State : std::uint8_t { Alive, Gone, Deleted };  ///< Gone: by others
+  enum class State : std::uint8_t { Alive, Gone, Missed, Deleted };  ///< Gone by others; Missed: and somebody came to it
   struct Block {
     std::int64_t first = 0;
     std::vector<int> rows;  ///< row of the page for each number, -1 for a row that is gone
@@ -111,7 +111,7 @@ class KeysetList final : public RowList, public KeysetRows {
   bool complete_ = false;
   bool mixed_ = false;  ///< somebody wrote between two readings of keys
   std::uint64_t filledVersion_ = 0;
-  std::int64_t missing_ = 0;  ///< rows that are not alive
+  std::int64_t missing_ = 0;  ///< rows missed or deleted
   std::int64_t deleted_ = 0;  ///< of these, own deletes
   std::vector<std::int64_t> shown_;
   bool shownValid_ = false;

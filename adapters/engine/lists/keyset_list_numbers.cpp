@@ -12,8 +12,8 @@ constexpr std::size_t kSliceKeys = 8192;
 
 }  // namespace
 
+// What others have deleted counts until somebody comes to it; looking at a window does not change the number.
 std::int64_t KeysetList::RowsReached() {
-  Place place;
   if (Size() == missing_ && !complete_) Reach(Size());
   return Size() - missing_;
 }

@@ -120,6 +120,15 @@ std::shared_ptr<RowList> HeldKeys(const std::shared_ptr<RowSource>& source) {
   return std::make_shared<KeysetList>(source, OrderColumn{plan.order.front().sql, plan.order.front().type}, plan.order.front().descending);
 }
 
+// A short table's list: the first row by itself, the keys of all others behind it, so that what others add is not in it.
+std::shared_ptr<RowList> FixedAtOpening(const std::shared_ptr<RowSource>& source, const KeysetList::Walk& walk) {
+  auto list = std::make_shared<KeysetList>(source, walk);
+  Place first;
+  list->First(first);
+  list->Settle();
+  return list;
+}
+
 std::shared_ptr<RowList> NewList(const std::shared_ptr<RowSource>& source) {
   const SelectPlan& plan = source->Plan();
   if (plan.distinct || plan.aggregate) return std::make_shared<StoredList>(source);
@@ -130,7 +139,7 @@ std::shared_ptr<RowList> NewList(const std::shared_ptr<RowSource>& source) {
   // With a filter the store may know a better index than that of the order alone.
   const std::string index = plan.where.empty() ? byIndex->index : "";
   const KeysetList::Walk walk{byIndex->order, index, byIndex->descending};
-  if (!byIndex->behindOthers && FitsExact(*source)) return std::make_shared<KeysetList>(source, walk);
+  if (!byIndex->behindOthers && FitsExact(*source)) return FixedAtOpening(source, walk);
   if (!plan.where.empty()) {
     const bool byRow = !plan.asksOtherTables || plan.asksByRow;
     if (!byIndex->behindOthers && byRow) return LongFiltered(source, *byIndex);

@@ -175,6 +175,40 @@ TEST_P(Dynasets, RowsMovedByOthersWhileWalking) {
   EXPECT_EQ(seen, GetParam() == 0 ? 301 : 300);
 }
 
+// Which rows a short list has is settled before anybody has looked at it.
+TEST_P(Dynasets, RowsAddedByOthersComeWithAnotherOpening) {
+  if (GetParam() == 0) GTEST_SKIP() << "pages of an index take new rows up as they come";
+  AddPeople({"a", "c"});
+  for (const char* source : {"SELECT * FROM People ORDER BY Name", "SELECT * FROM People", "SELECT * FROM People ORDER BY City",
+                             "SELECT * FROM People WHERE Name<>'x' ORDER BY Name DESC"}) {
+    auto rows = Dynaset(source);
+    auto elsewhere = NewEngine();
+    elsewhere->OpenControlDatabase(Path("office.zdb"))->Execute("INSERT INTO People (Name, City) VALUES ('b', 'new')");
+    EXPECT_THAT(Texts(rows, "City"), testing::Not(testing::Contains("new"))) << source;
+    EXPECT_EQ(rows->RecordCount(), 2) << source;
+    EXPECT_THAT(Texts(Dynaset(source), "City"), testing::Contains("new")) << source;
+    elsewhere->OpenControlDatabase(Path("office.zdb"))->Execute("DELETE * FROM People WHERE Name='b'");
+  }
+}
+
+// A list is not emptied by being looked at: a row counts until somebody comes to it.
+TEST_P(Dynasets, RowsDeletedByOthersCountUntilTheyAreVisited) {
+  if (GetParam() == 0) GTEST_SKIP() << "pages of an index leave rows out as soon as they have gone";
+  AddPeople({"a", "b"});
+  auto rows = Dynaset("SELECT * FROM People ORDER BY Name");
+  auto elsewhere = NewEngine();
+  elsewhere->OpenControlDatabase(Path("office.zdb"))->Execute("DELETE * FROM People");
+  EXPECT_EQ(rows->Window().RowsAt(0, 9).size(), 2U);
+  EXPECT_TRUE(rows->HasRows());
+  EXPECT_EQ(rows->Field("Name"), "a") << "the row that was read stays readable";
+  EXPECT_EQ(rows->RecordCount(), 2);
+  rows->MoveNext();
+  EXPECT_TRUE(rows->Eof());
+  EXPECT_EQ(rows->RecordCount(), 1);
+  rows->MoveFirst();
+  EXPECT_FALSE(rows->HasRows());
+}
+
 TEST_P(Dynasets, CountReachesNoneWithTheLastRow) {
   AddPeople({"a", "b"});
   auto rows = Dynaset("SELECT * FROM People ORDER BY Name");

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/data/data.h"
 
@@ -18,6 +19,9 @@ struct EngineOptions {
   /// Results up to this many rows use the exact strategy; larger ones in one indexed order the live one. 0 proves the
   /// large-file code on small files.
   std::int64_t exactRows = 20'000;
+  /// Tables whose lists use the exact strategy as long as they are short, whatever exactRows says: lists of codes, which the
+  /// screens keep while somebody adds to the table.
+  std::vector<std::string> codeTables;
   /// How long a locked file is waited for before 3218, in milliseconds.
   int lockWait = 2000;
   /// The real file that a path of the program's style names, "" when there can be none; empty: paths are real names.

@@ -22,4 +22,7 @@ std::string TemporaryFileName(int user);
 
 std::vector<platform::TableDefinition> TablesOf(DataFile file);
 
+/// Names of the tables of codes that the setup screens keep and the cards choose from.
+std::vector<std::string> CodeTableNames();
+
 }  // namespace suite

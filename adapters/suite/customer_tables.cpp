@@ -1,3 +1,4 @@
+#include "suite/company_schema.h"
 #include "suite/fields.h"
 
 namespace suite {
@@ -105,6 +106,12 @@ std::vector<TableDefinition> CustomerFileTables() {
   std::vector<TableDefinition> tables{FastCustomersTable()};
   for (auto group : {SubRecordTables(), CodeTables(), OptionTables()}) tables.insert(tables.end(), group.begin(), group.end());
   return tables;
+}
+
+std::vector<std::string> CodeTableNames() {
+  std::vector<std::string> names;
+  for (const TableDefinition& table : CodeTables()) names.push_back(table.name);
+  return names;
 }
 
 }  // namespace suite

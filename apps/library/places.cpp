@@ -62,6 +62,7 @@ Places FindPlaces(const PlaceOptions& options) {
 std::unique_ptr<platform::DataEngine> MakeEngine(const platform::OperatingSystem& system, std::optional<std::int64_t> exactRows) {
   engine::EngineOptions options;
   if (exactRows) options.exactRows = *exactRows;
+  options.codeTables = suite::CodeTableNames();
   options.now = [&system] { return system.Now(); };
   options.hostPath = [&system](std::string_view path) { return system.ToHostPath(path); };
   return engine::MakeEngine(options);

@@ -53,7 +53,9 @@ std::optional<IndexOrder> OrderByIndex(const SelectPlan& plan) {
 // the keys of short lists are worth reading.
 bool FitsExact(RowSource& source) {
   constexpr std::int64_t kShortList = 1000;
-  const std::int64_t most = std::min(source.Context().Options().exactRows, kShortList);
+  const EngineOptions& options = source.Context().Options();
+  const bool codes = std::ranges::find(options.codeTables, TableOf(source.Plan()).name) != options.codeTables.end();
+  const std::int64_t most = codes ? kShortList : std::min(options.exactRows, kShortList);
   if (most <= 0 || source.Shape().knownLong) return false;
   const bool fits = SpanOf(source).last <= most;
   source.Shape().knownLong = !fits;

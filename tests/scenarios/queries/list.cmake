@@ -2,37 +2,64 @@
 list(APPEND ORCUSSCH_SCENARIOS
   queries/acts-while-the-run-yields
   queries/all-customers-clears-the-screen
+  queries/alternate-number-as-it-stands
   queries/amount-beyond-the-figures
   queries/amounts
+  queries/amounts-to-four-decimals
+  queries/amounts-typed-again
   queries/billable-customers
+  queries/billing-status-of-the-next-show
+  queries/changes-inside-a-result
+  queries/comparisons-of-a-text
   queries/dates
+  queries/dates-as-they-are-typed
+  queries/empty-result
+  queries/first-query-fails
   queries/hints
+  queries/joined-table-that-is-gone
   queries/joins
   queries/key-words-and-types
   queries/keys-of-the-screen
   queries/list-cannot-be-read
   queries/list-of-a-query
+  queries/lists-are-read-by-the-loading
   queries/lives-hidden
   queries/marked-word-is-gone
   queries/marking-rows
+  queries/marks-stay
   queries/name-criteria
   queries/non-billable-customers
   queries/numbers-of-papers
   queries/office-day
+  queries/options-reach-the-next-query-screen
+  queries/order-and-search-outlive-a-run
+  queries/orders-of-a-joined-result
+  queries/pattern-that-is-none
   queries/phone-criterion
   queries/query-comes-first
+  queries/query-outlives-the-show
+  queries/result-finds-the-hosts-customer
   queries/search-in-the-lists
+  queries/search-texts-of-the-lists
   queries/start-beyond-the-criteria
+  queries/start-beyond-the-tabs-non-billable
   queries/start-on-a-name
   queries/start-on-amounts-and-dates
   queries/start-on-the-second-tab
+  queries/start-row-of-the-moment
+  queries/start-row-under-a-billing-status
+  queries/start-row-without-a-choice
   queries/starts-on-all-customers
+  queries/statement-that-cannot-be-made
   queries/statement-that-fails
   queries/status-and-billing
+  queries/texts-of-names-and-phones
   queries/texts-of-the-screen
   queries/twelve-questions
+  queries/unknown-values-are-not-found
   queries/what-opens-what
   queries/what-wakes-the-run-key
   queries/where-the-run-yields
+  queries/where-the-screen-yields
   queries/words-of-a-query
 )

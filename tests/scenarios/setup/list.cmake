@@ -1,37 +1,48 @@
 # The setup screens.
 list(APPEND ORCUSSCH_SCENARIOS
+  setup/all-screens-without-customers
+  setup/cell-of-a-row-that-has-gone
+  setup/creditcards-all-rows-deleted
   setup/creditcards-cells
+  setup/creditcards-charges-as-people-type-them
   setup/creditcards-closing-refreshes
   setup/creditcards-delete
   setup/creditcards-heading-orders
   setup/creditcards-nine-can-be-added
+  setup/creditcards-null-charge
   setup/creditcards-null-names
   setup/creditcards-office-day
   setup/creditcards-save
   setup/creditcards-screen
   setup/creditcards-table-that-is-gone
   setup/creditcards-two-programs
+  setup/hourglass-of-a-failed-save
   setup/keys
+  setup/mapcodes-all-rows-deleted
   setup/mapcodes-cells
   setup/mapcodes-chosen-by-keyboard
   setup/mapcodes-delete
+  setup/mapcodes-deletion-beside-a-customer
   setup/mapcodes-heading-orders
   setup/mapcodes-hidden-screen-goes-with-the-main-one
   setup/mapcodes-lookup-in-a-card
   setup/mapcodes-lookup-in-an-empty-list
   setup/mapcodes-lookup-of-a-row-without-texts
   setup/mapcodes-lookup
+  setup/mapcodes-lookup-again
   setup/mapcodes-office-day
   setup/mapcodes-reports
   setup/mapcodes-save
   setup/mapcodes-screen
   setup/mapcodes-two-programs
+  setup/phones-all-rows-deleted
   setup/phones-built-in-to-the-letter
   setup/phones-cancel
   setup/phones-cells
   setup/phones-changed-by-a-colleague
   setup/phones-closed-by-its-frame
   setup/phones-closing-finds-the-phone
+  setup/phones-closing-from-another-tab
   setup/phones-closing-refreshes
   setup/phones-delete
   setup/phones-deleted-under-the-card-no-change
@@ -48,6 +59,9 @@ list(APPEND ORCUSSCH_SCENARIOS
   setup/phones-screen
   setup/phones-search-while-editing
   setup/phones-search
+  setup/phones-search-goes-on
   setup/phones-table-that-is-gone
   setup/phones-two-programs-add
-  setup/phones-while-the-file-is-locked)
+  setup/phones-while-the-file-is-locked
+  setup/refused-cell-holds-no-command
+  setup/search-text-that-is-no-pattern)

@@ -3,18 +3,24 @@ list(APPEND ORCUSSCH_SCENARIOS
   tax/account-in-focus-when-the-card-goes
   tax/account-is-tested-when-it-is-left
   tax/account-look-up
+  tax/account-of-the-main-department
+  tax/account-without-a-description
   tax/accounting-year
   tax/accounts-that-are-null
   tax/added-by-two-programs
+  tax/all-rows-deleted
   tax/boxes-of-the-rate-queries
   tax/boxes-without-a-choice
   tax/cancelled-rate-query
   tax/cells-of-rates
   tax/cells-of-types-and-entities
+  tax/closing-beside-a-new-customer
   tax/closing-reads-the-customers-taxes-anew
   tax/deleted-by-another-user-first
+  tax/department-that-has-no-row
   tax/descriptions-are-needed
   tax/descriptions-outlive-their-rate
+  tax/emptied-cells
   tax/entities
   tax/every-account-fails-in-an-empty-ledger
   tax/file-locked-while-deleting
@@ -27,6 +33,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   tax/keys-of-an-empty-table
   tax/keys-of-the-screen
   tax/ledger-without-accounts
+  tax/ledger-without-its-periods
   tax/ledger-without-its-tables
   tax/list-that-can-not-be-opened
   tax/modes-of-a-tab
@@ -44,15 +51,19 @@ list(APPEND ORCUSSCH_SCENARIOS
   tax/rate-is-edited
   tax/rate-needs-its-parents
   tax/rate-outside-of-the-query
+  tax/rate-queries-keep-their-combos
+  tax/rate-queries-without-their-lists
   tax/rate-without-a-price-book
   tax/rates-are-queried
   tax/rates-list-keeps-its-scroll-position
   tax/rates-without-an-account
   tax/refresh-beside-a-card
+  tax/refresh-finds-nothing-under-a-card
   tax/row-after-a-deletion
   tax/rows-that-have-gone
   tax/rows-without-a-name
   tax/save-tests-of-a-rate
+  tax/search-beside-a-card
   tax/searches
   tax/second-program-deletes-the-rate
   tax/tabs
@@ -61,6 +72,9 @@ list(APPEND ORCUSSCH_SCENARIOS
   tax/ticks-of-an-open-card-go
   tax/type-in-use-stays
   tax/type-of-a-rate-deleted-meanwhile
+  tax/typed-text-that-begins-a-type
   tax/types-of-each-class
+  tax/types-of-one-name
   tax/year-of-a-ledger-without-one
+  tax/year-that-was-emptied
 )

@@ -11,6 +11,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   options/from-every-tab-and-card
   options/null-fields
   options/phone-follows-at-once
+  options/prefix-of-a-field
   options/row-deleted-meanwhile
   options/row-of-two-programs
   options/start-follows-the-options

@@ -23,9 +23,11 @@ bool LiesAt(const Candidate& left, const Candidate& right) {
   return std::abs(one.latitude - other.latitude) <= kNear && std::abs(one.longitude - other.longitude) <= kNear;
 }
 
-/// Of ranges that overlap the tighter one is meant; where two towns share a name and a ZIP they lie apart.
+/// Of ranges that overlap the tighter one is meant. Those of "3rd Ave NE" and "3rd Ave SE" don't, they are two streets; where two towns
+/// share a name and a ZIP they lie apart.
 bool IsOverruled(const Candidate& wide, const Candidate& tight) {
-  return tight.penalty <= wide.penalty && tight.spot.width < wide.spot.width && Feet(tight.spot.at, wide.spot.at) < kMile;
+  return tight.penalty <= wide.penalty && tight.spot.width < wide.spot.width && tight.towards == wide.towards &&
+         Feet(tight.spot.at, wide.spot.at) < kMile;
 }
 
 std::string LevelText(Level level) {

@@ -14,6 +14,7 @@ struct Candidate {
   bool matches = false;  ///< number, street and ZIP or town are as the text says
   Spot spot;
   std::string street;   ///< as its source writes it
+  std::string towards;  ///< the direction in that name, in front or behind
   double fromTown = 0;  ///< feet to the town that the address names; 0 where it names none
 };
 

@@ -131,6 +131,7 @@ void StreetSearch::Take(const Stage& stage, const Reading& reading, const Street
     candidate.matches = isName && spot.level == Level::House && locality_.Matches(spot.zip);
     candidate.spot = spot;
     candidate.street = street.shown;
+    candidate.towards = street.before + street.behind;
     best_ = std::min(best_, candidate.penalty);
     found_.push_back(std::move(candidate));
   }

@@ -1,5 +1,6 @@
 """Addresses of a county as people write them, the same at every run."""
 
+import collections
 import random
 
 from county_file import sides
@@ -14,6 +15,11 @@ OTHER = {"Ave": "Av.", "St": "Str", "Rd": "Rd.", "Ln": "Ln.", "Dr": "Drv", "Hwy"
 TYPES = {"St", "Ave", "Rd", "Ln", "Dr", "Trl", "Cir"}
 DIRECTIONS = {"N", "S", "E", "W", "NE", "NW", "SE", "SW"}
 LETTERS = "abcdefghijklmnopqrstuvwxyz"
+
+# A way to write the address of a house: `line` is its piece of street, `part` how far along it is, `side` L or R. `parts` is what the
+# words of the text are.
+Question = collections.namedtuple("Question", "way address line part side parts")
+Parts = collections.namedtuple("Parts", "number front name type behind town state zip")
 
 
 def swapped(words, table):
@@ -53,6 +59,24 @@ def without(words, what):
     return kept if len(kept) < len(words) and kept else None
 
 
+def kinds_of(words):
+    """What each word of a street's name in the county's own form is: front, name, type or behind."""
+    kinds = ["name"] * len(words)
+    first, last = 0, len(words) - 1
+    if words[0] in DIRECTIONS and len(words) > 2:
+        kinds[0] = "front"
+        first = 1
+    if words[last] in DIRECTIONS and len(words) > 2:
+        kinds[last] = "behind"
+        last -= 1
+    if "Hwy" in words or words[:2] == ["NFS", "Rd"]:
+        end = words.index("Hwy") if "Hwy" in words else 1
+        kinds[first : end + 1] = ["type"] * (end + 1 - first)
+    elif (words[last] in TYPES or words[last] == "Crk") and last > first:
+        kinds[last] = "type"
+    return kinds
+
+
 def other_zip(chance, zip_code):
     digits = list(zip_code)
     at = chance.randrange(2, 5)
@@ -61,31 +85,45 @@ def other_zip(chance, zip_code):
 
 
 def ways(chance, number, words, town, zip_code):
-    """(way, address) of each way to write an address that it has."""
+    """(way, address, parts) of each way to write an address that it has; the address is None where it can't be written so."""
+    kinds = dict(zip(words, kinds_of(words)))
 
-    def text(street, city=town, state="MT", code=zip_code):
+    def kind_of(at, street, moved):
+        """Of a word that was changed, that of the word in its place."""
+        kind = kinds.get(street[at]) or kinds[words[at]]
+        return {"front": "behind", "behind": "front"}.get(kind, kind) if moved else kind
+
+    def written(way, street, city=town, state="MT", code=zip_code, behind=(), join=None):
         if street is None:
-            return None
-        return ",".join(part for part in (f"{number} {' '.join(street)}" if street else "", city, state, code) if part)
+            return way, None, None
+        line = " ".join([str(number), *street, *behind])
+        text = join(line) if join else ",".join(part for part in (line, city, state, code) if part)
+        of = collections.defaultdict(list)
+        for at, word in enumerate(street):
+            of[kind_of(at, street, way == "direction at the other end")].append(word)
+        named = (" ".join(of[kind]) for kind in ("front", "name", "type", "behind"))
+        return way, text, Parts(str(number), *named, city, state, code[:5])
 
-    yield "as it is", text(words)
-    yield "lower case", text(words).lower()
-    yield "in full", text(swapped(words, FULL))
-    yield "other short forms", text(swapped(words, OTHER))
-    yield "direction at the other end", text(moved_direction(words))
-    yield "no direction", text(without(words, DIRECTIONS))
-    yield "no type", text(without(words, TYPES))
-    yield "one letter wrong", text(misspelt(chance, words, 1))
-    yield "two letters wrong", text(misspelt(chance, words, 2))
-    yield "one letter wrong, no ZIP", text(misspelt(chance, words, 1), code="")
-    yield "no ZIP", text(words, code="")
-    yield "no town", text(words, city="")
-    yield "no state and ZIP", text(words, state="", code="")
-    yield "ZIP wrong", text(words, code=other_zip(chance, zip_code))
-    yield "town wrong", text(words, city=chance.choice(["Helena", "Harlowton", "Bozeman", "Livingston"]))
-    yield "ZIP of a neighbour", text(words, code=chance.choice([one for one in TOWNS if one != zip_code]))
-    yield "apartment, ZIP and four", text(words + [chance.choice(["Apt 5", "#12", "Unit B", "Ste 200"])], code=zip_code + "-1234")
-    yield "without commas", f"{number} {' '.join(words)} {town} MT {zip_code}"
+    yield written("as it is", words)
+    way, text, parts = written("lower case", words)
+    yield way, text.lower(), parts
+    yield written("in full", swapped(words, FULL))
+    yield written("other short forms", swapped(words, OTHER))
+    yield written("direction at the other end", moved_direction(words))
+    yield written("no direction", without(words, DIRECTIONS))
+    yield written("no type", without(words, TYPES))
+    yield written("one letter wrong", misspelt(chance, words, 1))
+    yield written("two letters wrong", misspelt(chance, words, 2))
+    yield written("one letter wrong, no ZIP", misspelt(chance, words, 1), code="")
+    yield written("no ZIP", words, code="")
+    yield written("no town", words, city="")
+    yield written("no state and ZIP", words, state="", code="")
+    yield written("ZIP wrong", words, code=other_zip(chance, zip_code))
+    yield written("town wrong", words, city=chance.choice(["Helena", "Harlowton", "Bozeman", "Livingston"]))
+    yield written("ZIP of a neighbour", words, code=chance.choice([one for one in TOWNS if one != zip_code]))
+    unit = chance.choice(["Apt 5", "#12", "Unit B", "Ste 200"])
+    yield written("apartment, ZIP and four", words, code=zip_code + "-1234", behind=[unit])
+    yield written("without commas", words, join=lambda line: f"{line} {town} MT {zip_code}")
 
 
 def questions(county, count):
@@ -101,7 +139,7 @@ def questions(county, count):
         steps = abs(last - first) // 2
         number = first + (1 if last > first else -1) * 2 * chance.randrange(steps + 1)
         part = 0.5 if first == last else (number - first) / (last - first)
-        for way, address in ways(chance, number, words, TOWNS[zip_code], zip_code):
+        for way, address, parts in ways(chance, number, words, TOWNS[zip_code], zip_code):
             if address:
-                asked.append((way, address, line, part, side))
+                asked.append(Question(way, address, line, part, side, parts))
     return asked[:count]

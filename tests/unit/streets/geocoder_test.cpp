@@ -105,6 +105,13 @@ TEST_F(GeocoderTest, OfOverlappingRangesTheTighterCounts) {
   EXPECT_GT(answer.longitude, -11'088'000);
 }
 
+TEST_F(GeocoderTest, RangesOfStreetsInOtherDirectionsDontOverlap) {
+  AddNorth("3rd Ave SE", {-110'860'000, 46'499'000}, 298, 204, "59645");
+  AddNorth("3rd Ave NE", {-110'860'000, 46'501'000}, 200, 298, "59645");
+  EXPECT_THAT(Find("278 3rd Ave,59645").candidates, testing::UnorderedElementsAre(HasSubstr("3rd Ave SE"), HasSubstr("3rd Ave NE")));
+  EXPECT_THAT(Find("278 3rd Ave NE,59645").candidates, ElementsAre(HasSubstr("3rd Ave NE")));
+}
+
 TEST_F(GeocoderTest, AliasesOfAnEdgeCountOnce) {
   index.AddEdge({"State Hwy 360", "Hwy 360", "Fort Logan Rd"}, North({-110'850'000, 46'500'000}), Numbers{1, 99, Parity::Odd, "59645"},
                 std::nullopt);

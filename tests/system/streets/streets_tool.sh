@@ -30,6 +30,13 @@ says '^593 pieces of street$'
 says '^878 ranges of house numbers$'
 run check "$here/s.zds" || stop "the file is not sound"
 
+# The names in an archive write no lines of their own.
+mkdir "$here/odd"
+for ending in shp shx dbf; do cp "${county%shp}$ending" "$here/odd/$(printf 'county\nall is sound').$ending"; done
+(cd "$here/odd" && cmake -E tar cf "$here/odd.zip" --format=zip ./*)
+run import "$here/odd.zip" --into "$here/odd.zds" || stop "a name of two lines can't be imported"
+grep -q '^all is sound' "$here/log" && stop "a name in an archive is told on a line of its own"
+
 # What can't be read is told and passed over, the rest comes.
 mkdir "$here/in"
 head -c 5000 "$here/tl_2021_30059_addrfeat.zip" >"$here/in/a_cut.zip"

@@ -10,6 +10,7 @@
 #include <fstream>
 
 #include "streets/file/file_error.h"
+#include "streets/import/census/source_text.h"
 
 namespace streets {
 namespace {
@@ -61,7 +62,7 @@ bool Archive::Unpack(const std::string& entry, const std::string& file) const {
   zip_stat_t about;
   const zip_int64_t index = zip_name_locate(handle_->archive, entry.c_str(), ZIP_FL_NOCASE);
   if (index < 0) return false;
-  const auto fail = [&](const std::string& why) { throw FileError(path_ + ": " + entry + " " + why + "."); };
+  const auto fail = [&](const std::string& why) { throw FileError(path_ + ": " + SourceText(entry) + " " + why + "."); };
   if (zip_stat_index(handle_->archive, static_cast<zip_uint64_t>(index), 0, &about) != 0 || !(about.valid & ZIP_STAT_SIZE)) fail("is damaged");
   if (about.size > kMostBytes) fail("is too large");
   struct Close {

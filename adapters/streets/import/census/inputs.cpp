@@ -5,6 +5,7 @@
 
 #include "streets/file/file_error.h"
 #include "streets/import/census/archive.h"
+#include "streets/import/census/source_text.h"
 
 namespace streets {
 namespace {
@@ -44,7 +45,7 @@ void EachShapeFile(const std::string& input, const std::function<void(const std:
   const Archive archive(input);
   for (const std::string& stem : archive.ShapeFiles()) {
     const UnpackedShapeFile unpacked(archive, stem);
-    use(unpacked.Path(), input + "/" + stem + ".shp");
+    use(unpacked.Path(), input + "/" + SourceText(stem) + ".shp");
   }
 }
 

@@ -17,19 +17,30 @@ bool IsUtf8(std::string_view bytes) {
   return true;
 }
 
+// The control characters between the letters and those of western Europe, which some terminals obey.
+bool IsHighControl(unsigned char byte) { return byte >= 0x80 && byte < 0xa0; }
+
+void AppendLatin(unsigned char byte, std::string& text) {
+  text += static_cast<char>(0xc0 | byte >> 6);
+  text += static_cast<char>(0x80 | (byte & 0x3f));
+}
+
 }  // namespace
 
 std::string SourceText(std::string_view bytes) {
   const bool utf8 = IsUtf8(bytes);
   std::string text;
-  for (const char each : bytes) {
-    const auto byte = static_cast<unsigned char>(each);
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(bytes[i]);
     if (byte < 0x20 || byte == 0x7f) continue;
-    if (byte < 0x80 || utf8) {
-      text += each;
+    if (byte < 0x80) {
+      text += bytes[i];
+    } else if (!utf8) {
+      if (!IsHighControl(byte)) AppendLatin(byte, text);
+    } else if (byte == 0xc2 && IsHighControl(static_cast<unsigned char>(bytes[i + 1]))) {
+      ++i;
     } else {
-      text += static_cast<char>(0xc0 | byte >> 6);
-      text += static_cast<char>(0x80 | (byte & 0x3f));
+      text += bytes[i];
     }
   }
   const std::size_t first = text.find_first_not_of(' ');

@@ -51,7 +51,7 @@ class BlockReading {
         isHistory = blocks->header().has_multiple_object_versions();
         buffer = blocks->read();
       } catch (const std::exception& problem) {
-        file_.Raise(at, problem.what());
+        file_.Raise(at, SourceText(problem.what()));
       }
       return static_cast<bool>(buffer);
     };

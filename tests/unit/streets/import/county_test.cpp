@@ -13,6 +13,7 @@
 #include "streets/file/street_files.h"
 #include "streets/import/census/house_numbers.h"
 #include "streets/import/census/inputs.h"
+#include "streets/import/census/source_text.h"
 #include "streets/index/file_index.h"
 #include "support/temporary_folder.h"
 
@@ -251,6 +252,13 @@ TEST_F(CountyTest, NamesInOlderWritingAreRead) {
   Statement name(*file, "SELECT name FROM Edges");
   ASSERT_TRUE(name.Step());
   EXPECT_EQ(name.Text(0), "Ca\xc3\xb1on Rd");
+}
+
+TEST(SourceTextTest, ControlCharactersGo) {
+  EXPECT_EQ(SourceText(" Elm\x1b[31m\n St\x7f "), "Elm[31m St");
+  // Those of eight bits, which some terminals obey as well, in either writing.
+  EXPECT_EQ(SourceText("O\x92""Brien\x9b Ca\xf1on"), "OBrien Ca\xc3\xb1on");
+  EXPECT_EQ(SourceText("Ca\xc3\xb1on\xc2\x9b St\xc2\xa0"), "Ca\xc3\xb1on St\xc2\xa0");
 }
 
 TEST(InputsTest, WordsMeanFilesFoldersAndArchives) {

@@ -341,6 +341,17 @@ TEST_F(ExtractTest, DamagedFilesAreToldAndNothingOfThemComes) {
   EXPECT_EQ(Ask("SELECT count(*) FROM Points"), 0);
 }
 
+// What the reader complains of holds words of the file, which a terminal would obey.
+TEST_F(ExtractTest, ComplaintsHoldNoControlCharacters) {
+  MadeExtract extract;
+  extract.Node(1, -68.77, 44.8);
+  extract.Write(folder_ / "town.pbf", "pbf,pbf_compression=none");
+  std::string content = ReadAll(folder_ / "town.pbf");
+  const std::string feature = "OsmSchema-V0.6";
+  content.replace(content.find(feature), feature.size(), "Osm\x1b[31m\nV0.60");
+  EXPECT_THAT(Failure(folder_.Write("bad.pbf", content)), testing::EndsWith("Osm[31mV0.60."));
+}
+
 TEST_F(ExtractTest, ATagWithAZeroByteIsDamage) {
   MadeExtract extract;
   extract.Node(1, -68.77, 44.8, {{"addr:housenumber", "12"}, {"addr:street", "Elm Street"}});

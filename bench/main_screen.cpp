@@ -79,7 +79,8 @@ std::string TemporaryFileIn(const std::string& folder) {
   return path.string();
 }
 
-void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, WatchedFrontEnd&)>& work) {
+void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, WatchedFrontEnd&)>& work,
+                  std::unique_ptr<platform::MapEngine> map) {
   TemporaryFileIn(folder);
   std::exception_ptr problem;
   WatchedFrontEnd* windows = nullptr;
@@ -97,6 +98,7 @@ void AtMainScreen(const std::string& folder, const std::function<void(orcussch::
   parts.system = suite::MakeNativeSystem(folder);
   parts.errorLog = std::make_unique<ErrorsEndTheRun>();
   parts.frontEnd = std::move(frontEnd);
+  parts.map = std::move(map);
   parts.path = folder;
   parts.title = "bench";
   platform::Application application(std::move(parts));

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "maintenance/frmCustMain.h"
 #include "platform/host/no_windows.h"
+#include "platform/services/map.h"
 
 namespace bench {
 
@@ -50,8 +52,9 @@ class WatchedFrontEnd final : public platform::NoWindows {
 std::string TemporaryFileIn(const std::string& folder);
 
 /// Opens company 1 of the folder as a host does and shows the main screen; `user` is what is done with it. Throws
-/// std::runtime_error when the program shows a box or reports a failure.
-void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, WatchedFrontEnd&)>& user);
+/// std::runtime_error when the program shows a box or reports a failure. `map` is the street map behind the map screen.
+void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, WatchedFrontEnd&)>& user,
+                  std::unique_ptr<platform::MapEngine> map = nullptr);
 
 /// The first tab's list on that customer.
 void StandOnCustomer(orcussch::frmCustMain& screen, std::int64_t account);

@@ -27,10 +27,6 @@ class Geocoder {
   platform::GeocodeAnswer Find(const std::string& text);
 
  private:
-  /// Tells town and street apart where one text can be either or holds both.
-  void Settle(Address& address);
-  bool IsTown(const std::string& key, const Address& address);
-  bool NamesStreet(const Address& address);
   platform::GeocodeAnswer AnswerWithoutStreet(const Address& address, Locality& locality);
   std::vector<Candidate> Fallback(Locality& locality);
 

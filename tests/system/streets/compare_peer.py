@@ -24,9 +24,6 @@ SHORT = {long.lower(): short.lower() for short, long in FULL.items()} | {other.l
 SHORT |= {"mnt": "mountain", "mt": "mountain", "mount": "mountain", "hiway": "hwy", "springs": "spring", "creeks": "creek"}
 SHORT |= {word: str(at) for at, word in enumerate("zero one two three four five six seven eight nine ten".split())} | {"sixteen": "16"}
 
-# Names whose parts are a matter of opinion: whether "Forest Rd South" ends with a direction.
-UNCLEAR = {"Forest Rd South", "West Roadway", "S East Rd", "Goat Mountain F"}
-
 # The server's parsers: its geocoder's own one, and the address standardizer with its rules for the United States.
 PARSERS = {"its geocoder's parser": "normalize_address", "its address standardizer": "pagc_normalize_address"}
 

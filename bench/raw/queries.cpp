@@ -95,21 +95,28 @@ Query Queries::EnteredSince(const std::string& date) const {
   return {"c.EntryDate >= '" + date.substr(6) + '-' + date.substr(0, 2) + '-' + date.substr(3, 2) + "'"};
 }
 
+Query Queries::Parents() const {
+  return {"EXISTS (SELECT 1 FROM f1.SuperCustomers s INDEXED BY \"SuperCustomers.xPrimary\" WHERE s.[Primary] = c.AcctNum)",
+          "SELECT DISTINCT s.[Primary] AS AcctNum FROM f1.SuperCustomers s", "",
+          "c.AcctNum, c.LastName, c.FirstName, c.Title, c.Addr1, c.Addr2, c.City, c.Zip, c.Country"};
+}
+
 // ---- run
 
 struct PreparedQuery::Statements {
   Statements(sqlite3* db, const Query& query)
       : begin(db, "BEGIN"),
         commit(db, "COMMIT"),
-        walk(db, "SELECT c.* FROM " + byName + " WHERE " + query.where + " ORDER BY c.LastName, c.AcctNum LIMIT ?1"),
-        keys(db, "SELECT c.* FROM (" + (query.keys.empty() ? "SELECT 0 AS AcctNum" : query.keys) +
+        walk(db, "SELECT " + query.columns + " FROM " + byName + " WHERE " + query.where + " ORDER BY c.LastName, c.AcctNum LIMIT ?1"),
+        last(db, "SELECT " + query.columns + " FROM " + byName + " WHERE " + query.where + " ORDER BY c.LastName DESC, c.AcctNum DESC LIMIT ?1"),
+        keys(db, "SELECT " + query.columns + " FROM (" + (query.keys.empty() ? "SELECT 0 AS AcctNum" : query.keys) +
                      ") k CROSS JOIN f1.Customers c ON c.AcctNum = k.AcctNum" + (query.rest.empty() ? "" : " WHERE " + query.rest) +
                      " ORDER BY c.LastName, c.AcctNum LIMIT ?1"),
         scan(db, "SELECT c.LastName, c.AcctNum FROM f1.Customers c NOT INDEXED WHERE " + query.where),
-        row(db, "SELECT * FROM f1.Customers WHERE AcctNum = ?1"),
-        inGroup(db, "SELECT c.* FROM " + byName + " WHERE c.LastName IS ?1 AND c.AcctNum > ?2 AND " + query.where +
+        row(db, "SELECT " + query.columns + " FROM f1.Customers c WHERE c.AcctNum = ?1"),
+        inGroup(db, "SELECT " + query.columns + " FROM " + byName + " WHERE c.LastName IS ?1 AND c.AcctNum > ?2 AND " + query.where +
                         " ORDER BY c.AcctNum LIMIT ?3"),
-        beyond(db, "SELECT c.* FROM " + byName + " WHERE c.LastName > ?1 AND " + query.where + " ORDER BY c.LastName, c.AcctNum LIMIT ?3"),
+        beyond(db, "SELECT " + query.columns + " FROM " + byName + " WHERE c.LastName > ?1 AND " + query.where + " ORDER BY c.LastName, c.AcctNum LIMIT ?3"),
         starting(db, "SELECT c.AcctNum FROM " + byName + " WHERE c.LastName >= ?1 AND c.LastName < ?2 AND raw_like(c.LastName, ?3) AND " +
                          query.where + " ORDER BY c.LastName, c.AcctNum LIMIT 1"),
         count(db, CountText(query)) {}
@@ -120,7 +127,7 @@ struct PreparedQuery::Statements {
            (query.rest.empty() ? "" : " WHERE " + query.rest);
   }
 
-  Statement begin, commit, walk, keys, scan, row, inGroup, beyond, starting, count;
+  Statement begin, commit, walk, last, keys, scan, row, inGroup, beyond, starting, count;
 };
 
 PreparedQuery::PreparedQuery(const Queries& queries, const Query& query)
@@ -153,6 +160,17 @@ Rows PreparedQuery::FirstBy(Way way, int count) {
   Rows rows;
   first.Bind(1, std::int64_t{count});
   Copy(first, rows);
+  return rows;
+}
+
+// Turned around by who shows them.
+Rows PreparedQuery::Last(int count) {
+  Rows turned;
+  statements_->last.Bind(1, std::int64_t{count});
+  Copy(statements_->last, turned);
+  Rows rows;
+  rows.columns = turned.columns;
+  for (std::size_t i = turned.Count(); i-- > 0;) rows.cells.insert(rows.cells.end(), turned.Row(i), turned.Row(i) + turned.columns);
   return rows;
 }
 

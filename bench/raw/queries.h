@@ -15,6 +15,7 @@ struct Query {
   std::string where;
   std::string keys{};  ///< SELECT of their accounts, "" for none
   std::string rest{};  ///< what is left of the filter to ask of their rows
+  std::string columns = "c.*";
 };
 
 class Queries {
@@ -31,6 +32,8 @@ class Queries {
   Query WordTypeAndArea(const std::string& word, int type, const std::string& area) const;
   Query AreaAndInvoice(const std::string& area, const std::string& number) const;
   Query EnteredSince(const std::string& date) const;
+  /// Those that others are linked to.
+  Query Parents() const;
 
   // What the data hold.
   const std::string& CommonArea() const { return commonArea_; }
@@ -59,6 +62,7 @@ class PreparedQuery {
   PreparedQuery& operator=(const PreparedQuery&) = delete;
 
   Rows First(int count);
+  Rows Last(int count);
   Rows After(const NameKey& key, int count);
   /// The account of the first row whose name begins so, 0 for none.
   std::uint64_t FirstStarting(const std::string& start);

@@ -37,6 +37,11 @@ void GroundLayer::Show(platform::MapGround* ground, const MapLook& look) {
   texts_.clear();
 }
 
+void GroundLayer::PlaceNamesAnew() {
+  sheetJob_.reset();
+  isSheetOld_ = true;
+}
+
 void GroundLayer::Paint(QPainter& painter, const GroundFrame& frame) {
   const QPointF origin = OriginOf(frame);
   const double unitsPerPixel = frame.sight.UnitsPerPixel();
@@ -84,7 +89,7 @@ std::optional<TileKey> GroundLayer::NextMissing(const GroundFrame& frame) const 
 }
 
 bool GroundLayer::SheetFits(const GroundFrame& frame) const {
-  return sheet_ && sheet_->step == frame.sight.step && sheet_->box.contains(frame.sight.Box(frame.size));
+  return sheet_ && !isSheetOld_ && sheet_->step == frame.sight.step && sheet_->box.contains(frame.sight.Box(frame.size));
 }
 
 bool GroundLayer::Done(const GroundFrame& frame) const {
@@ -138,7 +143,8 @@ bool GroundLayer::DrawSheet(const GroundFrame& frame) {
                       std::ceil((frame.size.height() + 2 * kSheetMargin) * ratio_) + 1);
     sheetJobBox_ = PlaneBox(QPointF(left, top) * unit, size * unit);
     sheetJobStep_ = frame.sight.step;
-    sheetJob_.emplace(sheetJobBox_, sheetJobStep_, ratio_, look_, *ground_);
+    const GroundFrame sheet{{sheetJobBox_.center(), sheetJobStep_}, sheetJobBox_.size() / frame.sight.UnitsPerPixel(), ratio_};
+    sheetJob_.emplace(sheetJobBox_, sheetJobStep_, ratio_, look_, *ground_, signs_(frame, sheet));
     if (sheet_ && sheet_->step == sheetJobStep_) sheetJob_->Keep(*sheet_, texts_);
     tiles_.EachOf(sheetJobStep_, [&](const TileKey& key, const Tile& tile) {
       if (!key.Box().intersects(sheetJobBox_)) return;
@@ -148,6 +154,7 @@ bool GroundLayer::DrawSheet(const GroundFrame& frame) {
   if (sheetJob_->Slice()) return true;
   texts_ = sheetJob_->Placed();
   sheet_ = sheetJob_->Take();
+  isSheetOld_ = false;
   sheetJob_.reset();
   return true;
 }

@@ -60,13 +60,16 @@ class Path {
 
 }  // namespace
 
-LabelJob::LabelJob(const PlaneBox& box, int step, qreal ratio, const MapLook& look, platform::MapGround& ground)
+LabelJob::LabelJob(const PlaneBox& box, int step, qreal ratio, const MapLook& look, platform::MapGround& ground,
+                   const std::vector<QRectF>& signs)
     : unitsPerPixel_(zoom::UnitsPerPixel(step)),
       ratio_(ratio),
       look_(look),
       ground_(ground),
       sheet_{{}, box, step},
-      taken_(box.size() / unitsPerPixel_) {}
+      taken_(box.size() / unitsPerPixel_) {
+  for (const QRectF& sign : signs) taken_.Take(sign);
+}
 
 bool LabelJob::Slice() {
   if (stage_ == 0) {
@@ -97,10 +100,23 @@ void LabelJob::PlaceTexts() {
     const QPointF middle = OnSheet(ToPlane(at));
     const double width = metrics.horizontalAdvance(shown), height = metrics.height();
     const QRectF box(middle.x() - width / 2 - kAir, middle.y() - height / 2 - kAir, width + 2 * kAir, height + 2 * kAir);
-    if (!taken_.Free(box)) return;
-    taken_.Take(box);
-    placed_.push_back({shown, {box.left() + kAir, middle.y()}, {box.right() - kAir, middle.y()}, font, look_.TextOf(kind)});
+    const std::optional<QRectF> room = RoomFor(box, kind);
+    if (!room) return;
+    taken_.Take(*room);
+    const double line = room->center().y();
+    placed_.push_back({shown, {room->left() + kAir, line}, {room->right() - kAir, line}, font, look_.TextOf(kind)});
   });
+}
+
+/// A place's name may stand below, above or beside it, where customers' signs cover it. One that leaves the sheet stays where it is and
+/// is left out: it must not jump when the map is pushed.
+std::optional<QRectF> LabelJob::RoomFor(const QRectF& box, MapText kind) const {
+  if (taken_.Free(box)) return box;
+  if (kind != MapText::Place || !taken_.Holds(box)) return {};
+  const double down = box.height(), aside = box.width() / 2 + 20;
+  for (const QPointF& away : {QPointF(0, down), QPointF(0, -down), QPointF(aside, 0), QPointF(-aside, 0), QPointF(0, 1.7 * down), QPointF(0, -1.7 * down)})
+    if (taken_.Free(box.translated(away))) return box.translated(away);
+  return {};
 }
 
 void LabelJob::Keep(const LabelSheet& before, const std::vector<PlacedText>& texts) {

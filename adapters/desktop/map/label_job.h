@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,7 +33,8 @@ struct PlacedText {
 /// Such a sheet on its way: the names of places and ZIP areas, then of streets along them, none over another, drawn piece by piece.
 class LabelJob {
  public:
-  LabelJob(const PlaneBox& box, int step, qreal ratio, const MapLook& look, platform::MapGround& ground);
+  /// `signs` is what texts must not lie under, in pixels of the sheet.
+  LabelJob(const PlaneBox& box, int step, qreal ratio, const MapLook& look, platform::MapGround& ground, const std::vector<QRectF>& signs);
 
   void Add(const NamedLine& line) { chains_.Add(line); }
   /// The names along streets of the sheet before stay where they are, as far as they can: a map that is pushed keeps its face.
@@ -44,6 +46,7 @@ class LabelJob {
 
  private:
   void PlaceTexts();
+  std::optional<QRectF> RoomFor(const QRectF& box, platform::MapText kind) const;
   void PlaceKept();
   void PlaceNames();
   bool PlaceAlong(const NameChains::Chain& chain, const QString& text, const QFont& font, const QSizeF& room);

@@ -78,6 +78,7 @@ void MapView::Sync() {
 
 void MapView::TakeScene(platform::MapScene* scene) {
   pins_.Follow(scene != nullptr ? &scene->Pins() : nullptr);
+  ground_.PlaceNamesAnew();
   setAccessibleDescription(tr("%n customers", nullptr, static_cast<int>(pins_.Index().Count())));
   if (scene == nullptr) {
     ground_.Show(nullptr, Look());

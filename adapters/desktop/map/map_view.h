@@ -96,8 +96,8 @@ class MapView final : public QWidget {
 
   platform::MapControl* control_ = nullptr;
   Services* services_ = nullptr;
-  GroundLayer ground_;
   PinLayer pins_;
+  GroundLayer ground_{[this](const GroundFrame& seen, const GroundFrame& sheet) { return pins_.BoxesIn(sheet, seen, Look()); }};
   QStringList notices_;
   QString complaint_;
   Sight sight_;

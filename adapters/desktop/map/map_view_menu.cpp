@@ -124,12 +124,12 @@ void MapView::PrintOn(QPrinter& printer) {
   const GroundFrame frame{sight_, QSizeF(size()), kFineness};
   MapLook paper = Look();
   paper.dark = false;
-  GroundLayer ground;
+  PinLayer pins;
+  pins.Follow(&PinList());
+  GroundLayer ground([&](const GroundFrame& seen, const GroundFrame& sheet) { return pins.BoxesIn(sheet, seen, paper); });
   if (platform::MapScene* scene = Scene()) ground.Show(&scene->Ground(), paper);
   constexpr double kPieceMs = 1000;
   while (ground.Slice(frame, kPieceMs)) continue;
-  PinLayer pins;
-  pins.Follow(&PinList());
   QImage picture((frame.size * frame.ratio).toSize(), QImage::Format_RGB32);
   picture.setDevicePixelRatio(frame.ratio);
   {

@@ -10,10 +10,14 @@ Occupancy::Occupancy(const QSizeF& size)
       rows_(static_cast<int>(std::ceil(std::max(0.0, size.height()) / kCell))),
       taken_(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_)) {}
 
+bool Occupancy::Holds(const QRectF& box) const {
+  return box.left() >= 0 && box.top() >= 0 && box.right() < columns_ * kCell && box.bottom() < rows_ * kCell;
+}
+
 bool Occupancy::Free(const QRectF& box) const {
   const int left = static_cast<int>(std::floor(box.left() / kCell)), right = static_cast<int>(std::floor(box.right() / kCell));
   const int top = static_cast<int>(std::floor(box.top() / kCell)), bottom = static_cast<int>(std::floor(box.bottom() / kCell));
-  if (left < 0 || top < 0 || right >= columns_ || bottom >= rows_) return false;
+  if (!Holds(box)) return false;
   for (int row = top; row <= bottom; ++row) {
     const auto line = taken_.begin() + static_cast<std::ptrdiff_t>(row) * columns_;
     if (std::find(line + left, line + right + 1, 1) != line + right + 1) return false;

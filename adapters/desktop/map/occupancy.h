@@ -12,7 +12,9 @@ class Occupancy {
  public:
   explicit Occupancy(const QSizeF& size);
 
-  /// Whether the box lies wholly inside and nothing stands there.
+  /// Whether the box lies wholly inside.
+  bool Holds(const QRectF& box) const;
+  /// Whether nothing stands there as well.
   bool Free(const QRectF& box) const;
   void Take(const QRectF& box);
   /// The same for a text that runs from one point to another at that height.

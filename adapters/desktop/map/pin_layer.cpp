@@ -63,21 +63,19 @@ const QPixmap& PinLayer::PictureOf(const std::string& file) {
   return *found;
 }
 
-void PinLayer::FindSigns(const GroundFrame& frame) {
-  signs_.clear();
-  if (pins_ == nullptr || pins_->empty()) return;
-  const bool near = frame.sight.UnitsPerPixel() <= kNear && FindSigns(frame, kNearCell, kMostSigns);
-  if (!near && !FindSigns(frame, kHeapCell, kMostSigns)) FindSigns(frame, kLargeCell, SIZE_MAX);
-  // Those in front last, as things that stand on a table are seen.
-  std::stable_sort(signs_.begin(), signs_.end(), [](const Sign& one, const Sign& other) { return one.box.bottom() < other.box.bottom(); });
+double PinLayer::CellFor(const GroundFrame& frame) {
+  const auto isEnough = [&](double cell) { return FindSigns(frame, cell, kMostSigns).size() > kMostSigns; };
+  if (frame.sight.UnitsPerPixel() <= kNear && !isEnough(kNearCell)) return kNearCell;
+  return isEnough(kHeapCell) ? kLargeCell : kHeapCell;
 }
 
-bool PinLayer::FindSigns(const GroundFrame& frame, double cell, std::size_t most) {
-  signs_.clear();
+std::vector<PinLayer::Sign> PinLayer::FindSigns(const GroundFrame& frame, double cell, std::size_t most) {
+  std::vector<Sign> signs;
+  if (pins_ == nullptr || pins_->empty()) return signs;
   const double unitsPerPixel = frame.sight.UnitsPerPixel();
   const double reach = 60 * unitsPerPixel;  // of a sign that is not wholly out of sight
   index_.EachHeap(frame.sight.Box(frame.size).adjusted(-reach, -reach, reach, reach), cell * unitsPerPixel, [&](const PinIndex::Heap& heap) {
-    if (signs_.size() > most) return;
+    if (signs.size() > most) return;
     Sign sign{heap, {}};
     const QPointF at = frame.sight.ToScreen(heap.middle, frame.size);
     if (sign.IsHeap()) {
@@ -88,15 +86,24 @@ bool PinLayer::FindSigns(const GroundFrame& frame, double cell, std::size_t most
       const QSizeF size = picture.isNull() ? SignPictures::kPin : picture.deviceIndependentSize();
       sign.box = {{at.x() - size.width() / 2, at.y() - size.height()}, size};
     }
-    signs_.push_back(sign);
+    signs.push_back(sign);
   });
-  return signs_.size() <= most;
+  return signs;
+}
+
+std::vector<QRectF> PinLayer::BoxesIn(const GroundFrame& wider, const GroundFrame& seen, const MapLook& look) {
+  drawn_.Use(look, seen.ratio);
+  std::vector<QRectF> boxes;
+  for (const Sign& sign : FindSigns(wider, CellFor(seen))) boxes.push_back(sign.box);
+  return boxes;
 }
 
 void PinLayer::Paint(QPainter& painter, const GroundFrame& frame, const MapLook& look, bool labels) {
   labels_.clear();
   drawn_.Use(look, frame.ratio);
-  FindSigns(frame);
+  signs_ = FindSigns(frame, CellFor(frame));
+  // Those in front last, as things that stand on a table are seen.
+  std::stable_sort(signs_.begin(), signs_.end(), [](const Sign& one, const Sign& other) { return one.box.bottom() < other.box.bottom(); });
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
   if (labels) PaintLabels(painter, frame);
   for (const Sign& sign : signs_) {

@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QPainter>
 #include <QPixmap>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -28,6 +29,8 @@ class PinLayer {
     bool IsHeap() const noexcept { return heap.count > 1; }
   };
   const std::vector<Sign>& Signs() const noexcept { return signs_; }
+  /// Where signs stand in a wider frame, grouped as in the one that is seen.
+  std::vector<QRectF> BoxesIn(const GroundFrame& wider, const GroundFrame& seen, const MapLook& look);
   /// The one under the pointer; the one that lies on top of others first.
   const Sign* SignAt(const QPointF& at) const;
   /// Its pins, by their order in the list, at most so many.
@@ -41,9 +44,10 @@ class PinLayer {
 
  private:
   const platform::MapPin& PinOf(const Sign& sign) const { return (*pins_)[index_.PinAt(sign.heap.first)]; }
-  void FindSigns(const GroundFrame& frame);
-  /// With cells of at most so many pixels. False when there are more signs than a glance takes in.
-  bool FindSigns(const GroundFrame& frame, double cell, std::size_t most);
+  /// How large the cells are, in pixels, of which the pins are one sign.
+  double CellFor(const GroundFrame& frame);
+  /// At most one more than `most`.
+  std::vector<Sign> FindSigns(const GroundFrame& frame, double cell, std::size_t most = SIZE_MAX);
   const QPixmap& PictureOf(const std::string& file);
   void PaintLabels(QPainter& painter, const GroundFrame& frame);
 

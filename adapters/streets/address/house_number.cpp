@@ -63,7 +63,9 @@ std::string ShownNumber(const HouseNumber& number) {
   // The part behind the hyphen has two digits at least: "92-05".
   std::string digits = std::to_string(number.number);
   if (!number.prefix.empty() && number.prefix.back() == '-' && digits.size() < 2) digits.insert(0, "0");
-  return number.prefix + digits + (IsFraction(number.suffix) ? " " : "") + number.suffix;
+  // "12B", but "12 1/2" and "12 REAR".
+  const bool isWord = IsFraction(number.suffix) || number.suffix.size() > 1;
+  return number.prefix + digits + (isWord ? " " : "") + number.suffix;
 }
 
 }  // namespace streets

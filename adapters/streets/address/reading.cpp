@@ -64,10 +64,12 @@ class ReadingMaker {
     AddHyphens(number, name, cost);
   }
 
-  /// "12 B MAIN ST" is number 12B; directions stay with the name.
+  /// "12 B MAIN ST" is number 12B; directions stay with the name. "12 REAR ELM ST" is the house behind 12.
   void AddLetterBehindNumber(const HouseNumber& number, const WordList& name, int cost) {
-    const bool hasLetter = number.suffix.empty() && name.size() > 1 && name.front().size() == 1 && IsLetter(name.front().front());
-    if (!hasLetter || !Direction(name.front()).empty()) return;
+    if (!number.suffix.empty() || name.size() < 2) return;
+    const bool isLetter = name.front().size() == 1 && IsLetter(name.front().front()) && Direction(name.front()).empty();
+    const bool isRear = name.front() == "REAR" && !IsOnlyType(From(name, 1));
+    if (!isLetter && !isRear) return;
     HouseNumber lettered = number;
     lettered.suffix = name.front();
     AddNames(lettered, From(name, 1), cost + kLetterBehindNumber);

@@ -79,10 +79,10 @@ bool Begins(const std::vector<std::string>& words, std::initializer_list<std::st
 bool IsOnlyUnit(const std::vector<std::string>& words) { return AreUnits(words, 0); }
 
 void CutUnit(std::vector<std::string>& words) {
-  // In front: "Suite 5 100 Main St".
+  // In front: "Suite 5 100 Main St", "Rear 100 Main St".
   if (!words.empty() && words.front() != "NO") {
     const std::size_t front = UnitAt(words, 0);
-    const bool hasAddressBehind = front > 1 && words.size() >= front + 2 && HouseNumberOf(words[front]);
+    const bool hasAddressBehind = front > 0 && words.size() >= front + 2 && HouseNumberOf(words[front]);
     if (hasAddressBehind) words.erase(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(front));
   }
   // The number and one word of the name are never a part of the building.

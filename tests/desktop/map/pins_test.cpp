@@ -1,6 +1,7 @@
 #include <QMenu>
 #include <QPixmap>
 #include <algorithm>
+#include <cmath>
 #include <random>
 #include <set>
 
@@ -21,6 +22,14 @@ class MapPins : public MapWindow {
   }
   /// In the middle of a pin that stands alone.
   QPoint PinAt(MapPoint at) const { return ScreenOf(at) - QPoint(0, 12); }
+  /// Where that text of the ground lies on the screen.
+  QRectF TextBox(const desktop::PlacedText& text) const {
+    const desktop::LabelSheet& sheet = *view->Ground().Sheet();
+    const desktop::Sight& seen = view->Seen();
+    const QPointF moved = (sheet.box.topLeft() - seen.Box(QSizeF(view->size())).topLeft()) / seen.UnitsPerPixel();
+    const double half = QFontMetricsF(text.font).height() * 0.4;
+    return QRectF(text.from + moved, text.to + moved).normalized().adjusted(0, -half, 0, half);
+  }
   std::size_t PinsSeen() const {
     std::size_t count = 0;
     for (const PinLayer::Sign& sign : view->Pins().Signs()) count += sign.heap.count;
@@ -49,6 +58,23 @@ TEST_F(MapPins, APinThatHasGoneSinceIsNotClicked) {
   map->RemovePins();
   Click(at);
   EXPECT_TRUE(clicked.empty());
+}
+
+TEST_F(MapPins, NamesOfPlacesStandBesideTheSigns) {
+  Draw(200'000, 50, 50);
+  Show();
+  for (int i = 0; i < 40; ++i) AddPin(std::to_string(i), "Customer", map->ground.Crossing(50, 50));
+  Finish();
+  ASSERT_EQ(view->Pins().Signs().size(), 1u);
+  const QRectF sign = view->Pins().Signs()[0].box;
+  bool isThere = false;
+  for (const desktop::PlacedText& text : view->Ground().Texts()) {
+    if (text.alongStreet) continue;
+    EXPECT_FALSE(TextBox(text).intersects(sign)) << text.text.toStdString();
+    const QPointF away = TextBox(text).center() - sign.center();
+    isThere = isThere || (text.text == "Town 500" && std::hypot(away.x(), away.y()) < 80);
+  }
+  EXPECT_TRUE(isThere) << "the town's name has gone";
 }
 
 TEST_F(MapPins, NamesStandAtThePinsAndCoverNothing) {

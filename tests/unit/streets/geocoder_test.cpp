@@ -112,6 +112,17 @@ TEST_F(GeocoderTest, RangesOfStreetsInOtherDirectionsDontOverlap) {
   EXPECT_THAT(Find("278 3rd Ave NE,59645").candidates, ElementsAre(HasSubstr("3rd Ave NE")));
 }
 
+TEST_F(GeocoderTest, HousesAtTheRear) {
+  const auto front = Find("150 Main St,59645");
+  for (const char* text : {"150 Rear Main St,59645", "Rear 150 Main St,59645", "150 Main St Rear,59645"}) {
+    EXPECT_EQ(Find(text).result, kMatch) << text;
+    EXPECT_EQ(Find(text).longitude, front.longitude) << text;
+  }
+  // A street of that name is its own.
+  AddNorth("Rear Main St", {-110'870'000, 46'500'000}, 100, 198, "59645");
+  EXPECT_THAT(Find("150 Rear Main St,59645").candidates, ElementsAre(HasSubstr("150 Rear Main St")));
+}
+
 TEST_F(GeocoderTest, AliasesOfAnEdgeCountOnce) {
   index.AddEdge({"State Hwy 360", "Hwy 360", "Fort Logan Rd"}, North({-110'850'000, 46'500'000}), Numbers{1, 99, Parity::Odd, "59645"},
                 std::nullopt);

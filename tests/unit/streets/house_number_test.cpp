@@ -44,6 +44,7 @@ TEST(HouseNumber, AtTheStartOfALine) {
 TEST(HouseNumber, IsShownAsItIsWritten) {
   EXPECT_EQ(streets::ShownNumber({"92-", 5, ""}), "92-05");
   EXPECT_EQ(streets::ShownNumber({"", 12, "1/2"}), "12 1/2");
+  EXPECT_EQ(streets::ShownNumber({"", 12, "REAR"}), "12 REAR");
   EXPECT_EQ(streets::ShownNumber({"N6W", 23001, "B"}), "N6W23001B");
 }
 

@@ -18,6 +18,7 @@ TEST(UnitWords, AreCutOffTheEnd) {
     EXPECT_EQ(WithoutUnit(std::string("100 Main St ") + unit), "100 MAIN ST") << unit;
   EXPECT_EQ(WithoutUnit("Suite 5 100 Main St"), "100 MAIN ST");
   EXPECT_EQ(WithoutUnit("Main St Apt 5"), "MAIN ST");
+  EXPECT_EQ(WithoutUnit("Rear 100 Main St"), "100 MAIN ST");
 }
 
 TEST(UnitWords, NamesOfStreetsStay) {

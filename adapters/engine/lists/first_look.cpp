@@ -109,8 +109,11 @@ void FirstLook::TakeShortest() {
   constexpr std::size_t kNotMany = 1024;
   const Leads::Lead& lead = *leads_.Shortest();
   first_.way = FirstRows::Way::Drive;
-  if (rows_ != nullptr && lead.Keys() <= kFew) return Join(*lead.driver, true);
+  // By its keys a statement needs none of the query's constants, and is mostly prepared already.
+  constexpr std::int64_t kVeryFew = 8;
+  if (rows_ != nullptr && lead.Keys() > kVeryFew && lead.Keys() <= kFew) return Join(*lead.driver, true);
   DrivenKeys driven = leads_.Keys(byKey_ + question_);
+  if (rows_ != nullptr && driven.keys.size() <= kVeryFew) return Fetch(std::move(driven));
   if (rows_ == nullptr || driven.keys.size() > kNotMany) {
     first_.driven = std::move(driven);
     return;
@@ -135,6 +138,7 @@ void FirstLook::Fetch(DrivenKeys driven) {
   const bool withRows = static_cast<std::int64_t>(driven.keys.size()) <= kFew;
   const std::string columns = (withRows ? source_.ColumnList() + ", " : "") + rows_->KeyColumns();
   TakeAll(withRows, [&](const PiecewiseScan::Take& take) {
+    if (driven.keys.empty()) return;
     PiecewiseScan scan(source_, columns, driven.driver->rest, std::move(driven.keys));
     while (scan.Next(take)) source_.Store().ServePainting();
   });

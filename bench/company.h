@@ -64,6 +64,8 @@ std::vector<Job> ListJobs(Company& company);
 std::vector<Job> SearchJobs(Company& company);
 std::vector<Job> RecordJobs(Company& company);
 std::vector<Job> QueryJobs(Company& company);
+/// Inside results that stay open: making them is a look at the whole company.
+std::vector<Job> ResultJobs(Company& company);
 
 template <class T>
 const T& Pick(const std::vector<T>& choices, int call) {

@@ -51,7 +51,7 @@ std::vector<bench::Result> MeasureFolder(const std::string& folder, const Option
             << company.LargestGroupSize() << " rows\n\n"
             << bench::TableHead() << std::flush;
   std::vector<bench::Result> results;
-  for (auto* area : {bench::ListJobs, bench::SearchJobs, bench::RecordJobs, bench::QueryJobs}) {
+  for (auto* area : {bench::ListJobs, bench::SearchJobs, bench::RecordJobs, bench::QueryJobs, bench::ResultJobs}) {
     for (const bench::Job& job : area(company)) {
       if (job.name.find(options.only) == std::string::npos) continue;
       results.push_back(bench::Measure(job, options.pairs));

@@ -74,6 +74,12 @@ std::vector<Job> QueryJobs(Company& company) {
     jobs.push_back(OpeningOf(company, all, {"query, first 50 rows: " + question.name, question.statement, question.bare}));
     jobs.push_back(BothOpenings(company, jobs.back(), question.statement));
   }
+  return jobs;
+}
+
+std::vector<Job> ResultJobs(Company& company) {
+  std::vector<Job> jobs;
+  const auto all = std::make_shared<Queries>(company.Raw().Handle());
   const std::string few = all->RareWord();
   AddInside(company, all, {"a rare key word", Statement("Customers" + words, "(Lookups.Text = '" + few + "')"), all->Word(few)}, jobs);
   const std::string tenth = all->TenthArea();

@@ -17,6 +17,7 @@ bool Fences::Slice(std::uint64_t version) {
   if (!more || (!done_ && building_.rows > 0)) rows_ = building_.rows;
   if (!more) {
     if (done_) fences_ = std::move(building_.places);
+    passing_ = std::move(building_.passing);
     building_ = {};
     done_ = true;
     version_ = version;
@@ -47,16 +48,10 @@ bool Fences::ReadOn(std::vector<Fence>& places) {
 // Which rows of the table pass the filter, in the order in which they lie: so each is looked at once, and where most are near.
 bool Fences::ScanOn() {
   if (!building_.scan) {
-    const KeySpan span = SpanOf(source_);
-    building_.firstKey = span.first;
-    building_.passes.assign(static_cast<std::size_t>(std::max<std::int64_t>(span.Width(), 0)), false);
+    building_.passing.Expect(SpanOf(source_));
     building_.scan = std::make_unique<PiecewiseScan>(source_, source_.KeyList(), source_.Plan().rowWhere);
   }
-  const auto take = [this](const Query& row) {
-    const std::int64_t place = row.Int(0) - building_.firstKey;
-    if (place >= 0 && place < static_cast<std::int64_t>(building_.passes.size())) building_.passes[static_cast<std::size_t>(place)] = true;
-  };
-  building_.scanned = !building_.scan->Next(take);
+  building_.scanned = !building_.scan->Next([this](const Query& row) { building_.passing.Add(row.Int(0)); });
   return true;
 }
 
@@ -71,9 +66,7 @@ bool Fences::LookOn(std::vector<Fence>& places) {
   request.keysOnly = true;
   std::int64_t number = 0;
   const std::int64_t read = bounded_->Read(request, [&](const Query& row) {
-    const std::int64_t place = row.Int(bounded_->RowKeyAt(true)) - building_.firstKey;
-    const bool known = place >= 0 && place < static_cast<std::int64_t>(building_.passes.size());
-    if (known && building_.passes[static_cast<std::size_t>(place)]) ++building_.rows;
+    if (building_.passing.Has(row.Int(bounded_->RowKeyAt(true)))) ++building_.rows;
     const bool isFence = ++building_.looked % kSpacing == 0;
     ++number;
     if (isFence || number == kSliceRows) building_.last = bounded_->PlaceAt(row, true);
@@ -91,19 +84,27 @@ std::optional<OrderPlace> Fences::At(std::int64_t ordinal) {
   if (onRows && fence == nullptr) return {};
   const std::int64_t behind = ordinal + 1 - (fence == nullptr ? 0 : fence->rows);
   if (beyond == fences_.end() && !done_ && (!onRows || behind >= kSpacing)) return {};
-  if (behind == 0) return fence->place;
+  return behind == 0 ? fence->place : Behind(fence, behind);
+}
+
+// As long as nobody has written, it is known which rows pass the filter, and no row itself is looked at.
+bool Fences::KnowsPassing() const { return bounded_ != nullptr && done_ && version_ == source_.RecentVersion(); }
+
+// The place so many of the list's rows behind a fence, or behind the list's start.
+std::optional<OrderPlace> Fences::Behind(const Fence* fence, std::int64_t rows) {
+  const bool byBits = KnowsPassing();
+  KeyWalker& walker = byBits ? *bounded_ : walker_;
   KeyWalker::Request request;
   request.direction = forward_;
   request.from = fence == nullptr ? nullptr : &fence->place;
-  request.limit = behind;
+  request.limit = byBits ? kSpacing : rows;
   request.keysOnly = true;
-  std::int64_t number = 0;
-  OrderPlace place;
-  walker_.Read(request, [&](const Query& row) {
-    if (++number == behind) place = walker_.PlaceAt(row, true);
-    return true;
+  std::optional<OrderPlace> place;
+  walker.Read(request, [&](const Query& row) {
+    if ((byBits && !passing_.Has(row.Int(walker.RowKeyAt(true)))) || --rows > 0) return true;
+    place = walker.PlaceAt(row, true);
+    return false;
   });
-  if (number < behind) return {};
   return place;
 }
 
@@ -119,6 +120,19 @@ std::optional<std::int64_t> Fences::OrdinalOf(const OrderPlace& place) {
     ++number;
     return true;
   };
+  if (KnowsPassing()) {
+    KeyWalker::Request request;
+    request.direction = forward_;
+    request.from = fence == nullptr ? nullptr : &fence->place;
+    request.limit = kSpacing;
+    request.keysOnly = true;
+    bounded_->Read(request, [&](const Query& row) {
+      if (sign * bounded_->Compare(bounded_->PlaceAt(row, true), place) >= 0) return false;
+      if (passing_.Has(row.Int(bounded_->RowKeyAt(true)))) ++number;
+      return true;
+    });
+    return number;
+  }
   if (bounded_ != nullptr) {
     walker_.ReadUpTo(forward_, fence == nullptr ? nullptr : &fence->place, place, true, countBefore);
     return number;
@@ -130,6 +144,21 @@ std::optional<std::int64_t> Fences::OrdinalOf(const OrderPlace& place) {
   request.keysOnly = true;
   walker_.Read(request, countBefore);
   return number;
+}
+
+void Fences::Passing::Expect(const KeySpan& span) {
+  firstKey_ = span.first;
+  bits_.assign(static_cast<std::size_t>(std::max<std::int64_t>(span.Width(), 0)), false);
+}
+
+void Fences::Passing::Add(std::int64_t rowKey) {
+  const std::int64_t place = rowKey - firstKey_;
+  if (place >= 0 && place < static_cast<std::int64_t>(bits_.size())) bits_[static_cast<std::size_t>(place)] = true;
+}
+
+bool Fences::Passing::Has(std::int64_t rowKey) const {
+  const std::int64_t place = rowKey - firstKey_;
+  return place >= 0 && place < static_cast<std::int64_t>(bits_.size()) && bits_[static_cast<std::size_t>(place)];
 }
 
 }  // namespace engine

@@ -38,26 +38,38 @@ class Fences {
     OrderPlace place;
     std::int64_t rows = 0;  ///< of the list, up to the place and with it
   };
+  /// Of a list with a filter: which of the table's rows pass it, a bit for each row key.
+  class Passing {
+   public:
+    void Expect(const KeySpan& span);
+    void Add(std::int64_t rowKey);
+    bool Has(std::int64_t rowKey) const;
+
+   private:
+    std::vector<bool> bits_;
+    std::int64_t firstKey_ = 0;
+  };
   struct Collection {
     std::vector<Fence> places;  ///< of a later collection; the first one is in use already
     OrderPlace last;
     std::int64_t rows = 0;
     std::int64_t looked = 0;
-    // Of a list with a filter: which rows pass it, by their row keys.
-    std::unique_ptr<PiecewiseScan> scan;
-    std::vector<bool> passes;
-    std::int64_t firstKey = 0;
+    std::unique_ptr<PiecewiseScan> scan;  ///< of a list with a filter
+    Passing passing;
     bool scanned = false;
   };
   bool ReadOn(std::vector<Fence>& places);
   bool ScanOn();
   bool LookOn(std::vector<Fence>& places);
+  bool KnowsPassing() const;
+  std::optional<OrderPlace> Behind(const Fence* fence, std::int64_t rows);
 
   RowSource& source_;
   KeyWalker& walker_;
   KeyWalker* bounded_;
   Direction forward_;
   std::vector<Fence> fences_;  ///< in use
+  Passing passing_;            ///< as of the fences
   std::int64_t rows_ = 0;
   bool done_ = false;
   std::uint64_t version_ = 0;

@@ -5,8 +5,6 @@
 #include <limits>
 #include <utility>
 
-#include "engine/rows/slices.h"
-
 namespace engine {
 namespace {
 
@@ -20,8 +18,8 @@ constexpr double kTrial = 8;
 constexpr double kClearly = 2;
 // How much dearer when it was guessed from little.
 constexpr double kSafely = 4;
-// More keys than these take too much memory.
-constexpr std::int64_t kMostKeys = 250'000;
+// Up to so many rows of a driver come with all their columns.
+constexpr std::int64_t kFew = 64;
 // So many rows found tell how many there are.
 constexpr std::int64_t kTelling = 6;
 
@@ -108,16 +106,20 @@ void FirstLook::RunOn(double rows) {
 
 // Few rows are fetched and put in order right here, all columns of very few.
 void FirstLook::TakeShortest() {
-  constexpr std::int64_t kFew = 64;
-  constexpr std::int64_t kNotMany = 1024;
+  constexpr std::size_t kNotMany = 1024;
   const Leads::Lead& lead = *leads_.Shortest();
   first_.way = FirstRows::Way::Drive;
-  if (rows_ == nullptr || lead.keys > kNotMany) {
-    first_.driven = leads_.Keys();
+  // By its keys a statement needs none of the query's constants, and is mostly prepared already.
+  constexpr std::int64_t kVeryFew = 8;
+  if (rows_ != nullptr && lead.Keys() > kVeryFew && lead.Keys() <= kFew) return Join(*lead.driver, true);
+  DrivenKeys driven = leads_.Keys(byKey_ + question_);
+  if (rows_ != nullptr && driven.keys.size() <= kVeryFew) return Fetch(std::move(driven));
+  if (rows_ == nullptr || driven.keys.size() > kNotMany) {
+    first_.driven = std::move(driven);
     return;
   }
-  Join(*lead.driver, lead.keys <= kFew);
-  if (lead.keys > kFew) ReadFirst();
+  driven.narrowed ? Fetch(std::move(driven)) : Join(*driven.driver, false);
+  if (!first_.ordered.empty()) ReadFirst();
 }
 
 // The rows to which a driver leads, one statement for all of them.
@@ -126,16 +128,31 @@ void FirstLook::Join(const PlanDriver& driver, bool withRows) {
   const std::string columns = (withRows ? source_.ColumnList() + ", " : "") + rows_->KeyColumns();
   const std::string text = "SELECT " + columns + " FROM (" + driver.keys + ") AS s CROSS JOIN " + source_.Plan().from + " ON " +
                            table.alias + '.' + table.table->rowKey + " = s.k" + (driver.rest.empty() ? "" : " WHERE " + driver.rest);
-  RowPage read(first_.page->columns, 1);
-  std::vector<OrderPlace> places;
-  {
+  TakeAll(withRows, [&](const PiecewiseScan::Take& take) {
     Query query(source_.Store(), std::string_view(text));
-    while (query.Step()) {
-      if (withRows) rows_->AppendRow(query, read);
-      places.push_back(rows_->PlaceAt(query, !withRows));
-    }
-  }
-  TakeInOrder(read, places, withRows);
+    while (query.Step()) take(query);
+  });
+}
+
+void FirstLook::Fetch(DrivenKeys driven) {
+  const bool withRows = static_cast<std::int64_t>(driven.keys.size()) <= kFew;
+  const std::string columns = (withRows ? source_.ColumnList() + ", " : "") + rows_->KeyColumns();
+  TakeAll(withRows, [&](const PiecewiseScan::Take& take) {
+    if (driven.keys.empty()) return;
+    PiecewiseScan scan(source_, columns, driven.driver->rest, std::move(driven.keys));
+    while (scan.Next(take)) source_.Store().ServePainting();
+  });
+}
+
+// All rows of the list, in whatever order they come.
+void FirstLook::TakeAll(bool withRows, const std::function<void(const PiecewiseScan::Take&)>& read) {
+  RowPage rows(first_.page->columns, 1);
+  std::vector<OrderPlace> places;
+  read([&](const Query& row) {
+    if (withRows) rows_->AppendRow(row, rows);
+    places.push_back(rows_->PlaceAt(row, !withRows));
+  });
+  TakeInOrder(rows, places, withRows);
   first_.all = true;
   first_.likelyRows = withRows ? Hits() : static_cast<std::int64_t>(first_.ordered.size());
 }
@@ -222,7 +239,7 @@ bool FirstLook::CollectWide() {
     SqlText text(driver->keys + driver->pieceKey + " > " + dialect.Parameter(1) + " AND " + driver->pieceKey +
                  " <= " + dialect.Parameter(2));
     std::vector<std::int64_t> keys;
-    for (std::int64_t from = span.first - 1; from < span.last && std::cmp_less_equal(keys.size(), kMostKeys); from += kPieceRows) {
+    for (std::int64_t from = span.first - 1; from < span.last && std::cmp_less_equal(keys.size(), Leads::kMostKeys); from += kPieceRows) {
       Query piece(source_.Store(), text);
       piece.Bind(1, from);
       piece.Bind(2, from + kPieceRows);
@@ -230,7 +247,7 @@ bool FirstLook::CollectWide() {
         if (!piece.IsNull(0)) keys.push_back(piece.Int(0));
       source_.Store().ServePainting();
     }
-    if (std::cmp_greater(keys.size(), kMostKeys)) continue;
+    if (std::cmp_greater(keys.size(), Leads::kMostKeys)) continue;
     std::ranges::sort(keys);
     keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
     first_.way = FirstRows::Way::Drive;
@@ -251,26 +268,31 @@ FirstRows FirstLook::Run() {
 }
 
 void FirstLook::Choose() {
-  constexpr std::int64_t kFirstCount = 32;
+  constexpr std::int64_t kVeryFirst = 2;
+  constexpr std::int64_t kFirstReach = 32;
   constexpr std::int64_t kFurther = 4;
   constexpr std::int64_t kSampledRows = 128;
-  leads_.Reach(kFirstCount);
+  for (std::int64_t most = kVeryFirst; most < kFirstReach; most *= kFurther) leads_.Reach(most);
+  leads_.Reach(kFirstReach);
   if (leads_.Shortest() != nullptr) return TakeShortest();  // nothing else is as little work
 
   const SelectPlan& plan = source_.Plan();
-  span_ = SpanOf(source_).Width();
+  const KeySpan span = SpanOf(source_);
+  leads_.Within(span);
+  span_ = span.Width();
   const Costs costs = CostsFor(span_);
-  look_ = costs.elsewhere + (plan.asksByRow ? costs.question : 0);
+  question_ = plan.asksByRow ? costs.question : 0;
+  look_ = costs.elsewhere + question_;
   byKey_ = costs.byKey;
   scan_ = static_cast<double>(span_) * (plan.asksByRow ? 1 + kNearQuestion * (plan.bounds.empty() ? 1 : 0.2) : 1);
   if (bounded_ != nullptr) leads_.SampleBy(bounded_->FirstKeys(direction_, kSampledRows));
-  const std::int64_t mostUseful = std::min(kMostKeys, static_cast<std::int64_t>(scan_ / byKey_));
-  for (std::int64_t most = kFirstCount;; most = std::min(most * kFurther, mostUseful)) {
+  const std::int64_t mostUseful = std::min(Leads::kMostKeys, static_cast<std::int64_t>(scan_ / byKey_));
+  for (std::int64_t most = kFirstReach;; most = std::min(most * kFurther, mostUseful)) {
     leads_.Reach(most);
     const Leads::Lead* shortest = leads_.Shortest();
     const bool open = shortest == nullptr && !leads_.None() && most < mostUseful;
     // What isn't followed to its end is at least this much work.
-    const double driven = static_cast<double>(shortest != nullptr ? shortest->keys : most) * byKey_;
+    const double driven = static_cast<double>(shortest != nullptr ? shortest->Keys() : most) * byKey_;
     const double other = leads_.None() ? scan_ : std::min(scan_, driven);
     // As much as going on there would take is tried first, or some part of what is to be saved.
     const double trial = std::max(other / kTrial, open ? std::min(2 * other / kTrial, Leads::CostOf(most, most * kFurther)) : 0);

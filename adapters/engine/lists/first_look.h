@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "engine/lists/leads.h"
 #include "engine/rows/key_walker.h"
 #include "engine/rows/row_source.h"
+#include "engine/rows/slices.h"
 
 namespace engine {
 
@@ -28,7 +30,7 @@ struct FirstRows {
 };
 
 /// Finds the first page of rows, or what leads to them, with little more work than the best way would have had that had been
-/// known from the start: the drivers are counted and the list is walked by turns, a little further each time, until one of
+/// known from the start: the drivers are followed and the list is walked by turns, a little further each time, until one of
 /// them has won, or a look at the whole table would be quicker than both.
 class FirstLook {
  public:
@@ -56,6 +58,8 @@ class FirstLook {
   bool CollectWide();
   void TakeShortest();
   void Join(const PlanDriver& driver, bool withRows);
+  void Fetch(DrivenKeys driven);
+  void TakeAll(bool withRows, const std::function<void(const PiecewiseScan::Take&)>& read);
   void TakeInOrder(RowPage& rows, std::vector<OrderPlace>& places, bool withRows);
   void ReadFirst();
   void WalkOn(std::int64_t rows);
@@ -76,6 +80,7 @@ class FirstLook {
   bool misjudged_ = false;  ///< rows that fit were expected sooner
   double look_ = 0;         ///< what looking at one more row in the list's order costs
   double byKey_ = 0;        ///< at one with a driver's key
+  double question_ = 0;     ///< what asking other tables about a row costs
   double scan_ = 0;         ///< at all
 };
 

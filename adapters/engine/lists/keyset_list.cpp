@@ -148,16 +148,35 @@ std::optional<std::int64_t> KeysetList::SearchOrdinal(std::int64_t rowKey) {
   const auto wanted = places_->PlaceOfRow(rowKey);
   if (!wanted) return {};
   const int sign = forward_ == Direction::Up ? 1 : -1;
-  std::int64_t low = 0;
+  const std::int64_t found =
+      FirstNotBefore(0, [&](const OrderPlace* place) { return place != nullptr && sign * places_->Compare(*place, *wanted) < 0; });
+  if (found == Size() || *KeysOf(found) != rowKey) return {};
+  return found;
+}
+
+// By halving. It asks the same few rows first each time: these are kept.
+std::int64_t KeysetList::FirstNotBefore(std::int64_t from, const IsBefore& isBefore) {
+  constexpr std::int64_t kMarks = 128;
+  const std::int64_t spacing = std::max<std::int64_t>(1, Size() / kMarks);
+  const auto isBeforeAt = [&](std::int64_t ordinal) {
+    if (const auto known = marks_.find(ordinal); known != marks_.end()) return isBefore(&known->second);
+    auto place = places_->PlaceOfRow(*KeysOf(ordinal));
+    if (!place) return isBefore(nullptr);
+    if (ordinal % spacing != 0) return isBefore(&*place);
+    return isBefore(&marks_.emplace(ordinal, std::move(*place)).first->second);
+  };
+  Transaction oneState(Source().Store(), Transaction::Kind::Read);
+  std::int64_t low = from;
   for (std::int64_t high = Size(); low < high;) {
-    const std::int64_t middle = low + (high - low) / 2;
-    const auto place = places_->PlaceOfRow(*KeysOf(middle));
-    if (place && sign * places_->Compare(*place, *wanted) < 0)
+    std::int64_t middle = low + (high - low) / 2;
+    const std::int64_t mark = (middle + spacing / 2) / spacing * spacing;
+    if (mark >= low && mark < high) middle = mark;
+    if (isBeforeAt(middle))
       low = middle + 1;
     else
       high = middle;
   }
-  if (low == Size() || *KeysOf(low) != rowKey) return {};
+  oneState.Commit();
   return low;
 }
 

@@ -70,6 +70,7 @@ class KeysetList final : public RowList, public KeysetRows {
   Direction Forward() const noexcept override { return forward_; }
   bool InIndexOrder() override { return walker_ && !mixed_ && filledVersion_ == Source().RecentVersion(); }
   bool InOrder() override { return places_ && complete_ && !mixed_ && ownRows_.empty() && filledVersion_ == Source().RecentVersion(); }
+  std::int64_t FirstNotBefore(std::int64_t from, const IsBefore& isBefore) override;
 
  private:
   enum class State : std::uint8_t { Alive, Gone, Missed, Deleted };  ///< Gone by others; Missed: and somebody came to it
@@ -118,6 +119,7 @@ class KeysetList final : public RowList, public KeysetRows {
   std::vector<std::int64_t> ownRows_;
   std::unordered_map<std::int64_t, std::int64_t> ordinals_;
   std::size_t ordinalsFor_ = 0;
+  std::unordered_map<std::int64_t, OrderPlace> marks_;  ///< places of some rows, evenly spread, by their numbers
   std::list<Block> blocks_;
   std::uint64_t blocksVersion_ = 0;
   int run_ = 0;

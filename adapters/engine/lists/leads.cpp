@@ -1,58 +1,69 @@
 #include "engine/lists/leads.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace engine {
 namespace {
 
-// Up to here keys are counted, which takes the index alone.
-constexpr std::int64_t kCounted = 2048;
+// Up to here all drivers are followed.
+constexpr std::int64_t kReadOfEach = 2048;
 constexpr std::size_t kKeysBetweenPaints = 4096;
+constexpr double kReadKey = 1.2;
+
+void PutInOrder(std::vector<std::int64_t>& keys) {
+  if (!std::ranges::is_sorted(keys)) std::ranges::sort(keys);
+  keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+}
 
 }  // namespace
 
 const Leads::Lead* Leads::Shortest() const {
   const Lead* best = nullptr;
   for (const Lead& lead : leads_)
-    if (lead.whole && (best == nullptr || lead.keys < best->keys)) best = &lead;
+    if (lead.whole && (best == nullptr || lead.read.size() < best->read.size())) best = &lead;
   return best;
 }
 
-double Leads::CostOf(std::int64_t from, std::int64_t most) {
-  constexpr double kCountedKey = 1.2;
-  constexpr double kReadKey = 1;  // mostly it is read for use
-  return static_cast<double>(most - from) * (most <= kCounted ? kCountedKey : kReadKey);
+double Leads::CostOf(std::int64_t from, std::int64_t most) { return static_cast<double>(most - from) * kReadKey; }
+
+// How many keys a driver has, as far as those read tell; no fewer.
+double Leads::Likely(const Lead& lead) const {
+  constexpr std::int64_t kTelling = 8;
+  const auto read = static_cast<double>(lead.Keys());
+  if (lead.whole || !lead.inOrder || lead.Keys() < kTelling || span_.Width() == 0) return read;
+  const std::int64_t passed = std::clamp<std::int64_t>(lead.read.back() - span_.first + 1, 1, span_.Width());
+  return read * static_cast<double>(span_.Width()) / static_cast<double>(passed);
 }
 
+// The one that is likely to end first goes first, so that the others need not be followed so far; what seems to end far behind
+// waits for the next time.
 void Leads::Reach(std::int64_t most) {
-  if (most > kCounted && Shortest() == nullptr) KeepRarest();
+  constexpr double kFarBehind = 2;
+  if (most > kReadOfEach && Shortest() == nullptr) KeepRarest();
+  std::ranges::stable_sort(leads_, {}, [this](const Lead& lead) { return Likely(lead); });
   for (Lead& lead : leads_) {
     if (Shortest() != nullptr) return;
-    most <= kCounted ? Count(lead, most) : Read(lead, most);
+    if (most > kReadOfEach || Likely(lead) <= kFarBehind * static_cast<double>(most)) Read(lead, most);
   }
 }
 
-void Leads::Count(Lead& lead, std::int64_t most) {
-  Query count(source_.Store(),
-              std::string_view("SELECT count(*) FROM (" + lead.driver->keys + " LIMIT " + source_.OwnDialect().Parameter(1) + ") AS c"));
-  count.Bind(1, most + 1);
-  lead.keys = count.Step() ? count.Int(0) : 0;
-  lead.whole = lead.keys <= most;
-}
-
 void Leads::Read(Lead& lead, std::int64_t most) {
+  if (lead.whole) return;
   if (!lead.reading) lead.reading = std::make_unique<Query>(source_.Store(), std::string_view(lead.driver->keys));
-  while (std::cmp_less_equal(lead.read.size(), most)) {
+  while (lead.Keys() <= most) {
     if (!lead.reading->Step()) {
       lead.whole = true;
       lead.reading.reset();
       break;
     }
-    if (!lead.reading->IsNull(0)) lead.read.push_back(lead.reading->Int(0));
+    if (lead.reading->IsNull(0)) continue;
+    const std::int64_t key = lead.reading->Int(0);
+    lead.inOrder = lead.inOrder && (lead.read.empty() || lead.read.back() <= key);
+    lead.read.push_back(key);
     if (lead.read.size() % kKeysBetweenPaints == 0) source_.Store().ServePainting();
   }
-  lead.keys = static_cast<std::int64_t>(lead.read.size());
 }
 
 // Some rows are asked which of the drivers leads to them.
@@ -70,20 +81,43 @@ void Leads::KeepRarest() {
   }
   const auto rarest = std::ranges::min_element(hits) - hits.begin();
   std::swap(leads_.front(), leads_[static_cast<std::size_t>(rarest)]);
+  std::move(leads_.begin() + 1, leads_.end(), std::back_inserter(aside_));
   leads_.erase(leads_.begin() + 1, leads_.end());
 }
 
-DrivenKeys Leads::Keys() {
-  const Lead* shortest = Shortest();
-  Lead& lead = leads_[static_cast<std::size_t>(shortest - leads_.data())];
-  if (lead.read.empty()) {
-    lead.whole = false;
-    Read(lead, std::numeric_limits<std::int64_t>::max());
-  }
-  DrivenKeys driven{lead.driver, std::move(lead.read)};
-  std::ranges::sort(driven.keys);
-  driven.keys.erase(std::unique(driven.keys.begin(), driven.keys.end()), driven.keys.end());
+DrivenKeys Leads::Keys(double row) {
+  const auto shortest = static_cast<std::size_t>(Shortest() - leads_.data());
+  DrivenKeys driven{leads_[shortest].driver, std::move(leads_[shortest].read)};
+  PutInOrder(driven.keys);
+  leads_.erase(leads_.begin() + static_cast<std::ptrdiff_t>(shortest));
+  std::move(aside_.begin(), aside_.end(), std::back_inserter(leads_));
+  aside_.clear();
+  std::ranges::stable_sort(leads_, {}, [this](const Lead& lead) { return Likely(lead); });
+  for (Lead& other : leads_)
+    if (Narrow(driven.keys, other, row)) driven.narrowed = true;
   return driven;
+}
+
+// A key that only one of two drivers leads to is no row's.
+bool Leads::Narrow(std::vector<std::int64_t>& keys, Lead& by, double row) {
+  constexpr double kClearly = 2;
+  constexpr double kWrongGuess = 1.5;
+  if (keys.empty() || (!by.whole && !by.inOrder)) return false;
+  const double likely = Likely(by);
+  const double share = std::min(1.0, likely / static_cast<double>(std::max<std::int64_t>(span_.Width(), 1)));
+  const double spared = static_cast<double>(keys.size()) * (1 - share) * row;
+  if (likely > static_cast<double>(kMostKeys) || kClearly * kReadKey * (likely - static_cast<double>(by.Keys())) > spared) return false;
+  Read(by, static_cast<std::int64_t>(kWrongGuess * likely));
+  if (!by.whole) return false;
+  PutInOrder(by.read);
+  const auto left = std::set_intersection(keys.begin(), keys.end(), by.read.begin(), by.read.end(), keys.begin());
+  keys.erase(left, keys.end());
+  return true;
+}
+
+void Leads::Close() {
+  leads_.clear();
+  aside_.clear();
 }
 
 }  // namespace engine

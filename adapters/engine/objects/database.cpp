@@ -21,12 +21,26 @@ bool IsStatement(std::string_view source) {
          std::string_view(" \t\r\n[\"'(").find(source[kSelect.size()]) != std::string_view::npos;
 }
 
+// Recordsets hold it, and go on with the file's tables when their database has been closed.
+std::shared_ptr<DatabaseCatalogue> NewCatalogue(EngineContext& context, std::shared_ptr<StoreFile> file, const std::string& name,
+                                                std::shared_ptr<FileMeanings> meanings) {
+  struct Both {
+    Both(EngineContext& context, std::shared_ptr<StoreFile> ownFile, const std::string& path, std::shared_ptr<FileMeanings> known)
+        : file(std::move(known)), catalogue(context, std::move(ownFile), path) {}
+    std::shared_ptr<FileMeanings> file;
+    DatabaseCatalogue catalogue;
+  };
+  const auto both = std::make_shared<Both>(context, std::move(file), name, std::move(meanings));
+  return {both, &both->catalogue};
+}
+
 }  // namespace
 
-OpenDatabase::OpenDatabase(EngineContext& context, std::shared_ptr<StoreFile> file, std::string name,
+OpenDatabase::OpenDatabase(EngineContext& context, MeaningsByFile& meanings, std::shared_ptr<StoreFile> file, std::string name,
                            std::function<void(const OpenDatabase&)> onClose)
     : context_(context),
-      catalogue_(std::make_shared<DatabaseCatalogue>(context, std::move(file), name)),
+      file_(meanings.Of(file)),
+      catalogue_(NewCatalogue(context, std::move(file), name, file_)),
       name_(std::move(name)),
       onClose_(std::move(onClose)) {}
 
@@ -52,7 +66,7 @@ std::shared_ptr<Cursor> OpenDatabase::OpenTable(std::string_view source, const R
 }
 
 std::shared_ptr<Cursor> OpenDatabase::OpenDynaset(std::string_view source, RecordsetType type) {
-  if (shapes_.contains(source)) {
+  if (shapes_.Contains(source) || file_->Contains(source)) {
     // Whether the tables still are as they were, and the first rows, in one reading.
     Transaction oneState(context_.OwnStore(), Transaction::Kind::Read);
     if (const auto shape = KnownShape(source)) {
@@ -62,7 +76,7 @@ std::shared_ptr<Cursor> OpenDatabase::OpenDynaset(std::string_view source, Recor
     }
     oneState.Commit();
   }
-  return OpenShape(source, type, NewShape(source));
+  return OpenShape(source, type, file_->Plan(source, *catalogue_, shapes_));
 }
 
 std::shared_ptr<Cursor> OpenDatabase::OpenShape(std::string_view source, RecordsetType type, std::shared_ptr<const RowShape> shape) {
@@ -75,18 +89,7 @@ std::shared_ptr<Cursor> OpenDatabase::OpenShape(std::string_view source, Records
 
 // Lists are opened with the same few statements over and over: what a statement means stays so until its tables change.
 std::shared_ptr<const RowShape> OpenDatabase::KnownShape(std::string_view source) {
-  const auto known = shapes_.find(source);
-  if (catalogue_->StandsAsPlanned(known->second->plan)) return known->second;
-  shapes_.erase(known);
-  return nullptr;
-}
-
-std::shared_ptr<const RowShape> OpenDatabase::NewShape(std::string_view source) {
-  constexpr std::size_t kKeptShapes = 64;
-  auto shape = std::make_shared<const RowShape>(PlanSelect(source, *catalogue_, context_.OwnDialect()), context_.OwnDialect());
-  if (shapes_.size() >= kKeptShapes) shapes_.clear();
-  if (catalogue_->StandsAsPlanned(shape->plan)) shapes_.emplace(source, shape);
-  return shape;
+  return shapes_.Contains(source) ? shapes_.Find(source, *catalogue_) : file_->Find(source);
 }
 
 void OpenDatabase::Execute(std::string_view sql, int options) {

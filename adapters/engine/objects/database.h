@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,6 +9,7 @@
 #include "engine/catalogue/database_catalogue.h"
 #include "engine/catalogue/engine_context.h"
 #include "engine/cursor/cursor.h"
+#include "engine/objects/file_meanings.h"
 #include "platform/data/data.h"
 
 namespace engine {
@@ -18,7 +18,8 @@ namespace engine {
 class OpenDatabase final : public platform::Database, public RecordsetOwner {
  public:
   /// `onClose` takes it out of the collection that owns it.
-  OpenDatabase(EngineContext& context, std::shared_ptr<StoreFile> file, std::string name, std::function<void(const OpenDatabase&)> onClose);
+  OpenDatabase(EngineContext& context, MeaningsByFile& meanings, std::shared_ptr<StoreFile> file, std::string name,
+               std::function<void(const OpenDatabase&)> onClose);
   ~OpenDatabase() override;
 
   const std::string& Name() const override { return name_; }
@@ -47,11 +48,11 @@ class OpenDatabase final : public platform::Database, public RecordsetOwner {
   std::shared_ptr<Cursor> OpenShape(std::string_view source, platform::RecordsetType type, std::shared_ptr<const RowShape> shape);
   /// What a statement opened before means; nullptr when its tables have changed.
   std::shared_ptr<const RowShape> KnownShape(std::string_view source);
-  std::shared_ptr<const RowShape> NewShape(std::string_view source);
 
   EngineContext& context_;
-  std::shared_ptr<DatabaseCatalogue> catalogue_;
-  std::map<std::string, std::shared_ptr<const RowShape>, std::less<>> shapes_;  ///< of statements opened before
+  std::shared_ptr<FileMeanings> file_;
+  std::shared_ptr<DatabaseCatalogue> catalogue_;  ///< keeps what recordsets know of the file
+  KnownShapes shapes_;                            ///< of statements that mean something to this database alone
   std::string name_;
   std::function<void(const OpenDatabase&)> onClose_;
   std::vector<std::shared_ptr<platform::Recordset>> recordsets_;

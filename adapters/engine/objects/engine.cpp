@@ -13,14 +13,15 @@ namespace {
 class Engine final : public platform::DataEngine {
  public:
   Engine(const EngineOptions& options, std::unique_ptr<Store> store) : context_(options, std::move(store)) {
-    workspaces_.push_back(std::make_shared<EngineWorkspace>(context_, "#Default Workspace#", true, [](const EngineWorkspace&) {}));
+    workspaces_.push_back(
+        std::make_shared<EngineWorkspace>(context_, meanings_, "#Default Workspace#", true, [](const EngineWorkspace&) {}));
   }
 
   platform::WorkspaceRef CreateWorkspace(std::string_view name, std::string_view, std::string_view, int type) override {
     constexpr int kOwnType = 2;
     if (type != kOwnType) throw errors::InvalidOperation();
-    auto workspace =
-        std::make_shared<EngineWorkspace>(context_, std::string(name), false, [this](const EngineWorkspace& closed) { Forget(closed); });
+    auto workspace = std::make_shared<EngineWorkspace>(context_, meanings_, std::string(name), false,
+                                                       [this](const EngineWorkspace& closed) { Forget(closed); });
     loose_.push_back(workspace);
     return platform::WorkspaceRef(workspace);
   }
@@ -43,9 +44,9 @@ class Engine final : public platform::DataEngine {
   void RefreshWorkspaces() override {}
 
   platform::DatabaseRef OpenControlDatabase(std::string_view path) override {
-    auto database = std::make_shared<OpenDatabase>(context_, context_.Open(path), std::string(path), [this](const OpenDatabase& closed) {
-      std::erase_if(controlDatabases_, [&](const auto& open) { return open.get() == &closed; });
-    });
+    auto database = std::make_shared<OpenDatabase>(
+        context_, meanings_, context_.Open(path), std::string(path),
+        [this](const OpenDatabase& closed) { std::erase_if(controlDatabases_, [&](const auto& open) { return open.get() == &closed; }); });
     controlDatabases_.push_back(database);
     return platform::DatabaseRef(std::shared_ptr<platform::Database>(database));
   }
@@ -60,6 +61,7 @@ class Engine final : public platform::DataEngine {
   }
 
   EngineContext context_;
+  MeaningsByFile meanings_{context_};
   std::vector<std::shared_ptr<EngineWorkspace>> workspaces_;
   std::vector<std::shared_ptr<EngineWorkspace>> loose_;  ///< created and not appended yet
   std::vector<std::shared_ptr<OpenDatabase>> controlDatabases_;

@@ -11,9 +11,9 @@ constexpr std::size_t kDeepestTransaction = 5;
 
 }  // namespace
 
-EngineWorkspace::EngineWorkspace(EngineContext& context, std::string name, bool isDefault,
+EngineWorkspace::EngineWorkspace(EngineContext& context, MeaningsByFile& meanings, std::string name, bool isDefault,
                                  std::function<void(const EngineWorkspace&)> onClose)
-    : context_(context), name_(std::move(name)), isDefault_(isDefault), onClose_(std::move(onClose)) {}
+    : context_(context), meanings_(meanings), name_(std::move(name)), isDefault_(isDefault), onClose_(std::move(onClose)) {}
 
 EngineWorkspace::~EngineWorkspace() {
   while (!transactions_.empty()) transactions_.pop_back();
@@ -21,7 +21,7 @@ EngineWorkspace::~EngineWorkspace() {
 
 platform::DatabaseRef EngineWorkspace::OpenDatabase(std::string_view path) {
   auto database = std::make_shared<engine::OpenDatabase>(
-      context_, context_.Open(path), std::string(path),
+      context_, meanings_, context_.Open(path), std::string(path),
       [this](const engine::OpenDatabase& closed) { std::erase_if(databases_, [&](const auto& open) { return open.get() == &closed; }); });
   databases_.push_back(database);
   return platform::DatabaseRef(database);

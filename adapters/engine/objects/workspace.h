@@ -15,7 +15,8 @@ namespace engine {
 /// others begin, commit and undo them.
 class EngineWorkspace final : public platform::Workspace {
  public:
-  EngineWorkspace(EngineContext& context, std::string name, bool isDefault, std::function<void(const EngineWorkspace&)> onClose);
+  EngineWorkspace(EngineContext& context, MeaningsByFile& meanings, std::string name, bool isDefault,
+                  std::function<void(const EngineWorkspace&)> onClose);
   ~EngineWorkspace() override;
 
   const std::string& Name() const override { return name_; }
@@ -34,6 +35,7 @@ class EngineWorkspace final : public platform::Workspace {
   void EndTransaction(bool keep);
 
   EngineContext& context_;
+  MeaningsByFile& meanings_;
   std::string name_;
   bool isDefault_;
   std::function<void(const EngineWorkspace&)> onClose_;

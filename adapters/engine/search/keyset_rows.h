@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -37,6 +38,11 @@ class KeysetRows {
   virtual bool InIndexOrder() = 0;
   /// The same of a list that has Places, when all its keys are held.
   virtual bool InOrder() = 0;
+  /// Of a list that is InOrder: the first number from `from` on whose row isn't before what is looked for, its size when there is none.
+  /// `isBefore` is given a row's place, nothing for a row that is gone; of the rows for which it says no the last one asked is the found
+  /// one.
+  using IsBefore = std::function<bool(const OrderPlace* place)>;
+  virtual std::int64_t FirstNotBefore(std::int64_t from, const IsBefore& isBefore) = 0;
 };
 
 }  // namespace engine

@@ -145,27 +145,40 @@ std::optional<bool> KeysetSearch::ByOrder(std::int64_t from, std::int64_t& hit) 
   if (!list_.InOrder()) return {};
   if (plan_.shape.kind == SearchShape::Kind::Prefix) range_ = PrefixRange(plan_.shape.value.As<std::string>());
   Transaction oneState(source_.Store(), Transaction::Kind::Read);
+  const std::optional<std::int64_t> fit = FirstInRange(from);
+  oneState.Commit();
+  if (fit) hit = *fit;
+  return fit.has_value();
+}
+
+std::optional<std::int64_t> KeysetSearch::FirstInRange(std::int64_t from) {
   std::int64_t first = from;
-  for (std::int64_t high = list_.Size(); first < high;) {
-    const std::int64_t middle = first == from ? first : first + (high - first) / 2;
-    if (SideOfRange(middle) < 0)
-      first = middle + 1;
-    else
-      high = middle;
+  // Who searches on is near the next fit.
+  bool inRange = from > 0 && from < list_.Size() && IsInRange(from);
+  if (!inRange) {
+    first = list_.FirstNotBefore(from, [&](const OrderPlace* place) {
+      const int side = SideOfRange(place);
+      if (side >= 0) inRange = side == 0;  // the last one asked that isn't before is the first
+      return side < 0;
+    });
   }
-  for (; first < list_.Size() && SideOfRange(first) == 0; ++first) {
-    if (!list_.IsAlive(first) || !source_.Test(list_.KeysOf(first), test_)) continue;
-    hit = first;
-    return true;
+  while (first < list_.Size() && inRange) {
+    if (list_.IsAlive(first) && source_.Test(list_.KeysOf(first), test_)) return first;
+    ++first;
+    inRange = first < list_.Size() && IsInRange(first);
   }
-  return false;
+  return {};
+}
+
+bool KeysetSearch::IsInRange(std::int64_t ordinal) const {
+  const auto place = list_.Places()->PlaceOfRow(*list_.KeysOf(ordinal));
+  return SideOfRange(place ? &*place : nullptr) == 0;
 }
 
 // Before (-1), in (0) or behind (1) the rows that the criterion's field can fit, in list order.
-int KeysetSearch::SideOfRange(std::int64_t ordinal) const {
+int KeysetSearch::SideOfRange(const OrderPlace* place) const {
   const int sign = list_.Forward() == Direction::Up ? 1 : -1;
-  const auto place = list_.Places()->PlaceOfRow(*list_.KeysOf(ordinal));
-  if (!place || place->values.front().IsNull()) return -sign;
+  if (place == nullptr || place->values.front().IsNull()) return -sign;
   const std::string& text = place->values.front().As<std::string>();
   if (plan_.shape.kind == SearchShape::Kind::Equals)
     return sign * std::clamp(CompareText(text, plan_.shape.value.As<std::string>()), -1, 1);

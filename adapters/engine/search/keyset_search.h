@@ -25,7 +25,9 @@ class KeysetSearch {
   std::optional<std::int64_t> FirstFit(std::int64_t from);
   std::optional<bool> ByIndex(std::int64_t from, std::int64_t& hit);
   std::optional<bool> ByOrder(std::int64_t from, std::int64_t& hit);
-  int SideOfRange(std::int64_t ordinal) const;
+  int SideOfRange(const OrderPlace* place) const;
+  bool IsInRange(std::int64_t ordinal) const;
+  std::optional<std::int64_t> FirstInRange(std::int64_t from);
   std::optional<bool> ByRowKey(std::int64_t from, std::int64_t& hit);
   std::optional<bool> WalkAhead(std::int64_t from, std::int64_t& hit);
   void CollectHits();

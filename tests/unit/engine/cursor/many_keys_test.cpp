@@ -32,6 +32,13 @@ class ManyKeys : public EngineFolderTest, public testing::WithParamInterface<std
       for (int i = 0; i < 2; ++i) phones.push_back({Value(account), Value(account <= kLastEarly ? "612" : "701")});
       words.push_back({Value(account), Value(account >= kFirstLate ? "late" : "early")});
     }
+    // Against the order of the accounts.
+    for (std::int32_t account = 6'400; account >= 5'990; --account) words.push_back({Value(account), Value("back")});
+    for (std::int32_t account = 7'900; account <= 8'100; ++account) words.push_back({Value(account), Value("some")});
+    // The first ones lie far apart, most behind them.
+    for (std::int32_t account = 1; account <= 8'001; account += 1'000) phones.push_back({Value(account), Value("303")});
+    for (std::int32_t account = 8'002; account <= kCustomers; ++account)
+      for (int i = 0; i < 3; ++i) phones.push_back({Value(account), Value("303")});
     office_files::AddRows(Path("customer.zdb"), "Customers", {"AcctNum", "LastName"}, customers);
     office_files::AddRows(Path("customer.zdb"), "Phones", {"AcctNum", "Area"}, phones);
     office_files::AddRows(Path("customer.zdb"), "Lookups", {"AcctNum", "Text"}, words);
@@ -41,11 +48,11 @@ class ManyKeys : public EngineFolderTest, public testing::WithParamInterface<std
     db_ = engine_->OpenControlDatabase(Path("customer.zdb"));
   }
 
-  std::vector<std::int32_t> Walked(const std::string& word, const std::string& order) {
+  std::vector<std::int32_t> Walked(const std::string& word, const std::string& order, const std::string& area = "612") {
     const auto rows = db_->OpenRecordset(
         "Select DISTINCTROW Customers.* FROM (Customers INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum) INNER JOIN Lookups ON "
-        "Customers.AcctNum = Lookups.AcctNum WHERE (Phones.Area Like '612*') AND (Lookups.Text = '" +
-            word + "') ORDER BY " + order,
+        "Customers.AcctNum = Lookups.AcctNum WHERE (Phones.Area Like '" +
+            area + "*') AND (Lookups.Text = '" + word + "') ORDER BY " + order,
         platform::RecordsetType::Dynaset);
     std::vector<std::int32_t> accounts;
     for (; !rows->Eof(); rows->MoveNext()) accounts.push_back(rows->Field("AcctNum").As<std::int32_t>());
@@ -75,6 +82,21 @@ TEST_P(ManyKeys, BothTogetherLeaveFew) {
 }
 
 TEST_P(ManyKeys, BothTogetherLeaveMany) { EXPECT_EQ(Walked("early", "LastName"), ByName(1, kFirstLate - 1)); }
+
+TEST_P(ManyKeys, ThoseOfOneComeInNoOrder) {
+  EXPECT_EQ(Walked("back", "LastName"), ByName(5'990, kLastEarly));
+  EXPECT_EQ(Walked("back", "LastName", "701"), ByName(kLastEarly + 1, 6'400));
+}
+
+TEST_P(ManyKeys, ThoseOfOneAreFarMoreThanTheFirstOnesTell) {
+  EXPECT_EQ(Walked("some", "LastName", "303"), ByName(8'001, 8'100));
+  EXPECT_EQ(Walked("some", "Customers.AcctNum DESC", "303").front(), 8'100);
+}
+
+TEST_P(ManyKeys, OneOrNoRowHasBoth) {
+  EXPECT_TRUE(Walked("some", "LastName").empty());
+  EXPECT_EQ(Walked("back", "LastName", "303"), ByName(6'001, 6'001));
+}
 
 TEST_P(ManyKeys, NoneIsThere) { EXPECT_TRUE(Walked("never", "LastName").empty()); }
 

@@ -42,6 +42,7 @@ class Query {
   /// Makes it ready for another run; bindings stay.
   void Again() { statement_->Reset(); }
   std::int64_t Changed() const { return statement_->Changed(); }
+  std::int64_t AddedRow() const { return statement_->AddedRow(); }
 
   bool IsNull(int column) const { return statement_->IsNull(column); }
   std::int64_t Int(int column) const { return statement_->Int(column); }

@@ -42,6 +42,8 @@ class Statement {
   virtual void Reset() noexcept = 0;
   /// Rows that the run, now at its end, has written.
   virtual std::int64_t Changed() const = 0;
+  /// The row key of the row that the run, an INSERT of one row that is now at its end, has added.
+  virtual std::int64_t AddedRow() const = 0;
 
   virtual bool IsNull(int column) const = 0;
   virtual std::int64_t Int(int column) const = 0;

@@ -95,6 +95,7 @@ void SqliteStatement::Reset() noexcept {
 }
 
 std::int64_t SqliteStatement::Changed() const { return sqlite3_changes64(sqlite3_db_handle(statement_)); }
+std::int64_t SqliteStatement::AddedRow() const { return sqlite3_last_insert_rowid(sqlite3_db_handle(statement_)); }
 
 bool SqliteStatement::IsNull(int column) const { return sqlite3_column_type(statement_, column) == SQLITE_NULL; }
 std::int64_t SqliteStatement::Int(int column) const { return sqlite3_column_int64(statement_, column); }

@@ -38,6 +38,7 @@ class SqliteStatement final : public Statement {
   bool Step() override;
   void Reset() noexcept override;
   std::int64_t Changed() const override;
+  std::int64_t AddedRow() const override;
   bool IsNull(int column) const override;
   std::int64_t Int(int column) const override;
   std::optional<std::string_view> Text(int column) const override;

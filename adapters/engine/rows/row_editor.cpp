@@ -103,7 +103,7 @@ std::int64_t RowEditor::InsertRow(const ResolvedTable& table) {
   Query query(source_.Store(), insertion_->sql);
   int parameter = 0;
   if (counter_) query.Bind(++parameter, *counter_);
-  for (const std::size_t column : insertion_->columns) query.Bind(++parameter, values_[column]);
+  for (const std::size_t column : insertion_->columns) query.BindInPlace(++parameter, values_[column]);
   query.Run();
   return counter_ ? *counter_ : query.AddedRow();
 }

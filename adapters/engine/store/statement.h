@@ -35,6 +35,8 @@ class Statement {
   virtual void Bind(int parameter, std::int64_t number) = 0;
   virtual void Bind(int parameter, double number) = 0;
   virtual void Bind(int parameter, std::string_view text) = 0;
+  /// The same for a text that stays where it is until the run has ended: it need not be copied.
+  virtual void BindInPlace(int parameter, std::string_view text) { Bind(parameter, text); }
 
   /// True when there is a row.
   virtual bool Step() = 0;

@@ -60,6 +60,9 @@ void SqliteStatement::Bind(int parameter, double number) { sqlite3_bind_double(s
 void SqliteStatement::Bind(int parameter, std::string_view text) {
   sqlite3_bind_text64(statement_, parameter, text.data() == nullptr ? "" : text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
+void SqliteStatement::BindInPlace(int parameter, std::string_view text) {
+  sqlite3_bind_text64(statement_, parameter, text.data() == nullptr ? "" : text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
+}
 
 bool SqliteStatement::Step() {
   const int code = stepped_ ? sqlite3_step(statement_) : FirstStep();

@@ -35,6 +35,7 @@ class SqliteStatement final : public Statement {
   void Bind(int parameter, std::int64_t number) override;
   void Bind(int parameter, double number) override;
   void Bind(int parameter, std::string_view text) override;
+  void BindInPlace(int parameter, std::string_view text) override;
   bool Step() override;
   void Reset() noexcept override;
   std::int64_t Changed() const override;

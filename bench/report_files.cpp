@@ -53,7 +53,8 @@ class Painted final : public QObject {
     if (!pages || yes) return false;
     watched->removeEventFilter(this);
     // Behind the painting itself.
-    QMetaObject::invokeMethod(this, [this] { yes = true; }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { yes = true; }, Qt::QueuedConnection);
     return false;
   }
 };
@@ -133,11 +134,20 @@ void WriteBare(bench::raw::Store& store, const std::string& path) {
   std::fwrite(line.data(), 1, line.size(), file.get());
 }
 
+std::int64_t Customers(bench::raw::Store& store) {
+  bench::raw::Statement count(store.Handle(), "SELECT count(*) FROM f1.Customers");
+  count.Step();
+  return count.Int(0);
+}
+
 bench::Job ValuesJob(const std::string& folder, bench::raw::Store& store, const fs::path& work) {
   bench::Job job;
-  job.name = "customer list as CSV";
+  // Below, opening the report is most of it.
+  constexpr std::int64_t kEnough = 1'000'000;
+  const std::int64_t customers = Customers(store);
+  job.name = "customer list as CSV, " + std::to_string(customers) + " customers";
   job.calls = 1;
-  job.mostRatio = 1.5;
+  job.mostRatio = customers >= kEnough ? 1.5 : 0;
   const std::string ours = (work / "ours.csv").string();
   const std::string bare = (work / "bare.csv").string();
   job.ours = [folder, ours](int) {

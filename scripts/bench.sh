@@ -1,7 +1,7 @@
 #!/bin/sh
 # The benchmarks whole: companies of 10,000, 1,000,000 and, with "5m", 5,000,000 customers, made once under DATA (default
-# build/bench-data), the engine beside the bare program, waits for painting, memory, the toolkit's table model and the main
-# screen's frames. Prints Markdown.
+# build/bench-data), the engine beside the bare program, waits for painting, memory, the toolkit's table model, the main
+# screen's frames and reports. Prints Markdown.
 #
 # The main screen's records are measured on copies, below RECORDS (default: DATA).
 #
@@ -22,8 +22,8 @@ LOGS=$PWD/build/logs
 install_missing $BUILD_PACKAGES $BENCH_PACKAGES >&2
 # What is measured is what is installed: without assertions.
 cmake --preset release -B "$build" -DORCUSSCH_BENCH=ON -DORCUSSCH_TESTS=ON >&2
-targets="bench_engine bench_memory bench_records bench_saves bench_parents suitefiles"
-for optional in bench_model bench_desktop bench_map; do
+targets="bench_engine bench_memory bench_records bench_saves bench_parents bench_reports bench_report_rows suitefiles"
+for optional in bench_model bench_desktop bench_map bench_report_files; do
   cmake --build "$build" --target help | grep -q "^$optional:" && targets="$targets $optional"
 done
 # shellcheck disable=SC2086
@@ -65,5 +65,20 @@ for folder in $folders; do
   "$build/bin/bench_saves" "$copy"
   "$build/bin/bench_parents" "$copy" "$pairs" "$(basename "$folder")"
   rm -rf "$copy"
+done
+# Reports: labels and the queried copy over 100,000 customers, first pages and files over each company.
+labels=$records/labels
+rm -rf "$labels"
+mkdir -p "$labels"
+"$build/bin/suitefiles" create "$labels" --company 1 >&2
+"$build/bin/suitefiles" demo "$labels" --company 1 --customers 100000 >&2
+"$build/bin/bench_reports" "$labels" 3
+rm -rf "$labels"
+for folder in $folders; do
+  "$build/bin/bench_report_rows" "$folder" 3
+  [ -x "$build/bin/bench_report_files" ] || continue
+  written=$(mktemp -d)
+  QT_QPA_PLATFORM=offscreen "$build/bin/bench_report_files" "$folder" "$written" 3 2>/dev/null
+  rm -rf "$written"
 done
 exit 0

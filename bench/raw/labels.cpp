@@ -36,8 +36,8 @@ std::string_view LeftTrimmed(std::string_view text) {
 
 std::uint64_t SumFrom(Statement& sum) {
   sum.Step();
-  const std::uint64_t all = static_cast<std::uint64_t>(sum.Int(0)) * 31 + static_cast<std::uint64_t>(sum.Int(1)) * 7 +
-                            static_cast<std::uint64_t>(sum.Int(2));
+  const std::uint64_t all =
+      static_cast<std::uint64_t>(sum.Int(0)) * 31 + static_cast<std::uint64_t>(sum.Int(1)) * 7 + static_cast<std::uint64_t>(sum.Int(2));
   sum.Reset();
   return all;
 }
@@ -55,11 +55,12 @@ struct Labels::Statements {
         sum(db, std::string(sumOfLabels) + "f3.CustLabelTempRpt"),
         clearCustomers(db, "DELETE FROM f3.Customers"),
         copyInOrder(db, "INSERT INTO f3.Customers SELECT * FROM f1.Customers ORDER BY LastName, AcctNum"),
-        copy(db, "INSERT INTO f3.Customers SELECT * FROM f1.Customers"),
+        copyByColumns(db, "INSERT INTO f3.Customers SELECT * FROM f1.Customers WHERE AcctNum > 0"),
+        copyTable(db, "INSERT INTO f3.Customers SELECT * FROM f1.Customers"),
         copied(db, "SELECT count(*) FROM f3.Customers") {}
 
   sqlite3* db;
-  Statement clearLabels, customers, insert, sum, clearCustomers, copyInOrder, copy, copied;
+  Statement clearLabels, customers, insert, sum, clearCustomers, copyInOrder, copyByColumns, copyTable, copied;
 };
 
 Labels::Labels(Store& customers, const std::string& temporaryFile)
@@ -111,8 +112,10 @@ void Labels::ClearCustomers() {
   statements_->clearCustomers.Reset();
 }
 
-void Labels::Copy(bool ordered) {
-  Statement& copy = ordered ? statements_->copyInOrder : statements_->copy;
+void Labels::Copy(Way way) {
+  Statement& copy = way == Way::InOrder     ? statements_->copyInOrder
+                    : way == Way::ByColumns ? statements_->copyByColumns
+                                            : statements_->copyTable;
   copy.Step();
   copy.Reset();
 }

@@ -24,8 +24,10 @@ class Labels {
   std::uint64_t Sum();
 
   void ClearCustomers();
-  /// All customers in one statement, in the order of the list or in none.
-  void Copy(bool ordered);
+  /// How all customers are copied by one statement: in the order of the list; in none, column by column, as any copy of a query's
+  /// customers must be; in none and table to table, where the store moves whole records, which it does for no query.
+  enum class Way { InOrder, ByColumns, WholeTable };
+  void Copy(Way way);
   std::int64_t Copied();
 
  private:

@@ -2,7 +2,6 @@
 
 #include "maintenance/frmCustMain.h"
 #include "platform/values/convert.h"
-#include "records/fields.h"
 #include "reports/frmCustReports.h"
 #include "session/ModCustSch.h"
 #include "session/opened.h"
@@ -13,27 +12,47 @@ namespace orcussch {
 using platform::LTrim;
 using platform::RecordsetRef;
 using platform::Trim;
+using platform::Value;
 
 namespace {
 
-/// One part of a name, with the blank that sets the next one off.
-std::string NamePart(const RecordsetRef& Customer, const char* Field) {
-  const std::string Part = Trim(TextOf(Customer, Field));
-  return Part.empty() ? "" : Part + " ";
-}
+/// The fields of a customer that labels are made of, by their places in the rows: asked for once, read for each customer. A statement
+/// without one of them is refused.
+struct LabelSource {
+  explicit LabelSource(const RecordsetRef& Customer)
+      : rows(Customer),
+        AcctNum(Customer->FieldIndex("AcctNum")),
+        Name{Customer->FieldIndex("Title"), Customer->FieldIndex("FirstName"), Customer->FieldIndex("LastName")},
+        Lines{Customer->FieldIndex("Addr1"), Customer->FieldIndex("Addr2")},
+        Town{Customer->FieldIndex("City"), Customer->FieldIndex("State"), Customer->FieldIndex("Zip")} {}
+  std::string Text(int Field) const {
+    const Value value = rows->Field(Field);
+    return value.IsNull() ? "" : platform::CStr(value);
+  }
 
-std::string LabelName(const RecordsetRef& Customer) {
-  return NamePart(Customer, "Title") + NamePart(Customer, "FirstName") + Trim(TextOf(Customer, "LastName"));
+  RecordsetRef rows;
+  int AcctNum;
+  int Name[3];
+  int Lines[2];
+  int Town[3];
+};
+
+/// Each part with the blank that sets the next one off.
+std::string LabelName(const LabelSource& Customer) {
+  std::string Name;
+  for (const int Field : {Customer.Name[0], Customer.Name[1]})
+    if (const std::string Part = Trim(Customer.Text(Field)); !Part.empty()) Name += Part + " ";
+  return Name + Trim(Customer.Text(Customer.Name[2]));
 }
 
 /// The address without empty lines between; the line of the city is always there, if only with its comma.
 class AddressLines {
  public:
-  explicit AddressLines(const RecordsetRef& Customer) {
-    for (const char* Field : {"Addr1", "Addr2"})
-      if (const std::string Line = LTrim(TextOf(Customer, Field)); !Line.empty()) mLines[mCount++] = Line;
-    const auto Part = [&](const char* Field) { return LTrim(TextOf(Customer, Field)); };
-    mLines[mCount++] = Part("City") + ", " + Part("State") + " " + Part("Zip");
+  explicit AddressLines(const LabelSource& Customer) {
+    for (const int Field : Customer.Lines)
+      if (const std::string Line = LTrim(Customer.Text(Field)); !Line.empty()) mLines[mCount++] = Line;
+    const auto Part = [&](int i) { return LTrim(Customer.Text(Customer.Town[i])); };
+    mLines[mCount++] = Part(0) + ", " + Part(1) + " " + Part(2);
   }
   const std::string& operator[](std::size_t Line) const { return mLines[Line]; }
 
@@ -42,19 +61,33 @@ class AddressLines {
   std::size_t mCount = 0;
 };
 
-void AddLabel(const RecordsetRef& Labels, const RecordsetRef& Customer) {
-  const std::string Name = LabelName(Customer);
-  const AddressLines Address(Customer);
-  Labels->AddNew();
-  Labels->SetField("AcctNum", Customer->Field("AcctNum"));
-  Labels->SetField("Name", Name);
-  Labels->SetField("Address1", Address[0]);
-  Labels->SetField("Address2", Address[1]);
-  Labels->SetField("Address3", Address[2]);
-  // For the order alone.
-  for (const char* Field : {"City", "State", "Zip"}) Labels->SetField(Field, Trim(TextOf(Customer, Field)));
-  Labels->Update();
-}
+/// The table that the labels go into, its fields as above.
+class LabelTable {
+ public:
+  explicit LabelTable(const RecordsetRef& Labels) : mRows(Labels) {
+    int i = 0;
+    for (const char* Field : {"AcctNum", "Name", "Address1", "Address2", "Address3", "City", "State", "Zip"})
+      mFields[i++] = Labels->FieldIndex(Field);
+  }
+
+  void Add(const LabelSource& Customer) {
+    const std::string Name = LabelName(Customer);
+    const AddressLines Address(Customer);
+    mRows->AddNew();
+    int i = 0;
+    const auto Set = [&](const Value& value) { mRows->SetField(mFields[i++], value); };
+    Set(Customer.rows->Field(Customer.AcctNum));
+    Set(Name);
+    for (const std::size_t Line : {0U, 1U, 2U}) Set(Address[Line]);
+    // For the order alone.
+    for (const int Field : Customer.Town) Set(Trim(Customer.Text(Field)));
+    mRows->Update();
+  }
+
+ private:
+  RecordsetRef mRows;
+  int mFields[8] = {};
+};
 
 int Percent(int Done, int Total) {
   return std::min(100, static_cast<int>(platform::RoundHalfEven(static_cast<double>(Done) / static_cast<double>(Total) * 100)));
@@ -97,8 +130,11 @@ void frmCustReports::LoadLabels(bool& Failed) {
     const int Total = Customers->RecordCount();
     const Offered Stop(cmdStop);
     App().DoEvents();
+    if (StopAsked()) return;
+    const LabelSource Customer(Customers);
+    LabelTable Table(Labels);
     for (int Done = 1; !StopAsked() && !Customers->Bof(); ++Done) {
-      AddLabel(Labels, Customers);
+      Table.Add(Customer);
       ProgressBar1.Value(Percent(Done, Total));
       App().DoEvents();
       if (!StopAsked()) Customers->MovePrevious();

@@ -55,6 +55,7 @@ class RowList {
   /// Before this recordset writes: a list that reads on as it is walked settles which rows it has.
   virtual void Settle() {}
   // What this recordset itself has done.
+  /// The new row's place, good for KeyOf; the row itself may not have been read.
   virtual Place Added(const std::vector<std::int64_t>& keys) = 0;
   virtual void Changed(Place& place) = 0;
   virtual void Deleted(const Place& place) = 0;

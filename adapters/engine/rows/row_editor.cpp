@@ -70,23 +70,18 @@ std::vector<std::int64_t> RowEditor::Insert() {
   return keys;
 }
 
-// The row key that the new row has got.
-std::int64_t RowEditor::InsertRow(const ResolvedTable& table) {
+RowEditor::Insertion RowEditor::MakeInsertion(const ResolvedTable& table) const {
   const SelectPlan& plan = source_.Plan();
   const Dialect& dialect = source_.OwnDialect();
   std::string names;
   std::string places;
-  std::vector<const Value*> values;
-  const auto add = [&](const std::string& name, const Value* value) {
+  std::size_t count = 0;
+  const auto add = [&](const std::string& name) {
     names += (names.empty() ? "" : ", ") + name;
-    values.push_back(value);
-    places += (places.empty() ? "" : ", ") + dialect.Parameter(values.size());
+    places += (places.empty() ? "" : ", ") + dialect.Parameter(++count);
   };
-  Value counter;
-  if (counter_) {
-    counter = static_cast<std::int32_t>(*counter_);
-    add(table.rowKey, &counter);
-  }
+  if (HasCounter(table)) add(table.rowKey);
+  Insertion made;
   std::vector<int> taken;
   for (std::size_t i = 0; i < plan.columns.size(); ++i) {
     const PlanColumn& column = plan.columns[i];
@@ -94,16 +89,23 @@ std::int64_t RowEditor::InsertRow(const ResolvedTable& table) {
     if (field == nullptr || column.table != plan.driving || field->type == FieldType::Counter) continue;
     if (std::ranges::find(taken, column.field) != taken.end()) continue;  // shown twice
     taken.push_back(column.field);
-    add(dialect.Name(field->name), &values_[i]);
+    made.columns.push_back(i);
+    add(dialect.Name(field->name));
   }
-  std::string text = names.empty() ? "INSERT INTO " + table.storeName + " DEFAULT VALUES"
-                                   : "INSERT INTO " + table.storeName + " (" + names + ") VALUES (" + places + ")";
-  if (!counter_) text += " RETURNING " + table.rowKey;
-  Query query(source_.Store(), std::string_view(text));
-  for (std::size_t i = 0; i < values.size(); ++i) query.Bind(static_cast<int>(i) + 1, *values[i]);
-  std::int64_t rowKey = counter_.value_or(0);
-  while (query.Step()) rowKey = query.Int(0);
-  return rowKey;
+  made.sql.text = names.empty() ? "INSERT INTO " + table.storeName + " DEFAULT VALUES"
+                                : "INSERT INTO " + table.storeName + " (" + names + ") VALUES (" + places + ")";
+  return made;
+}
+
+// The row key that the new row has got. Tables are filled row by row, so the statement is kept.
+std::int64_t RowEditor::InsertRow(const ResolvedTable& table) {
+  if (!insertion_) insertion_ = MakeInsertion(table);
+  Query query(source_.Store(), insertion_->sql);
+  int parameter = 0;
+  if (counter_) query.Bind(++parameter, *counter_);
+  for (const std::size_t column : insertion_->columns) query.BindInPlace(++parameter, values_[column]);
+  query.Run();
+  return counter_ ? *counter_ : query.AddedRow();
 }
 
 // In a join the new row belongs to the rows of the other tables that it now meets.

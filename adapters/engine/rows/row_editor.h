@@ -35,6 +35,12 @@ class RowEditor {
   void Delete(const Place& row);
 
  private:
+  /// The statement that adds a row to the driving table, and the columns that it binds, in their order behind the Counter's.
+  struct Insertion {
+    SqlText sql;
+    std::vector<std::size_t> columns;
+  };
+  Insertion MakeInsertion(const ResolvedTable& table) const;
   std::int64_t InsertRow(const ResolvedTable& table);
   std::vector<std::int64_t> KeysOfNewRow(std::int64_t driving);
   void WriteTable(std::size_t table);
@@ -45,6 +51,7 @@ class RowEditor {
   std::vector<bool> assigned_;
   std::vector<std::int64_t> keys_;
   std::optional<std::int64_t> counter_;
+  std::optional<Insertion> insertion_;
 };
 
 }  // namespace engine

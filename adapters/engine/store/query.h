@@ -37,11 +37,17 @@ class Query {
   void Bind(int parameter, const platform::Value& value);
 
   bool Step() { return statement_->Step(); }
+  /// The same for a value that stays where it is until the run has ended.
+  void BindInPlace(int parameter, const platform::Value& value) {
+    value.IsText() ? statement_->BindInPlace(parameter, value.As<std::string>()) : Bind(parameter, value);
+  }
+
   /// Runs it to its end.
   void Run();
   /// Makes it ready for another run; bindings stay.
   void Again() { statement_->Reset(); }
   std::int64_t Changed() const { return statement_->Changed(); }
+  std::int64_t AddedRow() const { return statement_->AddedRow(); }
 
   bool IsNull(int column) const { return statement_->IsNull(column); }
   std::int64_t Int(int column) const { return statement_->Int(column); }

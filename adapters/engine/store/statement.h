@@ -35,6 +35,8 @@ class Statement {
   virtual void Bind(int parameter, std::int64_t number) = 0;
   virtual void Bind(int parameter, double number) = 0;
   virtual void Bind(int parameter, std::string_view text) = 0;
+  /// The same for a text that stays where it is until the run has ended: it need not be copied.
+  virtual void BindInPlace(int parameter, std::string_view text) { Bind(parameter, text); }
 
   /// True when there is a row.
   virtual bool Step() = 0;
@@ -42,6 +44,8 @@ class Statement {
   virtual void Reset() noexcept = 0;
   /// Rows that the run, now at its end, has written.
   virtual std::int64_t Changed() const = 0;
+  /// The row key of the row that the run, an INSERT of one row that is now at its end, has added.
+  virtual std::int64_t AddedRow() const = 0;
 
   virtual bool IsNull(int column) const = 0;
   virtual std::int64_t Int(int column) const = 0;

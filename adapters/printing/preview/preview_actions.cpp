@@ -140,7 +140,9 @@ void PreviewWindow::MakeToolBar() {
   findEdit_->setAccessibleName(tr("Find"));
   findEdit_->setPlaceholderText(tr("Find"));
   findEdit_->setClearButtonEnabled(true);
-  findEdit_->setFixedWidth(letter * 24);
+  // Where the window is narrow it gives way, so that no command behind it falls off the bar.
+  findEdit_->setMinimumWidth(letter * 12);
+  findEdit_->setMaximumWidth(letter * 24);
   connect(findEdit_, &QLineEdit::returnPressed, this,
           [this] { Find((QGuiApplication::keyboardModifiers() & Qt::ShiftModifier) == Qt::NoModifier); });
   connect(findEdit_, &QLineEdit::textChanged, this, [this](const QString& text) {

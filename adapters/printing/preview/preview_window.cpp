@@ -21,6 +21,8 @@ constexpr std::int64_t kSliceMs = 8;
 /// How long the first page may be waited for before the window shows without it.
 constexpr std::int64_t kFirstPageMs = 2000;
 constexpr int kBusyPauseMs = 40;
+/// How long laying out goes on before the window tells how much is left: to count the rows of a long table means to read through it.
+constexpr std::int64_t kCountAfterMs = 1000;
 constexpr double kLargestAtFirst = 1.25;
 
 }  // namespace
@@ -78,6 +80,7 @@ void PreviewWindow::Open() {
   view_->setFocus();
   raise();
   activateWindow();
+  opened_.start();
   ShowPlace();
   ShowZoom();
 }
@@ -172,7 +175,8 @@ void PreviewWindow::ShowPlace() {
   } else if (complete_) {
     progress_->clear();
   } else {
-    const std::int64_t all = run_->RowsInAll();
+    const bool lasts = opened_.isValid() && opened_.hasExpired(kCountAfterMs);
+    const std::int64_t all = lasts ? run_->RowsInAll() : -1;
     progress_->setText(all > 0 ? tr("%L1 of %L2 rows laid out").arg(run_->RowsDone()).arg(all)
                                : tr("%L1 rows laid out").arg(run_->RowsDone()));
   }

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -75,6 +76,7 @@ class PreviewWindow final : public QMainWindow {
   PreviewDialogs dialogs_;
   TextSearch search_;
   QTimer idle_;
+  QElapsedTimer opened_;
   PageView* view_ = nullptr;
   Thumbnails* thumbnails_ = nullptr;
   QLineEdit* pageEdit_ = nullptr;

@@ -84,6 +84,10 @@ void KeepSettings(const BackupPlan& plan, const DataFolder& folder, const std::s
   for (const auto& [name, content] : plan.Settings()) WriteFile(staging + "/" + name, content);
 }
 
+void KeepLibrary(const BackupPlan& plan, const DataFolder& folder, const std::string& staging) {
+  for (const std::string& name : plan.Library()) CopyFile(folder.Path() + "/" + name, staging + "/" + name);
+}
+
 }  // namespace
 
 int RunBackup(const std::vector<std::string>& words, const Console& console) {
@@ -98,11 +102,12 @@ int RunBackup(const std::vector<std::string>& words, const Console& console) {
   Copier copier(console, target, staging.Path(), Through(line, target));
   for (const auto& file : plan.Files()) copier.Copy(file, plan);
   KeepSettings(plan, folder, staging.Path());
+  KeepLibrary(plan, folder, staging.Path());
   staging.MoveToTarget();
 
   for (const std::string& sentence : plan.Sentences()) console.out << sentence << ".\n";
   for (const std::string& sentence : copier.Left()) console.out << sentence << ".\n";
-  console.out << plan.Files().size() << " files copied to " << target << ".\n";
+  console.out << plan.Files().size() << " data files copied to " << target << ".\n";
   return kDone;
 }
 

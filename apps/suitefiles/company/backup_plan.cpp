@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "platform/values/text.h"
+#include "suitefiles/company/report_files.h"
 #include "suitefiles/program/command_line.h"
 
 namespace suitefiles {
@@ -23,9 +24,12 @@ std::string List(const std::vector<std::string>& words) {
 
 }  // namespace
 
-BackupPlan::BackupPlan(const DataFolder& folder, std::string target) : target_(std::move(target)), companies_(folder.Companies()) {
+BackupPlan::BackupPlan(const DataFolder& folder, std::string target)
+    : target_(std::move(target)), companies_(folder.Companies()), library_(LibraryFilesIn(folder.Path())) {
   PlanDats(folder);
   for (const int company : companies_) PlanCompany(folder, company);
+  if (!library_.empty())
+    sentences_.push_back("the library's folder: " + std::to_string(library_.size()) + " report files and the like copied");
   TellWhatIsLeft(folder);
 }
 

@@ -26,6 +26,8 @@ class BackupPlan {
   const std::vector<File>& Files() const { return files_; }
   /// Settings files that the copy needs, by name: a company with a dat.zdb of its own keeps one.
   const std::vector<std::pair<std::string, std::string>>& Settings() const { return settings_; }
+  /// Files of the library's folder, by name: without an office's reports the copy would not print what the original prints.
+  const std::vector<std::string>& Library() const { return library_; }
   /// What is copied and what is left.
   const std::vector<std::string>& Sentences() const { return sentences_; }
 
@@ -42,6 +44,7 @@ class BackupPlan {
   std::vector<int> companies_;
   std::vector<File> files_;
   std::vector<std::pair<std::string, std::string>> settings_;
+  std::vector<std::string> library_;
   std::vector<std::string> sentences_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -9,6 +10,7 @@
 #include <map>
 #include <sstream>
 
+#include "platform/values/text.h"
 #include "suitefiles/company/pin_picture.h"
 #include "suitefiles/program/command_line.h"
 
@@ -101,6 +103,21 @@ PutReports PutReportFiles(const std::string& folder) {
   }
   if (now != before) WriteRecord(record, now);
   return put;
+}
+
+std::vector<std::string> LibraryFilesIn(const std::string& folder) {
+  std::vector<std::string> delivered{kRecord};
+  for (const ReportFile& file : LibraryFiles()) delivered.push_back(file.name);
+  std::vector<std::string> names;
+  std::error_code problem;
+  for (fs::directory_iterator entry(folder, problem), end; !problem && entry != end; entry.increment(problem)) {
+    const std::string name = entry->path().filename().string();
+    const bool ours =
+        platform::EqualsNoCase(entry->path().extension().string(), ".rpt") || std::ranges::find(delivered, name) != delivered.end();
+    if (ours && entry->symlink_status().type() == fs::file_type::regular) names.push_back(name);
+  }
+  std::ranges::sort(names);
+  return names;
 }
 
 std::string Told(const PutReports& put) {

@@ -28,6 +28,10 @@ struct PutReports {
 /// somebody else put there, is never written over; "reports.delivered" keeps what was put, by name and checksum.
 PutReports PutReportFiles(const std::string& folder);
 
+/// Names of all files of that kind in a folder: report files, the office's own too, what else is delivered, and the record of it. Links
+/// are none: no report is read through one.
+std::vector<std::string> LibraryFilesIn(const std::string& folder);
+
 /// "25 files of the library added" and so on, a line each, nothing when all stood there as delivered.
 std::string Told(const PutReports& put);
 

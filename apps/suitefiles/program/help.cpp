@@ -90,10 +90,10 @@ empty.
 
 The copy is a folder of companies of its own: the links of each customer.zdb
 lead to the files beside it, also when the folder is moved. To restore it, copy
-it to a local disk, or back it up into a new folder. The settings files go along
-under the name orv<N>.ini.saved, as the paths in them name the originals; a
-company whose dat.zdb is not that of the others gets an orv<N>.ini that names
-its copy.
+it to a local disk, or back it up into a new folder. All report files of DIR go
+along, changed ones and the office's own too. The settings files are kept under
+the name orv<N>.ini.saved, as the paths in them name the originals; a company
+whose dat.zdb is not that of the others gets an orv<N>.ini that names its copy.
 
   --through FOLDER  makes each copy in this local folder and then writes it to
                     TARGET (the system's folder for temporary files, when TARGET

@@ -99,6 +99,10 @@ const std::vector<Clerk::Kind>& Clerk::AllKinds() {
       {"tax rate renamed in the list", &Clerk::RenameTaxRateInTheList},
       {"tax rate deleted", &Clerk::DeleteTaxRate},
       {"options saved", &Clerk::SaveOptions},
+      {"report renamed in the catalogue", &Clerk::RenameReport},
+      {"report's name brought back", &Clerk::RestoreReportName},
+      {"labels made", &Clerk::MakeLabels},
+      {"report run over a query", &Clerk::RunOverAQuery},
   };
   return kinds;
 }

@@ -44,6 +44,9 @@ struct Operation {
 /// changed or deleted, cell changed, box ticked | the row | | type, word added | the list's row; with the box the customer's row | | boxes
 /// ticked together, percentage applied | one for each row, in the list's order | | all departments added | all rows at once |
 ///
+/// In the catalogue of reports an act is the row; runs write the user's temporary file alone, and what a killed one has left there is
+/// in no later one's way.
+///
 /// On the setup screens and with the user's options an act is the row alone; a new map code, tax type, entity or rate takes its
 /// number first.
 ///
@@ -154,6 +157,14 @@ class Clerk {
 
   // clerk_options.cpp
   std::optional<Operation> SaveOptions();
+
+  // clerk_reports.cpp
+  std::optional<Operation> RenameReport();
+  std::optional<Operation> RestoreReportName();
+  std::optional<Operation> MakeLabels();
+  std::optional<Operation> RunOverAQuery();
+  /// A report of the catalogue gets that name.
+  std::optional<Operation> NameReport(const std::string& key, const std::string& name);
 
   // What all kinds use.
   using Rows = std::map<std::string, Row>;

@@ -71,7 +71,7 @@ class ScreenKillTest {
   }
 
  private:
-  static constexpr int kFirstActs = 60;
+  static constexpr int kFirstActs = 70;
   static constexpr std::size_t kActsOfAVictim = 24;
   static constexpr int kRoundsBetweenClearings = 25;
 

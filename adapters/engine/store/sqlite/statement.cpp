@@ -60,6 +60,9 @@ void SqliteStatement::Bind(int parameter, double number) { sqlite3_bind_double(s
 void SqliteStatement::Bind(int parameter, std::string_view text) {
   sqlite3_bind_text64(statement_, parameter, text.data() == nullptr ? "" : text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
+void SqliteStatement::BindInPlace(int parameter, std::string_view text) {
+  sqlite3_bind_text64(statement_, parameter, text.data() == nullptr ? "" : text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
+}
 
 bool SqliteStatement::Step() {
   const int code = stepped_ ? sqlite3_step(statement_) : FirstStep();
@@ -95,6 +98,7 @@ void SqliteStatement::Reset() noexcept {
 }
 
 std::int64_t SqliteStatement::Changed() const { return sqlite3_changes64(sqlite3_db_handle(statement_)); }
+std::int64_t SqliteStatement::AddedRow() const { return sqlite3_last_insert_rowid(sqlite3_db_handle(statement_)); }
 
 bool SqliteStatement::IsNull(int column) const { return sqlite3_column_type(statement_, column) == SQLITE_NULL; }
 std::int64_t SqliteStatement::Int(int column) const { return sqlite3_column_int64(statement_, column); }

@@ -35,9 +35,11 @@ class SqliteStatement final : public Statement {
   void Bind(int parameter, std::int64_t number) override;
   void Bind(int parameter, double number) override;
   void Bind(int parameter, std::string_view text) override;
+  void BindInPlace(int parameter, std::string_view text) override;
   bool Step() override;
   void Reset() noexcept override;
   std::int64_t Changed() const override;
+  std::int64_t AddedRow() const override;
   bool IsNull(int column) const override;
   std::int64_t Int(int column) const override;
   std::optional<std::string_view> Text(int column) const override;

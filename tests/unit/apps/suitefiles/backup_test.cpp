@@ -1,12 +1,19 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
+#include "suitefiles/company/report_files.h"
 #include "unit/apps/suitefiles/company_links.h"
 #include "unit/apps/suitefiles/program_runner.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+
+/// What a backup says of a library's folder as it is delivered.
+std::string LibraryLine() {
+  const std::size_t delivered = suitefiles::LibraryFiles().size() + 1;  // and the record of them
+  return "the library's folder: " + std::to_string(delivered) + " report files and the like copied.\n";
+}
 
 TEST(Backup, CopiesEveryCompany) {
   const TemporaryFolder folder;
@@ -18,9 +25,8 @@ TEST(Backup, CopiesEveryCompany) {
   EXPECT_EQ(outcome.out, "dat.zdb of company 1, 2: copied from " + folder / "a/dat.zdb.\n" +
                              "company 1: customer.zdb, artrans.zdb, GL.zdb, flatrate.zdb copied.\n"
                              "company 2: customer.zdb, artrans.zdb, GL.zdb, flatrate.zdb copied.\n"
-                             "company 2: its settings are kept as orv2.ini.saved.\n"
-                             "9 files copied to " +
-                             folder / "copy.\n");
+                             "company 2: its settings are kept as orv2.ini.saved.\n" +
+                             LibraryLine() + "9 data files copied to " + folder / "copy.\n");
   EXPECT_EQ(RunSuitefiles({"check", folder / "copy"}).status, 0);
   EXPECT_EQ(Select(folder / "copy/data/orv1/customer.zdb", "Customers"), Select(folder / "a/data/orv1/customer.zdb", "Customers"));
   EXPECT_EQ(ReadAll(folder / "copy/orv2.ini.saved"), "[Databases]\n");
@@ -48,9 +54,31 @@ TEST(Backup, SaysWhatItLeaves) {
   EXPECT_EQ(outcome.out, "dat.zdb of company 1, 2, 3: copied from " + folder / "a/dat.zdb.\n" +
                              "company 1: customer.zdb, artrans.zdb, GL.zdb, flatrate.zdb copied.\n"
                              "company 2: customer.zdb, artrans.zdb, GL.zdb copied; left: flatrate.zdb (there is no " +
-                             folder / "a/data/orv2/flatrate.zdb).\ncompany 3: left, it has no files.\n" +
+                             folder / "a/data/orv2/flatrate.zdb).\ncompany 3: left, it has no files.\n" + LibraryLine() +
                              folder / "a/data/orv1/GL-1999.zdb: left, no company works with it.\n" +
-                             folder / "a/orvTEMP: left, the users' temporary files.\n8 files copied to " + folder / "copy.\n");
+                             folder / "a/orvTEMP: left, the users' temporary files.\n8 data files copied to " + folder / "copy.\n");
+}
+
+// The copy prints what the original prints.
+TEST(Backup, TakesTheReportFilesAlong) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(RunSuitefiles({"create", folder / "a", "--company", "1"}).status, 0);
+  folder.Write("a/ARHead.Rpt", "report 1 part\n# our letterhead\n");
+  folder.Write("a/OURS.rpt", "report 1\n");
+  folder.Write("a/notes.txt", "x");
+  folder.Write("secret", "x");
+  fs::create_symlink(folder / "secret", folder / "a/Link.Rpt");
+  fs::create_directories(folder / "a/Folder.Rpt");
+  ASSERT_EQ(RunSuitefiles({"backup", folder / "a", folder / "copy"}).status, 0);
+  EXPECT_EQ(ReadAll(folder / "copy/ARHead.Rpt"), "report 1 part\n# our letterhead\n");
+  EXPECT_EQ(ReadAll(folder / "copy/OURS.rpt"), "report 1\n");
+  EXPECT_EQ(ReadAll(folder / "copy/ARCusLst.Rpt"), ReadAll(folder / "a/ARCusLst.Rpt"));
+  EXPECT_TRUE(fs::exists(folder / "copy/pushblue.bmp"));
+  for (const char* left : {"notes.txt", "Link.Rpt", "Folder.Rpt"}) EXPECT_FALSE(fs::exists(folder / (std::string("copy/") + left))) << left;
+  // What was changed stays known as changed, what was delivered as delivered.
+  const auto upgraded = suitefiles::PutReportFiles(folder / "copy");
+  EXPECT_EQ(upgraded.left, std::vector<std::string>{"ARHead.Rpt"});
+  EXPECT_TRUE(upgraded.added.empty());
 }
 
 // As the programs do: by the default path of a settings file, dat.zdb too.

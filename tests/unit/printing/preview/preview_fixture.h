@@ -51,7 +51,10 @@ class MadeUpRun final : public PreviewRun {
   }
   const PageSpool& Pages() const override { return pages_; }
   std::int64_t RowsDone() const override { return layout_.Records(); }
-  std::int64_t RowsInAll() override { return rows_.Count(); }
+  std::int64_t RowsInAll() override {
+    ++counted;
+    return rows_.Count();
+  }
   void Export(DetailSink& sink, const Progress& progress) override {
     MadeUpRows again = Numbered(static_cast<int>(rows_.Count()));
     MadeUpValues values(report_, again);
@@ -61,6 +64,7 @@ class MadeUpRun final : public PreviewRun {
   }
 
   static inline int advanced = 0;
+  static inline int counted = 0;
   static inline bool slow = false;  ///< an export never ends by itself
 
  private:
@@ -76,6 +80,7 @@ class Preview : public testing::Test {
  protected:
   Preview() : previews([this] { return busy; }) {
     MadeUpRun::advanced = 0;
+    MadeUpRun::counted = 0;
     previews.dialogs.tell = [this](QWidget&, const QString& text) { told << text; };
   }
 

@@ -22,6 +22,18 @@ TEST_F(Preview, WaitsWhileOtherWorkIsUnderWay) {
   Finish();
 }
 
+TEST_F(Preview, CountsTheRowsOnlyWhereLayingOutLastsLong) {
+  busy = true;
+  Open(40'000);
+  EXPECT_EQ(MadeUpRun::counted, 0) << "the first page waited for it";
+  const auto* progress = window->findChild<QLabel*>("previewProgress");
+  EXPECT_EQ(progress->text(), "5 rows laid out");
+  QTest::qWait(1100);
+  busy = false;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return MadeUpRun::counted > 0 || window->Complete(); }));
+  EXPECT_TRUE(progress->text().endsWith(" of 40,000 rows laid out")) << progress->text().toStdString();
+}
+
 TEST_F(Preview, GoesThroughItsPagesByKeys) {
   Open(40);
   Finish();

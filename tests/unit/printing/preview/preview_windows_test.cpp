@@ -1,3 +1,6 @@
+#include <QToolBar>
+#include <QToolButton>
+
 #include "unit/printing/preview/preview_fixture.h"
 
 namespace printing_test {
@@ -97,6 +100,22 @@ TEST_F(Preview, ClosedInTheMiddleOfAnExportStopsIt) {
   EXPECT_FALSE(QFile::exists(folder.filePath("out.csv")));
   QApplication::processEvents();
   EXPECT_EQ(previews.Count(), 0U);
+}
+
+// On a screen of 1920 points at double size, and on any larger one.
+TEST_F(Preview, AllCommandsStandOnTheBar) {
+  Open(4);
+  for (const int width : {960, 1024, 1600}) {
+    window->resize(width, 700);
+    QApplication::processEvents();
+    auto* bar = window->findChild<QToolBar*>("previewBar");
+    for (QAction* action : bar->actions()) {
+      const QWidget* shown = bar->widgetForAction(action);
+      EXPECT_TRUE(shown->isVisible()) << width << ": " << action->objectName().toStdString();
+      EXPECT_LE(shown->geometry().right(), bar->width()) << width << ": " << action->objectName().toStdString();
+    }
+    EXPECT_FALSE(bar->findChild<QToolButton*>("qt_toolbar_ext_button")->isVisible()) << width;
+  }
 }
 
 TEST_F(Preview, PaperIsWhiteOnADarkDesk) {

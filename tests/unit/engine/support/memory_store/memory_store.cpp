@@ -49,7 +49,8 @@ class MemoryStatement final : public engine::Statement {
     at_ = 0;
     rows_.clear();
   }
-  std::int64_t Changed() const override { return changed_; }
+  std::int64_t Changed() const override { return written_.rows; }
+  std::int64_t AddedRow() const override { return written_.added; }
 
   bool IsNull(int column) const override { return memory_store::IsNull(Cell(column)); }
   std::int64_t Int(int column) const override {
@@ -75,7 +76,7 @@ class MemoryStatement final : public engine::Statement {
       rows_ = RunSelect(*select_, parameters_);
       return;
     }
-    changed_ = RunWrite(*write_, parameters_, rows_);
+    written_ = RunWrite(*write_, parameters_);
     store_.CountWrite(*write_->file);
   }
   const StoredValue& Cell(int column) const { return rows_.at(at_ - 1).at(static_cast<std::size_t>(column)); }
@@ -86,7 +87,7 @@ class MemoryStatement final : public engine::Statement {
   std::vector<StoredValue> parameters_;
   Rows rows_;
   std::size_t at_ = 0;  ///< rows delivered
-  std::int64_t changed_ = 0;
+  Written written_;
   bool ran_ = false;
 };
 

@@ -64,11 +64,9 @@ void ParseInsert(Tokens& tokens, const Disk& disk, Write& write) {
     }
     tokens.NeedSign(")");
   }
-  write.tellsKey = tokens.TakeWord("RETURNING");
-  if (write.tellsKey) tokens.NeedName();
 }
 
-void Insert(const Write& write, const std::vector<StoredValue>& parameters, Rows& rows) {
+std::int64_t Insert(const Write& write, const std::vector<StoredValue>& parameters) {
   Table& table = *write.from.table;
   std::vector<StoredValue> cells(table.definition.fields.size());
   std::int64_t key = std::max(table.lastNumber, table.rows.empty() ? 0 : table.rows.rbegin()->first) + 1;
@@ -81,7 +79,7 @@ void Insert(const Write& write, const std::vector<StoredValue>& parameters, Rows
   CheckKeys(table, key, cells);
   table.lastNumber = std::max(table.lastNumber, key);
   table.rows.emplace(key, std::move(cells));
-  if (write.tellsKey) rows.push_back({key});
+  return key;
 }
 
 }  // namespace
@@ -112,11 +110,8 @@ Write ParseWrite(Tokens& tokens, const Disk& disk) {
   return write;
 }
 
-std::int64_t RunWrite(const Write& write, const std::vector<StoredValue>& parameters, Rows& rows) {
-  if (write.kind == Write::Kind::Insert) {
-    Insert(write, parameters, rows);
-    return 1;
-  }
+Written RunWrite(const Write& write, const std::vector<StoredValue>& parameters) {
+  if (write.kind == Write::Kind::Insert) return {1, Insert(write, parameters)};
   Table& table = *write.from.table;
   std::vector<std::int64_t> keys;
   for (const auto& [key, cells] : table.rows)
@@ -132,7 +127,7 @@ std::int64_t RunWrite(const Write& write, const std::vector<StoredValue>& parame
     CheckKeys(table, key, cells);
     table.rows.at(key) = std::move(cells);
   }
-  return static_cast<std::int64_t>(keys.size());
+  return {static_cast<std::int64_t>(keys.size()), 0};
 }
 
 }  // namespace memory_store

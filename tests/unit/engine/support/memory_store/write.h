@@ -18,12 +18,15 @@ struct Write {
   };
   std::vector<Setting> settings;
   Expression where;
-  bool tellsKey = false;  ///< RETURNING the row key
 };
 
 bool BeginsWrite(const Tokens& tokens);
 Write ParseWrite(Tokens& tokens, const Disk& disk);
-/// Rows written; the row keys of an INSERT that tells them in `rows`. A unique index violated: 3022; Null in a primary key: 3058.
-std::int64_t RunWrite(const Write& write, const std::vector<StoredValue>& parameters, Rows& rows);
+struct Written {
+  std::int64_t rows = 0;
+  std::int64_t added = 0;  ///< row key of an INSERT's row
+};
+/// A unique index violated: 3022; Null in a primary key: 3058.
+Written RunWrite(const Write& write, const std::vector<StoredValue>& parameters);
 
 }  // namespace memory_store

@@ -3,7 +3,7 @@
 
 #include <random>
 
-#include "engine/store/postgres/text/key_function.h"
+#include "engine/store/postgres/schema/key_function.h"
 #include "engine/store/postgres/text/like_regex.h"
 #include "engine/store/postgres/wording/names.h"
 #include "engine/text/text_order.h"

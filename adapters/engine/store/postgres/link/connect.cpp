@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 
+#include "engine/store/postgres/wording/names.h"
+
 namespace engine::postgres {
 namespace {
 
@@ -14,10 +16,21 @@ struct CloseConnection {
 };
 using Opened = std::unique_ptr<PGconn, CloseConnection>;
 
-std::string SessionOptions(const Patience& patience) {
-  // Filters are planned with their values: a plan for any value may look at all rows. Names without a schema are the server's own.
-  return "-c lock_timeout=" + std::to_string(patience.lock) +
-         " -c search_path=pg_catalog -c plan_cache_mode=force_custom_plan -c jit=off -c client_min_messages=warning"
+// Blanks part the options; a backslash takes that from them.
+std::string AsOneOption(std::string_view text) {
+  std::string option;
+  for (const char c : text) {
+    if (c == ' ' || c == '\\') option += '\\';
+    option += c;
+  }
+  return option;
+}
+
+std::string SessionOptions(const Target& target, const Patience& patience) {
+  // Filters are planned with their values: a plan for any value may look at all rows. Names without a schema are the server's own, and
+  // behind these the functions of the first file: all files of a database have the same ones.
+  return "-c lock_timeout=" + std::to_string(patience.lock) + " -c search_path=pg_catalog," + AsOneOption(QuoteName(target.schema)) +
+         " -c plan_cache_mode=force_custom_plan -c jit=off -c client_min_messages=warning"
          " -c default_transaction_isolation=read\\ committed -c DateStyle=ISO -c IntervalStyle=postgres -c bytea_output=hex";
 }
 
@@ -42,7 +55,7 @@ std::vector<Host> HostsOf(const Target& target) {
 }
 
 Opened Start(const Host& host, const Target& target, const Patience& patience, bool oneOfMany) {
-  const std::string options = SessionOptions(patience);
+  const std::string options = SessionOptions(target, patience);
   // Of several servers one takes writes.
   const char* const attributes = oneOfMany ? "read-write" : "any";
   constexpr std::array<const char*, 8> names{"host", "port", "dbname", "options", "client_encoding", "application_name", "target_session_attrs", nullptr};

@@ -2,7 +2,8 @@
 
 #include "engine/store/postgres/schema/definitions.h"
 #include "engine/store/postgres/schema/field_words.h"
-#include "engine/store/postgres/text/key_function.h"
+#include "engine/store/postgres/schema/key_function.h"
+#include "engine/store/postgres/wording/key_columns.h"
 #include "engine/store/postgres/wording/names.h"
 #include "engine/store/store.h"
 #include "engine/text/text_order.h"
@@ -32,10 +33,6 @@ bool InPrimary(const TableDefinition& table, const std::string& field) {
   return std::ranges::any_of(table.indexes, [&](const IndexDefinition& index) { return index.primary && Has(index, field); });
 }
 
-bool IsIndexed(const TableDefinition& table, const std::string& field) {
-  return std::ranges::any_of(table.indexes, [&](const IndexDefinition& index) { return Has(index, field); });
-}
-
 const FieldDefinition& FieldOf(const TableDefinition& table, const std::string& name) {
   return *std::ranges::find_if(table.fields, [&](const FieldDefinition& field) { return EqualsNoCase(field.name, name); });
 }
@@ -55,17 +52,10 @@ std::string FieldText(std::string_view schema, const TableDefinition& table, con
   return text;
 }
 
-// The column of a text's key: in full for indexes; of others only where it isn't the text in small letters.
-std::string KeyText(std::string_view schema, const TableDefinition& table, const FieldDefinition& field) {
+std::string KeyText(std::string_view schema, KeyColumn column, const FieldDefinition& field) {
   const std::string key = Own(schema, kTextKeyFunction) + '(' + QuoteName(field.name) + ')';
-  const bool full = IsIndexed(table, field.name);
-  const std::string name = std::string(full ? kFullKeyLead : kSparseKeyLead) + field.name;
-  const std::string made = full ? key : "nullif(" + key + ", lower(" + QuoteName(field.name) + " COLLATE \"C\"))";
-  return QuoteName(name) + " text COLLATE \"C\" GENERATED ALWAYS AS (" + made + ") STORED";
-}
-
-bool HasKey(const TableDefinition& table, const FieldDefinition& field) {
-  return field.type == FieldType::Text || (field.type == FieldType::Memo && IsIndexed(table, field.name));
+  const std::string made = column == KeyColumn::Full ? key : "nullif(" + key + ", lower(" + QuoteName(field.name) + " COLLATE \"C\"))";
+  return QuoteName(NameOf(column, field.name)) + " text COLLATE \"C\" GENERATED ALWAYS AS (" + made + ") STORED";
 }
 
 std::string IndexText(std::string_view schema, const TableDefinition& table, const IndexDefinition& index) {
@@ -75,8 +65,8 @@ std::string IndexText(std::string_view schema, const TableDefinition& table, con
   text += QuoteName(IndexName(table.name, index.name)) + " ON " + Own(schema, table.name) + " (";
   for (const std::string& name : index.fields) {
     const FieldDefinition& field = FieldOf(table, name);
-    const std::string column = HasKey(table, field) ? std::string(kFullKeyLead) + field.name : field.name;
-    text += QuoteName(column) + " NULLS FIRST, ";
+    const KeyColumn key = KeyColumnOf(table, field);
+    text += QuoteName(key == KeyColumn::None ? field.name : NameOf(key, field.name)) + " NULLS FIRST, ";
   }
   // Rows with equal keys stand in the order of their row keys. One on the row key itself is kept in name only.
   if (unique)
@@ -113,7 +103,7 @@ std::string CreateTableText(std::string_view schema, const TableDefinition& tabl
   if (CounterOf(table) == nullptr) columns.push_back(QuoteName(kHiddenKey) + " bigint" + NumberedBy(schema, table));
   for (const FieldDefinition& field : table.fields) columns.push_back(FieldText(schema, table, field));
   for (const FieldDefinition& field : table.fields)
-    if (HasKey(table, field)) columns.push_back(KeyText(schema, table, field));
+    if (const KeyColumn key = KeyColumnOf(table, field); key != KeyColumn::None) columns.push_back(KeyText(schema, key, field));
   std::string text = "CREATE TABLE " + Own(schema, table.name) + " (";
   for (std::size_t i = 0; i < columns.size(); ++i) text += (i == 0 ? "" : ", ") + columns[i];
   return text + ")";

@@ -3,6 +3,7 @@
 #include "engine/store/postgres/schema/definitions.h"
 #include "engine/store/postgres/schema/field_words.h"
 #include "engine/store/postgres/values/stored_text.h"
+#include "engine/store/postgres/wording/key_columns.h"
 #include "engine/store/postgres/wording/names.h"
 #include "engine/store/query.h"
 #include "engine/store/store.h"
@@ -91,10 +92,6 @@ std::vector<ReadTable> ReadColumns(Channel& channel, std::string_view schema) {
   return tables;
 }
 
-std::string FieldOfColumn(std::string_view column) {
-  return std::string(column.starts_with(kFullKeyLead) ? column.substr(kFullKeyLead.size()) : column);
-}
-
 // Behind the fields of an index that isn't unique stands the row key.
 void EndIndex(ReadTable& table) {
   if (table.definition.indexes.empty()) return;
@@ -126,7 +123,7 @@ void ReadIndexes(Channel& channel, std::string_view schema, std::vector<ReadTabl
       index.unique = query.Int(2) != 0;
       table->definition.indexes.push_back(std::move(index));
     }
-    if (table != tables.end()) table->definition.indexes.back().fields.push_back(FieldOfColumn(query.Text(3)));
+    if (table != tables.end()) table->definition.indexes.back().fields.emplace_back(FieldOfColumn(query.Text(3)));
   }
   if (table != tables.end()) EndIndex(*table);
 }

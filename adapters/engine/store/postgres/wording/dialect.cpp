@@ -1,6 +1,37 @@
 #include "engine/store/postgres/wording/dialect.h"
 
+#include "engine/store/postgres/text/like_regex.h"
+#include "engine/store/postgres/text/text_key.h"
+#include "engine/store/postgres/wording/key_columns.h"
+#include "engine/store/postgres/wording/names.h"
+
 namespace engine::postgres {
+namespace {
+
+std::string FieldKey(const platform::TableDefinition& table, const platform::FieldDefinition& field, std::string_view alias) {
+  const std::string owner = std::string(alias) + '.';
+  const KeyColumn column = KeyColumnOf(table, field);
+  switch (column) {
+    case KeyColumn::Full:
+      return owner + QuoteName(NameOf(column, field.name));
+    case KeyColumn::Sparse:
+      return "coalesce(" + owner + QuoteName(NameOf(column, field.name)) + ", lower(" + owner + QuoteName(field.name) + "))";
+    case KeyColumn::None:
+      break;
+  }
+  return std::string(kTextKeyFunction) + '(' + owner + QuoteName(field.name) + ')';
+}
+
+std::string LikeTest(const std::string& value, const LikePattern& pattern) {
+  return LikeSubject(value) + " ~ " + QuoteText(LikeRegex(pattern));
+}
+
+const TextKeys& Keys() {
+  static const TextKeys keys{.ofText = TextKey, .ofField = FieldKey, .function = std::string(kTextKeyFunction)};
+  return keys;
+}
+
+}  // namespace
 
 const Dialect& ServerDialect() {
   static const Dialect dialect{
@@ -11,8 +42,12 @@ const Dialect& ServerDialect() {
       .realType = "float8",
       .alongIndex = "",  // its planner takes no hints
       .withoutIndex = "",
-      .collation = "C",  // of the keys; the texts themselves stand in no order of ours
+      .collation = "",
+      .textKeys = &Keys(),
       .like = "jlike",
+      .likeKnown = LikeTest,
+      .conditionCast = "::integer",
+      .realCast = "::float8",
       .functionPrefix = "f_",
       .cellPrefix = "c_",
       .cellBegin = "begin",

@@ -15,11 +15,6 @@ inline constexpr std::string_view kHiddenKey = "~key";
 inline constexpr std::string_view kInfoTable = "~info";
 inline constexpr std::string_view kLinksTable = "~links";
 
-/// The column that holds a text's key (text_key.h) for indexes, and the one of texts without an index: Null in it means that the key
-/// is the text in small letters.
-inline constexpr std::string_view kFullKeyLead = "~k.";
-inline constexpr std::string_view kSparseKeyLead = "~s.";
-
 /// Longer names the server cuts, in bytes.
 inline constexpr std::size_t kLongestName = 63;
 

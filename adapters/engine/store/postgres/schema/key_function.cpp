@@ -1,9 +1,10 @@
-#include "engine/store/postgres/text/key_function.h"
+#include "engine/store/postgres/schema/key_function.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 
+#include "engine/store/postgres/wording/key_columns.h"
 #include "engine/store/postgres/wording/names.h"
 #include "engine/store/postgres/text/characters.h"
 #include "engine/store/postgres/text/text_key.h"

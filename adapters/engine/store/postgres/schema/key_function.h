@@ -7,8 +7,6 @@
 /// The function by which a schema builds the keys of its texts (text_key.h).
 namespace engine::postgres {
 
-inline constexpr std::string_view kTextKeyFunction = "text_key";
-
 /// The statements that make it in that schema. It needs nothing but itself: no table, no extension, no data of the server about
 /// characters. Names within it carry the schema, so that a dump can be restored.
 std::vector<std::string> KeyFunctionTexts(std::string_view schema);

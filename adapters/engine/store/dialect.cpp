@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "engine/text/like.h"
 #include "engine/values/iso_date.h"
 
 namespace engine {
@@ -84,6 +85,14 @@ std::string Dialect::Comparable(const platform::TableDefinition& table, const pl
   const bool isText = field.type == FieldType::Text || field.type == FieldType::Memo;
   if (isText && textKeys != nullptr) return textKeys->ofField(table, field, alias);
   return std::string(alias) + '.' + Name(field.name);
+}
+
+std::string Dialect::LikeTest(const std::string& value, const std::string& pattern) const {
+  return likeForms != nullptr ? likeForms->test(value, pattern) : like + '(' + value + ", " + pattern + ')';
+}
+
+std::string Dialect::LikeForm(std::string_view pattern) const {
+  return likeForms != nullptr ? likeForms->ofPattern(LikePattern(pattern)) : std::string(pattern);
 }
 
 std::string Dialect::OrderSuffix(bool descending) const { return descending ? " DESC" + nullsDescending : nullsAscending; }

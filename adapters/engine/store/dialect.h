@@ -20,6 +20,14 @@ struct TextKeys {
   std::string function;
 };
 
+/// The Like test of a store that makes it by expressions of its own.
+struct LikeForms {
+  /// The pattern as the test takes it.
+  std::string (*ofPattern)(const LikePattern& pattern) = nullptr;
+  /// The test as a condition; `pattern` is the expression for such a pattern.
+  std::string (*test)(const std::string& value, const std::string& pattern) = nullptr;
+};
+
 /// What differs between the stores that run translated statements. Shared code never asks which store it is; each store fills
 /// in all of it.
 struct Dialect {
@@ -42,8 +50,8 @@ struct Dialect {
   const TextKeys* textKeys = nullptr;
   /// The whole Like test: like(value, pattern) gives -1, 0 or Null.
   std::string like;
-  /// The test by a pattern that is known beforehand, as a condition; nullptr where the call does as well.
-  std::string (*likeKnown)(const std::string& value, const LikePattern& pattern) = nullptr;
+  /// The test by a pattern that is known beforehand; nullptr where the call does as well.
+  const LikeForms* likeForms = nullptr;
   /// Behind a condition, to make it the number 1 or 0, and behind a real number's constant; "" where these are numbers by themselves.
   /// A store whose conditions are no numbers takes no number for a condition either.
   std::string conditionCast{};
@@ -56,6 +64,8 @@ struct Dialect {
   /// Names of two more of these: cell(begin(), expression) is the expression, or Null when a function left its mark in it.
   std::string cellBegin;
   std::string cell;
+  /// Between two tables: for each row of the first one the second is entered by the condition behind ON.
+  std::string joinInOrder;
   /// The smallest and the greatest of their arguments, Null if one is Null.
   std::string least;
   std::string greatest;
@@ -85,6 +95,10 @@ struct Dialect {
   std::string Comparable(const platform::TableDefinition& table, const platform::FieldDefinition& field, std::string_view alias) const;
   /// A text as it is compared: itself, or its key.
   std::string Comparable(std::string_view text) const { return textKeys != nullptr ? textKeys->ofText(text) : std::string(text); }
+  /// The test by a pattern that is known beforehand: a condition, or a call that gives -1, 0 or Null. `pattern` is the expression for what
+  /// LikeForm gives.
+  std::string LikeTest(const std::string& value, const std::string& pattern) const;
+  std::string LikeForm(std::string_view pattern) const;
   /// Behind a key of ORDER BY.
   std::string OrderSuffix(bool descending) const;
 };

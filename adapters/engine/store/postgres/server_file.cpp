@@ -61,10 +61,12 @@ platform::TableDefinition ServerFile::ReadTable(const std::string& storedName) {
 // them, one after the other of those who meet it brings it up to them.
 std::int64_t ServerFile::TakeNumber(const platform::TableDefinition& table) {
   const std::string sequence = QuoteText(SequenceOf(schema_, table.name));
+  // Who may not write now is told so here, not when the row is stored.
+  const std::string writable = "(SELECT 1 FROM " + Own(table.name) + " WHERE false FOR KEY SHARE)";
   const std::string highest = "(SELECT coalesce(max(" + QuoteName(RowKeyOf(table)) + "), 0) FROM " + Own(table.name) + ")";
   const std::string next = "SELECT nextval(" + sequence + ") AS number";
   {
-    Query query(connection_, std::string_view("SELECT number, " + highest + " FROM (" + next + ") AS taken"));
+    Query query(connection_, std::string_view("SELECT number, " + highest + ", " + writable + " FROM (" + next + ") AS taken"));
     query.Step();
     const std::int64_t number = query.Int(0);
     if (number > query.Int(1)) return number;

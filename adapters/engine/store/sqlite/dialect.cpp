@@ -14,11 +14,12 @@ const Dialect& SqliteDialect() {
       .collation = "GENERAL",
       .textKeys = nullptr,
       .like = "jlike",
-      .likeKnown = nullptr,
+      .likeForms = nullptr,
       .functionPrefix = "f_",
       .cellPrefix = "c_",
       .cellBegin = "begin",
       .cell = "cell",
+      .joinInOrder = " CROSS JOIN ",  // its planner turns no such join round
       .least = "min",
       .greatest = "max",
       .nullsAscending = "",  // Null is below all values here

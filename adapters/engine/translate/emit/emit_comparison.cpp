@@ -89,7 +89,7 @@ Emitted Emitter::Emit(const sql::Like& like) {
   Emitted test{.sql = dialect.like + '(' + value.sql + ", " + pattern.sql + ')', .type = SqlType::Boolean, .literal = {}};
   if (pattern.literal && pattern.literal->IsText()) {
     const LikePattern known(pattern.literal->As<std::string>());
-    if (dialect.likeKnown != nullptr) test = ConditionText(dialect.likeKnown(value.sql, known));
+    if (dialect.likeForms != nullptr) test = ConditionText(dialect.likeForms->test(value.sql, dialect.Text(dialect.likeForms->ofPattern(known))));
     const std::string_view prefix = WithoutTrailingBlanks(known.FixedPrefix());
     // A range that an index can serve; it takes in more than the pattern, never less.
     if (subject.table >= 0 && subject.type == SqlType::Text && !prefix.empty()) {

@@ -1,7 +1,7 @@
 // Files of the suite as schemas of a server: definitions, numbers, links, what opening refuses.
 #include "engine/store/postgres/postgres_store.h"
 
-#include <thread>
+#include <optional>
 
 #include "engine/store/postgres/text/text_key.h"
 #include "unit/engine/server/server_test.h"
@@ -181,6 +181,19 @@ TEST_F(Files, NumbersOfTwoWritersNeverMeet) {
     numbers.push_back(again->TakeNumber(people));
   }
   for (std::size_t i = 1; i < numbers.size(); ++i) EXPECT_GT(numbers[i], numbers[i - 1]);
+}
+
+TEST_F(Files, AHeldFileGivesNoNumbers) {
+  const auto file = Open();
+  const TableDefinition people = file->ReadTable("People");
+  EXPECT_EQ(file->TakeNumber(people), 1);
+  ServerConnection other(TargetOf("people.zdb"), Short());
+  std::optional<Transaction> held(std::in_place, other, Transaction::Kind::Write);
+  Run(other, "LOCK TABLE \"orv1_people\".\"People\" IN EXCLUSIVE MODE");
+  EXPECT_EQ(ErrorOf([&] { file->TakeNumber(people); }), 3218);
+  EXPECT_EQ(Ask(store, "SELECT count(*) FROM \"orv1_people\".\"People\""), std::vector<std::string>{"0"});
+  held.reset();
+  EXPECT_EQ(file->TakeNumber(people), 2);
 }
 
 TEST_F(Files, LinksAreKeptInTheirOrder) {

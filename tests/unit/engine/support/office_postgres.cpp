@@ -1,6 +1,9 @@
+#include <algorithm>
+
 #include "engine/objects/engine.h"
 #include "engine/store/postgres/open_file.h"
 #include "engine/store/postgres/postgres_store.h"
+#include "engine/store/postgres/schema/definitions.h"
 #include "engine/store/postgres/wording/names.h"
 #include "engine/store/query.h"
 #include "support/test_server.h"
@@ -43,22 +46,36 @@ void Create(const std::string& path, const std::vector<platform::TableDefinition
 
 void AddRows(const std::string& path, const std::string& table, const std::vector<std::string>& fields,
              const std::vector<std::vector<platform::Value>>& rows) {
+  constexpr std::size_t kAtOnce = 500;
   const std::string there = ServerPath(path);
   ServerConnection& connection = Another(there);
   std::string names;
-  std::string places;
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    names += (i == 0 ? "" : ", ") + QuoteName(fields[i]);
-    places += (i == 0 ? "$" : ", $") + std::to_string(i + 1);
-  }
-  engine::SqlText insert("INSERT INTO " + QuoteName(ParseTarget(there).schema) + '.' + QuoteName(table) + " (" + names + ") VALUES (" + places + ")");
+  for (std::size_t i = 0; i < fields.size(); ++i) names += (i == 0 ? "" : ", ") + QuoteName(fields[i]);
   engine::Transaction together(connection, engine::Transaction::Kind::Write);
-  for (const auto& row : rows) {
-    engine::Query query(connection, insert);
-    for (std::size_t i = 0; i < row.size(); ++i) query.Bind(static_cast<int>(i) + 1, row[i]);
+  for (std::size_t first = 0; first < rows.size(); first += kAtOnce) {
+    const std::size_t count = std::min(kAtOnce, rows.size() - first);
+    std::string text = "INSERT INTO " + QuoteName(ParseTarget(there).schema) + '.' + QuoteName(table) + " (" + names + ") VALUES ";
+    for (std::size_t i = 0; i < count * fields.size(); ++i)
+      text += std::string(i == 0 ? "($" : i % fields.size() == 0 ? "), ($" : ", $") + std::to_string(i + 1);
+    engine::Query query(connection, std::string_view(text + ')'));
+    for (std::size_t i = 0; i < count * fields.size(); ++i)
+      query.Bind(static_cast<int>(i) + 1, rows[first + i / fields.size()][i % fields.size()]);
     query.Run();
   }
   together.Commit();
+}
+
+std::shared_ptr<void> Hold(const std::string& path) {
+  struct Held {
+    explicit Held(const Target& target) : connection(target, Patience{}), unit(connection, engine::Transaction::Kind::Write) {}
+    ServerConnection connection;
+    engine::Transaction unit;
+  };
+  const Target target = ParseTarget(ServerPath(path));
+  auto held = std::make_shared<Held>(target);
+  for (const engine::postgres::StoredTable& table : engine::postgres::ReadTables(Another(ServerPath(path)), target.schema))
+    engine::Query(held->connection, std::string_view("LOCK TABLE " + QuoteName(target.schema) + '.' + QuoteName(table.name) + " IN EXCLUSIVE MODE")).Run();
+  return held;
 }
 
 std::unique_ptr<platform::DataEngine> NewEngine(const engine::EngineOptions& options) {

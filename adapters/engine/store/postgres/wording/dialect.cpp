@@ -22,14 +22,14 @@ std::string FieldKey(const platform::TableDefinition& table, const platform::Fie
   return std::string(kTextKeyFunction) + '(' + owner + QuoteName(field.name) + ')';
 }
 
-std::string LikeTest(const std::string& value, const LikePattern& pattern) {
-  return LikeSubject(value) + " ~ " + QuoteText(LikeRegex(pattern));
-}
+std::string LikeTest(const std::string& value, const std::string& regex) { return LikeSubject(value) + " ~ " + regex; }
 
 const TextKeys& Keys() {
   static const TextKeys keys{.ofText = TextKey, .ofField = FieldKey, .function = std::string(kTextKeyFunction)};
   return keys;
 }
+
+constexpr LikeForms kLikeForms{.ofPattern = LikeRegex, .test = LikeTest};
 
 }  // namespace
 
@@ -45,13 +45,14 @@ const Dialect& ServerDialect() {
       .collation = "",
       .textKeys = &Keys(),
       .like = "jlike",
-      .likeKnown = LikeTest,
+      .likeForms = &kLikeForms,
       .conditionCast = "::integer",
       .realCast = "::float8",
       .functionPrefix = "f_",
       .cellPrefix = "c_",
       .cellBegin = "begin",
       .cell = "cell",
+      .joinInOrder = " JOIN ",
       .least = "least",
       .greatest = "greatest",
       .nullsAscending = " NULLS FIRST",

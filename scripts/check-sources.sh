@@ -58,6 +58,10 @@ for file in $(list 'src/*' 'adapters/*' 'apps/*'); do
     adapters/engine/store/sqlite/*.h) grep -q '#include <sqlite3.h>' "$file" && complain "$file: the store's header in a header" ;;
   esac
   case "$file" in
+    adapters/engine/store/postgres/*.cpp) ;;
+    *) grep -q '#include <libpq-fe.h>' "$file" && complain "$file includes the server's client library" ;;
+  esac
+  case "$file" in
     adapters/desktop/* | adapters/printing/output/* | adapters/printing/preview/* | adapters/printing/entry/* | adapters/printing/lists/list_export.cpp) ;;
     *) grep -qE '#include <Q[A-Za-z]+>' "$file" && complain "$file includes the toolkit" ;;
   esac

@@ -26,9 +26,9 @@ install_missing() {
   }
 }
 
-BUILD_PACKAGES="g++ cmake ninja-build libsqlite3-dev qt6-base-dev libqt6svg6-dev libgl1-mesa-dev libgtest-dev libgmock-dev fonts-dejavu-core libxlsxwriter-dev pkgconf libshp-dev libzip-dev nlohmann-json3-dev libosmium2-dev"
+BUILD_PACKAGES="g++ cmake ninja-build libsqlite3-dev qt6-base-dev libqt6svg6-dev libgl1-mesa-dev libgtest-dev libgmock-dev fonts-dejavu-core libxlsxwriter-dev pkgconf libshp-dev libzip-dev nlohmann-json3-dev libosmium2-dev libpq-dev"
 RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins fonts-liberation"
-TEST_PACKAGES="libbenchmark-dev clang libclang-rt-14-dev sqlite3 python3 xvfb qpdf poppler-utils mupdf-tools unzip"
+TEST_PACKAGES="libbenchmark-dev clang libclang-rt-14-dev sqlite3 python3 xvfb qpdf poppler-utils mupdf-tools unzip postgresql-15"
 # The toolkit's own table model is measured with its driver of the store, a package of its own.
 BENCH_PACKAGES="$RUN_PACKAGES libqt6sql6-sqlite"
 

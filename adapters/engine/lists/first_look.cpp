@@ -126,7 +126,7 @@ void FirstLook::TakeShortest() {
 void FirstLook::Join(const PlanDriver& driver, bool withRows) {
   const PlanTable& table = source_.Plan().tables.front();
   const std::string columns = (withRows ? source_.ColumnList() + ", " : "") + rows_->KeyColumns();
-  const std::string text = "SELECT " + columns + " FROM (" + driver.keys + ") AS s CROSS JOIN " + source_.Plan().from + " ON " +
+  const std::string text = "SELECT " + columns + " FROM (" + driver.keys + ") AS s" + source_.OwnDialect().joinInOrder + source_.Plan().from + " ON " +
                            table.alias + '.' + table.table->rowKey + " = s.k" + (driver.rest.empty() ? "" : " WHERE " + driver.rest);
   TakeAll(withRows, [&](const PiecewiseScan::Take& take) {
     Query query(source_.Store(), std::string_view(text));

@@ -34,7 +34,7 @@ std::string QueryFeed::Text() const {
             : "SELECT " + source_.KeyList() + " FROM " + plan.from;
   if (!plan.where.empty()) text += " WHERE " + plan.where;
   text += " ORDER BY ";
-  for (const PlanOrder& key : plan.order) text += key.sql + source_.OwnDialect().OrderSuffix(key.descending) + ", ";
+  for (const PlanOrder& key : plan.order) text += key.By() + source_.OwnDialect().OrderSuffix(key.descending) + ", ";
   // Equal rows stand by their row keys, in the direction of the last key; the driving table's counts first.
   const std::string direction = !plan.order.empty() && plan.order.back().descending ? " DESC" : "";
   const auto keyOf = [&](const PlanTable& table) { return table.alias + '.' + table.table->rowKey + direction; };

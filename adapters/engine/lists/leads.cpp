@@ -72,7 +72,7 @@ void Leads::KeepRarest() {
   const PlanTable& table = source_.Plan().tables.front();
   std::string text = "SELECT ";
   for (const Lead& lead : leads_) text += (text.size() == 7 ? "" : ", ") + ("sum(CASE WHEN " + lead.driver->asks + " THEN 1 ELSE 0 END)");
-  text += " FROM (" + sample_ + ") AS s CROSS JOIN " + source_.Plan().from + " ON " + table.alias + '.' + table.table->rowKey + " = s.k";
+  text += " FROM (" + sample_ + ") AS s" + source_.OwnDialect().joinInOrder + source_.Plan().from + " ON " + table.alias + '.' + table.table->rowKey + " = s.k";
   std::vector<std::int64_t> hits;
   {
     Query query(source_.Store(), std::string_view(text));

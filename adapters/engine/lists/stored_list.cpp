@@ -28,7 +28,7 @@ std::string StoredList::SelectText(std::string_view condition) const {
   if (!plan.aggregate && !plan.order.empty()) {
     text += " ORDER BY ";
     for (std::size_t i = 0; i < plan.order.size(); ++i)
-      text += (i == 0 ? "" : ", ") + plan.order[i].sql + Source().OwnDialect().OrderSuffix(plan.order[i].descending);
+      text += (i == 0 ? "" : ", ") + plan.order[i].By() + Source().OwnDialect().OrderSuffix(plan.order[i].descending);
   }
   if (!condition.empty() && plan.aggregate) text = "SELECT * FROM (" + text + ") WHERE " + std::string(condition);
   return text;

@@ -58,10 +58,27 @@ KeyWalker::KeyWalker(Store& store, const RowShape& shape, WalkWay way)
     from_ += dialect_.withoutIndex;
   for (const OrderColumn& column : order_) {
     keyColumns_ += column.sql + ", ";
+    comparable_.push_back(ComparableOf(column));
     orderTypes_.push_back(column.type);
     rowTypes_.push_back(column.type);
   }
   keyColumns_ += rowKey_;
+}
+
+// A walk's columns are fields of its table; a store that compares keys has one for each text.
+std::string KeyWalker::ComparableOf(const OrderColumn& column) const {
+  const PlanTable& table = shape_.plan.tables.front();
+  if (dialect_.textKeys == nullptr) return column.sql;
+  for (const platform::FieldDefinition& field : table.table->definition.fields)
+    if (table.alias + '.' + dialect_.Name(field.name) == column.sql) return dialect_.Comparable(table.table->definition, field, table.alias);
+  return column.sql;
+}
+
+void KeyWalker::BindComparable(Query& query, int parameter, const Value& value) const {
+  if (dialect_.textKeys != nullptr && value.IsText())
+    query.Bind(parameter, std::string_view(dialect_.Comparable(value.As<std::string>())));
+  else
+    query.Bind(parameter, value);
 }
 
 // Only the list's own pages are read without exception; the other statements are put together when they are first needed.
@@ -127,7 +144,7 @@ void KeyWalker::BindPlace(Query& query, const Request& request, const Level& lev
   if (request.from == nullptr) return;
   for (std::size_t i = 0; i < order_.size(); ++i)
     if ((i < level.equal && !request.from->values[i].IsNull()) || (i == level.equal && level.step == Step::BehindColumn))
-      query.Bind(static_cast<int>(i) + 1, request.from->values[i]);
+      BindComparable(query, static_cast<int>(i) + 1, request.from->values[i]);
   if (level.step == Step::BehindRow) query.Bind(static_cast<int>(order_.size()) + 1, request.from->rowKey);
 }
 
@@ -146,8 +163,8 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
     query.Bind(more, left);
     query.Bind(more + 1, request.skip);
     if (request.bounds != nullptr) {
-      if (request.bounds->lower) query.Bind(more + 2, std::string_view(*request.bounds->lower));
-      if (request.bounds->upper) query.Bind(more + 3, std::string_view(*request.bounds->upper));
+      if (request.bounds->lower) BindComparable(query, more + 2, *request.bounds->lower);
+      if (request.bounds->upper) BindComparable(query, more + 3, *request.bounds->upper);
     }
     if (request.conditionText) query.Bind(ConditionTextAt(), *request.conditionText);
     while (left > 0 && query.Step()) {
@@ -220,14 +237,14 @@ std::string KeyWalker::ConditionOf(const Request& request, const Level& level) c
   };
   const std::string beyond = request.direction == Direction::Up ? " > " : " < ";
   for (std::size_t i = 0; i < level.equal; ++i)
-    add(order_[i].sql + (request.from->values[i].IsNull() ? " IS NULL" : " = " + dialect_.Parameter(i + 1)));
+    add(comparable_[i] + (request.from->values[i].IsNull() ? " IS NULL" : " = " + dialect_.Parameter(i + 1)));
   if (level.step == Step::BehindRow) add(rowKey_ + beyond + dialect_.Parameter(order_.size() + 1));
-  if (level.step == Step::BehindColumn) add(order_[level.equal].sql + beyond + dialect_.Parameter(level.equal + 1));
-  if (level.step == Step::NotNull) add(order_[level.equal].sql + " IS NOT NULL");
-  if (level.step == Step::NullBlock) add(order_[level.equal].sql + " IS NULL");
+  if (level.step == Step::BehindColumn) add(comparable_[level.equal] + beyond + dialect_.Parameter(level.equal + 1));
+  if (level.step == Step::NotNull) add(comparable_[level.equal] + " IS NOT NULL");
+  if (level.step == Step::NullBlock) add(comparable_[level.equal] + " IS NULL");
   if (request.bounds != nullptr) {
-    if (request.bounds->lower) add(order_[0].sql + " >= " + dialect_.Parameter(order_.size() + 4));
-    if (request.bounds->upper) add(order_[0].sql + " < " + dialect_.Parameter(order_.size() + 5));
+    if (request.bounds->lower) add(comparable_[0] + " >= " + dialect_.Parameter(order_.size() + 4));
+    if (request.bounds->upper) add(comparable_[0] + " < " + dialect_.Parameter(order_.size() + 5));
   }
   if (!filter_.empty()) add("(" + filter_ + ")");
   if (!request.condition.empty()) add("(" + std::string(request.condition) + ")");
@@ -237,7 +254,7 @@ std::string KeyWalker::ConditionOf(const Request& request, const Level& level) c
 std::string KeyWalker::OrderText(Direction direction, std::size_t from) const {
   const bool down = direction == Direction::Down;
   std::string text;
-  for (std::size_t i = from; i < order_.size(); ++i) text += order_[i].sql + dialect_.OrderSuffix(down) + ", ";
+  for (std::size_t i = from; i < order_.size(); ++i) text += comparable_[i] + dialect_.OrderSuffix(down) + ", ";
   return text + rowKey_ + (down ? " DESC" : "");
 }
 

@@ -112,11 +112,14 @@ class KeyWalker {
   std::string StatementText(const Request& request, const Level& level) const;
   std::string ConditionOf(const Request& request, const Level& level) const;
   std::string OrderText(Direction direction, std::size_t from) const;
+  std::string ComparableOf(const OrderColumn& column) const;
+  void BindComparable(Query& query, int parameter, const platform::Value& value) const;
 
   Store& store_;
   const Dialect& dialect_;
   const RowShape& shape_;
   std::vector<OrderColumn> order_;
+  std::vector<std::string> comparable_;  ///< what each of them is compared and ordered by
   std::string filter_;
   std::vector<platform::FieldType> orderTypes_;
   std::vector<platform::FieldType> rowTypes_;  ///< of the columns and the order columns

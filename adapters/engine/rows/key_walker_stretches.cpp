@@ -100,9 +100,9 @@ void KeyWalker::ReadUpTo(Direction direction, const OrderPlace* from, const Orde
     SqlText& text = stretches_[code];
     if (text.text.empty()) text.text = StretchText(direction, from, until, step, keysOnly);
     Query query(store_, text);
-    if (!order_.empty() && from != nullptr && !fromNull && step != Step::NullBlock) query.Bind(1, from->values[0]);
+    if (!order_.empty() && from != nullptr && !fromNull && step != Step::NullBlock) BindComparable(query, 1, from->values[0]);
     if (step == Step::BehindRow && from != nullptr) query.Bind(2, from->rowKey);
-    if (!order_.empty() && step == Step::BehindColumn && !untilNull) query.Bind(3, until.values[0]);
+    if (!order_.empty() && step == Step::BehindColumn && !untilNull) BindComparable(query, 3, until.values[0]);
     const bool reaches = step == Step::BehindRow ? sameGroup || order_.empty() : step == Step::NullBlock ? untilNull : !untilNull;
     if (reaches) query.Bind(4, until.rowKey);
     while (goOn && query.Step()) goOn = sink(query);
@@ -115,7 +115,7 @@ std::string KeyWalker::StretchText(Direction direction, const OrderPlace* from, 
   const std::string within = up ? " <= " : " >= ";
   const std::string strictly = up ? " < " : " > ";
   const auto is = [&](const OrderPlace& place) {
-    return order_[0].sql + (place.values[0].IsNull() ? " IS NULL" : " = " + dialect_.Parameter(1));
+    return comparable_[0] + (place.values[0].IsNull() ? " IS NULL" : " = " + dialect_.Parameter(1));
   };
   const bool untilNull = !order_.empty() && until.values[0].IsNull();
   std::string text = "SELECT " + (keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + " FROM " + from_ + " WHERE ";
@@ -130,10 +130,10 @@ std::string KeyWalker::StretchText(Direction direction, const OrderPlace* from, 
     if (order_.empty() || CompareStored(order_[0].type, from->values[0], until.values[0]) == 0) add(untilKey);
   } else if (step == Step::NullBlock) {
     ordered = 1;
-    add(order_[0].sql + " IS NULL");
+    add(comparable_[0] + " IS NULL");
     if (untilNull) add(untilKey);
   } else {
-    const std::string& column = order_[0].sql;
+    const std::string& column = comparable_[0];
     add(from != nullptr && !from->values[0].IsNull() ? column + beyond + dialect_.Parameter(1) : column + " IS NOT NULL");
     if (!untilNull) {
       add(column + within + dialect_.Parameter(3));

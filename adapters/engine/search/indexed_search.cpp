@@ -169,11 +169,13 @@ std::optional<std::int64_t> IndexedSearch::Probe(const Place* after, KeyBounds b
   request.limit = 1 + static_cast<std::int64_t>(list_.PinnedRows().size());
   request.keysOnly = true;
   std::string like;
+  std::string pattern;
   if (plan_.shape.kind == SearchShape::Kind::Prefix) {
     // The pattern apart from the statement, which so need not be prepared for each search.
-    like = source_.OwnDialect().like + '(' + walker_.Order().front().sql + ", " +
-           source_.OwnDialect().Parameter(static_cast<std::size_t>(walker_.ConditionTextAt())) + ')';
-    request.conditionText = plan_.shape.pattern;
+    const Dialect& dialect = source_.OwnDialect();
+    like = dialect.LikeTest(walker_.Order().front().sql, dialect.Parameter(static_cast<std::size_t>(walker_.ConditionTextAt())));
+    pattern = dialect.LikeForm(plan_.shape.pattern);
+    request.conditionText = pattern;
   }
   request.condition = like.empty() ? std::string_view(plan_.where) : like;
   if (bounds.lower || bounds.upper) request.bounds = &bounds;

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "engine/text/like.h"
 #include "engine/values/iso_date.h"
 
 namespace engine {
@@ -63,7 +64,7 @@ std::string Dialect::Constant(const platform::Value& value) const {
       const auto number = value.As<double>();
       if (std::isnan(number)) break;
       if (std::isinf(number)) return number < 0 ? '-' + endless : endless;
-      return RealText(number);
+      return RealText(number) + realCast;
     }
     case ValueKind::Date:
       return Text(IsoText(value.As<platform::Date>()));
@@ -77,6 +78,21 @@ std::string Dialect::Parameter(std::size_t number) const { return parameterSign 
 
 std::string Dialect::Along(std::string_view table, std::string_view index) const {
   return alongIndex.empty() ? std::string() : alongIndex + Name(IndexName(table, index));
+}
+
+std::string Dialect::Comparable(const platform::TableDefinition& table, const platform::FieldDefinition& field, std::string_view alias) const {
+  using platform::FieldType;
+  const bool isText = field.type == FieldType::Text || field.type == FieldType::Memo;
+  if (isText && textKeys != nullptr) return textKeys->ofField(table, field, alias);
+  return std::string(alias) + '.' + Name(field.name);
+}
+
+std::string Dialect::LikeTest(const std::string& value, const std::string& pattern) const {
+  return likeForms != nullptr ? likeForms->test(value, pattern) : like + '(' + value + ", " + pattern + ')';
+}
+
+std::string Dialect::LikeForm(std::string_view pattern) const {
+  return likeForms != nullptr ? likeForms->ofPattern(LikePattern(pattern)) : std::string(pattern);
 }
 
 std::string Dialect::OrderSuffix(bool descending) const { return descending ? " DESC" + nullsDescending : nullsAscending; }

@@ -3,9 +3,30 @@
 #include <string>
 #include <string_view>
 
+#include "platform/data/table_definition.h"
 #include "platform/values/value.h"
 
 namespace engine {
+
+class LikePattern;
+
+/// How a store orders texts that can't do it by itself: it compares keys of them, whose bytes stand in the text order.
+struct TextKeys {
+  /// The key of a text: of constants and of parameters.
+  std::string (*ofText)(std::string_view text) = nullptr;
+  /// The expression for the key of what a field holds; `alias` stands for its table.
+  std::string (*ofField)(const platform::TableDefinition& table, const platform::FieldDefinition& field, std::string_view alias) = nullptr;
+  /// The store's function that makes the key of any text.
+  std::string function;
+};
+
+/// The Like test of a store that makes it by expressions of its own.
+struct LikeForms {
+  /// The pattern as the test takes it.
+  std::string (*ofPattern)(const LikePattern& pattern) = nullptr;
+  /// The test as a condition; `pattern` is the expression for such a pattern.
+  std::string (*test)(const std::string& value, const std::string& pattern) = nullptr;
+};
 
 /// What differs between the stores that run translated statements. Shared code never asks which store it is; each store fills
 /// in all of it.
@@ -25,8 +46,16 @@ struct Dialect {
   std::string withoutIndex;
   /// Collation of the text order, written as COLLATE "..." on every text comparison; declared on text columns too.
   std::string collation;
+  /// What is compared instead in a store that has no such collation.
+  const TextKeys* textKeys = nullptr;
   /// The whole Like test: like(value, pattern) gives -1, 0 or Null.
   std::string like;
+  /// The test by a pattern that is known beforehand; nullptr where the call does as well.
+  const LikeForms* likeForms = nullptr;
+  /// Behind a condition, to make it the number 1 or 0, and behind a real number's constant; "" where these are numbers by themselves.
+  /// A store whose conditions are no numbers takes no number for a condition either.
+  std::string conditionCast{};
+  std::string realCast{};
   /// Stands in front of the names of the dialect's functions and of the helpers in store_functions.h ("f_val", "f_ccur"),
   /// so that they never meet the store's own.
   std::string functionPrefix;
@@ -35,6 +64,8 @@ struct Dialect {
   /// Names of two more of these: cell(begin(), expression) is the expression, or Null when a function left its mark in it.
   std::string cellBegin;
   std::string cell;
+  /// Between two tables: for each row of the first one the second is entered by the condition behind ON.
+  std::string joinInOrder;
   /// The smallest and the greatest of their arguments, Null if one is Null.
   std::string least;
   std::string greatest;
@@ -60,6 +91,14 @@ struct Dialect {
   std::string Parameter(std::size_t number) const;
   /// Behind a table: read along that index of it.
   std::string Along(std::string_view table, std::string_view index) const;
+  /// What a field is compared and ordered by: its column, or its text's key. `alias` stands for its table.
+  std::string Comparable(const platform::TableDefinition& table, const platform::FieldDefinition& field, std::string_view alias) const;
+  /// A text as it is compared: itself, or its key.
+  std::string Comparable(std::string_view text) const { return textKeys != nullptr ? textKeys->ofText(text) : std::string(text); }
+  /// The test by a pattern that is known beforehand: a condition, or a call that gives -1, 0 or Null. `pattern` is the expression for what
+  /// LikeForm gives.
+  std::string LikeTest(const std::string& value, const std::string& pattern) const;
+  std::string LikeForm(std::string_view pattern) const;
   /// Behind a key of ORDER BY.
   std::string OrderSuffix(bool descending) const;
 };

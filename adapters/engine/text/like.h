@@ -15,6 +15,20 @@ namespace engine {
 /// trailing blanks of the text and of the pattern don't. An expanding letter is one character here and no pair.
 class LikePattern {
  public:
+  /// Characters whose weights lie between these two, both of them among them.
+  struct Range {
+    weights::Weights first;
+    weights::Weights last;
+  };
+  /// One sign of a pattern.
+  struct Token {
+    enum class Kind { Literal, AnyCharacter, AnyRun, Digit, List } kind = Kind::Literal;
+    char32_t character = 0;
+    bool negated = false;
+    std::vector<Range> ranges{};    ///< of a list; the literal's own weights for a literal
+    std::bitset<128> takesAscii{};  ///< what it takes of the ASCII characters, found beforehand
+  };
+
   /// Error 93 for a list without its closing bracket or with a range that runs backwards.
   explicit LikePattern(std::string_view pattern);
 
@@ -27,20 +41,10 @@ class LikePattern {
   bool IsPrefixOnly() const;
   /// No wildcard at all.
   bool IsLiteral() const;
+  /// The signs in order, for stores that have a test of their own.
+  const std::vector<Token>& Tokens() const { return tokens_; }
 
  private:
-  struct Range {
-    weights::Weights first;
-    weights::Weights last;
-  };
-  struct Token {
-    enum class Kind { Literal, AnyCharacter, AnyRun, Digit, List } kind = Kind::Literal;
-    char32_t character = 0;
-    bool negated = false;
-    std::vector<Range> ranges{};    ///< of a list; the literal's own weights for a literal
-    std::bitset<128> takesAscii{};  ///< what it takes of the ASCII characters, found beforehand
-  };
-
   /// The list behind a "[" at `at`, which moves behind the "]".
   void AddList(std::u32string_view pattern, std::size_t& at);
   void AddLiteral(char32_t character);

@@ -12,11 +12,14 @@ const Dialect& SqliteDialect() {
       .alongIndex = " INDEXED BY ",
       .withoutIndex = " NOT INDEXED",
       .collation = "GENERAL",
+      .textKeys = nullptr,
       .like = "jlike",
+      .likeForms = nullptr,
       .functionPrefix = "f_",
       .cellPrefix = "c_",
       .cellBegin = "begin",
       .cell = "cell",
+      .joinInOrder = " CROSS JOIN ",  // its planner turns no such join round
       .least = "min",
       .greatest = "max",
       .nullsAscending = "",  // Null is below all values here

@@ -18,6 +18,16 @@ std::optional<Emitted> Emitter::EmitAggregate(const sql::Call& call) {
   return result;
 }
 
+// The highest key belongs to the text that is asked for.
+Emitted Emitter::TextOfHighest(bool highest, const Emitted& value) const {
+  const std::string order = forms_.Collated(value) + (highest ? " DESC NULLS LAST" : " NULLS LAST");
+  return {.sql = "(array_agg(" + value.sql + " ORDER BY " + order + "))[1]",
+          .type = value.type,
+          .size = value.size,
+          .memo = value.memo,
+          .literal = {}};
+}
+
 Emitted Emitter::AggregateOf(const std::string& name, const sql::Call& call) {
   if (name == "count" && call.star) return {.sql = "count(*)", .type = SqlType::Long, .literal = {}};
   RequireArguments(call, 1, 1);
@@ -25,6 +35,8 @@ Emitted Emitter::AggregateOf(const std::string& name, const sql::Call& call) {
   const auto apply = [](std::string_view function, const std::string& argument) { return std::string(function) + '(' + argument + ')'; };
   if (name == "count") return {.sql = apply("count", value.sql), .type = SqlType::Long, .literal = {}};
   if (name == "min" || name == "max") {
+    const bool byKey = value.type == SqlType::Text && forms_.GetDialect().textKeys != nullptr;
+    if (byKey) return TextOfHighest(name == "max", value);
     const std::string argument = value.type == SqlType::Text ? forms_.Collated(value) : value.sql;
     return {.sql = apply(name, argument), .type = value.type, .size = value.size, .memo = value.memo, .literal = {}};
   }

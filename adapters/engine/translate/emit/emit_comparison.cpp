@@ -85,16 +85,18 @@ Emitted Emitter::Emit(const sql::Like& like) {
   const Emitted subject = Value(*like.value);
   const Emitted value = forms_.Text(subject, true);
   const Emitted pattern = forms_.Text(Emit(*like.pattern), true);
-  Emitted test{.sql = forms_.GetDialect().like + '(' + value.sql + ", " + pattern.sql + ')', .type = SqlType::Boolean, .literal = {}};
+  const Dialect& dialect = forms_.GetDialect();
+  Emitted test{.sql = dialect.like + '(' + value.sql + ", " + pattern.sql + ')', .type = SqlType::Boolean, .literal = {}};
   if (pattern.literal && pattern.literal->IsText()) {
     const LikePattern known(pattern.literal->As<std::string>());
+    if (dialect.likeForms != nullptr) test = ConditionText(dialect.likeForms->test(value.sql, dialect.Text(dialect.likeForms->ofPattern(known))));
     const std::string_view prefix = WithoutTrailingBlanks(known.FixedPrefix());
     // A range that an index can serve; it takes in more than the pattern, never less.
     if (subject.table >= 0 && subject.type == SqlType::Text && !prefix.empty()) {
       const PrimaryRange range = PrefixRange(prefix);
-      const Dialect& dialect = forms_.GetDialect();
-      test = ConditionText(value.sql + " >= " + dialect.Text(range.lower) + forms_.Collate() + " AND " + value.sql + " < " +
-                               dialect.Text(range.upper) + forms_.Collate() + " AND " + test.sql,
+      const std::string& compared = value.comparable.empty() ? value.sql : value.comparable;
+      test = ConditionText(compared + " >= " + forms_.CollatedConstant(range.lower) + " AND " + compared + " < " +
+                               forms_.CollatedConstant(range.upper) + " AND " + test.sql,
                            Tightness::And);
     }
   }

@@ -23,6 +23,7 @@ Emitted Emitter::Emit(const sql::FieldName& name) {
           .memo = field->type == platform::FieldType::Memo,
           .table = field->table,
           .field = field->field,
+          .comparable = field->comparable,
           .literal = {}};
 }
 

@@ -26,6 +26,8 @@ struct Emitted {
   /// A column: its table and field in the scope.
   int table = -1;
   int field = -1;
+  /// What it is compared and ordered by; "" where that is the text itself, or a key that the store must make of it.
+  std::string comparable{};
   std::optional<platform::Value> literal;
 
   bool IsLiteral() const { return literal.has_value(); }

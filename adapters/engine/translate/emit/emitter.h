@@ -74,6 +74,7 @@ class Emitter {
   Emitted EmitClock(const std::string& name, const sql::Call& call);
   Emitted EmitIif(const sql::Call& call);
   std::optional<Emitted> EmitAggregate(const sql::Call& call);
+  Emitted TextOfHighest(bool highest, const Emitted& value) const;
   Emitted AggregateOf(const std::string& name, const sql::Call& call);
   void RequireArguments(const sql::Call& call, std::size_t least, std::size_t most) const;
 

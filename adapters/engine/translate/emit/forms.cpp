@@ -78,7 +78,7 @@ Emitted Forms::Moment() const {
 
 Emitted Forms::Stored(Emitted expression) const {
   if (expression.truth) {
-    expression.sql = '-' + (IsNegativeText(expression.sql) ? '(' + expression.sql + ')' : Wrap(expression, Tightness::Atom));
+    expression.sql = '-' + (IsNegativeText(expression.sql) ? '(' + expression.sql + ')' : Wrap(expression, Tightness::Atom)) + dialect_.conditionCast;
     expression.tightness = Tightness::Atom;
     expression.truth = false;
   }
@@ -97,7 +97,9 @@ Emitted Forms::Truth(Emitted expression) const {
     expression = Number(std::move(expression));
     return ConditionText(expression.sql + " <> 0");
   }
-  return Stored(std::move(expression));
+  expression = Stored(std::move(expression));
+  if (dialect_.conditionCast.empty()) return expression;
+  return ConditionText(Wrap(expression, Tightness::Sum) + " <> 0");
 }
 
 Emitted Forms::OneOrZero(Emitted expression) const {
@@ -110,7 +112,7 @@ Emitted Forms::Number(Emitted expression) const {
   expression = Stored(std::move(expression));
   switch (expression.type) {
     case SqlType::Currency:
-      return {.sql = Wrap(expression, Tightness::Product) + " / 10000.0",
+      return {.sql = Wrap(expression, Tightness::Product) + " / 10000.0" + dialect_.realCast,
               .type = SqlType::Double,
               .tightness = Tightness::Product,
               .literal = {}};
@@ -192,6 +194,11 @@ bool Forms::Align(std::vector<Emitted>& values) const {
   for (Emitted& value : values) value = Stored(std::move(value));
   if (any([](SqlType type) { return type == SqlType::Text; })) {
     if (any([](SqlType type) { return type != SqlType::Text && type != SqlType::Null; })) throw errors::UnlikeTypes();
+    if (dialect_.textKeys == nullptr) return true;
+    for (Emitted& value : values) {
+      value.sql = value.comparable = KeyOf(value);
+      value.tightness = Tightness::Atom;
+    }
     return true;
   }
   if (any([](SqlType type) { return type == SqlType::Date; })) {
@@ -222,8 +229,18 @@ void Forms::AlignNumbers(std::vector<Emitted>& values) const {
   }
 }
 
-std::string Forms::Collate() const { return " COLLATE " + dialect_.Name(dialect_.collation); }
+std::string Forms::KeyOf(const Emitted& text) const {
+  if (text.literal && text.literal->IsText()) return dialect_.Text(dialect_.Comparable(text.literal->As<std::string>()));
+  if (text.type == SqlType::Null) return text.sql;
+  return text.comparable.empty() ? dialect_.textKeys->function + '(' + text.sql + ')' : text.comparable;
+}
 
-std::string Forms::Collated(const Emitted& text) const { return Wrap(text, Tightness::Atom) + Collate(); }
+std::string Forms::Collate() const { return dialect_.textKeys != nullptr ? "" : " COLLATE " + dialect_.Name(dialect_.collation); }
+
+std::string Forms::Collated(const Emitted& text) const {
+  return dialect_.textKeys != nullptr ? KeyOf(text) : Wrap(text, Tightness::Atom) + Collate();
+}
+
+std::string Forms::CollatedConstant(std::string_view text) const { return dialect_.Text(dialect_.Comparable(text)) + Collate(); }
 
 }  // namespace engine

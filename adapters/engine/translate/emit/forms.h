@@ -47,11 +47,15 @@ class Forms {
   /// Brings values that are compared with each other into one form. Unlike types: 3464. True when they are texts.
   bool Align(std::vector<Emitted>& values) const;
 
-  /// " COLLATE ..." of the text order.
+  /// " COLLATE ..." of the text order; "" where keys are compared.
   std::string Collate() const;
+  /// A text as it is compared and ordered: in the text order's collation, or its key.
   std::string Collated(const Emitted& text) const;
+  /// A constant as a text is compared with it.
+  std::string CollatedConstant(std::string_view text) const;
 
  private:
+  std::string KeyOf(const Emitted& text) const;
   void AlignDates(std::vector<Emitted>& values) const;
   void AlignNumbers(std::vector<Emitted>& values) const;
 

@@ -25,6 +25,7 @@ ResolvedField StatementScope::FieldAt(int table, int field) const {
   const Table& owner = tables_[static_cast<std::size_t>(table)];
   const platform::FieldDefinition& definition = owner.table->definition.fields[static_cast<std::size_t>(field)];
   return {.sql = owner.alias + '.' + dialect_.Name(definition.name),
+          .comparable = dialect_.textKeys != nullptr ? dialect_.Comparable(owner.table->definition, definition, owner.alias) : "",
           .type = definition.type,
           .size = definition.size,
           .table = table,

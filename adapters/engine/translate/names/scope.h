@@ -16,6 +16,7 @@ namespace engine {
 /// What a name stands for.
 struct ResolvedField {
   std::string sql;
+  std::string comparable{};  ///< what it is compared and ordered by, "" where that is `sql`
   platform::FieldType type = platform::FieldType::Long;
   int size = 0;
   int table = -1;  ///< of the scope; -1 for a computed column

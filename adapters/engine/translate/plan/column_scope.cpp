@@ -17,9 +17,16 @@ std::optional<ResolvedField> ColumnScope::Resolve(const sql::FieldName& name) {
     }
     if (!matches) continue;
     const std::string sql = plan_.aggregate ? "c" + std::to_string(i) : column.sql;
-    return ResolvedField{.sql = sql, .type = column.type, .size = column.size, .table = column.table, .field = column.field};
+    return ResolvedField{.sql = sql, .comparable = ComparableOf(column), .type = column.type, .size = column.size, .table = column.table, .field = column.field};
   }
   throw errors::UnknownNameInCriterion(whole);
+}
+
+// The key of a computed text is made where it is needed.
+std::string ColumnScope::ComparableOf(const PlanColumn& column) const {
+  if (dialect_.textKeys == nullptr || plan_.aggregate || column.table < 0) return {};
+  const PlanTable& table = plan_.tables[static_cast<std::size_t>(column.table)];
+  return dialect_.Comparable(table.table->definition, table.table->definition.fields[static_cast<std::size_t>(column.field)], table.alias);
 }
 
 }  // namespace engine

@@ -36,10 +36,13 @@ struct PlanColumn {
 /// One key of ORDER BY.
 struct PlanOrder {
   std::string sql;  ///< expression with its COLLATE where it needs one
+  std::string comparable{};  ///< what it is ordered by, "" where that is `sql`
   bool descending = false;
   platform::FieldType type = platform::FieldType::Long;
   int table = -1;  ///< a bare column: its table and field; -1 for an expression
   int field = -1;
+
+  const std::string& By() const { return comparable.empty() ? sql : comparable; }
 };
 
 /// A way to the rows of a plan's one table that need not look at all of them: by another table that is joined to its row key,

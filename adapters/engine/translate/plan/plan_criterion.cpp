@@ -93,7 +93,7 @@ class ShapeFinder {
 
 CriterionPlan PlanCriterion(std::string_view criterion, const SelectPlan& plan, const Dialect& dialect) {
   const sql::Expression expression = sql::ParseCriterion(criterion);
-  ColumnScope scope(plan);
+  ColumnScope scope(plan, dialect);
   Emitter emitter(scope, dialect, CallErrors::Criterion);
   CriterionPlan result{.where = emitter.Conjunct(expression), .shape = {}};
   CheckNesting(result.where, dialect);

@@ -59,7 +59,7 @@ std::optional<std::string> SafeForField(const Emitted& value, const platform::Fi
   switch (field.type) {
     case FieldType::Boolean:
       if (value.type == SqlType::Boolean) return value.sql;
-      return "-(" + Wrap(value, Tightness::Sum) + " <> 0)";
+      return "-(" + Wrap(value, Tightness::Sum) + " <> 0)" + forms.GetDialect().conditionCast;
     case FieldType::Currency:
       return forms.Stored(forms.Currency(value)).sql;
     case FieldType::Double:

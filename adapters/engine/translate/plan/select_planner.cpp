@@ -193,6 +193,7 @@ PlanOrder SelectPlanner::OrderOf(const sql::OrderKey& key) {
   if (field) {
     if (field->type == platform::FieldType::Memo) throw errors::SortOnMemo(sql::Print(key.expression));
     order.sql = field->sql;
+    order.comparable = field->comparable;
     order.type = field->type;
     order.table = PlanTableOf(field->table);
     order.field = field->field;
@@ -200,7 +201,8 @@ PlanOrder SelectPlanner::OrderOf(const sql::OrderKey& key) {
   }
   const Emitted value = outputEmitter_.GetForms().Cell(outputEmitter_.Value(*expression));
   if (value.IsLiteral()) return order;
-  order.sql = value.type == SqlType::Text ? outputEmitter_.GetForms().Collated(value) : value.sql;
+  order.sql = value.sql;
+  if (value.type == SqlType::Text) (dialect_.textKeys != nullptr ? order.comparable : order.sql) = outputEmitter_.GetForms().Collated(value);
   order.type = FieldTypeOf(value.type);
   return order;
 }
@@ -329,7 +331,7 @@ std::string SelectText(const SelectPlan& plan, const std::vector<std::string>& c
   if (!ordered) return text;
   for (std::size_t i = 0; i < plan.order.size(); ++i) {
     const PlanOrder& key = plan.order[i];
-    text += (i == 0 ? " ORDER BY " : ", ") + key.sql + dialect.OrderSuffix(key.descending);
+    text += (i == 0 ? " ORDER BY " : ", ") + key.By() + dialect.OrderSuffix(key.descending);
   }
   return text;
 }

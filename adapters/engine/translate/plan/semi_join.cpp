@@ -132,7 +132,8 @@ class Builder {
     if (!IsKept(equality->left.table)) std::swap(equality->left, equality->right);
     if (!IsKept(equality->left.table) || IsKept(equality->right.table)) return std::nullopt;
     const bool text = SqlTypeOf(equality->left.type) == SqlType::Text;
-    return equality->left.sql + (text ? emitter_.GetForms().Collate() : "") + " IN (SELECT " + equality->right.sql + behind;
+    const auto compared = [&](const ResolvedField& field) { return text && !field.comparable.empty() ? field.comparable : field.sql; };
+    return compared(equality->left) + (text ? emitter_.GetForms().Collate() : "") + " IN (SELECT " + compared(equality->right) + behind;
   }
 
   // Row by row -----------------------------------------------------------------------------------------------------------

@@ -26,6 +26,8 @@ void AddRows(const std::string& path, const std::string& table, const std::vecto
   }
 }
 
+std::shared_ptr<void> Hold(const std::string&) { return nullptr; }
+
 std::unique_ptr<platform::DataEngine> NewEngine(const engine::EngineOptions& options) {
   return engine::MakeEngineOver(std::make_unique<memory_store::MemoryStore>(AllFiles()), options);
 }

@@ -41,6 +41,7 @@ const engine::Dialect& OwnDialect() {
       .cellPrefix = "cell_",
       .cellBegin = "start",
       .cell = "end",
+      .joinInOrder = " JOIN IN ORDER ",
       .least = "LEAST",
       .greatest = "GREATEST",
       .nullsAscending = " NULLS FIRST",  // without these words they come last

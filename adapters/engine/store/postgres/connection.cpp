@@ -1,0 +1,220 @@
+#include "engine/store/postgres/connection.h"
+
+#include <algorithm>
+
+#include "engine/errors.h"
+#include "engine/store/query.h"
+
+namespace engine::postgres {
+namespace {
+
+constexpr std::size_t kKeptStatements = 256;
+constexpr std::string_view kSnapshot = "SELECT pg_current_snapshot()";
+
+struct Flag {
+  explicit Flag(bool& set) : flag(set) { flag = true; }
+  ~Flag() { flag = false; }
+  Flag(const Flag&) = delete;
+  Flag& operator=(const Flag&) = delete;
+  bool& flag;
+};
+
+}  // namespace
+
+ServerConnection::ServerConnection(const Target& target, Patience patience) : link_(target, patience, [this] { ServePainting(); }) {}
+
+ServerConnection::~ServerConnection() {
+  bySql_.clear();
+  recent_.clear();
+}
+
+// ---- statements
+
+std::shared_ptr<Statement> ServerConnection::Prepare(std::string_view sql) {
+  if (const auto found = bySql_.find(sql); found != bySql_.end() && !(*found->second)->InUse()) {
+    recent_.splice(recent_.begin(), recent_, found->second);
+    return recent_.front();
+  }
+  auto statement = std::make_shared<ServerStatement>(*this, sql);
+  if (bySql_.contains(sql)) return statement;  // the kept one is in use: this one lives for its run alone
+  recent_.push_front(statement);
+  bySql_.emplace(statement->Sql(), recent_.begin());
+  if (recent_.size() > kKeptStatements) {
+    bySql_.erase(recent_.back()->Sql());
+    recent_.pop_back();
+  }
+  return statement;
+}
+
+void ServerConnection::Forget(const std::string& name) noexcept { forgotten_.push_back(name); }
+
+void ServerConnection::Ready(const std::string& schema) {
+  FinishActive();
+  if (link_.IsOpen()) return;
+  if (begun_ || broken_ || opening_) throw errors::DiskOrNetwork();
+  const Flag opening(opening_);
+  forgotten_.clear();
+  watch_.Forget();
+  link_.Open(AskedOf(schema));
+}
+
+std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
+  FinishActive();
+  for (const std::string& name : forgotten_) trip.before.push_back("DEALLOCATE " + name);
+  forgotten_.clear();
+  trip.before.insert(trip.before.end(), pending_.begin(), pending_.end());
+  pending_.clear();
+  if (!units_.empty()) {
+    begun_ = true;
+    // What fails inside a unit is undone by itself, and the unit goes on.
+    trip.guarded = true;
+    trip.before.push_back("SAVEPOINT guard");
+    trip.behind.push_back("RELEASE SAVEPOINT guard");
+  }
+  active_ = link_.Send(trip);
+  return active_;
+}
+
+void ServerConnection::Take(Run& run) {
+  link_.Take(run);
+  if (run.done) Settle(run);
+}
+
+void ServerConnection::Abandon(Run& run) noexcept {
+  run.unwanted = true;
+  run.rows.clear();
+}
+
+void ServerConnection::FinishActive() {
+  while (active_ != nullptr) {
+    const std::shared_ptr<Run> run = active_;
+    link_.Finish(*run);
+    Settle(*run);
+  }
+}
+
+// What a run leaves behind, once it is at its end.
+void ServerConnection::Settle(Run& run) {
+  if (active_.get() != &run) return;
+  active_.reset();
+  if (!run.failure) return;
+  if (run.failure->lost) {
+    broken_ = !units_.empty();
+    watch_.Forget();
+  } else if (run.guarded) {
+    pending_.insert(pending_.begin(), {"ROLLBACK TO SAVEPOINT guard", "RELEASE SAVEPOINT guard"});
+  }
+}
+
+void ServerConnection::ExecuteAll(std::span<const std::string> statements, const std::string& schema) {
+  Ready(schema);
+  Trip trip;
+  trip.behind.assign(statements.begin(), statements.end());
+  const std::shared_ptr<Run> run = Start(std::move(trip));
+  Take(*run);
+  if (run->failure) Raise(*run->failure, Doing::Writing, schema);
+  CountWrite(schema, run->number);
+}
+
+void ServerConnection::Raise(const Failure& failure, Doing doing, const std::string& schema) const {
+  throw StatementError(failure, doing, AskedOf(schema));
+}
+
+// ---- units
+
+Channel::Unit ServerConnection::BeginUnit(Unit::Kind kind) {
+  const Unit unit{kind, units_.empty(), static_cast<int>(units_.size())};
+  if (unit.outermost) {
+    FinishActive();
+    pending_.push_back(kind == Unit::Kind::Read ? "BEGIN ISOLATION LEVEL REPEATABLE READ" : "BEGIN");
+  } else if (kind == Unit::Kind::Write) {
+    pending_.push_back("SAVEPOINT u" + std::to_string(unit.depth));
+  }
+  units_.push_back(kind);
+  return unit;
+}
+
+void ServerConnection::CommitUnit(const Unit& unit) {
+  const std::string name = "SAVEPOINT u" + std::to_string(unit.depth);
+  if (unit.outermost) {
+    FinishActive();
+    if (broken_) throw errors::DiskOrNetwork();
+    if (begun_) Control("COMMIT");
+    pending_.clear();
+    begun_ = false;
+  } else if (unit.kind == Unit::Kind::Write) {
+    if (!pending_.empty() && pending_.back() == name)
+      pending_.pop_back();
+    else
+      pending_.push_back("RELEASE " + name);
+  }
+  units_.pop_back();
+}
+
+void ServerConnection::UndoUnit(const Unit& unit) noexcept {
+  const std::string name = "SAVEPOINT u" + std::to_string(unit.depth);
+  units_.pop_back();
+  if (unit.kind == Unit::Kind::Write) ++undone_;
+  if (!unit.outermost) {
+    if (unit.kind != Unit::Kind::Write) return;
+    if (!pending_.empty() && pending_.back() == name)
+      pending_.pop_back();
+    else
+      pending_.insert(pending_.end(), {"ROLLBACK TO " + name, "RELEASE " + name});
+    return;
+  }
+  try {
+    FinishActive();
+    pending_.clear();
+    if (begun_ && !broken_) Control("ROLLBACK");
+  } catch (const platform::Error&) {
+    // Nobody can be told; a server that is gone has undone it.
+  }
+  begun_ = false;
+  broken_ = false;
+}
+
+// A statement that ends the outermost unit. Behind a failed one the transaction can only be undone, which the server does then.
+void ServerConnection::Control(const std::string& sql) {
+  Trip trip;
+  trip.before = std::move(pending_);
+  pending_.clear();
+  trip.behind.push_back(sql);
+  active_ = link_.Send(trip);
+  const std::shared_ptr<Run> run = active_;
+  Take(*run);
+  if (run->failure) Raise(*run->failure, Doing::Writing, {});
+  if (run->tag != sql) throw platform::Error(3000, "Reserved error (" + run->tag + ")");
+}
+
+// ---- who wrote
+
+std::uint64_t ServerConnection::Writes(const std::string& schema) const {
+  const auto found = writes_.find(schema);
+  return undone_ + (found == writes_.end() ? 0 : found->second);
+}
+
+void ServerConnection::CountWrite(const std::string& schema, const std::string& number) {
+  ++writes_[schema];
+  watch_.Own(number);
+}
+
+std::int64_t ServerConnection::OthersVersion() {
+  Query query(*this, kSnapshot);
+  if (query.Step() && watch_.Others(query.Text(0))) ++others_;
+  return others_;
+}
+
+const std::string& ServerConnection::AskedOf(const std::string& schema) const {
+  static const std::string none;
+  const auto found = asked_.find(schema);
+  return found == asked_.end() ? none : found->second;
+}
+
+void ServerConnection::ServePainting() {
+  if (painting_ || !servePainting_) return;
+  const Flag painting(painting_);
+  servePainting_();
+}
+
+}  // namespace engine::postgres

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <list>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "engine/store/channel.h"
+#include "engine/store/postgres/link/link.h"
+#include "engine/store/postgres/link/snapshot_watch.h"
+#include "engine/store/postgres/statement.h"
+
+namespace engine::postgres {
+
+/// The one connection of an engine to a database. It keeps statements, groups them, and turns the server's failures into the engine's
+/// errors. What groups statements (BEGIN, savepoints) travels along with the first statement that needs it. A connection that was
+/// lost fails what runs on it; the next statement outside of a unit connects anew.
+class ServerConnection final : public Channel {
+ public:
+  ServerConnection(const Target& target, Patience patience);
+  ~ServerConnection() override;
+
+  std::shared_ptr<Statement> Prepare(std::string_view sql) override;
+  Unit BeginUnit(Unit::Kind kind) override;
+  void CommitUnit(const Unit& unit) override;
+  void UndoUnit(const Unit& unit) noexcept override;
+
+  /// Runs statements without rows and without parameters, in one trip: outside of a unit all of them or none.
+  void ExecuteAll(std::span<const std::string> statements, const std::string& schema);
+
+  void OnWait(std::function<void()> servePainting) { servePainting_ = std::move(servePainting); }
+  /// Lets the windows paint; does nothing when called from inside painting.
+  void ServePainting();
+
+  /// Changes with each write of this connection to tables of the schema.
+  std::uint64_t Writes(const std::string& schema) const;
+  /// Asks the server: changes when somebody else has written anything there.
+  std::int64_t OthersVersion();
+
+  /// For messages: the path of a schema as the program names it.
+  void NameSchema(const std::string& schema, std::string asked) { asked_[schema] = std::move(asked); }
+  const std::string& AskedOf(const std::string& schema) const;
+
+  std::uint64_t Trips() const noexcept { return link_.Trips(); }
+
+  /// While it is set, a statement that would look at more than about so many rows, or put all rows in order first, isn't run:
+  /// WorkLimitReached.
+  void LimitWork(std::optional<int> rows) { workLimit_ = rows; }
+
+  // For its statements.
+  /// Connects if need be.
+  void Ready(const std::string& schema);
+  std::shared_ptr<Run> Start(Trip trip);
+  void Take(Run& run);
+  void Abandon(Run& run) noexcept;
+  [[noreturn]] void Raise(const Failure& failure, Doing doing, const std::string& schema) const;
+  void CountWrite(const std::string& schema, const std::string& number);
+  std::string NewName() { return "s" + std::to_string(++lastName_); }
+  void Forget(const std::string& name) noexcept;
+  int Openings() const noexcept { return link_.Openings(); }
+  std::optional<int> WorkLimit() const noexcept { return workLimit_; }
+
+ private:
+  void FinishActive();
+  void Settle(Run& run);
+  void Control(const std::string& sql);
+
+  Link link_;
+  std::function<void()> servePainting_;
+  bool painting_ = false;
+  bool opening_ = false;
+  std::list<std::shared_ptr<ServerStatement>> recent_;  ///< the latest first
+  std::unordered_map<std::string_view, std::list<std::shared_ptr<ServerStatement>>::iterator> bySql_;
+  int lastName_ = 0;
+  std::vector<std::string> forgotten_;  ///< names of prepared statements that nobody needs
+  std::shared_ptr<Run> active_;         ///< the last one, while it isn't settled
+  std::vector<std::string> pending_;    ///< what goes before the next statement
+  std::vector<Unit::Kind> units_;
+  bool begun_ = false;   ///< the server knows of the outermost unit
+  bool broken_ = false;  ///< the connection was lost inside the units
+  std::map<std::string, std::uint64_t> writes_;
+  std::uint64_t undone_ = 0;
+  std::map<std::string, std::string> asked_;
+  SnapshotWatch watch_;
+  std::int64_t others_ = 0;
+  std::optional<int> workLimit_;
+};
+
+}  // namespace engine::postgres

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/values/error.h"
+
+namespace engine::postgres {
+
+/// What a server said was wrong: its five-letter state (SQLSTATE), and what belongs to it.
+struct Failure {
+  std::string state;       ///< "" where the connection was cut and nobody said anything
+  std::string message;     ///< in the server's language; for messages about what no state of ours covers
+  std::string constraint;  ///< the key that would have been broken
+  bool lost = false;       ///< the connection is gone
+};
+
+/// What the statement that failed was doing.
+enum class Doing { Reading, Writing };
+
+/// The engine's error for a failed statement. `asked` names the file as the program does.
+platform::Error StatementError(const Failure& failure, Doing doing, const std::string& asked);
+
+/// The engine's error for a connection that could not be made.
+platform::Error ConnectError(const Failure& failure, const std::string& asked);
+
+/// The last state named in a message of the client library about a failed connection ("... FATAL:  28P01"); "" if there is none.
+std::string StateInMessage(const std::string& message);
+
+/// Whether the statement must be prepared once more: the server forgot it, or its tables have changed under it.
+bool MustPrepareAgain(const Failure& failure);
+
+/// Whether the server couldn't tell of what type a parameter is: one that has had no value yet.
+bool NeedsTypes(const Failure& failure);
+
+}  // namespace engine::postgres

@@ -1,0 +1,214 @@
+#include "engine/store/postgres/link/link.h"
+
+#include <libpq-fe.h>
+
+#include <array>
+#include <cstdlib>
+
+#include "engine/store/postgres/link/connect.h"
+
+namespace engine::postgres {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// The client library's numbers for the server's own types.
+constexpr int kTextFormat = 0;
+constexpr int kAsItIs = 1;
+
+std::string FieldOf(const PGresult* result, int field) {
+  const char* text = PQresultErrorField(result, field);
+  return text == nullptr ? std::string() : std::string(text);
+}
+
+Failure FailureOf(const PGresult* result, bool lost) {
+  return {FieldOf(result, PG_DIAG_SQLSTATE), FieldOf(result, PG_DIAG_MESSAGE_PRIMARY), FieldOf(result, PG_DIAG_CONSTRAINT_NAME), lost};
+}
+
+}  // namespace
+
+void ClearResult::operator()(pg_result* result) const noexcept { PQclear(result); }
+
+Link::Link(const Target& target, Patience patience, std::function<void()> serveOthers)
+    : target_(target), patience_(patience), serveOthers_(std::move(serveOthers)) {}
+
+Link::~Link() { Close(); }
+
+void Link::Close() noexcept {
+  PQfinish(connection_);
+  connection_ = nullptr;
+}
+
+void Link::Open(const std::string& asked) {
+  Close();
+  connection_ = Connect(target_, patience_, serveOthers_, asked);
+  ++openings_;
+}
+
+bool Link::IsOpen() const { return connection_ != nullptr && PQstatus(connection_) == CONNECTION_OK; }
+
+// ---- sending
+
+bool Link::SendStatement(const Trip& trip) {
+  const std::vector<Parameter>& parameters = *trip.parameters;
+  std::vector<const char*> values;
+  std::vector<int> lengths;
+  std::vector<int> formats;
+  for (const Parameter& parameter : parameters) {
+    values.push_back(parameter.kind == Parameter::Kind::Null ? nullptr : parameter.bytes.c_str());
+    lengths.push_back(static_cast<int>(parameter.bytes.size()));
+    formats.push_back(parameter.kind == Parameter::Kind::Text ? kAsItIs : kTextFormat);
+  }
+  return PQsendQueryPrepared(connection_, trip.name.c_str(), static_cast<int>(parameters.size()), values.data(), lengths.data(),
+                             formats.data(), kTextFormat) != 0;
+}
+
+std::shared_ptr<Run> Link::Send(const Trip& trip) {
+  auto run = std::make_shared<Run>();
+  run->guarded = trip.guarded;
+  bool sent = true;
+  const auto control = [&](const std::string& sql, Run::Part part) {
+    sent = sent && PQsendQueryParams(connection_, sql.c_str(), 0, nullptr, nullptr, nullptr, nullptr, kTextFormat) != 0;
+    run->parts.push_back(part);
+  };
+  for (const std::string& sql : trip.before) control(sql, Run::Part::Control);
+  if (!trip.prepare.empty()) {
+    sent = sent && PQsendPrepare(connection_, trip.name.c_str(), trip.prepare.c_str(), static_cast<int>(trip.types.size()), trip.types.data()) != 0;
+    run->parts.push_back(Run::Part::Prepare);
+  }
+  if (trip.parameters != nullptr) {
+    sent = sent && SendStatement(trip);
+    run->parts.push_back(Run::Part::Statement);
+  }
+  if (trip.asksNumber) control("SELECT pg_current_xact_id_if_assigned()", Run::Part::Number);
+  for (const std::string& sql : trip.behind) control(sql, Run::Part::Control);
+  sent = sent && PQpipelineSync(connection_) != 0;
+  run->parts.push_back(Run::Part::End);
+  unsent_ = true;
+  ++trips_;
+  if (!sent) {
+    Lose(*run);
+    return run;
+  }
+  if (run->parts.front() == Run::Part::Statement) PQsetSingleRowMode(connection_);
+  return run;
+}
+
+// ---- taking
+
+void Link::Lose(Run& run) {
+  if (!run.failure) run.failure = Failure{};
+  run.failure->lost = true;
+  run.done = true;
+  Close();
+}
+
+void Link::NextPart(Run& run) {
+  ++run.at;
+  // A row at a time, so that a long result is never here as a whole.
+  if (run.at < run.parts.size() && run.parts[run.at] == Run::Part::Statement) PQsetSingleRowMode(connection_);
+}
+
+void Link::Receive(Run& run, Result result) {
+  const Run::Part part = run.parts[run.at];
+  switch (PQresultStatus(result.get())) {
+    case PGRES_PIPELINE_SYNC:
+      run.done = true;
+      return;
+    case PGRES_FATAL_ERROR:
+    case PGRES_BAD_RESPONSE:
+      if (!run.failure) run.failure = FailureOf(result.get(), !IsOpen());
+      return;
+    case PGRES_SINGLE_TUPLE:
+    case PGRES_TUPLES_OK:
+      if (part == Run::Part::Number && PQntuples(result.get()) == 1) run.number = PQgetvalue(result.get(), 0, 0);
+      if (part != Run::Part::Statement) return;
+      if (PQntuples(result.get()) > 0) {
+        if (run.unwanted)
+          ++run.thrownAway;
+        else
+          run.rows.push_back(std::move(result));
+        return;
+      }
+      [[fallthrough]];
+    case PGRES_COMMAND_OK:
+      if (part == Run::Part::Statement) run.changed = std::atoll(PQcmdTuples(result.get()));
+      if (part == Run::Part::Prepare) run.prepared = true;
+      run.tag = PQcmdStatus(result.get());
+      return;
+    default:  // skipped behind an error
+      return;
+  }
+}
+
+// Takes what has come; false when there is nothing more for now.
+bool Link::Pump(Run& run) {
+  if (unsent_) {
+    const int left = PQflush(connection_);
+    if (left < 0 && PQconsumeInput(connection_) == 0) {
+      Lose(run);
+      return true;
+    }
+    unsent_ = left != 0;
+  }
+  if (PQisBusy(connection_) != 0) {
+    if (PQconsumeInput(connection_) == 0) {
+      Lose(run);
+      return true;
+    }
+    if (PQisBusy(connection_) != 0) return false;
+  }
+  Result result(PQgetResult(connection_));
+  if (result == nullptr) {
+    if (IsOpen())
+      NextPart(run);
+    else
+      Lose(run);
+    return true;
+  }
+  Receive(run, std::move(result));
+  if (!run.done && !IsOpen()) Lose(run);
+  return true;
+}
+
+void Link::Wait(Run& run, Moment& since) {
+  const auto before = Clock::now();
+  WaitForSocket(connection_, true, unsent_);
+  const auto now = Clock::now();
+  constexpr auto kLong = std::chrono::milliseconds(10);
+  if (now - before < kLong) {
+    since = now;
+    return;
+  }
+  if (now - since >= std::chrono::milliseconds(patience_.silence)) return Lose(run);
+  serveOthers_();
+}
+
+void Link::Take(Run& run) {
+  auto since = Clock::now();
+  // Whoever is served meanwhile may need a trip of their own; they take the rest of this one first.
+  while (!run.done && run.rows.empty()) {
+    if (!Pump(run)) Wait(run, since);
+  }
+}
+
+void Link::Finish(Run& run) {
+  constexpr int kWorthTaking = 1'000;
+  auto since = Clock::now();
+  while (!run.done) {
+    if (run.unwanted && run.thrownAway >= kWorthTaking) {
+      Cancel();
+      run.thrownAway = 0;
+    }
+    if (!Pump(run)) Wait(run, since);
+  }
+}
+
+void Link::Cancel() {
+  PGcancel* cancel = PQgetCancel(connection_);
+  std::array<char, 256> message{};
+  PQcancel(cancel, message.data(), static_cast<int>(message.size()));
+  PQfreeCancel(cancel);
+}
+
+}  // namespace engine::postgres

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "engine/store/postgres/link/run.h"
+#include "engine/store/postgres/link/target.h"
+
+struct pg_conn;
+
+namespace engine::postgres {
+
+/// How long things may take, in milliseconds.
+struct Patience {
+  int lock = 2'000;        ///< for others' locks
+  int connect = 10'000;    ///< for all hosts together
+  int silence = 120'000;   ///< for a server that takes what it is sent and answers nothing
+};
+
+/// The connection to one database of a server: it sends trips, one at a time, and takes their answers without ever blocking: while
+/// it waits, it lets others do their work. A connection that was lost stays lost until it is opened again.
+class Link {
+ public:
+  Link(const Target& target, Patience patience, std::function<void()> serveOthers);
+  ~Link();
+  Link(const Link&) = delete;
+  Link& operator=(const Link&) = delete;
+
+  /// Connects, anew if need be. Raises what the failed attempt comes to, in the name of `asked`.
+  void Open(const std::string& asked);
+  bool IsOpen() const;
+  /// How often it was opened: what a server keeps for a connection is gone with it.
+  int Openings() const noexcept { return openings_; }
+
+  /// Sends it. The answer to the one before must have been taken whole.
+  std::shared_ptr<Run> Send(const Trip& trip);
+  /// Waits for a row, or the end.
+  void Take(Run& run);
+  /// Waits for the end and keeps what comes, or throws it away where it isn't wanted.
+  void Finish(Run& run);
+  /// Number of trips so far; connecting isn't one.
+  std::uint64_t Trips() const noexcept { return trips_; }
+
+ private:
+  using Moment = std::chrono::steady_clock::time_point;
+  bool Pump(Run& run);
+  void Receive(Run& run, Result result);
+  void NextPart(Run& run);
+  void Wait(Run& run, Moment& since);
+  void Lose(Run& run);
+  void Cancel();
+  bool SendStatement(const Trip& trip);
+  void Close() noexcept;
+
+  Target target_;
+  Patience patience_;
+  std::function<void()> serveOthers_;
+  pg_conn* connection_ = nullptr;
+  int openings_ = 0;
+  bool unsent_ = false;
+  std::uint64_t trips_ = 0;
+};
+
+}  // namespace engine::postgres

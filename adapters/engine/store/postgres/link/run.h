@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/store/postgres/link/failure.h"
+
+struct pg_result;
+
+namespace engine::postgres {
+
+struct ClearResult {
+  void operator()(pg_result* result) const noexcept;
+};
+using Result = std::unique_ptr<pg_result, ClearResult>;
+
+/// A parameter as it travels. Texts go as they are, with their length; numbers in words.
+struct Parameter {
+  enum class Kind : std::uint8_t { Null, Whole, Real, Text } kind = Kind::Null;
+  std::string bytes;
+};
+
+/// What goes to the server at once, up to where it answers to all of it. An error skips the rest.
+struct Trip {
+  std::vector<std::string> before;  ///< statements without rows
+  std::string name;                 ///< of the prepared statement
+  std::string prepare;              ///< its text, "" when the server has it
+  std::vector<unsigned> types;      ///< of its parameters, where it is prepared
+  const std::vector<Parameter>* parameters = nullptr;
+  std::vector<std::string> behind;  ///< statements without rows
+  bool guarded = false;             ///< stands behind a savepoint that a failure must go back to
+  bool asksNumber = false;          ///< the transaction's own number is asked for, behind the statement
+};
+
+/// The answer to a trip, as far as it has come. Rows come as they are taken, and all of them before another trip begins.
+class Run {
+ public:
+  std::deque<Result> rows;         ///< of one row, or of many
+  std::optional<Failure> failure;  ///< complete once it is done
+  bool done = false;
+  bool unwanted = false;  ///< what still comes is thrown away
+  bool guarded = false;
+  std::int64_t changed = 0;
+  bool prepared = false;  ///< the server has the statement now
+  std::string tag;        ///< what the server says that the last part did
+  std::string number;  ///< of the transaction, "" if it has none
+
+  enum class Part : std::uint8_t { Control, Prepare, Statement, Number, End };
+  std::vector<Part> parts;
+  std::size_t at = 0;
+  int thrownAway = 0;
+};
+
+}  // namespace engine::postgres

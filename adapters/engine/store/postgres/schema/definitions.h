@@ -1,0 +1,37 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/store/channel.h"
+#include "platform/data/table_definition.h"
+
+/// Table definitions as a schema of the server holds them.
+namespace engine::postgres {
+
+/// The column that is a table's integer row key: its Counter, else the hidden one. Not quoted.
+std::string RowKeyOf(const platform::TableDefinition& table);
+
+/// The sequence that numbers the rows of a table, in quotes.
+std::string SequenceOf(std::string_view schema, std::string_view table);
+
+/// What makes an empty schema of ours: the text order's functions, the words for field types, the store's own tables.
+std::vector<std::string> CreateSchemaTexts(std::string_view schema);
+/// What makes a table; its indexes are made by themselves, after its rows where there are many.
+std::string CreateTableText(std::string_view schema, const platform::TableDefinition& table);
+std::vector<std::string> CreateIndexTexts(std::string_view schema, const platform::TableDefinition& table);
+
+/// All tables of the user in a schema, in the order of their making; nothing for the definition of one that isn't ours.
+struct StoredTable {
+  std::string name;
+  std::optional<platform::TableDefinition> definition;
+};
+std::vector<StoredTable> ReadTables(Channel& channel, std::string_view schema);
+
+/// A number that changes with every change of the schema's tables, indexes and columns, by anyone.
+std::int64_t AskSchemaVersion(Channel& channel, std::string_view schema);
+
+}  // namespace engine::postgres

@@ -1,0 +1,112 @@
+#include "engine/store/postgres/server_file.h"
+
+#include <algorithm>
+
+#include "engine/errors.h"
+#include "engine/store/postgres/wording/names.h"
+#include "engine/store/query.h"
+#include "platform/values/text.h"
+
+namespace engine::postgres {
+
+ServerFile::ServerFile(ServerConnection& connection, std::string schema, std::string path, bool readOnly)
+    : connection_(connection), schema_(std::move(schema)), path_(std::move(path)), readOnly_(readOnly) {}
+
+std::string ServerFile::Own(std::string_view name) const { return QuoteName(schema_) + '.' + QuoteName(name); }
+
+// ---- tables
+
+// While nobody has written anything, no definition has changed either.
+std::int64_t ServerFile::SchemaVersion() {
+  const std::int64_t others = OthersVersion();
+  const std::uint64_t writes = OwnVersion();
+  if (!versionKnown_ || others != versionOthers_ || writes != versionWrites_) version_ = AskSchemaVersion(connection_, schema_);
+  versionKnown_ = true;
+  versionOthers_ = others;
+  versionWrites_ = writes;
+  return version_;
+}
+
+const std::vector<StoredTable>& ServerFile::Tables() {
+  // The version first: who changes a table while it is read makes this reading old, not the next one.
+  const std::int64_t version = SchemaVersion();
+  if (!tablesKnown_ || version != tablesVersion_) tables_ = ReadTables(connection_, schema_);
+  tablesKnown_ = true;
+  tablesVersion_ = version;
+  return tables_;
+}
+
+std::vector<std::string> ServerFile::TableNames() {
+  std::vector<std::string> names;
+  for (const StoredTable& table : Tables()) names.push_back(table.name);
+  return names;
+}
+
+std::string ServerFile::StoredName(std::string_view table) {
+  for (const StoredTable& stored : Tables())
+    if (platform::EqualsNoCase(stored.name, table)) return stored.name;
+  return {};
+}
+
+platform::TableDefinition ServerFile::ReadTable(const std::string& storedName) {
+  const std::vector<StoredTable>& tables = Tables();
+  const auto found = std::ranges::find(tables, storedName, &StoredTable::name);
+  if (found == tables.end() || !found->definition) throw errors::NotADatabase(storedName);
+  return *found->definition;
+}
+
+// ---- numbers
+
+// A sequence goes on whatever becomes of the transaction. It knows nothing of numbers that were given by hand: where it is behind
+// them, one after the other of those who meet it brings it up to them.
+std::int64_t ServerFile::TakeNumber(const platform::TableDefinition& table) {
+  const std::string sequence = QuoteText(SequenceOf(schema_, table.name));
+  // Who may not write now is told so here, not when the row is stored.
+  const std::string writable = "(SELECT 1 FROM " + Own(table.name) + " WHERE false FOR KEY SHARE)";
+  const std::string highest = "(SELECT coalesce(max(" + QuoteName(RowKeyOf(table)) + "), 0) FROM " + Own(table.name) + ")";
+  const std::string next = "SELECT nextval(" + sequence + ") AS number";
+  {
+    Query query(connection_, std::string_view("SELECT number, " + highest + ", " + writable + " FROM (" + next + ") AS taken"));
+    query.Step();
+    const std::int64_t number = query.Int(0);
+    if (number > query.Int(1)) return number;
+  }
+  Transaction alone(connection_, Transaction::Kind::Write);
+  Query(connection_, std::string_view("SELECT pg_advisory_xact_lock(hashtextextended(" + sequence + ", 0))")).Run();
+  Query(connection_, std::string_view("SELECT setval(" + sequence + ", greatest(last_value, " + highest + ")) FROM " +
+                                      SequenceOf(schema_, table.name)))
+      .Run();
+  std::int64_t number = 0;
+  {
+    Query query(connection_, next);
+    query.Step();
+    number = query.Int(0);
+  }
+  alone.Commit();
+  return number;
+}
+
+// ---- links
+
+std::vector<StoredLink> ServerFile::Links() {
+  std::vector<StoredLink> links;
+  Query query(connection_, "SELECT name, path, source FROM " + Own(kLinksTable) + " ORDER BY number");
+  while (query.Step()) links.push_back({std::string(query.Text(0)), std::string(query.Text(1)), std::string(query.Text(2))});
+  return links;
+}
+
+void ServerFile::AddLink(const StoredLink& link) {
+  if (readOnly_) throw errors::ReadOnly();
+  Query query(connection_, "INSERT INTO " + Own(kLinksTable) + " (name, path, source) VALUES ($1, $2, $3)");
+  query.Bind(1, std::string_view(link.name));
+  query.Bind(2, std::string_view(link.path));
+  query.Bind(3, std::string_view(link.source));
+  try {
+    query.Run();
+  } catch (const platform::Error& error) {
+    if (error.Number() == platform::error::number::DuplicateKey) throw errors::ObjectExists(link.name);
+    throw;
+  }
+}
+
+}  // namespace engine::postgres

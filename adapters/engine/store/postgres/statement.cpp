@@ -1,0 +1,191 @@
+#include "engine/store/postgres/statement.h"
+
+#include <libpq-fe.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "engine/errors.h"
+#include "engine/store/postgres/connection.h"
+#include "engine/store/postgres/values/stored_text.h"
+#include "engine/store/postgres/work_estimate.h"
+
+namespace engine::postgres {
+namespace {
+
+using platform::FieldType;
+using platform::Value;
+
+// The server's own numbers for its types.
+constexpr unsigned kInt8 = 20;
+constexpr unsigned kFloat8 = 701;
+constexpr unsigned kText = 25;
+constexpr unsigned kUnknown = 0;
+
+unsigned TypeOf(Parameter::Kind kind) {
+  switch (kind) {
+    case Parameter::Kind::Whole:
+      return kInt8;
+    case Parameter::Kind::Real:
+      return kFloat8;
+    case Parameter::Kind::Text:
+      return kText;
+    case Parameter::Kind::Null:
+      break;
+  }
+  return kUnknown;
+}
+
+// What changes something, also if it is a SELECT by its form.
+bool ChangesSomething(std::string_view sql) {
+  constexpr std::array words{"INSERT", "UPDATE", "DELETE", "LOCK", "CREATE", "ALTER", "DROP", "COPY", "TRUNCATE", "COMMENT", "GRANT"};
+  for (const std::string_view word : words)
+    if (sql.starts_with(word)) return true;
+  return sql.find("nextval(") != std::string_view::npos;
+}
+
+}  // namespace
+
+std::string FirstSchema(std::string_view sql) {
+  for (std::size_t at = sql.find('"'); at != std::string_view::npos;) {
+    const std::size_t end = sql.find('"', at + 1);
+    if (end == std::string_view::npos) break;
+    if (end + 1 < sql.size() && sql[end + 1] == '.') return std::string(sql.substr(at + 1, end - at - 1));
+    at = sql.find('"', end + 1);
+  }
+  return {};
+}
+
+ServerStatement::ServerStatement(ServerConnection& connection, std::string_view sql, std::vector<Parameter> parameters)
+    : connection_(connection),
+      sql_(sql),
+      schema_(FirstSchema(sql)),
+      writes_(ChangesSomething(sql)),
+      parameters_(std::move(parameters)),
+      types_(parameters_.size(), kUnknown) {}
+
+ServerStatement::~ServerStatement() {
+  Reset();
+  if (openings_ == connection_.Openings())
+    for (const auto& named : names_) connection_.Forget(named.second);
+}
+
+// ---- parameters
+
+Parameter& ServerStatement::At(int parameter) {
+  const auto place = static_cast<std::size_t>(parameter);
+  if (parameters_.size() < place) {
+    parameters_.resize(place);
+    types_.resize(place, kUnknown);
+  }
+  return parameters_[place - 1];
+}
+
+void ServerStatement::BindNull(int parameter) { At(parameter) = {}; }
+
+void ServerStatement::Bind(int parameter, std::int64_t number) { At(parameter) = {Parameter::Kind::Whole, std::to_string(number)}; }
+
+void ServerStatement::Bind(int parameter, double number) {
+  std::array<char, 32> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
+  At(parameter) = {Parameter::Kind::Real, std::string(buffer.data(), end)};
+}
+
+void ServerStatement::Bind(int parameter, std::string_view text) { At(parameter) = {Parameter::Kind::Text, std::string(text)}; }
+
+// ---- a run
+
+Trip ServerStatement::Prepared() {
+  // A Null is of the type that the parameter had before, if it had one.
+  for (std::size_t i = 0; i < parameters_.size(); ++i)
+    if (parameters_[i].kind != Parameter::Kind::Null) types_[i] = TypeOf(parameters_[i].kind);
+  if (openings_ != connection_.Openings()) names_.clear();
+  openings_ = connection_.Openings();
+
+  Trip trip;
+  trip.parameters = &parameters_;
+  trip.asksNumber = writes_;
+  const auto known = names_.find(types_);
+  preparing_ = known == names_.end();
+  if (!preparing_) {
+    trip.name = known->second;
+    return trip;
+  }
+  trip.name = connection_.NewName();
+  trip.prepare = sql_;
+  trip.types = types_;
+  names_.emplace(types_, trip.name);
+  return trip;
+}
+
+void ServerStatement::Start() {
+  for (const Parameter& parameter : parameters_)
+    if (parameter.kind == Parameter::Kind::Text && !IsStorable(parameter.bytes)) throw errors::DataConversion();
+  connection_.Ready(schema_);
+  if (const auto rows = connection_.WorkLimit(); rows && !sql_.starts_with("EXPLAIN ") && IsMoreThan(EstimateOf(connection_, sql_, parameters_), *rows))
+    throw WorkLimitReached();
+  run_ = connection_.Start(Prepared());
+}
+
+bool ServerStatement::Step() {
+  if (rows_ != nullptr && ++row_ < PQntuples(rows_.get())) return true;
+  rows_.reset();
+  const bool fresh = run_ == nullptr;
+  if (fresh) Start();
+  connection_.Take(*run_);
+  if (run_->rows.empty() && run_->failure) {
+    const Failure failure = *run_->failure;
+    const bool prepared = run_->prepared;
+    run_.reset();
+    if (fresh && !prepared && MustPrepareAgain(failure)) {
+      names_.erase(types_);
+      return Step();
+    }
+    if (preparing_ && !prepared) names_.erase(types_);
+    if (NeedsTypes(failure) && std::count(types_.begin(), types_.end(), kUnknown) > 0) {
+      std::replace(types_.begin(), types_.end(), kUnknown, kText);
+      return Step();
+    }
+    connection_.Raise(failure, writes_ ? Doing::Writing : Doing::Reading, schema_);
+  }
+  if (run_->rows.empty()) return Ended();
+  rows_ = std::move(run_->rows.front());
+  run_->rows.pop_front();
+  row_ = 0;
+  return true;
+}
+
+bool ServerStatement::Ended() {
+  changed_ = run_->changed;
+  if (writes_) connection_.CountWrite(schema_, run_->number);
+  return false;
+}
+
+void ServerStatement::Reset() noexcept {
+  if (run_ != nullptr) connection_.Abandon(*run_);
+  run_.reset();
+  rows_.reset();
+  row_ = 0;
+}
+
+// ---- a row's cells
+
+bool ServerStatement::IsNull(int column) const { return PQgetisnull(rows_.get(), row_, column) != 0; }
+
+std::optional<std::string_view> ServerStatement::Text(int column) const {
+  if (IsNull(column)) return {};
+  return std::string_view(PQgetvalue(rows_.get(), row_, column), static_cast<std::size_t>(PQgetlength(rows_.get(), row_, column)));
+}
+
+std::int64_t ServerStatement::Int(int column) const { return WholeOf(Text(column).value_or("0")); }
+
+void ServerStatement::Append(std::vector<Value>& cells, int first, std::span<const FieldType> types) const {
+  int column = first;
+  for (const FieldType type : types) {
+    const auto text = Text(column++);
+    text ? cells.push_back(ValueOfText(type, *text)) : static_cast<void>(cells.emplace_back(platform::Null));
+  }
+}
+
+}  // namespace engine::postgres

@@ -1,0 +1,200 @@
+// The text order by keys: the client's own, and those that a schema builds.
+#include "engine/store/postgres/text/text_key.h"
+
+#include <random>
+
+#include "engine/store/postgres/schema/key_function.h"
+#include "engine/store/postgres/text/like_regex.h"
+#include "engine/store/postgres/wording/names.h"
+#include "engine/text/text_order.h"
+#include "platform/values/text.h"
+#include "unit/engine/server/server_test.h"
+
+namespace engine::postgres {
+namespace {
+
+int Sign(int number) { return (number > 0) - (number < 0); }
+
+// Letters that tie, accents, marks, signs, blanks, symbols, other scripts, and now and then any character.
+char32_t AnyCharacter(std::mt19937& random) {
+  static const std::u32string frequent =
+      U"aAbsSzZ09 \t\u00A0!'-/:@[_`{~\u0001\u0008\u000A\u001F\u007F\u0085\u00E4\u00C4\u00E9\u00E8\u00DF\u00E6\u0153\u00F0\u00FE\u00F8\u0142\u017F\u0301\u0308"
+      U"\u0345\u1EA5\u2013\u2019\u20AC\u00BD\u03A3\u03C2\u0416\u4E2D\uAC00\uFF21\U0001F600";
+  if (random() % 8 != 0) return frequent[random() % frequent.size()];
+  while (true) {
+    const auto character = static_cast<char32_t>(1 + random() % platform::kHighestCodePoint);
+    if (character < 0xD800 || character > 0xDFFF) return character;
+  }
+}
+
+std::string AnyText(std::mt19937& random, std::size_t longest) {
+  std::string text;
+  for (std::size_t left = random() % (longest + 1); left > 0; --left) platform::AppendCodePoint(text, AnyCharacter(random));
+  return text;
+}
+
+TEST(TextKey, IsTheTextInSmallLettersWhereNothingElseCounts) {
+  EXPECT_EQ(TextKey("Smith"), "smith");
+  EXPECT_EQ(TextKey("O'Brien-Jones 12  "), "o'brien-jones 12");
+  EXPECT_EQ(TextKey(""), "");
+  EXPECT_EQ(TextKey(" \t\u00A0"), "");
+  EXPECT_EQ(TextKey("M\u00FCller"), "muller\x01!!%");
+  EXPECT_EQ(TextKey("Stra\u00DFe"), "strasse");
+}
+
+TEST(TextKey, IsAscii) {
+  for (char32_t character = 1; character <= platform::kHighestCodePoint; ++character) {
+    if (character == 0xD800) character = 0xE000;
+    const KeyParts parts = KeyPartsOf(character);
+    ASSERT_TRUE(platform::IsAscii(parts.primary) && platform::IsAscii(parts.accents)) << static_cast<unsigned>(character);
+    ASSERT_EQ(parts.primary.find(kAccentsFollow), std::string::npos) << static_cast<unsigned>(character);
+  }
+}
+
+TEST(TextKey, OrdersAndTiesAsTheTextsDo) {
+  std::mt19937 random(11);
+  int ties = 0;
+  for (int round = 0; round < 200'000; ++round) {
+    const std::string left = AnyText(random, 4);
+    const std::string right = random() % 3 == 0 ? left + AnyText(random, 2) : AnyText(random, 4);
+    const int expected = Sign(CompareText(left, right));
+    ASSERT_EQ(Sign(TextKey(left).compare(TextKey(right))), expected) << left << " and " << right;
+    ties += expected == 0;
+  }
+  EXPECT_GT(ties, 5'000);
+}
+
+TEST(TextKey, OfEachCharacterStandsInItsPlace) {
+  char32_t before = 1;
+  for (char32_t character = 2; character <= platform::kHighestCodePoint; ++character) {
+    if (character == 0xD800) character = 0xE000;
+    std::string left;
+    std::string right;
+    // Between letters, so that blanks count, too.
+    for (auto* text : {&left, &right}) *text = "x";
+    platform::AppendCodePoint(left, before);
+    platform::AppendCodePoint(right, character);
+    left += 'x';
+    right += 'x';
+    ASSERT_EQ(Sign(TextKey(left).compare(TextKey(right))), Sign(CompareText(left, right))) << static_cast<unsigned>(character);
+    before = character;
+  }
+}
+
+TEST(TextKey, RangeHoldsEveryTextThatBeginsSo) {
+  std::mt19937 random(12);
+  for (int round = 0; round < 100'000; ++round) {
+    const std::string prefix(WithoutTrailingBlanks(AnyText(random, 3)));
+    if (prefix.empty()) continue;
+    const TextKeyRange range = KeysBeginning(prefix);
+    const std::string key = TextKey(prefix + AnyText(random, 3));
+    ASSERT_TRUE(key >= range.lower && key < range.upper) << prefix;
+  }
+}
+
+class KeyFunction : public ServerTest {
+ protected:
+  KeyFunction() : connection(TargetOf("text.zdb"), Short()) {
+    std::vector<std::string> texts{"CREATE SCHEMA \"orv1_text\""};
+    for (std::string& text : KeyFunctionTexts("orv1_text")) texts.push_back(std::move(text));
+    connection.ExecuteAll(texts, "orv1_text");
+  }
+  // The server's keys of these texts; one trip.
+  std::vector<std::string> KeysOf(const std::vector<std::string>& texts) {
+    std::string sql = "SELECT \"orv1_text\".text_key(t) FROM (VALUES ";
+    for (std::size_t i = 1; i <= texts.size(); ++i) sql += (i == 1 ? "($" : ", ($") + std::to_string(i) + ')';
+    Query query(connection, std::string_view(sql + ") AS texts(t)"));
+    for (std::size_t i = 0; i < texts.size(); ++i) query.Bind(static_cast<int>(i + 1), std::string_view(texts[i]));
+    std::vector<std::string> keys;
+    while (query.Step()) keys.emplace_back(query.Text(0));
+    return keys;
+  }
+  void ExpectSame(const std::vector<std::string>& texts) {
+    const std::vector<std::string> keys = KeysOf(texts);
+    ASSERT_EQ(keys.size(), texts.size());
+    for (std::size_t i = 0; i < texts.size(); ++i) ASSERT_EQ(keys[i], TextKey(texts[i])) << texts[i];
+  }
+  ServerConnection connection;
+};
+
+TEST_F(KeyFunction, BuildsTheSameKeyForEachCharacter) {
+  std::vector<std::string> texts;
+  std::string text;
+  const auto send = [&] {
+    if (!texts.empty()) ExpectSame(texts);
+    texts.clear();
+  };
+  for (char32_t character = 1; character <= platform::kHighestCodePoint; ++character) {
+    if (character == 0xD800) character = 0xE000;
+    platform::AppendCodePoint(text, character);
+    if (character % 128 != 127) continue;
+    texts.push_back(text + 'x');
+    text.clear();
+    if (texts.size() == 256) send();
+    if (HasFatalFailure()) return;
+  }
+  send();
+  EXPECT_TRUE(text.empty());
+}
+
+TEST_F(KeyFunction, BuildsTheSameKeysForMixedTexts) {
+  std::mt19937 random(13);
+  for (int round = 0; round < 200; ++round) {
+    std::vector<std::string> texts;
+    for (int i = 0; i < 1'000; ++i) texts.push_back(AnyText(random, 12));
+    ExpectSame(texts);
+    if (HasFatalFailure()) return;
+  }
+}
+
+TEST_F(KeyFunction, OfNullIsNull) { EXPECT_EQ(Ask(connection, "SELECT \"orv1_text\".text_key(NULL)"), std::vector<std::string>{"Null"}); }
+
+TEST_F(KeyFunction, TestsLikeByRegularExpressions) {
+  std::mt19937 random(14);
+  const auto anyPattern = [&] {
+    static const std::vector<std::string> signs{"*", "?", "#", "[a-z]", "[!a-z]", "[s\u00E9-\u00EA]", "[!0-9]", "[*]", "[", "[]", "[-a]", "[\u0416-\u042F]", "[!]"};
+    std::string pattern;
+    for (std::size_t left = random() % 5; left > 0; --left) pattern += random() % 2 == 0 ? signs[random() % signs.size()] : AnyText(random, 1);
+    return pattern;
+  };
+  int matches = 0;
+  int tests = 0;
+  while (tests < 40'000) {
+    std::vector<std::string> texts;
+    std::vector<std::string> regexes;
+    std::vector<bool> expected;
+    while (texts.size() < 500) {
+      const std::string pattern = anyPattern();
+      std::string text = AnyText(random, 4);
+      if (random() % 2 == 0) {  // of the pattern's own signs, so that some match
+        text.clear();
+        for (const char c : pattern) text += c == '?' || c == '*' ? 'a' : c;
+        if (!platform::IsValidUtf8(text)) continue;
+      }
+      try {
+        const LikePattern like(pattern);
+        expected.push_back(like.Matches(text));
+        regexes.push_back(LikeRegex(like));
+      } catch (const platform::Error&) {
+        continue;  // no pattern
+      }
+      texts.push_back(text);
+    }
+    std::string sql = "SELECT " + LikeSubject("t") + " ~ r FROM (VALUES ";
+    for (std::size_t i = 0; i < texts.size(); ++i)
+      sql += (i == 0 ? "($" : ", ($") + std::to_string(2 * i + 1) + ", $" + std::to_string(2 * i + 2) + ')';
+    Query query(connection, std::string_view(sql + ") AS tests(t, r)"));
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      query.Bind(static_cast<int>(2 * i + 1), std::string_view(texts[i]));
+      query.Bind(static_cast<int>(2 * i + 2), std::string_view(regexes[i]));
+    }
+    for (std::size_t i = 0; query.Step(); ++i, ++tests) {
+      ASSERT_EQ(query.Int(0) != 0, expected[i]) << texts[i] << " by " << regexes[i].substr(0, 200);
+      matches += expected[i];
+    }
+  }
+  EXPECT_GT(matches, 2'000);
+}
+
+}  // namespace
+}  // namespace engine::postgres

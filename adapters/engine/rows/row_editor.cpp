@@ -94,6 +94,7 @@ RowEditor::Insertion RowEditor::MakeInsertion(const ResolvedTable& table) const 
   }
   made.sql.text = names.empty() ? "INSERT INTO " + table.storeName + " DEFAULT VALUES"
                                 : "INSERT INTO " + table.storeName + " (" + names + ") VALUES (" + places + ")";
+  if (!dialect.givingBack.empty()) made.sql.text += dialect.givingBack + table.rowKey;
   return made;
 }
 

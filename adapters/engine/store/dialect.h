@@ -75,6 +75,8 @@ struct Dialect {
   /// How an INSERT and an UPDATE begin that leave out rows which break a key.
   std::string insertLenient;
   std::string updateLenient;
+  /// Behind an INSERT of one row, before its row key's name, to have the key given back; "" where the statement knows it anyway.
+  std::string givingBack{};
   /// How deep calls and parentheses of an expression may nest; deeper ones raise 3360.
   int nesting = 0;
 

@@ -153,6 +153,7 @@ bool ServerStatement::Step() {
   rows_ = std::move(run_->rows.front());
   run_->rows.pop_front();
   row_ = 0;
+  if (writes_) added_ = Int(0);
   return true;
 }
 

@@ -37,6 +37,7 @@ class ServerStatement final : public Statement {
   bool Step() override;
   void Reset() noexcept override;
   std::int64_t Changed() const override { return changed_; }
+  std::int64_t AddedRow() const override { return added_; }
   bool IsNull(int column) const override;
   std::int64_t Int(int column) const override;
   std::optional<std::string_view> Text(int column) const override;
@@ -61,6 +62,7 @@ class ServerStatement final : public Statement {
   Result rows_;
   int row_ = 0;
   std::int64_t changed_ = 0;
+  std::int64_t added_ = 0;
 };
 
 }  // namespace engine::postgres

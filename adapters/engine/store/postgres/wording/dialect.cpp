@@ -59,6 +59,7 @@ const Dialect& ServerDialect() {
       .nullsDescending = " NULLS LAST",
       .insertLenient = "INSERT INTO",
       .updateLenient = "UPDATE",
+      .givingBack = " RETURNING ",
       .nesting = 20,
   };
   return dialect;

@@ -8,7 +8,6 @@
 namespace engine::postgres {
 namespace {
 
-constexpr std::size_t kKeptStatements = 256;
 constexpr std::string_view kSnapshot = "SELECT pg_current_snapshot()";
 
 struct Flag {
@@ -24,26 +23,13 @@ struct Flag {
 ServerConnection::ServerConnection(const Target& target, Patience patience) : link_(target, patience, [this] { ServePainting(); }) {}
 
 ServerConnection::~ServerConnection() {
-  bySql_.clear();
-  recent_.clear();
+  kept_.Clear();
 }
 
 // ---- statements
 
 std::shared_ptr<Statement> ServerConnection::Prepare(std::string_view sql) {
-  if (const auto found = bySql_.find(sql); found != bySql_.end() && !(*found->second)->InUse()) {
-    recent_.splice(recent_.begin(), recent_, found->second);
-    return recent_.front();
-  }
-  auto statement = std::make_shared<ServerStatement>(*this, sql);
-  if (bySql_.contains(sql)) return statement;  // the kept one is in use: this one lives for its run alone
-  recent_.push_front(statement);
-  bySql_.emplace(statement->Sql(), recent_.begin());
-  if (recent_.size() > kKeptStatements) {
-    bySql_.erase(recent_.back()->Sql());
-    recent_.pop_back();
-  }
-  return statement;
+  return kept_.Take(sql, [&] { return std::make_shared<ServerStatement>(*this, sql); });
 }
 
 void ServerConnection::Forget(const std::string& name) noexcept { forgotten_.push_back(name); }

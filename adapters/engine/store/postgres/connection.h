@@ -2,17 +2,16 @@
 
 #include <cstdint>
 #include <functional>
-#include <list>
 #include <map>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "engine/store/channel.h"
+#include "engine/store/kept_statements.h"
 #include "engine/store/postgres/link/link.h"
 #include "engine/store/postgres/link/snapshot_watch.h"
 #include "engine/store/postgres/statement.h"
@@ -76,8 +75,7 @@ class ServerConnection final : public Channel {
   std::function<void()> servePainting_;
   bool painting_ = false;
   bool opening_ = false;
-  std::list<std::shared_ptr<ServerStatement>> recent_;  ///< the latest first
-  std::unordered_map<std::string_view, std::list<std::shared_ptr<ServerStatement>>::iterator> bySql_;
+  KeptStatements<ServerStatement> kept_;
   int lastName_ = 0;
   std::vector<std::string> forgotten_;  ///< names of prepared statements that nobody needs
   std::shared_ptr<Run> active_;         ///< the last one, while it isn't settled

@@ -11,7 +11,6 @@
 namespace engine {
 namespace {
 
-constexpr std::size_t kKeptStatements = 256;
 constexpr auto kLockStep = std::chrono::milliseconds(15);
 
 platform::Error ConstraintError(int code) {
@@ -103,19 +102,7 @@ const std::string& Connection::PathOf(int file) const {
 }
 
 std::shared_ptr<SqliteStatement> Connection::Kept(std::string_view sql) {
-  if (const auto found = bySql_.find(sql); found != bySql_.end() && !(*found->second)->InUse()) {
-    recent_.splice(recent_.begin(), recent_, found->second);
-    return recent_.front();
-  }
-  auto statement = std::make_shared<SqliteStatement>(*this, sql);
-  if (bySql_.contains(sql)) return statement;  // the kept one is in use: this one lives for its run alone
-  recent_.push_front(statement);
-  bySql_.emplace(statement->Sql(), recent_.begin());
-  if (recent_.size() > kKeptStatements) {
-    bySql_.erase(recent_.back()->Sql());
-    recent_.pop_back();
-  }
-  return statement;
+  return kept_.Take(sql, [&] { return std::make_shared<SqliteStatement>(*this, sql); });
 }
 
 sqlite3_stmt* Connection::PrepareText(const std::string& sql, int file) {
@@ -131,16 +118,15 @@ sqlite3_stmt* Connection::PrepareText(const std::string& sql, int file) {
 }
 
 void Connection::DropStatements() {
-  for (const auto& statement : recent_)
+  for (const auto& statement : kept_.All())
     if (!statement->InUse()) statement->Drop();
-  bySql_.clear();
-  recent_.clear();
+  kept_.Clear();
 }
 
 bool Connection::Uses(int file) const {
   const std::string name = "\"f" + std::to_string(file) + "\".";
-  return std::any_of(recent_.begin(), recent_.end(),
-                     [&](const auto& statement) { return statement->InUse() && statement->Sql().find(name) != std::string::npos; });
+  return std::ranges::any_of(
+      kept_.All(), [&](const auto& statement) { return statement->InUse() && statement->Sql().find(name) != std::string::npos; });
 }
 
 bool Connection::WaitForLock(std::chrono::steady_clock::time_point start) {

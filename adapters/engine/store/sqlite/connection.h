@@ -3,16 +3,15 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
-#include <list>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "engine/store/channel.h"
+#include "engine/store/kept_statements.h"
 #include "engine/store/query.h"
 #include "engine/store/sqlite/statement.h"
 #include "platform/values/error.h"
@@ -83,7 +82,6 @@ class Connection final : public Channel {
 
  private:
   friend class WorkLimit;
-  using Recent = std::list<std::shared_ptr<SqliteStatement>>;
 
   std::shared_ptr<SqliteStatement> Kept(std::string_view sql);
   /// Writes were undone: what was read meanwhile is stale.
@@ -94,8 +92,7 @@ class Connection final : public Channel {
   std::function<void()> servePainting_;
   std::function<void(std::string_view)> onPrepare_;
   bool painting_ = false;
-  Recent recent_;  ///< kept statements, last used first
-  std::unordered_map<std::string_view, Recent::iterator> bySql_;
+  KeptStatements<SqliteStatement> kept_;
   std::map<int, std::string> paths_;
   std::vector<std::uint64_t> writes_;  ///< by file number
   std::optional<platform::Error> pendingError_;

@@ -14,7 +14,7 @@ mode=${1:-all}
 fuzz_seconds=${FUZZ_SECONDS:-30}
 # What runs under address and undefined-behaviour sanitizers too: every unit program that needs no window.
 SANITIZED="platform_values_test platform_controls_test platform_keys_test engine_text_test engine_sql_test engine_sql_corpus_test
-engine_store_test engine_cursor_test engine_memory_store_test suite_test session_test records_test maintenance_test setup_test queries_test robot_test custsearch_test library_test
+engine_store_test engine_cursor_test engine_memory_store_test engine_server_test suite_test session_test records_test maintenance_test setup_test queries_test robot_test custsearch_test library_test
 streets_address_test streets_geocoder_test streets_map_test streets_files_test streets_import_test streets_osm_test hostile_yields printing_rules_test printing_data_test"
 FUZZERS="fuzz_like fuzz_convert fuzz_sql fuzz_report fuzz_selection fuzz_county fuzz_archive fuzz_address fuzz_osm"
 failed=""

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/errors.h"
+#include "engine/store/counter_field.h"
 #include "engine/values/field_values.h"
 
 namespace engine {
@@ -12,9 +13,7 @@ using platform::EditMode;
 using platform::FieldType;
 using platform::Value;
 
-bool HasCounter(const ResolvedTable& table) {
-  return std::ranges::any_of(table.definition.fields, [](const auto& field) { return field.type == FieldType::Counter; });
-}
+bool HasCounter(const ResolvedTable& table) { return CounterOf(table.definition) != nullptr; }
 
 }  // namespace
 

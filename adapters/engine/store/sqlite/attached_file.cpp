@@ -1,6 +1,7 @@
 #include "engine/store/sqlite/attached_file.h"
 
 #include "engine/errors.h"
+#include "engine/store/link_rows.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
 
@@ -79,24 +80,12 @@ std::int64_t AttachedFile::TakeNumber(const platform::TableDefinition& table) {
 // ---- links
 
 std::vector<StoredLink> AttachedFile::Links() {
-  std::vector<StoredLink> links;
-  Query query(connection_, "SELECT name, path, source FROM " + Own(QuoteName(kLinksTable)) + " ORDER BY rowid");
-  while (query.Step()) links.push_back({std::string(query.Text(0)), std::string(query.Text(1)), std::string(query.Text(2))});
-  return links;
+  return ReadLinks(connection_, "SELECT name, path, source FROM " + Own(QuoteName(kLinksTable)) + " ORDER BY rowid");
 }
 
 void AttachedFile::AddLink(const StoredLink& link) {
   if (readOnly_) throw errors::ReadOnly();
-  Query query(connection_, "INSERT INTO " + Own(QuoteName(kLinksTable)) + " (name, path, source) VALUES (?1, ?2, ?3)");
-  query.Bind(1, std::string_view(link.name));
-  query.Bind(2, std::string_view(link.path));
-  query.Bind(3, std::string_view(link.source));
-  try {
-    query.Run();
-  } catch (const platform::Error& error) {
-    if (error.Number() == platform::error::number::DuplicateKey) throw errors::ObjectExists(link.name);
-    throw;
-  }
+  WriteLink(connection_, "INSERT INTO " + Own(QuoteName(kLinksTable)) + " (name, path, source) VALUES (?1, ?2, ?3)", link);
 }
 
 }  // namespace engine

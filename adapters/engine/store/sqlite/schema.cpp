@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/errors.h"
+#include "engine/store/counter_field.h"
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/declared_types.h"
 #include "engine/store/sqlite/names.h"
@@ -16,11 +17,6 @@ using platform::FieldDefinition;
 using platform::FieldType;
 using platform::IndexDefinition;
 using platform::TableDefinition;
-
-const FieldDefinition* CounterOf(const TableDefinition& table) {
-  const auto found = std::ranges::find(table.fields, FieldType::Counter, &FieldDefinition::type);
-  return found == table.fields.end() ? nullptr : &*found;
-}
 
 bool InPrimary(const TableDefinition& table, const std::string& field) {
   return std::ranges::any_of(table.indexes, [&](const IndexDefinition& index) {

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "engine/store/counter_field.h"
 #include "engine/store/postgres/schema/definitions.h"
 #include "engine/store/postgres/schema/field_words.h"
 #include "engine/store/postgres/schema/key_function.h"
@@ -19,11 +20,6 @@ using platform::IndexDefinition;
 using platform::TableDefinition;
 
 constexpr int kFormat = 1;
-
-const FieldDefinition* CounterOf(const TableDefinition& table) {
-  const auto found = std::ranges::find(table.fields, FieldType::Counter, &FieldDefinition::type);
-  return found == table.fields.end() ? nullptr : &*found;
-}
 
 bool Has(const IndexDefinition& index, const std::string& field) {
   return std::ranges::any_of(index.fields, [&](const std::string& name) { return EqualsNoCase(name, field); });

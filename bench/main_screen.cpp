@@ -19,7 +19,6 @@
 namespace bench {
 namespace {
 
-constexpr int user = 1;
 constexpr int company = 1;
 
 double Milliseconds(clockid_t clock) {
@@ -70,7 +69,7 @@ int WatchedFrontEnd::MessageBox(const std::string& text, int, const std::string&
   throw std::runtime_error("the program shows a box, \"" + title + "\": " + text);
 }
 
-std::string TemporaryFileIn(const std::string& folder) {
+std::string TemporaryFileIn(const std::string& folder, int user) {
   const std::filesystem::path path = std::filesystem::path(folder) / "orvTEMP" / suite::TemporaryFileName(user);
   if (!std::filesystem::exists(path)) {
     std::filesystem::create_directories(path.parent_path());
@@ -79,9 +78,30 @@ std::string TemporaryFileIn(const std::string& folder) {
   return path.string();
 }
 
+void ShowMainScreen(Visit visit) {
+  TemporaryFileIn(visit.folder, visit.user);
+  platform::ApplicationParts parts;
+  parts.engine = engine::MakeEngine();
+  parts.system = suite::MakeNativeSystem(visit.folder);
+  parts.errorLog = std::move(visit.errorLog);
+  parts.frontEnd = std::move(visit.frontEnd);
+  parts.map = std::move(visit.map);
+  parts.path = visit.folder;
+  parts.title = "bench";
+  platform::Application application(std::move(parts));
+  orcussch::AttachApplication(&application);
+  orcussch::ConnectScreens();
+  {
+    orcussch::CustSearch host(application);
+    host.UserID(visit.user);
+    host.CompanyID(company);
+    host.ShowUser();
+  }
+  orcussch::AttachApplication(nullptr);
+}
+
 void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, WatchedFrontEnd&)>& work,
                   std::unique_ptr<platform::MapEngine> map) {
-  TemporaryFileIn(folder);
   std::exception_ptr problem;
   WatchedFrontEnd* windows = nullptr;
   auto frontEnd = std::make_unique<WatchedFrontEnd>([&](platform::Form& form) {
@@ -92,25 +112,12 @@ void AtMainScreen(const std::string& folder, const std::function<void(orcussch::
     }
   });
   windows = frontEnd.get();
-
-  platform::ApplicationParts parts;
-  parts.engine = engine::MakeEngine();
-  parts.system = suite::MakeNativeSystem(folder);
-  parts.errorLog = std::make_unique<ErrorsEndTheRun>();
-  parts.frontEnd = std::move(frontEnd);
-  parts.map = std::move(map);
-  parts.path = folder;
-  parts.title = "bench";
-  platform::Application application(std::move(parts));
-  orcussch::AttachApplication(&application);
-  orcussch::ConnectScreens();
-  {
-    orcussch::CustSearch host(application);
-    host.UserID(user);
-    host.CompanyID(company);
-    host.ShowUser();
-  }
-  orcussch::AttachApplication(nullptr);
+  Visit visit;
+  visit.folder = folder;
+  visit.frontEnd = std::move(frontEnd);
+  visit.errorLog = std::make_unique<ErrorsEndTheRun>();
+  visit.map = std::move(map);
+  ShowMainScreen(std::move(visit));
   if (problem) std::rethrow_exception(problem);
 }
 

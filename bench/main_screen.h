@@ -7,6 +7,7 @@
 
 #include "maintenance/frmCustMain.h"
 #include "platform/host/no_windows.h"
+#include "platform/services/error_log.h"
 #include "platform/services/map.h"
 
 namespace bench {
@@ -48,11 +49,22 @@ class WatchedFrontEnd final : public platform::NoWindows {
   std::function<void(platform::Form&)> user_;
 };
 
-/// The user's temporary file of the company in a folder; made when it is missing.
-std::string TemporaryFileIn(const std::string& folder);
+/// A user's temporary file of the company in a folder; made when it is missing.
+std::string TemporaryFileIn(const std::string& folder, int user = 1);
+
+/// Who comes to the main screen, and by what.
+struct Visit {
+  std::string folder;
+  int user = 1;
+  std::unique_ptr<platform::FrontEnd> frontEnd;
+  std::unique_ptr<platform::ErrorLog> errorLog;
+  std::unique_ptr<platform::MapEngine> map;  ///< the street map behind the map screen
+};
+/// Opens company 1 of the folder as a host does and shows the main screen; returns when it has closed.
+void ShowMainScreen(Visit visit);
 
 /// Opens company 1 of the folder as a host does and shows the main screen; `user` is what is done with it. Throws
-/// std::runtime_error when the program shows a box or reports a failure. `map` is the street map behind the map screen.
+/// std::runtime_error when the program shows a box or reports a failure.
 void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, WatchedFrontEnd&)>& user,
                   std::unique_ptr<platform::MapEngine> map = nullptr);
 

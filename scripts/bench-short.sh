@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 mkdir -p build/logs
 LOGS=$PWD/build/logs
 . scripts/prepare.sh
-build default bench_engine bench_memory bench_records bench_saves suitefiles
+build default bench_engine bench_memory bench_records bench_saves bench_desks suitefiles
 programs=build/default/bin
 
 log=$LOGS/bench-short.log
@@ -19,3 +19,4 @@ trap 'rm -rf "$data"' EXIT
 "$programs/bench_memory" "$data" --queries
 "$programs/bench_records" --pairs 1 --types 100 --words 100 --map-codes 100 "$data"
 "$programs/bench_saves" "$data" 200
+"$programs/bench_desks" --desks 4 --seconds 3 --think 20 "$data"

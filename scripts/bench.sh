@@ -22,7 +22,7 @@ LOGS=$PWD/build/logs
 install_missing $BUILD_PACKAGES $BENCH_PACKAGES >&2
 # What is measured is what is installed: without assertions.
 cmake --preset release -B "$build" -DORCUSSCH_BENCH=ON -DORCUSSCH_TESTS=ON >&2
-targets="bench_engine bench_memory bench_records bench_saves bench_parents bench_reports bench_report_rows suitefiles"
+targets="bench_engine bench_memory bench_records bench_saves bench_parents bench_desks bench_reports bench_report_rows suitefiles"
 for optional in bench_model bench_desktop bench_map bench_report_files; do
   cmake --build "$build" --target help | grep -q "^$optional:" && targets="$targets $optional"
 done
@@ -63,6 +63,7 @@ for folder in $folders; do
   "$build/bin/bench_records" --pairs "$pairs" "$copy"
   printf '\nMemory of saves, %s customers: ' "$(basename "$folder")"
   "$build/bin/bench_saves" "$copy"
+  "$build/bin/bench_desks" "$copy"
   "$build/bin/bench_parents" "$copy" "$pairs" "$(basename "$folder")"
   rm -rf "$copy"
 done

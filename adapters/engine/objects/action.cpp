@@ -20,7 +20,7 @@ std::int32_t RowCount(std::int64_t rows) { return static_cast<std::int32_t>(std:
 // One statement of the store does it all, and undoes it all when it fails.
 std::int32_t RunDirect(Store& store, const ActionPlan& plan, Unfit unfit) {
   Query query(store, std::string_view(unfit == Unfit::Raise ? plan.sql : plan.lenientSql));
-  query.Run();
+  store.ServedMeanwhile([&] { query.Run(); });
   return RowCount(query.Changed());
 }
 
@@ -40,7 +40,10 @@ class RowByRow {
     Transaction together(context_.OwnStore(), Transaction::Kind::Write);
     ReadRows(rows, keys);
     std::int64_t written = 0;
-    for (std::size_t i = 0; i < rows.size(); ++i) written += WriteRow(rows[i], isUpdate_ ? keys[i] : 0) ? 1 : 0;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      written += WriteRow(rows[i], isUpdate_ ? keys[i] : 0) ? 1 : 0;
+      Serve(i);
+    }
     together.Commit();
     return RowCount(written);
   }
@@ -74,7 +77,13 @@ class RowByRow {
       const int first = isUpdate_ ? 1 : 0;
       if (isUpdate_) keys.push_back(query.Int(0));
       query.Append(rows.emplace_back(), first, plan_.sourceTypes);
+      Serve(rows.size());
     }
+  }
+
+  void Serve(std::size_t rows) const {
+    constexpr std::size_t kRowsBetweenPaints = 128;
+    if (rows % kRowsBetweenPaints == 0) context_.OwnStore().ServePainting();
   }
 
   Value ForField(std::size_t place, const Value& value) const {

@@ -84,6 +84,10 @@ class Store : public Channel {
     return true;
   }
 
+  /// Runs `act`, statements that may write many rows, and serves painting every few milliseconds meanwhile. What painting asks of a
+  /// store that stands in the midst of a statement is refused: 3045. A store that waits for its statements serves while it waits.
+  virtual void ServedMeanwhile(const std::function<void()>& act) { act(); }
+
   /// Called while a lock is waited for, and between the parts of long work.
   virtual void OnWait(std::function<void()> servePainting) = 0;
   /// Lets the windows paint; does nothing when called from inside painting.

@@ -73,6 +73,8 @@ class Connection final : public Channel {
   sqlite3_stmt* PrepareText(const std::string& sql, int file);
   void CountWrite(int file);
   bool WorkIsLimited() const noexcept { return workIsLimited_; }
+  /// Raises 3045 inside painting that is served from the midst of a statement: nothing else may be asked of the store then.
+  void RequireOutside(int file);
   [[noreturn]] void RaiseFor(int code, bool writing, int file);
   [[noreturn]] void Raise(int code, bool writing, int file);
   /// Sleeps one short step with painting served; false when the time since `start` is used up.
@@ -82,8 +84,10 @@ class Connection final : public Channel {
 
  private:
   friend class WorkLimit;
+  friend class Served;
 
   std::shared_ptr<SqliteStatement> Kept(std::string_view sql);
+  void ServeInside() noexcept;
   /// Writes were undone: what was read meanwhile is stale.
   void CountUndone();
 
@@ -92,6 +96,7 @@ class Connection final : public Channel {
   std::function<void()> servePainting_;
   std::function<void(std::string_view)> onPrepare_;
   bool painting_ = false;
+  bool inside_ = false;  ///< of a statement, while painting is served there
   KeptStatements<SqliteStatement> kept_;
   std::map<int, std::string> paths_;
   std::vector<std::uint64_t> writes_;  ///< by file number
@@ -128,6 +133,18 @@ class Stoppable {
   ~Stoppable();
   Stoppable(const Stoppable&) = delete;
   Stoppable& operator=(const Stoppable&) = delete;
+
+ private:
+  Connection& connection_;
+};
+
+/// Serves painting every few milliseconds of statements' work while it lives.
+class Served {
+ public:
+  explicit Served(Connection& connection);
+  ~Served();
+  Served(const Served&) = delete;
+  Served& operator=(const Served&) = delete;
 
  private:
   Connection& connection_;

@@ -107,8 +107,11 @@ void DataFiles::Configure(const std::string& alias) {
   connection_.Execute("PRAGMA " + QuoteName(alias) + ".mmap_size=0");
 }
 
+// What a work file held is overwritten only where its page is written anyway: its tables are emptied at every run, and to write each
+// page of a long one once more would keep the windows waiting.
 void DataFiles::SetSafety(const std::string& alias, bool workFile) {
   connection_.Execute("PRAGMA " + QuoteName(alias) + ".synchronous=" + (workFile ? "OFF" : "FULL"));
+  if (workFile) AskNumber(connection_, "PRAGMA " + QuoteName(alias) + ".secure_delete=FAST");
 }
 
 void DataFiles::BringBack(std::string_view sql) {

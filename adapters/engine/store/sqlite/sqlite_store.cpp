@@ -38,4 +38,9 @@ bool SqliteStore::ReadsToItsEnd(const std::function<bool()>& goOn, const std::fu
   }
 }
 
+void SqliteStore::ServedMeanwhile(const std::function<void()>& act) {
+  const Served served(connection_);
+  act();
+}
+
 }  // namespace engine

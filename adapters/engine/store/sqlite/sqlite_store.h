@@ -20,6 +20,7 @@ class SqliteStore final : public Store {
   bool ScansAll(std::string_view sql) override;
   bool ReadsCheaply(int rows, const std::function<void()>& read) override;
   bool ReadsToItsEnd(const std::function<bool()>& goOn, const std::function<void()>& read) override;
+  void ServedMeanwhile(const std::function<void()>& act) override;
   void OnWait(std::function<void()> servePainting) override { connection_.OnWait(std::move(servePainting)); }
   void ServePainting() override { connection_.ServePainting(); }
 

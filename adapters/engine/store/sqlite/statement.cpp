@@ -65,6 +65,7 @@ void SqliteStatement::BindInPlace(int parameter, std::string_view text) {
 }
 
 bool SqliteStatement::Step() {
+  connection_.RequireOutside(file_);
   const int code = stepped_ ? sqlite3_step(statement_) : FirstStep();
   stepped_ = true;
   if (code == SQLITE_ROW) {

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "printing/preview/look.h"
 
@@ -205,6 +206,7 @@ void PageView::paintEvent(QPaintEvent* event) {
     PaintMarks(painter, page, paper);
     painter.restore();
   }
+  if (!std::exchange(painted_, true)) emit FirstPainted();
 }
 
 void PageView::resizeEvent(QResizeEvent* event) {

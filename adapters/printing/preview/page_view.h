@@ -46,6 +46,8 @@ class PageView final : public QAbstractScrollArea {
   void CurrentPageChanged();
   void ZoomChanged();
   void SelectionChanged();
+  /// A page has been painted for the first time.
+  void FirstPainted();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -92,6 +94,7 @@ class PageView final : public QAbstractScrollArea {
   std::optional<QPoint> panned_;
   mutable std::deque<std::pair<std::int64_t, Page>> read_;  ///< the pages that were shown last
   double pixelsPerStep_ = 1;                                ///< of the scroll bar, which counts no further than an int does
+  bool painted_ = false;
 };
 
 }  // namespace printing

@@ -21,6 +21,8 @@ constexpr std::int64_t kSliceMs = 8;
 /// How long the first page may be waited for before the window shows without it.
 constexpr std::int64_t kFirstPageMs = 2000;
 constexpr int kBusyPauseMs = 40;
+/// How long the window may take to paint before laying out goes on all the same: nobody may ever see it.
+constexpr int kUnseenMs = 250;
 /// How long laying out goes on before the window tells how much is left: to count the rows of a long table means to read through it.
 constexpr std::int64_t kCountAfterMs = 1000;
 constexpr double kLargestAtFirst = 1.25;
@@ -58,7 +60,9 @@ PreviewWindow::PreviewWindow(std::unique_ptr<PreviewRun> run, std::shared_ptr<co
   connect(thumbnails_, &Thumbnails::Chosen, view_, &PageView::GoTo);
   connect(&idle_, &QTimer::timeout, this, &PreviewWindow::Slice);
   LayOutFor(kFirstPageMs);
-  idle_.start(0);
+  // The other pages, and their pictures, must not keep the first one from the screen.
+  connect(view_, &PageView::FirstPainted, this, [this] { idle_.start(0); });
+  idle_.start(kUnseenMs);
 }
 
 PreviewWindow::~PreviewWindow() = default;

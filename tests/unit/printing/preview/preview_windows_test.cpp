@@ -18,6 +18,36 @@ struct Screen {
   QDialog dialog;
 };
 
+/// How far the laying out was when a preview's pages were painted for the first time.
+class FirstPainting final : public QObject {
+ public:
+  FirstPainting() { qApp->installEventFilter(this); }
+  int advanced = -1;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const QObject* parent = watched->parent();
+    if (event->type() == QEvent::Paint && advanced < 0 && parent && parent->inherits("printing::PageView")) advanced = MadeUpRun::advanced;
+    return false;
+  }
+};
+
+TEST_F(Preview, PaintsItsFirstPageBeforeItLaysOutTheOthers) {
+  const FirstPainting first;
+  Open(4000);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return first.advanced >= 0; }));
+  EXPECT_EQ(first.advanced, atOnce);
+  Finish();
+}
+
+TEST_F(Preview, IsLaidOutAlsoWhereNobodySeesIt) {
+  PreviewWindow& hidden = Open(40);
+  hidden.hide();
+  Finish();
+  PreviewWindow never(std::make_unique<MadeUpRun>(*previews.Fonts(), 40), previews.Fonts(), {}, {}, previews.dialogs);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return never.Complete(); }));
+}
+
 TEST_F(Preview, TakesInputWhileModalScreensAreUp) {
   Open(40);
   Finish();

@@ -48,6 +48,11 @@ void YieldWatch::Yield() {
   last_ = now;
 }
 
+void YieldWatch::End() {
+  Yield();
+  on_ = false;
+}
+
 double YieldWatch::WorstGap() const { return gaps_.empty() ? 0 : std::ranges::max(gaps_, {}, &Gap::wall).wall; }
 double YieldWatch::WorstWork() const { return gaps_.empty() ? 0 : std::ranges::max(gaps_, {}, &Gap::cpu).cpu; }
 
@@ -63,7 +68,12 @@ void WatchedFrontEnd::RunModal(platform::Form& form, const std::function<bool()>
   if (!done()) form.Host().Unload(form);
 }
 
-void WatchedFrontEnd::DoEvents() { watch.Yield(); }
+void WatchedFrontEnd::DoEvents() {
+  watch.Yield();
+  painting.Yield();
+}
+
+void WatchedFrontEnd::ServePainting() { painting.Yield(); }
 
 int WatchedFrontEnd::MessageBox(const std::string& text, int, const std::string& title) {
   throw std::runtime_error("the program shows a box, \"" + title + "\": " + text);

@@ -16,9 +16,11 @@ namespace bench {
 class YieldWatch {
  public:
   void Begin();
-  void End() noexcept { on_ = false; }
+  /// The last wait ends here, too.
+  void End();
   void Yield();
-  int Count() const noexcept { return static_cast<int>(gaps_.size()); }
+  /// How often he was served.
+  int Count() const noexcept { return static_cast<int>(gaps_.size()) - 1; }
   /// Milliseconds by the clock, and by this process's processor time.
   double WorstGap() const;
   double WorstWork() const;
@@ -41,9 +43,13 @@ class WatchedFrontEnd final : public platform::NoWindows {
 
   void RunModal(platform::Form& form, const std::function<bool()>& done) override;
   void DoEvents() override;
+  /// Counted where all painting counts and not the user's own events alone.
+  void ServePainting() override;
   int MessageBox(const std::string& text, int style, const std::string& title) override;
 
   YieldWatch watch;
+  /// Yields and the moments at which painting alone is served.
+  YieldWatch painting;
 
  private:
   std::function<void(platform::Form&)> user_;

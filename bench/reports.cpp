@@ -2,8 +2,10 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <functional>
 #include <iomanip>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 
 #include "company.h"
@@ -80,15 +82,40 @@ bench::Job CopyJob(bench::raw::Labels& bare, Way way) {
   return job;
 }
 
-/// How long a user waits while labels are made, and how much is done between two moments at which he is served.
-void ShowWaits(bench::WatchedFrontEnd& windows) {
+/// How long the windows wait in a job until painting is served, and how much is done between two such moments.
+void ShowWaits(bench::WatchedFrontEnd& windows, const std::string& name, const std::function<void()>& work) {
+  windows.painting.Begin();
+  work();
+  windows.painting.End();
+  std::cout << std::fixed << std::setprecision(2) << name << ": painting served " << windows.painting.Count() << " times; longest wait "
+            << windows.painting.WorstGap() << " ms, all but one in a thousand below " << windows.painting.RareGap()
+            << " ms, most work between two " << windows.painting.WorstWork() << " ms (bar 16)\n"
+            << std::flush;
+}
+
+void Run(const platform::DatabaseRef& database, const std::string& statement) {
   bool failed = false;
-  windows.watch.Begin();
+  orcussch::ExecuteSQLStmt(database, statement, false, failed);
+  if (failed) throw std::runtime_error(statement);
+}
+
+void ShowAllWaits(bench::WatchedFrontEnd& windows) {
+  const std::string& list = orcussch::screens::frmCustMain->data[orcussch::tab::Customers].RecordSource();
+  std::cout << '\n';
+  bool failed = false;
+  frmCustReports->optCustomer[1].Value(true);
   frmCustReports->LoadLabels(failed);
-  windows.watch.End();
-  std::cout << std::fixed << std::setprecision(2) << "\nLoadLabels: " << windows.watch.Count() << " yields; longest wait for one "
-            << windows.watch.WorstGap() << " ms, all but one in a thousand below " << windows.watch.RareGap()
-            << " ms, most work between two " << windows.watch.WorstWork() << " ms (bar 16)\n";
+  ShowWaits(windows, "LoadLabels over the labels of the run before", [&] { frmCustReports->LoadLabels(failed); });
+  const auto show = [&](const std::string& name, const platform::DatabaseRef& database, const std::string& statement) {
+    ShowWaits(windows, name, [&] { Run(database, statement); });
+  };
+  orcussch::ClearORVTempTable("Customers", failed);
+  show("the copy", orcussch::dbCustomer, "INSERT INTO Customers IN '" + orcussch::gTempPath + "'" + list);
+  show("UPDATE of all", orcussch::dbTemp, "UPDATE Customers SET Comments = LastName & Addr1, LastName = FirstName");
+  show("DELETE of nearly all", orcussch::dbTemp, "DELETE * FROM Customers WHERE AcctNum > 1000");
+  Run(orcussch::dbTemp, "DELETE * FROM Customers");
+  Run(orcussch::dbCustomer, "INSERT INTO Customers IN '" + orcussch::gTempPath + "'" + list);
+  show("DELETE of all", orcussch::dbTemp, "DELETE * FROM Customers");
 }
 
 }  // namespace
@@ -109,7 +136,7 @@ int main(int count, char** words) {
       for (const bench::Job& job :
            {LabelsJob(bare, temporary), CopyJob(bare, Way::InOrder), CopyJob(bare, Way::ByColumns), CopyJob(bare, Way::WholeTable)})
         std::cout << bench::TableLine(bench::Measure(job, pairs)) << std::flush;
-      ShowWaits(windows);
+      ShowAllWaits(windows);
     });
     std::cout << "peak memory " << bench::PeakMemory() << " MiB\n";
     return EXIT_SUCCESS;

@@ -19,7 +19,7 @@ void Run(sqlite3* db, const std::string& sql) {
 
 sqlite3* WithTemporaryFile(sqlite3* db, const std::string& path) {
   Run(db, "ATTACH 'file:" + path + "?mode=rw' AS f3");
-  for (const char* setting : {"cache_size=-8192", "synchronous=OFF", "mmap_size=0"}) Run(db, std::string("PRAGMA f3.") + setting);
+  for (const char* setting : {"cache_size=-8192", "synchronous=OFF", "mmap_size=0", "secure_delete=FAST"}) Run(db, std::string("PRAGMA f3.") + setting);
   return db;
 }
 

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include "maintenance/frmCustMain.h"
 #include "platform/values/convert.h"
@@ -27,8 +29,11 @@ struct LabelSource {
         Town{Customer->FieldIndex("City"), Customer->FieldIndex("State"), Customer->FieldIndex("Zip")} {}
   std::string Text(int Field) const {
     const Value value = rows->Field(Field);
+    if (value.IsText()) return value.As<std::string>();
     return value.IsNull() ? "" : platform::CStr(value);
   }
+  /// City, state and ZIP as they are stored.
+  std::array<std::string, 3> TownTexts() const { return {Text(Town[0]), Text(Town[1]), Text(Town[2])}; }
 
   RecordsetRef rows;
   int AcctNum;
@@ -48,13 +53,12 @@ std::string LabelName(const LabelSource& Customer) {
 /// The address without empty lines between; the line of the city is always there, if only with its comma.
 class AddressLines {
  public:
-  explicit AddressLines(const LabelSource& Customer) {
+  AddressLines(const LabelSource& Customer, const std::array<std::string, 3>& Town) {
     for (const int Field : Customer.Lines)
-      if (const std::string Line = LTrim(Customer.Text(Field)); !Line.empty()) mLines[mCount++] = Line;
-    const auto Part = [&](int i) { return LTrim(Customer.Text(Customer.Town[i])); };
-    mLines[mCount++] = Part(0) + ", " + Part(1) + " " + Part(2);
+      if (std::string Line = LTrim(Customer.Text(Field)); !Line.empty()) mLines[mCount++] = std::move(Line);
+    mLines[mCount++] = LTrim(Town[0]) + ", " + LTrim(Town[1]) + " " + LTrim(Town[2]);
   }
-  const std::string& operator[](std::size_t Line) const { return mLines[Line]; }
+  std::string Take(std::size_t Line) { return std::move(mLines[Line]); }
 
  private:
   std::string mLines[3];
@@ -71,16 +75,16 @@ class LabelTable {
   }
 
   void Add(const LabelSource& Customer) {
-    const std::string Name = LabelName(Customer);
-    const AddressLines Address(Customer);
+    const std::array<std::string, 3> Town = Customer.TownTexts();
+    AddressLines Address(Customer, Town);
     mRows->AddNew();
     int i = 0;
     const auto Set = [&](const Value& value) { mRows->SetField(mFields[i++], value); };
     Set(Customer.rows->Field(Customer.AcctNum));
-    Set(Name);
-    for (const std::size_t Line : {0U, 1U, 2U}) Set(Address[Line]);
+    Set(LabelName(Customer));
+    for (const std::size_t Line : {0U, 1U, 2U}) Set(Address.Take(Line));
     // For the order alone.
-    for (const int Field : Customer.Town) Set(Trim(Customer.Text(Field)));
+    for (const std::string& Part : Town) Set(Trim(Part));
     mRows->Update();
   }
 

@@ -44,7 +44,7 @@ class RowByRow {
       written += WriteRow(rows[i], isUpdate_ ? keys[i] : 0) ? 1 : 0;
       Serve(i);
     }
-    together.Commit();
+    context_.OwnStore().ServedMeanwhile([&] { together.Commit(); });
     return RowCount(written);
   }
 

@@ -12,6 +12,7 @@ namespace engine {
 namespace {
 
 constexpr auto kLockStep = std::chrono::milliseconds(15);
+constexpr int kCheckpointPages = 1000;  // the store's own choice
 
 platform::Error ConstraintError(int code) {
   if (code == SQLITE_CONSTRAINT_NOTNULL) return errors::NullInKey();
@@ -219,7 +220,8 @@ Stoppable::Stoppable(Connection& connection, const std::function<bool()>& goOn) 
 
 Stoppable::~Stoppable() { sqlite3_progress_handler(connection_.Handle(), 0, nullptr, nullptr); }
 
-// Of twenty rows that are copied or five hundred that are removed: a millisecond or two.
+// Asked after every twenty rows that are copied or five hundred that are removed, a millisecond or two; and around the checkpoint that
+// a long commit brings, which is else a part of the commit.
 Served::Served(Connection& connection) : connection_(connection) {
   constexpr int kInstructions = 4'000;
   const auto serve = [](void* of) {
@@ -227,9 +229,18 @@ Served::Served(Connection& connection) : connection_(connection) {
     return 0;
   };
   sqlite3_progress_handler(connection.Handle(), kInstructions, serve, &connection);
+  const auto committed = [](void* of, sqlite3* db, const char* file, int pages) {
+    static_cast<Connection*>(of)->ServeInside();
+    if (pages >= kCheckpointPages) sqlite3_wal_checkpoint_v2(db, file, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+    return SQLITE_OK;
+  };
+  sqlite3_wal_hook(connection.Handle(), committed, &connection);
 }
 
-Served::~Served() { sqlite3_progress_handler(connection_.Handle(), 0, nullptr, nullptr); }
+Served::~Served() {
+  sqlite3_progress_handler(connection_.Handle(), 0, nullptr, nullptr);
+  sqlite3_wal_autocheckpoint(connection_.Handle(), kCheckpointPages);
+}
 
 Channel::Unit Connection::BeginUnit(Unit::Kind kind) {
   const Unit unit{kind, !InTransaction(), depth_};

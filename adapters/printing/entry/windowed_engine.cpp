@@ -1,14 +1,13 @@
 #include "printing/entry/windowed_engine.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
-#include <QProgressDialog>
 #include <utility>
 
 #include "printing/data/report_folder.h"
 #include "printing/entry/numbered.h"
 #include "printing/layout/alignment_sheet.h"
 #include "printing/preview/alignment_dialog.h"
+#include "printing/preview/run_box.h"
 
 namespace printing {
 
@@ -18,32 +17,6 @@ using platform::ReportJob;
 
 constexpr int kMaximised = 2;
 constexpr int kPaper = 1;
-constexpr int kPatienceMs = 400;
-constexpr int kEventsEveryMs = 30;
-
-/// A window that shows how far a long run is, and a button that ends it.
-class LongRun {
- public:
-  explicit LongRun(const QString& what) : what_(what), box_(what, QObject::tr("Stop"), 0, 0) {
-    box_.setObjectName("printProgress");
-    box_.setWindowModality(Qt::ApplicationModal);
-    box_.setMinimumDuration(kPatienceMs);
-    clock_.start();
-  }
-  bool Asked(std::int64_t done) {
-    if (clock_.elapsed() < kEventsEveryMs) return true;
-    clock_.restart();
-    box_.setLabelText(QObject::tr("%1 %L2").arg(what_).arg(done));
-    box_.setValue(0);
-    QCoreApplication::processEvents();
-    return !box_.wasCanceled();
-  }
-
- private:
-  QString what_;
-  QProgressDialog box_;
-  QElapsedTimer clock_;
-};
 
 }  // namespace
 
@@ -71,8 +44,8 @@ void WindowedEngine::Preview(std::unique_ptr<ReportRun> run, const ReportJob& jo
 }
 
 void WindowedEngine::Print(std::unique_ptr<ReportRun> run, const ReportJob& job) {
-  LongRun window(QObject::tr("Printing:"));
-  const Progress progress = [&](std::int64_t done) { return window.Asked(done); };
+  RunBox box(QObject::tr("Printing:"), nullptr);
+  const Progress progress = [&](std::int64_t done) { return box.GoOn(done); };
   while (run->Advance()) Ask(progress, run->RowsDone());
   PrinterRun printer;
   printer.title = static_cast<const std::string&>(job.WindowTitle);

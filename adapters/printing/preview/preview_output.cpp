@@ -1,8 +1,5 @@
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QPointer>
-#include <QProgressDialog>
 #include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QStatusBar>
@@ -14,15 +11,9 @@
 #include "printing/output/printer.h"
 #include "printing/output/xlsx_file.h"
 #include "printing/preview/preview_window.h"
+#include "printing/preview/run_box.h"
 
 namespace printing {
-
-namespace {
-
-constexpr int kPatienceMs = 400;
-constexpr int kEventsEveryMs = 30;
-
-}  // namespace
 
 QString PreviewWindow::Suggestion() const {
   QString name = windowTitle().simplified();
@@ -35,24 +26,8 @@ void PreviewWindow::RunLong(const QString& what, const Work& work) {
   const QScopedValueRollback<bool> working(working_, true);
   QString failed;
   {
-    QProgressDialog box(what, tr("Stop"), 0, 0, this);
-    box.setWindowTitle(windowTitle());
-    box.setWindowModality(Qt::ApplicationModal);
-    box.setAutoClose(false);
-    box.setAutoReset(false);
-    QElapsedTimer clock;
-    QElapsedTimer whole;
-    clock.start();
-    whole.start();
-    const Progress progress = [&](std::int64_t done) {
-      if (clock.elapsed() < kEventsEveryMs) return !closing_;
-      clock.restart();
-      box.setLabelText(tr("%1 %L2").arg(what).arg(done));
-      if (!box.isVisible() && whole.elapsed() > kPatienceMs) box.show();
-      // Without the box in front of them other windows would take input in the middle of this.
-      QCoreApplication::processEvents(box.isVisible() ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
-      return !closing_ && !box.wasCanceled();
-    };
+    RunBox box(what, this);
+    const Progress progress = [&](std::int64_t done) { return !closing_ && box.GoOn(done) && !closing_; };
     try {
       work(progress);
     } catch (const ReportFailure& failure) {

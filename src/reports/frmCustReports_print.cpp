@@ -35,7 +35,7 @@ void frmCustReports::cmdPrint(int Destination) {
     ProgressBar1.Value(0);
     StatusBar1.Panel(1, kPreparingReport);
     const Chosen Report = Choose(Rows);
-    if (!BeginRun(Report1, cd1.Copies)) return;
+    if (!BeginRun(Report1, cd1)) return;
 
     if (TakeReportFile(Report1, Report.File)) {
       bool Stop = false;

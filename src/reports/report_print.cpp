@@ -37,7 +37,7 @@ void ReportPrint(frmCustMain& screen, int Destination) {
 
     screen.StatusBar1.Panel(1, kPreparingReport);
     platform::ReportControl& Report1 = screen.Report1;
-    if (!BeginRun(Report1, screen.CommonDialog1.Copies)) return;
+    if (!BeginRun(Report1, screen.CommonDialog1)) return;
 
     const TabReport& Report = kTabReports[Tab];
     NameDataFiles(Report1.Job, Report);

@@ -9,12 +9,12 @@ namespace {
 constexpr int kMaximised = 2;
 }  // namespace
 
-bool BeginRun(platform::ReportControl& Report, int Copies) {
+bool BeginRun(platform::ReportControl& Report, const platform::CommonDialog& Dialog) {
   Report.Reset();
   App().DoEvents();
   if (!Report.Owner().Loaded()) return false;
   Report.Job.WindowState = kMaximised;
-  Report.Job.CopiesToPrinter = Copies;
+  Report.Job.CopiesToPrinter = Dialog.Copies;
   Report.Job.DiscardSavedData = true;
   App().DoEvents();
   return Report.Owner().Loaded();

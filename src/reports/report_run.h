@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/controls/common_dialog.h"
 #include "platform/controls/report_control.h"
 
 /// What the runs of all reports have in common.
@@ -16,9 +17,9 @@ inline constexpr int Preview = 0;
 inline constexpr int Printer = 1;
 }  // namespace destination
 
-/// Forgets the last report and sets what every run has: a maximised preview, that many copies, data read afresh. Yields twice; false
-/// when the control's screen has gone meanwhile.
-bool BeginRun(platform::ReportControl& Report, int Copies);
+/// Forgets the last report and sets what every run has: a maximised preview, the copies that the screen's dialog names by then, data read
+/// afresh. Yields twice; false when the control's screen has gone meanwhile.
+bool BeginRun(platform::ReportControl& Report, const platform::CommonDialog& Dialog);
 
 /// Names the report file, which lies in the program's folder. A file that is not there is told to the user: false.
 bool TakeReportFile(platform::ReportControl& Report, const std::string& Name);

@@ -175,6 +175,9 @@ TEST_F(DataFileTest, KindDecidesHowWritesReachTheDisk) {
   EXPECT_EQ(AskNumber(connection, "PRAGMA " + first->Qualifier() + ".synchronous"), 2);
   EXPECT_EQ(AskNumber(connection, "PRAGMA " + second->Qualifier() + ".synchronous"), 0);
   EXPECT_EQ(connection.AskText("PRAGMA " + first->Qualifier() + ".journal_mode"), "wal");
+  // What was removed is overwritten as the store likes; in a work file only where that writes no page more.
+  EXPECT_EQ(AskNumber(connection, "PRAGMA " + first->Qualifier() + ".secure_delete"), AskNumber(connection, "PRAGMA main.secure_delete"));
+  EXPECT_EQ(AskNumber(connection, "PRAGMA " + second->Qualifier() + ".secure_delete"), 2);
 }
 
 /// While it lives, this process is somebody who may not write to a file and its folder.

@@ -74,21 +74,29 @@ std::vector<PinLayer::Sign> PinLayer::FindSigns(const GroundFrame& frame, double
   if (pins_ == nullptr || pins_->empty()) return signs;
   const double unitsPerPixel = frame.sight.UnitsPerPixel();
   const double reach = 60 * unitsPerPixel;  // of a sign that is not wholly out of sight
-  index_.EachHeap(frame.sight.Box(frame.size).adjusted(-reach, -reach, reach, reach), cell * unitsPerPixel, [&](const PinIndex::Heap& heap) {
-    if (signs.size() > most) return;
-    Sign sign{heap, {}};
-    const QPointF at = frame.sight.ToScreen(heap.middle, frame.size);
-    if (sign.IsHeap()) {
-      const QSizeF size = drawn_.HeapSize(CountText(heap.count));
-      sign.box = {{at.x() - size.width() / 2, at.y() - size.height() / 2}, size};
-    } else {
-      const QPixmap& picture = PictureOf(PinOf(sign).picture);
-      const QSizeF size = picture.isNull() ? SignPictures::kPin : picture.deviceIndependentSize();
-      sign.box = {{at.x() - size.width() / 2, at.y() - size.height()}, size};
-    }
-    signs.push_back(sign);
-  });
+  // The ground may be seen twice when the map is far; a pin is not.
+  const double west = frame.sight.middle.x() - kTurn / 2;
+  for (const EarthPart& part : PartsOf(frame.sight.Box(frame.size).adjusted(-reach, -reach, reach, reach))) {
+    index_.EachHeap(part.box, cell * unitsPerPixel, [&](const PinIndex::Heap& heap) {
+      if (signs.size() > most) return;
+      const PlanePoint middle = heap.middle + PlanePoint(part.away, 0);
+      if (middle.x() >= west && middle.x() < west + kTurn) signs.push_back(SignOf(heap, frame.sight.ToScreen(middle, frame.size)));
+    });
+  }
   return signs;
+}
+
+PinLayer::Sign PinLayer::SignOf(const PinIndex::Heap& heap, const QPointF& at) {
+  Sign sign{heap, {}};
+  if (sign.IsHeap()) {
+    const QSizeF size = drawn_.HeapSize(CountText(heap.count));
+    sign.box = {{at.x() - size.width() / 2, at.y() - size.height() / 2}, size};
+  } else {
+    const QPixmap& picture = PictureOf(PinOf(sign).picture);
+    const QSizeF size = picture.isNull() ? SignPictures::kPin : picture.deviceIndependentSize();
+    sign.box = {{at.x() - size.width() / 2, at.y() - size.height()}, size};
+  }
+  return sign;
 }
 
 std::vector<QRectF> PinLayer::BoxesIn(const GroundFrame& wider, const GroundFrame& seen, const MapLook& look) {

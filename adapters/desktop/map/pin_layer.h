@@ -48,6 +48,8 @@ class PinLayer {
   double CellFor(const GroundFrame& frame);
   /// At most one more than `most`.
   std::vector<Sign> FindSigns(const GroundFrame& frame, double cell, std::size_t most = SIZE_MAX);
+  /// Which stands at that place of the screen.
+  Sign SignOf(const PinIndex::Heap& heap, const QPointF& at);
   const QPixmap& PictureOf(const std::string& file);
   void PaintLabels(QPainter& painter, const GroundFrame& frame);
 

@@ -203,6 +203,7 @@ void MapView::CentreAt(const QPointF& at) {
 
 void MapView::ShowLabels(bool labels) {
   labels_ = labels;
+  ground_.PlaceNamesAnew();
   update();
 }
 

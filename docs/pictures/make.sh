@@ -27,6 +27,12 @@ take dark "$work/dark-pictures"
 mv "$work/dark-pictures/main.png" main-dark.png
 mv "$work/dark-pictures/card-customer.png" card-customer-dark.png
 
+if command -v xvfb-run >/dev/null && command -v xdotool >/dev/null; then
+  mkdir -m 700 "$work/home"
+  HOME=$work/home XDG_CONFIG_HOME=$work/home XDG_RUNTIME_DIR=$work/home ORCUSSCH_COLOR_SCHEME=light \
+    xvfb-run -a -s "-screen 0 1024x768x24" "$here/windows.sh" "$bin" "$work/light" "$here"
+fi
+
 # 256 colours are enough for screens, and a third of the size.
 if command -v convert >/dev/null; then
   for picture in *.png; do convert "$picture" -strip +dither -colors 256 "PNG8:$picture"; done

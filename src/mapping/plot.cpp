@@ -105,7 +105,8 @@ void frmMap::CollectCustomers(const platform::RecordsetRef& rows) {
   MapCustomers.clear();
   const std::int64_t count = CountOfRows();
   platform::LongRun run(App(), "Customer Mapping", count);
-  for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext()) {
+  rows->MoveFirst();
+  while (!rows->Eof()) {
     const std::string address = AddressInList(rows);
     if (!address.empty()) {
       GetCustomerName(rows);
@@ -114,6 +115,7 @@ void frmMap::CollectCustomers(const platform::RecordsetRef& rows) {
       MapCustomers.push_back(
           {LongOf(rows, "AcctNum"), Pwstreet1.Latitude, Pwstreet1.Longitude, platform::FixedText(CustomerName, kNameLength)});
     }
+    rows->MoveNext();
     App().DoEvents();
     // What was found until the user says stop is shown.
     if (!Loaded() || !run.Next()) return;

@@ -7,6 +7,7 @@
 #include "streets/file/file_error.h"
 #include "streets/file/schema.h"
 #include "streets/import/osm/extract_import.h"
+#include "support/made_blocks.h"
 #include "support/temporary_folder.h"
 
 // Any bytes as an extract behind "file:", else as what its one block holds: the reader's own error alone comes out, and what was taken
@@ -18,27 +19,10 @@ void Require(bool condition) {
   if (!condition) std::abort();
 }
 
-std::string Number(std::size_t value) {
-  std::string bytes;
-  for (; value > 0x7f; value >>= 7) bytes += static_cast<char>(value | 0x80);
-  return bytes + static_cast<char>(value);
-}
-
-std::string Field(int number, std::string_view content) {
-  return static_cast<char>(number << 3 | 2) + Number(content.size()) + std::string(content);
-}
-
-/// A block with its head, not packed.
-std::string Block(std::string_view kind, std::string_view content) {
-  const std::string blob = Field(1, content);
-  const std::string head = Field(1, kind) + static_cast<char>(3 << 3) + Number(blob.size());
-  return std::string(3, '\0') + static_cast<char>(head.size()) + head + blob;
-}
-
 std::string FileOf(std::string_view data) {
   constexpr std::string_view kWhole = "file:";
   if (data.starts_with(kWhole)) return std::string(data.substr(kWhole.size()));
-  return Block("OSMHeader", Field(4, "OsmSchema-V0.6") + Field(4, "DenseNodes")) + Block("OSMData", data);
+  return made_blocks::Head() + made_blocks::Block("OSMData", data);
 }
 
 struct Place {

@@ -24,7 +24,7 @@ QFont Small(const MapLook& look) { return look.FontOf(platform::MapText::Zip); }
 
 QColor Glass(const MapLook& look) {
   QColor glass = look.Sheet();
-  glass.setAlphaF(0.78F);
+  glass.setAlphaF(0.92F);  // a name below is not read with it
   return glass;
 }
 

@@ -92,20 +92,25 @@ bool LabelJob::Slice() {
 
 /// The most important come first and keep their place.
 void LabelJob::PlaceTexts() {
-  ground_.Texts(ToEarth(sheet_.box), unitsPerPixel_, [this](MapText kind, MapPoint at, const std::string& text) {
-    if (placed_.size() >= kMostTexts) return;
-    const QFont font = look_.FontOf(kind);
-    const QFontMetricsF metrics(font);
-    const QString shown = ToShown(text);
-    const QPointF middle = OnSheet(ToPlane(at));
-    const double width = metrics.horizontalAdvance(shown), height = metrics.height();
-    const QRectF box(middle.x() - width / 2 - kAir, middle.y() - height / 2 - kAir, width + 2 * kAir, height + 2 * kAir);
-    const std::optional<QRectF> room = RoomFor(box, kind);
-    if (!room) return;
-    taken_.Take(*room);
-    const double line = room->center().y();
-    placed_.push_back({shown, {room->left() + kAir, line}, {room->right() - kAir, line}, font, look_.TextOf(kind)});
-  });
+  for (const EarthPart& part : PartsOf(sheet_.box)) {
+    ground_.Texts(ToEarth(part.box), unitsPerPixel_, [&](MapText kind, MapPoint at, const std::string& text) {
+      PlaceText(kind, OnSheet(ToPlane(at) + QPointF(part.away, 0)), text);
+    });
+  }
+}
+
+void LabelJob::PlaceText(MapText kind, const QPointF& middle, const std::string& text) {
+  if (placed_.size() >= kMostTexts) return;
+  const QFont font = look_.FontOf(kind);
+  const QFontMetricsF metrics(font);
+  const QString shown = ToShown(text);
+  const double width = metrics.horizontalAdvance(shown), height = metrics.height();
+  const QRectF box(middle.x() - width / 2 - kAir, middle.y() - height / 2 - kAir, width + 2 * kAir, height + 2 * kAir);
+  const std::optional<QRectF> room = RoomFor(box, kind);
+  if (!room) return;
+  taken_.Take(*room);
+  const double line = room->center().y();
+  placed_.push_back({shown, {room->left() + kAir, line}, {room->right() - kAir, line}, font, look_.TextOf(kind)});
 }
 
 /// A place's name may stand below, above or beside it, where customers' signs cover it. One that leaves the sheet stays where it is and

@@ -46,6 +46,7 @@ class LabelJob {
 
  private:
   void PlaceTexts();
+  void PlaceText(platform::MapText kind, const QPointF& middle, const std::string& text);
   std::optional<QRectF> RoomFor(const QRectF& box, platform::MapText kind) const;
   void PlaceKept();
   void PlaceNames();

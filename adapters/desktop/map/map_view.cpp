@@ -140,7 +140,7 @@ void MapView::PaintAll(QPainter& painter, const GroundFrame& frame, const MapLoo
     constexpr double kRing = 9;
     painter.setPen(QPen(QColor("#d9363e"), 2.5));
     painter.setBrush(Qt::NoBrush);
-    painter.drawEllipse(frame.sight.ToScreen(*found_, frame.size), kRing, kRing);
+    painter.drawEllipse(frame.sight.ToScreen(NearestTurn(*found_, frame.sight.middle), frame.size), kRing, kRing);
   }
   furniture::PaintScale(painter, frame, look);
   furniture::PaintNotices(painter, frame, look, notices_);
@@ -203,6 +203,7 @@ void MapView::CentreAt(const QPointF& at) {
 
 void MapView::ShowLabels(bool labels) {
   labels_ = labels;
+  ground_.PlaceNamesAnew();
   update();
 }
 

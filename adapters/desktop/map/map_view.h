@@ -97,7 +97,7 @@ class MapView final : public QWidget {
   platform::MapControl* control_ = nullptr;
   Services* services_ = nullptr;
   PinLayer pins_;
-  GroundLayer ground_{[this](const GroundFrame& seen, const GroundFrame& sheet) { return pins_.BoxesIn(sheet, seen, Look()); }};
+  GroundLayer ground_{[this](const GroundFrame& seen, const GroundFrame& sheet) { return pins_.BoxesIn(sheet, seen, Look(), labels_); }};
   QStringList notices_;
   QString complaint_;
   Sight sight_;

@@ -126,7 +126,7 @@ void MapView::PrintOn(QPrinter& printer) {
   paper.dark = false;
   PinLayer pins;
   pins.Follow(&PinList());
-  GroundLayer ground([&](const GroundFrame& seen, const GroundFrame& sheet) { return pins.BoxesIn(sheet, seen, paper); });
+  GroundLayer ground([&](const GroundFrame& seen, const GroundFrame& sheet) { return pins.BoxesIn(sheet, seen, paper, labels_); });
   if (platform::MapScene* scene = Scene()) ground.Show(&scene->Ground(), paper);
   constexpr double kPieceMs = 1000;
   while (ground.Slice(frame, kPieceMs)) continue;

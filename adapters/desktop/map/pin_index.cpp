@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kLevels = 32;
 constexpr double kCellsPerUnit = 64;
-constexpr double kHalfRound = 18'000'000;
+constexpr double kHalfRound = kTurn / 2;
 
 std::uint32_t Cell(double at) {
   return static_cast<std::uint32_t>(std::clamp((at + kHalfRound) * kCellsPerUnit, 0.0, 4294967295.0));
@@ -56,7 +56,8 @@ void PinIndex::Build(const std::vector<platform::MapPin>& pins) {
   order_.clear();
   order_.reserve(pins.size());
   for (std::size_t i = 0; i < pins.size(); ++i) {
-    const PlanePoint at = ToPlane({pins[i].latitude, pins[i].longitude});
+    PlanePoint at = ToPlane({pins[i].latitude, pins[i].longitude});
+    if (at.x() >= kHalfRound) at.rx() -= kTurn;  // the antimeridian is the western edge of the earth
     order_.push_back({Spread(Cell(at.x())) | (Spread(Cell(at.y())) << 1), static_cast<std::uint32_t>(i), at});
   }
   std::sort(order_.begin(), order_.end(),
@@ -65,6 +66,18 @@ void PinIndex::Build(const std::vector<platform::MapPin>& pins) {
   sums_.reserve(order_.size() + 1);
   for (const Entry& entry : order_) sums_.push_back(sums_.back() + entry.at);
   bounds_ = BoundsOf({0, order_.size(), {}});
+  const PlaneBox over = order_.empty() ? bounds_ : BoundsOverSeam();
+  if (over.width() < bounds_.width()) bounds_ = over;
+}
+
+PlaneBox PinIndex::BoundsOverSeam() const {
+  double west = kTurn, east = 0;
+  for (const Entry& entry : order_) {
+    const double x = entry.at.x() < 0 ? entry.at.x() + kTurn : entry.at.x();
+    west = std::min(west, x);
+    east = std::max(east, x);
+  }
+  return {QPointF(west, bounds_.top()), QPointF(east, bounds_.bottom())};
 }
 
 PlaneBox PinIndex::BoundsOf(const Heap& heap) const {

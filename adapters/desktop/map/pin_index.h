@@ -13,7 +13,7 @@ class PinIndex {
  public:
   void Build(const std::vector<platform::MapPin>& pins);
   std::size_t Count() const noexcept { return order_.size(); }
-  /// Around all of them; null when there are none.
+  /// Around all of them, over the antimeridian when that is nearer; null when there are none.
   PlaneBox Bounds() const noexcept { return bounds_; }
 
   /// The pins of one cell.
@@ -36,6 +36,8 @@ class PinIndex {
     PlanePoint at;
   };
   struct Search;
+  /// With what lies to the west of Greenwich a turn further to the east.
+  PlaneBox BoundsOverSeam() const;
   void Visit(const Search& search, std::size_t begin, std::size_t end, int level) const;
 
   std::vector<Entry> order_;

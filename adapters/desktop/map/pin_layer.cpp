@@ -74,38 +74,62 @@ std::vector<PinLayer::Sign> PinLayer::FindSigns(const GroundFrame& frame, double
   if (pins_ == nullptr || pins_->empty()) return signs;
   const double unitsPerPixel = frame.sight.UnitsPerPixel();
   const double reach = 60 * unitsPerPixel;  // of a sign that is not wholly out of sight
-  index_.EachHeap(frame.sight.Box(frame.size).adjusted(-reach, -reach, reach, reach), cell * unitsPerPixel, [&](const PinIndex::Heap& heap) {
-    if (signs.size() > most) return;
-    Sign sign{heap, {}};
-    const QPointF at = frame.sight.ToScreen(heap.middle, frame.size);
-    if (sign.IsHeap()) {
-      const QSizeF size = drawn_.HeapSize(CountText(heap.count));
-      sign.box = {{at.x() - size.width() / 2, at.y() - size.height() / 2}, size};
-    } else {
-      const QPixmap& picture = PictureOf(PinOf(sign).picture);
-      const QSizeF size = picture.isNull() ? SignPictures::kPin : picture.deviceIndependentSize();
-      sign.box = {{at.x() - size.width() / 2, at.y() - size.height()}, size};
-    }
-    signs.push_back(sign);
-  });
+  // The ground may be seen twice when the map is far; a pin is not.
+  const double west = frame.sight.middle.x() - kTurn / 2;
+  for (const EarthPart& part : PartsOf(frame.sight.Box(frame.size).adjusted(-reach, -reach, reach, reach))) {
+    index_.EachHeap(part.box, cell * unitsPerPixel, [&](const PinIndex::Heap& heap) {
+      if (signs.size() > most) return;
+      const PlanePoint middle = heap.middle + PlanePoint(part.away, 0);
+      if (middle.x() >= west && middle.x() < west + kTurn) signs.push_back(SignOf(heap, frame.sight.ToScreen(middle, frame.size)));
+    });
+  }
   return signs;
 }
 
-std::vector<QRectF> PinLayer::BoxesIn(const GroundFrame& wider, const GroundFrame& seen, const MapLook& look) {
+PinLayer::Sign PinLayer::SignOf(const PinIndex::Heap& heap, const QPointF& at) {
+  Sign sign{heap, {}};
+  if (sign.IsHeap()) {
+    const QSizeF size = drawn_.HeapSize(CountText(heap.count));
+    sign.box = {{at.x() - size.width() / 2, at.y() - size.height() / 2}, size};
+  } else {
+    const QPixmap& picture = PictureOf(PinOf(sign).picture);
+    const QSizeF size = picture.isNull() ? SignPictures::kPin : picture.deviceIndependentSize();
+    sign.box = {{at.x() - size.width() / 2, at.y() - size.height()}, size};
+  }
+  return sign;
+}
+
+std::vector<QRectF> PinLayer::BoxesIn(const GroundFrame& wider, const GroundFrame& seen, const MapLook& look, bool labels) {
   drawn_.Use(look, seen.ratio);
+  const double cell = CellFor(seen);
+  std::vector<Sign> signs = FindSigns(wider, cell);
+  PutInFrontLast(signs);
   std::vector<QRectF> boxes;
-  for (const Sign& sign : FindSigns(wider, CellFor(seen))) boxes.push_back(sign.box);
+  for (const Sign& sign : signs) boxes.push_back(sign.box);
+  if (!labels) return boxes;
+  // Those that are seen stand as they are painted there; around, as they will most likely.
+  std::vector<Sign> seenSigns = FindSigns(seen, cell);
+  PutInFrontLast(seenSigns);
+  const QPointF corner = (seen.sight.Box(seen.size).topLeft() - wider.sight.Box(wider.size).topLeft()) / seen.sight.UnitsPerPixel();
+  const QRectF inside(corner, seen.size);
+  for (const Label& label : PlaceLabels(seenSigns, seen.size)) boxes.push_back(label.box.translated(corner));
+  for (const Label& label : PlaceLabels(signs, wider.size))
+    if (!inside.contains(label.box)) boxes.push_back(label.box);
   return boxes;
 }
 
+/// As things that stand on a table are seen.
+void PinLayer::PutInFrontLast(std::vector<Sign>& signs) {
+  std::ranges::stable_sort(signs, {}, [](const Sign& sign) { return sign.box.bottom(); });
+}
+
 void PinLayer::Paint(QPainter& painter, const GroundFrame& frame, const MapLook& look, bool labels) {
-  labels_.clear();
   drawn_.Use(look, frame.ratio);
   signs_ = FindSigns(frame, CellFor(frame));
-  // Those in front last, as things that stand on a table are seen.
-  std::stable_sort(signs_.begin(), signs_.end(), [](const Sign& one, const Sign& other) { return one.box.bottom() < other.box.bottom(); });
+  PutInFrontLast(signs_);
+  labels_ = labels ? PlaceLabels(signs_, frame.size) : std::vector<Label>();
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-  if (labels) PaintLabels(painter, frame);
+  for (const Label& label : labels_) drawn_.PaintLabel(painter, label.box.topLeft(), label.text);
   for (const Sign& sign : signs_) {
     if (sign.IsHeap()) {
       drawn_.PaintHeap(painter, sign.box.topLeft(), CountText(sign.heap.count));
@@ -118,12 +142,13 @@ void PinLayer::Paint(QPainter& painter, const GroundFrame& frame, const MapLook&
 }
 
 /// Beside the pin, else on its other side, below or above; one that has no place without covering another is left out.
-void PinLayer::PaintLabels(QPainter& painter, const GroundFrame& frame) {
-  Occupancy taken(frame.size);
-  for (const Sign& sign : signs_) taken.Take(sign.box);
-  for (const Sign& sign : signs_) {
+std::vector<PinLayer::Label> PinLayer::PlaceLabels(const std::vector<Sign>& signs, const QSizeF& room) {
+  std::vector<Label> labels;
+  Occupancy taken(room);
+  for (const Sign& sign : signs) taken.Take(sign.box);
+  for (const Sign& sign : signs) {
     if (sign.IsHeap()) continue;
-    if (labels_.size() >= kMostLabels) return;
+    if (labels.size() >= kMostLabels) break;
     const QString text = ToShown(PinOf(sign).text).trimmed();
     if (text.isEmpty()) continue;
     const QSizeF size = drawn_.LabelSize(text);
@@ -135,11 +160,11 @@ void PinLayer::PaintLabels(QPainter& painter, const GroundFrame& frame) {
       // A pin's own place is taken and touches no side of its label.
       if (!taken.Free(box.adjusted(1, 0, -1, 0))) continue;
       taken.Take(box);
-      drawn_.PaintLabel(painter, corner, text);
-      labels_.push_back({text, box});
+      labels.push_back({text, box});
       break;
     }
   }
+  return labels;
 }
 
 const PinLayer::Sign* PinLayer::SignAt(const QPointF& at) const {

@@ -29,8 +29,8 @@ class PinLayer {
     bool IsHeap() const noexcept { return heap.count > 1; }
   };
   const std::vector<Sign>& Signs() const noexcept { return signs_; }
-  /// Where signs stand in a wider frame, grouped as in the one that is seen.
-  std::vector<QRectF> BoxesIn(const GroundFrame& wider, const GroundFrame& seen, const MapLook& look);
+  /// Where signs, and their labels when those are shown, stand in a wider frame, grouped as in the one that is seen.
+  std::vector<QRectF> BoxesIn(const GroundFrame& wider, const GroundFrame& seen, const MapLook& look, bool labels);
   /// The one under the pointer; the one that lies on top of others first.
   const Sign* SignAt(const QPointF& at) const;
   /// Its pins, by their order in the list, at most so many.
@@ -48,8 +48,11 @@ class PinLayer {
   double CellFor(const GroundFrame& frame);
   /// At most one more than `most`.
   std::vector<Sign> FindSigns(const GroundFrame& frame, double cell, std::size_t most = SIZE_MAX);
+  /// Which stands at that place of the screen.
+  Sign SignOf(const PinIndex::Heap& heap, const QPointF& at);
   const QPixmap& PictureOf(const std::string& file);
-  void PaintLabels(QPainter& painter, const GroundFrame& frame);
+  static void PutInFrontLast(std::vector<Sign>& signs);
+  std::vector<Label> PlaceLabels(const std::vector<Sign>& signs, const QSizeF& size);
 
   const std::vector<platform::MapPin>* pins_ = nullptr;
   PinIndex index_;

@@ -11,7 +11,7 @@ namespace {
 constexpr double kUnitsPerDegree = 1e5;
 constexpr double kRadians = std::numbers::pi / 180 / kUnitsPerDegree;
 constexpr double kMostNorth = 85 * kUnitsPerDegree;  // beyond, the plane grows without end
-constexpr double kHalfRound = 180 * kUnitsPerDegree;
+constexpr double kHalfRound = kTurn / 2;
 constexpr double kEarthRadiusFeet = 6371008.8 / 0.3048;
 
 double Latitude(double y) { return -std::atan(std::sinh(y * kRadians)) / kRadians; }
@@ -30,6 +30,22 @@ platform::MapPoint ToEarth(const PlanePoint& point) { return {Whole(Latitude(poi
 platform::MapBox ToEarth(const PlaneBox& box) {
   const platform::MapPoint northWest = ToEarth(box.topLeft()), southEast = ToEarth(box.bottomRight());
   return {southEast.latitude, northWest.longitude, northWest.latitude, southEast.longitude};
+}
+
+std::vector<EarthPart> PartsOf(const PlaneBox& box) {
+  std::vector<EarthPart> parts;
+  const PlaneBox earth(-kHalfRound, box.top(), kTurn, box.height());
+  const double first = std::floor((box.left() + kHalfRound) / kTurn), last = std::floor((box.right() + kHalfRound) / kTurn);
+  for (double turn = first; turn <= last; ++turn) {
+    const double away = turn * kTurn;
+    const PlaneBox part = box.translated(-away, 0) & earth;
+    if (part.width() > 0) parts.push_back({part, away});
+  }
+  return parts;
+}
+
+PlanePoint NearestTurn(const PlanePoint& point, const PlanePoint& middle) {
+  return {middle.x() + std::remainder(point.x() - middle.x(), kTurn), point.y()};
 }
 
 namespace zoom {
@@ -73,7 +89,7 @@ Sight Sight::Moved(const QPointF& pixels) const {
 Sight Sight::Held() const {
   Sight held = *this;
   held.step = std::clamp(step, zoom::kNearest, zoom::kFarthest);
-  held.middle.setX(std::clamp(middle.x(), -kHalfRound, kHalfRound));
+  held.middle.setX(std::remainder(middle.x(), kTurn));
   held.middle.setY(std::clamp(middle.y(), -kHalfRound, kHalfRound));
   return held;
 }

@@ -3,6 +3,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
+#include <vector>
 
 #include "platform/services/map.h"
 
@@ -17,6 +18,18 @@ using PlaneBox = QRectF;
 PlanePoint ToPlane(const platform::MapPoint& point);
 platform::MapPoint ToEarth(const PlanePoint& point);
 platform::MapBox ToEarth(const PlaneBox& box);
+
+/// Beyond the antimeridian the plane goes on with the other side of the earth: what lies at x lies a turn away again.
+inline constexpr double kTurn = 36'000'000;
+/// A box on the earth itself, and how far from there it is seen.
+struct EarthPart {
+  PlaneBox box;
+  double away;
+};
+/// The parts of a box of the plane.
+std::vector<EarthPart> PartsOf(const PlaneBox& box);
+/// The point, whole turns away, that lies nearest to `middle`.
+PlanePoint NearestTurn(const PlanePoint& point, const PlanePoint& middle);
 
 /// Zoom goes by steps, four to each doubling, so that what is drawn for one can be kept.
 namespace zoom {
@@ -46,7 +59,7 @@ struct Sight {
   /// At another step, with what is at that place of the screen staying there.
   Sight Zoomed(int to, const QPointF& at, const QSizeF& size) const;
   Sight Moved(const QPointF& pixels) const;
-  /// Kept on the earth and within the steps.
+  /// Kept on the earth, its middle on this side of the antimeridian, and within the steps.
   Sight Held() const;
 };
 

@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace desktop {
 
@@ -19,27 +21,54 @@ bool Crosses(const PlanePoint& from, const PlanePoint& to, const PlaneBox& box) 
          std::max(from.y(), to.y()) >= box.top() && std::min(from.y(), to.y()) <= box.bottom();
 }
 
+/// A piece of the seam at which a country's outline was cut in two is no border.
+bool IsSeam(const PlanePoint& from, const PlanePoint& to) { return std::abs(from.x()) == kTurn / 2 && std::abs(to.x()) == kTurn / 2; }
+
+/// Calls `take(from, to)` for each piece of a line, so far away from its place on the earth. From a point to the next it goes the short
+/// way, which may be over the antimeridian. Says how many turns the line has made to the east at its most, and to the west.
+template <class Take>
+std::pair<int, int> EachPiece(std::span<const platform::MapPoint> points, double away, Take&& take) {
+  std::pair<int, int> most{0, 0};
+  int turns = 0;
+  PlanePoint before = ToPlane(points.front());
+  for (const platform::MapPoint& point : points.subspan(1)) {
+    const PlanePoint here = ToPlane(point);
+    const PlanePoint from = before + QPointF(away + turns * kTurn, 0);
+    const double way = here.x() - before.x();
+    if (std::abs(way) > kTurn / 2) turns += way < 0 ? 1 : -1;
+    most = {std::max(most.first, turns), std::min(most.second, turns)};
+    const PlanePoint to = here + QPointF(away + turns * kTurn, 0);
+    if (!IsSeam(before, here)) take(from, to);
+    before = here;
+  }
+  return most;
+}
+
 /// The runs of a line that can be seen in the box: a border that goes on for hundreds of miles is cut.
 template <class Take>
-void EachRunIn(const PlaneBox& box, std::span<const platform::MapPoint> points, Take&& take) {
+void EachRunIn(const PlaneBox& box, std::span<const platform::MapPoint> points, double away, Take&& take) {
+  if (points.empty()) return;
   std::vector<PlanePoint> run;
   const auto end = [&] {
     if (run.size() > 1) take(run);
     run.clear();
   };
-  if (points.empty()) return;
-  PlanePoint before = ToPlane(points.front());
-  for (const platform::MapPoint& point : points.subspan(1)) {
-    const PlanePoint here = ToPlane(point);
-    if (Crosses(before, here, box)) {
-      if (run.empty()) run.push_back(before);
+  const auto walk = [&](double from) {
+    const auto turns = EachPiece(points, from, [&](const PlanePoint& before, const PlanePoint& here) {
+      if (!Crosses(before, here, box)) return end();
+      if (run.empty() || run.back() != before) {
+        end();
+        run.push_back(before);
+      }
       run.push_back(here);
-    } else {
-      end();
-    }
-    before = here;
-  }
-  end();
+    });
+    end();
+    return turns;
+  };
+  // Of a line over the antimeridian that begins on one side, what lies on the other is seen there too.
+  const std::pair<int, int> turns = walk(away);
+  for (int turn = turns.second; turn <= turns.first; ++turn)
+    if (turn != 0) walk(away - turn * kTurn);
 }
 
 /// Each piece for itself with square ends, which is drawn many times faster and, on lines so thin, looks the same.
@@ -71,24 +100,28 @@ bool TileJob::Read() {
     if (!MapLook::Draws(kind, unitsPerPixel_)) continue;
     const double margin = kMargin * unitsPerPixel_;
     const PlaneBox around = box_.adjusted(-margin, -margin, margin, margin);
-    ground_.Lines(kind, ToEarth(around), unitsPerPixel_ * FeetPerUnit(box_.center()) / FeetPerUnit({0, 0}),
-                  [this](MapLine taken, std::span<const platform::MapPoint> points, const std::string& name) { TakeLine(taken, points, name); });
+    const double resolution = unitsPerPixel_ * FeetPerUnit(box_.center()) / FeetPerUnit({0, 0});
+    for (const EarthPart& part : PartsOf(around)) {
+      ground_.Lines(kind, ToEarth(part.box), resolution, [&](MapLine taken, std::span<const platform::MapPoint> points, const std::string& name) {
+        TakeLine(taken, points, part.away, name);
+      });
+    }
     return true;
   }
   if (strokes_.empty()) PlanStrokes();
   return false;
 }
 
-void TileJob::TakeLine(MapLine kind, std::span<const platform::MapPoint> points, const std::string& name) {
+void TileJob::TakeLine(MapLine kind, std::span<const platform::MapPoint> points, double away, const std::string& name) {
   const double margin = kMargin * unitsPerPixel_;
-  EachRunIn(box_.adjusted(-margin, -margin, margin, margin), points, [&](const std::vector<PlanePoint>& run) {
+  EachRunIn(box_.adjusted(-margin, -margin, margin, margin), points, away, [&](const std::vector<PlanePoint>& run) {
     QPolygonF line;
     line.reserve(static_cast<qsizetype>(run.size()));
     for (const PlanePoint& point : run) line.append((point - box_.topLeft()) / unitsPerPixel_);
     lines_.at(static_cast<std::size_t>(kind)).push_back(std::move(line));
   });
   if (name.empty() || !MapLook::Names(kind, unitsPerPixel_)) return;
-  EachRunIn(box_, points, [&](const std::vector<PlanePoint>& run) { tile_.names.push_back({kind, name, run}); });
+  EachRunIn(box_, points, away, [&](const std::vector<PlanePoint>& run) { tile_.names.push_back({kind, name, run}); });
 }
 
 /// Borders below; then the edges of all roads, and on them the roads, the greatest last: so crossings are open.

@@ -28,7 +28,8 @@ class TileJob {
   };
 
   bool Read();
-  void TakeLine(platform::MapLine kind, std::span<const platform::MapPoint> points, const std::string& name);
+  /// `away`: how far from its place on the earth the line is seen.
+  void TakeLine(platform::MapLine kind, std::span<const platform::MapPoint> points, double away, const std::string& name);
   void PlanStrokes();
   bool Draw();
 

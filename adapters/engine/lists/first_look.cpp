@@ -227,14 +227,7 @@ bool FirstLook::Walks(double other, double trial, bool open) {
 bool FirstLook::CollectWide() {
   const Dialect& dialect = source_.OwnDialect();
   for (const PlanDriver* driver : wide_) {
-    KeySpan span;
-    {
-      const auto end = [&](const char* function) {
-        return std::string("(SELECT ") + function + '(' + driver->pieceKey + ") FROM " + driver->pieceTable + ')';
-      };
-      Query ends(source_.Store(), std::string_view("SELECT " + end("min") + ", " + end("max")));
-      if (ends.Step() && !ends.IsNull(0)) span = {ends.Int(0), ends.Int(1)};
-    }
+    const KeySpan span = SpanOf(source_.Store(), driver->pieceKey, driver->pieceTable);
     if (static_cast<double>(span.Width()) * kTestedRow > scan_) continue;
     SqlText text(driver->keys + driver->pieceKey + " > " + dialect.Parameter(1) + " AND " + driver->pieceKey +
                  " <= " + dialect.Parameter(2));

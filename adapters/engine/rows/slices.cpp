@@ -6,11 +6,13 @@
 namespace engine {
 
 KeySpan SpanOf(const RowSource& source) {
-  const PlanTable& table = source.Plan().tables.front();
-  const auto end = [&](const char* function) {
-    return std::string("(SELECT ") + function + '(' + table.table->rowKey + ") FROM " + table.table->storeName + ')';
-  };
-  Query query(source.Store(), "SELECT " + end("min") + ", " + end("max"));
+  const ResolvedTable& table = *source.Plan().tables.front().table;
+  return SpanOf(source.Store(), table.rowKey, table.storeName);
+}
+
+KeySpan SpanOf(Store& store, const std::string& key, const std::string& table) {
+  const auto end = [&](const char* function) { return std::string("(SELECT ") + function + '(' + key + ") FROM " + table + ')'; };
+  Query query(store, "SELECT " + end("min") + ", " + end("max"));
   if (!query.Step() || query.IsNull(0)) return {};
   return {query.Int(0), query.Int(1)};
 }

@@ -18,6 +18,8 @@ struct KeySpan {
   std::int64_t Width() const noexcept { return last - first + 1; }
 };
 KeySpan SpanOf(const RowSource& source);
+/// That of a column that counts the rows of a table ("Phones AS t1").
+KeySpan SpanOf(Store& store, const std::string& key, const std::string& table);
 
 /// Reads `columns` of all rows for which a condition holds ("" for all), in the order in which they lie, piece by piece: by
 /// stretches of row keys, or by the row keys themselves, which must be in their order. Between the pieces the windows may paint, as

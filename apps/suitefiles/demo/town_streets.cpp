@@ -17,7 +17,7 @@ namespace suitefiles::demo {
 
 namespace {
 
-constexpr std::int32_t kMostCustomers = 25'000;
+constexpr std::int32_t kMostCustomers = 100'000;
 
 // Pieces of street have numbers of their own for each company, beyond those of any county.
 constexpr std::int64_t kFirstPiece = 900'000'000'000;

@@ -132,7 +132,7 @@ TEST_F(MapGroundView, WhatIsKeptIsNotReadAgain) {
 TEST_F(MapGroundView, BothSchemes) {
   Draw(4000);
   Show();
-  for (const bool dark : {false, true}) {
+  for (const bool dark : {false, true, false}) {
     UseDark(dark);
     int landPixels = 0;
     const QImage seen = view->grab().toImage();

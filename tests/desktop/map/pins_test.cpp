@@ -30,6 +30,16 @@ class MapPins : public MapWindow {
     const double half = QFontMetricsF(text.font).height() * 0.4;
     return QRectF(text.from + moved, text.to + moved).normalized().adjusted(0, -half, 0, half);
   }
+  /// Whether a part of the text, which may stand askew, lies in the box.
+  bool IsUnder(const desktop::PlacedText& text, const QRectF& box) const {
+    const desktop::LabelSheet& sheet = *view->Ground().Sheet();
+    const desktop::Sight& seen = view->Seen();
+    const QPointF moved = (sheet.box.topLeft() - seen.Box(QSizeF(view->size())).topLeft()) / seen.UnitsPerPixel();
+    constexpr int kParts = 40;
+    for (int i = 0; i <= kParts; ++i)
+      if (box.contains(text.from + moved + (text.to - text.from) * i / kParts)) return true;
+    return false;
+  }
   std::size_t PinsSeen() const {
     std::size_t count = 0;
     for (const PinLayer::Sign& sign : view->Pins().Signs()) count += sign.heap.count;
@@ -95,6 +105,21 @@ TEST_F(MapPins, NamesStandAtThePinsAndCoverNothing) {
   view->ShowLabels(false);
   view->repaint();
   EXPECT_TRUE(view->Pins().Labels().empty());
+}
+
+TEST_F(MapPins, NoNameOfTheGroundLiesUnderALabel) {
+  std::mt19937 random(5);
+  for (int i = 0; i < 40; ++i)
+    AddPin(std::to_string(i), "Customer " + std::to_string(i), map->ground.Crossing(140 + static_cast<int>(random() % 120), 160 + static_cast<int>(random() % 80)));
+  for (const int width : {8000, 13'000, 26400, 35'000, 60'000}) {
+    Draw(width);
+    Show();
+    ASSERT_GE(view->Pins().Labels().size(), 1U) << width;
+    ASSERT_GE(view->Ground().Texts().size(), 5U) << width;
+    for (const PinLayer::Label& label : view->Pins().Labels())
+      for (const desktop::PlacedText& text : view->Ground().Texts())
+        EXPECT_FALSE(IsUnder(text, label.box)) << width << ": " << text.text.toStdString();
+  }
 }
 
 TEST_F(MapPins, ManyInOnePlaceAreOneSignWithTheirNumber) {

@@ -2,6 +2,7 @@
 list(APPEND ORCUSSCH_SCENARIOS
   mapping/all-customers
   mapping/all-customers-names
+  mapping/all-goes-on-before-it-yields
   mapping/all-lets-nothing-else-start
   mapping/all-on-one-point
   mapping/all-stopped

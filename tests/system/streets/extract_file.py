@@ -84,9 +84,16 @@ def read_way(data, words, ways):
     ways.append((parts[1], tags, list(sums(varints(parts.get(8, b""))))))
 
 
+def read_relation(data, words, relations):
+    parts = dict(fields(data))
+    tags = tags_of(words, varints(parts.get(2, b"")), varints(parts.get(3, b"")))
+    roles = [words[number] for number in varints(parts.get(8, b""))]
+    relations.append((tags, list(zip(varints(parts.get(10, b"")), sums(varints(parts.get(9, b""))), roles))))
+
+
 def read_extract(path):
-    """({node: ((longitude, latitude), tags)}, [(way, tags, nodes)]), places in degrees."""
-    nodes, ways = {}, []
+    """({node: ((longitude, latitude), tags)}, [(way, tags, nodes)], [(tags, [(kind, member, role)])] of relations), places in degrees."""
+    nodes, ways, relations = {}, [], []
     for block in blocks(path):
         parts = list(fields(block))
         words = [value.decode() for key, value in fields(next(value for key, value in parts if key == 1))]
@@ -105,4 +112,6 @@ def read_extract(path):
                     read_dense(content, words, place, nodes)
                 elif kind == 3:
                     read_way(content, words, ways)
-    return nodes, ways
+                elif kind == 4:
+                    read_relation(content, words, relations)
+    return nodes, ways, relations

@@ -39,8 +39,21 @@ def middle(ring):
     return x0 + x / (3 * area), y0 + y / (3 * area)
 
 
-def addresses(nodes, ways):
+def outer_ring(members, nodes, refs_of):
+    """Of a relation whose outer ring is one way; None for others, which are few."""
+    outer = [refs_of.get(member, []) for kind, member, role in members if kind == 1 and role in ("outer", "")]
+    if len(outer) != 1 or not outer[0] or any(ref not in nodes for ref in outer[0]):
+        return None
+    return [nodes[ref][0] for ref in outer[0]]
+
+
+def addresses(nodes, ways, relations):
     """(tags, place or None, is on a way) of everything with a house number."""
+    refs_of = {number: refs for number, _, refs in ways}
+    for tags, members in relations:
+        if "addr:housenumber" in tags:
+            ring = outer_ring(members, nodes, refs_of)
+            yield tags, middle(ring) if ring else None, True
     for place, tags in nodes.values():
         if "addr:housenumber" in tags:
             yield tags, place, False
@@ -69,8 +82,8 @@ def find(program, file, asked):
     return answers
 
 
-def prove_addresses(program, file, nodes, ways, places):
-    every = list(addresses(nodes, ways))
+def prove_addresses(program, file, nodes, ways, relations, places):
+    every = list(addresses(nodes, ways, relations))
     same = collections.Counter((t["addr:housenumber"], t.get("addr:street"), t.get("addr:postcode")) for t, _, _ in every)
     counts = collections.Counter()
     asked = []
@@ -140,10 +153,10 @@ def main():
             told = subprocess.run([program, "import", path, "--into", file], check=True, text=True, capture_output=True).stdout
             print("  " + told.splitlines()[-1].removeprefix(path + ": "))
             subprocess.run([program, "check", file], check=True, stdout=subprocess.DEVNULL)
-            nodes, ways = read_extract(path)
+            nodes, ways, relations = read_extract(path)
             zips = collections.Counter(tags["tiger:zip_left"] for _, tags, _ in ways if "tiger:zip_left" in tags)
             zips.update(tags["addr:postcode"] for _, tags, _ in ways if "addr:postcode" in tags)
-            good = prove_addresses(program, file, nodes, ways, places) and good
+            good = prove_addresses(program, file, nodes, ways, relations, places) and good
             good = prove_streets(program, file, nodes, ways, zips.most_common(1)[0][0] if zips else "") and good
     sys.exit(0 if good else 1)
 

@@ -70,6 +70,7 @@ bool BlockFile::Next(Block& block) {
   }
   if (begin == 0 && head.kind != "OSMHeader") throw FileError(shown_ + " is no extract of OpenStreetMap (PBF).");
   if (head.size < 0 || head.size > kLargestContent) Raise(begin, "a block has no size that could be");
+  block.head = block.bytes.size();
   Take(static_cast<std::size_t>(head.size), block.bytes);
   block.kind = std::move(head.kind);
   return true;

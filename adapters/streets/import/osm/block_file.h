@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <fstream>
 #include <string>
+#include <string_view>
 
 namespace streets {
 
@@ -13,9 +15,12 @@ class BlockFile {
   BlockFile(const std::string& path, const std::string& shown);
 
   struct Block {
-    std::string kind;   ///< "OSMHeader", "OSMData"; others are to be passed over
-    std::string bytes;  ///< as it lies in the file, its head included
+    std::string kind;      ///< "OSMHeader", "OSMData"; others are to be passed over
+    std::string bytes;     ///< as it lies in the file, its head included
+    std::size_t head = 0;  ///< bytes of it
     std::int64_t at = 0;
+
+    std::string_view Content() const { return std::string_view(bytes).substr(head); }
   };
   /// False at the end of the file.
   bool Next(Block& block);

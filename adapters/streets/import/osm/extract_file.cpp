@@ -8,15 +8,23 @@
 #include <osmium/osm/node.hpp>
 #include <osmium/osm/relation.hpp>
 #include <osmium/osm/way.hpp>
+#include <stdexcept>
 
 #include "streets/file/file_error.h"
 #include "streets/import/census/source_text.h"
+#include "streets/import/osm/block_content.h"
 #include "streets/import/osm/block_file.h"
 
 namespace streets {
 namespace {
 
 constexpr double kFiner = 10;  // the extract's units in one of ours
+
+// What the format allows; that of the head, which is read again with every block, is more than anyone has to say.
+constexpr std::size_t kLargestContent = std::size_t{32} << 20;
+constexpr std::size_t kLargestHead = std::size_t{64} << 10;
+// Of memory for what a block holds. Programs put 8,000 objects into one, which take some MiB.
+constexpr std::size_t kMostUnfolded = std::size_t{64} << 20;
 
 std::optional<Position> PositionOf(const osmium::Location& location) {
   if (!location.valid()) return {};
@@ -34,13 +42,35 @@ osmium::osm_entity_bits::type Asked(const ExtractReader& reader) {
   return (reader.onNode ? node : nothing) | (reader.onWay ? way : nothing) | (reader.onRelation ? relation : nothing);
 }
 
-// Gives on what one block holds.
+BlockWish WishOf(const ExtractReader& reader) { return {static_cast<bool>(reader.onNode), static_cast<bool>(reader.onWay), static_cast<bool>(reader.onRelation)}; }
+
+// Gives on what blocks hold, one at a time.
 class BlockReading {
  public:
   BlockReading(const BlockFile& file, const ExtractReader& reader) : file_(file), reader_(reader) {}
 
-  /// The bytes are a whole small file: the extract's own head and one block, which lies at that byte of the extract.
-  void Read(const std::string& bytes, std::int64_t at) {
+  /// The head comes first, then data.
+  void Read(const BlockFile::Block& block) {
+    const bool isHead = block.kind == "OSMHeader";
+    try {
+      Check(block.Content(), isHead);
+    } catch (const std::exception& problem) {
+      file_.Raise(block.at, SourceText(problem.what()));
+    }
+    if (isHead) head_ = block.bytes;
+    // A whole small file: the extract's own head and one block.
+    Give(isHead ? head_ : head_ + block.bytes, block.at);
+  }
+
+ private:
+  /// Before the library sees the block, which takes what memory it asks for.
+  void Check(std::string_view content, bool isHead) const {
+    const std::string data = Unpacked(content, isHead ? kLargestHead : kLargestContent);
+    if (!isHead && UnfoldedBytes(data, WishOf(reader_), kMostUnfolded) > kMostUnfolded) throw std::runtime_error("a block unfolds into more than is read at once");
+  }
+
+  /// `at`: where the block lies in the extract.
+  void Give(const std::string& bytes, std::int64_t at) {
     std::optional<osmium::io::Reader> blocks;
     osmium::memory::Buffer buffer;
     bool isHistory = false;
@@ -63,7 +93,6 @@ class BlockReading {
     if (isHistory) file_.Raise(at, "it holds what once was beside what is");
   }
 
- private:
   void Give(const osmium::OSMObject& object) {
     const ExtractTags tags(object.tags());
     if (object.type() == osmium::item_type::node && reader_.onNode) {
@@ -73,13 +102,18 @@ class BlockReading {
       for (const osmium::NodeRef& node : static_cast<const osmium::Way&>(object).nodes()) nodes_.push_back(node.ref());
       reader_.onWay({object.id(), tags, nodes_});
     } else if (object.type() == osmium::item_type::relation && reader_.onRelation) {
-      reader_.onRelation({object.id(), tags});
+      members_.clear();
+      for (const osmium::RelationMember& member : static_cast<const osmium::Relation&>(object).members())
+        members_.push_back({member.type() == osmium::item_type::way, member.ref(), member.role()});
+      reader_.onRelation({object.id(), tags, members_});
     }
   }
 
   const BlockFile& file_;
   const ExtractReader& reader_;
+  std::string head_;  ///< of the extract
   std::vector<std::int64_t> nodes_;
+  std::vector<ExtractMember> members_;
 };
 
 }  // namespace
@@ -101,13 +135,9 @@ void ExtractFile::Read(const ExtractReader& reader) const {
   BlockFile file(path_, shown_);
   BlockReading reading(file, reader);
   BlockFile::Block block;
-  std::string head;
   while (file.Next(block)) {
     if (reader.onProgress) reader.onProgress(block.at);
-    if (block.kind != "OSMHeader" && block.kind != "OSMData") continue;
-    const bool isHead = block.kind == "OSMHeader";
-    if (isHead) head = block.bytes;
-    reading.Read(isHead ? head : head + block.bytes, block.at);
+    if (block.kind == "OSMHeader" || block.kind == "OSMData") reading.Read(block);
   }
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "streets/index/street_index.h"
@@ -40,9 +41,16 @@ struct ExtractWay {
   std::span<const std::int64_t> nodes;
 };
 
+struct ExtractMember {
+  bool isWay;
+  std::int64_t id;
+  std::string_view role;
+};
+
 struct ExtractRelation {
   std::int64_t id;
   ExtractTags tags;
+  std::span<const ExtractMember> members;
 };
 
 /// Who is given what an extract holds, in its order. What nobody asks for is not looked at.

@@ -6,6 +6,7 @@
 
 #include "streets/file/file_error.h"
 #include "streets/import/osm/addresses.h"
+#include "streets/import/osm/areas.h"
 #include "streets/import/osm/extract_file.h"
 #include "streets/import/osm/interpolation.h"
 #include "streets/import/osm/node_places.h"
@@ -48,6 +49,7 @@ class Extract {
       PlaceNodes(first);
       TakeWays();
     }
+    TakeAreas();
     interpolation_.Write(*addresses_, [this](std::int64_t way, const std::string& why) { Refuse("way", way, why); });
     counts_.edges = streets_->Pieces();
     counts_.points = addresses_->Points();
@@ -76,7 +78,9 @@ class Extract {
     reader.onRelation = [&](const ExtractRelation& relation) {
       if (!HasNumber(relation.tags)) return;
       ++counts_.records;
-      Refuse("relation", relation.id, "addresses of relations are not taken");
+      CountStyle(relation.tags);
+      const std::string why = areas_.Add(relation);
+      if (!why.empty()) Refuse("relation", relation.id, why);
     };
     Read(reader);
     if (isEmpty) throw FileError(file_.Shown() + " holds neither nodes nor ways.");
@@ -154,11 +158,25 @@ class Extract {
     if (!why.empty()) Refuse("way", way.id, why);
   }
 
+  // Only now, when their nodes don't stand in memory beside those of all ways.
+  void TakeAreas() {
+    if (areas_.IsEmpty()) return;
+    places_ = NodePlaces(0);
+    ExtractReader ways;
+    ways.onWay = [this](const ExtractWay& way) { areas_.Offer(way); };
+    Read(ways);
+    areas_.Close();
+    ExtractReader nodes;
+    nodes.onNode = [this](const ExtractNode& node) { areas_.Offer(node); };
+    Read(nodes);
+    areas_.Write(*addresses_, [this](std::int64_t relation, const std::string& why) { Refuse("relation", relation, why); });
+  }
+
   void Read(ExtractReader& reader) {
     reader.onProgress = [this](std::int64_t bytes) {
       if (!listener_.onProgress) return;
       const std::int64_t rounds = 1 + nodesOfWays_ / static_cast<std::int64_t>(nodesAtATime_);
-      const std::int64_t readings = 1 + 2 * rounds;
+      const std::int64_t readings = 1 + 2 * rounds + (areas_.IsEmpty() ? 0 : 2);
       listener_.onProgress(file_.Shown(), std::min(reading_, readings - 1) * file_.Size() + bytes, readings * file_.Size());
     };
     file_.Read(reader);
@@ -177,6 +195,7 @@ class Extract {
   std::optional<SourceWriter> writer_;
   NumberStyles styles_;
   Interpolation interpolation_;
+  Areas areas_;
   std::optional<AddressWriter> addresses_;
   std::optional<StreetWriter> streets_;
   NodePlaces places_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <unordered_map>
 
 namespace streets {
 namespace {
@@ -18,8 +19,13 @@ Position Between(const Position& from, const Position& to, double part) {
           static_cast<std::int32_t>(std::lround(from.latitude + part * (static_cast<double>(to.latitude) - from.latitude)))};
 }
 
-// The centre of gravity of the area inside; nothing when there is none.
-std::optional<Position> CentreOfArea(std::span<const Position> ring) {
+struct Area {
+  double size = 0;
+  Position centre;  // of gravity
+};
+
+// Nothing when there is none inside.
+std::optional<Area> AreaOf(std::span<const Position> ring) {
   const Position& origin = ring.front();
   double area = 0;
   double east = 0;
@@ -42,7 +48,44 @@ std::optional<Position> CentreOfArea(std::span<const Position> ring) {
   const auto stands = std::ranges::minmax(ring, {}, &Position::latitude);
   const Position centre{static_cast<std::int32_t>(std::clamp(x + origin.longitude, double(lies.min.longitude), double(lies.max.longitude))),
                         static_cast<std::int32_t>(std::clamp(y + origin.latitude, double(stands.min.latitude), double(stands.max.latitude)))};
-  return centre;
+  return Area{std::abs(area), centre};
+}
+
+using Nodes = std::vector<std::int64_t>;
+
+// Joins ways to rings, each of which ends where it begins. Nothing when one can't be closed.
+std::optional<std::vector<Nodes>> RingsOf(std::span<const Nodes> ways) {
+  std::unordered_multimap<std::int64_t, std::size_t> ends;
+  for (std::size_t i = 0; i < ways.size(); ++i) {
+    if (ways[i].empty()) return {};
+    ends.emplace(ways[i].front(), i);
+    ends.emplace(ways[i].back(), i);
+  }
+  std::vector<bool> used(ways.size());
+  // The next one that goes on from the ring's end.
+  const auto next = [&](std::int64_t end) {
+    const auto found = ends.equal_range(end);
+    const auto way = std::find_if(found.first, found.second, [&](const auto& each) { return !used[each.second]; });
+    return way == found.second ? ways.size() : way->second;
+  };
+  std::vector<Nodes> rings;
+  for (std::size_t i = 0; i < ways.size(); ++i) {
+    if (used[i]) continue;
+    used[i] = true;
+    Nodes ring = ways[i];
+    while (ring.front() != ring.back()) {
+      const std::size_t way = next(ring.back());
+      if (way == ways.size()) return {};
+      used[way] = true;
+      if (ways[way].front() == ring.back()) {
+        ring.insert(ring.end(), ways[way].begin() + 1, ways[way].end());
+      } else {
+        ring.insert(ring.end(), ways[way].rbegin() + 1, ways[way].rend());
+      }
+    }
+    rings.push_back(std::move(ring));
+  }
+  return rings;
 }
 
 }  // namespace
@@ -73,9 +116,26 @@ std::optional<Position> MiddleOfWay(std::span<const std::int64_t> nodes, const N
   }
   if (line.empty()) return {};
   const bool isRing = nodes.front() == nodes.back();
-  if (const auto centre = isRing && whole ? CentreOfArea(line) : std::nullopt) return centre;
+  if (const auto area = isRing && whole ? AreaOf(line) : std::nullopt) return area->centre;
   if (isRing && line.size() > 1) line.pop_back();
   return PlaceAlong(line, 0.5);
+}
+
+Surrounded MiddleOfRings(std::span<const Nodes> ways, const NodePlaces& places) {
+  const auto rings = RingsOf(ways);
+  if (!rings) return {};
+  std::optional<Area> largest;
+  for (const Nodes& ring : *rings) {
+    Line line;
+    for (const std::int64_t node : ring) {
+      const auto at = places.Find(node);
+      if (!at) return {};
+      line.push_back(*at);
+    }
+    const auto area = AreaOf(line);
+    if (area && (!largest || area->size > largest->size)) largest = area;
+  }
+  return {true, largest ? std::optional(largest->centre) : std::nullopt};
 }
 
 Position PlaceAlong(std::span<const Position> line, double part) {

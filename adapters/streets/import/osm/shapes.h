@@ -17,6 +17,13 @@ std::vector<Line> LinesOf(std::span<const std::int64_t> nodes, const NodePlaces&
 /// its nodes is in the extract.
 std::optional<Position> MiddleOfWay(std::span<const std::int64_t> nodes, const NodePlaces& places);
 
+/// What ways that are joined at their ends surround.
+struct Surrounded {
+  bool isWhole = false;         ///< all of them are closed and wholly in the extract
+  std::optional<Position> middle;  ///< of the largest; nothing when none surrounds anything
+};
+Surrounded MiddleOfRings(std::span<const std::vector<std::int64_t>> ways, const NodePlaces& places);
+
 /// The place at that part, 0 to 1, of a line's length.
 Position PlaceAlong(std::span<const Position> line, double part);
 

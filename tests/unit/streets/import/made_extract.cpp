@@ -45,10 +45,14 @@ void MadeExtract::Way(std::int64_t id, const std::vector<std::int64_t>& nodes, c
   content_->buffer.commit();
 }
 
-void MadeExtract::Relation(std::int64_t id, const Tags& tags) {
+void MadeExtract::Relation(std::int64_t id, const Tags& tags, const std::vector<Member>& members) {
   {
     osmium::builder::RelationBuilder relation(content_->buffer);
     relation.set_id(id).set_visible(true);
+    {
+      osmium::builder::RelationMemberListBuilder list(relation);
+      for (const Member& member : members) list.add_member(osmium::item_type::way, member.way, member.role);
+    }
     content_->AddTags(relation, tags);
   }
   content_->buffer.commit();

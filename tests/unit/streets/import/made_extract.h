@@ -20,7 +20,11 @@ class MadeExtract {
 
   void Node(std::int64_t id, double longitude, double latitude, const Tags& tags = {});
   void Way(std::int64_t id, const std::vector<std::int64_t>& nodes, const Tags& tags);
-  void Relation(std::int64_t id, const Tags& tags);
+  struct Member {
+    std::int64_t way;
+    std::string role;
+  };
+  void Relation(std::int64_t id, const Tags& tags, const std::vector<Member>& members = {});
   /// `format`: as the library writes it.
   void Write(const std::string& path, const std::string& format = "pbf");
 

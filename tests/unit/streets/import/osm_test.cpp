@@ -12,7 +12,7 @@
 #include "streets/import/osm/extract_import.h"
 #include "streets/index/file_index.h"
 #include "support/temporary_folder.h"
-#include "unit/streets/import/made_extract.h"
+#include "unit/streets/import/extract_test.h"
 
 namespace streets {
 namespace {
@@ -21,49 +21,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
-
-class ExtractTest : public testing::Test {
- protected:
-  ExtractCounts Import(MadeExtract& extract, const std::string& name = "town.osm.pbf", Database* baseMap = nullptr) {
-    extract.Write(folder_ / name);
-    return ImportFile(folder_ / name, baseMap);
-  }
-  ExtractCounts ImportFile(const std::string& path, Database* baseMap = nullptr) {
-    told_.clear();
-    const auto file = OpenOrMakeStreetFile(folder_ / "s.zds");
-    return ImportExtract(path, file.get(), baseMap, Listener());
-  }
-  ExtractListener Listener() {
-    ExtractListener listener;
-    listener.onRefused = [this](const std::string&, const std::string& record, const std::string& why) { told_.push_back(record + ": " + why); };
-    return listener;
-  }
-  std::string Failure(const std::string& path) {
-    try {
-      ImportFile(path);
-    } catch (const FileError& problem) {
-      return problem.what();
-    }
-    return "";
-  }
-
-  std::int64_t Ask(const std::string& question) const { return OpenStreetFile(folder_ / "s.zds")->Ask(question); }
-  // "12 11428 -73.700000 40.700000" for each house of the streets of that key.
-  std::vector<std::string> Houses(const std::string& key) const {
-    StreetFiles files({folder_ / "s.zds"});
-    FileIndex index(files);
-    std::vector<std::string> houses;
-    for (const StreetName& name : index.Named(key, {}))
-      for (const AddressPoint& point : index.Points(name.id, {}))
-        houses.push_back(point.number.prefix + std::to_string(point.number.number) + point.number.suffix + " " + point.zip + " " +
-                         std::to_string(point.at.longitude) + " " + std::to_string(point.at.latitude));
-    std::ranges::sort(houses);
-    return houses;
-  }
-
-  TemporaryFolder folder_;
-  std::vector<std::string> told_;
-};
 
 TEST_F(ExtractTest, NamedWaysAreStreetsWithTheirClassesAndNames) {
   MadeExtract extract;
@@ -248,7 +205,7 @@ TEST_F(ExtractTest, RecordsThatCantBeTakenAreToldAndTheOthersAreTaken) {
                                           "way 13: too few of its nodes are in the file", "way 14: 2 of its nodes are not in the file",
                                           "way 15: too few of its nodes are in the file", "way -16: its number can't be kept",
                                           "way 17: none of its nodes is in the file", "way 18: none of its nodes is in the file",
-                                          "relation 30: addresses of relations are not taken"));
+                                          "relation 30: none of its ways is an outer ring"));
   EXPECT_EQ(counts.records, 14);
   EXPECT_EQ(counts.refused, 13);
   EXPECT_EQ(counts.edges, 2);  // both parts of way 14

@@ -1,10 +1,44 @@
 // A list in index order by numbers: counts, the place of a number, the number of a place, pages for windows.
 #include <algorithm>
+#include <iterator>
 
 #include "engine/lists/indexed_list.h"
 #include "engine/rows/slices.h"
 
 namespace engine {
+namespace {
+
+// Where other tables would be asked about each row, the rows to which one of them leads are looked at alone if they are clearly fewer.
+std::optional<std::int64_t> CountDriven(RowSource& source) {
+  constexpr std::int64_t kClearly = 8;
+  constexpr std::int64_t kMostKeys = 500'000;  // 4 MiB
+  constexpr std::int64_t kKeysBetweenPaints = 4096;
+  if (!source.Plan().asksByRow) return {};
+  const std::int64_t most = std::min(kMostKeys, SpanOf(source).Width() / kClearly);
+  for (const PlanDriver& driver : source.Plan().drivers) {
+    if (!driver.pieceKey.empty()) continue;
+    std::vector<std::int64_t> keys;
+    {
+      Query reading(source.Store(), std::string_view(driver.keys));
+      for (std::int64_t read = 1; std::ssize(keys) <= most && reading.Step(); ++read) {
+        if (!reading.IsNull(0) && (keys.empty() || keys.back() != reading.Int(0))) keys.push_back(reading.Int(0));
+        if (read % kKeysBetweenPaints == 0) source.Store().ServePainting();
+      }
+    }
+    if (std::ssize(keys) > most) continue;
+    if (!std::ranges::is_sorted(keys)) {
+      std::ranges::sort(keys);
+      keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+    }
+    std::int64_t count = 0;
+    PiecewiseScan scan(source, "count(*)", driver.rest, std::move(keys));
+    ReadAll(source, scan, [&count](const Query& row) { count += row.Int(0); });
+    return count;
+  }
+  return {};
+}
+
+}  // namespace
 
 std::int64_t IndexedList::RowsReached() {
   if (!shape_.keepsPlaces || lastReached_) return CountNow();
@@ -21,6 +55,7 @@ bool IndexedList::AnyRow() {
 // A filter on a long table is asked piece by piece, so that the windows go on painting.
 std::int64_t IndexedList::CountRows() {
   if (!shape_.bounded) return walker_->CountAll();
+  if (const auto driven = CountDriven(Source())) return *driven;
   std::int64_t count = 0;
   PiecewiseScan scan(Source(), "count(*)", Source().Plan().rowWhere);
   ReadAll(Source(), scan, [&count](const Query& row) { count += row.Int(0); });

@@ -63,7 +63,8 @@ void RequireSameCells(const std::vector<platform::ListRow>& ours, const raw::Row
 std::vector<Job> ListJobs(Company& company);
 std::vector<Job> SearchJobs(Company& company);
 std::vector<Job> RecordJobs(Company& company);
-std::vector<Job> QueryJobs(Company& company);
+/// Those whose names hold `only`, since a query is opened several times before it is measured.
+std::vector<Job> QueryJobs(Company& company, const std::string& only);
 /// Inside results that stay open: making them is a look at the whole company.
 std::vector<Job> ResultJobs(Company& company);
 

@@ -1,7 +1,9 @@
 #include <cstdlib>
 #include <exception>
+#include <functional>
 #include <iostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "company.h"
@@ -10,13 +12,14 @@
 namespace {
 
 constexpr const char* usage =
-    "bench_engine [--pairs N] [--only TEXT] [--waits] DIR...\n"
+    "bench_engine [--pairs N] [--area lists|searches|records|queries|results] [--only TEXT] [--waits] DIR...\n"
     "Measures the engine beside a bare program on company 1 of each folder; prints a table for each. With two folders or\n"
     "more, the last table tells how the engine's times grow from the first to the last. --waits: how long painting waits in\n"
     "long jobs instead.\n";
 
 struct Options {
   std::size_t pairs = 21;
+  std::string area;
   std::string only;
   bool waits = false;
   std::vector<std::string> folders;
@@ -27,6 +30,8 @@ Options Read(const std::vector<std::string>& words) {
   for (std::size_t i = 0; i < words.size(); ++i) {
     if (words[i] == "--pairs" && i + 1 < words.size())
       options.pairs = std::stoul(words[++i]);
+    else if (words[i] == "--area" && i + 1 < words.size())
+      options.area = words[++i];
     else if (words[i] == "--only" && i + 1 < words.size())
       options.only = words[++i];
     else if (words[i] == "--waits")
@@ -51,8 +56,12 @@ std::vector<bench::Result> MeasureFolder(const std::string& folder, const Option
             << company.LargestGroupSize() << " rows\n\n"
             << bench::TableHead() << std::flush;
   std::vector<bench::Result> results;
-  for (auto* area : {bench::ListJobs, bench::SearchJobs, bench::RecordJobs, bench::QueryJobs, bench::ResultJobs}) {
-    for (const bench::Job& job : area(company)) {
+  const auto queries = [&options](bench::Company& of) { return bench::QueryJobs(of, options.only); };
+  using Area = std::pair<const char*, std::function<std::vector<bench::Job>(bench::Company&)>>;
+  for (const auto& [name, jobsOf] : {Area{"lists", bench::ListJobs}, Area{"searches", bench::SearchJobs}, Area{"records", bench::RecordJobs},
+                                     Area{"queries", queries}, Area{"results", bench::ResultJobs}}) {
+    if (!options.area.empty() && options.area != name) continue;
+    for (const bench::Job& job : jobsOf(company)) {
       if (job.name.find(options.only) == std::string::npos) continue;
       results.push_back(bench::Measure(job, options.pairs));
       std::cout << bench::TableLine(results.back()) << std::flush;

@@ -20,8 +20,9 @@ const std::string words = " INNER JOIN Lookups ON Customers.AcctNum = Lookups.Ac
 const std::string types = " INNER JOIN CustCodes ON Customers.AcctNum = CustCodes.AcctNum";
 
 std::vector<Question> QuestionsOf(const Queries& all) {
-  const std::string area = all.CommonArea();
-  const std::string number = all.SomeInvoice();
+  const raw::Samples& held = all.Held();
+  const std::string& area = held.commonArea;
+  const std::string& number = held.invoice;
   return {
       {"last name starts with Smi", Statement("Customers", "(Customers.LastName Like 'Smi*')"), all.NameStarts("Smi")},
       {"state exactly and balance at least", Statement("Customers", "(Customers.State Like 'MN') AND (Customers.CurrBalance>=500)"),
@@ -31,16 +32,16 @@ std::vector<Question> QuestionsOf(const Queries& all) {
       {"address contains a rare text", Statement("Customers", "((Customers.Addr1 Like '*4711 M*') OR (Customers.Addr2 Like '*4711 M*'))"),
        all.AddressContains("*4711 M*")},
       {"phone area, common", Statement("Customers" + phones, "(Phones.Area Like '" + area + "*')"), all.Area(area)},
-      {"phone area, rare", Statement("Customers" + phones, "(Phones.Area Like '" + all.RareArea() + "*')"), all.Area(all.RareArea())},
-      {"key word, rare", Statement("Customers" + words, "(Lookups.Text = '" + all.RareWord() + "')"), all.Word(all.RareWord())},
-      {"key word, common", Statement("Customers" + words, "(Lookups.Text = '" + all.CommonWord() + "')"), all.Word(all.CommonWord())},
+      {"phone area, rare", Statement("Customers" + phones, "(Phones.Area Like '" + held.rareArea + "*')"), all.Area(held.rareArea)},
+      {"key word, rare", Statement("Customers" + words, "(Lookups.Text = '" + held.rareWord + "')"), all.Word(held.rareWord)},
+      {"key word, common", Statement("Customers" + words, "(Lookups.Text = '" + held.commonWord + "')"), all.Word(held.commonWord)},
       {"invoice number",
        Statement("Customers" + transactions, "(Transactions.TranType<>'P') And (Transactions.InvChkCredNo = '" + number + "')"),
        all.Invoice(number)},
       {"key word, type and area together",
        Statement("((Customers" + phones + ")" + words + ")" + types,
-                 "(Phones.Area Like '" + area + "*') AND (Lookups.Text = '" + all.CommonWord() + "') AND (CustCodes.CustCodes = 5)"),
-       all.WordTypeAndArea(all.CommonWord(), 5, area)},
+                 "(Phones.Area Like '" + area + "*') AND (Lookups.Text = '" + held.commonWord + "') AND (CustCodes.CustCodes = 5)"),
+       all.WordTypeAndArea(held.commonWord, 5, area)},
       {"phone area and invoice number",
        Statement("(Customers" + phones + ")" + transactions,
                  "(Phones.Area Like '" + area + "*') AND (Transactions.TranType<>'P') And (Transactions.InvChkCredNo = '" + number + "')"),
@@ -67,11 +68,13 @@ Job BothOpenings(Company& company, const Job& run, const std::string& statement)
 
 }  // namespace
 
-std::vector<Job> QueryJobs(Company& company) {
+std::vector<Job> QueryJobs(Company& company, const std::string& only) {
   std::vector<Job> jobs;
   const auto all = std::make_shared<Queries>(company.Raw().Handle());
   for (const Question& question : QuestionsOf(*all)) {
-    jobs.push_back(OpeningOf(company, all, {"query, first 50 rows: " + question.name, question.statement, question.bare}));
+    const std::string name = "query, first 50 rows: " + question.name;
+    if ((name + "; both openings: " + question.name).find(only) == std::string::npos) continue;
+    jobs.push_back(OpeningOf(company, all, {name, question.statement, question.bare}));
     jobs.push_back(BothOpenings(company, jobs.back(), question.statement));
   }
   return jobs;
@@ -80,11 +83,11 @@ std::vector<Job> QueryJobs(Company& company) {
 std::vector<Job> ResultJobs(Company& company) {
   std::vector<Job> jobs;
   const auto all = std::make_shared<Queries>(company.Raw().Handle());
-  const std::string few = all->RareWord();
+  const std::string few = all->Held().rareWord;
   AddInside(company, all, {"a rare key word", Statement("Customers" + words, "(Lookups.Text = '" + few + "')"), all->Word(few)}, jobs);
-  const std::string tenth = all->TenthArea();
+  const std::string tenth = all->Held().commonArea;
   AddInside(company, all, {"a phone area", Statement("Customers" + phones, "(Phones.Area Like '" + tenth + "*')"), all->Area(tenth)}, jobs);
-  const std::string half = all->MiddleEntryDate();
+  const std::string half = all->Held().middleDate;
   AddInside(company, all, {"an entry date", Statement("Customers", "(Customers.EntryDate>=#" + half + "#)"), all->EnteredSince(half)}, jobs);
   return jobs;
 }

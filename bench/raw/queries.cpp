@@ -5,6 +5,7 @@
 #include <ctime>
 
 #include <algorithm>
+#include <stdexcept>
 #include <vector>
 
 #include "engine/text/text_order.h"
@@ -31,25 +32,6 @@ const std::string typesOfOne = "f1.CustCodes k INDEXED BY \"CustCodes.AcctCode\"
 const std::string byName = "f1.Customers c INDEXED BY \"Customers.xLastName\"";
 
 }  // namespace
-
-std::string Queries::Ask(const std::string& sql) const {
-  Statement statement(db_, sql);
-  return statement.Step() ? std::string(statement.Text(0)) : std::string();
-}
-
-Queries::Queries(sqlite3* db) : db_(db) {
-  const std::string areas = "SELECT Area FROM f1.Phones WHERE Area <> '' GROUP BY Area ORDER BY count(*) ";
-  commonArea_ = Ask(areas + "DESC LIMIT 1");
-  rareArea_ = Ask(areas + "LIMIT 1");
-  const std::string words = "SELECT Text FROM f1.Lookups GROUP BY Text ORDER BY count(*) ";
-  commonWord_ = Ask(words + "DESC LIMIT 1");
-  rareWord_ = Ask("SELECT Text FROM f1.Lookups GROUP BY Text HAVING count(*) >= 10 ORDER BY count(*) LIMIT 1");
-  invoice_ = Ask(
-      "SELECT InvChkCredNo FROM f2.Transactions WHERE TranType <> 'P' AND AcctNum >= (SELECT max(AcctNum) / 2 FROM f1.Customers) LIMIT 1");
-  middleDate_ =
-      Ask("SELECT strftime('%m/%d/%Y', EntryDate) FROM f1.Customers WHERE EntryDate IS NOT NULL ORDER BY EntryDate LIMIT 1 OFFSET "
-          "(SELECT count(*) / 2 FROM f1.Customers)");
-}
 
 Query Queries::NameStarts(const std::string& start) const { return {Starts("c.LastName", start)}; }
 
@@ -109,9 +91,7 @@ struct PreparedQuery::Statements {
         commit(db, "COMMIT"),
         walk(db, "SELECT " + query.columns + " FROM " + byName + " WHERE " + query.where + " ORDER BY c.LastName, c.AcctNum LIMIT ?1"),
         last(db, "SELECT " + query.columns + " FROM " + byName + " WHERE " + query.where + " ORDER BY c.LastName DESC, c.AcctNum DESC LIMIT ?1"),
-        keys(db, "SELECT " + query.columns + " FROM (" + (query.keys.empty() ? "SELECT 0 AS AcctNum" : query.keys) +
-                     ") k CROSS JOIN f1.Customers c ON c.AcctNum = k.AcctNum" + (query.rest.empty() ? "" : " WHERE " + query.rest) +
-                     " ORDER BY c.LastName, c.AcctNum LIMIT ?1"),
+        keys(db, ByKeys(query, query.columns, "") + " ORDER BY c.LastName, c.AcctNum LIMIT ?1"),
         scan(db, "SELECT c.LastName, c.AcctNum FROM f1.Customers c NOT INDEXED WHERE " + query.where),
         row(db, "SELECT " + query.columns + " FROM f1.Customers c WHERE c.AcctNum = ?1"),
         inGroup(db, "SELECT " + query.columns + " FROM " + byName + " WHERE c.LastName IS ?1 AND c.AcctNum > ?2 AND " + query.where +
@@ -119,15 +99,22 @@ struct PreparedQuery::Statements {
         beyond(db, "SELECT " + query.columns + " FROM " + byName + " WHERE c.LastName > ?1 AND " + query.where + " ORDER BY c.LastName, c.AcctNum LIMIT ?3"),
         starting(db, "SELECT c.AcctNum FROM " + byName + " WHERE c.LastName >= ?1 AND c.LastName < ?2 AND raw_like(c.LastName, ?3) AND " +
                          query.where + " ORDER BY c.LastName, c.AcctNum LIMIT 1"),
-        count(db, CountText(query)) {}
+        keysBeyond(db, ByKeys(query, query.columns, "(c.LastName > ?1 OR (c.LastName IS ?1 AND c.AcctNum > ?2))") +
+                           " ORDER BY c.LastName, c.AcctNum LIMIT ?3"),
+        keysStarting(db, ByKeys(query, "c.AcctNum", "c.LastName >= ?1 AND c.LastName < ?2 AND raw_like(c.LastName, ?3)") +
+                             " ORDER BY c.LastName, c.AcctNum LIMIT 1"),
+        count(db, query.keys.empty() ? "SELECT count(*) FROM f1.Customers c NOT INDEXED WHERE " + query.where
+                                     : ByKeys(query, "count(*)", "")) {}
 
-  static std::string CountText(const Query& query) {
-    if (query.keys.empty()) return "SELECT count(*) FROM f1.Customers c NOT INDEXED WHERE " + query.where;
-    return "SELECT count(*) FROM (" + query.keys + ") k CROSS JOIN f1.Customers c ON c.AcctNum = k.AcctNum" +
-           (query.rest.empty() ? "" : " WHERE " + query.rest);
+  static std::string ByKeys(const Query& query, const std::string& columns, const std::string& condition) {
+    const std::string keys = query.keys.empty() ? "SELECT 0 AS AcctNum" : query.keys;
+    const std::string both = condition.empty() || query.rest.empty() ? "" : " AND ";
+    const std::string where = condition + both + query.rest;
+    return "SELECT " + columns + " FROM (" + keys + ") k CROSS JOIN f1.Customers c ON c.AcctNum = k.AcctNum" +
+           (where.empty() ? "" : " WHERE " + where);
   }
 
-  Statement begin, commit, walk, last, keys, scan, row, inGroup, beyond, starting, count;
+  Statement begin, commit, walk, last, keys, scan, row, inGroup, beyond, starting, keysBeyond, keysStarting, count;
 };
 
 PreparedQuery::PreparedQuery(const Queries& queries, const Query& query)
@@ -174,21 +161,56 @@ Rows PreparedQuery::Last(int count) {
   return rows;
 }
 
-void PreparedQuery::ChooseWay() {
+namespace {
+
+/// While it lives, statements that run beyond a moment of the processor's time fail.
+class Limit {
+ public:
+  Limit(sqlite3* db, double end) : db_(db), end_(end) {
+    constexpr int kStepsBetweenLooks = 1000;
+    sqlite3_progress_handler(db, kStepsBetweenLooks, [](void* self) { return static_cast<Limit*>(self)->Passed() ? 1 : 0; }, this);
+  }
+  ~Limit() { sqlite3_progress_handler(db_, 0, nullptr, nullptr); }
+  Limit(const Limit&) = delete;
+  Limit& operator=(const Limit&) = delete;
+  bool Passed() const { return ProcessorTime() > end_; }
+
+ private:
+  sqlite3* db_;
+  double end_;
+};
+
+}  // namespace
+
+// Microseconds for the first page; nothing where that is more than `most`.
+std::optional<double> PreparedQuery::TimeOf(Way way, double most) {
   constexpr int kPage = 50;
-  double best = 0;
-  for (const Way way : {Way::Walk, Way::Keys, Way::Scan}) {
-    if (way == Way::Keys && query_.keys.empty()) continue;
-    double least = 0;
-    for (int round = 0; round < 3; ++round) {
-      const double begun = ProcessorTime();
-      FirstBy(way, kPage);
-      const double spent = ProcessorTime() - begun;
-      if (round > 0 && (least == 0 || spent < least)) least = spent;
+  const double begun = ProcessorTime();
+  const Limit limit(db_, begun + most);
+  try {
+    FirstBy(way, kPage);
+    return ProcessorTime() - begun;
+  } catch (const std::runtime_error&) {
+    if (!limit.Passed()) throw;
+    for (Statement* cut : {&statements_->walk, &statements_->keys, &statements_->scan}) cut->Reset();
+    return {};
+  }
+}
+
+// The wrong way through millions of rows takes minutes: all are tried for a short time, then for a longer one, until one has ended.
+void PreparedQuery::ChooseWay() {
+  constexpr double kFirstTry = 20'000;
+  std::optional<double> best;
+  for (double most = kFirstTry; !best; most *= 4) {
+    for (const Way way : {Way::Walk, Way::Keys, Way::Scan}) {
+      if (way == Way::Keys && query_.keys.empty()) continue;
+      for (int round = 0; round < 3; ++round) {
+        const std::optional<double> spent = TimeOf(way, most);
+        if (!spent || (best && *spent >= *best)) continue;
+        best = spent;
+        way_ = way;
+      }
     }
-    if (best != 0 && least >= best) continue;
-    best = least;
-    way_ = way;
   }
 }
 
@@ -214,6 +236,13 @@ Rows PreparedQuery::FirstByScan(int count) {
 
 Rows PreparedQuery::After(const NameKey& key, int count) {
   Rows rows;
+  if (way_ == Way::Keys) {
+    statements_->keysBeyond.Bind(1, key.name);
+    statements_->keysBeyond.Bind(2, key.account);
+    statements_->keysBeyond.Bind(3, std::int64_t{count});
+    Copy(statements_->keysBeyond, rows);
+    return rows;
+  }
   statements_->begin.Step();
   statements_->begin.Reset();
   for (Statement* part : {&statements_->inGroup, &statements_->beyond}) {
@@ -232,7 +261,7 @@ Rows PreparedQuery::After(const NameKey& key, int count) {
 std::uint64_t PreparedQuery::FirstStarting(const std::string& start) {
   const engine::PrimaryRange range = engine::PrefixRange(start);
   const std::string pattern = start + "*";
-  Statement& probe = statements_->starting;
+  Statement& probe = way_ == Way::Keys ? statements_->keysStarting : statements_->starting;
   probe.Bind(1, range.lower);
   probe.Bind(2, range.upper);
   probe.Bind(3, pattern);

@@ -2,8 +2,10 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "raw/samples.h"
 #include "raw/store.h"
 
 /// Statements for the query screen's questions as somebody would write them who knows the data: existence tests instead of joins,
@@ -20,7 +22,7 @@ struct Query {
 
 class Queries {
  public:
-  explicit Queries(sqlite3* db);
+  explicit Queries(sqlite3* db) : db_(db), samples_(db) {}
   sqlite3* Handle() const { return db_; }
 
   Query NameStarts(const std::string& start) const;
@@ -35,25 +37,17 @@ class Queries {
   /// Those that others are linked to.
   Query Parents() const;
 
-  // What the data hold.
-  const std::string& CommonArea() const { return commonArea_; }
-  const std::string& RareArea() const { return rareArea_; }
-  /// Of about 100,000 customers in a million.
-  const std::string& TenthArea() const { return commonArea_; }
-  const std::string& CommonWord() const { return commonWord_; }
-  const std::string& RareWord() const { return rareWord_; }
-  const std::string& SomeInvoice() const { return invoice_; }
-  /// Since which about one half of all were entered, "month/day/year".
-  const std::string& MiddleEntryDate() const { return middleDate_; }
+  /// What the data hold.
+  const Samples& Held() const { return samples_; }
 
  private:
-  std::string Ask(const std::string& sql) const;
   sqlite3* db_;
-  std::string commonArea_, rareArea_, commonWord_, rareWord_, invoice_, middleDate_;
+  Samples samples_;
 };
 
 /// A query's statements, prepared once. Its first rows are read by whichever of three plans is the quickest here, which is found out
 /// before: along the index of the names with a test of each row; by the rare rows, sorted; by one scan that keeps the first names.
+/// Where the rare rows are the quickest its other pages are read by them, too.
 class PreparedQuery {
  public:
   PreparedQuery(const Queries& queries, const Query& query);
@@ -72,6 +66,7 @@ class PreparedQuery {
   enum class Way { Walk, Keys, Scan };
   Rows FirstBy(Way way, int count);
   Rows FirstByScan(int count);
+  std::optional<double> TimeOf(Way way, double most);
   void ChooseWay();
   sqlite3* db_;
   Query query_;

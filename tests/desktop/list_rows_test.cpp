@@ -34,9 +34,19 @@ TEST_F(Held, AJumpIsOneCallAndAFewRows) {
   EXPECT_EQ(NumberAt(2'500'039), 2'500'040);
 }
 
+// A query has its first rows soon; what lies behind them may be a look at millions.
+TEST_F(Held, TheFirstPictureAsksForNoMoreThanItShows) {
+  Make(kFiveMillion);
+  ASSERT_TRUE(rows.Need(0, 40));
+  EXPECT_EQ(table.rowsFetched, 40);
+  ASSERT_TRUE(rows.Need(5, 40));
+  EXPECT_EQ(NumberAt(44), 45);
+}
+
 TEST_F(Held, RowsInTheWindowCostNothing) {
   Make(1000);
   rows.Need(0, 40);
+  rows.Need(1, 40);
   const int before = table.fetches;
   for (int first = 0; first < 40; ++first) EXPECT_TRUE(rows.Need(first, 40));
   EXPECT_EQ(table.fetches, before);

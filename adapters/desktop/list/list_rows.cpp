@@ -110,9 +110,11 @@ bool ListRows::Extend(platform::RowWindow& window, std::int64_t first, std::int6
   return !rows_.empty() && first >= base_ && std::min(end, count_) <= End();
 }
 
+/// A list's first picture asks for no more than it shows: a query finds its first rows long before all others.
 bool ListRows::Jump(platform::RowWindow& window, std::int64_t first, int count) {
   const std::int64_t from = std::max<std::int64_t>(0, first - kMargin);
-  const int wanted = static_cast<int>(first - from) + count + kMargin;
+  const bool firstPicture = rows_.empty() && first == 0;
+  const int wanted = static_cast<int>(first - from) + count + (firstPicture ? 0 : kMargin);
   if (from > 0 && from + wanted >= count_) {
     auto rows = window.LastRows(wanted);
     const auto got = static_cast<std::int64_t>(rows.size());

@@ -1,6 +1,7 @@
 #include "engine/lists/first_look.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <limits>
 #include <utility>
@@ -46,9 +47,33 @@ FirstLook::Costs FirstLook::CostsFor(std::int64_t rows) {
   return {15, 24, 15};
 }
 
-// How many rows stand before the end of the page, as far as the rows seen tell.
+// How many rows stand before the end of the page, as far as the rows seen tell. That many may have come together by chance counts for
+// less where a driver tells how many rows the list can have: what it says weighs as much as some rows found.
 double FirstLook::RowsToLookAt() const {
-  return static_cast<double>(kPage) * static_cast<double>(std::max<std::int64_t>(looked_, 1)) / std::max(0.7, static_cast<double>(Hits()));
+  constexpr double kWeight = 32;
+  const auto page = static_cast<double>(kPage);
+  const auto looked = static_cast<double>(looked_);
+  const double seen = page * std::max(looked, 1.0) / std::max(0.7, static_cast<double>(Hits()));
+  const std::optional<double> rows = leads_.FewestLikely();
+  if (!rows || *rows < 1) return seen;
+  const double apart = static_cast<double>(span_) / *rows;
+  return std::max(seen, page * (looked + kWeight * apart) / (static_cast<double>(Hits()) + kWeight));
+}
+
+// How many rows the list has, as far as those seen tell.
+double FirstLook::LikelyRows() const {
+  if (const std::optional<double> rows = leads_.FewestLikely()) return *rows;
+  return looked_ == 0 ? 0 : static_cast<double>(Hits()) / static_cast<double>(looked_) * static_cast<double>(span_);
+}
+
+// Which part of a trial is worth while, by how the work of a walk stands beside that of following a driver which tells how many rows
+// there are.
+double FirstLook::Promise() const {
+  const std::optional<double> rows = leads_.FewestLikely();
+  if (!rows) return 1;
+  const double walk = static_cast<double>(kPage) * static_cast<double>(span_) / std::max(*rows, 1.0) * look_;
+  const double share = std::min(1.0, *rows * byKey_ / walk);
+  return share * share * share;
 }
 
 void FirstLook::WalkOn(std::int64_t rows) {
@@ -77,10 +102,11 @@ void FirstLook::WalkOn(std::int64_t rows) {
 }
 
 // Where it is known about how many rows stand before the end of the page, they are walked without bounds; should they turn out to be
-// far more, the walk goes on from the last one found, with bounds.
+// far more, the walk goes on from the last one found, with bounds. A row that doesn't pass is a part of the work by which the store
+// measures.
 void FirstLook::RunOn(double rows) {
   constexpr double kAtOnce = 2000;
-  constexpr double kMoreThanLikely = 4;
+  constexpr double kPassedOver = 3;
   const std::int64_t left = kPage - Hits();
   const double share = std::min(1.0, kAtOnce / std::max(rows, 1.0));
   const OrderPlace from = reached_ ? *reached_ : OrderPlace{};
@@ -89,8 +115,11 @@ void FirstLook::RunOn(double rows) {
   request.from = reached_ ? &from : nullptr;
   request.limit = std::max<std::int64_t>(1, static_cast<std::int64_t>(share * static_cast<double>(left)));
   const double likely = rows * static_cast<double>(request.limit) / static_cast<double>(left);
+  // The more rows are looked for, the nearer they come to what is likely.
+  const double atMost = 1 + 3 / std::sqrt(static_cast<double>(request.limit));
   std::int64_t read = 0;
-  const bool cheap = source_.Store().ReadsCheaply(static_cast<int>((likely + 64) * kMoreThanLikely), [&] {
+  const double most = (likely + 64) * atMost / kPassedOver + static_cast<double>(request.limit);
+  const bool cheap = source_.Store().ReadsCheaply(static_cast<int>(most), [&] {
     rows_->Read(request, [&](const Query& row) {
       rows_->AppendRow(row, *first_.page);
       reached_ = rows_->PlaceAt(row, false);
@@ -98,9 +127,12 @@ void FirstLook::RunOn(double rows) {
       return true;
     });
   });
-  looked_ += static_cast<std::int64_t>(cheap ? likely : likely * kMoreThanLikely);
   misjudged_ = !cheap;
   first_.all = cheap && read < request.limit;
+  if (cheap && !first_.all && Hits() < kPage)
+    looked_ += bounded_->CountUpTo(direction_, request.from, *reached_);
+  else
+    looked_ += static_cast<std::int64_t>(cheap ? likely : likely * atMost);
   source_.Store().ServePainting();
 }
 
@@ -203,9 +235,8 @@ void FirstLook::ReadFirst() {
 bool FirstLook::Walks(double other, double trial, bool open) {
   for (;;) {
     const double left = std::max(0.0, RowsToLookAt() - static_cast<double>(looked_)) * look_;
-    // The list has about so many rows, and no driver has fewer.
-    const double driven =
-        open && looked_ > 0 ? static_cast<double>(Hits()) / static_cast<double>(looked_) * static_cast<double>(span_) * byKey_ : 0;
+    // No driver has fewer.
+    const double driven = open ? LikelyRows() * byKey_ : 0;
     const double least = std::max(other, std::min(scan_, driven));
     const bool telling = Hits() >= kTelling || (Hits() >= kTelling / 2 && left * kSafely < least);
     const double rest = trial / look_ - static_cast<double>(looked_);
@@ -287,8 +318,10 @@ void FirstLook::Choose() {
     // What isn't followed to its end is at least this much work.
     const double driven = static_cast<double>(shortest != nullptr ? shortest->Keys() : most) * byKey_;
     const double other = leads_.None() ? scan_ : std::min(scan_, driven);
-    // As much as going on there would take is tried first, or some part of what is to be saved.
-    const double trial = std::max(other / kTrial, open ? std::min(2 * other / kTrial, Leads::CostOf(most, most * kFurther)) : 0);
+    // As much as going on there would take is tried first, or some part of what is to be saved; less where a driver tells that there is
+    // probably nothing to save.
+    const double trial =
+        Promise() * std::max(other / kTrial, open ? std::min(2 * other / kTrial, Leads::CostOf(most, most * kFurther)) : 0);
     if (rows_ != nullptr && Walks(other, trial, open)) return;
     if (shortest != nullptr && driven <= scan_) return TakeShortest();
     if (!open) {

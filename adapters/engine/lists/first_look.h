@@ -66,6 +66,8 @@ class FirstLook {
   void RunOn(double rows);
   std::int64_t Hits() const { return static_cast<std::int64_t>(first_.page->Rows()); }
   double RowsToLookAt() const;
+  double LikelyRows() const;
+  double Promise() const;
 
   RowSource& source_;
   KeyWalker* rows_;

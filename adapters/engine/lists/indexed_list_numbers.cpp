@@ -1,10 +1,70 @@
 // A list in index order by numbers: counts, the place of a number, the number of a place, pages for windows.
 #include <algorithm>
+#include <iterator>
 
 #include "engine/lists/indexed_list.h"
 #include "engine/rows/slices.h"
 
 namespace engine {
+namespace {
+
+// Where other tables would be asked about each row, the rows to which one of them leads are looked at alone if they are clearly fewer.
+std::optional<std::int64_t> CountDriven(RowSource& source) {
+  constexpr std::int64_t kClearly = 8;
+  constexpr std::int64_t kMostKeys = 500'000;  // 4 MiB
+  constexpr std::int64_t kKeysBetweenPaints = 4096;
+  if (!source.Plan().asksByRow) return {};
+  const std::int64_t most = std::min(kMostKeys, SpanOf(source).Width() / kClearly);
+  for (const PlanDriver& driver : source.Plan().drivers) {
+    if (!driver.pieceKey.empty()) continue;
+    std::vector<std::int64_t> keys;
+    {
+      Query reading(source.Store(), std::string_view(driver.keys));
+      for (std::int64_t read = 1; std::ssize(keys) <= most && reading.Step(); ++read) {
+        if (!reading.IsNull(0) && (keys.empty() || keys.back() != reading.Int(0))) keys.push_back(reading.Int(0));
+        if (read % kKeysBetweenPaints == 0) source.Store().ServePainting();
+      }
+    }
+    if (std::ssize(keys) > most) continue;
+    if (!std::ranges::is_sorted(keys)) {
+      std::ranges::sort(keys);
+      keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+    }
+    std::int64_t count = 0;
+    PiecewiseScan scan(source, "count(*)", driver.rest, std::move(keys));
+    ReadAll(source, scan, [&count](const Query& row) { count += row.Int(0); });
+    return count;
+  }
+  return {};
+}
+
+// A driver that leads to all rows that its table names, where that isn't much longer than the list's own; one with conditions might pass
+// over many rows before the windows can paint. nullptr: none.
+const PlanDriver* CountingDriver(const RowSource& source) {
+  constexpr std::int64_t kMuchLonger = 2;
+  const auto counts = [&](const PlanDriver& driver) {
+    return !driver.pieceKey.empty() && driver.keys.ends_with(" WHERE ") &&
+           SpanOf(source.Store(), driver.pieceKey, driver.pieceTable).Width() <= kMuchLonger * SpanOf(source).Width();
+  };
+  const auto found = std::ranges::find_if(source.Plan().drivers, counts);
+  return found == source.Plan().drivers.end() ? nullptr : &*found;
+}
+
+std::int64_t CountBy(const PlanDriver& driver, const RowSource& source) {
+  constexpr std::int64_t kRowsBetweenPaints = 4096;
+  const PlanTable& table = source.Plan().tables.front();
+  const std::string keys = driver.keys + driver.pieceKey + " IS NOT NULL";
+  const std::string text = "SELECT 1 FROM (SELECT DISTINCT k FROM (" + keys + ") AS a) AS s" + source.OwnDialect().joinInOrder +
+                           source.Plan().from + " ON " + table.alias + '.' + table.table->rowKey + " = s.k" +
+                           (driver.rest.empty() ? "" : " WHERE " + driver.rest);
+  Query query(source.Store(), std::string_view(text));
+  std::int64_t count = 0;
+  while (query.Step())
+    if (++count % kRowsBetweenPaints == 0) source.Store().ServePainting();
+  return count;
+}
+
+}  // namespace
 
 std::int64_t IndexedList::RowsReached() {
   if (!shape_.keepsPlaces || lastReached_) return CountNow();
@@ -18,38 +78,10 @@ bool IndexedList::AnyRow() {
   return start->page->Rows() != 0;
 }
 
-namespace {
-
-// The driver by which a list's rows are counted with less work than by looking at the whole table: one with an index, or one whose own
-// table isn't much longer. nullptr: none.
-const PlanDriver* CountingDriver(const RowSource& source) {
-  constexpr std::int64_t kMuchLonger = 2;
-  const PlanDriver* best = nullptr;
-  for (const PlanDriver& driver : source.Plan().drivers) {
-    if (driver.pieceKey.empty()) return &driver;
-    if (best == nullptr && SpanOf(source.Store(), driver.pieceKey, driver.pieceTable).Width() <= kMuchLonger * SpanOf(source).Width()) best = &driver;
-  }
-  return best;
-}
-
-std::int64_t CountBy(const PlanDriver& driver, const RowSource& source) {
-  constexpr std::int64_t kRowsBetweenPaints = 8192;
-  const PlanTable& table = source.Plan().tables.front();
-  const std::string keys = driver.pieceKey.empty() ? driver.keys : driver.keys + driver.pieceKey + " IS NOT NULL";
-  const std::string text = "SELECT 1 FROM (SELECT DISTINCT k FROM (" + keys + ") AS a) AS s" + source.OwnDialect().joinInOrder + source.Plan().from + " ON " +
-                           table.alias + '.' + table.table->rowKey + " = s.k" + (driver.rest.empty() ? "" : " WHERE " + driver.rest);
-  Query query(source.Store(), std::string_view(text));
-  std::int64_t count = 0;
-  while (query.Step())
-    if (++count % kRowsBetweenPaints == 0) source.Store().ServePainting();
-  return count;
-}
-
-}  // namespace
-
 // A filter on a long table is asked piece by piece, so that the windows go on painting; or only of the rows to which a driver leads.
 std::int64_t IndexedList::CountRows() {
   if (!shape_.bounded) return walker_->CountAll();
+  if (const auto driven = CountDriven(Source())) return *driven;
   if (const PlanDriver* driver = CountingDriver(Source())) return CountBy(*driver, Source());
   std::int64_t count = 0;
   PiecewiseScan scan(Source(), "count(*)", Source().Plan().rowWhere);

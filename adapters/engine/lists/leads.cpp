@@ -28,13 +28,25 @@ const Leads::Lead* Leads::Shortest() const {
 
 double Leads::CostOf(std::int64_t from, std::int64_t most) { return static_cast<double>(most - from) * kReadKey; }
 
+// Whether the keys read say how many there are.
+bool Leads::Tells(const Lead& lead) const {
+  constexpr std::int64_t kTelling = 8;
+  return lead.whole || (lead.inOrder && lead.Keys() >= kTelling && span_.Width() > 0);
+}
+
 // How many keys a driver has, as far as those read tell; no fewer.
 double Leads::Likely(const Lead& lead) const {
-  constexpr std::int64_t kTelling = 8;
   const auto read = static_cast<double>(lead.Keys());
-  if (lead.whole || !lead.inOrder || lead.Keys() < kTelling || span_.Width() == 0) return read;
+  if (lead.whole || !Tells(lead)) return read;
   const std::int64_t passed = std::clamp<std::int64_t>(lead.read.back() - span_.first + 1, 1, span_.Width());
   return read * static_cast<double>(span_.Width()) / static_cast<double>(passed);
+}
+
+std::optional<double> Leads::FewestLikely() const {
+  std::optional<double> fewest;
+  for (const Lead& lead : leads_)
+    if (Tells(lead) && (!fewest || Likely(lead) < *fewest)) fewest = Likely(lead);
+  return fewest;
 }
 
 // The one that is likely to end first goes first, so that the others need not be followed so far; what seems to end far behind

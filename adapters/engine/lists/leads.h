@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -44,6 +45,8 @@ class Leads {
   void Reach(std::int64_t most);
   /// Of those whose end is known the one with the fewest keys; nullptr for none.
   const Lead* Shortest() const;
+  /// About how many rows the list has at most, as far as the keys tell that were read; nothing where they don't.
+  std::optional<double> FewestLikely() const;
   /// What going on from `from` keys as far as `most` would cost, beside a row that a look at the whole table passes.
   static double CostOf(std::int64_t from, std::int64_t most);
   /// The keys of the shortest. Those to which another driver doesn't lead are left out where reading its keys is clearly less work
@@ -55,6 +58,7 @@ class Leads {
  private:
   void Read(Lead& lead, std::int64_t most);
   void KeepRarest();
+  bool Tells(const Lead& lead) const;
   double Likely(const Lead& lead) const;
   bool Narrow(std::vector<std::int64_t>& keys, Lead& by, double row);
 

@@ -71,6 +71,8 @@ class KeyWalker {
   /// Reads the rows behind `from` (nullptr: from the end where the direction starts) up to and with `until`, without limit. For walks of at
   /// most one order column.
   void ReadUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until, bool keysOnly, const Sink& sink);
+  /// How many rows that would read.
+  std::int64_t CountUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until);
 
   /// The row with that key, as a full row, whatever the list's filter says; false when it is gone.
   bool ReadRow(std::int64_t rowKey, const Sink& sink);
@@ -106,7 +108,9 @@ class KeyWalker {
   static std::uint64_t CodeOf(const Request& request, const Level& level);
   SqlText& Statement(const Request& request, const Level& level, SqlText& own);
   std::string MarkedText(const Request& request, const Level& level, const KeyWalker& counted) const;
-  std::string StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, bool keysOnly) const;
+  enum class What { Rows, Keys, Number };
+  void AskUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until, What what, const Sink& sink);
+  std::string StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, What what) const;
   const SqlText& Ready(SqlText& text, std::string_view columns, bool filtered) const;
   void BindPlace(Query& query, const Request& request, const Level& level) const;
   std::string StatementText(const Request& request, const Level& level) const;

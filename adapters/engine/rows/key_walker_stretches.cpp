@@ -75,7 +75,7 @@ std::string KeyWalker::FirstKeys(Direction direction, std::int64_t rows) const {
 
 // Towards a place, in pieces of which each is one stretch of the index: what is left of the group of equal keys, the rows without a
 // key where they come first, the keys beyond, the rows without a key where they come last.
-void KeyWalker::ReadUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until, bool keysOnly, const Sink& sink) {
+void KeyWalker::AskUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until, What what, const Sink& sink) {
   assert(order_.size() <= 1);
   const bool up = direction == Direction::Up;
   const bool fromNull = from != nullptr && !order_.empty() && from->values[0].IsNull();
@@ -95,10 +95,10 @@ void KeyWalker::ReadUpTo(Direction direction, const OrderPlace* from, const Orde
   bool goOn = true;
   for (const Step step : steps) {
     if (!goOn) return;
-    const unsigned code = static_cast<unsigned>(step) | (up ? 8U : 0U) | (keysOnly ? 16U : 0U) | (from != nullptr ? 32U : 0U) |
+    const unsigned code = static_cast<unsigned>(step) | (up ? 8U : 0U) | static_cast<unsigned>(what) << 9 | (from != nullptr ? 32U : 0U) |
                           (fromNull ? 64U : 0U) | (untilNull ? 128U : 0U) | (sameGroup ? 256U : 0U);
     SqlText& text = stretches_[code];
-    if (text.text.empty()) text.text = StretchText(direction, from, until, step, keysOnly);
+    if (text.text.empty()) text.text = StretchText(direction, from, until, step, what);
     Query query(store_, text);
     if (!order_.empty() && from != nullptr && !fromNull && step != Step::NullBlock) BindComparable(query, 1, from->values[0]);
     if (step == Step::BehindRow && from != nullptr) query.Bind(2, from->rowKey);
@@ -109,7 +109,20 @@ void KeyWalker::ReadUpTo(Direction direction, const OrderPlace* from, const Orde
   }
 }
 
-std::string KeyWalker::StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, bool keysOnly) const {
+void KeyWalker::ReadUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until, bool keysOnly, const Sink& sink) {
+  AskUpTo(direction, from, until, keysOnly ? What::Keys : What::Rows, sink);
+}
+
+std::int64_t KeyWalker::CountUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until) {
+  std::int64_t rows = 0;
+  AskUpTo(direction, from, until, What::Number, [&rows](const Query& number) {
+    rows += number.Int(0);
+    return true;
+  });
+  return rows;
+}
+
+std::string KeyWalker::StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, What what) const {
   const bool up = direction == Direction::Up;
   const std::string beyond = up ? " > " : " < ";
   const std::string within = up ? " <= " : " >= ";
@@ -118,7 +131,8 @@ std::string KeyWalker::StretchText(Direction direction, const OrderPlace* from, 
     return comparable_[0] + (place.values[0].IsNull() ? " IS NULL" : " = " + dialect_.Parameter(1));
   };
   const bool untilNull = !order_.empty() && until.values[0].IsNull();
-  std::string text = "SELECT " + (keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + " FROM " + from_ + " WHERE ";
+  const std::string rows = what == What::Rows ? shape_.columnList + ", " + keyColumns_ : keyColumns_;
+  std::string text = "SELECT " + (what == What::Number ? "count(*)" : rows) + " FROM " + from_ + " WHERE ";
   std::string condition;
   const auto add = [&](const std::string& part) { condition += (condition.empty() ? "" : " AND ") + part; };
   const std::string untilKey = rowKey_ + within + dialect_.Parameter(4);
@@ -141,7 +155,8 @@ std::string KeyWalker::StretchText(Direction direction, const OrderPlace* from, 
     }
   }
   if (!filter_.empty()) add('(' + filter_ + ')');
-  return text + condition + " ORDER BY " + OrderText(direction, ordered);
+  text += condition;
+  return what == What::Number ? text : text + " ORDER BY " + OrderText(direction, ordered);
 }
 
 }  // namespace engine

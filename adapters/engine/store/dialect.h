@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,8 @@ struct TextKeys {
   std::string (*ofField)(const platform::TableDefinition& table, const platform::FieldDefinition& field, std::string_view alias) = nullptr;
   /// The store's function that makes the key of any text.
   std::string function;
+  /// Behind a call of it, so that its keys stand in the order of their bytes whatever they were made of.
+  std::string behind{};
 };
 
 /// The Like test of a store that makes it by expressions of its own.
@@ -64,6 +67,11 @@ struct Dialect {
   /// Names of two more of these: cell(begin(), expression) is the expression, or Null when a function left its mark in it.
   std::string cellBegin;
   std::string cell;
+  /// Whether numbers are added, multiplied and negated by functions of the store ("f_addlong"), as its own operators would compute
+  /// in 32 bits, or fail where a number passes all others.
+  bool arithmeticCalls = false;
+  /// Calls that stand only in this store's texts, and don't count where expressions are nested.
+  std::span<const std::string_view> uncounted{};
   /// Between two tables: for each row of the first one the second is entered by the condition behind ON.
   std::string joinInOrder;
   /// The smallest and the greatest of their arguments, Null if one is Null.

@@ -4,6 +4,7 @@
 
 #include "engine/errors.h"
 #include "engine/store/query.h"
+#include "engine/values/iso_date.h"
 
 namespace engine::postgres {
 namespace {
@@ -33,6 +34,8 @@ std::shared_ptr<Statement> ServerConnection::Prepare(std::string_view sql) {
 }
 
 void ServerConnection::Forget(const std::string& name) noexcept { forgotten_.push_back(name); }
+
+std::string ServerConnection::MomentText() const { return "SET orcussch.moment = '" + IsoText(clock_()) + "'"; }
 
 void ServerConnection::Ready(const std::string& schema) {
   FinishActive();

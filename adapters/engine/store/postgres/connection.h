@@ -15,6 +15,7 @@
 #include "engine/store/postgres/link/link.h"
 #include "engine/store/postgres/link/snapshot_watch.h"
 #include "engine/store/postgres/statement.h"
+#include "engine/values/clock.h"
 
 namespace engine::postgres {
 
@@ -35,6 +36,8 @@ class ServerConnection final : public Channel {
   void ExecuteAll(std::span<const std::string> statements, const std::string& schema);
 
   void OnWait(std::function<void()> servePainting) { servePainting_ = std::move(servePainting); }
+  /// The desk's own clock, for statements that ask for the moment.
+  void OnMoment(Clock clock) { clock_ = std::move(clock); }
   /// Lets the windows paint; does nothing when called from inside painting.
   void ServePainting();
 
@@ -64,6 +67,8 @@ class ServerConnection final : public Channel {
   std::string NewName() { return "s" + std::to_string(++lastName_); }
   void Forget(const std::string& name) noexcept;
   int Openings() const noexcept { return link_.Openings(); }
+  /// What tells the server the moment; before the statement.
+  std::string MomentText() const;
   std::optional<int> WorkLimit() const noexcept { return workLimit_; }
 
  private:
@@ -72,6 +77,7 @@ class ServerConnection final : public Channel {
   void Control(const std::string& sql);
 
   Link link_;
+  Clock clock_ = LocalNow;
   std::function<void()> servePainting_;
   bool painting_ = false;
   bool opening_ = false;

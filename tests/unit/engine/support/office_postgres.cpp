@@ -81,7 +81,7 @@ std::shared_ptr<void> Hold(const std::string& path) {
 std::unique_ptr<platform::DataEngine> NewEngine(const engine::EngineOptions& options) {
   engine::EngineOptions there = options;
   there.hostPath = ServerPath;
-  return engine::MakeEngineOver(std::make_unique<engine::postgres::PostgresStore>(Patience{.lock = options.lockWait}), there);
+  return engine::MakeEngineOver(std::make_unique<engine::postgres::PostgresStore>(Patience{.lock = options.lockWait}, options.now ? options.now : engine::LocalNow), there);
 }
 
 }  // namespace office_files

@@ -17,9 +17,13 @@ using platform::Value;
 
 std::int32_t RowCount(std::int64_t rows) { return static_cast<std::int32_t>(std::min<std::int64_t>(rows, INT32_MAX)); }
 
+bool BreaksKey(const platform::Error& error) {
+  return error.Number() == errors::DuplicateKey().Number() || error.Number() == errors::NullInKey().Number();
+}
+
 // One statement of the store does it all, and undoes it all when it fails.
-std::int32_t RunDirect(Store& store, const ActionPlan& plan, Unfit unfit) {
-  Query query(store, std::string_view(unfit == Unfit::Raise ? plan.sql : plan.lenientSql));
+std::int32_t RunDirect(Store& store, const std::string& sql) {
+  Query query(store, std::string_view(sql));
   query.Run();
   return RowCount(query.Changed());
 }
@@ -107,8 +111,7 @@ class RowByRow {
       query.Run();
       return true;
     } catch (const platform::Error& error) {
-      const bool breaksKey = error.Number() == errors::DuplicateKey().Number() || error.Number() == errors::NullInKey().Number();
-      if (unfit_ == Unfit::Raise || !breaksKey) throw;
+      if (unfit_ == Unfit::Raise || !BreaksKey(error)) throw;
       return false;
     }
   }
@@ -121,13 +124,30 @@ class RowByRow {
   SqlText write_;
 };
 
+std::int32_t Run(EngineContext& context, const ActionPlan& plan, Unfit unfit) {
+  if (plan.direct && unfit == Unfit::Raise) return RunDirect(context.OwnStore(), plan.sql);
+  if (plan.direct && !plan.lenientSql.empty()) return RunDirect(context.OwnStore(), plan.lenientSql);
+  if (plan.direct) {
+    // Most often no row breaks a key.
+    try {
+      return RunDirect(context.OwnStore(), plan.sql);
+    } catch (const platform::Error& error) {
+      if (!BreaksKey(error)) throw;
+    }
+  }
+  return RowByRow(context, plan, unfit).Run();
+}
+
 }  // namespace
 
 std::int32_t RunAction(EngineContext& context, DatabaseCatalogue& catalogue, std::string_view sql, Unfit unfit) {
   const ActionPlan plan = PlanAction(sql, catalogue, context.OwnDialect());
   if (plan.target->file->ReadOnly()) throw errors::ReadOnly();
-  if (plan.direct) return RunDirect(context.OwnStore(), plan, unfit);
-  return RowByRow(context, plan, unfit).Run();
+  const std::int32_t rows = Run(context, plan, unfit);
+  const platform::TableDefinition& table = plan.target->definition;
+  const bool hasCounter = std::ranges::any_of(table.fields, [](const platform::FieldDefinition& field) { return field.type == FieldType::Counter; });
+  if (plan.kind == ActionPlan::Kind::Insert && hasCounter && !plan.needsCounter && rows > 0) plan.target->file->NumbersGiven(table);
+  return rows;
 }
 
 }  // namespace engine

@@ -55,6 +55,9 @@ class StoreFile {
   /// after the wait for a lock.
   virtual std::int64_t TakeNumber(const platform::TableDefinition& table) = 0;
 
+  /// Behind a statement that gave numbers of its own to a table's Counter: the next number stands above them.
+  virtual void NumbersGiven(const platform::TableDefinition& table) { static_cast<void>(table); }
+
   virtual std::vector<StoredLink> Links() = 0;
   /// Raises 3012 when the name is taken, 3027 on a read-only file.
   virtual void AddLink(const StoredLink& link) = 0;

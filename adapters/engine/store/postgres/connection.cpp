@@ -49,10 +49,11 @@ void ServerConnection::Ready(const std::string& schema) {
 
 std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
   FinishActive();
-  for (const std::string& name : forgotten_) trip.before.push_back("DEALLOCATE " + name);
-  forgotten_.clear();
   trip.before.insert(trip.before.end(), pending_.begin(), pending_.end());
   pending_.clear();
+  // Not before a unit's beginning, which must be the first to see a state.
+  for (const std::string& name : forgotten_) trip.before.push_back("DEALLOCATE " + name);
+  forgotten_.clear();
   if (!units_.empty()) {
     begun_ = true;
     // What fails inside a unit is undone by itself, and the unit goes on.

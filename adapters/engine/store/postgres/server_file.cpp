@@ -87,6 +87,14 @@ std::int64_t ServerFile::TakeNumber(const platform::TableDefinition& table) {
   return number;
 }
 
+void ServerFile::NumbersGiven(const platform::TableDefinition& table) {
+  const std::string sequence = SequenceOf(schema_, table.name);
+  Query(connection_, std::string_view("SELECT setval(" + QuoteText(sequence) + ", highest) FROM " + sequence + ", (SELECT max(" +
+                                      QuoteName(RowKeyOf(table)) + ") AS highest FROM " + Own(table.name) +
+                                      ") AS given WHERE highest > last_value OR (highest = last_value AND NOT is_called)"))
+      .Run();
+}
+
 // ---- links
 
 std::vector<StoredLink> ServerFile::Links() {

@@ -28,6 +28,7 @@ class ServerFile final : public StoreFile {
   platform::TableDefinition ReadTable(const std::string& storedName) override;
   std::string RowKeyOf(const platform::TableDefinition& table) const override { return postgres::RowKeyOf(table); }
   std::int64_t TakeNumber(const platform::TableDefinition& table) override;
+  void NumbersGiven(const platform::TableDefinition& table) override;
 
   std::vector<StoredLink> Links() override;
   void AddLink(const StoredLink& link) override;

@@ -143,7 +143,7 @@ class InsertPlanner {
     if (!plan_.direct) return;
     const std::string behind = ' ' + target_.storeName + " (" + names + ") " + RowsText(converted);
     plan_.sql = "INSERT INTO" + behind;
-    plan_.lenientSql = dialect_.insertLenient + behind;
+    if (!dialect_.insertLenient.empty()) plan_.lenientSql = dialect_.insertLenient + behind;
   }
 
   const sql::Insert& insert_;

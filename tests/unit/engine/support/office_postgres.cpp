@@ -65,6 +65,11 @@ void AddRows(const std::string& path, const std::string& table, const std::vecto
   together.Commit();
 }
 
+void DropTable(const std::string& path, const std::string& table) {
+  const std::string there = ServerPath(path);
+  engine::Query(Another(there), std::string_view("DROP TABLE " + QuoteName(ParseTarget(there).schema) + '.' + QuoteName(table))).Run();
+}
+
 std::shared_ptr<void> Hold(const std::string& path) {
   struct Held {
     explicit Held(const Target& target) : connection(target, Patience{}), unit(connection, engine::Transaction::Kind::Write) {}

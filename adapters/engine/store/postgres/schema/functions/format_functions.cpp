@@ -231,7 +231,7 @@ BEGIN
         IF moment IS NULL THEN RETURN words; END IF;
       END IF;
     END IF;
-    IF moment <= -657435 OR moment >= 2958466 THEN FAIL(6); END IF;
+    IF NOT isdate AND (moment <= -657435 OR moment >= 2958466) THEN FAIL(6); END IF;
     RETURN CASE name WHEN 'short date' THEN @.short_date(moment) WHEN 'general date' THEN @.general_date(moment) ELSE @.date_by(moment, datename) END;
   END IF;
   number := @.number_of(spelled);
@@ -268,7 +268,10 @@ BEGIN
     {Kind::Fails, "formatdate", "v text, format text", "text", false, R"(DECLARE
   serial float8;
 BEGIN
-  IF v IS NOT NULL THEN serial := @f_serial(v); END IF;
+  IF v IS NOT NULL THEN
+    serial := @f_serial(v);
+    IF serial IS NULL THEN RETURN NULL; END IF;
+  END IF;
   RETURN @f_format_value(true, @.general_date(serial), @.text_of(serial), serial, coalesce(format, ''), 0);)"},
 }};
 

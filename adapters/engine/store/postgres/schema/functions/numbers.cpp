@@ -123,7 +123,7 @@ BEGIN
     {Kind::Fails, "cbool", "v text", "bigint", true, R"(
   IF lower(v COLLATE "C") = 'true' THEN RETURN -1; END IF;
   IF lower(v COLLATE "C") = 'false' THEN RETURN 0; END IF;
-  RETURN CASE @f_toreal(v) WHEN 0 THEN 0 ELSE -1 END;)"},
+  RETURN -(@f_toreal(v) <> 0)::integer;)"},
     {Kind::Fails, "toreal", "v text", "float8", true, R"(DECLARE
   number text[] := @.number_of(v);
   result float8;

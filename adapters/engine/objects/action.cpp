@@ -5,6 +5,7 @@
 
 #include "engine/errors.h"
 #include "engine/rows/row_editor.h"
+#include "engine/store/counter_field.h"
 #include "engine/translate/plan/planning.h"
 #include "engine/values/field_values.h"
 #include "platform/values/convert.h"
@@ -21,6 +22,11 @@ bool BreaksKey(const platform::Error& error) {
   return error.Number() == errors::DuplicateKey().Number() || error.Number() == errors::NullInKey().Number();
 }
 
+// An INSERT that says which numbers its rows get.
+bool GivesNumbers(const ActionPlan& plan) {
+  return plan.kind == ActionPlan::Kind::Insert && !plan.needsCounter && CounterOf(plan.target->definition) != nullptr;
+}
+
 // One statement of the store does it all, and undoes it all when it fails.
 std::int32_t RunDirect(Store& store, const std::string& sql) {
   Query query(store, std::string_view(sql));
@@ -32,16 +38,21 @@ std::int32_t RunDirect(Store& store, const std::string& sql) {
 class RowByRow {
  public:
   RowByRow(EngineContext& context, const ActionPlan& plan, Unfit unfit)
-      : context_(context), dialect_(context.OwnDialect()), plan_(plan), unfit_(unfit) {
+      : context_(context),
+        target_(plan.target->elsewhere != nullptr ? *plan.target->elsewhere : context.OwnStore()),
+        dialect_(target_.OwnDialect()),
+        plan_(plan),
+        unfit_(unfit) {
     isUpdate_ = plan.kind == ActionPlan::Kind::Update;
     write_.text = isUpdate_ ? UpdateText() : InsertText();
   }
 
   std::int32_t Run() {
+    Transaction together(target_, Transaction::Kind::Write);
+    if (plan_.target->elsewhere != nullptr) return Carry(together);
     // All rows are read before the first is written: a statement may read the table that it writes.
     std::vector<std::vector<Value>> rows;
     std::vector<std::int64_t> keys;
-    Transaction together(context_.OwnStore(), Transaction::Kind::Write);
     ReadRows(rows, keys);
     std::int64_t written = 0;
     for (std::size_t i = 0; i < rows.size(); ++i) written += WriteRow(rows[i], isUpdate_ ? keys[i] : 0) ? 1 : 0;
@@ -50,6 +61,24 @@ class RowByRow {
   }
 
  private:
+  // From one store to the other, each row as it comes: however many there are, one is held.
+  std::int32_t Carry(Transaction& together) {
+    Transaction oneState(context_.OwnStore(), Transaction::Kind::Read);
+    std::int64_t written = 0;
+    {
+      Query query(context_.OwnStore(), std::string_view(plan_.source));
+      std::vector<Value> row;
+      while (query.Step()) {
+        row.clear();
+        query.Append(row, 0, plan_.sourceTypes);
+        written += WriteRow(row, 0) ? 1 : 0;
+      }
+    }
+    oneState.Commit();
+    together.Commit();
+    return RowCount(written);
+  }
+
   const platform::FieldDefinition& Field(std::size_t place) const {
     return plan_.target->definition.fields[static_cast<std::size_t>(plan_.targetFields[place])];
   }
@@ -99,7 +128,7 @@ class RowByRow {
   }
 
   bool WriteRow(const std::vector<Value>& row, std::int64_t key) {
-    Query query(context_.OwnStore(), write_);
+    Query query(target_, write_);
     try {
       for (std::size_t i = 0; i < row.size(); ++i) query.Bind(static_cast<int>(i) + 1, ForField(i, row[i]));
     } catch (const platform::Error&) {
@@ -117,6 +146,7 @@ class RowByRow {
   }
 
   EngineContext& context_;
+  Store& target_;
   const Dialect& dialect_;
   const ActionPlan& plan_;
   Unfit unfit_;
@@ -143,11 +173,9 @@ std::int32_t Run(EngineContext& context, const ActionPlan& plan, Unfit unfit) {
 std::int32_t RunAction(EngineContext& context, DatabaseCatalogue& catalogue, std::string_view sql, Unfit unfit) {
   const ActionPlan plan = PlanAction(sql, catalogue, context.OwnDialect());
   if (plan.target->file->ReadOnly()) throw errors::ReadOnly();
-  const std::int32_t rows = Run(context, plan, unfit);
-  const platform::TableDefinition& table = plan.target->definition;
-  const bool hasCounter = std::ranges::any_of(table.fields, [](const platform::FieldDefinition& field) { return field.type == FieldType::Counter; });
-  if (plan.kind == ActionPlan::Kind::Insert && hasCounter && !plan.needsCounter && rows > 0) plan.target->file->NumbersGiven(table);
-  return rows;
+  const std::int32_t written = Run(context, plan, unfit);
+  if (written > 0 && GivesNumbers(plan)) plan.target->file->NumbersGiven(plan.target->definition);
+  return written;
 }
 
 }  // namespace engine

@@ -54,8 +54,7 @@ class StoreFile {
   /// The next number of a table's Counter, taken by a commit of its own: used up whether or not a row ever gets it. Raises 3218
   /// after the wait for a lock.
   virtual std::int64_t TakeNumber(const platform::TableDefinition& table) = 0;
-
-  /// Behind a statement that gave numbers of its own to a table's Counter: the next number stands above them.
+  /// Rows have been written with numbers of their own: the Counter goes on above the highest. For a store that doesn't see to it itself.
   virtual void NumbersGiven(const platform::TableDefinition& table) { static_cast<void>(table); }
 
   virtual std::vector<StoredLink> Links() = 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/errors.h"
+#include "engine/store/postgres/wording/names.h"
 #include "engine/store/query.h"
 #include "engine/values/iso_date.h"
 
@@ -10,6 +11,13 @@ namespace engine::postgres {
 namespace {
 
 constexpr std::string_view kSnapshot = "SELECT pg_current_snapshot()";
+
+// Others go on reading.
+std::string LockText(const std::string& schema) {
+  return "DO $$BEGIN EXECUTE (SELECT 'LOCK TABLE ' || string_agg(c.oid::regclass::text, ', ') || ' IN EXCLUSIVE MODE' FROM pg_class c "
+         "JOIN pg_namespace n ON n.oid = c.relnamespace WHERE n.nspname = " +
+         QuoteText(schema) + " AND c.relkind IN ('r', 'p')); END$$";
+}
 
 struct Flag {
   explicit Flag(bool& set) : flag(set) { flag = true; }
@@ -21,7 +29,7 @@ struct Flag {
 
 }  // namespace
 
-ServerConnection::ServerConnection(const Target& target, Patience patience) : link_(target, patience, [this] { ServePainting(); }) {}
+ServerConnection::ServerConnection(const Target& target, Patience patience) : link_(target, patience, [this] { ServePainting(); }), wholeFiles_(patience.wholeFiles) {}
 
 ServerConnection::~ServerConnection() {
   kept_.Clear();
@@ -59,6 +67,7 @@ std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
     // What fails inside a unit is undone by itself, and the unit goes on.
     trip.guarded = true;
     trip.before.push_back("SAVEPOINT guard");
+    if (wholeFiles_ && trip.asksNumber && held_.insert(trip.schema).second) trip.before.push_back(LockText(trip.schema));
     trip.behind.push_back("RELEASE SAVEPOINT guard");
   }
   active_ = link_.Send(trip);
@@ -88,6 +97,7 @@ void ServerConnection::Settle(Run& run) {
   if (active_.get() != &run) return;
   active_.reset();
   if (!run.failure) return;
+  held_.clear();
   if (run.failure->lost) {
     broken_ = !units_.empty();
     watch_.Forget();
@@ -104,6 +114,13 @@ void ServerConnection::ExecuteAll(std::span<const std::string> statements, const
   Take(*run);
   if (run->failure) Raise(*run->failure, Doing::Writing, schema);
   CountWrite(schema, run->number);
+}
+
+std::unique_ptr<CopyRows> ServerConnection::Copy(const std::string& copy, const std::string& schema) {
+  // What begins the unit goes ahead.
+  if (!pending_.empty()) ExecuteAll({}, schema);
+  Ready(schema);
+  return link_.Copy(copy);
 }
 
 void ServerConnection::Raise(const Failure& failure, Doing doing, const std::string& schema) const {
@@ -128,6 +145,7 @@ void ServerConnection::CommitUnit(const Unit& unit) {
   const std::string name = "SAVEPOINT u" + std::to_string(unit.depth);
   if (unit.outermost) {
     FinishActive();
+    held_.clear();
     if (broken_) throw errors::DiskOrNetwork();
     if (begun_) Control("COMMIT");
     pending_.clear();
@@ -162,6 +180,7 @@ void ServerConnection::UndoUnit(const Unit& unit) noexcept {
   }
   begun_ = false;
   broken_ = false;
+  held_.clear();
 }
 
 // A statement that ends the outermost unit. Behind a failed one the transaction can only be undone, which the server does then.

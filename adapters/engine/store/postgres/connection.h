@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -34,6 +35,9 @@ class ServerConnection final : public Channel {
 
   /// Runs statements without rows and without parameters, in one trip: outside of a unit all of them or none.
   void ExecuteAll(std::span<const std::string> statements, const std::string& schema);
+
+  /// Rows for a table by COPY; the connection can do nothing else until it goes.
+  std::unique_ptr<CopyRows> Copy(const std::string& copy, const std::string& schema);
 
   void OnWait(std::function<void()> servePainting) { servePainting_ = std::move(servePainting); }
   /// The desk's own clock, for statements that ask for the moment.
@@ -78,6 +82,8 @@ class ServerConnection final : public Channel {
 
   Link link_;
   Clock clock_ = LocalNow;
+  bool wholeFiles_;
+  std::set<std::string> held_;  ///< schemas whose tables the outermost unit has locked
   std::function<void()> servePainting_;
   bool painting_ = false;
   bool opening_ = false;

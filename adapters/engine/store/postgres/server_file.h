@@ -36,6 +36,7 @@ class ServerFile final : public StoreFile {
  private:
   const std::vector<StoredTable>& Tables();
   std::string Own(std::string_view name) const;
+  std::string HighestNumber(const platform::TableDefinition& table) const;
 
   ServerConnection& connection_;
   std::string schema_;

@@ -107,6 +107,7 @@ Trip ServerStatement::Prepared() {
   Trip trip;
   trip.parameters = &parameters_;
   trip.asksNumber = writes_;
+  trip.schema = schema_;
   const auto known = names_.find(types_);
   preparing_ = known == names_.end();
   if (!preparing_) {

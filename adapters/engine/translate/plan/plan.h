@@ -98,7 +98,8 @@ struct SelectPlan {
 ///
 /// INSERT and UPDATE that are `direct` run as one statement. Others can meet a value that does not convert or a text that
 /// is too long for its field: their rows are read by `source`, each value is assigned to its field by the rules of field
-/// assignment (without fail-on-error: Null where it fails), and they are written one by one.
+/// assignment (without fail-on-error: Null where it fails), and they are written one by one. So are the rows of an INSERT into
+/// another store, which are written in that store's dialect.
 struct ActionPlan {
   enum class Kind { Insert, Delete, Update } kind = Kind::Delete;
   const ResolvedTable* target = nullptr;

@@ -86,7 +86,8 @@ std::shared_ptr<void> Hold(const std::string& path) {
 std::unique_ptr<platform::DataEngine> NewEngine(const engine::EngineOptions& options) {
   engine::EngineOptions there = options;
   there.hostPath = ServerPath;
-  return engine::MakeEngineOver(std::make_unique<engine::postgres::PostgresStore>(Patience{.lock = options.lockWait}, options.now ? options.now : engine::LocalNow), there);
+  const engine::Clock clock = options.now ? options.now : engine::LocalNow;
+  return engine::MakeEngineOver(engine::OneStore(std::make_unique<engine::postgres::PostgresStore>(Patience{.lock = options.lockWait}, clock)), there);
 }
 
 }  // namespace office_files

@@ -60,7 +60,7 @@ std::string RowsText(SelectPlan plan, const Dialect& dialect) {
   const PlanTable& table = plan.tables[static_cast<std::size_t>(plan.driving)];
   if (const IndexDefinition* index = IndexOfOrder(plan)) {
     const std::string start = table.table->storeName + " AS " + table.alias;
-    const bool onlyLeft = plan.from.find(" INNER JOIN ") == std::string::npos;
+    const bool onlyLeft = plan.from.find(" INNER JOIN ") == std::string::npos && plan.from.find(dialect.joinAll) == std::string::npos;
     if (onlyLeft && plan.from.starts_with(start)) plan.from.insert(start.size(), dialect.Along(table.table->definition.name, index->name));
   }
   if (!plan.distinct && !plan.aggregate) {

@@ -211,6 +211,14 @@ TEST_F(TwoStores, DatabasesOfOneServerAreStoresOfTheirOwn) {
   server_.DropDatabase(database_ + "b");
 }
 
+TEST_F(TwoStores, TablesWithoutAJoinGoEachWithEach) {
+  const auto people = Open(Customer());
+  for (const char* name : {"Ann", "Bob"}) Add(people, name, 30);
+  EXPECT_THAT(Rows(people, "SELECT A.Name, B.Name FROM People AS A, People AS B WHERE A.ID <> B.ID ORDER BY A.Name"),
+              ElementsAre("Ann Bob", "Bob Ann"));
+  EXPECT_THAT(Rows(people, "SELECT DISTINCTROW A.Name, A.ID FROM People AS A, People AS B WHERE A.ID < B.ID"), ElementsAre("Ann 1"));
+}
+
 TEST_F(TwoStores, AReaderReadsBoth) {
   Add(Open(Customer()), "Ann", 30);
   Open(Temp())->Execute("INSERT INTO Work ( ID, Name ) VALUES (7, 'local')", platform::dbFailOnError);

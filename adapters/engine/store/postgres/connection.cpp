@@ -217,7 +217,9 @@ std::int64_t ServerConnection::OthersVersion() {
 const std::string& ServerConnection::AskedOf(const std::string& schema) const {
   static const std::string none;
   const auto found = asked_.find(schema);
-  return found == asked_.end() ? none : found->second;
+  if (found != asked_.end()) return found->second;
+  // A statement about none of them: any will do.
+  return asked_.empty() ? none : asked_.begin()->second;
 }
 
 void ServerConnection::ServePainting() {

@@ -1,6 +1,8 @@
 // What tools do with a file of a server: made, filled, compared, linked, dropped; the same calls as for files.
 #include "engine/data_file.h"
 
+#include "engine/engine.h"
+#include "platform/data/data.h"
 #include "support/temporary_folder.h"
 #include "unit/engine/server/server_test.h"
 
@@ -48,7 +50,6 @@ TEST_F(DataFiles, TakeRowsOfEveryKind) {
   const std::string hard = "tab\tback\\slash\r\nline \xC3\xA9";
   Add(*writer, {Value(std::int32_t{7}), Value("Ann"), Value(true), Value(platform::Currency{-12'345}), Value(0.1), Value(platform::Date{36'191}), Value(hard)});
   Add(*writer, {Value(std::int32_t{9}), Value(Null), Value(false), Value(Null), Value(-1e300), Value(Null), Value("\\N")});
-  EXPECT_EQ(People(), "0\n");
   writer->Finish();
   engine::postgres::PostgresStore store(Short());
   const auto file = store.Open(File(), File());
@@ -88,10 +89,12 @@ TEST_F(DataFiles, KeepNothingOfAWriterThatIsGivenUpOrFails) {
   }
   EXPECT_EQ(People(), "0\n");
   const std::vector<std::string> code{"Code"};
-  const auto writer = engine::OpenBulkWriter(File(), "Codes", code);
-  Add(*writer, {Value("aa")});
-  Add(*writer, {Value("AA")});
-  EXPECT_EQ(ErrorOf([&] { writer->Finish(); }), 3022);
+  {
+    const auto writer = engine::OpenBulkWriter(File(), "Codes", code);
+    Add(*writer, {Value("aa")});
+    Add(*writer, {Value("AA")});
+    EXPECT_EQ(ErrorOf([&] { writer->Finish(); }), 3022);
+  }
   EXPECT_THAT(engine::CheckDataFile(File(), Tables()), IsEmpty());
   EXPECT_EQ(ErrorOf([&] { Add(*engine::OpenBulkWriter(File(), "Codes", code), {Value("long")}); }), 3163);
 }
@@ -180,8 +183,8 @@ TEST_F(DataFiles, CanBeLockedWholeByWhoWrites) {
 
   engine::EngineOptions quick;
   quick.lockWait = 150;
-  const auto engine = engine::MakeEngine(quick);
-  const auto database = engine->WorkspaceAt(0)->OpenDatabase(File());
+  const auto mine = engine::MakeEngine(quick);
+  const auto database = mine->WorkspaceAt(0)->OpenDatabase(File());
   const std::string add = "INSERT INTO People ( Name ) VALUES ('Ann')";
   EXPECT_EQ(ErrorOf([&] { database->Execute(add, platform::dbFailOnError); }), 3218);
   EXPECT_TRUE(database->OpenRecordset("SELECT * FROM Codes")->Eof());

@@ -24,6 +24,7 @@ class SchemaBulkWriter final : public BulkWriter {
     opened_.RequireWritable();
     unit_.emplace(opened_.connection, Transaction::Kind::Write);
     fresh_ = !AskNumber(opened_.connection, "SELECT 1 FROM " + Name() + " LIMIT 1");
+    // Nobody reads the table meanwhile: it is empty anyway.
     if (fresh_) opened_.connection.ExecuteAll(DropIndexTexts(opened_.target.schema, table_), opened_.target.schema);
     rows_.emplace(opened_.connection, opened_.target.schema, table_, fields);
   }

@@ -11,6 +11,20 @@
 namespace engine::files {
 namespace {
 
+// What is finished holds the file no longer: it can be moved.
+class LeavingWriter final : public BulkWriter {
+ public:
+  explicit LeavingWriter(std::unique_ptr<BulkWriter> rows) : rows_(std::move(rows)) {}
+  void Add(std::span<const platform::Value> row) override { rows_->Add(row); }
+  void Finish() override {
+    rows_->Finish();
+    rows_.reset();
+  }
+
+ private:
+  std::unique_ptr<BulkWriter> rows_;
+};
+
 // Made under a name that no other program uses, beside its later place.
 class ComingFile final : public NewDataFile {
  public:
@@ -25,7 +39,7 @@ class ComingFile final : public NewDataFile {
   ComingFile& operator=(const ComingFile&) = delete;
 
   std::unique_ptr<BulkWriter> Fill(std::string_view table, std::span<const std::string> fields) override {
-    return files::OpenBulkWriter(coming_, table, fields);
+    return std::make_unique<LeavingWriter>(files::OpenBulkWriter(coming_, table, fields));
   }
 
   void RaiseNumber(std::string_view table, std::int64_t last) override {

@@ -33,8 +33,11 @@ put_on_server() {
   make_template
   administer "CREATE DATABASE $database TEMPLATE $template STRATEGY file_copy"
   exec 9>&-
+  # The companies' rows are in one file for all of them, as in the library's folder.
+  dat=
   for number in $(companies); do
-    printf '[Databases]\nDefault Path=%s\n' "$place/$database/orv$number/" >"$data/orv$number.ini"
+    [ -n "$dat" ] || dat=$place/$database/orv$number/dat.zdb
+    printf '[Databases]\ndat.zdb Path=%s\nDefault Path=%s\n' "$dat" "$place/$database/orv$number/" >"$data/orv$number.ini"
     rm -rf "$data/data/orv$number"
   done
   rm -f "$data"/dat.zdb*

@@ -74,8 +74,6 @@ struct Dialect {
   bool rowsInOrder = true;
   /// Calls that stand only in this store's texts, and don't count where expressions are nested.
   std::span<const std::string_view> uncounted{};
-  /// Between two tables of which each row of one goes with each of the other: no condition follows.
-  std::string joinAll = " INNER JOIN ";
   /// Between two tables: for each row of the first one the second is entered by the condition behind ON.
   std::string joinInOrder;
   /// Between two tables without a condition of their own.

@@ -69,8 +69,8 @@ const Place& Server() {
         engine::EngineOptions there = options;
         const std::string database = DatabaseOf(folder);
         there.hostPath = [database](std::string_view path) { return ServerPath(database, std::filesystem::path(path)); };
-        return engine::MakeEngineOver(std::make_unique<engine::postgres::PostgresStore>(Patience{.lock = options.lockWait}, options.now ? options.now : engine::LocalNow),
-                                      there);
+        const engine::Clock clock = options.now ? options.now : engine::LocalNow;
+        return engine::MakeEngineOver(engine::OneStore(std::make_unique<engine::postgres::PostgresStore>(Patience{.lock = options.lockWait}, clock)), there);
       },
       .remove = [](const std::filesystem::path& folder) { TestServer::Shared().DropDatabase(DatabaseOf(folder)); }};
   return place;

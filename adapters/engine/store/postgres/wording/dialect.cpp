@@ -62,7 +62,6 @@ const Dialect& ServerDialect() {
       .arithmeticCalls = true,
       .rowsInOrder = false,
       .uncounted = kUncounted,
-      .joinAll = " CROSS JOIN ",
       .joinInOrder = " JOIN ",
       .joinAll = " CROSS JOIN ",
       .least = "least_of",

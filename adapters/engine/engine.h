@@ -28,6 +28,9 @@ struct EngineOptions {
   std::function<std::string(std::string_view path)> hostPath;
   /// Whether a file lies on a file system that other machines share; empty: the system is asked.
   std::function<bool(const std::string& path)> onNetwork;
+  /// On a server, too, who writes in a transaction keeps all others from writing into the file's tables until it ends, as files do by
+  /// themselves; for tests.
+  bool lockWholeFiles = false;
   /// The present moment for Date(), Time() and Now() in statements, and for the year of texts with month and day alone; empty:
   /// the machine's clock.
   std::function<platform::Date()> now;
@@ -40,7 +43,7 @@ struct EngineOptions {
 /// one that breaks a key is; the screens' own way writes such a row with Null in that field.
 inline constexpr int kExecuteWholeRows = 1 << 16;
 
-/// The data engine over SQLite files: one connection, each file attached once.
+/// The data engine over files, each attached once, and over servers' databases ("postgresql://..."), each with a connection of its own.
 std::unique_ptr<platform::DataEngine> MakeEngine(const EngineOptions& options = {});
 /// A connection of its own for one long reading of one state of the files (platform/data/row_stream.h).
 std::unique_ptr<platform::SnapshotReader> MakeSnapshotReader(const EngineOptions& options = {});

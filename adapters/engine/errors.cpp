@@ -69,6 +69,12 @@ Error OpenedExclusively(std::string_view path) {
                 "'.  It is already opened exclusively by another user, or you need permission to view its data."})};
 }
 Error UnrecognizedFormat(std::string_view path) { return {3343, Join({"Unrecognized database format '", path, "'."})}; }
+Error OtherStore(std::string_view path) {
+  return {InvalidOperation().Number(),
+          Join({InvalidOperation().Description(), "  '", path,
+                "' and the database that asks for it must lie on the same server's database, or must both be files: tables can't be linked or "
+                "joined across them."})};
+}
 
 Error UpdateLocked() { return {number::UpdateLocked, "Couldn't update; currently locked."}; }
 

@@ -54,6 +54,7 @@ Error FileInUse(std::string_view path);           ///< 3045
 Error NotADatabase(std::string_view path);        ///< 3049: no usable database
 Error OpenedExclusively(std::string_view path);   ///< 3051
 Error UnrecognizedFormat(std::string_view path);  ///< 3343
+Error OtherStore(std::string_view path);          ///< 3219: a file of another store than the database that asks for it
 
 // Locks.
 Error UpdateLocked();  ///< 3218: holder unknown

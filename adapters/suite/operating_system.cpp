@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdlib>
 
+#include "platform/services/data_path.h"
 #include "platform/values/error.h"
 #include "suite/clock.h"
 #include "suite/host_file.h"
@@ -48,6 +49,7 @@ class NativeSystem final : public SystemBase {
 
   std::string ToHostPath(std::string_view path) const override {
     std::string host(path);
+    if (platform::IsServerPath(path)) return host;
     std::replace(host.begin(), host.end(), '\\', '/');
     return host;
   }
@@ -66,6 +68,7 @@ class WindowsStyleSystem final : public SystemBase {
   std::string LocalRoot() const override { return localRoot_; }
   std::string Separator() const override { return "\\"; }
   std::string ToHostPath(std::string_view path) const override {
+    if (platform::IsServerPath(path)) return std::string(path);
     return drives_.ToHostPath(path, localRoot_.empty() ? 'C' : localRoot_[0]);
   }
   std::string FromHostPath(std::string_view hostPath) const override { return drives_.FromHostPath(hostPath); }

@@ -112,6 +112,7 @@ const std::map<std::string, Setter>& Setters() {
          o.scenario = w.Value();
          if (o.task == Task::Work) o.task = Task::Scenario;
        }},
+      {"--companies", [](Options& o, Reader& w) { o.companies = w.Value(); }},
       {"--front", [](Options& o,
                      Reader& w) { o.front = OneOf(w.Name(), w.Value(), "robot", "desktop") == "desktop" ? Front::Desktop : Front::Robot; }},
       {"--to", [](Options& o, Reader& w) { o.to = w.Value(); }},
@@ -133,6 +134,7 @@ std::string ForWorkAlone(const Options& options) {
 
 std::string ForScenariosAlone(const Options& options, bool frontGiven) {
   if (!options.scenario.empty()) return "--scenario";
+  if (!options.companies.empty()) return "--companies";
   if (frontGiven) return "--front";
   return options.threshold ? "--threshold" : "";
 }
@@ -209,6 +211,7 @@ std::string HelpText() {
          "  --drive C=DIR         the folder of a drive letter; can be given several times\n"
          "  --scenario FILE       run the scripted user in FILE (- for standard input)\n"
          "  --front robot|desktop how a scenario acts: on the screens' models, or on real windows\n"
+         "  --companies PLACE     with --scenario: {DIR}/data/ in it lies there, on a server\n"
          "  --threshold N         rows up to which a scenario's lists are read at once (default: 20000)\n"
          "  --to FILE             the report's file, by its ending: .pdf, .csv or .xlsx\n"
          "  --customers WHICH     all, an account number, or a condition on the fields of Customers\n"

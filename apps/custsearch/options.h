@@ -33,6 +33,7 @@ struct Options {
   bool windowsPaths = false;
   std::vector<std::string> drives;        ///< "C=DIR"
   std::string scenario;                   ///< a file, "-" for standard input
+  std::string companies;                  ///< for scenarios: where "{DIR}/data/" lies instead, on a server
   Front front = Front::Robot;             ///< for scenarios
   std::string report;                     ///< place, file or name in the catalogue
   std::string to;                         ///< the file that the report goes into

@@ -85,6 +85,7 @@ library::Places FindPlaces(const Options& options) {
 robot::Surroundings Around(const Options& options, const library::Places& places, const Late& late, const std::string& program) {
   robot::Surroundings around;
   around.directory = places.dataFolder;
+  around.companies = options.companies;
   around.localRoot = places.localFolder;
   around.company = options.company;
   around.user = options.user;
@@ -100,7 +101,7 @@ robot::Surroundings Around(const Options& options, const library::Places& places
     return library::MakeReadableReports({[&late] { return late.app; }, places.libraryFolder, places.dataFolder});
   };
   around.tempPath = [&late](std::int32_t user) { return library::TemporaryFile(late.app->System(), user); };
-  around.makeEngine = [&options, &late] { return library::MakeEngine(late.app->System(), options.threshold); };
+  around.makeEngine = [&options, &late] { return library::MakeEngine(late.app->System(), options.threshold, library::Locks::WholeFiles); };
   around.dropTable = [&late](const std::string& path, const std::string& table) {
     engine::DropTable(late.app->System().ToHostPath(path), table);
   };

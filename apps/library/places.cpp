@@ -59,9 +59,10 @@ Places FindPlaces(const PlaceOptions& options) {
   return places;
 }
 
-std::unique_ptr<platform::DataEngine> MakeEngine(const platform::OperatingSystem& system, std::optional<std::int64_t> exactRows) {
+std::unique_ptr<platform::DataEngine> MakeEngine(const platform::OperatingSystem& system, std::optional<std::int64_t> exactRows, Locks locks) {
   engine::EngineOptions options;
   if (exactRows) options.exactRows = *exactRows;
+  options.lockWholeFiles = locks == Locks::WholeFiles;
   options.codeTables = suite::CodeTableNames();
   options.now = [&system] { return system.Now(); };
   options.hostPath = [&system](std::string_view path) { return system.ToHostPath(path); };

@@ -50,8 +50,12 @@ Places FindPlaces(const PlaceOptions& options);
 /// The file's absolute name; it need not be there.
 std::string AbsoluteName(const std::string& file);
 
+/// What a transaction of an engine locks on a server. Files are always locked whole.
+enum class Locks { Rows, WholeFiles };
+
 /// An engine. `system` must outlive it; `exactRows`: lists up to so many rows are read at once.
-std::unique_ptr<platform::DataEngine> MakeEngine(const platform::OperatingSystem& system, std::optional<std::int64_t> exactRows = {});
+std::unique_ptr<platform::DataEngine> MakeEngine(const platform::OperatingSystem& system, std::optional<std::int64_t> exactRows = {},
+                                                 Locks locks = Locks::Rows);
 
 /// The program's path of a user's temporary file.
 std::string TemporaryFile(const platform::OperatingSystem& system, std::int32_t user);

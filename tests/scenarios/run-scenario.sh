@@ -1,8 +1,9 @@
 #!/bin/sh
 # Runs one scenario in a folder of its own, prepared as the comment lines at its top say (docs/scenarios.md).
 #
-#   run-scenario.sh PROGRAMS SCENARIO WORK [custsearch options]
+#   run-scenario.sh PROGRAMS SCENARIO WORK [--on-server FOLDER] [custsearch options]
 #
+# --on-server puts its companies on the server that server.sh has started in that folder.
 # PROGRAMS is the folder of custsearch and suitefiles. In WORK fresh companies are kept for the next scenario that wants the
 # same. The scenario's own folder stays after a failure.
 set -u
@@ -10,6 +11,11 @@ programs=$1
 scenario=$2
 work=$3
 shift 3
+server=
+if [ "${1:-}" = --on-server ]; then
+  server=$2
+  shift 2
+fi
 
 suitefiles=$programs/suitefiles
 stamp=$(stat -c '%s-%Y' "$suitefiles") || exit 1
@@ -91,6 +97,12 @@ while read -r line; do
   prepare_data $line
 done <"$here/data.lines"
 
+if [ -n "$server" ]; then
+  # shellcheck source=tests/scenarios/on-server.sh
+  . "$(dirname "$0")/on-server.sh"
+  put_on_server
+fi
+
 users=$(header user)
 [ -n "$users" ] || users=1
 if [ "$users" != none ]; then
@@ -136,6 +148,7 @@ done <"$here/move.lines"
 
 header gone >"$here/gone.lines"
 while read -r name; do
+  if [ -n "$server" ] && gone_from_server "$name"; then continue; fi
   [ -e "$data/$name" ] || stop "$name was to go and is not there"
   rm -rf "${data:?}/$name"
 done <"$here/gone.lines"
@@ -148,6 +161,7 @@ done <"$here/cut.lines"
 
 set -- --scenario "$scenario" --data "$data" "$@"
 [ -n "$beside" ] && set -- "$@" --local "$local"
+[ -n "$server" ] && set -- "$@" --companies "$place/$database/"
 [ "$paths" = windows ] && set -- "$@" --paths windows --drive "C=$here/c"
 # "D": a further drive, the folder ../../d seen from the library's.
 for letter in $(header drive); do
@@ -174,4 +188,5 @@ if [ "$(header fails)" = every ]; then
   grep -nE '^[[:space:]]*(at (box|yield [0-9]+) )?expect ' "$scenario" | cut -d: -f1 >"$here/expected.lines"
   diff "$here/expected.lines" "$here/told.lines" >&2 || stop "expectations that held (<), or failures of other lines (>); its folder is $here"
 fi
+if [ -n "$server" ]; then leave_server; fi
 rm -rf "$here"

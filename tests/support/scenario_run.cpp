@@ -59,6 +59,7 @@ robot::Surroundings Around(const ScenarioOptions& options, const std::unique_ptr
   robot::Surroundings around;
   around.directory = "/suite";
   around.localRoot = "/local";
+  around.companies = options.companies;
   around.company = 1;
   around.makeHost = [&screen] { return std::make_unique<TestHost>(*screen); };
   around.sessionValue = [](std::string_view name) {

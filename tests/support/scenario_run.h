@@ -18,6 +18,8 @@ struct ScenarioResult {
 struct ScenarioOptions {
   /// A file with the table "People"; "" for a list without data.
   std::string database;
+  /// What stands for "{DIR}/data/"; "" for that itself.
+  std::string companies{};
   /// Makes the engines; empty: there is none, and the list stays closed.
   std::function<std::unique_ptr<platform::DataEngine>()> makeEngine;
   /// Called before the first command.

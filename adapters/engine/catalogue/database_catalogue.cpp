@@ -1,5 +1,6 @@
 #include "engine/catalogue/database_catalogue.h"
 
+#include "engine/catalogue/stores.h"
 #include "engine/store/link_paths.h"
 #include "platform/values/text.h"
 
@@ -18,8 +19,10 @@ std::string PathOfConnect(std::string_view connect) {
 
 }  // namespace
 
-const ResolvedTable* DatabaseCatalogue::FindIn(const std::shared_ptr<StoreFile>& file, std::string_view name, bool linked) {
-  const std::string key = file->Qualifier() + (linked ? "@" : ".") + platform::ToLowerAscii(name);
+const ResolvedTable* DatabaseCatalogue::FindIn(EngineContext& context, const std::shared_ptr<StoreFile>& file, std::string_view name,
+                                               bool linked) {
+  const bool elsewhere = &context != &context_;
+  const std::string key = (elsewhere ? "!" : "") + file->Qualifier() + (linked ? "@" : ".") + platform::ToLowerAscii(name);
   const std::int64_t version = file->SchemaVersion();
   std::unique_ptr<ResolvedTable>& known = known_[key];
   if (known != nullptr && known->schemaVersion == version) return known.get();
@@ -28,13 +31,14 @@ const ResolvedTable* DatabaseCatalogue::FindIn(const std::shared_ptr<StoreFile>&
   if (known != nullptr) outdated_.push_back(std::move(known));
   if (stored.empty()) return nullptr;
   auto table = std::make_unique<ResolvedTable>();
-  const Dialect& dialect = context_.OwnDialect();
+  const Dialect& dialect = context.OwnDialect();
   table->definition = file->ReadTable(stored);
   table->storeName = dialect.Name(file->Qualifier()) + '.' + dialect.Name(stored);
   table->rowKey = dialect.Name(file->RowKeyOf(table->definition));
   table->linked = linked;
   table->file = file;
   table->schemaVersion = version;
+  if (elsewhere) table->elsewhere = &context.OwnStore();
   known = std::move(table);
   return known.get();
 }
@@ -54,6 +58,12 @@ const ResolvedTable* DatabaseCatalogue::FindTable(std::string_view name, std::st
   const auto file = context_.Open(inFile);
   if (file == file_) return FindTable(name);
   return FindIn(file, name, false);
+}
+
+const ResolvedTable* DatabaseCatalogue::FindTarget(std::string_view name, std::string_view inFile) {
+  const Stores::Opened there = context_.AllStores().Open(inFile);
+  if (there.file == file_) return FindTable(name);
+  return FindIn(there.context, there.file, name, false);
 }
 
 bool DatabaseCatalogue::StandsAsPlanned(const SelectPlan& plan) const {

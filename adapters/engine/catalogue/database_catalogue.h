@@ -24,6 +24,7 @@ class DatabaseCatalogue final : public Catalogue {
 
   const ResolvedTable* FindTable(std::string_view name) override;
   const ResolvedTable* FindTable(std::string_view name, std::string_view inFile) override;
+  const ResolvedTable* FindTarget(std::string_view name, std::string_view inFile) override;
 
   /// Whether the statement would be planned in the same way again. False for all that reaches into other files, since
   /// these can be replaced.
@@ -39,7 +40,10 @@ class DatabaseCatalogue final : public Catalogue {
   void AppendLink(const platform::TableDef& definition);
 
  private:
-  const ResolvedTable* FindIn(const std::shared_ptr<StoreFile>& file, std::string_view name, bool linked);
+  const ResolvedTable* FindIn(const std::shared_ptr<StoreFile>& file, std::string_view name, bool linked) {
+    return FindIn(context_, file, name, linked);
+  }
+  const ResolvedTable* FindIn(EngineContext& context, const std::shared_ptr<StoreFile>& file, std::string_view name, bool linked);
   /// Whether the name is taken; raises 3012 unless it is by this link and by another program.
   bool IsMadeAlready(const platform::TableDef& definition);
 

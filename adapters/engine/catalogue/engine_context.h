@@ -12,34 +12,30 @@
 
 namespace engine {
 
-/// What all objects of one engine share.
+class Stores;
+
+/// What all objects of one engine share whose files lie in one store.
 class EngineContext {
  public:
-  EngineContext(const EngineOptions& options, std::unique_ptr<Store> store)
-      : options_(options), clock_(options.now ? options.now : LocalNow), store_(std::move(store)) {}
+  EngineContext(Stores& stores, std::unique_ptr<Store> store) : stores_(stores), store_(std::move(store)) {}
 
-  const EngineOptions& Options() const noexcept { return options_; }
-  const Clock& OwnClock() const noexcept { return clock_; }
+  const EngineOptions& Options() const noexcept;
+  const Clock& OwnClock() const noexcept;
   Store& OwnStore() const noexcept { return *store_; }
   const Dialect& OwnDialect() const { return store_->OwnDialect(); }
 
-  /// The file that a path of the program's style names, opened.
-  std::shared_ptr<StoreFile> Open(std::string_view path) {
-    if (!options_.hostPath) return store_->Open(path, path);
-    const std::string host = options_.hostPath(path);
-    if (host.empty()) throw errors::InvalidPath(path);
-    return store_->Open(host, path);
-  }
+  /// The file that a path of the program's style names, opened. Raises 3219 for one of another store.
+  std::shared_ptr<StoreFile> Open(std::string_view path);
+  /// The same of any store, with what belongs to it.
+  Stores& AllStores() const noexcept { return stores_; }
   /// The real file or folder that a path of the program's style names; "" when there can be none.
-  std::string HostPath(const std::string& path) const { return options_.hostPath ? options_.hostPath(path) : path; }
+  std::string HostPath(const std::string& path) const;
   /// A number that no other recordset of this engine has had.
-  std::uint64_t NewSet() { return ++lastSet_; }
+  std::uint64_t NewSet();
 
  private:
-  EngineOptions options_;
-  Clock clock_;
+  Stores& stores_;
   std::unique_ptr<Store> store_;
-  std::uint64_t lastSet_ = 0;
 };
 
 }  // namespace engine

@@ -6,6 +6,7 @@
 
 #include "engine/errors.h"
 #include "engine/translate/plan/planning.h"
+#include "engine/translate/plan/select_planner.h"
 
 namespace engine {
 
@@ -16,21 +17,22 @@ StoredList::StoredList(std::shared_ptr<RowSource> source)
 
 std::string StoredList::SelectText(std::string_view condition) const {
   const SelectPlan& plan = Source().Plan();
-  std::string text = "SELECT ";
-  if (plan.distinct) text += "DISTINCT ";
-  for (std::size_t i = 0; i < plan.columns.size(); ++i) text += (i == 0 ? "" : ", ") + plan.columns[i].sql + " AS c" + std::to_string(i);
-  text += " FROM " + plan.from;
   std::string where = plan.where;
   // An aggregate's row can only be asked when it is finished, by the names of its columns.
   if (!condition.empty() && !plan.aggregate)
     where = where.empty() ? std::string(condition) : "(" + where + ") AND (" + std::string(condition) + ")";
+  if (plan.distinct && Source().OwnDialect().textKeys != nullptr) return DistinctText(plan, ColumnTexts(plan), Source().OwnDialect(), where);
+  std::string text = "SELECT ";
+  if (plan.distinct) text += "DISTINCT ";
+  for (std::size_t i = 0; i < plan.columns.size(); ++i) text += (i == 0 ? "" : ", ") + plan.columns[i].sql + " AS c" + std::to_string(i);
+  text += " FROM " + plan.from;
   if (!where.empty()) text += " WHERE " + where;
   if (!plan.aggregate && !plan.order.empty()) {
     text += " ORDER BY ";
     for (std::size_t i = 0; i < plan.order.size(); ++i)
       text += (i == 0 ? "" : ", ") + plan.order[i].By() + Source().OwnDialect().OrderSuffix(plan.order[i].descending);
   }
-  if (!condition.empty() && plan.aggregate) text = "SELECT * FROM (" + text + ") WHERE " + std::string(condition);
+  if (!condition.empty() && plan.aggregate) text = "SELECT * FROM (" + text + ") AS finished WHERE " + std::string(condition);
   return text;
 }
 

@@ -5,6 +5,7 @@
 
 #include "engine/errors.h"
 #include "engine/rows/row_editor.h"
+#include "engine/store/counter_field.h"
 #include "engine/translate/plan/planning.h"
 #include "engine/values/field_values.h"
 #include "platform/values/convert.h"
@@ -17,9 +18,18 @@ using platform::Value;
 
 std::int32_t RowCount(std::int64_t rows) { return static_cast<std::int32_t>(std::min<std::int64_t>(rows, INT32_MAX)); }
 
+bool BreaksKey(const platform::Error& error) {
+  return error.Number() == errors::DuplicateKey().Number() || error.Number() == errors::NullInKey().Number();
+}
+
+// An INSERT that says which numbers its rows get.
+bool GivesNumbers(const ActionPlan& plan) {
+  return plan.kind == ActionPlan::Kind::Insert && !plan.needsCounter && CounterOf(plan.target->definition) != nullptr;
+}
+
 // One statement of the store does it all, and undoes it all when it fails.
-std::int32_t RunDirect(Store& store, const ActionPlan& plan, Unfit unfit) {
-  Query query(store, std::string_view(unfit == Unfit::Raise ? plan.sql : plan.lenientSql));
+std::int32_t RunDirect(Store& store, const std::string& sql) {
+  Query query(store, std::string_view(sql));
   store.ServedMeanwhile([&] { query.Run(); });
   return RowCount(query.Changed());
 }
@@ -28,27 +38,51 @@ std::int32_t RunDirect(Store& store, const ActionPlan& plan, Unfit unfit) {
 class RowByRow {
  public:
   RowByRow(EngineContext& context, const ActionPlan& plan, Unfit unfit)
-      : context_(context), dialect_(context.OwnDialect()), plan_(plan), unfit_(unfit) {
+      : context_(context),
+        target_(plan.target->elsewhere != nullptr ? *plan.target->elsewhere : context.OwnStore()),
+        dialect_(target_.OwnDialect()),
+        plan_(plan),
+        unfit_(unfit) {
     isUpdate_ = plan.kind == ActionPlan::Kind::Update;
     write_.text = isUpdate_ ? UpdateText() : InsertText();
   }
 
   std::int32_t Run() {
+    Transaction together(target_, Transaction::Kind::Write);
+    if (plan_.target->elsewhere != nullptr) return Carry(together);
     // All rows are read before the first is written: a statement may read the table that it writes.
     std::vector<std::vector<Value>> rows;
     std::vector<std::int64_t> keys;
-    Transaction together(context_.OwnStore(), Transaction::Kind::Write);
     ReadRows(rows, keys);
     std::int64_t written = 0;
     for (std::size_t i = 0; i < rows.size(); ++i) {
       written += WriteRow(rows[i], isUpdate_ ? keys[i] : 0) ? 1 : 0;
       Serve(i);
     }
-    context_.OwnStore().ServedMeanwhile([&] { together.Commit(); });
+    target_.ServedMeanwhile([&] { together.Commit(); });
     return RowCount(written);
   }
 
  private:
+  // From one store to the other, each row as it comes: however many there are, one is held.
+  std::int32_t Carry(Transaction& together) {
+    Transaction oneState(context_.OwnStore(), Transaction::Kind::Read);
+    std::int64_t written = 0;
+    {
+      Query query(context_.OwnStore(), std::string_view(plan_.source));
+      std::vector<Value> row;
+      for (std::size_t read = 1; query.Step(); ++read) {
+        row.clear();
+        query.Append(row, 0, plan_.sourceTypes);
+        written += WriteRow(row, 0) ? 1 : 0;
+        Serve(read);
+      }
+    }
+    oneState.Commit();
+    target_.ServedMeanwhile([&] { together.Commit(); });
+    return RowCount(written);
+  }
+
   const platform::FieldDefinition& Field(std::size_t place) const {
     return plan_.target->definition.fields[static_cast<std::size_t>(plan_.targetFields[place])];
   }
@@ -104,7 +138,7 @@ class RowByRow {
   }
 
   bool WriteRow(const std::vector<Value>& row, std::int64_t key) {
-    Query query(context_.OwnStore(), write_);
+    Query query(target_, write_);
     try {
       for (std::size_t i = 0; i < row.size(); ++i) query.Bind(static_cast<int>(i) + 1, ForField(i, row[i]));
     } catch (const platform::Error&) {
@@ -116,13 +150,13 @@ class RowByRow {
       query.Run();
       return true;
     } catch (const platform::Error& error) {
-      const bool breaksKey = error.Number() == errors::DuplicateKey().Number() || error.Number() == errors::NullInKey().Number();
-      if (unfit_ == Unfit::Raise || !breaksKey) throw;
+      if (unfit_ == Unfit::Raise || !BreaksKey(error)) throw;
       return false;
     }
   }
 
   EngineContext& context_;
+  Store& target_;
   const Dialect& dialect_;
   const ActionPlan& plan_;
   Unfit unfit_;
@@ -130,13 +164,28 @@ class RowByRow {
   SqlText write_;
 };
 
+std::int32_t Run(EngineContext& context, const ActionPlan& plan, Unfit unfit) {
+  if (plan.direct && unfit == Unfit::Raise) return RunDirect(context.OwnStore(), plan.sql);
+  if (plan.direct && !plan.lenientSql.empty()) return RunDirect(context.OwnStore(), plan.lenientSql);
+  if (plan.direct) {
+    // Most often no row breaks a key.
+    try {
+      return RunDirect(context.OwnStore(), plan.sql);
+    } catch (const platform::Error& error) {
+      if (!BreaksKey(error)) throw;
+    }
+  }
+  return RowByRow(context, plan, unfit).Run();
+}
+
 }  // namespace
 
 std::int32_t RunAction(EngineContext& context, DatabaseCatalogue& catalogue, std::string_view sql, Unfit unfit) {
   const ActionPlan plan = PlanAction(sql, catalogue, context.OwnDialect());
   if (plan.target->file->ReadOnly()) throw errors::ReadOnly();
-  if (plan.direct) return RunDirect(context.OwnStore(), plan, unfit);
-  return RowByRow(context, plan, unfit).Run();
+  const std::int32_t written = Run(context, plan, unfit);
+  if (written > 0 && GivesNumbers(plan)) plan.target->file->NumbersGiven(plan.target->definition);
+  return written;
 }
 
 }  // namespace engine

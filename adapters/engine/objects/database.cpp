@@ -39,7 +39,7 @@ std::shared_ptr<DatabaseCatalogue> NewCatalogue(EngineContext& context, std::sha
 OpenDatabase::OpenDatabase(EngineContext& context, MeaningsByFile& meanings, std::shared_ptr<StoreFile> file, std::string name,
                            std::function<void(const OpenDatabase&)> onClose)
     : context_(context),
-      file_(meanings.Of(file)),
+      file_(meanings.Of(context, file)),
       catalogue_(NewCatalogue(context, std::move(file), name, file_)),
       name_(std::move(name)),
       onClose_(std::move(onClose)) {}

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "engine/catalogue/engine_context.h"
+#include "engine/catalogue/stores.h"
 #include "engine/errors.h"
 #include "engine/objects/workspace.h"
 
@@ -12,15 +12,15 @@ namespace {
 
 class Engine final : public platform::DataEngine {
  public:
-  Engine(const EngineOptions& options, std::unique_ptr<Store> store) : context_(options, std::move(store)) {
+  Engine(const EngineOptions& options, StoreChoice choice) : stores_(options, std::move(choice)) {
     workspaces_.push_back(
-        std::make_shared<EngineWorkspace>(context_, meanings_, "#Default Workspace#", true, [](const EngineWorkspace&) {}));
+        std::make_shared<EngineWorkspace>(stores_, meanings_, "#Default Workspace#", true, [](const EngineWorkspace&) {}));
   }
 
   platform::WorkspaceRef CreateWorkspace(std::string_view name, std::string_view, std::string_view, int type) override {
     constexpr int kOwnType = 2;
     if (type != kOwnType) throw errors::InvalidOperation();
-    auto workspace = std::make_shared<EngineWorkspace>(context_, meanings_, std::string(name), false,
+    auto workspace = std::make_shared<EngineWorkspace>(stores_, meanings_, std::string(name), false,
                                                        [this](const EngineWorkspace& closed) { Forget(closed); });
     loose_.push_back(workspace);
     return platform::WorkspaceRef(workspace);
@@ -44,14 +44,15 @@ class Engine final : public platform::DataEngine {
   void RefreshWorkspaces() override {}
 
   platform::DatabaseRef OpenControlDatabase(std::string_view path) override {
+    Stores::Opened opened = stores_.Open(path);
     auto database = std::make_shared<OpenDatabase>(
-        context_, meanings_, context_.Open(path), std::string(path),
+        opened.context, meanings_, std::move(opened.file), std::string(path),
         [this](const OpenDatabase& closed) { std::erase_if(controlDatabases_, [&](const auto& open) { return open.get() == &closed; }); });
     controlDatabases_.push_back(database);
     return platform::DatabaseRef(std::shared_ptr<platform::Database>(database));
   }
 
-  void OnWait(std::function<void()> servePainting) override { context_.OwnStore().OnWait(std::move(servePainting)); }
+  void OnWait(std::function<void()> servePainting) override { stores_.OnWait(std::move(servePainting)); }
 
  private:
   void Forget(const EngineWorkspace& closed) {
@@ -60,8 +61,8 @@ class Engine final : public platform::DataEngine {
     std::erase_if(loose_, isClosed);
   }
 
-  EngineContext context_;
-  MeaningsByFile meanings_{context_};
+  Stores stores_;
+  MeaningsByFile meanings_;
   std::vector<std::shared_ptr<EngineWorkspace>> workspaces_;
   std::vector<std::shared_ptr<EngineWorkspace>> loose_;  ///< created and not appended yet
   std::vector<std::shared_ptr<OpenDatabase>> controlDatabases_;
@@ -69,8 +70,8 @@ class Engine final : public platform::DataEngine {
 
 }  // namespace
 
-std::unique_ptr<platform::DataEngine> MakeEngineOver(std::unique_ptr<Store> store, const EngineOptions& options) {
-  return std::make_unique<Engine>(options, std::move(store));
+std::unique_ptr<platform::DataEngine> MakeEngineOver(StoreChoice choice, const EngineOptions& options) {
+  return std::make_unique<Engine>(options, std::move(choice));
 }
 
 }  // namespace engine

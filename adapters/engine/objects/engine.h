@@ -2,12 +2,12 @@
 
 #include <memory>
 
+#include "engine/catalogue/store_choice.h"
 #include "engine/engine.h"
-#include "engine/store/store.h"
 
 namespace engine {
 
-/// The data engine over any store.
-std::unique_ptr<platform::DataEngine> MakeEngineOver(std::unique_ptr<Store> store, const EngineOptions& options);
+/// The data engine over any stores.
+std::unique_ptr<platform::DataEngine> MakeEngineOver(StoreChoice choice, const EngineOptions& options);
 
 }  // namespace engine

@@ -50,12 +50,12 @@ std::shared_ptr<const RowShape> FileMeanings::Plan(std::string_view source, Data
   return shape;
 }
 
-std::shared_ptr<FileMeanings> MeaningsByFile::Of(const std::shared_ptr<StoreFile>& file) {
+std::shared_ptr<FileMeanings> MeaningsByFile::Of(EngineContext& context, const std::shared_ptr<StoreFile>& file) {
   std::erase_if(files_, [](const auto& each) { return each.second.expired(); });
   std::weak_ptr<FileMeanings>& known = files_[file.get()];
   std::shared_ptr<FileMeanings> meanings = known.lock();
   if (!meanings) {
-    meanings = std::make_shared<FileMeanings>(context_, file);
+    meanings = std::make_shared<FileMeanings>(context, file);
     known = meanings;
   }
   return meanings;

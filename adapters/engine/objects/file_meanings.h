@@ -47,11 +47,9 @@ class FileMeanings {
 /// By file, as long as a database is open on it.
 class MeaningsByFile {
  public:
-  explicit MeaningsByFile(EngineContext& context) : context_(context) {}
-  std::shared_ptr<FileMeanings> Of(const std::shared_ptr<StoreFile>& file);
+  std::shared_ptr<FileMeanings> Of(EngineContext& context, const std::shared_ptr<StoreFile>& file);
 
  private:
-  EngineContext& context_;
   std::map<const StoreFile*, std::weak_ptr<FileMeanings>> files_;
 };
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/catalogue/database_catalogue.h"
-#include "engine/catalogue/engine_context.h"
+#include "engine/catalogue/stores.h"
 #include "engine/errors.h"
 #include "engine/rows/row_source.h"
 #include "engine/store/query.h"
@@ -60,7 +60,7 @@ std::string RowsText(SelectPlan plan, const Dialect& dialect) {
   const PlanTable& table = plan.tables[static_cast<std::size_t>(plan.driving)];
   if (const IndexDefinition* index = IndexOfOrder(plan)) {
     const std::string start = table.table->storeName + " AS " + table.alias;
-    const bool onlyLeft = plan.from.find(" INNER JOIN ") == std::string::npos;
+    const bool onlyLeft = plan.from.find(" INNER JOIN ") == std::string::npos && plan.from.find(dialect.joinAll) == std::string::npos;
     if (onlyLeft && plan.from.starts_with(start)) plan.from.insert(start.size(), dialect.Along(table.table->definition.name, index->name));
   }
   if (!plan.distinct && !plan.aggregate) {
@@ -124,42 +124,48 @@ class Stream final : public platform::RowStream {
 
 class Reader final : public platform::SnapshotReader {
  public:
-  Reader(const EngineOptions& options, std::unique_ptr<Store> store) : context_(options, std::move(store)) {}
+  Reader(const EngineOptions& options, StoreChoice choice) : stores_(options, std::move(choice)) {}
 
   std::optional<platform::TableDefinition> FindTable(std::string_view path, std::string_view table) override {
-    const ResolvedTable* found = CatalogueOf(path).FindTable(table);
+    const ResolvedTable* found = KnownOf(path).catalogue->FindTable(table);
     if (found == nullptr) return std::nullopt;
     return found->definition;
   }
 
   std::unique_ptr<platform::RowStream> OpenRows(std::string_view path, std::string_view select) override {
-    return std::make_unique<Stream>(context_, PlanSelect(select, CatalogueOf(path), context_.OwnDialect()), goOn_);
+    const Known& known = KnownOf(path);
+    return std::make_unique<Stream>(known.context, PlanSelect(select, *known.catalogue, known.context.OwnDialect()), goOn_);
   }
 
   void OnWait(std::function<bool()> goOn) override {
     goOn_ = std::move(goOn);
-    context_.OwnStore().OnWait([this] {
+    stores_.OnWait([this] {
       if (goOn_) goOn_();
     });
   }
 
  private:
-  DatabaseCatalogue& CatalogueOf(std::string_view path) {
-    const auto known = catalogues_.find(path);
-    if (known != catalogues_.end()) return *known->second;
-    auto catalogue = std::make_unique<DatabaseCatalogue>(context_, context_.Open(path), std::string(path));
-    return *catalogues_.emplace(path, std::move(catalogue)).first->second;
+  struct Known {
+    EngineContext& context;
+    std::unique_ptr<DatabaseCatalogue> catalogue;
+  };
+  const Known& KnownOf(std::string_view path) {
+    const auto known = known_.find(path);
+    if (known != known_.end()) return known->second;
+    Stores::Opened opened = stores_.Open(path);
+    auto catalogue = std::make_unique<DatabaseCatalogue>(opened.context, std::move(opened.file), std::string(path));
+    return known_.emplace(path, Known{opened.context, std::move(catalogue)}).first->second;
   }
 
   std::function<bool()> goOn_;
-  EngineContext context_;
-  std::map<std::string, std::unique_ptr<DatabaseCatalogue>, std::less<>> catalogues_;
+  Stores stores_;
+  std::map<std::string, Known, std::less<>> known_;
 };
 
 }  // namespace
 
-std::unique_ptr<platform::SnapshotReader> MakeSnapshotReaderOver(std::unique_ptr<Store> store, const EngineOptions& options) {
-  return std::make_unique<Reader>(options, std::move(store));
+std::unique_ptr<platform::SnapshotReader> MakeSnapshotReaderOver(StoreChoice choice, const EngineOptions& options) {
+  return std::make_unique<Reader>(options, std::move(choice));
 }
 
 }  // namespace engine

@@ -2,13 +2,13 @@
 
 #include <memory>
 
+#include "engine/catalogue/store_choice.h"
 #include "engine/engine.h"
-#include "engine/store/store.h"
 #include "platform/data/row_stream.h"
 
 namespace engine {
 
-/// A reader over any store.
-std::unique_ptr<platform::SnapshotReader> MakeSnapshotReaderOver(std::unique_ptr<Store> store, const EngineOptions& options);
+/// A reader over any stores.
+std::unique_ptr<platform::SnapshotReader> MakeSnapshotReaderOver(StoreChoice choice, const EngineOptions& options);
 
 }  // namespace engine

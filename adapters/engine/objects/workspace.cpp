@@ -11,17 +11,18 @@ constexpr std::size_t kDeepestTransaction = 5;
 
 }  // namespace
 
-EngineWorkspace::EngineWorkspace(EngineContext& context, MeaningsByFile& meanings, std::string name, bool isDefault,
+EngineWorkspace::EngineWorkspace(Stores& stores, MeaningsByFile& meanings, std::string name, bool isDefault,
                                  std::function<void(const EngineWorkspace&)> onClose)
-    : context_(context), meanings_(meanings), name_(std::move(name)), isDefault_(isDefault), onClose_(std::move(onClose)) {}
+    : stores_(stores), meanings_(meanings), name_(std::move(name)), isDefault_(isDefault), onClose_(std::move(onClose)) {}
 
 EngineWorkspace::~EngineWorkspace() {
   while (!transactions_.empty()) transactions_.pop_back();
 }
 
 platform::DatabaseRef EngineWorkspace::OpenDatabase(std::string_view path) {
+  Stores::Opened opened = stores_.Open(path);
   auto database = std::make_shared<engine::OpenDatabase>(
-      context_, meanings_, context_.Open(path), std::string(path),
+      opened.context, meanings_, std::move(opened.file), std::string(path),
       [this](const engine::OpenDatabase& closed) { std::erase_if(databases_, [&](const auto& open) { return open.get() == &closed; }); });
   databases_.push_back(database);
   return platform::DatabaseRef(database);
@@ -34,7 +35,7 @@ void EngineWorkspace::BeginTrans() {
     return;
   }
   if (transactions_.size() == kDeepestTransaction) throw errors::TooManyTransactions();
-  transactions_.push_back(std::make_unique<Transaction>(context_.OwnStore(), Transaction::Kind::Write));
+  transactions_.push_back(std::make_unique<StoresUnit>(stores_));
 }
 
 void EngineWorkspace::CommitTrans() { EndTransaction(true); }

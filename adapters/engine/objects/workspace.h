@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/catalogue/stores.h"
 #include "engine/objects/database.h"
 #include "platform/data/data.h"
 
@@ -15,7 +16,7 @@ namespace engine {
 /// others begin, commit and undo them.
 class EngineWorkspace final : public platform::Workspace {
  public:
-  EngineWorkspace(EngineContext& context, MeaningsByFile& meanings, std::string name, bool isDefault,
+  EngineWorkspace(Stores& stores, MeaningsByFile& meanings, std::string name, bool isDefault,
                   std::function<void(const EngineWorkspace&)> onClose);
   ~EngineWorkspace() override;
 
@@ -34,14 +35,14 @@ class EngineWorkspace final : public platform::Workspace {
  private:
   void EndTransaction(bool keep);
 
-  EngineContext& context_;
+  Stores& stores_;
   MeaningsByFile& meanings_;
   std::string name_;
   bool isDefault_;
   std::function<void(const EngineWorkspace&)> onClose_;
   std::vector<std::shared_ptr<engine::OpenDatabase>> databases_;
-  int depth_ = 0;                                           ///< the default workspace's transactions
-  std::vector<std::unique_ptr<Transaction>> transactions_;  ///< the others'
+  int depth_ = 0;                                          ///< the default workspace's transactions
+  std::vector<std::unique_ptr<StoresUnit>> transactions_;  ///< the others'
 };
 
 }  // namespace engine

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,8 @@ struct TextKeys {
   std::string (*ofField)(const platform::TableDefinition& table, const platform::FieldDefinition& field, std::string_view alias) = nullptr;
   /// The store's function that makes the key of any text.
   std::string function;
+  /// Behind a call of it, so that its keys stand in the order of their bytes whatever they were made of.
+  std::string behind{};
 };
 
 /// The Like test of a store that makes it by expressions of its own.
@@ -64,15 +67,24 @@ struct Dialect {
   /// Names of two more of these: cell(begin(), expression) is the expression, or Null when a function left its mark in it.
   std::string cellBegin;
   std::string cell;
+  /// Whether numbers are added, multiplied and negated by functions of the store ("f_addlong"), as its own operators would compute
+  /// in 32 bits, or fail where a number passes all others.
+  bool arithmeticCalls = false;
+  /// Whether rows for which no order is asked come in the order of their row keys, and UPDATE changes them in it.
+  bool rowsInOrder = true;
+  /// Calls that stand only in this store's texts, and don't count where expressions are nested.
+  std::span<const std::string_view> uncounted{};
   /// Between two tables: for each row of the first one the second is entered by the condition behind ON.
   std::string joinInOrder;
+  /// Between two tables without a condition of their own.
+  std::string joinAll = " INNER JOIN ";
   /// The smallest and the greatest of their arguments, Null if one is Null.
   std::string least;
   std::string greatest;
   /// Behind a key of ORDER BY to get Null first ascending and last descending; "" where the store does so by itself.
   std::string nullsAscending;
   std::string nullsDescending;
-  /// How an INSERT and an UPDATE begin that leave out rows which break a key.
+  /// How an INSERT and an UPDATE begin that leave out rows which break a key; "" where the store has no such statements.
   std::string insertLenient;
   std::string updateLenient;
   /// Behind an INSERT of one row, before its row key's name, to have the key given back; "" where the statement knows it anyway.

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "platform/services/data_path.h"
+
 namespace engine {
 namespace {
 
@@ -19,6 +21,8 @@ std::string FolderOfPath(const std::string& path) {
 }
 
 std::string RealFolder(const std::string& folder) {
+  // A folder on a server is what its path says.
+  if (platform::IsServerPath(folder)) return folder.substr(0, folder.find_last_not_of('/') + 1);
   std::error_code problem;
   const auto real = std::filesystem::canonical(folder.empty() ? "." : folder, problem);
   return problem ? std::string() : real.string();

@@ -54,6 +54,8 @@ class StoreFile {
   /// The next number of a table's Counter, taken by a commit of its own: used up whether or not a row ever gets it. Raises 3218
   /// after the wait for a lock.
   virtual std::int64_t TakeNumber(const platform::TableDefinition& table) = 0;
+  /// Rows have been written with numbers of their own: the Counter goes on above the highest. For a store that doesn't see to it itself.
+  virtual void NumbersGiven(const platform::TableDefinition& table) { static_cast<void>(table); }
 
   virtual std::vector<StoredLink> Links() = 0;
   /// Raises 3012 when the name is taken, 3027 on a read-only file.

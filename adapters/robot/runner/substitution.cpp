@@ -35,6 +35,12 @@ std::string Substitution::In(const std::string& text) const {
       continue;
     }
     const std::string inside = text.substr(at + 1, close - at - 1);
+    constexpr std::string_view kData = "/data/";
+    if (!surroundings_.companies.empty() && platform::EqualsNoCase(inside, "DIR") && text.compare(close + 1, kData.size(), kData) == 0) {
+      result += surroundings_.companies;
+      at = close + 1 + kData.size();
+      continue;
+    }
     if (const auto value = ValueOf(inside)) {
       result += *value;
       at = close + 1;

@@ -3,10 +3,12 @@
 #include <optional>
 
 #include "engine/data_file.h"
+#include "platform/services/data_path.h"
 #include "suitefiles/company/backup_plan.h"
 #include "suitefiles/company/company_files.h"
 #include "suitefiles/company/company_links.h"
 #include "suitefiles/company/copying.h"
+#include "suitefiles/company/server_dump.h"
 #include "suitefiles/company/staging.h"
 #include "suitefiles/program/command_line.h"
 #include "suitefiles/program/commands.h"
@@ -32,9 +34,13 @@ class Copier {
     const std::string place = staging_ + copy.place.substr(target_.size());
     fs::create_directories(fs::path(place).parent_path());
     const std::string made = scratch_ ? scratch_->Path() + "/" + fs::path(place).filename().string() : place;
-    engine::BackupDataFile(copy.from, made, [&](int done, int all) { progress_.Show(copy.from, done, all); });
-    progress_.Clear();
-    if (copy.file == suite::DataFile::Customer) Relink(copy, made, plan);
+    if (platform::IsServerPath(copy.from)) {
+      DumpFromServer(copy.from, made);
+    } else {
+      engine::BackupDataFile(copy.from, made, [&](int done, int all) { progress_.Show(copy.from, done, all); });
+      progress_.Clear();
+      if (copy.file == suite::DataFile::Customer) Relink(copy, made, plan);
+    }
     if (scratch_) {
       CopyFile(made, place);
       fs::remove(made);
@@ -78,6 +84,7 @@ std::string Through(const CommandLine& line, const std::string& target) {
 
 void KeepSettings(const BackupPlan& plan, const DataFolder& folder, const std::string& staging) {
   for (const int company : plan.Companies()) {
+    if (folder.OnServer()) continue;
     const fs::path settings = folder.IniFile(company);
     if (fs::is_regular_file(settings)) CopyFile(settings.string(), staging + "/" + settings.filename().string() + ".saved");
   }

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <set>
 
@@ -15,8 +14,6 @@
 #include "suitefiles/program/progress.h"
 
 namespace suitefiles {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -77,7 +74,7 @@ void CheckDats(const DataFolder& folder, const std::vector<int>& companies, Repo
     sound.insert(dat);
     return true;
   };
-  if (companies.empty() || fs::exists(folder.Dat())) check(folder.Dat());
+  if (companies.empty() || engine::DataFileExists(folder.Dat())) check(folder.Dat());
   for (const int company : companies) {
     const std::string dat = folder.File(company, suite::DataFile::Dat);
     if (check(dat) && !folder.HasRow(company)) report.Add("company " + std::to_string(company), "It has no row in " + dat + ".");

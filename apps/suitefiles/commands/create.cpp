@@ -22,11 +22,11 @@ int RunCreate(const std::vector<std::string>& words, const Console& console) {
 
   const DataFolder folder(line.Operands()[0]);
   NewCompanyFiles files(folder, company.number);
-  MakeCompanyFiles(files.Folder(), year);
+  files.Make(year);
   const std::string dat = folder.File(company.number, suite::DataFile::Dat);
   const auto row = AddCompanyRow(dat, company);
   files.MoveIntoPlace();
-  const auto reports = PutReportFiles(folder.Path());
+  const auto reports = folder.OnServer() ? PutReports{} : PutReportFiles(folder.Path());
 
   console.out << "Company " << company.number << " made in " << files.Place() << ".\n";
   if (row == CompanyRow::WasThere) console.out << "Its row in " << dat << " was there already and is unchanged.\n";

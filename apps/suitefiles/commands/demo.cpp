@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "engine/data_file.h"
 #include "platform/values/calendar.h"
 #include "streets/file/file_error.h"
 #include "suitefiles/company/company_files.h"
@@ -124,19 +125,19 @@ int RunDemo(const std::vector<std::string>& words, const Console& console) {
   const std::string transactionFile = folder.File(options.company, suite::DataFile::Transactions);
   const std::string dat = folder.File(options.company, suite::DataFile::Dat);
 
-  if (std::filesystem::exists(customerFile)) {
+  if (engine::DataFileExists(customerFile)) {
     RefuseUsedCompany(customerFile, transactionFile);
     FillCompany(options, customerFile, transactionFile, console);
   } else {
     NewCompanyFiles files(folder, options.company);
-    MakeCompanyFiles(files.Folder(), platform::CalendarOf({static_cast<double>(options.lastDay)}).year);
-    FillCompany(options, files.Folder() + "/" + suite::FileName(suite::DataFile::Customer),
-                files.Folder() + "/" + suite::FileName(suite::DataFile::Transactions), console);
+    files.Make(platform::CalendarOf({static_cast<double>(options.lastDay)}).year);
+    FillCompany(options, files.MakingPlaceOf(suite::DataFile::Customer), files.MakingPlaceOf(suite::DataFile::Transactions), console);
     AddCompanyRow(dat, DemoCompany(options.company));
     files.MoveIntoPlace();
   }
   AddDefaultTerms(dat, options.company);
   console.out << options.customers << " invented customers in company " << options.company << " (" << customerFile << ").\n";
+  if (folder.OnServer()) return kDone;
   console.out << Told(PutReportFiles(folder.Path()));
   if (options.customers > 0) MakeStreets(options, folder.Path(), console);
   return kDone;

@@ -1,6 +1,6 @@
-#include <filesystem>
 #include <iostream>
 
+#include "engine/data_file.h"
 #include "suitefiles/company/company_files.h"
 #include "suitefiles/company/company_links.h"
 #include "suitefiles/program/command_line.h"
@@ -19,7 +19,7 @@ int RunRelink(const std::vector<std::string>& words, const Console& console) {
   for (const int company : companies) {
     const std::string customer = folder.File(company, suite::DataFile::Customer);
     const std::string name = "company " + std::to_string(company);
-    if (!std::filesystem::exists(customer)) {
+    if (!engine::DataFileExists(customer)) {
       console.err << "suitefiles: " << name << " has no " << customer << "\n";
       status = kFailed;
       continue;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "engine/data_file.h"
+#include "platform/services/data_path.h"
 #include "platform/values/text.h"
 #include "suitefiles/company/report_files.h"
 #include "suitefiles/program/command_line.h"
@@ -22,10 +24,13 @@ std::string List(const std::vector<std::string>& words) {
   return list;
 }
 
+/// What lies on a server is copied by the server's own tool, in its own form.
+std::string EndingFor(const std::string& path) { return platform::IsServerPath(path) ? ".dump" : ""; }
+
 }  // namespace
 
 BackupPlan::BackupPlan(const DataFolder& folder, std::string target)
-    : target_(std::move(target)), companies_(folder.Companies()), library_(LibraryFilesIn(folder.Path())) {
+    : target_(std::move(target)), companies_(folder.Companies()), library_(folder.OnServer() ? std::vector<std::string>{} : LibraryFilesIn(folder.Path())) {
   PlanDats(folder);
   for (const int company : companies_) PlanCompany(folder, company);
   if (!library_.empty())
@@ -53,19 +58,20 @@ void BackupPlan::PlanDats(const DataFolder& folder) {
     std::vector<std::string> names;
     for (const int company : dat.companies) names.push_back(std::to_string(company));
     const std::string whose = "dat.zdb" + (names.empty() ? "" : " of company " + List(names));
-    if (!fs::exists(dat.path)) {
+    if (!engine::DataFileExists(dat.path)) {
       sentences_.push_back(whose + ": left, there is no " + dat.path);
       continue;
     }
     sentences_.push_back(whose + ": copied from " + dat.path);
     if (&dat == &dats.front()) {
-      files_.push_back({dat.path, target_ + "/dat.zdb", suite::DataFile::Dat, 0});
+      files_.push_back({dat.path, target_ + "/dat.zdb" + EndingFor(dat.path), suite::DataFile::Dat, 0});
       continue;
     }
-    const std::string place = CompanyTarget(dat.companies.front()) + "/dat.zdb";
+    const std::string place = CompanyTarget(dat.companies.front()) + "/dat.zdb" + EndingFor(dat.path);
     if (platform::CharacterCount(place) > kLongestSetting)
       throw CommandError(place + " is too long for a settings file; choose a shorter TARGET. Nothing was copied");
     files_.push_back({dat.path, place, suite::DataFile::Dat, dat.companies.front()});
+    if (platform::IsServerPath(dat.path)) continue;
     for (const std::string& name : names) settings_.emplace_back("orv" + name + ".ini", "[Databases]\ndat.zdb Path=" + place + "\n");
   }
 }
@@ -75,11 +81,11 @@ void BackupPlan::PlanCompany(const DataFolder& folder, int company) {
   std::vector<std::string> left;
   for (const auto file : suite::kCompanyFiles) {
     const std::string from = folder.File(company, file);
-    if (!fs::exists(from)) {
+    if (!engine::DataFileExists(from)) {
       left.push_back(suite::FileName(file) + " (there is no " + from + ")");
       continue;
     }
-    files_.push_back({from, CompanyTarget(company) + "/" + suite::FileName(file), file, company});
+    files_.push_back({from, CompanyTarget(company) + "/" + suite::FileName(file) + EndingFor(from), file, company});
     copied.push_back(suite::FileName(file));
   }
   const std::string name = "company " + std::to_string(company) + ": ";
@@ -88,7 +94,7 @@ void BackupPlan::PlanCompany(const DataFolder& folder, int company) {
   } else {
     sentences_.push_back(name + List(copied) + " copied" + (left.empty() ? "" : "; left: " + List(left)));
   }
-  if (fs::is_regular_file(folder.IniFile(company)))
+  if (!folder.OnServer() && fs::is_regular_file(folder.IniFile(company)))
     sentences_.push_back(name + "its settings are kept as " + fs::path(folder.IniFile(company)).filename().string() + ".saved");
 }
 
@@ -104,6 +110,7 @@ void BackupPlan::TellWhatIsLeft(const DataFolder& folder) {
   }
   std::ranges::sort(left);
   for (const std::string& path : left) sentences_.push_back(path + ": left, no company works with it");
+  if (folder.OnServer()) return;
   if (const auto work = fs::path(folder.TemporaryFile(0)).parent_path(); fs::exists(work))
     sentences_.push_back(work.string() + ": left, the users' temporary files");
 }

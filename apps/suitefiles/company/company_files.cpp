@@ -4,6 +4,8 @@
 #include <charconv>
 #include <set>
 
+#include "engine/data_file.h"
+#include "platform/services/data_path.h"
 #include "platform/values/convert.h"
 #include "platform/values/error.h"
 #include "suitefiles/company/data_access.h"
@@ -17,6 +19,7 @@ namespace {
 
 std::string FullPath(const std::string& folder) {
   if (folder.empty()) throw UsageError("the name of a folder is empty");
+  if (platform::IsServerPath(folder)) return folder.substr(0, folder.find_last_not_of('/') + 1);
   std::string path = fs::absolute(folder).lexically_normal().string();
   while (path.size() > 1 && path.back() == '/') path.pop_back();
   return path;
@@ -41,20 +44,27 @@ void AddCompaniesIn(const fs::path& folder, const std::string& behind, std::set<
 
 }  // namespace
 
-DataFolder::DataFolder(const std::string& folder) : system_(suite::MakeNativeSystem("/")), folder_(FullPath(folder)) {}
+DataFolder::DataFolder(const std::string& folder) : system_(suite::MakeNativeSystem("/")), folder_(FullPath(folder)), onServer_(platform::IsServerPath(folder_)) {}
 
 std::string DataFolder::File(int company, suite::DataFile file) const {
+  if (onServer_) return folder_ + '/' + suite::FileName(file);
   return system_->ToHostPath(suite::CompanyFile(*system_, folder_, company, file));
 }
 
-std::string DataFolder::CompanyFolder(int company) const { return suite::CompanyFolder(*system_, folder_, company); }
+std::string DataFolder::CompanyFolder(int company) const {
+  return onServer_ ? folder_ : suite::CompanyFolder(*system_, folder_, company);
+}
 
 std::string DataFolder::IniFile(int company) const { return suite::SettingsFile(*system_, folder_, company); }
 
-std::string DataFolder::TemporaryFile(int user) const { return suite::TemporaryFile(*system_, folder_, user); }
+std::string DataFolder::TemporaryFile(int user) const {
+  if (onServer_) throw CommandError("temporary files are files of each desk; none lies on a server");
+  return suite::TemporaryFile(*system_, folder_, user);
+}
 
 std::vector<std::string> DataFolder::TemporaryFiles() const {
   std::vector<std::string> files;
+  if (onServer_) return files;
   std::error_code problem;
   for (fs::directory_iterator entry(fs::path(TemporaryFile(0)).parent_path(), problem), end; !problem && entry != end;
        entry.increment(problem)) {
@@ -73,10 +83,11 @@ bool DataFolder::HasRow(int company) const {
 
 std::vector<int> DataFolder::CompaniesByFiles() const {
   std::set<int> found;
+  if (onServer_) return {};
   AddCompaniesIn(folder_, ".ini", found);
   AddCompaniesIn(fs::path(folder_) / "data", "", found);
   std::erase_if(found, [&](int company) {
-    if (fs::exists(File(company, suite::DataFile::Customer))) return false;
+    if (engine::DataFileExists(File(company, suite::DataFile::Customer))) return false;
     try {
       return !HasRow(company);
     } catch (const platform::Error&) {
@@ -89,7 +100,7 @@ std::vector<int> DataFolder::CompaniesByFiles() const {
 std::vector<int> DataFolder::Companies() const {
   const auto byFiles = CompaniesByFiles();
   std::set<int> companies(byFiles.begin(), byFiles.end());
-  if (companies.empty() || fs::exists(Dat())) {
+  if (companies.empty() || engine::DataFileExists(Dat())) {
     DataAccess data;
     const auto rows = data.Open(Dat())->OpenRecordset("SELECT CompID FROM Company");
     for (; !rows->Eof(); rows->MoveNext()) {

@@ -11,12 +11,15 @@
 namespace suitefiles {
 
 /// The data folder that a command was given, with the rules that say where each file of a company lies. Relative
-/// paths are taken from the working folder.
+/// paths are taken from the working folder. In its place may stand what a settings file names as the place of a company on a server
+/// ("postgresql://HOST/DATABASE/COMPANY/"): all files of the one company are there.
 class DataFolder {
  public:
   explicit DataFolder(const std::string& folder);
 
   const std::string& Path() const { return folder_; }
+  /// No folder of a library: nothing but data files can lie there.
+  bool OnServer() const { return onServer_; }
   /// The file of the companies whose settings do not name another one.
   std::string Dat() const { return folder_ + "/dat.zdb"; }
   /// By the company's settings file where it says so, "dat.zdb" too.
@@ -24,6 +27,7 @@ class DataFolder {
   /// The default place of the company's files.
   std::string CompanyFolder(int company) const;
   std::string IniFile(int company) const;
+  /// CommandError on a server: each desk has its temporary file itself.
   std::string TemporaryFile(int user) const;
   /// Those of all users that are there.
   std::vector<std::string> TemporaryFiles() const;
@@ -39,6 +43,7 @@ class DataFolder {
  private:
   std::unique_ptr<platform::OperatingSystem> system_;
   std::string folder_;
+  bool onServer_ = false;
 };
 
 /// Whether two paths name one and the same file.

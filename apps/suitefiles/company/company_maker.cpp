@@ -4,11 +4,11 @@
 #include <utility>
 
 #include "engine/data_file.h"
+#include "platform/services/data_path.h"
 #include "platform/values/calendar.h"
 #include "platform/values/error.h"
 #include "platform/values/value.h"
 #include "suite/clock.h"
-#include "suite/company_schema.h"
 #include "suitefiles/company/data_access.h"
 #include "suitefiles/company/setup_rows.h"
 
@@ -23,16 +23,21 @@ platform::Value TextOrNull(const std::string& text) { return text.empty() ? plat
 }  // namespace
 
 void MakeCompanyFiles(const std::string& folder, int year) {
-  for (const auto file : suite::kCompanyFiles) engine::CreateDataFile(folder + "/" + suite::FileName(file), suite::TablesOf(file));
-  AddBuiltInRows(folder + "/" + suite::FileName(suite::DataFile::Customer));
-  AddReportRows(folder + "/" + suite::FileName(suite::DataFile::Customer));
-  AddLedgerRows(folder + "/" + suite::FileName(suite::DataFile::Ledger), year);
+  const auto placeOf = [&](suite::DataFile file) { return folder + "/" + suite::FileName(file); };
+  for (const auto file : suite::kCompanyFiles) engine::CreateDataFile(placeOf(file), suite::TablesOf(file));
+  AddFirstRows(placeOf, year);
+}
+
+void AddFirstRows(const std::function<std::string(suite::DataFile)>& placeOf, int year) {
+  AddBuiltInRows(placeOf(suite::DataFile::Customer));
+  AddReportRows(placeOf(suite::DataFile::Customer));
+  AddLedgerRows(placeOf(suite::DataFile::Ledger), year);
 }
 
 CompanyRow AddCompanyRow(const std::string& datFile, const CompanyRecord& company) {
   try {
-    if (!fs::exists(datFile)) {
-      fs::create_directories(fs::path(datFile).parent_path());
+    if (!engine::DataFileExists(datFile)) {
+      if (!platform::IsServerPath(datFile)) fs::create_directories(fs::path(datFile).parent_path());
       engine::CreateDataFile(datFile, suite::TablesOf(suite::DataFile::Dat));
     }
   } catch (const platform::Error& problem) {

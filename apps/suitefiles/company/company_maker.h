@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
+
+#include "suite/company_schema.h"
 
 namespace suitefiles {
 
@@ -18,6 +21,8 @@ struct CompanyRecord {
 
 /// Makes a company's four files, with the rows that every company begins with, in an empty folder.
 void MakeCompanyFiles(const std::string& folder, int year);
+/// The rows alone, in files that are still empty and lie where `placeOf` says.
+void AddFirstRows(const std::function<std::string(suite::DataFile)>& placeOf, int year);
 
 /// What AddCompanyRow found.
 enum class CompanyRow { Added, WasThere };

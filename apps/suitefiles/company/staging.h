@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,13 +28,19 @@ class StagingFolder {
 };
 
 /// A company's files that are being made in a folder of their own, and then appear, all of them or none, where the programs look for
-/// them. CommandError when one of the places is taken, at the start or at the end.
+/// them. On a server they are made in their places at once, and taken away again when the work isn't ended. CommandError when one of the
+/// places is taken, at the start or at the end.
 class NewCompanyFiles {
  public:
   NewCompanyFiles(const DataFolder& folder, int company);
+  ~NewCompanyFiles();
+  NewCompanyFiles(const NewCompanyFiles&) = delete;
+  NewCompanyFiles& operator=(const NewCompanyFiles&) = delete;
 
-  /// Where the files are made, under their usual names.
-  std::string Folder() const { return staging_.Path(); }
+  /// The empty files and the rows that every company begins with.
+  void Make(int year);
+  /// Where the file is made.
+  std::string MakingPlaceOf(suite::DataFile file) const;
   /// Where they go, for messages: the company's folder, or the customer file.
   const std::string& Place() const { return place_; }
   void MoveIntoPlace();
@@ -44,8 +51,10 @@ class NewCompanyFiles {
     std::string place;
   };
   std::vector<Move> moves_;  ///< empty: the whole folder is moved
+  std::vector<Move> onServer_;
   std::string place_;
-  StagingFolder staging_;
+  std::optional<StagingFolder> staging_;  ///< none where all of them are on a server
+  std::vector<std::string> made_;         ///< on the server, by this object
 };
 
 }  // namespace suitefiles

@@ -16,6 +16,7 @@ int RunDemo(const std::vector<std::string>& words, const Console& console);
 int RunTemp(const std::vector<std::string>& words, const Console& console);
 int RunCheck(const std::vector<std::string>& words, const Console& console);
 int RunBackup(const std::vector<std::string>& words, const Console& console);
+int RunCopy(const std::vector<std::string>& words, const Console& console);
 int RunRelink(const std::vector<std::string>& words, const Console& console);
 int RunUpgrade(const std::vector<std::string>& words, const Console& console);
 int RunSql(const std::vector<std::string>& words, const Console& console);

@@ -12,6 +12,7 @@ constexpr const char* kProgram =
   suitefiles temp DIR --user U
   suitefiles check DIR [--company N]
   suitefiles backup DIR TARGET [--through FOLDER]
+  suitefiles copy FROM TO --company N
   suitefiles relink DIR [--company N]
   suitefiles upgrade DIR [--company N]
   suitefiles sql FILE STATEMENT [--csv] [--no-header] [--skip]
@@ -21,7 +22,9 @@ constexpr const char* kProgram =
 
 DIR is the folder of the library, where dat.zdb and the orv<N>.ini files lie.
 Each file of a company is where the programs look for it: by orv<N>.ini, else in
-DIR (dat.zdb) and DIR/data/orv<N>.
+DIR (dat.zdb) and DIR/data/orv<N>. In place of DIR may stand the place of a
+company on a server, postgresql://HOST[:PORT]/DATABASE/COMPANY/: users and
+passwords are those of the client library's own files.
 Exit status: 0 done, 1 failed or (check) something is wrong, 2 wrong usage.
 )";
 
@@ -100,6 +103,24 @@ whose dat.zdb is not that of the others gets an orv<N>.ini that names its copy.
                     lies on a network; nothing is opened there)
 )";
 
+constexpr const char* kCopy =
+    R"(suitefiles copy FROM TO --company N
+
+Copies the files of company N to another place: from files to a server, from a
+server to files, or from one to another of their kind. FROM and TO are folders
+of the library (the files lie where their orv<N>.ini says) or places on a
+server, postgresql://HOST[:PORT]/DATABASE/COMPANY/. The programs go on with
+FROM; to change over, put TO into orv<N>.ini as "Default Path".
+
+Each file is copied as it is at one moment, in one transaction; then the copy's
+rows are counted and the values of every column are summed up, and both must
+agree with what was read. Counters go on where they were. A file that is there
+already is compared and left: a run that was stopped can simply be done again.
+Links between the files are made anew when the company is first opened.
+
+  --company N   number of the company
+)";
+
 constexpr const char* kRelink =
     R"(suitefiles relink DIR [--company N]
 
@@ -154,6 +175,7 @@ std::string HelpText(const std::string& command) {
   if (command == "temp") return kTemp;
   if (command == "check") return kCheck;
   if (command == "backup") return kBackup;
+  if (command == "copy") return kCopy;
   if (command == "relink") return kRelink;
   if (command == "upgrade") return kUpgrade;
   if (command == "sql") return kSql;

@@ -2,6 +2,7 @@
 
 #include "platform/services/operating_system.h"
 #include "platform/values/convert.h"
+#include "platform/values/text.h"
 
 namespace platform {
 
@@ -11,6 +12,10 @@ namespace {
 constexpr int kIniSize = 127;
 
 }  // namespace
+
+bool IsServerPath(std::string_view path) {
+  return path.size() >= kServerScheme.size() && EqualsNoCase(path.substr(0, kServerScheme.size()), kServerScheme);
+}
 
 std::string SettingsPath(const OperatingSystem& system, const std::string& libraryFolder, std::int32_t company) {
   return WithSeparator(system, libraryFolder) + "orv" + std::to_string(company) + ".ini";

@@ -2,10 +2,16 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace platform {
 
 class OperatingSystem;
+
+/// How the path of a file on a database server begins: "postgresql://HOST[:PORT][,HOST...]/DATABASE/[COMPANY/]FILE". It is the same
+/// text for the program and for the host.
+inline constexpr std::string_view kServerScheme = "postgresql://";
+bool IsServerPath(std::string_view path);
 
 /// Where a company's file lies, for the screens and for every tool: by its own key in the company's settings file, else by the default
 /// path there, else "dat.zdb" in the library's folder and any other file in the company's folder. `libraryFolder` and the answer are

@@ -40,4 +40,13 @@ TEST(FileSet, ADefaultPathGetsNoSeparator) {
   EXPECT_EQ(suite::CompanyFile(*suite::MakeNativeSystem("/"), folder.Path(), 3, DataFile::Customer), "/datacustomer.zdb");
 }
 
+TEST(FileSet, TheDefaultPathMayNameAServer) {
+  const TemporaryFolder folder;
+  folder.Write("orv3.ini", "[Databases]\nDefault Path=postgresql://db/suite/orv3/\nGL.zdb Path=postgresql://db/books/ledger.zdb\n");
+  const auto system = suite::MakeNativeSystem("/");
+  EXPECT_EQ(suite::CompanyFile(*system, folder.Path(), 3, suite::DataFile::Customer), "postgresql://db/suite/orv3/customer.zdb");
+  EXPECT_EQ(suite::CompanyFile(*system, folder.Path(), 3, suite::DataFile::Dat), "postgresql://db/suite/orv3/dat.zdb");
+  EXPECT_EQ(suite::CompanyFile(*system, folder.Path(), 3, suite::DataFile::Ledger), "postgresql://db/books/ledger.zdb");
+}
+
 }  // namespace

@@ -55,6 +55,17 @@ TEST(WindowsStyleSystem, FilesAndSettingsAreFoundThroughDrives) {
   EXPECT_EQ(ErrorOf(*system, "E:\\x"), 76);
 }
 
+TEST(BothStyles, LeaveAServersPathAsItIs) {
+  const TemporaryFolder folder;
+  suite::DriveMap drives;
+  drives.Add('C', folder.Path());
+  const std::string path = "postgresql://db.office:5433,spare/suite/orv1/Customer.zdb";
+  EXPECT_EQ(suite::MakeNativeSystem("/")->ToHostPath(path), path);
+  EXPECT_EQ(suite::MakeWindowsStyleSystem(drives)->ToHostPath(path), path);
+  EXPECT_EQ(suite::MakeWindowsStyleSystem(drives)->ToHostPath("PostgreSQL://db/suite/dat.zdb"), "PostgreSQL://db/suite/dat.zdb");
+  EXPECT_EQ(ErrorOf(*suite::MakeNativeSystem("/"), path), 76);
+}
+
 TEST(FileLength, SaysWhetherFileOrFolderIsMissing) {
   const TemporaryFolder folder;
   const auto system = suite::MakeNativeSystem("/");

@@ -3,12 +3,21 @@
 #include <algorithm>
 
 #include "engine/errors.h"
+#include "engine/store/postgres/wording/names.h"
 #include "engine/store/query.h"
+#include "engine/values/iso_date.h"
 
 namespace engine::postgres {
 namespace {
 
 constexpr std::string_view kSnapshot = "SELECT pg_current_snapshot()";
+
+// Others go on reading.
+std::string LockText(const std::string& schema) {
+  return "DO $$BEGIN EXECUTE (SELECT 'LOCK TABLE ' || string_agg(c.oid::regclass::text, ', ') || ' IN EXCLUSIVE MODE' FROM pg_class c "
+         "JOIN pg_namespace n ON n.oid = c.relnamespace WHERE n.nspname = " +
+         QuoteText(schema) + " AND c.relkind IN ('r', 'p')); END$$";
+}
 
 struct Flag {
   explicit Flag(bool& set) : flag(set) { flag = true; }
@@ -20,7 +29,7 @@ struct Flag {
 
 }  // namespace
 
-ServerConnection::ServerConnection(const Target& target, Patience patience) : link_(target, patience, [this] { ServePainting(); }) {}
+ServerConnection::ServerConnection(const Target& target, Patience patience) : link_(target, patience, [this] { ServePainting(); }), wholeFiles_(patience.wholeFiles) {}
 
 ServerConnection::~ServerConnection() {
   kept_.Clear();
@@ -34,6 +43,8 @@ std::shared_ptr<Statement> ServerConnection::Prepare(std::string_view sql) {
 
 void ServerConnection::Forget(const std::string& name) noexcept { forgotten_.push_back(name); }
 
+std::string ServerConnection::MomentText() const { return "SET orcussch.moment = '" + IsoText(clock_()) + "'"; }
+
 void ServerConnection::Ready(const std::string& schema) {
   FinishActive();
   if (link_.IsOpen()) return;
@@ -46,15 +57,17 @@ void ServerConnection::Ready(const std::string& schema) {
 
 std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
   FinishActive();
-  for (const std::string& name : forgotten_) trip.before.push_back("DEALLOCATE " + name);
-  forgotten_.clear();
   trip.before.insert(trip.before.end(), pending_.begin(), pending_.end());
   pending_.clear();
+  // Not before a unit's beginning, which must be the first to see a state.
+  for (const std::string& name : forgotten_) trip.before.push_back("DEALLOCATE " + name);
+  forgotten_.clear();
   if (!units_.empty()) {
     begun_ = true;
     // What fails inside a unit is undone by itself, and the unit goes on.
     trip.guarded = true;
     trip.before.push_back("SAVEPOINT guard");
+    if (wholeFiles_ && trip.asksNumber && held_.insert(trip.schema).second) trip.before.push_back(LockText(trip.schema));
     trip.behind.push_back("RELEASE SAVEPOINT guard");
   }
   active_ = link_.Send(trip);
@@ -84,6 +97,7 @@ void ServerConnection::Settle(Run& run) {
   if (active_.get() != &run) return;
   active_.reset();
   if (!run.failure) return;
+  held_.clear();
   if (run.failure->lost) {
     broken_ = !units_.empty();
     watch_.Forget();
@@ -100,6 +114,13 @@ void ServerConnection::ExecuteAll(std::span<const std::string> statements, const
   Take(*run);
   if (run->failure) Raise(*run->failure, Doing::Writing, schema);
   CountWrite(schema, run->number);
+}
+
+std::unique_ptr<CopyRows> ServerConnection::Copy(const std::string& copy, const std::string& schema) {
+  // What begins the unit goes ahead.
+  if (!pending_.empty()) ExecuteAll({}, schema);
+  Ready(schema);
+  return link_.Copy(copy);
 }
 
 void ServerConnection::Raise(const Failure& failure, Doing doing, const std::string& schema) const {
@@ -124,6 +145,7 @@ void ServerConnection::CommitUnit(const Unit& unit) {
   const std::string name = "SAVEPOINT u" + std::to_string(unit.depth);
   if (unit.outermost) {
     FinishActive();
+    held_.clear();
     if (broken_) throw errors::DiskOrNetwork();
     if (begun_) Control("COMMIT");
     pending_.clear();
@@ -158,6 +180,7 @@ void ServerConnection::UndoUnit(const Unit& unit) noexcept {
   }
   begun_ = false;
   broken_ = false;
+  held_.clear();
 }
 
 // A statement that ends the outermost unit. Behind a failed one the transaction can only be undone, which the server does then.
@@ -194,7 +217,9 @@ std::int64_t ServerConnection::OthersVersion() {
 const std::string& ServerConnection::AskedOf(const std::string& schema) const {
   static const std::string none;
   const auto found = asked_.find(schema);
-  return found == asked_.end() ? none : found->second;
+  if (found != asked_.end()) return found->second;
+  // A statement about none of them: any will do.
+  return asked_.empty() ? none : asked_.begin()->second;
 }
 
 void ServerConnection::ServePainting() {

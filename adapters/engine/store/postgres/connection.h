@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -15,6 +16,7 @@
 #include "engine/store/postgres/link/link.h"
 #include "engine/store/postgres/link/snapshot_watch.h"
 #include "engine/store/postgres/statement.h"
+#include "engine/values/clock.h"
 
 namespace engine::postgres {
 
@@ -34,7 +36,12 @@ class ServerConnection final : public Channel {
   /// Runs statements without rows and without parameters, in one trip: outside of a unit all of them or none.
   void ExecuteAll(std::span<const std::string> statements, const std::string& schema);
 
+  /// Rows for a table by COPY; the connection can do nothing else until it goes.
+  std::unique_ptr<CopyRows> Copy(const std::string& copy, const std::string& schema);
+
   void OnWait(std::function<void()> servePainting) { servePainting_ = std::move(servePainting); }
+  /// The desk's own clock, for statements that ask for the moment.
+  void OnMoment(Clock clock) { clock_ = std::move(clock); }
   /// Lets the windows paint; does nothing when called from inside painting.
   void ServePainting();
 
@@ -64,6 +71,8 @@ class ServerConnection final : public Channel {
   std::string NewName() { return "s" + std::to_string(++lastName_); }
   void Forget(const std::string& name) noexcept;
   int Openings() const noexcept { return link_.Openings(); }
+  /// What tells the server the moment; before the statement.
+  std::string MomentText() const;
   std::optional<int> WorkLimit() const noexcept { return workLimit_; }
 
  private:
@@ -72,6 +81,9 @@ class ServerConnection final : public Channel {
   void Control(const std::string& sql);
 
   Link link_;
+  Clock clock_ = LocalNow;
+  bool wholeFiles_;
+  std::set<std::string> held_;  ///< schemas whose tables the outermost unit has locked
   std::function<void()> servePainting_;
   bool painting_ = false;
   bool opening_ = false;

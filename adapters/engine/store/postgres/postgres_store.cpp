@@ -7,7 +7,7 @@
 
 namespace engine::postgres {
 
-PostgresStore::PostgresStore(Patience patience) : patience_(patience) {}
+PostgresStore::PostgresStore(Patience patience, Clock clock) : patience_(patience), clock_(std::move(clock)) {}
 
 const Dialect& PostgresStore::OwnDialect() const { return ServerDialect(); }
 
@@ -21,6 +21,7 @@ ServerConnection& PostgresStore::ConnectionTo(const Target& target, const std::s
     target_ = target;
     connection_ = std::make_unique<ServerConnection>(target, patience_);
     connection_->OnWait(servePainting_);
+    connection_->OnMoment(clock_);
   } else if (!target_->SameDatabase(target)) {
     throw platform::Error(errors::DiskOrNetwork().Number(),
                           errors::DiskOrNetwork().Description() + "  '" + asked + "' lies in another database than the files that are open.");

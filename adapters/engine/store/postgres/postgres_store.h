@@ -18,7 +18,7 @@ namespace engine::postgres {
 /// is a schema of it.
 class PostgresStore final : public Store {
  public:
-  explicit PostgresStore(Patience patience);
+  explicit PostgresStore(Patience patience, Clock clock = LocalNow);
 
   const Dialect& OwnDialect() const override;
   /// Raises 3043 for a second database, besides what every store raises.
@@ -40,6 +40,7 @@ class PostgresStore final : public Store {
   ServerConnection& ConnectionTo(const Target& target, const std::string& asked);
 
   Patience patience_;
+  Clock clock_;
   std::function<void()> servePainting_;
   std::optional<Target> target_;
   std::unique_ptr<ServerConnection> connection_;

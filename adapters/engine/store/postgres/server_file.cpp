@@ -64,7 +64,7 @@ std::int64_t ServerFile::TakeNumber(const platform::TableDefinition& table) {
   const std::string sequence = QuoteText(SequenceOf(schema_, table.name));
   // Who may not write now is told so here, not when the row is stored.
   const std::string writable = "(SELECT 1 FROM " + Own(table.name) + " WHERE false FOR KEY SHARE)";
-  const std::string highest = "(SELECT coalesce(max(" + QuoteName(RowKeyOf(table)) + "), 0) FROM " + Own(table.name) + ")";
+  const std::string highest = HighestNumber(table);
   const std::string next = "SELECT nextval(" + sequence + ") AS number";
   {
     Query query(connection_, std::string_view("SELECT number, " + highest + ", " + writable + " FROM (" + next + ") AS taken"));
@@ -73,10 +73,7 @@ std::int64_t ServerFile::TakeNumber(const platform::TableDefinition& table) {
     if (number > query.Int(1)) return number;
   }
   Transaction alone(connection_, Transaction::Kind::Write);
-  Query(connection_, std::string_view("SELECT pg_advisory_xact_lock(hashtextextended(" + sequence + ", 0))")).Run();
-  Query(connection_, std::string_view("SELECT setval(" + sequence + ", greatest(last_value, " + highest + ")) FROM " +
-                                      SequenceOf(schema_, table.name)))
-      .Run();
+  NumbersGiven(table);
   std::int64_t number = 0;
   {
     Query query(connection_, next);
@@ -85,6 +82,21 @@ std::int64_t ServerFile::TakeNumber(const platform::TableDefinition& table) {
   }
   alone.Commit();
   return number;
+}
+
+std::string ServerFile::HighestNumber(const platform::TableDefinition& table) const {
+  return "(SELECT coalesce(max(" + QuoteName(RowKeyOf(table)) + "), 0) FROM " + Own(table.name) + ")";
+}
+
+void ServerFile::NumbersGiven(const platform::TableDefinition& table) {
+  const std::string sequence = QuoteText(SequenceOf(schema_, table.name));
+  Transaction together(connection_, Transaction::Kind::Write);
+  Query(connection_, std::string_view("SELECT pg_advisory_xact_lock(hashtextextended(" + sequence + ", 0))")).Run();
+  // Where it is behind. One that has given no number yet stands on its first one.
+  Query(connection_, std::string_view("SELECT setval(" + sequence + ", highest) FROM " + SequenceOf(schema_, table.name) + ", " +
+                                      HighestNumber(table) + " AS given(highest) WHERE highest > CASE WHEN is_called THEN last_value ELSE 0 END"))
+      .Run();
+  together.Commit();
 }
 
 // ---- links

@@ -28,6 +28,7 @@ class ServerFile final : public StoreFile {
   platform::TableDefinition ReadTable(const std::string& storedName) override;
   std::string RowKeyOf(const platform::TableDefinition& table) const override { return postgres::RowKeyOf(table); }
   std::int64_t TakeNumber(const platform::TableDefinition& table) override;
+  void NumbersGiven(const platform::TableDefinition& table) override;
 
   std::vector<StoredLink> Links() override;
   void AddLink(const StoredLink& link) override;
@@ -35,6 +36,7 @@ class ServerFile final : public StoreFile {
  private:
   const std::vector<StoredTable>& Tables();
   std::string Own(std::string_view name) const;
+  std::string HighestNumber(const platform::TableDefinition& table) const;
 
   ServerConnection& connection_;
   std::string schema_;

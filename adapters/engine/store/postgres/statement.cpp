@@ -62,6 +62,7 @@ ServerStatement::ServerStatement(ServerConnection& connection, std::string_view 
       sql_(sql),
       schema_(FirstSchema(sql)),
       writes_(ChangesSomething(sql)),
+      asksMoment_(sql.find("_now()") != std::string_view::npos),
       parameters_(std::move(parameters)),
       types_(parameters_.size(), kUnknown) {}
 
@@ -106,6 +107,7 @@ Trip ServerStatement::Prepared() {
   Trip trip;
   trip.parameters = &parameters_;
   trip.asksNumber = writes_;
+  trip.schema = schema_;
   const auto known = names_.find(types_);
   preparing_ = known == names_.end();
   if (!preparing_) {
@@ -125,7 +127,9 @@ void ServerStatement::Start() {
   connection_.Ready(schema_);
   if (const auto rows = connection_.WorkLimit(); rows && !sql_.starts_with("EXPLAIN ") && IsMoreThan(EstimateOf(connection_, sql_, parameters_), *rows))
     throw WorkLimitReached();
-  run_ = connection_.Start(Prepared());
+  Trip trip = Prepared();
+  if (asksMoment_) trip.before.push_back(connection_.MomentText());
+  run_ = connection_.Start(std::move(trip));
 }
 
 bool ServerStatement::Step() {

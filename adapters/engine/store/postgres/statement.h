@@ -53,6 +53,7 @@ class ServerStatement final : public Statement {
   std::string sql_;
   std::string schema_;
   bool writes_ = false;
+  bool asksMoment_ = false;
   std::vector<Parameter> parameters_;
   std::vector<unsigned> types_;  ///< that the parameters have had
   std::map<std::vector<unsigned>, std::string> names_;  ///< on the server, by the parameters' types

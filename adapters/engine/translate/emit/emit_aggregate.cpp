@@ -21,7 +21,7 @@ std::optional<Emitted> Emitter::EmitAggregate(const sql::Call& call) {
 // The highest key belongs to the text that is asked for.
 Emitted Emitter::TextOfHighest(bool highest, const Emitted& value) const {
   const std::string order = forms_.Collated(value) + (highest ? " DESC NULLS LAST" : " NULLS LAST");
-  return {.sql = "(array_agg(" + value.sql + " ORDER BY " + order + "))[1]",
+  return {.sql = "(array_agg(CAST(" + value.sql + " AS text) ORDER BY " + order + "))[1]",
           .type = value.type,
           .size = value.size,
           .memo = value.memo,

@@ -10,11 +10,6 @@ constexpr int kWidestText = 255;
 
 Emitted NullOf(SqlType type) { return {.sql = "NULL", .type = type, .literal = {}}; }
 
-Emitted Operation(const Emitted& left, std::string_view sign, const Emitted& right, SqlType type, Tightness own) {
-  const auto tighter = static_cast<Tightness>(static_cast<int>(own) - 1);
-  return {.sql = Wrap(left, own) + ' ' + std::string(sign) + ' ' + Wrap(right, tighter), .type = type, .tightness = own, .literal = {}};
-}
-
 // Texts take part in arithmetic as the numbers they read as.
 SqlType NumberType(SqlType type) { return type == SqlType::Text ? SqlType::Double : type; }
 
@@ -32,15 +27,17 @@ Emitted Emitter::Negative(Emitted operand) {
   operand = amount ? forms_.Stored(std::move(operand)) : forms_.Number(std::move(operand));
   SqlType type = operand.type;
   if (type == SqlType::Boolean || type == SqlType::Byte) type = SqlType::Short;
-  // Two signs in a row would begin a comment.
-  const std::string inner = operand.sql.front() == '-' ? '(' + operand.sql + ')' : Wrap(operand, Tightness::Atom);
-  return {.sql = '-' + inner, .type = type, .unchecked = type != SqlType::Double, .literal = {}};
+  Emitted negative = forms_.Negative(operand, type);
+  negative.unchecked = type != SqlType::Double;
+  return negative;
 }
 
 Emitted Emitter::Sum(bool add, Emitted left, Emitted right) {
   if (add && left.type == SqlType::Text && right.type == SqlType::Text) {
-    Emitted joined = Operation(left, "||", right, SqlType::Text, Tightness::Concat);
-    joined.sql = Wrap(left, Tightness::Concat) + " || " + Wrap(right, Tightness::Atom);
+    Emitted joined{.sql = Wrap(left, Tightness::Concat) + " || " + Wrap(right, Tightness::Atom),
+                   .type = SqlType::Text,
+                   .tightness = Tightness::Concat,
+                   .literal = {}};
     joined.size = left.size == 0 || right.size == 0 ? 0 : std::min(left.size + right.size, kWidestText);
     return joined;
   }
@@ -54,7 +51,7 @@ Emitted Emitter::Sum(bool add, Emitted left, Emitted right) {
     if (type == SqlType::Currency) return forms_.Currency(std::move(value));
     return value.type == SqlType::Text ? forms_.Number(std::move(value)) : value;
   };
-  Emitted sum = Operation(operand(std::move(left)), add ? "+" : "-", operand(std::move(right)), type, Tightness::Sum);
+  Emitted sum = forms_.Arithmetic(operand(std::move(left)), add ? '+' : '-', operand(std::move(right)), type, Tightness::Sum);
   sum.unchecked = type != SqlType::Double;
   return sum;
 }
@@ -62,7 +59,7 @@ Emitted Emitter::Sum(bool add, Emitted left, Emitted right) {
 Emitted Emitter::DateSum(bool add, Emitted left, Emitted right) {
   const bool days = !add && left.type == SqlType::Date && right.type == SqlType::Date;
   const Emitted sum =
-      Operation(forms_.Number(std::move(left)), add ? "+" : "-", forms_.Number(std::move(right)), SqlType::Double, Tightness::Sum);
+      forms_.Arithmetic(forms_.Number(std::move(left)), add ? '+' : '-', forms_.Number(std::move(right)), SqlType::Double, Tightness::Sum);
   return days ? sum : forms_.Call("todate", sum, SqlType::Date);
 }
 
@@ -77,7 +74,7 @@ Emitted Emitter::Product(Emitted left, Emitted right) {
     left = forms_.Number(std::move(left));
     right = forms_.Number(std::move(right));
   }
-  Emitted product = Operation(left, "*", right, type, Tightness::Product);
+  Emitted product = forms_.Arithmetic(left, '*', right, type, Tightness::Product);
   product.unchecked = type != SqlType::Double;
   return product;
 }
@@ -85,7 +82,7 @@ Emitted Emitter::Product(Emitted left, Emitted right) {
 Emitted Emitter::Quotient(Emitted left, Emitted right) {
   if (left.type == SqlType::Null || right.type == SqlType::Null) return NullOf(SqlType::Double);
   if (right.literal && IsNumber(right.type) && platform::CDbl(*right.literal) != 0) {
-    return Operation(forms_.Number(std::move(left)), "/", forms_.Real(std::move(right)), SqlType::Double, Tightness::Product);
+    return forms_.Arithmetic(forms_.Number(std::move(left)), '/', forms_.Real(std::move(right)), SqlType::Double, Tightness::Product);
   }
   return forms_.Call("divide", {forms_.Number(std::move(left)).sql, forms_.Number(std::move(right)).sql}, SqlType::Double);
 }

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <span>
+
 #include "engine/errors.h"
 #include "engine/sql/print.h"
 #include "engine/translate/emit/emitter.h"
@@ -92,18 +95,35 @@ Emitted Emitter::Emit(const sql::Chain& chain) {
   return Concat(chain.operands);
 }
 
+namespace {
+
+// Whether a call of that name ends the text.
+bool EndsWithCall(std::string_view text, std::span<const std::string_view> names) {
+  return std::ranges::any_of(names, [&](std::string_view name) {
+    if (!text.ends_with(name)) return false;
+    const char before = text.size() == name.size() ? ' ' : text[text.size() - name.size() - 1];
+    return before == ' ' || before == '(' || before == '-';
+  });
+}
+
+}  // namespace
+
 void CheckNesting(std::string_view sql, const Dialect& dialect) {
   int depth = 0;
   char quote = '\0';
-  for (const char c : sql) {
+  std::vector<bool> counted;
+  for (std::size_t at = 0; at < sql.size(); ++at) {
+    const char c = sql[at];
     if (quote != '\0') {
       if (c == quote) quote = '\0';
     } else if (c == '\'' || c == '"') {
       quote = c;
     } else if (c == '(') {
-      if (++depth > dialect.nesting) throw errors::QueryTooComplex();
-    } else if (c == ')') {
-      --depth;
+      counted.push_back(!EndsWithCall(sql.substr(0, at), dialect.uncounted));
+      if (counted.back() && ++depth > dialect.nesting) throw errors::QueryTooComplex();
+    } else if (c == ')' && !counted.empty()) {
+      if (counted.back()) --depth;
+      counted.pop_back();
     }
   }
 }

@@ -14,6 +14,13 @@ namespace {
 
 constexpr int kScale = 10'000;
 
+// The store's function for a sign: whole numbers in 64 bits, amounts, real ones.
+std::string CallOf(char sign, SqlType type) {
+  const bool amount = type == SqlType::Currency;
+  const std::string name = sign == '+' ? "add" : sign == '-' ? "sub" : sign == '/' ? "div" : amount ? "times" : "mul";
+  return name + (type == SqlType::Double ? "real" : amount ? "cur" : "long");
+}
+
 bool IsNegativeText(const std::string& sql) { return !sql.empty() && sql.front() == '-'; }
 
 }  // namespace
@@ -59,6 +66,23 @@ Emitted Forms::Call(std::string_view name, const std::vector<std::string>& argum
 
 Emitted Forms::Call(std::string_view name, const Emitted& argument, SqlType type) const {
   return Call(name, std::vector<std::string>{argument.sql}, type);
+}
+
+Emitted Forms::Arithmetic(const Emitted& left, char sign, const Emitted& right, SqlType type, Tightness own) const {
+  const auto tighter = static_cast<Tightness>(static_cast<int>(own) - 1);
+  const std::string first = Wrap(left, own);
+  const std::string second = Wrap(right, tighter);
+  if (!dialect_.arithmeticCalls) return {.sql = first + ' ' + sign + ' ' + second, .type = type, .tightness = own, .literal = {}};
+  Emitted result = Call(CallOf(sign, type), std::vector<std::string>{first, second}, type);
+  result.tightness = own;  // nested as deep as with operators
+  return result;
+}
+
+Emitted Forms::Negative(const Emitted& operand, SqlType type) const {
+  // Two signs in a row would begin a comment.
+  const std::string inner = IsNegativeText(operand.sql) ? '(' + operand.sql + ')' : Wrap(operand, Tightness::Atom);
+  if (dialect_.arithmeticCalls && type != SqlType::Double) return Call(type == SqlType::Currency ? "negcur" : "neglong", std::vector<std::string>{inner}, type);
+  return {.sql = '-' + inner, .type = type, .literal = {}};
 }
 
 Emitted Forms::Cell(Emitted expression) const {
@@ -137,8 +161,9 @@ Emitted Forms::Currency(Emitted expression) const {
   if (expression.literal && IsNumber(expression.type)) return Constant(platform::CCur(*expression.literal));
   expression = Number(std::move(expression));
   if (!IsWhole(expression.type)) return Call("tocur", expression, SqlType::Currency);
-  return {
-      .sql = Wrap(expression, Tightness::Product) + " * 10000", .type = SqlType::Currency, .tightness = Tightness::Product, .literal = {}};
+  Emitted amount = Arithmetic(expression, '*', Constant(std::int32_t{kScale}), SqlType::Long, Tightness::Product);
+  amount.type = SqlType::Currency;
+  return amount;
 }
 
 Emitted Forms::Text(Emitted expression, bool forLike) const {
@@ -232,7 +257,7 @@ void Forms::AlignNumbers(std::vector<Emitted>& values) const {
 std::string Forms::KeyOf(const Emitted& text) const {
   if (text.literal && text.literal->IsText()) return dialect_.Text(dialect_.Comparable(text.literal->As<std::string>()));
   if (text.type == SqlType::Null) return text.sql;
-  return text.comparable.empty() ? dialect_.textKeys->function + '(' + text.sql + ')' : text.comparable;
+  return text.comparable.empty() ? dialect_.textKeys->function + '(' + text.sql + ')' + dialect_.textKeys->behind : text.comparable;
 }
 
 std::string Forms::Collate() const { return dialect_.textKeys != nullptr ? "" : " COLLATE " + dialect_.Name(dialect_.collation); }

@@ -20,6 +20,10 @@ class Forms {
   /// A call of one of the store's helpers or of the dialect's functions.
   Emitted Call(std::string_view name, const std::vector<std::string>& arguments, SqlType type) const;
   Emitted Call(std::string_view name, const Emitted& argument, SqlType type) const;
+  /// left + right and the like, in the store's form. `own` is how tight the sign binds.
+  Emitted Arithmetic(const Emitted& left, char sign, const Emitted& right, SqlType type, Tightness own) const;
+  /// -operand
+  Emitted Negative(const Emitted& operand, SqlType type) const;
   /// The present moment, which the store asks for once in a statement, not for each row.
   Emitted Moment() const;
 

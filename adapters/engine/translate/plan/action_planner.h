@@ -13,8 +13,10 @@ ActionPlan PlanInsert(const sql::Insert& insert, Catalogue& catalogue, const Dia
 ActionPlan PlanDelete(const sql::Delete& remove, Catalogue& catalogue, const Dialect& dialect);
 ActionPlan PlanUpdate(const sql::Update& update, Catalogue& catalogue, const Dialect& dialect);
 
-/// The table that an action writes, in the file of its IN clause if there is one. Unknown: 3078.
+/// The table that a DELETE or an UPDATE writes, in the file of its IN clause if there is one. Unknown: 3078.
 const ResolvedTable& TargetTable(std::string_view name, const std::optional<std::string>& inFile, Catalogue& catalogue);
+/// The same for an INSERT, whose target may lie in another store.
+const ResolvedTable& InsertTarget(std::string_view name, const std::optional<std::string>& inFile, Catalogue& catalogue);
 
 /// The value in the stored form of the field; nothing where a value of its type can fail to become one of the field's, or a
 /// text can be too long.

@@ -110,7 +110,7 @@ std::string BoundSources::Emit(const BoundSource& source, Emitter& emitter) cons
 std::string BoundSources::Emit(Emitter& emitter) const {
   std::string text;
   for (const BoundSource& source : sources_) {
-    text += text.empty() ? Emit(source, emitter) : " INNER JOIN " + EmitOperand(source, emitter);
+    text += text.empty() ? Emit(source, emitter) : emitter.GetForms().GetDialect().joinAll + EmitOperand(source, emitter);
   }
   return text;
 }

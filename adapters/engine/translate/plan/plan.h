@@ -31,6 +31,7 @@ struct PlanColumn {
   std::string sql;  ///< expression; yields the stored form of `type`
   int table = -1;   ///< which PlanTable owns the field, -1 for a computed column
   int field = -1;   ///< place in that table's definition
+  std::string comparable{};  ///< what equal texts have in common, "" where that is `sql`
 };
 
 /// One key of ORDER BY.
@@ -97,14 +98,15 @@ struct SelectPlan {
 ///
 /// INSERT and UPDATE that are `direct` run as one statement. Others can meet a value that does not convert or a text that
 /// is too long for its field: their rows are read by `source`, each value is assigned to its field by the rules of field
-/// assignment (without fail-on-error: Null where it fails), and they are written one by one.
+/// assignment (without fail-on-error: Null where it fails), and they are written one by one. So are the rows of an INSERT into
+/// another store, which are written in that store's dialect.
 struct ActionPlan {
   enum class Kind { Insert, Delete, Update } kind = Kind::Delete;
   const ResolvedTable* target = nullptr;
   bool direct = true;
   /// The one statement; "" when not direct. DELETE always has it.
   std::string sql;
-  /// The same, leaving out rows that break a key. Equal to `sql` for DELETE.
+  /// The same, leaving out rows that break a key; "" where the store has no such statement. Equal to `sql` for DELETE.
   std::string lenientSql;
   /// Insert: statement whose columns are the values for `targetFields`, in their order, each the stored form of its
   /// `sourceTypes`. Update: the same with the target's row key as one more column in front.

@@ -22,7 +22,7 @@ class InsertPlanner {
         catalogue_(catalogue),
         dialect_(dialect),
         forms_(dialect),
-        target_(TargetTable(insert.table, insert.inFile, catalogue)) {}
+        target_(InsertTarget(insert.table, insert.inFile, catalogue)) {}
 
   ActionPlan Run() {
     plan_.kind = ActionPlan::Kind::Insert;
@@ -131,6 +131,8 @@ class InsertPlanner {
     std::vector<std::string> plain;
     std::vector<std::string> converted;
     std::string names;
+    // Rows for another store are carried there.
+    plan_.direct = target_.elsewhere == nullptr;
     for (std::size_t i = 0; i < values_.size(); ++i) {
       const platform::FieldDefinition& field = Definition().fields[static_cast<std::size_t>(plan_.targetFields[i])];
       plain.push_back(rows_ ? rows_->columns[i].sql : values_[i].sql);
@@ -143,7 +145,7 @@ class InsertPlanner {
     if (!plan_.direct) return;
     const std::string behind = ' ' + target_.storeName + " (" + names + ") " + RowsText(converted);
     plan_.sql = "INSERT INTO" + behind;
-    plan_.lenientSql = dialect_.insertLenient + behind;
+    if (!dialect_.insertLenient.empty()) plan_.lenientSql = dialect_.insertLenient + behind;
   }
 
   const sql::Insert& insert_;
@@ -157,6 +159,13 @@ class InsertPlanner {
 };
 
 }  // namespace
+
+const ResolvedTable& InsertTarget(std::string_view name, const std::optional<std::string>& inFile, Catalogue& catalogue) {
+  if (!inFile) return TargetTable(name, inFile, catalogue);
+  const ResolvedTable* table = catalogue.FindTarget(name, *inFile);
+  if (table == nullptr) throw errors::UnknownTable(name);
+  return *table;
+}
 
 ActionPlan PlanInsert(const sql::Insert& insert, Catalogue& catalogue, const Dialect& dialect) {
   return InsertPlanner(insert, catalogue, dialect).Run();

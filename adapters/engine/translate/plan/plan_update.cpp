@@ -5,6 +5,7 @@
 #include "engine/translate/names/walk.h"
 #include "engine/translate/plan/action_planner.h"
 #include "engine/translate/plan/bound_source.h"
+#include "platform/values/text.h"
 
 namespace engine {
 namespace {
@@ -55,19 +56,33 @@ class UpdatePlanner {
     if (safe) settings_ += (settings_.empty() ? "" : ", ") + dialect_.Name(definition.name) + " = " + *safe;
   }
 
+  bool ChangesUniqueKey() const {
+    const platform::TableDefinition& definition = plan_.target->definition;
+    return std::ranges::any_of(definition.indexes, [&](const platform::IndexDefinition& index) {
+      if (!index.unique && !index.primary) return false;
+      return std::ranges::any_of(plan_.targetFields, [&](int field) {
+        const std::string& name = definition.fields[static_cast<std::size_t>(field)].name;
+        return std::ranges::any_of(index.fields, [&](const std::string& own) { return platform::EqualsNoCase(own, name); });
+      });
+    });
+  }
+
   void WriteStatements(const std::string& from) {
     const StatementScope::Table& owner = sources_.Names().Tables()[static_cast<std::size_t>(table_)];
     const std::string key = owner.alias + '.' + owner.table->rowKey;
     plan_.source = "SELECT " + key + values_ + " FROM " + from + where_;
     // A join can leave the target without a row.
     if ((sources_.Nullable() & TableBit(table_)) != 0) plan_.source += (where_.empty() ? " WHERE " : " AND ") + key + " IS NOT NULL";
+    if (!dialect_.rowsInOrder) plan_.source += " ORDER BY " + key;
     CheckNesting(plan_.source, dialect_);
     // A row of the target can come more than once in a join.
     plan_.direct = plan_.direct && sources_.TableCount() == 1;
+    // Which of its rows meets another's key depends on which comes first.
+    plan_.direct = plan_.direct && (dialect_.rowsInOrder || !ChangesUniqueKey());
     if (!plan_.direct) return;
     const std::string behind = ' ' + from + " SET " + settings_ + where_;
     plan_.sql = "UPDATE" + behind;
-    plan_.lenientSql = dialect_.updateLenient + behind;
+    if (!dialect_.updateLenient.empty()) plan_.lenientSql = dialect_.updateLenient + behind;
   }
 
   const sql::Update& update_;

@@ -66,7 +66,7 @@ class Builder {
     for (int i = 0; i < sources_.TableCount(); ++i) {
       if ((tables & TableBit(i)) != 0) parts.push_back(sources_.EmitTable(i));
     }
-    return JoinedBy(parts, " INNER JOIN ");
+    return JoinedBy(parts, emitter_.GetForms().GetDialect().joinAll);
   }
 
   // By groups --------------------------------------------------------------------------------------------------------

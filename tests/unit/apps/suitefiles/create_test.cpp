@@ -12,11 +12,11 @@ TEST(Suitefiles, HelpAndVersion) {
   for (const std::vector<std::string>& words : {std::vector<std::string>{"--help"}, {"help"}, {"-h"}}) {
     const auto outcome = RunSuitefiles(words);
     EXPECT_EQ(outcome.status, 0);
-    for (const char* command : {"create", "demo", "temp", "check", "backup", "relink", "upgrade", "sql"}) {
+    for (const char* command : {"create", "demo", "temp", "check", "backup", "copy", "relink", "upgrade", "sql"}) {
       EXPECT_NE(outcome.out.find(std::string("suitefiles ") + command), std::string::npos) << command;
     }
   }
-  for (const char* command : {"create", "demo", "temp", "check", "backup", "relink", "upgrade", "sql"}) {
+  for (const char* command : {"create", "demo", "temp", "check", "backup", "copy", "relink", "upgrade", "sql"}) {
     EXPECT_EQ(RunSuitefiles({command, "--help"}).status, 0);
     EXPECT_TRUE(RunSuitefiles({"help", command}).out.starts_with(std::string("suitefiles ") + command));
   }
@@ -38,6 +38,8 @@ TEST(Suitefiles, WrongWordsAreRefused) {
                                                 {"help", "what"},
                                                 {"relink"},
                                                 {"upgrade"},
+                                                {"copy", "x", "--company", "1"},
+                                                {"copy", "x", "y"},
                                                 {"backup", "x"}}) {
     const auto outcome = RunSuitefiles(words);
     EXPECT_EQ(outcome.status, 2) << (words.empty() ? "" : words[0]);

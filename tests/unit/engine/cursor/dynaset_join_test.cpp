@@ -137,7 +137,7 @@ TEST_P(JoinedLists, ComputedColumnsAreRead) {
 TEST_P(JoinedLists, ATableThatAnotherProgramTookAway) {
   AddPeople({"b", "a"});
   auto rows = Dynaset("SELECT * FROM People ORDER BY Name");
-  engine::DropTable(Path("office.zdb"), "People");
+  office_files::DropTable(Path("office.zdb"), "People");
   const std::string sentence =
       "The Microsoft Jet database engine cannot find the input table or query 'People'.  Make sure it exists and that its name is spelled "
       "correctly.";

@@ -2,61 +2,13 @@
 
 #include <stdlib.h>
 
-#include "engine/data_file.h"
 #include "unit/engine/sql/corpus.h"
 
-namespace {
-
-// A folder of its own that goes at the end.
-class Folder {
- public:
-  Folder() {
-    std::string name = (std::filesystem::temp_directory_path() / "corpusXXXXXX").string();
-    path_ = ::mkdtemp(name.data());
-  }
-  ~Folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  const std::filesystem::path& Path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
-
-void Write(const corpus::DataFile& file, const std::string& path) {
-  std::vector<platform::TableDefinition> definitions;
-  for (const corpus::Table& table : file.tables) definitions.push_back(table.definition);
-  engine::CreateDataFile(path, definitions, true);
-  for (const corpus::Table& table : file.tables) {
-    std::vector<std::string> fields;
-    for (const platform::FieldDefinition& field : table.definition.fields) fields.push_back(field.name);
-    const auto writer = engine::OpenBulkWriter(path, table.definition.name, fields);
-    for (const auto& row : table.rows) writer->Add(row);
-    writer->Finish();
-  }
-}
-
-// The files are written once; every company is a copy.
-const std::filesystem::path& Written() {
-  static const Folder folder;
-  static const bool written = [] {
-    for (const corpus::DataFile& file : corpus::ReadFixture().files) Write(file, (folder.Path() / file.name).string());
-    return true;
-  }();
-  static_cast<void>(written);
-  return folder.Path();
-}
-
-}  // namespace
-
-CorpusCompany::CorpusCompany(const engine::EngineOptions& options) {
+CorpusCompany::CorpusCompany(const engine::EngineOptions& options, const corpus::Place& place) : place_(place) {
   std::string name = (std::filesystem::temp_directory_path() / "corpusXXXXXX").string();
   folder_ = ::mkdtemp(name.data());
   Fill();
-  engine_ = engine::MakeEngine(options);
+  engine_ = place_.newEngine(folder_, options);
   workspace_ = engine_->CreateWorkspace("corpus", "admin", "", 2);
   const platform::DatabaseRef database = Open();
   for (const corpus::Link& link : corpus::ReadFixture().links) {
@@ -71,6 +23,7 @@ CorpusCompany::CorpusCompany(const engine::EngineOptions& options) {
 CorpusCompany::~CorpusCompany() {
   workspace_->Close();
   engine_.reset();
+  place_.remove(folder_);
   std::error_code ignored;
   std::filesystem::remove_all(folder_, ignored);
 }
@@ -79,10 +32,8 @@ void CorpusCompany::Fill() {
   const corpus::Fixture fixture = corpus::ReadFixture();
   first_ = fixture.files.front().name;
   paths_["none.zdb"] = (folder_ / "none.zdb").string();
-  for (const corpus::DataFile& file : fixture.files) {
-    paths_[file.name] = (folder_ / file.name).string();
-    std::filesystem::copy_file(Written() / file.name, folder_ / file.name);
-  }
+  for (const corpus::DataFile& file : fixture.files) paths_[file.name] = (folder_ / file.name).string();
+  place_.fill(folder_);
 }
 
 platform::DatabaseRef CorpusCompany::Open(const std::string& file) {

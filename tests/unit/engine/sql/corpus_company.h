@@ -8,11 +8,12 @@
 
 #include "engine/engine.h"
 #include "platform/data/data.h"
+#include "unit/engine/sql/corpus_files.h"
 
-/// The corpus' small company as real files, which go with it.
+/// The corpus' small company, which goes with it.
 class CorpusCompany {
  public:
-  explicit CorpusCompany(const engine::EngineOptions& options = {});
+  explicit CorpusCompany(const engine::EngineOptions& options = {}, const corpus::Place& place = corpus::OwnPlace());
   ~CorpusCompany();
   CorpusCompany(const CorpusCompany&) = delete;
   CorpusCompany& operator=(const CorpusCompany&) = delete;
@@ -30,6 +31,7 @@ class CorpusCompany {
  private:
   void Fill();
 
+  const corpus::Place& place_;
   std::filesystem::path folder_;
   std::string first_;
   std::map<std::string, std::string> paths_;

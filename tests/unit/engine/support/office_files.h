@@ -15,6 +15,8 @@ void Create(const std::string& path, const std::vector<platform::TableDefinition
 /// Rows that another program adds.
 void AddRows(const std::string& path, const std::string& table, const std::vector<std::string>& fields,
              const std::vector<std::vector<platform::Value>>& rows);
+/// A table that another program takes away.
+void DropTable(const std::string& path, const std::string& table);
 /// Keeps all tables of a file from writers as long as it lives; nothing where a writing transaction does so.
 std::shared_ptr<void> Hold(const std::string& path);
 std::unique_ptr<platform::DataEngine> NewEngine(const engine::EngineOptions& options);

@@ -29,7 +29,7 @@ void AddRows(const std::string& path, const std::string& table, const std::vecto
 std::shared_ptr<void> Hold(const std::string&) { return nullptr; }
 
 std::unique_ptr<platform::DataEngine> NewEngine(const engine::EngineOptions& options) {
-  return engine::MakeEngineOver(std::make_unique<memory_store::MemoryStore>(AllFiles()), options);
+  return engine::MakeEngineOver(engine::OneStore(std::make_unique<memory_store::MemoryStore>(AllFiles())), options);
 }
 
 }  // namespace office_files

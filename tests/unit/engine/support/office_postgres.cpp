@@ -65,6 +65,11 @@ void AddRows(const std::string& path, const std::string& table, const std::vecto
   together.Commit();
 }
 
+void DropTable(const std::string& path, const std::string& table) {
+  const std::string there = ServerPath(path);
+  engine::Query(Another(there), std::string_view("DROP TABLE " + QuoteName(ParseTarget(there).schema) + '.' + QuoteName(table))).Run();
+}
+
 std::shared_ptr<void> Hold(const std::string& path) {
   struct Held {
     explicit Held(const Target& target) : connection(target, Patience{}), unit(connection, engine::Transaction::Kind::Write) {}
@@ -81,7 +86,8 @@ std::shared_ptr<void> Hold(const std::string& path) {
 std::unique_ptr<platform::DataEngine> NewEngine(const engine::EngineOptions& options) {
   engine::EngineOptions there = options;
   there.hostPath = ServerPath;
-  return engine::MakeEngineOver(std::make_unique<engine::postgres::PostgresStore>(Patience{.lock = options.lockWait}), there);
+  const engine::Clock clock = options.now ? options.now : engine::LocalNow;
+  return engine::MakeEngineOver(engine::OneStore(std::make_unique<engine::postgres::PostgresStore>(Patience{.lock = options.lockWait}, clock)), there);
 }
 
 }  // namespace office_files

@@ -12,6 +12,8 @@ void AddRows(const std::string& path, const std::string& table, const std::vecto
   writer->Finish();
 }
 
+void DropTable(const std::string& path, const std::string& table) { engine::DropTable(path, table); }
+
 std::shared_ptr<void> Hold(const std::string&) { return nullptr; }
 
 std::unique_ptr<platform::DataEngine> NewEngine(const engine::EngineOptions& options) { return engine::MakeEngine(options); }

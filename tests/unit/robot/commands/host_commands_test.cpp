@@ -63,4 +63,14 @@ TEST(HostCommands, WordsInBracesAreReplaced) {
             "");
 }
 
+TEST(HostCommands, TheDataFolderMayLieOnAServer) {
+  test_support::ScenarioOptions options;
+  options.companies = "postgresql://db/suite/";
+  EXPECT_EQ(RunScenario("host Name \"{DIR}/data/orv2/GL.zdb|{dir}/data|{DIR}/dat.zdb\"\n"
+                        "expect host Name \"postgresql://db/suite/orv2/GL.zdb|/suite/data|/suite/dat.zdb\"\n",
+                        options)
+                .output,
+            "");
+}
+
 }  // namespace

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "engine/errors.h"
 #include "engine/store/postgres/wording/names.h"
 
 namespace engine::postgres {
@@ -106,7 +107,7 @@ PGconn* Connect(const Target& target, const Patience& patience, const std::funct
   Failure failure;
   for (const Host& host : hosts) {
     Opened connection = Start(host, target, patience, hosts.size() > 1);
-    if (connection == nullptr) throw std::bad_alloc();
+    if (connection == nullptr) throw errors::DiskOrNetwork();  // the client library isn't there
     auto opened = Attempt(std::move(connection), share, serveOthers, failure);
     if (opened == nullptr) continue;
     PQsetErrorVerbosity(opened.get(), PQERRORS_DEFAULT);

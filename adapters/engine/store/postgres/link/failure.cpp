@@ -1,7 +1,9 @@
 #include "engine/store/postgres/link/failure.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
+#include <utility>
 
 #include "engine/errors.h"
 
@@ -25,6 +27,19 @@ bool IsLoss(const Failure& failure) {
   return failure.lost || failure.state.starts_with("08") || IsOneOf(failure.state, {"57P01", "57P02", "57P03"});
 }
 
+// The dialect's functions name their error's number in a state of their own: "OR013".
+std::optional<Error> FunctionError(std::string_view state) {
+  using Make = Error (*)();
+  constexpr std::array<std::pair<std::string_view, Make>, 5> kStates{{{"OR005", platform::error::InvalidCall},
+                                                                      {"OR006", platform::error::Overflow},
+                                                                      {"OR011", platform::error::DivisionByZero},
+                                                                      {"OR013", platform::error::TypeMismatch},
+                                                                      {"OR093", platform::error::InvalidPattern}}};
+  for (const auto& known : kStates)
+    if (known.first == state) return known.second();
+  return {};
+}
+
 // The name in `relation "orv1_customer.Phones" does not exist`, without its schema.
 std::string MissingTable(const std::string& message) {
   const std::size_t from = message.find('"');
@@ -44,6 +59,7 @@ Error RightsError(Doing doing, const std::string& asked) {
 Error StatementError(const Failure& failure, Doing doing, const std::string& asked) {
   const std::string_view state = failure.state;
   if (IsLoss(failure)) return errors::DiskOrNetwork();
+  if (const auto raised = FunctionError(state)) return *raised;
   if (state == "23505") return errors::DuplicateKey();
   if (state == "23502") return errors::NullInKey();
   if (IsOneOf(state, {"22001", "54000"})) return errors::FieldTooSmall();

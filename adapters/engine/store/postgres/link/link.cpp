@@ -21,11 +21,11 @@ std::string FieldOf(const PGresult* result, int field) {
   return text == nullptr ? std::string() : std::string(text);
 }
 
-Failure FailureOf(const PGresult* result, bool lost) {
+}  // namespace
+
+Failure FailureOf(const pg_result* result, bool lost) {
   return {FieldOf(result, PG_DIAG_SQLSTATE), FieldOf(result, PG_DIAG_MESSAGE_PRIMARY), FieldOf(result, PG_DIAG_CONSTRAINT_NAME), lost};
 }
-
-}  // namespace
 
 void ClearResult::operator()(pg_result* result) const noexcept { PQclear(result); }
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "engine/store/postgres/link/copy_rows.h"
 #include "engine/store/postgres/link/run.h"
 #include "engine/store/postgres/link/target.h"
 
@@ -12,11 +13,12 @@ struct pg_conn;
 
 namespace engine::postgres {
 
-/// How long things may take, in milliseconds.
+/// How long things may take, in milliseconds, and how much of others' work a write keeps off.
 struct Patience {
   int lock = 2'000;        ///< for others' locks
   int connect = 10'000;    ///< for all hosts together
   int silence = 120'000;   ///< for a server that takes what it is sent and answers nothing
+  bool wholeFiles = false; ///< whoever writes in a unit locks all tables of the schema
 };
 
 /// The connection to one database of a server: it sends trips, one at a time, and takes their answers without ever blocking: while
@@ -36,6 +38,8 @@ class Link {
 
   /// Sends it. The answer to the one before must have been taken whole.
   std::shared_ptr<Run> Send(const Trip& trip);
+  /// Rows for a table by COPY, which has the connection until it goes. The answer to the last trip must have been taken whole.
+  std::unique_ptr<CopyRows> Copy(const std::string& copy) { return std::make_unique<CopyRows>(connection_, copy); }
   /// Waits for a row, or the end.
   void Take(Run& run);
   /// Waits for the end and keeps what comes, or throws it away where it isn't wanted.

@@ -18,6 +18,9 @@ struct ClearResult {
 };
 using Result = std::unique_ptr<pg_result, ClearResult>;
 
+/// What a failed result says.
+Failure FailureOf(const pg_result* result, bool lost);
+
 /// A parameter as it travels. Texts go as they are, with their length; numbers in words.
 struct Parameter {
   enum class Kind : std::uint8_t { Null, Whole, Real, Text } kind = Kind::Null;
@@ -34,6 +37,7 @@ struct Trip {
   std::vector<std::string> behind;  ///< statements without rows
   bool guarded = false;             ///< stands behind a savepoint that a failure must go back to
   bool asksNumber = false;          ///< the transaction's own number is asked for, behind the statement
+  std::string schema;               ///< that the statement speaks of first
 };
 
 /// The answer to a trip, as far as it has come. Rows come as they are taken, and all of them before another trip begins.

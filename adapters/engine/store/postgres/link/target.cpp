@@ -5,12 +5,10 @@
 
 #include "engine/errors.h"
 #include "engine/store/postgres/wording/names.h"
-#include "platform/values/text.h"
+#include "platform/services/data_path.h"
 
 namespace engine::postgres {
 namespace {
-
-constexpr std::string_view kScheme = "postgresql://";
 
 // Nothing of the value is repeated: it may be a password.
 platform::Error TellsTooMuch() {
@@ -93,15 +91,11 @@ std::string SchemaOf(std::string_view company, std::string_view file) {
 
 }  // namespace
 
-bool IsServerPath(std::string_view path) {
-  return path.size() >= kScheme.size() && platform::EqualsNoCase(path.substr(0, kScheme.size()), kScheme);
-}
-
 Target ParseTarget(std::string_view path) {
   if (path.find_first_of("@?#") != std::string_view::npos) throw TellsTooMuch();
   const platform::Error wrong = errors::InvalidPath(path);
-  if (!IsServerPath(path)) throw wrong;
-  std::vector<std::string> pieces = SplitAt(path.substr(kScheme.size()), '/');
+  if (!platform::IsServerPath(path)) throw wrong;
+  std::vector<std::string> pieces = SplitAt(path.substr(platform::kServerScheme.size()), '/');
   if (pieces.size() != 3 && pieces.size() != 4) throw wrong;
 
   Target target;

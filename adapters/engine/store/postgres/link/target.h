@@ -13,12 +13,11 @@ struct Target {
   std::string database;
   std::string schema;    ///< "orv1_customer" for customer.zdb of the company orv1
 
+  /// The database, in words that no other one has.
+  std::string DatabaseName() const { return hosts + ' ' + ports + ' ' + database; }
   /// Whether one connection serves both.
   bool SameDatabase(const Target& other) const { return hosts == other.hosts && ports == other.ports && database == other.database; }
 };
-
-/// Whether a path names a file on a server.
-bool IsServerPath(std::string_view path);
 
 /// Raises 3044 for what can't be one. A value with a user, a password or options in it is never repeated in the message.
 Target ParseTarget(std::string_view path);

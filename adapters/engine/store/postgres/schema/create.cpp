@@ -3,6 +3,7 @@
 #include "engine/store/counter_field.h"
 #include "engine/store/postgres/schema/definitions.h"
 #include "engine/store/postgres/schema/field_words.h"
+#include "engine/store/postgres/schema/functions/functions.h"
 #include "engine/store/postgres/schema/key_function.h"
 #include "engine/store/postgres/wording/key_columns.h"
 #include "engine/store/postgres/wording/names.h"
@@ -85,6 +86,7 @@ std::string SequenceOf(std::string_view schema, std::string_view table) { return
 std::vector<std::string> CreateSchemaTexts(std::string_view schema) {
   std::vector<std::string> texts{"CREATE SCHEMA " + QuoteName(schema)};
   for (std::string& text : KeyFunctionTexts(schema)) texts.push_back(std::move(text));
+  for (std::string& text : FunctionTexts(schema)) texts.push_back(std::move(text));
   for (std::string& text : CreateWordTexts(schema)) texts.push_back(std::move(text));
   texts.push_back("CREATE TABLE " + Own(schema, kInfoTable) + " (key text PRIMARY KEY, value text)");
   texts.push_back("CREATE TABLE " + Own(schema, kLinksTable) + " (number bigint GENERATED ALWAYS AS IDENTITY PRIMARY KEY, name text, path text, source text)");

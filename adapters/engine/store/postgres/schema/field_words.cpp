@@ -39,6 +39,13 @@ std::string DeclaredType(std::string_view schema, const platform::FieldDefinitio
   return {};
 }
 
+std::string TypeText(const platform::FieldDefinition& field) {
+  if (field.type == FieldType::Text) return "Text(" + std::to_string(field.size) + ')';
+  for (const Word& word : kWords)
+    if (word.type == field.type) return std::string(word.name);
+  return "Counter";
+}
+
 std::optional<FieldType> ParseType(const ColumnType& type, int& size) {
   size = 0;
   if (type.ownWord) {

@@ -16,6 +16,9 @@ std::vector<std::string> CreateWordTexts(std::string_view schema);
 /// A field's type as its column declares it. Not for Counters, which the server numbers.
 std::string DeclaredType(std::string_view schema, const platform::FieldDefinition& field);
 
+/// A field's type for messages: "Text(30)", "Long", "Counter".
+std::string TypeText(const platform::FieldDefinition& field);
+
 /// A column's type as the server tells it.
 struct ColumnType {
   std::string_view name;

@@ -1,5 +1,7 @@
 #include "engine/store/postgres/wording/dialect.h"
 
+#include <array>
+
 #include "engine/store/postgres/text/like_regex.h"
 #include "engine/store/postgres/text/text_key.h"
 #include "engine/store/postgres/wording/key_columns.h"
@@ -25,9 +27,14 @@ std::string FieldKey(const platform::TableDefinition& table, const platform::Fie
 std::string LikeTest(const std::string& value, const std::string& regex) { return LikeSubject(value) + " ~ " + regex; }
 
 const TextKeys& Keys() {
-  static const TextKeys keys{.ofText = TextKey, .ofField = FieldKey, .function = std::string(kTextKeyFunction)};
+  static const TextKeys keys{.ofText = TextKey, .ofField = FieldKey, .function = std::string(kTextKeyFunction), .behind = " COLLATE \"C\""};
   return keys;
 }
+
+constexpr std::array<std::string_view, 30> kUncounted{
+    "f_addlong", "f_sublong", "f_mullong",  "f_neglong", "f_addcur",  "f_subcur", "f_timescur", "f_negcur", "f_addreal", "f_subreal",
+    "f_mulreal", "f_divreal", "c_addlong",  "c_sublong", "c_mullong", "c_neglong", "c_addcur",  "c_subcur", "c_timescur", "c_negcur",
+    "c_addreal", "c_subreal", "c_mulreal",  "c_divreal", "coalesce",  "lower",    "rtrim",      "chr",      "text_key",  "array_agg"};
 
 constexpr LikeForms kLikeForms{.ofPattern = LikeRegex, .test = LikeTest};
 
@@ -52,13 +59,17 @@ const Dialect& ServerDialect() {
       .cellPrefix = "c_",
       .cellBegin = "begin",
       .cell = "cell",
+      .arithmeticCalls = true,
+      .rowsInOrder = false,
+      .uncounted = kUncounted,
       .joinInOrder = " JOIN ",
-      .least = "least",
-      .greatest = "greatest",
+      .joinAll = " CROSS JOIN ",
+      .least = "least_of",
+      .greatest = "greatest_of",
       .nullsAscending = " NULLS FIRST",
       .nullsDescending = " NULLS LAST",
-      .insertLenient = "INSERT INTO",
-      .updateLenient = "UPDATE",
+      .insertLenient = "",
+      .updateLenient = "",
       .givingBack = " RETURNING ",
       .nesting = 20,
   };

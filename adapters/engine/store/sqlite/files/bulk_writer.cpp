@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <cassert>
 
-#include "engine/data_file.h"
 #include "engine/errors.h"
 #include "engine/store/sqlite/connection.h"
 #include "engine/store/sqlite/data_files.h"
+#include "engine/store/sqlite/files/tools.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
 #include "engine/values/field_values.h"
@@ -91,8 +91,12 @@ class TableBulkWriter final : public BulkWriter {
 
 }  // namespace
 
+namespace files {
+
 std::unique_ptr<BulkWriter> OpenBulkWriter(const std::string& path, std::string_view table, std::span<const std::string> fields) {
   return std::make_unique<TableBulkWriter>(path, table, fields);
 }
+
+}  // namespace files
 
 }  // namespace engine

@@ -1,4 +1,3 @@
-#include "engine/data_file.h"
 
 #include <fcntl.h>
 #include <sqlite3.h>
@@ -12,6 +11,7 @@
 #include "engine/store/sqlite/data_files.h"
 #include "engine/store/sqlite/files/copy_file.h"
 #include "engine/store/sqlite/files/opened_file.h"
+#include "engine/store/sqlite/files/tools.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
 #include "engine/text/text_order.h"
@@ -87,6 +87,8 @@ bool MoveIntoPlace(const std::string& from, const std::string& to) {
   return true;
 }
 
+namespace files {
+
 void CreateDataFile(const std::string& path, std::span<const platform::TableDefinition> tables, bool workFile) {
   RequireNewPath(path);
   const UnfinishedFile file(path);
@@ -100,5 +102,13 @@ void CreateDataFile(const std::string& path, std::span<const platform::TableDefi
   }
   if (!MoveIntoPlace(file.Path(), path)) throw FileExistsAlready(path);
 }
+
+bool DataFileExists(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
+
+void RemoveDataFile(const std::string& path) {
+  for (const char* suffix : {"-wal", "-shm", "-journal", ""}) std::remove((path + suffix).c_str());
+}
+
+}  // namespace files
 
 }  // namespace engine

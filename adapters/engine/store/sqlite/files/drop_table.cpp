@@ -1,12 +1,14 @@
 #include <algorithm>
 
-#include "engine/data_file.h"
 #include "engine/errors.h"
 #include "engine/store/sqlite/files/opened_file.h"
+#include "engine/store/sqlite/files/tools.h"
 #include "engine/store/sqlite/names.h"
 #include "platform/values/text.h"
 
 namespace engine {
+
+namespace files {
 
 void DropTable(const std::string& path, std::string_view table) {
   OpenedFile opened(path);
@@ -24,5 +26,7 @@ void DropTable(const std::string& path, std::string_view table) {
     throw errors::ObjectNotFound(table);
   }
 }
+
+}  // namespace files
 
 }  // namespace engine

@@ -1,13 +1,15 @@
 #include <span>
 #include <vector>
 
-#include "engine/data_file.h"
 #include "engine/errors.h"
 #include "engine/store/link_paths.h"
 #include "engine/store/sqlite/files/opened_file.h"
+#include "engine/store/sqlite/files/tools.h"
 #include "engine/store/sqlite/names.h"
 
 namespace engine {
+
+namespace files {
 
 std::vector<FileLink> LinksOf(const std::string& path) {
   const OpenedFile opened(path);
@@ -29,5 +31,7 @@ void PointLinks(const std::string& path, std::span<const FileLink> links) {
   }
   transaction.Commit();
 }
+
+}  // namespace files
 
 }  // namespace engine

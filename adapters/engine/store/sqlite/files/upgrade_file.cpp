@@ -3,8 +3,8 @@
 
 #include "engine/data_file.h"
 #include "engine/errors.h"
+#include "engine/store/find_by_name.h"
 #include "engine/store/sqlite/files/copy_file.h"
-#include "engine/store/sqlite/files/find_by_name.h"
 #include "engine/store/sqlite/files/opened_file.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"

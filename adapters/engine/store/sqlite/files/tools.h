@@ -1,0 +1,19 @@
+#pragma once
+
+#include "engine/data_file.h"
+
+/// The work of data_file.h on files.
+namespace engine::files {
+
+bool DataFileExists(const std::string& path);
+void CreateDataFile(const std::string& path, std::span<const platform::TableDefinition> tables, bool workFile);
+void RemoveDataFile(const std::string& path);
+std::unique_ptr<BulkWriter> OpenBulkWriter(const std::string& path, std::string_view table, std::span<const std::string> fields);
+std::unique_ptr<NewDataFile> MakeDataFile(const std::string& path, std::span<const platform::TableDefinition> tables);
+std::int64_t LastNumberOf(const std::string& path, std::string_view table);
+std::vector<std::string> CheckDataFile(const std::string& path, std::span<const platform::TableDefinition> expected);
+std::vector<FileLink> LinksOf(const std::string& path);
+void PointLinks(const std::string& path, std::span<const FileLink> links);
+void DropTable(const std::string& path, std::string_view table);
+
+}  // namespace engine::files

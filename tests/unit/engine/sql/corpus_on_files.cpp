@@ -1,0 +1,7 @@
+#include "unit/engine/sql/corpus_files.h"
+
+namespace corpus {
+
+const Place& OwnPlace() { return Files(); }
+
+}  // namespace corpus

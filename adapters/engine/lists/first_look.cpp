@@ -47,33 +47,47 @@ FirstLook::Costs FirstLook::CostsFor(std::int64_t rows) {
   return {15, 24, 15};
 }
 
-// How many rows stand before the end of the page, as far as the rows seen tell. That many may have come together by chance counts for
-// less where a driver tells how many rows the list can have: what it says weighs as much as some rows found.
-double FirstLook::RowsToLookAt() const {
-  constexpr double kWeight = 32;
-  const auto page = static_cast<double>(kPage);
-  const auto looked = static_cast<double>(looked_);
-  const double seen = page * std::max(looked, 1.0) / std::max(0.7, static_cast<double>(Hits()));
+// How many rows the list can have at most, as a driver tells. A driver with several values tells of the first of them alone: that is
+// found out where far more rows are seen than it allows.
+std::optional<double> FirstLook::ToldRows() const {
   const std::optional<double> rows = leads_.FewestLikely();
-  if (!rows || *rows < 1) return seen;
+  if (!rows || span_ == 0) return {};
+  const double expected = static_cast<double>(looked_) * *rows / static_cast<double>(span_);
+  if (static_cast<double>(Hits()) > expected + 3 * std::sqrt(expected) + 3) return {};
+  return std::max(*rows, 1.0);
+}
+
+// How many rows stand before the end of the page, as far as the rows seen tell.
+double FirstLook::RowsToLookAt() const {
+  return static_cast<double>(kPage) * static_cast<double>(std::max<std::int64_t>(looked_, 1)) / std::max(0.7, static_cast<double>(Hits()));
+}
+
+// The same, but that some have come together by chance counts for less where a driver tells how many rows the list can have: what it
+// says weighs as much as some rows found.
+double FirstLook::LikelyToLookAt() const {
+  constexpr double kWeight = 32;
+  const std::optional<double> rows = ToldRows();
+  if (!rows) return RowsToLookAt();
   const double apart = static_cast<double>(span_) / *rows;
-  return std::max(seen, page * (looked + kWeight * apart) / (static_cast<double>(Hits()) + kWeight));
+  return std::max(RowsToLookAt(), static_cast<double>(kPage) * (static_cast<double>(looked_) + kWeight * apart) /
+                                      (static_cast<double>(Hits()) + kWeight));
 }
 
 // How many rows the list has, as far as those seen tell.
 double FirstLook::LikelyRows() const {
-  if (const std::optional<double> rows = leads_.FewestLikely()) return *rows;
+  if (const std::optional<double> rows = ToldRows()) return *rows;
   return looked_ == 0 ? 0 : static_cast<double>(Hits()) / static_cast<double>(looked_) * static_cast<double>(span_);
 }
 
 // Which part of a trial is worth while, by how the work of a walk stands beside that of following a driver which tells how many rows
 // there are.
 double FirstLook::Promise() const {
-  const std::optional<double> rows = leads_.FewestLikely();
+  constexpr double kInAnyCase = 0.25;
+  const std::optional<double> rows = ToldRows();
   if (!rows) return 1;
-  const double walk = static_cast<double>(kPage) * static_cast<double>(span_) / std::max(*rows, 1.0) * look_;
+  const double walk = static_cast<double>(kPage) * static_cast<double>(span_) / *rows * look_;
   const double share = std::min(1.0, *rows * byKey_ / walk);
-  return share * share * share;
+  return std::max(kInAnyCase, share * share * share);
 }
 
 void FirstLook::WalkOn(std::int64_t rows) {
@@ -234,7 +248,7 @@ void FirstLook::ReadFirst() {
 // are found. `open`: the work of the other ways isn't known yet, only that it is no less than `other`.
 bool FirstLook::Walks(double other, double trial, bool open) {
   for (;;) {
-    const double left = std::max(0.0, RowsToLookAt() - static_cast<double>(looked_)) * look_;
+    const double left = std::max(0.0, LikelyToLookAt() - static_cast<double>(looked_)) * look_;
     // No driver has fewer.
     const double driven = open ? LikelyRows() * byKey_ : 0;
     const double least = std::max(other, std::min(scan_, driven));

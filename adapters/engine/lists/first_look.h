@@ -65,7 +65,9 @@ class FirstLook {
   void WalkOn(std::int64_t rows);
   void RunOn(double rows);
   std::int64_t Hits() const { return static_cast<std::int64_t>(first_.page->Rows()); }
+  std::optional<double> ToldRows() const;
   double RowsToLookAt() const;
+  double LikelyToLookAt() const;
   double LikelyRows() const;
   double Promise() const;
 

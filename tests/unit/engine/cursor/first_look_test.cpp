@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/catalogue/database_catalogue.h"
+#include "engine/catalogue/stores.h"
 #include "engine/lists/first_look.h"
 #include "engine/rows/key_walker.h"
 #include "engine/store/sqlite/sqlite_store.h"
@@ -57,15 +58,16 @@ class FirstLooks : public EngineFolderTest {
   }
 
   void Open(const std::string& statement) {
-    context_ = std::make_unique<EngineContext>(
-        EngineOptions{}, std::make_unique<SqliteStore>(0, [](const std::string&) { return false; }, Clock{}));
-    catalogue_ = std::make_shared<DatabaseCatalogue>(*context_, context_->Open(Path("customer.zdb")), Path("customer.zdb"));
-    const Dialect& dialect = context_->OwnDialect();
+    stores_ = std::make_unique<Stores>(
+        EngineOptions{}, OneStore(std::make_unique<SqliteStore>(0, [](const std::string&) { return false; }, Clock{})));
+    const Stores::Opened opened = stores_->Open(Path("customer.zdb"));
+    catalogue_ = std::make_shared<DatabaseCatalogue>(opened.context, opened.file, Path("customer.zdb"));
+    const Dialect& dialect = opened.context.OwnDialect();
     source_ = std::make_unique<RowSource>(
-        *context_, catalogue_, std::make_shared<const RowShape>(PlanSelect(statement, *catalogue_, dialect), dialect));
+        opened.context, catalogue_, std::make_shared<const RowShape>(PlanSelect(statement, *catalogue_, dialect), dialect));
   }
 
-  std::unique_ptr<EngineContext> context_;
+  std::unique_ptr<Stores> stores_;
   std::shared_ptr<DatabaseCatalogue> catalogue_;
   std::unique_ptr<RowSource> source_;
 };

@@ -6,7 +6,7 @@
 
 #include "engine/errors.h"
 #include "engine/translate/plan/planning.h"
-#include "engine/translate/plan/select_planner.h"
+#include "engine/translate/plan/select_text.h"
 
 namespace engine {
 

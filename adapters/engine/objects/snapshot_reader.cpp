@@ -12,7 +12,7 @@
 #include "engine/rows/row_source.h"
 #include "engine/store/query.h"
 #include "engine/translate/plan/planning.h"
-#include "engine/translate/plan/select_planner.h"
+#include "engine/translate/plan/select_text.h"
 #include "platform/values/text.h"
 
 namespace engine {

@@ -4,6 +4,7 @@
 #include "engine/sql/parser.h"
 #include "engine/translate/plan/action_planner.h"
 #include "engine/translate/plan/select_planner.h"
+#include "engine/translate/plan/select_text.h"
 #include "platform/values/text.h"
 
 namespace engine {

@@ -67,7 +67,9 @@ std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
     // What fails inside a unit is undone by itself, and the unit goes on.
     trip.guarded = true;
     trip.before.push_back("SAVEPOINT guard");
-    if (wholeFiles_ && trip.asksNumber && held_.insert(trip.schema).second) trip.before.push_back(LockText(trip.schema));
+    // What reads for a write inside a longer transaction writes, too, whether it finds a row or not.
+    const bool writes = trip.asksNumber || (units_.size() > 1 && units_.back() == Unit::Kind::Write);
+    if (wholeFiles_ && writes && !trip.schema.empty() && held_.insert(trip.schema).second) trip.before.push_back(LockText(trip.schema));
     trip.behind.push_back("RELEASE SAVEPOINT guard");
   }
   active_ = link_.Send(trip);

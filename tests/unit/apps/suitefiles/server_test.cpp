@@ -99,7 +99,7 @@ TEST_F(SuitefilesOnServer, ACopyThatWasStoppedGoesOn) {
 TEST_F(SuitefilesOnServer, ACopyIsHeldAgainstWhatWasRead) {
   ASSERT_EQ(RunSuitefiles({"create", folder_ / "a", "--company", "1"}).status, 0);
   ASSERT_EQ(RunSuitefiles({"copy", folder_ / "a", Place(), "--company", "1"}).status, 0);
-  Ask("UPDATE orv1_customer.\"PhoneTypes\" SET \"TypeDescription\" = \"TypeDescription\" || 'x' WHERE \"Type\" = '1'");
+  Ask("UPDATE orv1_customer.\"PhoneTypes\" SET \"TypeDescription\" = \"TypeDescription\" || 'x' WHERE \"Type\" = 'H'");
   Ask("DELETE FROM orv1_gl.\"Departments\" WHERE \"DeptNumber\" = (SELECT max(\"DeptNumber\") FROM orv1_gl.\"Departments\")");
   const auto again = RunSuitefiles({"copy", folder_ / "a", Place(), "--company", "1"});
   EXPECT_EQ(again.status, 1);

@@ -53,7 +53,7 @@ class Values {
   explicit Values(unsigned seed) : random_(seed) {}
 
   StoredValue Of(char kind) {
-    if (random_() % 12 == 0) return {};
+    if (kind != 'm' && random_() % 12 == 0) return {};
     switch (kind) {
       case 't':
         return AnyText();
@@ -69,6 +69,8 @@ class Values {
         return Amount();
       case 'd':
         return Date();
+      case 'm':
+        return Moment();
       case 'f':
         return AnyFormat();
       default:
@@ -131,6 +133,12 @@ class Values {
     std::snprintf(text.data(), text.size(), " %02u:%02u:%02u", static_cast<unsigned>(random_() % 24), static_cast<unsigned>(random_() % 60),
                   static_cast<unsigned>(random_() % 60));
     return date + text.data();
+  }
+
+  // What the desk's clock tells, which is always a date.
+  std::string Moment() {
+    static constexpr std::array kSome{"1999-01-31", "2000-02-29 23:59:59", "2026-12-31 10:15:00", "1899-12-30", "0100-01-01 00:00:01"};
+    return OneOf(kSome);
   }
 
   std::string NumberText() {
@@ -228,10 +236,10 @@ class Functions : public ServerTest {
 // A letter an argument, as in Values::Of; functions with a fitting number of arguments behind each other.
 std::vector<std::string> ShapesOf(const StoreFunction& function) {
   static const std::map<std::string_view, std::vector<std::string>> helpers{
-      {"cdate", {"td"}},       {"concat", {"t", "ttt"}}, {"dayof", {"d"}},     {"divide", {"nn"}},    {"fitbyte", {"w"}},  {"fitcur", {"c"}},
-      {"fitlong", {"w"}},      {"fitshort", {"w"}},      {"isdate", {"td"}},   {"intdiv", {"nn"}},    {"modulo", {"nn"}},  {"mulcur", {"cc"}},
+      {"cdate", {"tm"}},       {"concat", {"t", "ttt"}}, {"dayof", {"d"}},     {"divide", {"nn"}},    {"fitbyte", {"w"}},  {"fitcur", {"c"}},
+      {"fitlong", {"w"}},      {"fitshort", {"w"}},      {"isdate", {"tm"}},   {"intdiv", {"nn"}},    {"modulo", {"nn"}},  {"mulcur", {"cc"}},
       {"power", {"nn", "ss"}}, {"serial", {"d"}},        {"textbool", {"n"}},  {"textcur", {"c"}},    {"textdate", {"d"}}, {"textnum", {"n", "r"}},
-      {"timeof", {"d"}},       {"tocur", {"r"}},         {"todate", {"r"}},    {"toreal", {"t"}},     {"format", {"nfd", "tfd"}}, {"formatbool", {"sf"}},
+      {"timeof", {"d"}},       {"tocur", {"r"}},         {"todate", {"r"}},    {"toreal", {"t"}},     {"format", {"nfm", "tfm"}}, {"formatbool", {"sf"}},
       {"formatcur", {"cf"}},   {"formatdate", {"df"}},       {"abs", {"n", "c"}},  {"isnumeric", {"t"}},  {"left", {"ts"}},    {"right", {"ts"}},
       {"mid", {"ts", "tss"}},  {"instr", {"tt", "stt", "ttt"}}, {"space", {"s"}}, {"dateserial", {"nss", "sss"}}};
   if (const auto found = helpers.find(function.name); found != helpers.end()) return found->second;

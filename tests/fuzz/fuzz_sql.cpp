@@ -14,7 +14,7 @@
 #include "engine/store/sqlite/dialect.h"
 #include "engine/text/text_order.h"
 #include "engine/translate/plan/planning.h"
-#include "engine/translate/plan/select_planner.h"
+#include "engine/translate/plan/select_text.h"
 #include "platform/values/text.h"
 
 // Any text as a statement and as a criterion: only the engine's errors come out, printing and parsing again changes

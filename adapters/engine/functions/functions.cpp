@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include "engine/functions/stored_value.h"
 #include "platform/values/calendar.h"
@@ -67,7 +68,9 @@ Result CBool(Arguments a) { return Truth(platform::CBool(ValueOf(a[0]))); }
 Result Int(Arguments a) { return std::floor(RealOf(a[0])); }
 Result Fix(Arguments a) { return std::trunc(RealOf(a[0])); }
 Result Abs(Arguments a) {
-  if (const auto* whole = std::get_if<std::int64_t>(&a[0])) return *whole < 0 ? -*whole : *whole;
+  // The lowest one has no counterpart, and stays.
+  if (const auto* whole = std::get_if<std::int64_t>(&a[0]))
+    return *whole < 0 && *whole != std::numeric_limits<std::int64_t>::min() ? -*whole : *whole;
   return std::fabs(RealOf(a[0]));
 }
 Result Sgn(Arguments a) {
@@ -95,9 +98,12 @@ Result Weekday(Arguments a) {
 }
 Result DateSerial(Arguments a) {
   // Months and days outside their range carry over.
-  const int months = CountOf(a[1]) - 1;
-  const int carry = static_cast<int>(std::floor(months / 12.0));
-  const std::optional<platform::Date> first = platform::DateSerial(CountOf(a[0]) + carry, months - carry * 12 + 1, 1);
+  constexpr std::int64_t kNoYear = -1;
+  constexpr std::int64_t kBehindAllYears = 10'000;
+  const std::int64_t months = std::int64_t{CountOf(a[1])} - 1;
+  const std::int64_t carry = (months >= 0 ? months : months - 11) / 12;
+  const std::int64_t year = std::clamp(CountOf(a[0]) + carry, kNoYear, kBehindAllYears);
+  const std::optional<platform::Date> first = platform::DateSerial(static_cast<int>(year), static_cast<int>(months - carry * 12 + 1), 1);
   if (!first) throw platform::error::InvalidCall();
   return IsoOfSerial(first->serial + CountOf(a[2]) - 1);
 }

@@ -250,6 +250,8 @@ TEST_F(ExpressionRows, Dates) {
   EXPECT_EQ(Give("Weekday(#1/3/1999#)"), "1");
   EXPECT_EQ(Give("Hour(W)", 2), "18");
   EXPECT_EQ(Give("DateSerial(1999, 14, 0)"), "#1/31/2000#");
+  EXPECT_EQ(Give("DateSerial(1999, -10, 1)"), "#2/1/1998#");
+  EXPECT_EQ(Give("DateSerial(178958969, -2147483647, 1)"), "#5/1/1998#");
   ExpectEmptyCell(6, "#12/31/9999# + 1");
 }
 

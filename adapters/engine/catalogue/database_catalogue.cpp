@@ -25,7 +25,9 @@ const ResolvedTable* DatabaseCatalogue::FindIn(EngineContext& context, const std
   const std::string key = (elsewhere ? "!" : "") + file->Qualifier() + (linked ? "@" : ".") + platform::ToLowerAscii(name);
   const std::int64_t version = file->SchemaVersion();
   std::unique_ptr<ResolvedTable>& known = known_[key];
-  if (known != nullptr && known->schemaVersion == version) return known.get();
+  // Several other stores may have a file of that name each.
+  const bool same = known != nullptr && (!elsewhere || known->elsewhere == &context.OwnStore());
+  if (same && known->schemaVersion == version) return known.get();
 
   const std::string stored = file->StoredName(name);
   if (known != nullptr) outdated_.push_back(std::move(known));

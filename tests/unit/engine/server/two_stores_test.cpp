@@ -211,6 +211,20 @@ TEST_F(TwoStores, DatabasesOfOneServerAreStoresOfTheirOwn) {
   server_.DropDatabase(database_ + "b");
 }
 
+// One company's rows never land in another's, however alike the two are.
+TEST_F(TwoStores, RowsGoIntoTheCompanyThatIsNamed) {
+  server_.CreateDatabase(database_ + "c", database_);
+  const std::string second = server_.PathOf(database_ + "c") + "orv1/customer.zdb";
+  const auto temp = Open(Temp());
+  temp->Execute("INSERT INTO Work ( ID, Name ) VALUES (7, 'local')", platform::dbFailOnError);
+  temp->Execute("INSERT INTO People ( ID, Name ) IN '" + Customer() + "' SELECT ID, Name FROM Work", platform::dbFailOnError);
+  temp->Execute("INSERT INTO People ( ID, Name ) IN '" + second + "' SELECT ID + 1 AS ID, Name FROM Work", platform::dbFailOnError);
+  EXPECT_THAT(Rows(Open(Customer()), "SELECT ID, Name FROM People"), ElementsAre("7 local"));
+  EXPECT_THAT(Rows(Open(second), "SELECT ID, Name FROM People"), ElementsAre("8 local"));
+  made_.reset();
+  server_.DropDatabase(database_ + "c");
+}
+
 TEST_F(TwoStores, TablesWithoutAJoinGoEachWithEach) {
   const auto people = Open(Customer());
   for (const char* name : {"Ann", "Bob"}) Add(people, name, 30);

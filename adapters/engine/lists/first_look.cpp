@@ -212,17 +212,15 @@ void FirstLook::TakeInOrder(RowPage& rows, std::vector<OrderPlace>& places, bool
   const auto same = [&](std::size_t left, std::size_t right) { return places[left].rowKey == places[right].rowKey; };
   order.erase(std::unique(order.begin(), order.end(), same), order.end());
   RowPage& page = *first_.page;
-  page.cells.clear();
+  page.cells.Clear();
   page.keys.clear();
   if (!withRows) {
     for (const std::size_t row : order) first_.ordered.push_back(places[row].rowKey);
     return;
   }
-  page.cells.reserve(order.size() * rows.columns);
+  page.cells.Reserve(order.size() * rows.columns);
   for (const std::size_t row : order) {
-    const auto cells = rows.cells.begin() + static_cast<std::ptrdiff_t>(row * rows.columns);
-    page.cells.insert(page.cells.end(), std::make_move_iterator(cells),
-                      std::make_move_iterator(cells + static_cast<std::ptrdiff_t>(rows.columns)));
+    page.cells.Add(rows.cells, row * rows.columns, rows.columns);
     page.keys.push_back(places[row].rowKey);
   }
 }

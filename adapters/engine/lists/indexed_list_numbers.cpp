@@ -221,12 +221,9 @@ std::vector<platform::ListRow> IndexedList::Rows(const Place* from, bool forward
   std::vector<platform::ListRow> shown;
   shown.reserve(static_cast<std::size_t>(count));
   walker_->Read(request, [&](const Query& read) {
-    RowPage page(Source().Fields().size(), 1);
-    page.cells.reserve(page.columns);
-    Source().ReadCells(read, 0, page);
     Place at;
     at.keys.assign(1, read.Int(walker_->RowKeyAt(false)));
-    shown.push_back({{Source().Set(), KeyOf(at)}, std::move(page.cells)});
+    shown.push_back({{Source().Set(), KeyOf(at)}, Source().ReadValues(read, 0)});
     return true;
   });
   if (!forward) std::ranges::reverse(shown);

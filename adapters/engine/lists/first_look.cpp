@@ -185,7 +185,7 @@ void FirstLook::Fetch(DrivenKeys driven) {
   const std::string columns = (withRows ? source_.ColumnList() + ", " : "") + rows_->KeyColumns();
   TakeAll(withRows, [&](const PiecewiseScan::Take& take) {
     if (driven.keys.empty()) return;
-    PiecewiseScan scan(source_, columns, driven.driver->rest, std::move(driven.keys));
+    PiecewiseScan scan(source_, columns, driven.driver->rest, driven.keys);
     while (scan.Next(take)) source_.Store().ServePainting();
   });
 }
@@ -232,7 +232,7 @@ void FirstLook::ReadFirst() {
   std::ranges::sort(keys);
   RowPage read(first_.page->columns, 1);
   std::vector<OrderPlace> places;
-  PiecewiseScan scan(source_, source_.ColumnList() + ", " + rows_->KeyColumns(), "", std::move(keys));
+  PiecewiseScan scan(source_, source_.ColumnList() + ", " + rows_->KeyColumns(), "", keys);
   const auto take = [&](const Query& row) {
     rows_->AppendRow(row, read);
     places.push_back(rows_->PlaceAt(row, false));

@@ -31,7 +31,8 @@ std::optional<std::int64_t> CountDriven(RowSource& source) {
       keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
     }
     std::int64_t count = 0;
-    PiecewiseScan scan(source, "count(*)", driver.rest, std::move(keys));
+    PiecewiseScan scan(source, "count(*)", driver.rest, keys);
+    keys = {};
     ReadAll(source, scan, [&count](const Query& row) { count += row.Int(0); });
     return count;
   }

@@ -77,7 +77,10 @@ int main(int count, char** words) {
     const auto data = workspace->OpenDatabase(std::string(words[1]) + "/data/orv1/customer.zdb");
     const std::string option = count > 2 ? words[2] : "";
     if (option == "--queries")
-      for (const std::string& statement : QueryResults()) Work(*data, statement, false);
+      for (const std::string& statement : QueryResults()) {
+        Work(*data, statement, false);
+        std::cout << "so far " << bench::PeakMemory() << " MiB: " << statement << '\n';
+      }
     else
       Work(*data, wholeList, option == "--write");
     const double peak = bench::PeakMemory();

@@ -185,7 +185,7 @@ void FirstLook::Fetch(DrivenKeys driven) {
   const std::string columns = (withRows ? source_.ColumnList() + ", " : "") + rows_->KeyColumns();
   TakeAll(withRows, [&](const PiecewiseScan::Take& take) {
     if (driven.keys.empty()) return;
-    PiecewiseScan scan(source_, columns, driven.driver->rest, std::move(driven.keys));
+    PiecewiseScan scan(source_, columns, driven.driver->rest, driven.keys);
     while (scan.Next(take)) source_.Store().ServePainting();
   });
 }
@@ -212,17 +212,15 @@ void FirstLook::TakeInOrder(RowPage& rows, std::vector<OrderPlace>& places, bool
   const auto same = [&](std::size_t left, std::size_t right) { return places[left].rowKey == places[right].rowKey; };
   order.erase(std::unique(order.begin(), order.end(), same), order.end());
   RowPage& page = *first_.page;
-  page.cells.clear();
+  page.cells.Clear();
   page.keys.clear();
   if (!withRows) {
     for (const std::size_t row : order) first_.ordered.push_back(places[row].rowKey);
     return;
   }
-  page.cells.reserve(order.size() * rows.columns);
+  page.cells.Reserve(order.size() * rows.columns);
   for (const std::size_t row : order) {
-    const auto cells = rows.cells.begin() + static_cast<std::ptrdiff_t>(row * rows.columns);
-    page.cells.insert(page.cells.end(), std::make_move_iterator(cells),
-                      std::make_move_iterator(cells + static_cast<std::ptrdiff_t>(rows.columns)));
+    page.cells.Add(rows.cells, row * rows.columns, rows.columns);
     page.keys.push_back(places[row].rowKey);
   }
 }
@@ -234,7 +232,7 @@ void FirstLook::ReadFirst() {
   std::ranges::sort(keys);
   RowPage read(first_.page->columns, 1);
   std::vector<OrderPlace> places;
-  PiecewiseScan scan(source_, source_.ColumnList() + ", " + rows_->KeyColumns(), "", std::move(keys));
+  PiecewiseScan scan(source_, source_.ColumnList() + ", " + rows_->KeyColumns(), "", keys);
   const auto take = [&](const Query& row) {
     rows_->AppendRow(row, read);
     places.push_back(rows_->PlaceAt(row, false));

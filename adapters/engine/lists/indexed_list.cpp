@@ -202,7 +202,7 @@ void IndexedList::ReadTableRows(const Place* from, bool forward, std::int64_t li
   request.from = from != nullptr ? &place : nullptr;
   request.limit = limit + static_cast<std::int64_t>(pinned_.size());
   std::vector<std::size_t> dropped;
-  page.cells.reserve(static_cast<std::size_t>(limit) * page.columns);
+  page.cells.Reserve(static_cast<std::size_t>(limit) * page.columns);
   page.keys.reserve(static_cast<std::size_t>(limit));
   const std::int64_t read = walker_->Read(request, [&](const Query& row) {
     if (pinned_.empty() || !pinned_.contains(row.Int(walker_->RowKeyAt(false)))) walker_->AppendRow(row, page);
@@ -213,9 +213,7 @@ void IndexedList::ReadTableRows(const Place* from, bool forward, std::int64_t li
   // Read against the list's direction: turned round.
   const std::size_t rows = page.Rows();
   for (std::size_t i = 0; i < rows / 2; ++i) {
-    std::swap_ranges(page.cells.begin() + static_cast<std::ptrdiff_t>(i * page.columns),
-                     page.cells.begin() + static_cast<std::ptrdiff_t>((i + 1) * page.columns),
-                     page.cells.begin() + static_cast<std::ptrdiff_t>((rows - 1 - i) * page.columns));
+    page.cells.Swap(i * page.columns, (rows - 1 - i) * page.columns, page.columns);
     std::swap(page.keys[i], page.keys[rows - 1 - i]);
   }
 }
@@ -250,9 +248,9 @@ void IndexedList::MergePinned(const Place* from, bool forward, bool ended, Segme
 
   auto page = NewPage();
   for (const Entry& entry : entries) {
-    const platform::Value* cells = entry.place.page->CellsOf(entry.place.row);
-    page->cells.insert(page->cells.end(), cells, cells + Source().Fields().size());
-    page->cells.insert(page->cells.end(), entry.place.order.begin(), entry.place.order.end());
+    const RowPage& read = *entry.place.page;
+    page->cells.Add(read.cells, entry.place.row * read.columns, Source().Fields().size());
+    for (const platform::Value& key : entry.place.order) page->cells.Add(key);
     page->keys.push_back(entry.place.keys[0]);
     segment.added.push_back(entry.place.added);
   }
@@ -272,7 +270,7 @@ int IndexedList::ComparePlaces(const Place& left, const Place& right) const {
 bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
   Segment single;
   auto page = NewPage();
-  page->cells.reserve(page->columns);
+  page->cells.Reserve(page->columns);
   if (!walker_->ReadRow(rowKey, [&](const Query& row) {
         walker_->AppendRow(row, *page);
         return true;

@@ -31,7 +31,8 @@ std::optional<std::int64_t> CountDriven(RowSource& source) {
       keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
     }
     std::int64_t count = 0;
-    PiecewiseScan scan(source, "count(*)", driver.rest, std::move(keys));
+    PiecewiseScan scan(source, "count(*)", driver.rest, keys);
+    keys = {};
     ReadAll(source, scan, [&count](const Query& row) { count += row.Int(0); });
     return count;
   }
@@ -221,12 +222,9 @@ std::vector<platform::ListRow> IndexedList::Rows(const Place* from, bool forward
   std::vector<platform::ListRow> shown;
   shown.reserve(static_cast<std::size_t>(count));
   walker_->Read(request, [&](const Query& read) {
-    RowPage page(Source().Fields().size(), 1);
-    page.cells.reserve(page.columns);
-    Source().ReadCells(read, 0, page);
     Place at;
     at.keys.assign(1, read.Int(walker_->RowKeyAt(false)));
-    shown.push_back({{Source().Set(), KeyOf(at)}, std::move(page.cells)});
+    shown.push_back({{Source().Set(), KeyOf(at)}, Source().ReadValues(read, 0)});
     return true;
   });
   if (!forward) std::ranges::reverse(shown);

@@ -107,7 +107,6 @@ void SortedFeed::Begin() {
     return CollectAll("SELECT " + columns + " FROM " + plan.from + source_.OwnDialect().withoutIndex);
   }
   if (plan.asksOtherTables && !plan.asksByRow) return CollectAll("SELECT " + columns + " FROM " + plan.from + " WHERE " + plan.where);
-  if (likelyRows_ > 0) entries_.reserve(static_cast<std::size_t>(likelyRows_) + static_cast<std::size_t>(likelyRows_) / 4);
   if (driven_.driver == nullptr && !plan.drivers.empty()) {
     FirstLook look(source_, nullptr, nullptr, descending_ ? Direction::Down : Direction::Up);
     // In idle time the rows of this table are looked at piece by piece; another's would all be looked at in one go.
@@ -115,9 +114,11 @@ void SortedFeed::Begin() {
     driven_ = look.Run().driven;
   }
   if (driven_.driver != nullptr)
-    scan_ = std::make_unique<PiecewiseScan>(source_, columns, driven_.driver->rest, std::move(driven_.keys));
+    scan_ = std::make_unique<PiecewiseScan>(source_, columns, driven_.driver->rest, driven_.keys);
   else
     scan_ = std::make_unique<PiecewiseScan>(source_, columns, plan.rowWhere);
+  driven_.keys = {};  // the scan has them in less room
+  if (likelyRows_ > 0) entries_.reserve(static_cast<std::size_t>(likelyRows_) + static_cast<std::size_t>(likelyRows_) / 4);
 }
 
 // A part of the collecting; false when there is nothing left to collect.
@@ -206,6 +207,7 @@ bool SortedFeed::More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPa
     while (CollectSome()) source_.Store().ServePainting();
     oneState.Commit();
   }
+  keys.reserve(keys.size() + entries_.size() - given_);  // all that will come: a growing list would hold it twice
   std::size_t delivered = 0;
   while (delivered < wanted && !ends_.empty()) {
     while (SplitFirst()) {

@@ -83,7 +83,7 @@ void KeysetList::ReadMore(std::size_t wanted, bool withRows) {
   mixed_ = mixed_ || filledVersion_ != blocksVersion_;
   const std::size_t before = state_.size();
   auto page = std::make_shared<RowPage>(Source().Fields().size(), Source().KeyCount());
-  if (withRows) page->cells.reserve(wanted * page->columns);
+  if (withRows) page->cells.Reserve(wanted * page->columns);
   complete_ = !feed_->More(keys_, wanted, withRows && !mixed_ ? page.get() : nullptr);
   if (mixed_) DropKnownKeys(before);
   state_.resize(keys_.size() / Source().KeyCount(), State::Alive);
@@ -214,7 +214,7 @@ const KeysetList::Block& KeysetList::ReadBlock(std::int64_t ordinal, bool forwar
   block.first = forward ? ordinal : std::max<std::int64_t>(0, ordinal - size + 1);
   const std::int64_t end = forward ? std::min(Size(), ordinal + size) : ordinal + 1;
   auto page = std::make_shared<RowPage>(Source().Fields().size(), Source().KeyCount());
-  page->cells.reserve(static_cast<std::size_t>(end - block.first) * page->columns);
+  page->cells.Reserve(static_cast<std::size_t>(end - block.first) * page->columns);
   if (!ReadAlongIndex(block, end, *page)) ReadByKeys(block, end, *page);
   block.page = std::move(page);
   blocks_.push_front(std::move(block));
@@ -251,7 +251,7 @@ bool KeysetList::ReadAlongIndex(Block& block, std::int64_t end, RowPage& page) {
   });
   if (read) return true;
   block.rows.clear();
-  page.cells.clear();
+  page.cells.Clear();
   page.keys.clear();
   return false;
 }

@@ -86,12 +86,9 @@ std::vector<platform::ListRow> KeysetList::Rows(const Place* from, bool forward,
   const std::int64_t end = numbers.back() + 1;
   if (end - numbers.front() == static_cast<std::int64_t>(numbers.size())) {
     const bool read = AlongIndex(numbers.front(), end, [&](const Query& row) {
-      RowPage cells(Source().Fields().size(), 1);
-      cells.cells.reserve(cells.columns);
-      Source().ReadCells(row, 0, cells);
       Place place;
       SetPlace(place, numbers[rows.size()]);
-      rows.push_back({{Source().Set(), KeyOf(place)}, std::move(cells.cells)});
+      rows.push_back({{Source().Set(), KeyOf(place)}, Source().ReadValues(row, 0)});
     });
     if (read) return rows;
     rows.clear();
@@ -99,7 +96,7 @@ std::vector<platform::ListRow> KeysetList::Rows(const Place* from, bool forward,
   Block block;
   block.first = numbers.front();
   RowPage page(Source().Fields().size(), Source().KeyCount());
-  page.cells.reserve(static_cast<std::size_t>(end - block.first) * page.columns);
+  page.cells.Reserve(static_cast<std::size_t>(end - block.first) * page.columns);
   ReadByKeys(block, end, page);
   for (const std::int64_t number : numbers) {
     Place place;
@@ -107,8 +104,7 @@ std::vector<platform::ListRow> KeysetList::Rows(const Place* from, bool forward,
     rows.push_back(ShownRow(place));
     const int row = block.rows[static_cast<std::size_t>(number - block.first)];
     if (row < 0) continue;
-    const auto cells = page.cells.begin() + static_cast<std::ptrdiff_t>(static_cast<std::size_t>(row) * page.columns);
-    rows.back().cells.assign(std::make_move_iterator(cells), std::make_move_iterator(cells + static_cast<std::ptrdiff_t>(page.columns)));
+    rows.back().cells = page.CellsOf(static_cast<std::size_t>(row), page.columns);
   }
   return rows;
 }

@@ -10,7 +10,7 @@ bool RowList::Fetch(Place& place) { return FetchRow(place, RowSource::Missing::G
 
 bool RowList::FetchRow(Place& place, RowSource::Missing missing) {
   auto page = std::make_shared<RowPage>(source_->Plan().columns.size(), source_->KeyCount());
-  page->cells.reserve(page->columns);
+  page->cells.Reserve(page->columns);
   if (!source_->Fetch(place.keys.data(), *page, missing)) return false;
   place.keys = page->keys;
   place.page = std::move(page);
@@ -30,8 +30,7 @@ bool RowList::WindowPlace(const std::string& key, Place& place) {
 
 platform::ListRow RowList::ShownRow(const Place& place) const {
   if (place.page == nullptr) return {{source_->Set(), KeyOf(place)}, {}};
-  const platform::Value* cells = place.page->CellsOf(place.row);
-  return {{source_->Set(), KeyOf(place)}, std::vector<platform::Value>(cells, cells + source_->Fields().size())};
+  return {{source_->Set(), KeyOf(place)}, place.page->CellsOf(place.row, source_->Fields().size())};
 }
 
 std::vector<platform::ListRow> RowList::Rows(const Place* from, bool forward, int count) {

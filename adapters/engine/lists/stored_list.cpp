@@ -1,6 +1,5 @@
 #include "engine/lists/stored_list.h"
 
-#include <algorithm>
 #include <cassert>
 #include <cstring>
 
@@ -77,9 +76,8 @@ bool StoredList::Find(std::string_view criterion, const Place* after, Place& fou
   RowPage fitting(rows_->columns, 1);
   ReadRows(SelectText(planned.where), fitting);
   const auto fits = [&](std::int64_t ordinal) {
-    const platform::Value* cells = rows_->CellsOf(static_cast<std::size_t>(ordinal));
     for (std::size_t i = 0; i < fitting.Rows(); ++i)
-      if (std::equal(cells, cells + rows_->columns, fitting.CellsOf(i))) return true;
+      if (rows_->SameRow(static_cast<std::size_t>(ordinal), fitting, i)) return true;
     return false;
   };
   for (std::int64_t i = after == nullptr ? 0 : after->ordinal + 1; i < RowTotal(); ++i)

@@ -267,7 +267,7 @@ OrderPlace KeyWalker::PlaceAt(const Query& row, bool keysOnly) const {
 }
 
 void KeyWalker::AppendRow(const Query& row, RowPage& page) const {
-  row.Append(page.cells, 0, rowTypes_);
+  row.Pack(page.cells, 0, rowTypes_);
   page.keys.push_back(row.Int(RowKeyAt(false)));
 }
 

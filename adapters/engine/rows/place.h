@@ -18,7 +18,7 @@ struct Place {
   std::shared_ptr<const RowPage> page;
   std::size_t row = 0;
 
-  const platform::Value& Cell(std::size_t column) const { return page->Cell(row, column); }
+  platform::Value Cell(std::size_t column) const { return page->Cell(row, column); }
 };
 
 }  // namespace engine

@@ -38,8 +38,7 @@ void RowEditor::BeginAdd() {
 
 void RowEditor::BeginEdit(const Place& row) {
   Drop();
-  const Value* cells = row.page->CellsOf(row.row);
-  values_.assign(cells, cells + source_.Plan().columns.size());
+  values_ = row.page->CellsOf(row.row, source_.Plan().columns.size());
   assigned_.assign(values_.size(), false);
   keys_ = row.keys;
   mode_ = EditMode::Edit;

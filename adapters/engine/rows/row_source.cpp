@@ -142,7 +142,14 @@ std::uint64_t RowSource::MixedVersion() const {
   return mixed;
 }
 
-void RowSource::ReadCells(const Query& query, int first, RowPage& page) const { query.Append(page.cells, first, shape_->types); }
+void RowSource::ReadCells(const Query& query, int first, RowPage& page) const { query.Pack(page.cells, first, shape_->types); }
+
+std::vector<platform::Value> RowSource::ReadValues(const Query& query, int first) const {
+  std::vector<platform::Value> values;
+  values.reserve(shape_->types.size());
+  query.Append(values, first, shape_->types);
+  return values;
+}
 
 void RowSource::ReadKeys(const Query& query, int first, RowPage& page) const {
   for (std::size_t i = 0; i < Plan().tables.size(); ++i) {

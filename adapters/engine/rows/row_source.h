@@ -111,6 +111,8 @@ class RowSource {
   const std::string& KeyList() const noexcept { return shape_->keyList; }
   /// Reads the columns at the query's row into a page; `first` is the place of the first column.
   void ReadCells(const Query& query, int first, RowPage& page) const;
+  /// The same as values, for a row that is shown whole.
+  std::vector<platform::Value> ReadValues(const Query& query, int first) const;
   void ReadKeys(const Query& query, int first, RowPage& page) const;
 
   /// What a row is of which the join finds a part no more.

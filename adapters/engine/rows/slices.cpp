@@ -41,12 +41,13 @@ PiecewiseScan::PiecewiseScan(RowSource& source, const std::string& columns, cons
                dialect.Parameter(1) + " AND " + rowKey + " <= " + dialect.Parameter(2);
 }
 
-PiecewiseScan::PiecewiseScan(RowSource& source, const std::string& columns, const std::string& condition, std::vector<std::int64_t> keys)
+PiecewiseScan::PiecewiseScan(RowSource& source, const std::string& columns, const std::string& condition,
+                             const std::vector<std::int64_t>& keys)
     : source_(source),
       keysAtOnce_(keys.size() <= 1   ? 1
                   : keys.size() <= 8 ? 8
                                      : kMostKeysAtOnce),
-      keys_(std::move(keys)),
+      keys_(keys),
       byKeys_(true) {
   text_.text = "SELECT " + columns + " FROM " + source.Plan().from + source.OwnDialect().withoutIndex + " WHERE " + Beside(condition) +
                RowKeyOf(source) + " IN (";
@@ -83,13 +84,13 @@ bool PiecewiseScan::NextStretch(const Take& take) {
 
 bool PiecewiseScan::NextKeys(const Take& take) {
   const auto start = std::chrono::steady_clock::now();
-  while (nextKey_ < keys_.size() && std::chrono::steady_clock::now() - start < kPiece) {
+  while (!keys_.AtEnd() && std::chrono::steady_clock::now() - start < kPiece) {
     Query query(source_.Store(), text_);
-    for (std::size_t i = 0; i < keysAtOnce_; ++i, ++nextKey_)
-      nextKey_ < keys_.size() ? query.Bind(static_cast<int>(i) + 1, keys_[nextKey_]) : query.BindNull(static_cast<int>(i) + 1);
+    for (std::size_t i = 0; i < keysAtOnce_; ++i)
+      keys_.AtEnd() ? query.BindNull(static_cast<int>(i) + 1) : query.Bind(static_cast<int>(i) + 1, keys_.Take());
     while (query.Step()) take(query);
   }
-  return nextKey_ < keys_.size();
+  return !keys_.AtEnd();
 }
 
 void ReadAll(RowSource& source, PiecewiseScan& scan, const PiecewiseScan::Take& take) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/rows/ascending_keys.h"
 #include "engine/rows/row_source.h"
 
 /// The rows of a plan's one table by their row keys.
@@ -28,7 +29,8 @@ class PiecewiseScan {
  public:
   using Take = std::function<void(const Query& row)>;
   PiecewiseScan(RowSource& source, const std::string& columns, const std::string& condition);
-  PiecewiseScan(RowSource& source, const std::string& columns, const std::string& condition, std::vector<std::int64_t> keys);
+  PiecewiseScan(RowSource& source, const std::string& columns, const std::string& condition,
+                const std::vector<std::int64_t>& keys);
 
   /// Reads on for a few milliseconds; false when all is read.
   bool Next(const Take& take);
@@ -40,9 +42,8 @@ class PiecewiseScan {
   RowSource& source_;
   SqlText text_;
   std::size_t keysAtOnce_ = 0;
-  std::vector<std::int64_t> keys_;
+  AscendingKeys keys_;
   bool byKeys_ = false;
-  std::size_t nextKey_ = 0;
   bool begun_ = false;
   std::int64_t from_ = 0;
   std::int64_t last_ = 0;

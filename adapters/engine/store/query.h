@@ -60,6 +60,7 @@ class Query {
   void Append(std::vector<platform::Value>& cells, int first, std::span<const platform::FieldType> types) const {
     statement_->Append(cells, first, types);
   }
+  void Pack(PackedCells& cells, int first, std::span<const platform::FieldType> types) const { statement_->Pack(cells, first, types); }
 
  private:
   std::shared_ptr<Statement> statement_;

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/values/packed_cells.h"
 #include "platform/data/table_definition.h"
 #include "platform/values/value.h"
 
@@ -53,6 +54,13 @@ class Statement {
   virtual std::optional<std::string_view> Text(int column) const = 0;
   /// Puts the values of neighbouring columns of these types, from `first` on, behind the cells.
   virtual void Append(std::vector<platform::Value>& cells, int first, std::span<const platform::FieldType> types) const = 0;
+  /// The same into packed cells, of which nobody may ever ask most.
+  virtual void Pack(PackedCells& cells, int first, std::span<const platform::FieldType> types) const {
+    std::vector<platform::Value> values;
+    values.reserve(types.size());
+    Append(values, first, types);
+    for (const platform::Value& value : values) cells.Add(value);
+  }
 
  protected:
   void MarkDropped() noexcept { dropped_ = true; }

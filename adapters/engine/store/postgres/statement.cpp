@@ -193,4 +193,17 @@ void ServerStatement::Append(std::vector<Value>& cells, int first, std::span<con
   }
 }
 
+void ServerStatement::Pack(PackedCells& cells, int first, std::span<const FieldType> types) const {
+  int column = first;
+  for (const FieldType type : types) {
+    const auto text = Text(column++);
+    if (!text)
+      cells.AddNull();
+    else if (type == FieldType::Text || type == FieldType::Memo)
+      cells.AddText(*text);
+    else
+      cells.Add(ValueOfText(type, *text));
+  }
+}
+
 }  // namespace engine::postgres

@@ -42,6 +42,7 @@ class ServerStatement final : public Statement {
   std::int64_t Int(int column) const override;
   std::optional<std::string_view> Text(int column) const override;
   void Append(std::vector<platform::Value>& cells, int first, std::span<const platform::FieldType> types) const override;
+  void Pack(PackedCells& cells, int first, std::span<const platform::FieldType> types) const override;
 
  private:
   Parameter& At(int parameter);

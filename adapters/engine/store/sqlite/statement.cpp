@@ -27,6 +27,49 @@ std::string_view TextOf(sqlite3_value* value) {
   return bytes == nullptr ? std::string_view() : std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value)));
 }
 
+/// Takes cells as PackedCells does, as values.
+struct ValueCells {
+  void AddNull() { cells.emplace_back(platform::Null); }
+  void AddReal(double number) { cells.emplace_back(number); }
+  void AddText(std::string_view text) { cells.emplace_back(text); }
+  void AddIsoDate(std::string_view text) {
+    const auto date = DateOfIso(text);
+    date ? cells.emplace_back(*date) : cells.emplace_back(platform::Null);
+  }
+  void AddWhole(FieldType type, std::int64_t number) { cells.push_back(ValueOfWhole(type, number)); }
+
+  std::vector<Value>& cells;
+};
+
+// Each value is taken out of the statement once: asking for its type, its text and its length each by themselves costs more
+// than the copying.
+template <class Cells>
+void TakeCells(sqlite3_stmt* statement, Cells& cells, int first, std::span<const FieldType> types) {
+  int column = first;
+  for (const FieldType type : types) {
+    sqlite3_value* value = sqlite3_column_value(statement, column++);
+    if (sqlite3_value_type(value) == SQLITE_NULL) {
+      cells.AddNull();
+      continue;
+    }
+    switch (type) {
+      case FieldType::Double:
+        cells.AddReal(sqlite3_value_double(value));
+        break;
+      case FieldType::Date:
+        cells.AddIsoDate(TextOf(value));
+        break;
+      case FieldType::Text:
+      case FieldType::Memo:
+        cells.AddText(TextOf(value));
+        break;
+      default:
+        cells.AddWhole(type, sqlite3_value_int64(value));
+        break;
+    }
+  }
+}
+
 }  // namespace
 
 std::vector<int> FilesIn(std::string_view sql) {
@@ -110,34 +153,13 @@ std::optional<std::string_view> SqliteStatement::Text(int column) const {
   return TextOf(value);
 }
 
-// Each value is taken out of the statement once: asking for its type, its text and its length each by themselves costs more
-// than the copying.
 void SqliteStatement::Append(std::vector<Value>& cells, int first, std::span<const FieldType> types) const {
-  int column = first;
-  for (const FieldType type : types) {
-    sqlite3_value* value = sqlite3_column_value(statement_, column++);
-    if (sqlite3_value_type(value) == SQLITE_NULL) {
-      cells.emplace_back(platform::Null);
-      continue;
-    }
-    switch (type) {
-      case FieldType::Double:
-        cells.emplace_back(sqlite3_value_double(value));
-        break;
-      case FieldType::Date: {
-        const auto date = DateOfIso(TextOf(value));
-        date ? cells.emplace_back(*date) : cells.emplace_back(platform::Null);
-        break;
-      }
-      case FieldType::Text:
-      case FieldType::Memo:
-        cells.emplace_back(TextOf(value));
-        break;
-      default:
-        cells.push_back(ValueOfWhole(type, sqlite3_value_int64(value)));
-        break;
-    }
-  }
+  ValueCells values{cells};
+  TakeCells(statement_, values, first, types);
+}
+
+void SqliteStatement::Pack(PackedCells& cells, int first, std::span<const FieldType> types) const {
+  TakeCells(statement_, cells, first, types);
 }
 
 }  // namespace engine

@@ -31,8 +31,6 @@ set(ORCUSSCH_NOT_ON_SERVER
   session/ini-value-of-128-characters           # session/ini-value-of-128-characters-on-a-server
   # A server's backup is restored by its own tools; a company is taken home as files.
   session/practice-copy-is-a-company-of-its-own # session/practice-copy-of-a-servers-company
-  # A report over the query joins the local copy with tables of the company.
-  reports/pages/catalogue-over-the-query
   # Settings without a line lead to files: it is a line by which a company lies on a server.
   session/ini-that-is-empty
 )

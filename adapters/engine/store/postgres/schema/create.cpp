@@ -113,4 +113,13 @@ std::vector<std::string> CreateIndexTexts(std::string_view schema, const TableDe
   return texts;
 }
 
+std::string CreateGuestText(std::string_view schema, const TableDefinition& table, std::string_view rowKey) {
+  std::string columns;
+  for (const FieldDefinition& field : table.fields)
+    columns += (columns.empty() ? "" : ", ") + QuoteName(field.name) + ' ' + DeclaredType(schema, field);
+  for (const FieldDefinition& field : table.fields)
+    if (const KeyColumn key = KeyColumnOf(table, field); key != KeyColumn::None) columns += ", " + KeyText(schema, key, field);
+  return "CREATE TEMPORARY TABLE " + QuoteName(table.name) + " (" + columns + ", PRIMARY KEY (" + QuoteName(rowKey) + ")) ON COMMIT DROP";
+}
+
 }  // namespace engine::postgres

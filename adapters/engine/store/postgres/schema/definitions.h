@@ -24,6 +24,11 @@ std::vector<std::string> CreateSchemaTexts(std::string_view schema);
 std::string CreateTableText(std::string_view schema, const platform::TableDefinition& table);
 std::vector<std::string> CreateIndexTexts(std::string_view schema, const platform::TableDefinition& table);
 
+/// What makes a table of the connection's own, of that definition's name, which goes with the transaction; its words and functions are the
+/// schema's. `rowKey`: which of its fields is the row key.
+inline constexpr std::string_view kOwnTables = "pg_temp";
+std::string CreateGuestText(std::string_view schema, const platform::TableDefinition& table, std::string_view rowKey);
+
 /// All tables of the user in a schema, in the order of their making; nothing for the definition of one that isn't ours.
 struct StoredTable {
   std::string name;

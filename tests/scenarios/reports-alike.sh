@@ -44,6 +44,6 @@ for number in $reports; do
   failures=$((failures + 1))
 done
 administer "DROP DATABASE $database WITH (FORCE)"
-[ "$(printf '%s\n' "$reports" | wc -l)" -ge 20 ] && [ "$words" -gt 5000 ] || stop "too little was printed: $words words"
+if [ "$(printf '%s\n' "$reports" | wc -l)" -lt 20 ] || [ "$words" -lt 5000 ]; then stop "too little was printed: $words words"; fi
 [ "$failures" -eq 0 ] || exit 1
 rm -rf "$here"

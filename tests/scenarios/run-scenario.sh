@@ -150,7 +150,7 @@ header folder >"$here/folder.lines"
 while read -r name; do mkdir -p "$data/$name"; done <"$here/folder.lines"
 
 # On a server they were put where they were to go.
-[ -n "$server" ] && : >"$here/move.lines" || header move >"$here/move.lines"
+if [ -n "$server" ]; then : >"$here/move.lines"; else header move >"$here/move.lines"; fi
 while read -r from to; do
   mkdir -p "$(dirname "$data/$to")"
   mv "$data/$from" "$data/$to" || stop "$from can't be moved"

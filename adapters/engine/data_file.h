@@ -56,9 +56,10 @@ std::int64_t LastNumberOf(const std::string& path, std::string_view table);
 /// What is wrong with a file, in sentences: the store's own integrity check, format, and differences from the expected tables.
 std::vector<std::string> CheckDataFile(const std::string& path, std::span<const platform::TableDefinition> expected);
 
-/// Files only. Gives a file the tables, fields and indexes that it lacks of the expected ones, in one commit; what is there stays as it is, and the
-/// rows that are there get the new fields' defaults. Nobody else may have the file open meanwhile (3045 when somebody keeps it open).
-/// Before its first change the file is copied to `copy`, a new path; `progress` as in BackupDataFile. Returns what was added, in
+/// Gives a file the tables, fields and indexes that it lacks of the expected ones, in one commit; what is there stays as it is, and the
+/// rows that are there get the new fields' defaults. Nobody else may have the file open meanwhile (3045 when somebody keeps it open); on
+/// a server nobody may be in the midst of a transaction there, open lists go on. Before its first change the file is copied to `copy`, a
+/// new path of the same kind; `progress` as in BackupDataFile, in tables on a server. Returns what was added, in
 /// sentences; none, and no copy, when nothing is lacking. Raises 3057 for a Counter or a primary key's field that is lacking in a
 /// table that is there: such a table can only be made anew.
 std::vector<std::string> UpgradeDataFile(const std::string& path, std::span<const platform::TableDefinition> expected,

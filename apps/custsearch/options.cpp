@@ -211,7 +211,7 @@ std::string HelpText() {
          "  --drive C=DIR         the folder of a drive letter; can be given several times\n"
          "  --scenario FILE       run the scripted user in FILE (- for standard input)\n"
          "  --front robot|desktop how a scenario acts: on the screens' models, or on real windows\n"
-         "  --companies PLACE     with --scenario: {DIR}/data/ in it lies there, on a server\n"
+         "  --companies PLACE     with --scenario: {DIR}/data/ and other data files lie there, on a server\n"
          "  --threshold N         rows up to which a scenario's lists are read at once (default: 20000)\n"
          "  --to FILE             the report's file, by its ending: .pdf, .csv or .xlsx\n"
          "  --customers WHICH     all, an account number, or a condition on the fields of Customers\n"

@@ -1,6 +1,7 @@
 # Every scenario by its file's name without ".scn", one a line. A folder with many has a list.cmake of its own.
 set(ORCUSSCH_SCENARIOS
   files/drive-letters
+  files/drive-letters-and-a-server
   files/missing-temporary-file
   files/settings-file
   frame/non-billable-closes-tabs

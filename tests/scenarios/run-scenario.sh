@@ -79,6 +79,14 @@ make_companies() {
   for number in $1; do make_company "$number" "$2" || return 1; done
 }
 
+if [ -n "$server" ]; then
+  # shellcheck source=tests/scenarios/on-server.sh
+  . "$(dirname "$0")/on-server.sh"
+  find_server
+elif [ "$(header "on")" = server ]; then
+  stop "it is about companies on a server: --on-server"
+fi
+
 # Folders: with drive letters the library lies in C:\suite.
 paths=$(header paths)
 data=$here/suite
@@ -97,11 +105,7 @@ while read -r line; do
   prepare_data $line
 done <"$here/data.lines"
 
-if [ -n "$server" ]; then
-  # shellcheck source=tests/scenarios/on-server.sh
-  . "$(dirname "$0")/on-server.sh"
-  put_on_server
-fi
+if [ -n "$server" ]; then put_on_server; fi
 
 users=$(header user)
 [ -n "$users" ] || users=1
@@ -111,16 +115,17 @@ if [ "$users" != none ]; then
   for user in $users; do cp "$made/temp/orvTEMP/orvTemp0.zdb" "$local/orvTEMP/orvTemp$user.zdb"; done
 fi
 
-in_folder() { printf '%s' "$1" | sed "s|{DIR}|$data|g"; }
+# in_folder KIND LINE: the line of settings, or of another text, with its words in braces replaced.
+in_folder() { printf '%s' "$2" | if [ -n "$server" ]; then "${1}_on_server" | server_words; else cat; fi | sed -e "s|{DIR}|$data|g" -e "s|{LOCAL}|$local|g"; }
 
 # "KEY=VALUE" for company 1, "N KEY=VALUE" for another.
 header ini >"$here/ini.lines"
 while IFS= read -r line; do
   company=1
-  case $line in [0-9]*' '*) company=${line%% *} && line=${line#* } ;; esac
+  case $line in [0-9]*' '* | -[0-9]*' '*) company=${line%% *} && line=${line#* } ;; esac
   ini=$data/orv$company.ini
   [ -f "$ini" ] || printf '[Databases]\n' >"$ini"
-  printf '%s\n' "$(in_folder "$line")" >>"$ini"
+  printf '%s\n' "$(in_folder settings "$line")" >>"$ini"
 done <"$here/ini.lines"
 
 # "NAME TEXT" with printf's escapes: a file of any content.
@@ -128,9 +133,13 @@ header text >"$here/text.lines"
 while IFS= read -r line; do
   name=${line%% *}
   mkdir -p "$(dirname "$data/$name")"
+  kind=text
+  case $name in *.ini) kind=settings ;; esac
   # shellcheck disable=SC2059
-  printf "$(in_folder "${line#* }" | sed 's/%/%%/g')" >"$data/$name"
+  printf "$(in_folder $kind "${line#* }" | sed 's/%/%%/g')" >"$data/$name"
 done <"$here/text.lines"
+
+if [ -n "$server" ]; then settle_settings; fi
 
 header file >"$here/file.lines"
 while read -r name; do
@@ -140,7 +149,8 @@ done <"$here/file.lines"
 header folder >"$here/folder.lines"
 while read -r name; do mkdir -p "$data/$name"; done <"$here/folder.lines"
 
-header move >"$here/move.lines"
+# On a server they were put where they were to go.
+if [ -n "$server" ]; then : >"$here/move.lines"; else header move >"$here/move.lines"; fi
 while read -r from to; do
   mkdir -p "$(dirname "$data/$to")"
   mv "$data/$from" "$data/$to" || stop "$from can't be moved"
@@ -159,9 +169,11 @@ while read -r name bytes; do
   truncate -s "$bytes" "$data/$name" || stop "$name can't be cut"
 done <"$here/cut.lines"
 
+if [ -n "$server" ]; then done_to_server; fi
+
 set -- --scenario "$scenario" --data "$data" "$@"
 [ -n "$beside" ] && set -- "$@" --local "$local"
-[ -n "$server" ] && set -- "$@" --companies "$place/$database/"
+[ -n "$server" ] && set -- "$@" --companies "$host/$database/"
 [ "$paths" = windows ] && set -- "$@" --paths windows --drive "C=$here/c"
 # "D": a further drive, the folder ../../d seen from the library's.
 for letter in $(header drive); do

@@ -42,6 +42,8 @@ start() {
     cat "$folder/server.log" >&2
     exit 1
   }
+  # Somebody without any right of his own.
+  psql -h "$home/s" -U office -d postgres -X -q -c 'CREATE ROLE clerk LOGIN' >>"$folder/server.log" 2>&1
   printf '%s\n' "$home/s" >"$folder/socket"
 }
 

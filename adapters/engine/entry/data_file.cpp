@@ -34,6 +34,12 @@ std::vector<std::string> CheckDataFile(const std::string& path, std::span<const 
   return IsServerPath(path) ? postgres::CheckDataFile(path, expected) : files::CheckDataFile(path, expected);
 }
 
+std::vector<std::string> UpgradeDataFile(const std::string& path, std::span<const TableDefinition> expected, const std::string& copy,
+                                         const std::function<void(int, int)>& progress) {
+  return IsServerPath(path) ? postgres::UpgradeDataFile(path, expected, copy, progress)
+                            : files::UpgradeDataFile(path, expected, copy, progress);
+}
+
 std::vector<FileLink> LinksOf(const std::string& path) { return IsServerPath(path) ? postgres::LinksOf(path) : files::LinksOf(path); }
 
 void PointLinks(const std::string& path, std::span<const FileLink> links) {

@@ -62,20 +62,34 @@ void Leads::Reach(std::int64_t most) {
 }
 
 void Leads::Read(Lead& lead, std::int64_t most) {
-  if (lead.whole) return;
+  if (lead.whole || lead.Keys() > most) return;
+  const bool goesOn = source_.OwnDialect().openResults;
+  if (!goesOn) Begin(lead, most);
   if (!lead.reading) lead.reading = std::make_unique<Query>(source_.Store(), std::string_view(lead.driver->keys));
+  std::int64_t rows = 0;
   while (lead.Keys() <= most) {
     if (!lead.reading->Step()) {
-      lead.whole = true;
+      lead.whole = goesOn || rows <= most;
       lead.reading.reset();
-      break;
+      return;
     }
+    ++rows;
     if (lead.reading->IsNull(0)) continue;
     const std::int64_t key = lead.reading->Int(0);
     lead.inOrder = lead.inOrder && (lead.read.empty() || lead.read.back() <= key);
     lead.read.push_back(key);
     if (lead.read.size() % kKeysBetweenPaints == 0) source_.Store().ServePainting();
   }
+  if (!goesOn) lead.reading.reset();
+}
+
+// As far as it is wanted now and a row further, so that its end shows; those behind are never fetched. Each reading is one state's, so
+// the next one, some times as long, is no other one's beginning.
+void Leads::Begin(Lead& lead, std::int64_t most) {
+  lead.read.clear();
+  lead.inOrder = true;
+  lead.reading = std::make_unique<Query>(source_.Store(), lead.driver->keys + " LIMIT " + source_.OwnDialect().Parameter(1));
+  lead.reading->Bind(1, most + 1);
 }
 
 // Some rows are asked which of the drivers leads to them.

@@ -57,6 +57,7 @@ class Leads {
 
  private:
   void Read(Lead& lead, std::int64_t most);
+  void Begin(Lead& lead, std::int64_t most);
   void KeepRarest();
   bool Tells(const Lead& lead) const;
   double Likely(const Lead& lead) const;

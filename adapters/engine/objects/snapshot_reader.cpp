@@ -9,6 +9,7 @@
 #include "engine/catalogue/database_catalogue.h"
 #include "engine/catalogue/stores.h"
 #include "engine/errors.h"
+#include "engine/objects/joined_stores.h"
 #include "engine/rows/row_source.h"
 #include "engine/store/query.h"
 #include "engine/translate/plan/planning.h"
@@ -72,8 +73,10 @@ std::string RowsText(SelectPlan plan, const Dialect& dialect) {
 
 class Stream final : public platform::RowStream {
  public:
-  Stream(EngineContext& context, SelectPlan plan, const std::function<bool()>& goOn)
-      : shape_(std::move(plan), context.OwnDialect()),
+  /// `joined`: whose tables the plan uses where these lie in several stores.
+  Stream(EngineContext& context, SelectPlan plan, const std::function<bool()>& goOn, std::unique_ptr<JoinedStores> joined = {})
+      : joined_(std::move(joined)),
+        shape_(std::move(plan), context.OwnDialect()),
         store_(context.OwnStore()),
         goOn_(goOn),
         oneState_(store_, Transaction::Kind::Read),
@@ -112,6 +115,7 @@ class Stream final : public platform::RowStream {
     if (!store_.ReadsToItsEnd(goOn_, std::ref(read))) throw platform::Error(platform::kReadingStopped, "Operation canceled by user.");
   }
 
+  std::unique_ptr<JoinedStores> joined_;
   RowShape shape_;
   Store& store_;
   const std::function<bool()>& goOn_;
@@ -134,7 +138,14 @@ class Reader final : public platform::SnapshotReader {
 
   std::unique_ptr<platform::RowStream> OpenRows(std::string_view path, std::string_view select) override {
     const Known& known = KnownOf(path);
-    return std::make_unique<Stream>(known.context, PlanSelect(select, *known.catalogue, known.context.OwnDialect()), goOn_);
+    AskedTables asked(*known.catalogue, known.context);
+    SelectPlan plan = PlanSelect(select, asked, known.context.OwnDialect());
+    const bool atOnePlace = asked.Found().empty() || (asked.Found().size() == 1 && asked.Found().front() == &known.context);
+    if (atOnePlace) return std::make_unique<Stream>(known.context, std::move(plan), goOn_);
+    auto joined = std::make_unique<JoinedStores>(asked, path, select, goOn_);
+    EngineContext& home = joined->Home();
+    SelectPlan there = PlanSelect(select, *joined, home.OwnDialect());
+    return std::make_unique<Stream>(home, std::move(there), goOn_, std::move(joined));
   }
 
   void OnWait(std::function<bool()> goOn) override {

@@ -72,6 +72,8 @@ struct Dialect {
   bool arithmeticCalls = false;
   /// Whether rows for which no order is asked come in the order of their row keys, and UPDATE changes them in it.
   bool rowsInOrder = true;
+  /// Whether a statement may stay open, at its last row, while others run. Elsewhere what is left of its rows would be fetched first.
+  bool openResults = true;
   /// Calls that stand only in this store's texts, and don't count where expressions are nested.
   std::span<const std::string_view> uncounted{};
   /// Between two tables: for each row of the first one the second is entered by the condition behind ON.

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "engine/store/channel.h"
 #include "engine/store/dialect.h"
 #include "platform/data/table_definition.h"
+#include "platform/values/value.h"
 
 namespace engine {
 
@@ -62,6 +64,23 @@ class StoreFile {
   virtual void AddLink(const StoredLink& link) = 0;
 };
 
+/// A copy of a table of another store, for statements that join it with tables of this one. It goes with the unit in which it was made.
+class GuestTable {
+ public:
+  GuestTable() = default;
+  virtual ~GuestTable() = default;
+  GuestTable(const GuestTable&) = delete;
+  GuestTable& operator=(const GuestTable&) = delete;
+
+  /// How statements name it, and its row key: quoted for the store.
+  virtual std::string Name() const = 0;
+  virtual std::string RowKey() const = 0;
+  /// The values of the next row, in the order of the definition's fields. Row keys follow the rows' order.
+  virtual void Add(std::span<const platform::Value> row) = 0;
+  /// All rows are there.
+  virtual void Finish() = 0;
+};
+
 /// What stands behind the engine: it keeps the files and runs statements. All cursors work on this alone.
 class Store : public Channel {
  public:
@@ -71,6 +90,15 @@ class Store : public Channel {
   /// 3044, 3051 for what isn't there or may not be opened, 3343 for another or a newer format, 3049 for a damaged file, 3045 for one
   /// that stays locked, 3043 for one that can't be used where it lies, 3048 when there are too many.
   virtual std::shared_ptr<StoreFile> Open(std::string_view path, std::string_view asked) = 0;
+
+  /// Whether rows of other stores' tables may visit it.
+  virtual bool TakesGuests() const { return false; }
+  /// A place for the rows of a table of that definition, inside a unit; `beside`: an open file of this store. nullptr: it takes none.
+  virtual std::unique_ptr<GuestTable> Receive(const platform::TableDefinition& table, const StoreFile& beside) {
+    static_cast<void>(table);
+    static_cast<void>(beside);
+    return nullptr;
+  }
 
   /// Whether that SELECT begins with a look at all rows of a table.
   virtual bool ScansAll(std::string_view sql) = 0;

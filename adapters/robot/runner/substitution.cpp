@@ -17,6 +17,15 @@ std::size_t ClosingBrace(const std::string& text, std::size_t open) {
   return std::string::npos;
 }
 
+/// Where the part of a path behind the data folder begins that names a data file or lies in a company's folder; npos for other files,
+/// which stay in the folder when the companies lie on a server.
+std::size_t StartOnServer(const std::string& text, std::size_t at) {
+  constexpr std::string_view kData = "/data/";
+  if (text.compare(at, kData.size(), kData) == 0) return at + kData.size();
+  const std::string path = text.substr(at, text.find_first_of(" {\n", at) - at);
+  return path.starts_with('/') && path.find(".zdb") != std::string::npos ? at + 1 : std::string::npos;
+}
+
 }  // namespace
 
 std::vector<Word> Substitution::In(std::vector<Word> words) const {
@@ -35,11 +44,12 @@ std::string Substitution::In(const std::string& text) const {
       continue;
     }
     const std::string inside = text.substr(at + 1, close - at - 1);
-    constexpr std::string_view kData = "/data/";
-    if (!surroundings_.companies.empty() && platform::EqualsNoCase(inside, "DIR") && text.compare(close + 1, kData.size(), kData) == 0) {
-      result += surroundings_.companies;
-      at = close + 1 + kData.size();
-      continue;
+    if (!surroundings_.companies.empty() && platform::EqualsNoCase(inside, "DIR")) {
+      if (const std::size_t start = StartOnServer(text, close + 1); start != std::string::npos) {
+        result += surroundings_.companies;
+        at = start;
+        continue;
+      }
     }
     if (const auto value = ValueOf(inside)) {
       result += *value;
@@ -56,6 +66,8 @@ std::optional<std::string> Substitution::ValueOf(const std::string& inside) cons
   if (platform::EqualsNoCase(inside, "ThreadID")) return std::to_string(app_.ThreadID());
   if (platform::EqualsNoCase(inside, "DIR")) return surroundings_.directory;
   if (platform::EqualsNoCase(inside, "LOCAL")) return surroundings_.localRoot;
+  if (platform::EqualsNoCase(inside, "SERVER") && !surroundings_.companies.empty())
+    return surroundings_.companies.substr(0, surroundings_.companies.size() - 1);
   constexpr std::string_view kQuery = "value ";
   if (inside.size() <= kQuery.size() || !platform::EqualsNoCase(inside.substr(0, kQuery.size()), kQuery)) return std::nullopt;
   const std::string rest = In(inside.substr(kQuery.size()));

@@ -30,7 +30,7 @@ class HostObject {
 /// that need it fail.
 struct Surroundings {
   std::string directory;     ///< the data folder, {DIR}
-  std::string companies;     ///< where "{DIR}/data/" lies instead, with a separator at its end; "" for there
+  std::string companies;     ///< where "{DIR}/data/" and data files beside it lie instead, with a separator at its end; "" for there
   std::string localRoot;     ///< the local root, {LOCAL}
   std::int32_t company = 1;  ///< for `other` and `expect value` before a `host CompanyID`
   std::int32_t user = 0;     ///< the same for `temp`

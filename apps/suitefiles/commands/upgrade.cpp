@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 
 #include "engine/data_file.h"
+#include "platform/services/data_path.h"
 #include "platform/values/error.h"
 #include "suite/company_schema.h"
 #include "suitefiles/company/company_files.h"
@@ -16,11 +18,16 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// A name beside the file that nobody has taken.
+/// A name beside the file that nobody has taken. On a server it is that of another file, since endings count nothing there.
 std::string CopyOf(const std::string& path) {
-  const std::string first = path + ".before-upgrade";
-  std::string name = first;
-  for (int n = 2; fs::exists(name); ++n) name = first + "-" + std::to_string(n);
+  const bool server = platform::IsServerPath(path);
+  const std::size_t dot = path.find('.', path.rfind('/') + 1);
+  const std::size_t end = server ? std::min(dot, path.size()) : path.size();
+  const std::string first = path.substr(0, end) + (server ? "_before_upgrade" : ".before-upgrade");
+  const std::string ending = path.substr(end);
+  std::string name = first + ending;
+  for (int n = 2; server ? engine::DataFileExists(name) : fs::exists(name); ++n)
+    name = first + (server ? "_" : "-") + std::to_string(n) + ending;
   return name;
 }
 
@@ -82,7 +89,7 @@ int RunUpgrade(const std::vector<std::string>& words, const Console& console) {
     for (const auto file : suite::kCompanyFiles) upgrader.Upgrade(folder.File(company, file), file);
   }
   UpgradeTemporaryFiles(folder, upgrader);
-  console.out << Told(PutReportFiles(folder.Path()));
+  if (!folder.OnServer()) console.out << Told(PutReportFiles(folder.Path()));
 
   console.out << upgrader.Files() << " files, " << upgrader.Upgraded() << " upgraded";
   console.out << (upgrader.Failed() > 0 ? ", " + std::to_string(upgrader.Failed()) + " left as they were.\n" : ".\n");

@@ -58,8 +58,7 @@ std::string DataFolder::CompanyFolder(int company) const {
 std::string DataFolder::IniFile(int company) const { return suite::SettingsFile(*system_, folder_, company); }
 
 std::string DataFolder::TemporaryFile(int user) const {
-  if (onServer_) throw CommandError("temporary files are files of each desk; none lies on a server");
-  return suite::TemporaryFile(*system_, folder_, user);
+  return suite::TemporaryFile(*system_, onServer_ ? suite::UserStateFolder() : folder_, user);
 }
 
 std::vector<std::string> DataFolder::TemporaryFiles() const {

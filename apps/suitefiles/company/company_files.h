@@ -27,7 +27,7 @@ class DataFolder {
   /// The default place of the company's files.
   std::string CompanyFolder(int company) const;
   std::string IniFile(int company) const;
-  /// CommandError on a server: each desk has its temporary file itself.
+  /// With a company on a server a file of this desk all the same, where the programs of who runs the command look for it.
   std::string TemporaryFile(int user) const;
   /// Those of all users that are there.
   std::vector<std::string> TemporaryFiles() const;

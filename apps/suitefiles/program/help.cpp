@@ -65,7 +65,10 @@ constexpr const char* kTemp =
     R"(suitefiles temp DIR --user U
 
 Makes the temporary file of user U, DIR/orvTEMP/orvTemp<U>.zdb, with its empty
-work tables. A file that is there already is kept as it is.
+work tables. A file that is there already is kept as it is. With a company on a
+server in place of DIR it is a file of this desk all the same: it is made where
+this user's programs look for it, below $XDG_STATE_HOME/orcussch or
+~/.local/state/orcussch.
 
   --user U   number of the user, 0 to 2147483647
 )";

@@ -12,6 +12,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   reports/data-folder-by-its-key
   reports/double-click-previews
   reports/drive-letters
+  reports/drive-letters-and-a-server
   reports/empty-catalogue
   reports/engine-refuses-a-report
   reports/folder-labels

@@ -7,6 +7,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/artrans-file-missing
   session/billing-status-filters-the-list
   session/both-links-fail
+  session/both-links-fail-on-a-server
   session/company-entity-is-repaired
   session/company-id-must-be-a-number
   session/company-id-reads-empty
@@ -16,6 +17,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/company-name-has-forty-characters
   session/company-name-of-any-script
   session/company-number-of-any-size
+  session/company-number-of-any-size-on-a-server
   session/company-record-fields
   session/company-record-is-read-once
   session/company-repair-touches-two-fields
@@ -26,6 +28,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/company-while-a-screen-is-up
   session/company-without-ar-row-gets-one
   session/company-without-files
+  session/company-without-schemas
   session/customer-file-cut-to-its-first-bytes
   session/customer-file-empty
   session/customer-file-foreign
@@ -34,46 +37,68 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/customer-file-of-the-former-engine
   session/customer-file-truncated
   session/customer-folder-missing
+  session/customer-schema-damaged
+  session/customer-schema-empty
+  session/customer-schema-foreign
+  session/customer-schema-of-a-newer-format
+  session/customer-schema-of-a-newer-text-order
+  session/customer-schema-of-others
+  session/customer-schema-that-lost-tables
   session/dat-file-missing
+  session/database-missing
   session/default-path-as-prefix
   session/default-path-without-separator
   session/default-terms-come-from-the-ar-row
   session/default-terms-that-are-null
   session/every-answer-text-can-be-set-and-read
   session/every-file-foreign
+  session/every-schema-foreign
   session/exit-releases-everything
   session/flatrate-file-missing
   session/gl-file-missing
   session/host-account-is-not-the-answer
   session/ini-case-blanks-and-quotes
   session/ini-own-path-of-127-characters
+  session/ini-own-path-of-127-characters-on-a-server
   session/ini-that-is-a-folder
   session/ini-that-is-empty
   session/ini-value-of-126-characters
+  session/ini-value-of-126-characters-on-a-server
   session/ini-value-of-127-characters
+  session/ini-value-of-127-characters-on-a-server
   session/ini-value-of-128-characters
+  session/ini-value-of-128-characters-on-a-server
   session/ini-with-byte-order-mark
   session/ini-with-carriage-returns-alone
   session/ini-without-section
+  session/ledger-in-a-file-beside-a-server
   session/link-failure-is-told
+  session/link-that-leads-into-another-store
   session/links-are-made-once
   session/links-are-not-refreshed
   session/links-in-a-folder-of-two-names
+  session/links-to-a-server-of-two-names
   session/links-while-customer-file-is-locked
   session/many-companies-one-after-the-other
   session/non-selection-hides-select
   session/one-session-for-all-objects
   session/paths-by-default-path
+  session/paths-by-default-path-on-a-server
   session/paths-by-own-key
+  session/paths-by-own-key-on-a-server
   session/paths-by-own-keys-and-default
   session/paths-dat-in-any-case
   session/paths-of-each-company
   session/paths-with-backslashes-on-this-system
+  session/paths-with-backslashes-to-a-server
   session/paths-with-blanks-and-accents
+  session/paths-with-blanks-and-accents-on-a-server
   session/paths-with-drive-letters
+  session/paths-with-drive-letters-and-a-server
   session/paths-with-either-separator
   session/paths-without-settings-file
   session/practice-copy-is-a-company-of-its-own
+  session/practice-copy-of-a-servers-company
   session/printer-setup
   session/properties-convert
   session/release-closes-without-a-word
@@ -83,7 +108,9 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/rights-row-is-that-of-program-and-user
   session/rights-table-missing
   session/same-file-for-several-names
+  session/same-schema-for-several-names
   session/second-company-that-fails
+  session/second-company-that-fails-on-a-server
   session/second-company-without-a-file
   session/show-user-without-company
   session/sound-company-is-not-written
@@ -96,6 +123,7 @@ list(APPEND ORCUSSCH_SCENARIOS
   session/two-copies-of-one-user
   session/two-users-at-once
   session/unknown-drive
+  session/unknown-server
   session/user-must-come-before-company
   session/user-startup-is-read-at-each-show
   session/user-startup-row

@@ -1,9 +1,10 @@
 #include "engine/store/postgres/postgres_store.h"
 
 #include "engine/errors.h"
+#include "engine/store/postgres/guest_table.h"
 #include "engine/store/postgres/open_file.h"
-#include "engine/store/postgres/work_estimate.h"
 #include "engine/store/postgres/wording/dialect.h"
+#include "engine/store/postgres/work_estimate.h"
 
 namespace engine::postgres {
 
@@ -38,6 +39,10 @@ std::shared_ptr<StoreFile> PostgresStore::Open(std::string_view path, std::strin
   auto file = std::make_shared<ServerFile>(connection, target.schema, std::string(path), OpenSchema(connection, target.schema, name));
   files_[target.schema] = file;
   return file;
+}
+
+std::unique_ptr<GuestTable> PostgresStore::Receive(const platform::TableDefinition& table, const StoreFile& beside) {
+  return ReceiveGuest(Connected(), beside.Qualifier(), table, ++lastGuest_);
 }
 
 bool PostgresStore::ScansAll(std::string_view sql) { return EstimateOf(Connected(), sql, {}).scans; }

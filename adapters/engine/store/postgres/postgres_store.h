@@ -23,6 +23,8 @@ class PostgresStore final : public Store {
   const Dialect& OwnDialect() const override;
   /// Raises 3043 for a second database, besides what every store raises.
   std::shared_ptr<StoreFile> Open(std::string_view path, std::string_view asked) override;
+  bool TakesGuests() const override { return true; }
+  std::unique_ptr<GuestTable> Receive(const platform::TableDefinition& table, const StoreFile& beside) override;
   bool ScansAll(std::string_view sql) override;
   bool ReadsCheaply(int rows, const std::function<void()>& read) override;
   void OnWait(std::function<void()> servePainting) override;
@@ -44,6 +46,7 @@ class PostgresStore final : public Store {
   std::function<void()> servePainting_;
   std::optional<Target> target_;
   std::unique_ptr<ServerConnection> connection_;
+  int lastGuest_ = 0;
   std::map<std::string, std::weak_ptr<ServerFile>> files_;  ///< by schema
 };
 

@@ -125,10 +125,6 @@ std::string AddFieldText(std::string_view file, const TableDefinition& table, co
   return "ALTER TABLE " + QuoteName(file) + '.' + QuoteName(table.name) + " ADD COLUMN " + FieldText(table, field);
 }
 
-bool BelongsToKey(const TableDefinition& table, const FieldDefinition& field) {
-  return field.type == FieldType::Counter || InPrimary(table, field.name);
-}
-
 std::vector<std::string> CreateIndexTexts(std::string_view file, const TableDefinition& table) {
   std::vector<std::string> texts;
   for (const IndexDefinition& index : table.indexes) {

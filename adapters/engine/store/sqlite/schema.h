@@ -19,8 +19,6 @@ std::string CreateTableText(std::string_view file, const platform::TableDefiniti
 
 /// ALTER TABLE that gives a table that is there one more field, neither a Counter nor in its primary index.
 std::string AddFieldText(std::string_view file, const platform::TableDefinition& table, const platform::FieldDefinition& field);
-/// Whether a field can only be made with its table.
-bool BelongsToKey(const platform::TableDefinition& table, const platform::FieldDefinition& field);
 
 /// CREATE INDEX for each index; one on the row key itself is kept in name only, since the table is that index.
 std::vector<std::string> CreateIndexTexts(std::string_view file, const platform::TableDefinition& table);

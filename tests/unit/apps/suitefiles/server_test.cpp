@@ -58,10 +58,32 @@ TEST_F(SuitefilesOnServer, LeavesNothingOfACompanyThatCannotBeMade) {
   EXPECT_EQ(Ask("SELECT string_agg(nspname, ' ' ORDER BY nspname) FROM pg_namespace WHERE nspname LIKE 'orv1%'"), "orv1_flatrate\n");
 }
 
-TEST_F(SuitefilesOnServer, HasNoTemporaryFilesThere) {
+// It is this desk's own, where the programs of who asks for it look.
+TEST_F(SuitefilesOnServer, TemporaryFilesStayOnTheDesk) {
+  const char* const before = std::getenv("XDG_STATE_HOME");
+  const std::string kept = before == nullptr ? "" : before;
+  ::setenv("XDG_STATE_HOME", (folder_ / "state").c_str(), 1);
   const auto outcome = RunSuitefiles({"temp", Place(), "--user", "1"});
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_THAT(outcome.err, HasSubstr("none lies on a server"));
+  before == nullptr ? ::unsetenv("XDG_STATE_HOME") : ::setenv("XDG_STATE_HOME", kept.c_str(), 1);
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out, (folder_ / "state/orcussch/orvTEMP/orvTemp1.zdb") + " made.\n");
+  EXPECT_TRUE(std::filesystem::exists(folder_ / "state/orcussch/orvTEMP/orvTemp1.zdb"));
+}
+
+TEST_F(SuitefilesOnServer, UpgradesACompanyOfAnOlderVersion) {
+  ASSERT_EQ(RunSuitefiles({"create", Place(), "--company", "1"}).status, 0);
+  Ask("ALTER TABLE orv1_customer.\"Customers\" DROP COLUMN \"Comments\"");
+  Ask("DROP TABLE orv1_customer.\"CustCreditCards\"");
+  ASSERT_EQ(RunSuitefiles({"check", Place()}).status, 1) << "as it is before";
+  const auto outcome = RunSuitefiles({"upgrade", Place()});
+  const std::string customer = Place() + "customer.zdb: ";
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out, customer + "Table Customers has got the field Comments.\n" + customer + "Table CustCreditCards was made.\n" +
+                             customer + "As it was it is kept as " + Place() + "customer_before_upgrade.zdb.\n5 files, 1 upgraded.\n");
+  EXPECT_EQ(RunSuitefiles({"check", Place()}).status, 0);
+  EXPECT_EQ(RunSuitefiles({"upgrade", Place()}).out, "5 files, 0 upgraded.\n");
+  Ask("DROP TABLE orv1_customer.\"CustCreditCards\"");
+  EXPECT_THAT(RunSuitefiles({"upgrade", Place()}).out, HasSubstr("kept as " + Place() + "customer_before_upgrade_2.zdb."));
 }
 
 TEST_F(SuitefilesOnServer, CopiesACompanyThereAndBack) {

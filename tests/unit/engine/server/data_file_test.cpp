@@ -194,4 +194,84 @@ TEST_F(DataFiles, CanBeLockedWholeByWhoWrites) {
   EXPECT_FALSE(database->OpenRecordset("SELECT * FROM Codes")->Eof());
 }
 
+// ---- a schema of an older version
+
+TableDefinition OldPeople() {
+  return {"People", {Field("ID", FieldType::Counter), TextField("Name", 10), TextField("City", 10)}, {{"PrimaryKey", {"ID"}, true, true}}};
+}
+std::vector<TableDefinition> NewTables() {
+  TableDefinition table = OldPeople();
+  table.fields.push_back(TextField("Nick", 10));
+  table.fields.push_back(Field("Visits", FieldType::Long, Value(std::int32_t{7})));
+  table.indexes.push_back({"ByNick", {"Nick"}, false, false});
+  table.indexes.push_back({"ByCity", {"City", "Name"}, false, false});
+  return {table, {"Codes", {TextField("Code", 2)}, {{"PrimaryKey", {"Code"}, true, true}}}};
+}
+
+class UpgradedSchemas : public ServerTest {
+ protected:
+  UpgradedSchemas() {
+    engine::CreateDataFile(File(), old_);
+    Other(R"(INSERT INTO orv1_customer."People" ("Name", "City") VALUES ('Reed', 'Ely'), ('Hale', 'duluth'), ('Zoe', 'Ely'))");
+    Other(R"(DELETE FROM orv1_customer."People" WHERE "Name" = 'Zoe')");
+  }
+  std::string File() const { return Path("customer.zdb"); }
+  std::string Copy() const { return Path("customer_before.zdb"); }
+  std::vector<std::string> Upgrade(const std::vector<TableDefinition>& expected) const {
+    return engine::UpgradeDataFile(File(), expected, Copy(), {});
+  }
+
+  const std::vector<TableDefinition> old_{OldPeople()};
+};
+
+TEST_F(UpgradedSchemas, GetWhatIsLackingAndKeepWhatIsThere) {
+  EXPECT_THAT(Upgrade(NewTables()),
+              ElementsAre("Table People has got the field Nick.", "Table People has got the field Visits.",
+                          "Table People has got the index ByNick.", "Table People has got the index ByCity.", "Table Codes was made."));
+  EXPECT_THAT(engine::CheckDataFile(File(), NewTables()), IsEmpty());
+  EXPECT_EQ(Other(R"(SELECT "Name", "Nick", "Visits" FROM orv1_customer."People" ORDER BY "ID")"), "Reed||7\nHale||7\n");
+  const auto made = engine::MakeEngine();
+  const auto rows = made->WorkspaceAt(0)->OpenDatabase(File())->OpenRecordset("SELECT Name FROM People WHERE City > 'a' ORDER BY City");
+  EXPECT_EQ(rows->Field(0), Value("Hale")) << "the new index has the text order";
+}
+
+TEST_F(UpgradedSchemas, AreKeptAsTheyWere) {
+  Other(R"(INSERT INTO orv1_customer."~links" (name, path, source) VALUES ('Departments', 'GL.zdb', 'Departments'))");
+  Upgrade(NewTables());
+  EXPECT_THAT(engine::CheckDataFile(Copy(), old_), IsEmpty());
+  EXPECT_EQ(Other(R"(SELECT "ID", "Name", "City" FROM orv1_customer_before."People" ORDER BY 1)"), "1|Reed|Ely\n2|Hale|duluth\n");
+  EXPECT_EQ(engine::LastNumberOf(Copy(), "People"), 3);
+  EXPECT_EQ(engine::LinksOf(Copy()).size(), 1U);
+}
+
+TEST_F(UpgradedSchemas, ASecondTimeThereIsNothingToDo) {
+  Upgrade(NewTables());
+  EXPECT_THAT(engine::UpgradeDataFile(File(), NewTables(), Path("second.zdb"), {}), IsEmpty());
+  EXPECT_FALSE(engine::DataFileExists(Path("second.zdb")));
+}
+
+TEST_F(UpgradedSchemas, WhatCannotBeAddedLeavesAllAsItWas) {
+  auto key = NewTables();
+  key[0].fields.push_back(TextField("Code", 3));
+  key[0].indexes[0].fields.push_back("Code");
+  EXPECT_EQ(ErrorOf([&] { Upgrade(key); }), 3057);
+  auto unique = NewTables();
+  unique[0].indexes.push_back({"OneVisit", {"Visits"}, true, false});
+  EXPECT_EQ(ErrorOf([&] { Upgrade(unique); }), 3022);
+  EXPECT_EQ(ErrorOf([&] { engine::UpgradeDataFile(File(), NewTables(), File(), {}); }), 3204);
+  EXPECT_FALSE(engine::DataFileExists(Copy()));
+  EXPECT_THAT(engine::CheckDataFile(File(), old_), IsEmpty());
+}
+
+// An open list doesn't stand in the way and goes on; who is in the midst of a transaction does.
+TEST_F(UpgradedSchemas, WaitForTransactionsAlone) {
+  const auto made = engine::MakeEngine();
+  const auto people = made->WorkspaceAt(0)->OpenDatabase(File())->OpenRecordset("SELECT * FROM People ORDER BY ID");
+  EXPECT_FALSE(Upgrade(NewTables()).empty());
+  people->MoveNext();
+  EXPECT_EQ(people->Field("Name"), Value("Hale"));
+  made->WorkspaceAt(0)->OpenDatabase(File())->Execute("UPDATE People SET Visits = 8 WHERE ID = 1", platform::dbFailOnError);
+  EXPECT_EQ(Other(R"(SELECT "Visits" FROM orv1_customer."People" WHERE "ID" = 1)"), "8\n");
+}
+
 }  // namespace

@@ -245,6 +245,97 @@ TEST_F(TwoStores, AReaderReadsBoth) {
   EXPECT_EQ(platform::CStr(work->Row()[0]), "local");
 }
 
+// ---- what a reader joins across them: the work file's rows travel to the server
+
+class JoinedStores : public TwoStores {
+ protected:
+  JoinedStores() {
+    const auto people = Open(Customer());
+    for (const char* name : {"Zoe", "Ann", "Bob"}) Add(people, name, 30);
+  }
+  void AddWork(const std::string& values) {
+    Open(Temp())->Execute("INSERT INTO Work ( ID, Name, Age, Paid ) VALUES (" + values + ")", platform::dbFailOnError);
+  }
+  std::vector<std::string> Read(const std::string& path, const std::string& select) {
+    std::vector<std::string> rows;
+    const auto found = reader_->OpenRows(path, select);
+    while (found->Next()) {
+      std::string row;
+      for (const platform::Value& value : found->Row()) row += (row.empty() ? "" : " ") + TextOf(value);
+      rows.push_back(row);
+    }
+    return rows;
+  }
+  std::string ThePeople() const { return '\'' + Customer() + "'.People"; }
+
+  std::unique_ptr<platform::SnapshotReader> reader_ = engine::MakeSnapshotReader();
+};
+
+TEST_F(JoinedStores, RowsOfTheWorkFileMeetThoseOfTheServer) {
+  AddWork("2, 'two', 7, 12.5");
+  AddWork("3, Null, Null, Null");
+  AddWork("9, 'none', 1, -3");
+  EXPECT_THAT(Read(Temp(), "SELECT w.Name, w.Age, w.Paid, p.Name FROM Work AS w INNER JOIN " + ThePeople() +
+                               " AS p ON p.ID = w.ID ORDER BY p.Name"),
+              ElementsAre("two 7 12.5 Ann", "Null Null Null Bob"));
+  EXPECT_THAT(Read(Temp(), "SELECT w.ID, p.Name FROM Work AS w LEFT JOIN " + ThePeople() + " AS p ON p.ID = w.ID"),
+              ElementsAre("2 Ann", "3 Bob", "9 Null"));
+  EXPECT_THAT(Read(Customer(), "SELECT p.Name, w.* FROM People AS p INNER JOIN '" + Temp() + "'.Work AS w ON p.ID = w.ID WHERE w.Paid > 1"),
+              ElementsAre("Ann 2 two 7 12.5"));
+}
+
+// They are ordered and compared as in their file.
+TEST_F(JoinedStores, TextsKeepTheirOrder) {
+  AddWork("1, 'b', 1, 0");
+  AddWork("2, '\u00c1', 1, 0");
+  AddWork("3, 'a', 1, 0");
+  const std::string joined = " FROM Work AS w INNER JOIN " + ThePeople() + " AS p ON p.ID = w.ID ";
+  EXPECT_THAT(Read(Temp(), "SELECT w.ID" + joined + "ORDER BY w.Name"), ElementsAre("3", "2", "1"));
+  EXPECT_THAT(Read(Temp(), "SELECT w.ID" + joined + "WHERE w.Name = 'B'"), ElementsAre("1"));
+  EXPECT_THAT(Read(Temp(), "SELECT w.ID" + joined + "WHERE w.Name Like 'A*'"), ElementsAre("3"));
+  EXPECT_THAT(Read(Temp(), "SELECT w.ID" + joined + "ORDER BY w.Age"), ElementsAre("1", "2", "3")) << "equal keys stand as the rows do";
+}
+
+TEST_F(JoinedStores, RowsStayAsTheyWereWhenTheyWereSent) {
+  AddWork("1, 'one', 1, 0");
+  AddWork("2, 'two', 1, 0");
+  const auto rows = reader_->OpenRows(Temp(), "SELECT w.Name, p.Name FROM Work AS w INNER JOIN " + ThePeople() + " AS p ON p.ID = w.ID");
+  ASSERT_TRUE(rows->Next());
+  Open(Temp())->Execute("DELETE FROM Work", platform::dbFailOnError);
+  Open(Customer())->Execute("UPDATE People SET Name = 'changed'", platform::dbFailOnError);
+  EXPECT_EQ(rows->Count(), 2);
+  ASSERT_TRUE(rows->Next());
+  EXPECT_EQ(TextOf(rows->Row()[0]) + ' ' + TextOf(rows->Row()[1]), "two Ann");
+}
+
+// Nothing of them stays there, whether they were read to their end or not, and the next ones have a place.
+TEST_F(JoinedStores, NothingStaysOnTheServer) {
+  AddWork("1, 'one', 1, 0");
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_THAT(Read(Temp(), "SELECT w.Name FROM Work AS w INNER JOIN " + ThePeople() + " AS p ON p.ID = w.ID"), ElementsAre("one"));
+    EXPECT_EQ(Other("SELECT count(*) FROM pg_class WHERE relname LIKE '~guest%'"), "0\n");
+  }
+}
+
+TEST_F(JoinedStores, CanBeStoppedOnTheWay) {
+  for (int i = 1; i <= 3; ++i) AddWork(std::to_string(i) + ", 'one', 1, 0");
+  reader_->OnWait([] { return false; });
+  EXPECT_EQ(ErrorOf([&] { Read(Temp(), "SELECT w.Name FROM Work AS w INNER JOIN " + ThePeople() + " AS p ON p.ID = w.ID"); }),
+            platform::kReadingStopped);
+}
+
+// Who may read alone prints as well.
+TEST_F(JoinedStores, AReaderAloneMayJoin) {
+  AddWork("2, 'two', 1, 0");
+  Other("CREATE ROLE " + database_ + "_reader LOGIN; GRANT USAGE ON SCHEMA orv1_customer TO " + database_ +
+        "_reader; GRANT SELECT ON ALL TABLES IN SCHEMA orv1_customer TO " + database_ + "_reader");
+  ::setenv("PGUSER", (database_ + "_reader").c_str(), 1);
+  EXPECT_THAT(Read(Temp(), "SELECT p.Name FROM Work AS w INNER JOIN " + ThePeople() + " AS p ON p.ID = w.ID"), ElementsAre("Ann"));
+  reader_.reset();
+  ::setenv("PGUSER", "office", 1);
+  Other("DROP OWNED BY " + database_ + "_reader; DROP ROLE " + database_ + "_reader");
+}
+
 // What a company of files must never pay for.
 TEST_F(TwoStores, NoServerIsThoughtOfWithoutAPathToOne) {
   const auto choice = [](int& servers, int& files) -> engine::StoreChoice {

@@ -66,8 +66,9 @@ TEST(HostCommands, WordsInBracesAreReplaced) {
 TEST(HostCommands, TheDataFolderMayLieOnAServer) {
   test_support::ScenarioOptions options;
   options.companies = "postgresql://db/suite/";
-  EXPECT_EQ(RunScenario("host Name \"{DIR}/data/orv2/GL.zdb|{dir}/data|{DIR}/dat.zdb\"\n"
-                        "expect host Name \"postgresql://db/suite/orv2/GL.zdb|/suite/data|/suite/dat.zdb\"\n",
+  EXPECT_EQ(RunScenario("host Name \"{DIR}/data/orv2/GL.zdb|{dir}/data|{DIR}/dat.zdb {DIR}/it's/c.zdb {DIR}/ARCusLst.Rpt {SERVER}/orv1\"\n"
+                        "expect host Name \"postgresql://db/suite/orv2/GL.zdb|/suite/data|postgresql://db/suite/dat.zdb "
+                        "postgresql://db/suite/it's/c.zdb /suite/ARCusLst.Rpt postgresql://db/suite/orv1\"\n",
                         options)
                 .output,
             "");

@@ -1,9 +1,9 @@
 #include <optional>
 
 #include "engine/store/postgres/files/opened_schema.h"
-#include "engine/store/postgres/files/table_copy.h"
 #include "engine/store/postgres/files/tools.h"
 #include "engine/store/postgres/schema/definitions.h"
+#include "engine/store/postgres/table_copy.h"
 #include "engine/store/postgres/wording/names.h"
 #include "engine/store/query.h"
 

@@ -12,6 +12,8 @@ std::unique_ptr<BulkWriter> OpenBulkWriter(const std::string& path, std::string_
 std::unique_ptr<NewDataFile> MakeDataFile(const std::string& path, std::span<const platform::TableDefinition> tables);
 std::int64_t LastNumberOf(const std::string& path, std::string_view table);
 std::vector<std::string> CheckDataFile(const std::string& path, std::span<const platform::TableDefinition> expected);
+std::vector<std::string> UpgradeDataFile(const std::string& path, std::span<const platform::TableDefinition> expected,
+                                         const std::string& copy, const std::function<void(int, int)>& progress);
 std::vector<FileLink> LinksOf(const std::string& path);
 void PointLinks(const std::string& path, std::span<const FileLink> links);
 std::vector<std::string> ServerToolWords(const std::string& path);

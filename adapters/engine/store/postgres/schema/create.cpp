@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "engine/store/counter_field.h"
+#include "engine/store/find_by_name.h"
 #include "engine/store/postgres/schema/definitions.h"
 #include "engine/store/postgres/schema/field_words.h"
 #include "engine/store/postgres/schema/functions/functions.h"
@@ -111,6 +112,38 @@ std::vector<std::string> CreateIndexTexts(std::string_view schema, const TableDe
   std::vector<std::string> texts;
   for (const IndexDefinition& index : table.indexes) texts.push_back(IndexText(schema, table, index));
   return texts;
+}
+
+// A text's key may become another one by an index. Its old column goes when no index needs it any more.
+std::vector<std::string> AlterTableTexts(std::string_view schema, const TableDefinition& there, const TableDefinition& wanted) {
+  const std::string alter = "ALTER TABLE " + Own(schema, there.name) + ' ';
+  std::vector<std::string> texts;
+  for (const FieldDefinition& field : wanted.fields) {
+    const FieldDefinition* const known = FindByName(there.fields, field.name);
+    if (known == nullptr) texts.push_back(alter + "ADD COLUMN " + FieldText(schema, wanted, field));
+    const KeyColumn before = known == nullptr ? KeyColumn::None : KeyColumnOf(there, *known);
+    const KeyColumn after = KeyColumnOf(wanted, field);
+    if (before == after) continue;
+    texts.push_back(alter + "ADD COLUMN " + KeyText(schema, after, field));
+    if (before != KeyColumn::None) texts.push_back(alter + "DROP COLUMN " + QuoteName(NameOf(before, field.name)));
+  }
+  for (const IndexDefinition& index : wanted.indexes) {
+    if (FindByName(there.indexes, index.name) != nullptr) continue;
+    // As in FieldText.
+    for (const std::string& name : index.fields)
+      if (index.primary) texts.push_back(alter + "ALTER COLUMN " + QuoteName(name) + " SET NOT NULL");
+    texts.push_back(IndexText(schema, wanted, index));
+  }
+  return texts;
+}
+
+std::string CreateGuestText(std::string_view schema, const TableDefinition& table, std::string_view rowKey) {
+  std::string columns;
+  for (const FieldDefinition& field : table.fields)
+    columns += (columns.empty() ? "" : ", ") + QuoteName(field.name) + ' ' + DeclaredType(schema, field);
+  for (const FieldDefinition& field : table.fields)
+    if (const KeyColumn key = KeyColumnOf(table, field); key != KeyColumn::None) columns += ", " + KeyText(schema, key, field);
+  return "CREATE TEMPORARY TABLE " + QuoteName(table.name) + " (" + columns + ", PRIMARY KEY (" + QuoteName(rowKey) + ")) ON COMMIT DROP";
 }
 
 }  // namespace engine::postgres

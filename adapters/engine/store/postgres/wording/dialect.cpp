@@ -61,6 +61,7 @@ const Dialect& ServerDialect() {
       .cell = "cell",
       .arithmeticCalls = true,
       .rowsInOrder = false,
+      .openResults = false,
       .uncounted = kUncounted,
       .joinInOrder = " JOIN ",
       .joinAll = " CROSS JOIN ",

@@ -1,11 +1,13 @@
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 #include "engine/data_file.h"
 #include "engine/errors.h"
-#include "engine/store/find_by_name.h"
+#include "engine/store/additions.h"
 #include "engine/store/sqlite/files/copy_file.h"
 #include "engine/store/sqlite/files/opened_file.h"
+#include "engine/store/sqlite/files/tools.h"
 #include "engine/store/sqlite/names.h"
 #include "engine/store/sqlite/schema.h"
 #include "platform/values/text.h"
@@ -14,39 +16,15 @@ namespace engine {
 namespace {
 
 using platform::FieldDefinition;
-using platform::IndexDefinition;
 using platform::TableDefinition;
-
 
 /// What a file lacks: statements in their order, and the sentences that tell of them.
 struct Additions {
   std::vector<std::string> statements;
   std::vector<std::string> sentences;
-  void Add(std::string sentence, std::vector<std::string> texts) {
-    sentences.push_back(std::move(sentence));
-    std::move(texts.begin(), texts.end(), std::back_inserter(statements));
-  }
+  void Add(std::string text) { statements.push_back(std::move(text)); }
+  void Add(std::vector<std::string> texts) { std::move(texts.begin(), texts.end(), std::back_inserter(statements)); }
 };
-
-platform::Error MustBeMadeAnew(const std::string& table, const std::string& field) {
-  return {3057, "Field '" + field + "' is part of the key of table '" + table + "' and can't be added to it; the table must be made anew."};
-}
-
-void LookForFields(const std::string& alias, const TableDefinition& there, const TableDefinition& expected, Additions& additions) {
-  for (const FieldDefinition& field : expected.fields) {
-    if (FindByName(there.fields, field.name) != nullptr) continue;
-    if (BelongsToKey(expected, field)) throw MustBeMadeAnew(there.name, field.name);
-    additions.Add("Table " + there.name + " has got the field " + field.name + ".", {AddFieldText(alias, there, field)});
-  }
-}
-
-void LookForIndexes(const std::string& alias, const TableDefinition& there, const TableDefinition& expected, Additions& additions) {
-  for (const IndexDefinition& index : expected.indexes) {
-    if (FindByName(there.indexes, index.name) != nullptr) continue;
-    const TableDefinition alone{there.name, expected.fields, {index}};
-    additions.Add("Table " + there.name + " has got the index " + index.name + ".", CreateIndexTexts(alias, alone));
-  }
-}
 
 Additions LookForAdditions(Connection& connection, AttachedFile& file, std::span<const TableDefinition> expected) {
   Additions additions;
@@ -55,14 +33,16 @@ Additions LookForAdditions(Connection& connection, AttachedFile& file, std::span
   for (const TableDefinition& table : expected) {
     const auto name = std::find_if(names.begin(), names.end(), [&](const auto& each) { return platform::EqualsNoCase(each, table.name); });
     if (name == names.end()) {
-      std::vector<std::string> texts = CreateIndexTexts(alias, table);
-      texts.insert(texts.begin(), CreateTableText(alias, table));
-      additions.Add("Table " + table.name + " was made.", std::move(texts));
+      additions.Add(CreateTableText(alias, table));
+      additions.Add(CreateIndexTexts(alias, table));
+      additions.sentences.push_back(TableWasMade(table.name));
       continue;
     }
     const TableDefinition there = ReadTable(connection, alias, *name);
-    LookForFields(alias, there, table, additions);
-    LookForIndexes(alias, there, table, additions);
+    Lacking lacking = WhatIsLacking(there, table);
+    for (const FieldDefinition& field : lacking.fields) additions.Add(AddFieldText(alias, there, field));
+    additions.Add(CreateIndexTexts(alias, {there.name, table.fields, lacking.indexes}));
+    std::move(lacking.sentences.begin(), lacking.sentences.end(), std::back_inserter(additions.sentences));
   }
   return additions;
 }
@@ -91,8 +71,8 @@ void KeepAsItWas(Connection& connection, const AttachedFile& file, const std::st
 
 }  // namespace
 
-std::vector<std::string> UpgradeDataFile(const std::string& path, std::span<const TableDefinition> expected, const std::string& copy,
-                                         const std::function<void(int, int)>& progress) {
+std::vector<std::string> files::UpgradeDataFile(const std::string& path, std::span<const TableDefinition> expected, const std::string& copy,
+                                                const std::function<void(int, int)>& progress) {
   OpenedFile opened(path);
   Connection& connection = opened.connection;
   const auto& file = opened.file;

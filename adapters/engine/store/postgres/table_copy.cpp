@@ -1,4 +1,4 @@
-#include "engine/store/postgres/files/table_copy.h"
+#include "engine/store/postgres/table_copy.h"
 
 #include <array>
 #include <cassert>

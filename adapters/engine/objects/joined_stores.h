@@ -1,0 +1,67 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "engine/catalogue/database_catalogue.h"
+#include "engine/catalogue/engine_context.h"
+#include "engine/store/query.h"
+#include "engine/store/store.h"
+
+namespace engine {
+
+/// Names of a statement as a reader may use them: tables of other files may lie in other stores.
+class AskedTables final : public Catalogue {
+ public:
+  AskedTables(DatabaseCatalogue& own, EngineContext& context) : own_(own), context_(context) {}
+
+  const ResolvedTable* FindTable(std::string_view name) override;
+  const ResolvedTable* FindTable(std::string_view name, std::string_view inFile) override;
+
+  /// The stores of all tables that were found so far, the first one's first.
+  const std::vector<EngineContext*>& Found() const { return found_; }
+  /// A file of that store in which one of them lies.
+  std::shared_ptr<StoreFile> FileIn(const EngineContext& context) const;
+  EngineContext& ContextOf(const ResolvedTable& table) const { return *contexts_.at(&table); }
+
+ private:
+  const ResolvedTable* Keep(const ResolvedTable* table, EngineContext& context);
+
+  DatabaseCatalogue& own_;
+  EngineContext& context_;
+  std::vector<EngineContext*> found_;
+  std::map<const ResolvedTable*, EngineContext*> contexts_;
+};
+
+/// The same for a statement over several stores: it runs in the one of them that takes guests, and the others' rows travel there, those
+/// fields alone that the statement names. They stay as long as this object, in the state in which it met them.
+class JoinedStores final : public Catalogue {
+ public:
+  /// `path`: the file that was asked, for 3219 where no store takes guests. `goOn` may be empty; its no raises kReadingStopped. `asked` and
+  /// `select` are needed while the statement is planned.
+  JoinedStores(AskedTables& asked, std::string_view path, std::string_view select, const std::function<bool()>& goOn);
+
+  EngineContext& Home() const { return home_; }
+  const ResolvedTable* FindTable(std::string_view name) override { return AtHome(asked_.FindTable(name)); }
+  const ResolvedTable* FindTable(std::string_view name, std::string_view inFile) override { return AtHome(asked_.FindTable(name, inFile)); }
+
+ private:
+  const ResolvedTable* AtHome(const ResolvedTable* table);
+  std::unique_ptr<ResolvedTable> Brought(const ResolvedTable& table);
+  platform::TableDefinition Named(platform::TableDefinition table) const;
+  void CarryRows(EngineContext& from, const ResolvedTable& table, const platform::TableDefinition& named, GuestTable& guest) const;
+
+  AskedTables& asked_;
+  EngineContext& home_;
+  std::string_view select_;
+  const std::function<bool()>& goOn_;
+  std::shared_ptr<StoreFile> beside_;
+  Transaction unit_;
+  std::map<const ResolvedTable*, std::unique_ptr<ResolvedTable>> tables_;
+  std::vector<std::unique_ptr<GuestTable>> guests_;
+};
+
+}  // namespace engine

@@ -16,10 +16,12 @@
 #include <list>
 #include <memory>
 #include <stdexcept>
+#include <string_view>
 #include <vector>
 
 struct FaultyProxy::Shared {
   std::atomic<Fault> next{Fault::None};
+  std::atomic<bool> ofSaves{false};
   std::atomic<bool> refuses{false};
 };
 
@@ -28,6 +30,7 @@ namespace {
 using Fault = FaultyProxy::Fault;
 
 constexpr const char* kSocketName = "/.s.PGSQL.5432";
+constexpr std::string_view kSaves = "~saves";  ///< stands in every trip that saves
 constexpr std::size_t kSync = 5;  ///< bytes of the word that ends a trip
 constexpr std::size_t kSomeOfAnAnswer = 20'000;
 
@@ -65,13 +68,15 @@ void SendAll(int to, const char* bytes, std::size_t count) {
 }
 
 // From the desk; false when the line is to be cut.
-bool Up(Line& line, std::atomic<Fault>& next) {
+template <class Shared>
+bool Up(Line& line, Shared& shared) {
   std::array<char, 262'144> buffer{};
   const ssize_t read = ::recv(line.desk, buffer.data(), buffer.size(), MSG_DONTWAIT);
   if (read <= 0) return false;
   const auto count = static_cast<std::size_t>(read);
-  if (next == Fault::Silence) return true;
-  if (const Fault fault = next.exchange(Fault::None); fault != Fault::None) line.fault = fault;
+  const bool due = !shared.ofSaves || std::string_view(buffer.data(), count).find(kSaves) != std::string_view::npos;
+  if (due && shared.next == Fault::Silence) return true;
+  if (due && shared.next != Fault::None) line.fault = shared.next.exchange(Fault::None);
   if (line.fault == Fault::CutBefore) return false;
   SendAll(line.server, buffer.data(), line.fault == Fault::HalfOpen && count > kSync ? count - kSync : count);
   if (line.fault == Fault::HalfOpen) {
@@ -107,7 +112,7 @@ template <class Shared>
     ::poll(asked.data(), asked.size(), 1'000);
     std::size_t place = 1;
     for (auto line = lines.begin(); line != lines.end(); place += 2) {
-      const bool open = (asked[place + 1].revents == 0 || Down(*line, shared.next)) && (asked[place].revents == 0 || Up(*line, shared.next));
+      const bool open = (asked[place + 1].revents == 0 || Down(*line, shared.next)) && (asked[place].revents == 0 || Up(*line, shared));
       if (open) {
         ++line;
         continue;
@@ -164,5 +169,9 @@ std::string FaultyProxy::PathOf(const std::string& database) const {
   return "postgresql://" + host + '/' + database + '/';
 }
 
-void FaultyProxy::Next(Fault fault) { shared_->next = fault; }
+void FaultyProxy::Arm(Fault fault, bool saves) {
+  shared_->next = Fault::None;
+  shared_->ofSaves = saves;
+  shared_->next = fault;
+}
 void FaultyProxy::Refuse(bool refuse) { shared_->refuses = refuse; }

@@ -27,12 +27,15 @@ class FaultyProxy {
   /// How a path through it begins: "postgresql://%2F...%2Fproxy/DATABASE/".
   std::string PathOf(const std::string& database) const;
   /// Arms the fault. None ends a silence.
-  void Next(Fault fault);
+  void Next(Fault fault) { Arm(fault, false); }
+  /// The same for what next saves something.
+  void NextSave(Fault fault) { Arm(fault, true); }
   /// Nobody can connect from now on, or again.
   void Refuse(bool refuse);
 
  private:
   struct Shared;
+  void Arm(Fault fault, bool saves);
 
   std::string folder_;
   Shared* shared_ = nullptr;  ///< with the process

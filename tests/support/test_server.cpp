@@ -127,8 +127,16 @@ void TestServer::Start() {
   }
 }
 
-void TestServer::Kill() {
-  ::kill(server_, SIGQUIT);
+void TestServer::AddRoleWithPassword(const std::string& role, const std::string& password) {
+  Run("postgres", "CREATE ROLE " + role + " LOGIN PASSWORD '" + password + "'");
+  const std::string rules = folder_ + "/data/pg_hba.conf";
+  const std::string before = Content(rules);
+  std::ofstream(rules, std::ios::binary) << "local all " << role << " scram-sha-256\n" << before;
+  Run("postgres", "SELECT pg_reload_conf()");
+}
+
+void TestServer::End(int signal) {
+  ::kill(server_, signal);
   ::waitpid(server_, nullptr, 0);
   server_ = 0;
 }

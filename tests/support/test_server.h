@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <csignal>
 #include <string>
 
 /// A database server of the tests' own: a throw-away cluster in a temporary folder, reached by a socket there and by nothing else,
@@ -30,11 +31,19 @@ class TestServer {
   /// Copies all of a database into an empty one as an administrator does; what was said.
   std::string CopyByDump(const std::string& from, const std::string& to) const;
 
+  /// Makes a role that must name its password, unlike all others.
+  void AddRoleWithPassword(const std::string& role, const std::string& password);
+
   /// Ends it without a warning to anybody, and starts it again.
-  void Kill();
+  void Kill() { End(SIGQUIT); }
   void Start();
+  /// Ends it as an administrator does: who is connected is told so.
+  void Stop() { End(SIGINT); }
+  /// It ends at once, and leaves everything as it is.
+  void Crash() { End(SIGKILL); }
 
  private:
+  void End(int signal);
   std::string Tool(const std::string& name, const std::string& database) const;
 
   std::string folder_;

@@ -140,6 +140,16 @@ TEST_F(OverALine, ASilentLineIsGivenUpAndTheNextActConnectsAnew) {
   EXPECT_EQ(Names(), "third\n");
 }
 
+// A host that can't be reached, or that takes a connection and says nothing.
+TEST_F(OverALine, ConnectingToNobodyEndsInTime) {
+  line.Next(Fault::Silence);
+  PostgresStore other(Patient());
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(ErrorOf([&] { other.Open(line.PathOf(database_) + "orv1/people.zdb", "people.zdb"); }), 3043);
+  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(900));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(3'000));
+}
+
 // Every save is known: what was told as stored is there, what was told as failed isn't.
 TEST_F(OverALine, NoneOfAStreamOfSavesIsToldWrongly) {
   std::string stored;

@@ -156,6 +156,12 @@ std::string TestServer::Run(const std::string& database, const std::string& sql)
   return OutputOf(Tool("psql", database) + " -X -q -A -t -v ON_ERROR_STOP=1 -c " + Quoted(sql) + " 2>&1");
 }
 
+std::string TestServer::RunFile(const std::string& database, const std::string& file, const std::vector<std::string>& variables) const {
+  std::string words;
+  for (const std::string& variable : variables) words += " -v " + Quoted(variable);
+  return OutputOf(Tool("psql", database) + " -X -q -A -t" + words + " -f " + Quoted(file) + " 2>&1");
+}
+
 std::string TestServer::CopyByDump(const std::string& from, const std::string& to) const {
   return OutputOf('(' + Tool("pg_dump", from) + " | " + Tool("psql", to) + " -X -q -A -t -v ON_ERROR_STOP=1 -o /dev/null) 2>&1");
 }

@@ -76,16 +76,19 @@ class ServerFaultsTest : public MainScreenTest {
   FaultyProxy line;
   std::string database_;
 
+  static void MakeCompanyAt(const std::string& place) {
+    suitefiles::MakeCompanyFiles(place + "orv1", 2025);
+    suitefiles::CompanyRecord company;
+    company.name = "Company 1";
+    suitefiles::AddCompanyRow(place + "orv1/dat.zdb", company);
+    AddRows(place + "orv1/customer.zdb", "Customers", {"LastName", "Terms", "NonBillable", "DefaultPhoneNumber"},
+            {{"Abel", 2, false, 0}, {"Bell", 2, false, 0}});
+  }
+
  private:
   void MakePattern() const {
     server_.CreateDatabase("pattern");
-    suitefiles::MakeCompanyFiles(server_.PathOf("pattern") + "orv1", 2025);
-    const std::string dat = server_.PathOf("pattern") + "orv1/dat.zdb";
-    suitefiles::CompanyRecord company;
-    company.name = "Company 1";
-    suitefiles::AddCompanyRow(dat, company);
-    AddRows(server_.PathOf("pattern") + "orv1/customer.zdb", "Customers", {"LastName", "Terms", "NonBillable", "DefaultPhoneNumber"},
-            {{"Abel", 2, false, 0}, {"Bell", 2, false, 0}});
+    MakeCompanyAt(server_.PathOf("pattern"));
   }
 };
 
@@ -206,6 +209,44 @@ TEST_F(ServerFaultsTest, WhoMayOnlyReadIsRefusedAsWithAReadOnlyFile) {
     EXPECT_EQ(screen.data[1].Recordset()->RecordCount(), 0);
   });
   EXPECT_EQ(LastNames(), "Abel,Bell\n");
+}
+
+// The script that is shipped for it: one role makes companies, the other works in them.
+TEST_F(ServerFaultsTest, TwoRolesAreEnough) {
+  const std::string books = database_ + "_books";
+  const std::string owner = database_ + "_owner";
+  const std::string office = database_ + "_office";
+  const std::string anna = database_ + "_anna";
+  server_.CreateDatabase(books);
+  const auto run = [&] { return server_.RunFile(books, ORCUSSCH_ROLES, {"owner=" + owner, "office=" + office}); };
+  EXPECT_EQ(run(), "");
+  ::setenv("PGUSER", owner.c_str(), 1);
+  MakeCompanyAt(server_.PathOf(books));
+  EXPECT_EQ(run(), "") << "it may be run again";
+  server_.Run("postgres", "CREATE ROLE " + anna + " LOGIN IN ROLE " + office);
+  ::setenv("PGUSER", anna.c_str(), 1);
+  LeadTo(server_.PathOf(books));
+  Serve([&](frmCustMain& screen) {
+    ExpectNoReport();
+    OpenCard(screen, "Abelson");
+    Press(screen, "tb_SaveRec");
+    OpenNewPhone(screen);
+    Press(screen, "tb_SaveRec");
+    ExpectNoReport();
+  });
+  EXPECT_EQ(server_.Run(books, "SELECT string_agg(\"LastName\", ',' ORDER BY \"AcctNum\") FROM orv1_customer.\"Customers\""), "Abelson,Bell\n");
+  EXPECT_EQ(server_.Run(books, "SELECT count(*) FROM orv1_customer.\"Phones\""), "1\n");
+  EXPECT_EQ(server_.Run(books, "SELECT count(*) FROM orv1_customer.\"~saves\""), "1\n") << "its saves are marked";
+  const auto mayAs = [&](const std::string& role, const std::string& sql) {
+    return !server_.Run(books, "SET ROLE " + role + "; BEGIN; " + sql + "; ROLLBACK").starts_with("ERROR");
+  };
+  EXPECT_TRUE(mayAs(owner, "CREATE SCHEMA more"));
+  for (const char* forbidden : {"CREATE SCHEMA more", "CREATE TABLE orv1_customer.more (x int)", "CREATE TABLE public.more (x int)", "DROP TABLE orv1_customer.\"Phones\"",
+                                "ALTER TABLE orv1_customer.\"Phones\" ADD COLUMN x int", "TRUNCATE orv1_customer.\"Phones\""})
+    EXPECT_FALSE(mayAs(anna, forbidden)) << forbidden;
+  ::setenv("PGUSER", "office", 1);
+  app.reset();
+  server_.DropDatabase(books);
 }
 
 // A password stands in the client library's own file, and nowhere else: not in what is told, nor in what others can see of the process.

@@ -211,6 +211,52 @@ TEST_F(ServerFaultsTest, WhoMayOnlyReadIsRefusedAsWithAReadOnlyFile) {
   EXPECT_EQ(LastNames(), "Abel,Bell\n");
 }
 
+// Whatever is typed is a text and never a part of a statement: on a server the same comes of it as in files.
+TEST_F(ServerFaultsTest, HostileTextsDoTheSameAsInFiles) {
+  const std::vector<std::string> texts{
+      "O'Hara",  "''", "'; DROP TABLE \"Customers\"; --", "\" OR \"\" = \"", "$1", "\\'; --", "E'\\x'", "$$x$$", "100%", "a_b", "*", "?", "#", "[a-z]", "[", "![", "]",
+      "x' RETURNING pg_sleep(5) --", "\xF0\x9F\x98\x80 smile", "M\xC3\xBCller", "a\tb", std::string("nul\0behind", 10), std::string(10'000, 'x'),
+      std::string(5'000, '\''), "\xFF\xFE", "1; COMMIT; BEGIN", "{DIR}", "|", "NULL", "True"};
+  const auto outcomes = [&](const std::string& file) {
+    std::vector<std::string> all;
+    Serve([&](frmCustMain& screen) {
+      const auto note = [&](const std::string& what) {
+        std::string noted = what;
+        for (const auto& record : log->records) noted += " | " + record.module + ' ' + std::to_string(record.number);
+        for (const auto& box : frontEnd->boxes) noted += " | " + box.text;
+        all.push_back(noted);
+        log->records.clear();
+        frontEnd->boxes.clear();
+      };
+      for (const std::string& text : texts) {
+        Press(screen, "tb_EditRec");
+        EditOf(screen, "txtLastName").UserReplaceAll(text, 0);
+        Press(screen, "tb_SaveRec");
+        note("saved " + platform::CStr(platform::Concat("", screen.data[0].Recordset()->Field("LastName"))));
+        screen.txtSearch[0].Text(text);
+        screen.miFind.UserClick();
+        note("found " + platform::CStr(platform::Concat("", screen.data[0].Recordset()->Field("LastName"))));
+        screen.miSelect.UserClick();
+        note("selected " + std::to_string(screen.data[0].Recordset()->RecordCount()));
+        screen.miRefresh.UserClick();
+        note("all " + std::to_string(screen.data[0].Recordset()->RecordCount()));
+      }
+    });
+    const auto engine = engine::MakeEngine();
+    const auto rows = engine->OpenControlDatabase(file)->OpenRecordset("SELECT LastName FROM Customers ORDER BY AcctNum");
+    for (; !rows->Eof(); rows->MoveNext()) all.push_back(platform::CStr(platform::Concat("", rows->Field(0))));
+    return all;
+  };
+  AddRows(CustomerFile(), "Customers", {"LastName", "Terms", "NonBillable", "DefaultPhoneNumber"}, {{"Abel", 2, false, 0}, {"Bell", 2, false, 0}});
+  std::filesystem::remove(folder / "orv1.ini");
+  const std::vector<std::string> inFiles = outcomes(CustomerFile());
+  LeadTo(server_.PathOf(database_));
+  const std::vector<std::string> onServer = outcomes(server_.PathOf(database_) + "orv1/customer.zdb");
+  EXPECT_THAT(inFiles, testing::IsSupersetOf({"saved O'Hara", "found O'Hara", "selected 2", "all 2"}));
+  EXPECT_EQ(onServer, inFiles);
+  EXPECT_EQ(Ask("SELECT count(*) FROM orv1_customer.\"Customers\""), "2\n");
+}
+
 // The script that is shipped for it: one role makes companies, the other works in them.
 TEST_F(ServerFaultsTest, TwoRolesAreEnough) {
   const std::string books = database_ + "_books";

@@ -127,8 +127,16 @@ void TestServer::Start() {
   }
 }
 
-void TestServer::Kill() {
-  ::kill(server_, SIGQUIT);
+void TestServer::AddRoleWithPassword(const std::string& role, const std::string& password) {
+  Run("postgres", "CREATE ROLE " + role + " LOGIN PASSWORD '" + password + "'");
+  const std::string rules = folder_ + "/data/pg_hba.conf";
+  const std::string before = Content(rules);
+  std::ofstream(rules, std::ios::binary) << "local all " << role << " scram-sha-256\n" << before;
+  Run("postgres", "SELECT pg_reload_conf()");
+}
+
+void TestServer::End(int signal) {
+  ::kill(server_, signal);
   ::waitpid(server_, nullptr, 0);
   server_ = 0;
 }
@@ -146,6 +154,12 @@ std::string TestServer::Tool(const std::string& name, const std::string& databas
 
 std::string TestServer::Run(const std::string& database, const std::string& sql) const {
   return OutputOf(Tool("psql", database) + " -X -q -A -t -v ON_ERROR_STOP=1 -c " + Quoted(sql) + " 2>&1");
+}
+
+std::string TestServer::RunFile(const std::string& database, const std::string& file, const std::vector<std::string>& variables) const {
+  std::string words;
+  for (const std::string& variable : variables) words += " -v " + Quoted(variable);
+  return OutputOf(Tool("psql", database) + " -X -q -A -t" + words + " -f " + Quoted(file) + " 2>&1");
 }
 
 std::string TestServer::CopyByDump(const std::string& from, const std::string& to) const {

@@ -2,7 +2,9 @@
 
 #include <sys/types.h>
 
+#include <csignal>
 #include <string>
+#include <vector>
 
 /// A database server of the tests' own: a throw-away cluster in a temporary folder, reached by a socket there and by nothing else,
 /// which trusts everybody and never waits for the disk. As root it runs as the user that the server's package made. It goes with the
@@ -27,14 +29,24 @@ class TestServer {
   void DropDatabase(const std::string& name);
   /// Runs a statement of anybody else's; what it printed.
   std::string Run(const std::string& database, const std::string& sql) const;
+  /// Runs a file of statements with the program's own variables ("NAME=VALUE"); what was said.
+  std::string RunFile(const std::string& database, const std::string& file, const std::vector<std::string>& variables) const;
   /// Copies all of a database into an empty one as an administrator does; what was said.
   std::string CopyByDump(const std::string& from, const std::string& to) const;
 
+  /// Makes a role that must name its password, unlike all others.
+  void AddRoleWithPassword(const std::string& role, const std::string& password);
+
   /// Ends it without a warning to anybody, and starts it again.
-  void Kill();
+  void Kill() { End(SIGQUIT); }
   void Start();
+  /// Ends it as an administrator does: who is connected is told so.
+  void Stop() { End(SIGINT); }
+  /// It ends at once, and leaves everything as it is.
+  void Crash() { End(SIGKILL); }
 
  private:
+  void End(int signal);
   std::string Tool(const std::string& name, const std::string& database) const;
 
   std::string folder_;

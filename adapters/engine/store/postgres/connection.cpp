@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/errors.h"
+#include "engine/store/postgres/link/flag.h"
 #include "engine/store/postgres/wording/names.h"
 #include "engine/store/query.h"
 #include "engine/values/iso_date.h"
@@ -19,17 +20,10 @@ std::string LockText(const std::string& schema) {
          QuoteText(schema) + " AND c.relkind IN ('r', 'p')); END$$";
 }
 
-struct Flag {
-  explicit Flag(bool& set) : flag(set) { flag = true; }
-  ~Flag() { flag = false; }
-  Flag(const Flag&) = delete;
-  Flag& operator=(const Flag&) = delete;
-  bool& flag;
-};
-
 }  // namespace
 
-ServerConnection::ServerConnection(const Target& target, Patience patience) : link_(target, patience, [this] { ServePainting(); }), wholeFiles_(patience.wholeFiles) {}
+ServerConnection::ServerConnection(const Target& target, Patience patience)
+    : patience_(patience.connect), link_(target, patience, marks_.Desk(), [this] { ServePainting(); }), wholeFiles_(patience.wholeFiles) {}
 
 ServerConnection::~ServerConnection() {
   kept_.Clear();
@@ -72,13 +66,24 @@ std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
     if (wholeFiles_ && writes && !trip.schema.empty() && held_.insert(trip.schema).second) trip.before.push_back(LockText(trip.schema));
     trip.behind.push_back("RELEASE SAVEPOINT guard");
   }
+  const bool marked = !trip.saves.empty() && !asking_ && marks_.AreKeptIn(trip.schema);
+  if (marked && units_.empty()) trip.behind.push_back(marks_.Next(trip.schema));
+  if (marked && !units_.empty()) saved_ = trip.schema;
   active_ = link_.Send(trip);
+  // What was not sent at all is known to be undone.
+  if (marked && units_.empty() && !active_->done) {
+    active_->save = marks_.Last();
+    active_->schema = trip.schema;
+    active_->sql = trip.saves;
+  }
   return active_;
 }
 
 void ServerConnection::Take(Run& run) {
   link_.Take(run);
-  if (run.done) Settle(run);
+  if (!run.done) return;
+  Settle(run);
+  if (run.save != 0 && run.failure && CanBeAsked(*run.failure)) Learn(run);
 }
 
 void ServerConnection::Abandon(Run& run) noexcept {
@@ -149,9 +154,10 @@ void ServerConnection::CommitUnit(const Unit& unit) {
     FinishActive();
     held_.clear();
     if (broken_) throw errors::DiskOrNetwork();
-    if (begun_) Control("COMMIT");
+    if (begun_) Commit();
     pending_.clear();
     begun_ = false;
+    saved_.clear();
   } else if (unit.kind == Unit::Kind::Write) {
     if (!pending_.empty() && pending_.back() == name)
       pending_.pop_back();
@@ -176,17 +182,18 @@ void ServerConnection::UndoUnit(const Unit& unit) noexcept {
   try {
     FinishActive();
     pending_.clear();
-    if (begun_ && !broken_) Control("ROLLBACK");
+    if (begun_ && !broken_) End("ROLLBACK");
   } catch (const platform::Error&) {
     // Nobody can be told; a server that is gone has undone it.
   }
   begun_ = false;
   broken_ = false;
+  saved_.clear();
   held_.clear();
 }
 
 // A statement that ends the outermost unit. Behind a failed one the transaction can only be undone, which the server does then.
-void ServerConnection::Control(const std::string& sql) {
+std::optional<Failure> ServerConnection::End(const std::string& sql) {
   Trip trip;
   trip.before = std::move(pending_);
   pending_.clear();
@@ -194,8 +201,8 @@ void ServerConnection::Control(const std::string& sql) {
   active_ = link_.Send(trip);
   const std::shared_ptr<Run> run = active_;
   Take(*run);
-  if (run->failure) Raise(*run->failure, Doing::Writing, {});
-  if (run->tag != sql) throw platform::Error(3000, "Reserved error (" + run->tag + ")");
+  if (!run->failure && run->tag != sql) throw platform::Error(3000, "Reserved error (" + run->tag + ")");
+  return run->failure;
 }
 
 // ---- who wrote

@@ -14,6 +14,7 @@
 #include "engine/store/channel.h"
 #include "engine/store/kept_statements.h"
 #include "engine/store/postgres/link/link.h"
+#include "engine/store/postgres/link/outcome.h"
 #include "engine/store/postgres/link/snapshot_watch.h"
 #include "engine/store/postgres/statement.h"
 #include "engine/values/clock.h"
@@ -54,6 +55,9 @@ class ServerConnection final : public Channel {
   void NameSchema(const std::string& schema, std::string asked) { asked_[schema] = std::move(asked); }
   const std::string& AskedOf(const std::string& schema) const;
 
+  /// What becomes of saves in the schema can be asked.
+  void MarkSaves(const std::string& schema) { marks_.KeptIn(schema); }
+
   std::uint64_t Trips() const noexcept { return link_.Trips(); }
 
   /// While it is set, a statement that would look at more than about so many rows, or put all rows in order first, isn't run:
@@ -78,8 +82,15 @@ class ServerConnection final : public Channel {
  private:
   void FinishActive();
   void Settle(Run& run);
-  void Control(const std::string& sql);
+  std::optional<Failure> End(const std::string& sql);
+  void Commit();
+  void Learn(Run& run);
+  std::optional<std::string> Stored(const std::string& schema, std::uint64_t save);
+  std::shared_ptr<Run> RowsOf(const std::string& sql, const std::string& schema);
 
+  SaveMarks marks_;
+  bool asking_ = false;  ///< what became of a save
+  int patience_;         ///< for connecting
   Link link_;
   Clock clock_ = LocalNow;
   bool wholeFiles_;
@@ -93,6 +104,7 @@ class ServerConnection final : public Channel {
   std::shared_ptr<Run> active_;         ///< the last one, while it isn't settled
   std::vector<std::string> pending_;    ///< what goes before the next statement
   std::vector<Unit::Kind> units_;
+  std::string saved_;    ///< a schema in which the outermost unit has saved something
   bool begun_ = false;   ///< the server knows of the outermost unit
   bool broken_ = false;  ///< the connection was lost inside the units
   std::map<std::string, std::uint64_t> writes_;

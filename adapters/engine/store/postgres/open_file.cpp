@@ -24,19 +24,24 @@ struct Found {
   bool ours = false;
   bool readable = false;
   bool writable = false;
+  bool marked = false;
 };
 
 std::optional<Found> Find(ServerConnection& connection, const std::string& schema) {
   Query query(connection, std::string_view(
                               "SELECT has_schema_privilege(n.oid, 'USAGE'), i.oid IS NOT NULL AND l.oid IS NOT NULL, has_table_privilege(i.oid, 'SELECT'), "
-                              "has_table_privilege(l.oid, 'INSERT') AND current_setting('transaction_read_only') = 'off' "
+                              "has_table_privilege(l.oid, 'INSERT') AND current_setting('transaction_read_only') = 'off', "
+                              "has_table_privilege(s.oid, 'SELECT') AND has_table_privilege(s.oid, 'INSERT') AND "
+                              "has_table_privilege(s.oid, 'UPDATE') AND has_table_privilege(s.oid, 'DELETE') "
                               "FROM pg_namespace n LEFT JOIN pg_class i ON i.relnamespace = n.oid AND i.relname = $2 "
-                              "LEFT JOIN pg_class l ON l.relnamespace = n.oid AND l.relname = $3 WHERE n.nspname = $1"));
+                              "LEFT JOIN pg_class l ON l.relnamespace = n.oid AND l.relname = $3 "
+                              "LEFT JOIN pg_class s ON s.relnamespace = n.oid AND s.relname = $4 WHERE n.nspname = $1"));
   query.Bind(1, std::string_view(schema));
   query.Bind(2, kInfoTable);
   query.Bind(3, kLinksTable);
+  query.Bind(4, kSavesTable);
   if (!query.Step()) return {};
-  return Found{query.Int(0) != 0, query.Int(1) != 0, query.Int(2) != 0, query.Int(3) != 0};
+  return Found{query.Int(0) != 0, query.Int(1) != 0, query.Int(2) != 0, query.Int(3) != 0, query.Int(4) != 0};
 }
 
 // Formats and text orders have whole numbers; what can't be read as one is damaged.
@@ -68,6 +73,7 @@ bool OpenSchema(ServerConnection& connection, const std::string& schema, const s
   if (!found->ours) throw errors::UnrecognizedFormat(asked);
   if (!found->readable) throw errors::OpenedExclusively(asked);
   RequireFormat(connection, schema, asked);
+  if (found->writable && found->marked) connection.MarkSaves(schema);
   return !found->writable;
 }
 

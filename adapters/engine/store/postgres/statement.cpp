@@ -45,6 +45,8 @@ bool ChangesSomething(std::string_view sql) {
   return sql.find("nextval(") != std::string_view::npos;
 }
 
+bool WritesRows(std::string_view sql) { return sql.starts_with("INSERT ") || sql.starts_with("UPDATE ") || sql.starts_with("DELETE "); }
+
 }  // namespace
 
 std::string FirstSchema(std::string_view sql) {
@@ -108,6 +110,7 @@ Trip ServerStatement::Prepared() {
   trip.parameters = &parameters_;
   trip.asksNumber = writes_;
   trip.schema = schema_;
+  if (WritesRows(sql_)) trip.saves = sql_;
   const auto known = names_.find(types_);
   preparing_ = known == names_.end();
   if (!preparing_) {

@@ -109,7 +109,7 @@ TEST_F(TwoStores, WhereTheServersCommitFailsTheFileKeepsNothing) {
   workspace_->BeginTrans();
   temp->Execute("INSERT INTO Work ( ID, Name ) VALUES (7, 'local')", platform::dbFailOnError);
   Add(people, "Ann", 30);
-  Other("SELECT pg_terminate_backend(pid, 2000) FROM pg_stat_activity WHERE application_name = 'ORCusSch' AND datname = current_database()");
+  Other("SELECT pg_terminate_backend(pid, 2000) FROM pg_stat_activity WHERE application_name LIKE 'ORCusSch %' AND datname = current_database()");
   EXPECT_EQ(ErrorOf([&] { workspace_->CommitTrans(); }), 3043);
   EXPECT_THAT(WorkRows(temp), IsEmpty());
   EXPECT_EQ(Other("SELECT count(*) FROM orv1_customer.\"People\""), "0\n");

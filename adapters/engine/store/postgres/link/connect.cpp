@@ -55,13 +55,13 @@ std::vector<Host> HostsOf(const Target& target) {
   return hosts;
 }
 
-Opened Start(const Host& host, const Target& target, const Patience& patience, bool oneOfMany) {
+Opened Start(const Host& host, const Target& target, const Patience& patience, const std::string& name, bool oneOfMany) {
   const std::string options = SessionOptions(target, patience);
   // Of several servers one takes writes.
   const char* const attributes = oneOfMany ? "read-write" : "any";
   constexpr std::array<const char*, 8> names{"host", "port", "dbname", "options", "client_encoding", "application_name", "target_session_attrs", nullptr};
   const std::array<const char*, names.size()> values{
-      host.name.c_str(), host.port.c_str(), target.database.c_str(), options.c_str(), "UTF8", "ORCusSch", attributes, nullptr};
+      host.name.c_str(), host.port.c_str(), target.database.c_str(), options.c_str(), "UTF8", name.c_str(), attributes, nullptr};
   return Opened(PQconnectStartParams(names.data(), values.data(), 0));
 }
 
@@ -100,13 +100,18 @@ void WaitForSocket(PGconn* connection, bool toRead, bool toWrite) {
   ::poll(&asked, 1, kStep);
 }
 
-PGconn* Connect(const Target& target, const Patience& patience, const std::function<void()>& serveOthers, const std::string& asked) {
+void Pause() {
+  constexpr int kStep = 15;  // milliseconds
+  ::poll(nullptr, 0, kStep);
+}
+
+PGconn* Connect(const Target& target, const Patience& patience, const std::string& name, const std::function<void()>& serveOthers, const std::string& asked) {
   const std::vector<Host> hosts = HostsOf(target);
   // The client library's own walk over the hosts would spend all the time on one that never answers.
   const auto share = std::chrono::milliseconds(patience.connect) / hosts.size();
   Failure failure;
   for (const Host& host : hosts) {
-    Opened connection = Start(host, target, patience, hosts.size() > 1);
+    Opened connection = Start(host, target, patience, name, hosts.size() > 1);
     if (connection == nullptr) throw errors::DiskOrNetwork();  // the client library isn't there
     auto opened = Attempt(std::move(connection), share, serveOthers, failure);
     if (opened == nullptr) continue;

@@ -98,6 +98,13 @@ std::string StateInMessage(const std::string& message) {
   return found;
 }
 
+// Somebody ended the wait for them, or the whole connection. No other warning of these states comes with what we send.
+bool MeansStoredHereAlone(const Failure& notice) { return IsOneOf(notice.state, {"01000", "57P01"}); }
+
+bool CanBeAsked(const Failure& failure) { return failure.lost && failure.state != OutcomeUnknown().state; }
+
+Failure OutcomeUnknown() { return {"08007", "", "", false}; }
+
 bool MustPrepareAgain(const Failure& failure) { return IsOneOf(failure.state, {"26000", "0A000"}); }
 
 bool NeedsTypes(const Failure& failure) { return failure.state == "42P18"; }

@@ -27,6 +27,15 @@ platform::Error ConnectError(const Failure& failure, const std::string& asked);
 /// The last state named in a message of the client library about a failed connection ("... FATAL:  28P01"); "" if there is none.
 std::string StateInMessage(const std::string& message);
 
+/// Whether it is the server's warning that a commit is stored there and on no other server that had to confirm it.
+bool MeansStoredHereAlone(const Failure& notice);
+
+/// Whether a save that failed so may have been stored, and the server can tell.
+bool CanBeAsked(const Failure& failure);
+
+/// Nobody can know whether the save was stored for good.
+Failure OutcomeUnknown();
+
 /// Whether the statement must be prepared once more: the server forgot it, or its tables have changed under it.
 bool MustPrepareAgain(const Failure& failure);
 

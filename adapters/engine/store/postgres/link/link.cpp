@@ -29,8 +29,8 @@ Failure FailureOf(const pg_result* result, bool lost) {
 
 void ClearResult::operator()(pg_result* result) const noexcept { PQclear(result); }
 
-Link::Link(const Target& target, Patience patience, std::function<void()> serveOthers)
-    : target_(target), patience_(patience), serveOthers_(std::move(serveOthers)) {}
+Link::Link(const Target& target, Patience patience, std::string name, std::function<void()> serveOthers)
+    : target_(target), patience_(patience), name_(std::move(name)), serveOthers_(std::move(serveOthers)) {}
 
 Link::~Link() { Close(); }
 
@@ -41,11 +41,24 @@ void Link::Close() noexcept {
 
 void Link::Open(const std::string& asked) {
   Close();
-  connection_ = Connect(target_, patience_, serveOthers_, asked);
+  connection_ = Connect(target_, patience_, name_, serveOthers_, asked);
+  PQsetNoticeReceiver(
+      connection_,
+      [](void* link, const PGresult* notice) {
+        if (MeansStoredHereAlone(FailureOf(notice, false))) static_cast<Link*>(link)->storedHereAlone_ = true;
+      },
+      this);
   ++openings_;
 }
 
 bool Link::IsOpen() const { return connection_ != nullptr && PQstatus(connection_) == CONNECTION_OK; }
+
+// Whether the other side has ended it already. What then isn't sent is surely not done.
+bool Link::IsCut() {
+  // Its last words come first, then the end.
+  for (int look = 0; look < 2 && IsOpen(); ++look) PQconsumeInput(connection_);
+  return !IsOpen();
+}
 
 // ---- sending
 
@@ -66,7 +79,8 @@ bool Link::SendStatement(const Trip& trip) {
 std::shared_ptr<Run> Link::Send(const Trip& trip) {
   auto run = std::make_shared<Run>();
   run->guarded = trip.guarded;
-  bool sent = true;
+  storedHereAlone_ = false;
+  bool sent = !IsCut();
   const auto control = [&](const std::string& sql, Run::Part part) {
     sent = sent && PQsendQueryParams(connection_, sql.c_str(), 0, nullptr, nullptr, nullptr, nullptr, kTextFormat) != 0;
     run->parts.push_back(part);
@@ -97,7 +111,7 @@ std::shared_ptr<Run> Link::Send(const Trip& trip) {
 // ---- taking
 
 void Link::Lose(Run& run) {
-  if (!run.failure) run.failure = Failure{};
+  if (!run.failure) run.failure = storedHereAlone_ ? OutcomeUnknown() : Failure{};
   run.failure->lost = true;
   run.done = true;
   Close();
@@ -113,6 +127,7 @@ void Link::Receive(Run& run, Result result) {
   const Run::Part part = run.parts[run.at];
   switch (PQresultStatus(result.get())) {
     case PGRES_PIPELINE_SYNC:
+      if (storedHereAlone_ && !run.failure) run.failure = OutcomeUnknown();
       run.done = true;
       return;
     case PGRES_FATAL_ERROR:
@@ -124,6 +139,7 @@ void Link::Receive(Run& run, Result result) {
       if (part == Run::Part::Number && PQntuples(result.get()) == 1) run.number = PQgetvalue(result.get(), 0, 0);
       if (part != Run::Part::Statement) return;
       if (PQntuples(result.get()) > 0) {
+        run.came += PQntuples(result.get());
         if (run.unwanted)
           ++run.thrownAway;
         else

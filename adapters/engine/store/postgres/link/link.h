@@ -25,7 +25,8 @@ struct Patience {
 /// it waits, it lets others do their work. A connection that was lost stays lost until it is opened again.
 class Link {
  public:
-  Link(const Target& target, Patience patience, std::function<void()> serveOthers);
+  /// `name` is how the server knows its connections.
+  Link(const Target& target, Patience patience, std::string name, std::function<void()> serveOthers);
   ~Link();
   Link(const Link&) = delete;
   Link& operator=(const Link&) = delete;
@@ -56,14 +57,17 @@ class Link {
   void Lose(Run& run);
   void Cancel();
   bool SendStatement(const Trip& trip);
+  bool IsCut();
   void Close() noexcept;
 
   Target target_;
   Patience patience_;
+  std::string name_;
   std::function<void()> serveOthers_;
   pg_conn* connection_ = nullptr;
   int openings_ = 0;
   bool unsent_ = false;
+  bool storedHereAlone_ = false;  ///< the server has said so of this trip
   std::uint64_t trips_ = 0;
 };
 

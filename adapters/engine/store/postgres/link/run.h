@@ -38,6 +38,7 @@ struct Trip {
   bool guarded = false;             ///< stands behind a savepoint that a failure must go back to
   bool asksNumber = false;          ///< the transaction's own number is asked for, behind the statement
   std::string schema;               ///< that the statement speaks of first
+  std::string saves;                ///< its text, where it writes rows
 };
 
 /// The answer to a trip, as far as it has come. Rows come as they are taken, and all of them before another trip begins.
@@ -52,6 +53,12 @@ class Run {
   bool prepared = false;  ///< the server has the statement now
   std::string tag;        ///< what the server says that the last part did
   std::string number;  ///< of the transaction, "" if it has none
+  std::int64_t came = 0;  ///< rows so far
+
+  // A save that has a mark.
+  std::uint64_t save = 0;
+  std::string schema;
+  std::string sql;
 
   enum class Part : std::uint8_t { Control, Prepare, Statement, Number, End };
   std::vector<Part> parts;

@@ -92,6 +92,8 @@ std::vector<std::string> CreateSchemaTexts(std::string_view schema) {
   texts.push_back("CREATE TABLE " + Own(schema, kInfoTable) + " (key text PRIMARY KEY, value text)");
   texts.push_back("CREATE TABLE " + Own(schema, kLinksTable) + " (number bigint GENERATED ALWAYS AS IDENTITY PRIMARY KEY, name text, path text, source text)");
   texts.push_back("CREATE UNIQUE INDEX ON " + Own(schema, kLinksTable) + " (lower(name))");
+  // The last save of each desk.
+  texts.push_back("CREATE TABLE " + Own(schema, kSavesTable) + " (desk text PRIMARY KEY, save bigint, number xid8, at timestamp with time zone)");
   texts.push_back("INSERT INTO " + Own(schema, kInfoTable) + " VALUES ('format', '" + std::to_string(kFormat) + "'), ('text order', '" +
                   std::to_string(kTextOrderVersion) + "')");
   return texts;

@@ -14,6 +14,7 @@ inline std::string QuoteText(std::string_view text) { return ServerDialect().Tex
 inline constexpr std::string_view kHiddenKey = "~key";
 inline constexpr std::string_view kInfoTable = "~info";
 inline constexpr std::string_view kLinksTable = "~links";
+inline constexpr std::string_view kSavesTable = "~saves";
 
 /// Longer names the server cuts, in bytes.
 inline constexpr std::size_t kLongestName = 63;

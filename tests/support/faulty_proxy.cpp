@@ -1,0 +1,177 @@
+#include "support/faulty_proxy.h"
+
+#include <poll.h>
+#include <signal.h>
+#include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <cstring>
+#include <filesystem>
+#include <list>
+#include <memory>
+#include <stdexcept>
+#include <string_view>
+#include <vector>
+
+struct FaultyProxy::Shared {
+  std::atomic<Fault> next{Fault::None};
+  std::atomic<bool> ofSaves{false};
+  std::atomic<bool> refuses{false};
+};
+
+namespace {
+
+using Fault = FaultyProxy::Fault;
+
+constexpr const char* kSocketName = "/.s.PGSQL.5432";
+constexpr std::string_view kSaves = "~saves";  ///< stands in every trip that saves
+constexpr std::size_t kSync = 5;  ///< bytes of the word that ends a trip
+constexpr std::size_t kSomeOfAnAnswer = 20'000;
+
+sockaddr_un AddressIn(const std::string& folder) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  const std::string path = folder + kSocketName;
+  if (path.size() >= sizeof(address.sun_path)) throw std::runtime_error("the path of a socket is too long");
+  std::memcpy(address.sun_path, path.c_str(), path.size());
+  return address;
+}
+
+int ConnectTo(const std::string& folder) {
+  const sockaddr_un address = AddressIn(folder);
+  const int made = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  if (::connect(made, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0) return made;
+  ::close(made);
+  return -1;
+}
+
+struct Line {
+  int desk = -1;
+  int server = -1;
+  Fault fault = Fault::None;  ///< that it has met
+  std::size_t passed = 0;     ///< of the answer behind it
+};
+
+void SendAll(int to, const char* bytes, std::size_t count) {
+  while (count > 0) {
+    const ssize_t sent = ::send(to, bytes, count, MSG_NOSIGNAL);
+    if (sent <= 0) return;
+    bytes += sent;
+    count -= static_cast<std::size_t>(sent);
+  }
+}
+
+// From the desk; false when the line is to be cut.
+template <class Shared>
+bool Up(Line& line, Shared& shared) {
+  std::array<char, 262'144> buffer{};
+  const ssize_t read = ::recv(line.desk, buffer.data(), buffer.size(), MSG_DONTWAIT);
+  if (read <= 0) return false;
+  const auto count = static_cast<std::size_t>(read);
+  const bool due = !shared.ofSaves || std::string_view(buffer.data(), count).find(kSaves) != std::string_view::npos;
+  if (due && shared.next == Fault::Silence) return true;
+  if (due && shared.next != Fault::None) line.fault = shared.next.exchange(Fault::None);
+  if (line.fault == Fault::CutBefore) return false;
+  SendAll(line.server, buffer.data(), line.fault == Fault::HalfOpen && count > kSync ? count - kSync : count);
+  if (line.fault == Fault::HalfOpen) {
+    ::close(line.desk);
+    line.desk = -1;
+  }
+  return true;
+}
+
+// From the server.
+bool Down(Line& line, const std::atomic<Fault>& next) {
+  std::array<char, 65'536> buffer{};
+  const ssize_t read = ::recv(line.server, buffer.data(), buffer.size(), MSG_DONTWAIT);
+  if (read <= 0) return false;
+  const auto count = static_cast<std::size_t>(read);
+  if (next == Fault::Silence || line.fault == Fault::HalfOpen) return true;
+  // Its last byte tells that it has committed: "idle".
+  if (line.fault == Fault::CutBehind) return buffer[count - 1] != 'I';
+  SendAll(line.desk, buffer.data(), count);
+  line.passed += count;
+  return line.fault != Fault::CutInAnswer || line.passed < kSomeOfAnAnswer;
+}
+
+template <class Shared>
+[[noreturn]] void Serve(int listener, const std::string& server, Shared& shared) {
+  std::list<Line> lines;
+  for (;;) {
+    std::vector<pollfd> asked{{listener, POLLIN, 0}};
+    for (const Line& line : lines) {
+      asked.push_back({line.desk, POLLIN, 0});
+      asked.push_back({line.server, POLLIN, 0});
+    }
+    ::poll(asked.data(), asked.size(), 1'000);
+    std::size_t place = 1;
+    for (auto line = lines.begin(); line != lines.end(); place += 2) {
+      const bool open = (asked[place + 1].revents == 0 || Down(*line, shared.next)) && (asked[place].revents == 0 || Up(*line, shared));
+      if (open) {
+        ++line;
+        continue;
+      }
+      if (line->desk >= 0) ::close(line->desk);
+      ::close(line->server);
+      line = lines.erase(line);
+    }
+    if (asked[0].revents == 0) continue;
+    const int desk = ::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
+    if (desk < 0) continue;
+    const int there = shared.refuses ? -1 : ConnectTo(server);
+    if (there < 0)
+      ::close(desk);
+    else
+      lines.push_back({desk, there});
+  }
+}
+
+}  // namespace
+
+FaultyProxy::FaultyProxy(const std::string& server) {
+  std::string folder = (std::filesystem::temp_directory_path() / "suite-line-XXXXXX").string();
+  if (::mkdtemp(folder.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  folder_ = folder;
+  const sockaddr_un address = AddressIn(folder_);
+  const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  if (::bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0 || ::listen(listener, 16) != 0)
+    throw std::runtime_error("the proxy can't listen");
+  void* const memory = ::mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  if (memory == MAP_FAILED) throw std::runtime_error("no memory for the proxy");
+  shared_ = std::construct_at(static_cast<Shared*>(memory));
+  process_ = ::fork();
+  if (process_ == 0) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    Serve(listener, server, *shared_);
+  }
+  ::close(listener);
+}
+
+FaultyProxy::~FaultyProxy() {
+  if (process_ > 0) {
+    ::kill(process_, SIGKILL);
+    ::waitpid(process_, nullptr, 0);
+  }
+  ::munmap(shared_, sizeof(Shared));
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+std::string FaultyProxy::PathOf(const std::string& database) const {
+  std::string host;
+  for (const char c : folder_) host += c == '/' ? std::string("%2F") : std::string(1, c);
+  return "postgresql://" + host + '/' + database + '/';
+}
+
+void FaultyProxy::Arm(Fault fault, bool saves) {
+  shared_->next = Fault::None;
+  shared_->ofSaves = saves;
+  shared_->next = fault;
+}
+void FaultyProxy::Refuse(bool refuse) { shared_->refuses = refuse; }

@@ -31,6 +31,9 @@ struct EngineOptions {
   /// On a server, too, who writes in a transaction keeps all others from writing into the file's tables until it ends, as files do by
   /// themselves; for tests.
   bool lockWholeFiles = false;
+  /// On a server: whoever looks at rows that are here asks first whether others have written, as files are asked, instead of waiting to be
+  /// told; for tests, whose users act in the same instant.
+  bool askOthers = false;
   /// The present moment for Date(), Time() and Now() in statements, and for the year of texts with month and day alone; empty:
   /// the machine's clock.
   std::function<platform::Date()> now;

@@ -101,7 +101,9 @@ robot::Surroundings Around(const Options& options, const library::Places& places
     return library::MakeReadableReports({[&late] { return late.app; }, places.libraryFolder, places.dataFolder});
   };
   around.tempPath = [&late](std::int32_t user) { return library::TemporaryFile(late.app->System(), user); };
-  around.makeEngine = [&options, &late] { return library::MakeEngine(late.app->System(), options.threshold, library::Locks::WholeFiles); };
+  around.makeEngine = [&options, &late] {
+    return library::MakeEngine(late.app->System(), options.threshold, library::Locks::WholeFiles, library::Others::AreAsked);
+  };
   around.dropTable = [&late](const std::string& path, const std::string& table) {
     engine::DropTable(late.app->System().ToHostPath(path), table);
   };
@@ -143,7 +145,7 @@ int RunScenario(const Options& options, const std::string& program) {
     hands = library::MakeWindowHands(*parts.frontEnd);
   }
   runner.FillIn(parts);
-  parts.engine = library::MakeEngine(*places.system, options.threshold);
+  parts.engine = library::MakeEngine(*places.system, options.threshold, library::Locks::Rows, library::Others::AreAsked);
   parts.system = std::move(places.system);
   parts.path = places.libraryFolder;
   parts.title = "Customer Search";

@@ -59,10 +59,12 @@ Places FindPlaces(const PlaceOptions& options) {
   return places;
 }
 
-std::unique_ptr<platform::DataEngine> MakeEngine(const platform::OperatingSystem& system, std::optional<std::int64_t> exactRows, Locks locks) {
+std::unique_ptr<platform::DataEngine> MakeEngine(const platform::OperatingSystem& system, std::optional<std::int64_t> exactRows, Locks locks,
+                                                 Others others) {
   engine::EngineOptions options;
   if (exactRows) options.exactRows = *exactRows;
   options.lockWholeFiles = locks == Locks::WholeFiles;
+  options.askOthers = others == Others::AreAsked;
   options.codeTables = suite::CodeTableNames();
   options.now = [&system] { return system.Now(); };
   options.hostPath = [&system](std::string_view path) { return system.ToHostPath(path); };

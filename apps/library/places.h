@@ -52,10 +52,12 @@ std::string AbsoluteName(const std::string& file);
 
 /// What a transaction of an engine locks on a server. Files are always locked whole.
 enum class Locks { Rows, WholeFiles };
+/// Whether an engine is told by others' engines that they have written, or asks before each look; files are always asked.
+enum class Others { Tell, AreAsked };
 
 /// An engine. `system` must outlive it; `exactRows`: lists up to so many rows are read at once.
 std::unique_ptr<platform::DataEngine> MakeEngine(const platform::OperatingSystem& system, std::optional<std::int64_t> exactRows = {},
-                                                 Locks locks = Locks::Rows);
+                                                 Locks locks = Locks::Rows, Others others = Others::Tell);
 
 /// The program's path of a user's temporary file.
 std::string TemporaryFile(const platform::OperatingSystem& system, std::int32_t user);

@@ -17,8 +17,8 @@ StoreKind ServerStores(const EngineOptions& options) {
             if (!platform::IsServerPath(path)) return std::nullopt;
             return postgres::ParseTarget(path).DatabaseName();
           },
-          .make = [wait = options.lockWait, whole = options.lockWholeFiles, now = options.now]() -> std::unique_ptr<Store> {
-            return std::make_unique<postgres::PostgresStore>(postgres::Patience{.lock = wait, .wholeFiles = whole}, now ? now : LocalNow);
+          .make = [wait = options.lockWait, whole = options.lockWholeFiles, asks = options.askOthers, now = options.now]() -> std::unique_ptr<Store> {
+            return std::make_unique<postgres::PostgresStore>(postgres::Patience{.lock = wait, .asks = asks, .wholeFiles = whole}, now ? now : LocalNow);
           }};
 }
 

@@ -86,7 +86,8 @@ bool IndexedList::TakeEnd(Place& place, bool forward) {
   const Segment* segment = SegmentAtEnd(forward);
   if (segment == nullptr) {
     run_ = 0;
-    segment = &ReadSegment(nullptr, forward, 1);
+    // A table is mostly opened to look for one row.
+    segment = &ReadSegment(nullptr, forward, shape_.keepsPlaces ? Source().OwnDialect().rowsAtOnce : 1);
   }
   if (segment->page->Rows() == 0) return false;
   SetPlace(place, *segment, forward ? 0 : segment->page->Rows() - 1);
@@ -106,7 +107,7 @@ bool IndexedList::Step(Place& place, bool forward) {
   run_ = runForward_ == forward ? run_ + 1 : 0;
   runForward_ = forward;
   const std::int64_t limit = std::min<std::int64_t>(kLongestPage, std::int64_t{16} << std::min(run_, 3));
-  const Segment& read = ReadSegment(&place, forward, limit);
+  const Segment& read = ReadSegment(&place, forward, std::max<std::int64_t>(limit, Source().OwnDialect().rowsAtOnce));
   if (read.page->Rows() == 0) return false;
   SetPlace(place, read, forward ? 0 : read.page->Rows() - 1);
   return true;
@@ -169,8 +170,9 @@ OrderPlace IndexedList::OrderInPage(const RowPage& page, std::size_t row) const 
 }
 
 const IndexedList::Segment& IndexedList::ReadSegment(const Place* from, bool forward, std::int64_t limit) {
-  std::optional<Transaction> oneState;  // rows alone are read in one state anyway
-  if (!pinned_.empty()) oneState.emplace(Source().Store(), Transaction::Kind::Read);
+  // Rows alone are read in one state anyway. Where asking costs most, a row that keeps its place may be newer than the others.
+  std::optional<Transaction> oneState;
+  if (!pinned_.empty() && Source().OwnDialect().rowsAtOnce == 1) oneState.emplace(Source().Store(), Transaction::Kind::Read);
   Segment segment;
   auto page = NewPage();
   bool ended = false;
@@ -232,13 +234,26 @@ void IndexedList::MergePinned(const Place* from, bool forward, bool ended, Segme
   }
   Place far;  // the stretch ends here
   if (!ended && !entries.empty()) far = forward ? entries.back().place : entries.front().place;
+  Segment kept;
+  auto keptRows = NewPage();
+  walker_->ReadRows(PinnedRows(), [&](const Query& row) {
+    walker_->AppendRow(row, *keptRows);
+    return true;
+  });
+  kept.page = keptRows;
+  std::unordered_map<std::int64_t, std::size_t> rowOf;
+  for (std::size_t i = 0; i < keptRows->Rows(); ++i) rowOf.emplace(*keptRows->KeysOf(i), i);
   std::vector<std::int64_t> gone;
   for (const auto& [rowKey, pinned] : pinned_) {
-    Place place;
-    if (!RowByKey(rowKey, place)) {
+    const auto row = rowOf.find(rowKey);
+    if (row == rowOf.end()) {
       gone.push_back(rowKey);
       continue;
     }
+    Place place;
+    SetPlace(place, kept, row->second);
+    place.order = pinned.place.values;
+    place.added = pinned.added;
     const bool behindStart = from == nullptr || (forward ? ComparePlaces(place, *from) > 0 : ComparePlaces(place, *from) < 0);
     const bool beforeEnd = ended || (forward ? ComparePlaces(place, far) < 0 : ComparePlaces(place, far) > 0);
     if (behindStart && beforeEnd) entries.push_back({std::move(place), true});
@@ -314,10 +329,19 @@ Place IndexedList::PlaceOf(const std::string& key) {
 // Windows begin at the row that was just found, more often than not.
 bool IndexedList::WindowPlace(const std::string& key, Place& place) {
   const std::int64_t rowKey = RowKeyIn(key);
-  if (foundLast_.keys.empty() || foundLast_.keys[0] != rowKey || foundVersion_ != Source().RecentVersion())
-    return PlaceByKey(rowKey, place);
-  place = foundLast_;
-  return true;
+  if (!foundLast_.keys.empty() && foundLast_.keys[0] == rowKey && foundVersion_ == Source().RecentVersion()) {
+    place = foundLast_;
+    return true;
+  }
+  DropStalePages();
+  place = {};
+  place.keys.assign(1, rowKey);
+  std::size_t row = 0;
+  if (const Segment* segment = SegmentOf(place, row)) {
+    SetPlace(place, *segment, row);
+    return true;
+  }
+  return PlaceByKey(rowKey, place);
 }
 
 bool IndexedList::Find(std::string_view criterion, const Place* after, Place& found) {
@@ -348,11 +372,15 @@ void IndexedList::Changed(Place& place) {
   const Place before = place;
   if (!RowByKey(place.keys[0], place)) return;
   place.ordinal = before.ordinal;
+  foundLast_ = place;
+  foundLast_.page.reset();
+  foundVersion_ = Source().KnownVersion();
   if (!shape_.keepsPlaces || pinned_.contains(place.keys[0])) return;
   // With a filter the row may have left it, which only the store could tell: it keeps its place in any case.
   if (walker_->Compare(OrderOf(place), OrderOf(before)) == 0 && Source().Plan().where.empty()) return;
   pinned_[place.keys[0]] = {OrderOf(before), 0};
   place.order = before.order;
+  foundLast_.order = before.order;
 }
 
 void IndexedList::Deleted(const Place& place) {

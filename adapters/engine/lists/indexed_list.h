@@ -117,6 +117,8 @@ class IndexedList final : public RowList, public IndexedRows {
 
   std::int64_t reached_ = 0;
   bool lastReached_ = false;
+  std::optional<std::int64_t> width_;  ///< of the row keys, at that version
+  std::uint64_t widthVersion_ = 0;
   std::optional<std::int64_t> count_;
   std::uint64_t countVersion_ = 0;
 };

@@ -75,7 +75,7 @@ std::int64_t IndexedList::RowsReached() {
 bool IndexedList::AnyRow() {
   DropStalePages();
   const Segment* start = SegmentAtEnd(true);
-  if (start == nullptr) start = &ReadSegment(nullptr, true, 1);
+  if (start == nullptr) start = &ReadSegment(nullptr, true, Source().OwnDialect().rowsAtOnce);
   return start->page->Rows() != 0;
 }
 
@@ -93,7 +93,9 @@ std::int64_t IndexedList::CountRows() {
 std::int64_t IndexedList::CountNow() {
   const std::uint64_t version = Source().Version();
   if (count_ && countVersion_ == version) return *count_;
-  Transaction oneState(Source().Store(), Transaction::Kind::Read);
+  // One statement needs no unit.
+  std::optional<Transaction> oneState;
+  if (shape_.bounded || !pinned_.empty()) oneState.emplace(Source().Store(), Transaction::Kind::Read);
   std::int64_t count = CountRows();
   // A row that keeps its place counts, whatever the filter says of it now.
   for (const std::int64_t rowKey : PinnedRows()) {
@@ -102,7 +104,7 @@ std::int64_t IndexedList::CountNow() {
     else if (!walker_->InFilter(rowKey))
       ++count;
   }
-  oneState.Commit();
+  if (oneState) oneState->Commit();
   count_ = count;
   countVersion_ = version;
   return count;
@@ -115,7 +117,14 @@ std::int64_t IndexedList::Count() {
 
 bool IndexedList::CountIsExact() { return count_ && countVersion_ == Source().Version(); }
 
-std::int64_t IndexedList::Estimate() { return likelyRows_ > 0 ? likelyRows_ : SpanOf(Source()).Width(); }
+// Asked for at every painting until the rows have been counted.
+std::int64_t IndexedList::Estimate() {
+  if (likelyRows_ > 0) return likelyRows_;
+  const std::uint64_t version = Source().RecentVersion();
+  if (!width_ || widthVersion_ != version) width_ = SpanOf(Source()).Width();
+  widthVersion_ = version;
+  return *width_;
+}
 
 bool IndexedList::IdleSlice() {
   const std::uint64_t version = Source().Version();
@@ -211,6 +220,17 @@ std::vector<platform::ListRow> IndexedList::Rows(const Place* from, bool forward
     const std::size_t there = from == nullptr ? rows : forward ? rows - row - 1 : row;
     if (there >= static_cast<std::size_t>(count) || (forward ? known->reachesEnd : known->reachesStart))
       return RowList::Rows(from, forward, count);
+  }
+  // Where asking costs most, a page is kept, so that the next one needn't ask where it begins.
+  if (Source().OwnDialect().rowsAtOnce > 1) {
+    const Segment& read = ReadSegment(from, forward, count);
+    std::vector<platform::ListRow> shown;
+    for (std::size_t i = 0; i < read.page->Rows(); ++i) {
+      Place at;
+      SetPlace(at, read, i);
+      shown.push_back(ShownRow(at));
+    }
+    return shown;
   }
   // A window's page goes straight into its rows.
   OrderPlace place;

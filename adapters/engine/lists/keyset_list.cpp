@@ -209,7 +209,7 @@ const KeysetList::Block* KeysetList::BlockWith(std::int64_t ordinal) {
 
 // One row where a search or bookmark led; more and more of them in a walk.
 const KeysetList::Block& KeysetList::ReadBlock(std::int64_t ordinal, bool forward) {
-  const std::int64_t size = std::int64_t{1} << std::min(2 * run_, 6);
+  const std::int64_t size = std::max<std::int64_t>(std::int64_t{1} << std::min(2 * run_, 6), Source().OwnDialect().rowsAtOnce);
   Block block;
   block.first = forward ? ordinal : std::max<std::int64_t>(0, ordinal - size + 1);
   const std::int64_t end = forward ? std::min(Size(), ordinal + size) : ordinal + 1;
@@ -257,6 +257,7 @@ bool KeysetList::ReadAlongIndex(Block& block, std::int64_t end, RowPage& page) {
 }
 
 void KeysetList::ReadByKeys(Block& block, std::int64_t end, RowPage& page) {
+  if (end - block.first > 1 && Source().FetchesTogether()) return ReadTogether(block, end, page);
   std::optional<Transaction> oneState;
   if (end - block.first > 1) oneState.emplace(Source().Store(), Transaction::Kind::Read);
   for (std::int64_t i = block.first; i < end; ++i) {
@@ -265,6 +266,19 @@ void KeysetList::ReadByKeys(Block& block, std::int64_t end, RowPage& page) {
     if (!there && IsAlive(i)) MarkGone(i, State::Gone);
   }
   if (oneState) oneState->Commit();
+}
+
+void KeysetList::ReadTogether(Block& block, std::int64_t end, RowPage& page) {
+  std::vector<std::int64_t> keys;
+  for (std::int64_t i = block.first; i < end; ++i)
+    if (IsAlive(i)) keys.insert(keys.end(), KeysOf(i), KeysOf(i) + Source().KeyCount());
+  const std::vector<int> found = Source().FetchTogether(keys, page);
+  auto next = found.begin();
+  for (std::int64_t i = block.first; i < end; ++i) {
+    const bool alive = IsAlive(i);
+    block.rows.push_back(alive ? *next++ : -1);
+    if (alive && block.rows.back() < 0) MarkGone(i, State::Gone);
+  }
 }
 
 void KeysetList::SetPlace(Place& place, std::int64_t ordinal) const {

@@ -94,6 +94,7 @@ class KeysetList final : public RowList, public KeysetRows {
   bool AlongIndex(std::int64_t first, std::int64_t end, const RowSink& sink);
   bool ReadAlongIndex(Block& block, std::int64_t end, RowPage& page);
   void ReadByKeys(Block& block, std::int64_t end, RowPage& page);
+  void ReadTogether(Block& block, std::int64_t end, RowPage& page);
   void DropStaleBlocks();
   void SetPlace(Place& place, std::int64_t ordinal) const;
   void MarkGone(std::int64_t ordinal, State state);

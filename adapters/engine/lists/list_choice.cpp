@@ -51,11 +51,15 @@ std::optional<IndexOrder> OrderByIndex(const SelectPlan& plan) {
 
 // No table has more rows than its row keys have numbers. Where an index gives the order, pages of it are so cheap that only
 // the keys of short lists are worth reading.
-bool FitsExact(RowSource& source) {
+std::int64_t MostHeldAtOnce(const RowSource& source) {
   constexpr std::int64_t kShortList = 1000;
   const EngineOptions& options = source.Context().Options();
   const bool codes = std::ranges::find(options.codeTables, TableOf(source.Plan()).name) != options.codeTables.end();
-  const std::int64_t most = codes ? kShortList : std::min(options.exactRows, kShortList);
+  return codes ? kShortList : std::min(options.exactRows, kShortList);
+}
+
+bool FitsExact(RowSource& source) {
+  const std::int64_t most = MostHeldAtOnce(source);
   if (most <= 0 || source.Shape().knownLong) return false;
   const bool fits = SpanOf(source).last <= most;
   source.Shape().knownLong = !fits;
@@ -131,6 +135,31 @@ std::shared_ptr<RowList> FixedAtOpening(const std::shared_ptr<RowSource>& source
   return list;
 }
 
+// Where asking costs most, the first rows come along with the answer to whether the table is short.
+std::shared_ptr<RowList> ByFirstRows(const std::shared_ptr<RowSource>& source, const KeysetList::Walk& walk) {
+  const PlanTable& table = source->Plan().tables.front();
+  KeyWalker& walker = *source->Shape().Walker(source->Store(), walk.order, walk.index);
+  const std::string last = "SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName;
+  FirstRows first{.way = FirstRows::Way::Walk, .version = source->Version()};
+  first.page = std::make_shared<RowPage>(source->Fields().size() + walk.order.size(), 1);
+  KeyWalker::Request request;
+  request.direction = walk.descending ? Direction::Down : Direction::Up;
+  request.limit = source->OwnDialect().rowsAtOnce;
+  request.flag = last;
+  std::int64_t lastKey = 0;
+  const std::int64_t read = walker.Read(request, [&](const Query& row) {
+    walker.AppendRow(row, *first.page);
+    lastKey = row.Int(walker.FlagAt(false));
+    return true;
+  });
+  first.all = read < request.limit;
+  const bool fits = lastKey <= MostHeldAtOnce(*source);
+  source->Shape().knownLong = !fits;
+  if (!fits) return std::make_shared<IndexedList>(source, IndexedList::Shape{walk.order, walk.descending, walk.index, true}, std::move(first));
+  if (first.all) return std::make_shared<KeysetList>(source, walk, std::move(first));
+  return FixedAtOpening(source, walk);
+}
+
 std::shared_ptr<RowList> NewList(const std::shared_ptr<RowSource>& source) {
   const SelectPlan& plan = source->Plan();
   if (plan.distinct || plan.aggregate) return std::make_shared<StoredList>(source);
@@ -141,6 +170,8 @@ std::shared_ptr<RowList> NewList(const std::shared_ptr<RowSource>& source) {
   // With a filter the store may know a better index than that of the order alone.
   const std::string index = plan.where.empty() ? byIndex->index : "";
   const KeysetList::Walk walk{byIndex->order, index, byIndex->descending};
+  const bool unknown = MostHeldAtOnce(*source) > 0 && !source->Shape().knownLong;
+  if (plan.where.empty() && unknown && source->OwnDialect().rowsAtOnce > 1) return ByFirstRows(source, walk);
   if (!byIndex->behindOthers && FitsExact(*source)) return FixedAtOpening(source, walk);
   if (!plan.where.empty()) {
     const bool byRow = !plan.asksOtherTables || plan.asksByRow;

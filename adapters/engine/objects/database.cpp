@@ -1,6 +1,7 @@
 #include "engine/objects/database.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "engine/cursor/dynaset_recordset.h"
 #include "engine/cursor/table_recordset.h"
@@ -68,13 +69,15 @@ std::shared_ptr<Cursor> OpenDatabase::OpenTable(std::string_view source, const R
 std::shared_ptr<Cursor> OpenDatabase::OpenDynaset(std::string_view source, RecordsetType type) {
   if (shapes_.Contains(source) || file_->Contains(source)) {
     // Whether the tables still are as they were, and the first rows, in one reading.
-    Transaction oneState(context_.OwnStore(), Transaction::Kind::Read);
+    // (Where asking costs most, its end would cost more than the rows: there tables that have just changed show at the reading.)
+    std::optional<Transaction> oneState;
+    if (context_.OwnDialect().rowsAtOnce == 1) oneState.emplace(context_.OwnStore(), Transaction::Kind::Read);
     if (const auto shape = KnownShape(source)) {
       auto recordset = OpenShape(source, type, shape);
-      oneState.Commit();
+      if (oneState) oneState->Commit();
       return recordset;
     }
-    oneState.Commit();
+    if (oneState) oneState->Commit();
   }
   return OpenShape(source, type, file_->Plan(source, *catalogue_, shapes_));
 }

@@ -1,5 +1,7 @@
 #include "engine/rows/key_walker.h"
 
+#include <algorithm>
+
 #include "engine/text/text_order.h"
 
 namespace engine {
@@ -102,6 +104,30 @@ bool KeyWalker::ReadRow(std::int64_t rowKey, const Sink& sink) {
   return true;
 }
 
+void KeyWalker::ReadRows(std::span<const std::int64_t> rowKeys, const Sink& sink) {
+  if (dialect_.rowsAtOnce <= 1) {
+    for (const std::int64_t rowKey : rowKeys) ReadRow(rowKey, sink);
+    return;
+  }
+  constexpr std::size_t kFew = 8;
+  constexpr std::size_t kMost = 64;
+  for (std::size_t first = 0; first < rowKeys.size(); first += kMost) {
+    const std::size_t here = std::min(kMost, rowKeys.size() - first);
+    const std::size_t asked = here <= kFew ? kFew : kMost;
+    SqlText& text = rows_[asked];
+    if (text.text.empty()) {
+      const PlanTable& table = shape_.plan.tables.front();
+      text.text = "SELECT " + shape_.columnList + ", " + keyColumns_ + " FROM " + table.table->storeName + " AS " + table.alias + " WHERE " +
+                  rowKey_ + " IN (";
+      for (std::size_t i = 1; i <= asked; ++i) text.text += (i == 1 ? "" : ", ") + dialect_.Parameter(i);
+      text.text += ')';
+    }
+    Query query(store_, text);
+    for (std::size_t i = 0; i < asked; ++i) query.Bind(static_cast<int>(i) + 1, rowKeys[first + std::min(i, here - 1)]);
+    while (query.Step()) sink(query);
+  }
+}
+
 std::optional<OrderPlace> KeyWalker::PlaceOfRow(std::int64_t rowKey) {
   Ready(placeOfRow_, keyColumns_, false);
   Query query(store_, placeOfRow_);
@@ -129,9 +155,19 @@ std::int64_t KeyWalker::CountBelow(const OrderPlace& place) {
   Request request;
   request.direction = Direction::Down;
   request.from = &place;
+  const std::vector<Level> levels = LevelsFor(request);
+  if (dialect_.rowValues) {
+    std::string sum = "SELECT ";
+    for (const Level& level : levels)
+      sum += (level.step == levels.front().step ? "(SELECT count(*) FROM " : " + (SELECT count(*) FROM ") + from_ + " WHERE " +
+             ConditionOf(request, level) + ')';
+    Query query(store_, std::string_view(sum));
+    for (const Level& level : levels) BindPlace(query, request, level);
+    return query.Step() ? query.Int(0) : 0;
+  }
   std::int64_t count = 0;
   Transaction oneState(store_, Transaction::Kind::Read);
-  for (const Level& level : LevelsFor(request)) {
+  for (const Level& level : levels) {
     Query query(store_, std::string_view("SELECT count(*) FROM " + from_ + " WHERE " + ConditionOf(request, level)));
     BindPlace(query, request, level);
     if (query.Step()) count += query.Int(0);
@@ -143,40 +179,51 @@ std::int64_t KeyWalker::CountBelow(const OrderPlace& place) {
 void KeyWalker::BindPlace(Query& query, const Request& request, const Level& level) const {
   if (request.from == nullptr) return;
   for (std::size_t i = 0; i < order_.size(); ++i)
-    if ((i < level.equal && !request.from->values[i].IsNull()) || (i == level.equal && level.step == Step::BehindColumn))
+    if ((i < level.equal && !request.from->values[i].IsNull()) ||
+        (i == level.equal && (level.step == Step::BehindColumn || level.step == Step::BehindPlace)))
       BindComparable(query, static_cast<int>(i) + 1, request.from->values[i]);
-  if (level.step == Step::BehindRow) query.Bind(static_cast<int>(order_.size()) + 1, request.from->rowKey);
+  if (level.step == Step::BehindRow || level.step == Step::BehindPlace) query.Bind(static_cast<int>(order_.size()) + 1, request.from->rowKey);
 }
 
 std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
   std::int64_t left = request.limit;
   const std::vector<Level> levels = LevelsFor(request);
+  bool goOn = left > 0;
+  if (levels.size() > 1 && dialect_.rowValues) {
+    SqlText own;
+    Query query(store_, Joined(request, levels, own));
+    for (const Level& level : levels) BindPlace(query, request, level);
+    return Take(query, request, left, sink, goOn);
+  }
   std::optional<Transaction> oneState;
   if (levels.size() > 1 && left > 1) oneState.emplace(store_, Transaction::Kind::Read);
-  bool goOn = true;
   for (const Level& level : levels) {
     if (left == 0 || !goOn) break;
     SqlText own;
     Query query(store_, Statement(request, level, own));
     BindPlace(query, request, level);
-    const int more = static_cast<int>(order_.size()) + 2;
-    query.Bind(more, left);
-    query.Bind(more + 1, request.skip);
-    if (request.bounds != nullptr) {
-      if (request.bounds->lower) BindComparable(query, more + 2, *request.bounds->lower);
-      if (request.bounds->upper) BindComparable(query, more + 3, *request.bounds->upper);
-    }
-    if (request.conditionText) query.Bind(ConditionTextAt(), *request.conditionText);
-    while (left > 0 && query.Step()) {
-      --left;
-      if (!sink(query)) {
-        goOn = false;
-        break;
-      }
-    }
+    left -= Take(query, request, left, sink, goOn);
   }
   if (oneState) oneState->Commit();
   return request.limit - left;
+}
+
+// The rows of a statement, as far as they are wanted; their number.
+std::int64_t KeyWalker::Take(Query& query, const Request& request, std::int64_t most, const Sink& sink, bool& goOn) const {
+  const int more = static_cast<int>(order_.size()) + 2;
+  query.Bind(more, most);
+  query.Bind(more + 1, request.skip);
+  if (request.bounds != nullptr) {
+    if (request.bounds->lower) BindComparable(query, more + 2, *request.bounds->lower);
+    if (request.bounds->upper) BindComparable(query, more + 3, *request.bounds->upper);
+  }
+  if (request.conditionText) query.Bind(ConditionTextAt(), *request.conditionText);
+  std::int64_t taken = 0;
+  while (goOn && taken < most && query.Step()) {
+    ++taken;
+    goOn = sink(query);
+  }
+  return taken;
 }
 
 // From the longest run of equal columns to none: together the statements deliver the rows in order.
@@ -184,6 +231,12 @@ std::vector<KeyWalker::Level> KeyWalker::LevelsFor(const Request& request) const
   if (request.from == nullptr) return {{Step::All, 0}};
   std::vector<Level> levels{{Step::BehindRow, order_.size()}};
   if (request.equalsOnly) return levels;
+  if (dialect_.rowValues && order_.size() == 1 && !request.from->values[0].IsNull()) {
+    levels = {{Step::BehindPlace, 0}};
+    // A row value never finds Nulls.
+    if (request.direction == Direction::Down && request.bounds == nullptr) levels.push_back({Step::NullBlock, 0});
+    return levels;
+  }
   for (std::size_t equal = order_.size(); equal-- > 0;) {
     const bool isNull = request.from->values[equal].IsNull();
     if (request.direction == Direction::Up) {
@@ -215,6 +268,17 @@ SqlText& KeyWalker::Statement(const Request& request, const Level& level, SqlTex
   return kept;
 }
 
+// All of them as one: each part gives as many rows as are wanted at most.
+SqlText& KeyWalker::Joined(const Request& request, const std::vector<Level>& levels, SqlText& own) {
+  const bool single = !request.condition.empty() || !request.flag.empty() || request.bounds != nullptr;
+  constexpr std::uint64_t kJoined = std::uint64_t{1} << 63;
+  SqlText& text = single ? own : statements_[CodeOf(request, levels.front()) | kJoined];
+  if (!text.text.empty()) return text;
+  for (const Level& level : levels) text.text += (text.text.empty() ? "(" : " UNION ALL (") + StatementText(request, level) + ')';
+  text.text += " LIMIT " + dialect_.Parameter(order_.size() + 2);
+  return text;
+}
+
 std::string KeyWalker::StatementText(const Request& request, const Level& level) const {
   std::string text = "SELECT ";
   if (!request.keysOnly) text += shape_.columnList + ", ";
@@ -239,6 +303,8 @@ std::string KeyWalker::ConditionOf(const Request& request, const Level& level) c
   for (std::size_t i = 0; i < level.equal; ++i)
     add(comparable_[i] + (request.from->values[i].IsNull() ? " IS NULL" : " = " + dialect_.Parameter(i + 1)));
   if (level.step == Step::BehindRow) add(rowKey_ + beyond + dialect_.Parameter(order_.size() + 1));
+  if (level.step == Step::BehindPlace)
+    add('(' + comparable_[0] + ", " + rowKey_ + ')' + beyond + '(' + dialect_.Parameter(1) + ", " + dialect_.Parameter(2) + ')');
   if (level.step == Step::BehindColumn) add(comparable_[level.equal] + beyond + dialect_.Parameter(level.equal + 1));
   if (level.step == Step::NotNull) add(comparable_[level.equal] + " IS NOT NULL");
   if (level.step == Step::NullBlock) add(comparable_[level.equal] + " IS NULL");

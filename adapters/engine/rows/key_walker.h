@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -29,8 +30,9 @@ struct KeyBounds {
 };
 
 /// Reads one table in the order of some columns and, among equals, of its row key: from an end or from behind a place, in
-/// either direction, by one statement for each number of leading columns that stay equal. So a page costs the same
-/// wherever it stands, also inside a large group of equal keys, and nothing stays open between pages.
+/// either direction, by one statement for each number of leading columns that stay equal, or by one for all of them where the store
+/// can (Dialect::rowValues). So a page costs the same wherever it stands, also inside a large group of equal keys, and nothing stays
+/// open between pages.
 class KeyWalker {
  public:
   KeyWalker(Store& store, const RowShape& shape, WalkWay way);
@@ -76,6 +78,8 @@ class KeyWalker {
 
   /// The row with that key, as a full row, whatever the list's filter says; false when it is gone.
   bool ReadRow(std::int64_t rowKey, const Sink& sink);
+  /// The same for several rows, in any order.
+  void ReadRows(std::span<const std::int64_t> rowKeys, const Sink& sink);
   /// Where the table has the row with that key now; nothing when it is gone.
   std::optional<OrderPlace> PlaceOfRow(std::int64_t rowKey);
   /// Whether the list's filter takes the row; true without a filter.
@@ -98,8 +102,9 @@ class KeyWalker {
   int Compare(const OrderPlace& left, const OrderPlace& right) const;
 
  private:
-  /// Which rows one statement takes: the first `equal` columns as in `from`, the next one beyond it.
-  enum class Step { All, BehindRow, BehindColumn, NotNull, NullBlock };
+  /// Which rows one statement takes: the first `equal` columns as in `from`, the next one beyond it; BehindPlace: the column and the
+  /// row key together beyond it.
+  enum class Step { All, BehindRow, BehindColumn, NotNull, NullBlock, BehindPlace };
   struct Level {
     Step step = Step::All;
     std::size_t equal = 0;
@@ -107,6 +112,8 @@ class KeyWalker {
   std::vector<Level> LevelsFor(const Request& request) const;
   static std::uint64_t CodeOf(const Request& request, const Level& level);
   SqlText& Statement(const Request& request, const Level& level, SqlText& own);
+  SqlText& Joined(const Request& request, const std::vector<Level>& levels, SqlText& own);
+  std::int64_t Take(Query& query, const Request& request, std::int64_t most, const Sink& sink, bool& goOn) const;
   std::string MarkedText(const Request& request, const Level& level, const KeyWalker& counted) const;
   enum class What { Rows, Keys, Number };
   void AskUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until, What what, const Sink& sink);
@@ -131,6 +138,7 @@ class KeyWalker {
   std::string from_;
   std::string keyColumns_;
   SqlText row_;
+  std::unordered_map<std::size_t, SqlText> rows_;  ///< by the number of keys
   SqlText placeOfRow_;
   SqlText inFilter_;
   SqlText count_;

@@ -61,7 +61,7 @@ int RowShape::FieldIndex(std::string_view name) const {
   return found == byName_.end() ? -1 : found->second;
 }
 
-std::string RowShape::FromByKeys(const Dialect& dialect) const {
+std::string RowShape::FromByKeys(const Dialect& dialect, std::size_t values) const {
   const auto byKey = [&](std::size_t i) {
     return plan.tables[i].alias + '.' + plan.tables[i].table->rowKey + " = " + dialect.Parameter(i + 1);
   };
@@ -75,7 +75,10 @@ std::string RowShape::FromByKeys(const Dialect& dialect) const {
     const std::string join = table.tie.empty() ? "" : '(' + table.tie + ')';
     from += " LEFT JOIN " + named(i) + " ON " + (table.follows ? join : byKey(i) + (join.empty() ? "" : " AND " + join));
   }
-  return from + " WHERE " + byKey(driving);
+  if (values == 1) return from + " WHERE " + byKey(driving);
+  from += " WHERE " + plan.tables[driving].alias + '.' + plan.tables[driving].table->rowKey + " IN (";
+  for (std::size_t i = 1; i <= values; ++i) from += (i == 1 ? "" : ", ") + dialect.Parameter(i);
+  return from + ')';
 }
 
 const std::shared_ptr<KeyWalker>& RowShape::Walker(Store& store, const std::vector<OrderColumn>& order, const std::string& index) const {
@@ -106,13 +109,18 @@ void RowSource::BindKeys(Query& query, const std::int64_t* keys) const {
 }
 
 // A table that follows in an outer join may have found, lost or changed its row. A row that came without a partner needs none.
-bool RowSource::AllThere(const Query& query, int first, const std::int64_t* keys) const {
+template <class IsThere>
+bool RowSource::AllThere(const std::int64_t* keys, IsThere isThere) const {
   for (std::size_t i = 0; i < Plan().tables.size(); ++i) {
     const PlanTable& table = Plan().tables[i];
     const bool needed = keys[i] != kNoRowKey && !(table.follows && table.nullable);
-    if (needed && query.IsNull(first + static_cast<int>(i))) return false;
+    if (needed && !isThere(i)) return false;
   }
   return true;
+}
+
+bool RowSource::AllThere(const Query& query, int first, const std::int64_t* keys) const {
+  return AllThere(keys, [&](std::size_t i) { return !query.IsNull(first + static_cast<int>(i)); });
 }
 
 const platform::FieldDefinition* RowSource::DefinitionOf(int column) const {
@@ -168,8 +176,71 @@ bool RowSource::Fetch(const std::int64_t* keys, RowPage& page, Missing missing) 
   return true;
 }
 
+bool RowSource::FetchesTogether() const {
+  if (OwnDialect().rowsAtOnce <= 1) return false;
+  const auto driving = static_cast<std::size_t>(Plan().driving);
+  for (std::size_t i = 0; i < Plan().tables.size(); ++i)
+    if (i != driving && shape_->IsKnownByKey(i)) return false;
+  return true;
+}
+
+std::vector<int> RowSource::FetchTogether(std::span<const std::int64_t> keys, RowPage& page) {
+  constexpr std::size_t kFew = 8;
+  constexpr std::size_t kMost = 64;
+  const std::size_t width = KeyCount();
+  const auto driving = static_cast<std::size_t>(Plan().driving);
+  const std::size_t rows = keys.size() / width;
+  std::vector<int> places(rows, -1);
+  const int keysAt = static_cast<int>(Plan().columns.size());
+  for (std::size_t first = 0; first < rows; first += kMost) {
+    const std::size_t here = std::min(kMost, rows - first);
+    const std::size_t asked = here <= kFew ? kFew : kMost;
+    SqlText& text = together_[asked];
+    if (text.text.empty()) text.text = "SELECT " + ColumnList() + ", " + KeyList() + " FROM " + shape_->FromByKeys(OwnDialect(), asked);
+    RowPage found(page.columns, width);
+    std::unordered_map<std::int64_t, std::size_t> rowOf;
+    Query query(Store(), text);
+    for (std::size_t i = 0; i < asked; ++i) query.Bind(static_cast<int>(i) + 1, keys[(first + std::min(i, here - 1)) * width + driving]);
+    while (query.Step()) {
+      rowOf.emplace(query.Int(keysAt + static_cast<int>(driving)), found.Rows());
+      ReadCells(query, 0, found);
+      ReadKeys(query, keysAt, found);
+    }
+    for (std::size_t i = first; i < first + here; ++i) {
+      const std::int64_t* const wanted = &keys[i * width];
+      const auto row = rowOf.find(wanted[driving]);
+      if (row == rowOf.end() || !AllThere(wanted, [&](std::size_t table) { return found.KeysOf(row->second)[table] != kNoRowKey; }))
+        continue;
+      places[i] = static_cast<int>(page.Rows());
+      page.cells.Add(found.cells, row->second * page.columns, page.columns);
+      page.keys.insert(page.keys.end(), found.KeysOf(row->second), found.KeysOf(row->second) + width);
+    }
+  }
+  return places;
+}
+
 SqlText RowSource::TestFor(std::string_view criterion) const {
   return SqlText("SELECT (" + std::string(criterion) + "), " + KeyList() + " FROM " + shape_->FromByKeys(OwnDialect()));
+}
+
+std::vector<std::int64_t> RowSource::TestTogether(std::span<const std::int64_t> keys, std::string_view criterion) {
+  const std::size_t width = KeyCount();
+  const auto driving = static_cast<std::size_t>(Plan().driving);
+  const std::size_t rows = keys.size() / width;
+  std::vector<std::int64_t> fit;
+  if (rows == 0) return fit;
+  const std::string from = shape_->FromByKeys(OwnDialect(), std::max<std::size_t>(rows, 2));
+  Query query(Store(), "SELECT (" + std::string(criterion) + "), " + KeyList() + " FROM " + from);
+  for (std::size_t i = 0; i < std::max<std::size_t>(rows, 2); ++i)
+    query.Bind(static_cast<int>(i) + 1, keys[std::min(i, rows - 1) * width + driving]);
+  while (query.Step()) {
+    const std::int64_t key = query.Int(1 + static_cast<int>(driving));
+    const std::int64_t* wanted = nullptr;
+    for (std::size_t i = 0; i < rows && wanted == nullptr; ++i)
+      if (keys[i * width + driving] == key) wanted = &keys[i * width];
+    if (wanted != nullptr && AllThere(query, 1, wanted) && !query.IsNull(0) && query.Int(0) != 0) fit.push_back(key);
+  }
+  return fit;
 }
 
 bool RowSource::Test(const std::int64_t* keys, SqlText& test) {

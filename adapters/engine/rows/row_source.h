@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -56,7 +57,9 @@ class RowShape {
 
   /// One row of a join: the driving table's by its key, the others' as the join ties them to it now, so that code and name
   /// always stand for the same thing. Tables that no unique field ties are found by their own keys, too.
-  std::string FromByKeys(const Dialect& dialect) const;
+  std::string FromByKeys(const Dialect& dialect) const { return FromByKeys(dialect, 1); }
+  /// The same for several values of the driving table's key, where rows are known by that alone.
+  std::string FromByKeys(const Dialect& dialect, std::size_t values) const;
   /// Whether a row's key of that table is part of its identity; the others follow from these.
   bool IsKnownByKey(std::size_t table) const { return !plan.tables[table].follows; }
   /// Whether the plan's one table was too long once for its keys to be held; it is not asked again.
@@ -119,8 +122,16 @@ class RowSource {
   enum class Missing { Gone, Null };
   /// Adds the row with these keys to the page, with the keys that its tables' rows have now; false when it is gone.
   bool Fetch(const std::int64_t* keys, RowPage& page, Missing missing = Missing::Gone);
+  /// Whether several rows are better fetched together, and can be: the store answers to many keys as quickly as to one, and a row is known
+  /// by its driving table's key alone.
+  bool FetchesTogether() const;
+  /// Adds those of the rows with these keys (as Fetch has them, one behind the other) to the page that are there, in their order; for each
+  /// its number in the page, -1 for one that is gone.
+  std::vector<int> FetchTogether(std::span<const std::int64_t> keys, RowPage& page);
   /// Whether the row with these keys is there and the criterion is true of it.
   bool Test(const std::int64_t* keys, SqlText& test);
+  /// Of several rows, by the keys of the driving table, those for which the criterion is true; where FetchesTogether.
+  std::vector<std::int64_t> TestTogether(std::span<const std::int64_t> keys, std::string_view criterion);
   /// The statement that Test runs.
   SqlText TestFor(std::string_view criterion) const;
 
@@ -131,6 +142,8 @@ class RowSource {
  private:
   std::uint64_t MixedVersion() const;
   void BindKeys(Query& query, const std::int64_t* keys) const;
+  template <class IsThere>
+  bool AllThere(const std::int64_t* keys, IsThere isThere) const;
   bool AllThere(const Query& query, int first, const std::int64_t* keys) const;
 
   EngineContext& context_;
@@ -138,6 +151,7 @@ class RowSource {
   std::shared_ptr<const RowShape> shape_;
   std::uint64_t set_;
   SqlText fetch_;
+  std::map<std::size_t, SqlText> together_;  ///< by the number of keys
   std::vector<std::int64_t> others_;  ///< what each file told of others' commits
   std::chrono::steady_clock::time_point asked_;
 };

@@ -190,12 +190,38 @@ int KeysetSearch::SideOfRange(const OrderPlace* place) const {
 std::optional<bool> KeysetSearch::WalkAhead(std::int64_t from, std::int64_t& hit) {
   const std::int64_t end = from + RowsToWalk(list_.Size(), source_.KeyCount() == 1);
   if (end == from) return {};
+  if (source_.FetchesTogether()) {
+    try {
+      return WalkTogether(from, end, hit);
+    } catch (const platform::Error&) {
+      // The test may fail on a row that stands behind the one that is found: then they are asked one by one.
+    }
+  }
   Transaction oneState(source_.Store(), Transaction::Kind::Read);
   for (std::int64_t i = from; i < end; ++i) {
     if (!list_.Reach(i)) return false;
     if (!list_.IsAlive(i) || !source_.Test(list_.KeysOf(i), test_)) continue;
     hit = i;
     return true;
+  }
+  if (!list_.Reach(end)) return false;
+  return {};
+}
+
+std::optional<bool> KeysetSearch::WalkTogether(std::int64_t from, std::int64_t end, std::int64_t& hit) {
+  constexpr std::int64_t kAtOnce = 64;
+  const auto driving = static_cast<std::size_t>(source_.Plan().driving);
+  for (std::int64_t first = from; first < end; first += kAtOnce) {
+    const std::int64_t behind = std::min(end, first + kAtOnce);
+    std::vector<std::int64_t> keys;
+    for (std::int64_t i = first; i < behind && list_.Reach(i); ++i)
+      if (list_.IsAlive(i)) keys.insert(keys.end(), list_.KeysOf(i), list_.KeysOf(i) + source_.KeyCount());
+    const std::vector<std::int64_t> fit = source_.TestTogether(keys, plan_.where);
+    for (std::int64_t i = first; i < behind && list_.Reach(i); ++i) {
+      if (!list_.IsAlive(i) || std::ranges::find(fit, list_.KeysOf(i)[driving]) == fit.end()) continue;
+      hit = i;
+      return true;
+    }
   }
   if (!list_.Reach(end)) return false;
   return {};

@@ -83,6 +83,11 @@ struct Dialect {
   /// The smallest and the greatest of their arguments, Null if one is Null.
   std::string least;
   std::string greatest;
+  /// Whether rows are compared as wholes, "(a, b) > (x, y)", along an index, and the parts of a UNION ALL come in their order: then the rows
+  /// behind a place are one statement.
+  bool rowValues = false;
+  /// How many rows are read where one is wanted: more than one where asking costs more than rows do.
+  int rowsAtOnce = 1;
   /// Behind a key of ORDER BY to get Null first ascending and last descending; "" where the store does so by itself.
   std::string nullsAscending;
   std::string nullsDescending;

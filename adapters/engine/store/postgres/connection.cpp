@@ -1,6 +1,7 @@
 #include "engine/store/postgres/connection.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "engine/errors.h"
 #include "engine/store/postgres/link/flag.h"
@@ -11,7 +12,8 @@
 namespace engine::postgres {
 namespace {
 
-constexpr std::string_view kSnapshot = "SELECT pg_current_snapshot()";
+constexpr const char* kListen = "LISTEN orcussch";
+constexpr std::chrono::milliseconds kBetweenNotices{100};
 
 // Others go on reading.
 std::string LockText(const std::string& schema) {
@@ -23,9 +25,13 @@ std::string LockText(const std::string& schema) {
 }  // namespace
 
 ServerConnection::ServerConnection(const Target& target, Patience patience)
-    : patience_(patience.connect), link_(target, patience, marks_.Desk(), [this] { ServePainting(); }), wholeFiles_(patience.wholeFiles) {}
+    : patience_(patience.connect),
+      link_(target, patience, marks_.Desk(), [this] { ServePainting(); }),
+      wholeFiles_(patience.wholeFiles),
+      asks_(patience.asks) {}
 
 ServerConnection::~ServerConnection() {
+  if (!owed_.empty() && active_ == nullptr && !begun_) link_.LastWords(Notice(false));
   kept_.Clear();
 }
 
@@ -46,11 +52,14 @@ void ServerConnection::Ready(const std::string& schema) {
   const Flag opening(opening_);
   forgotten_.clear();
   watch_.Forget();
+  fresh_ = true;
+  listens_ = false;
   link_.Open(AskedOf(schema));
 }
 
 std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
   FinishActive();
+  const bool unitKnown = begun_ && units_.front() == Unit::Kind::Read;
   trip.before.insert(trip.before.end(), pending_.begin(), pending_.end());
   pending_.clear();
   // Not before a unit's beginning, which must be the first to see a state.
@@ -69,6 +78,12 @@ std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
   const bool marked = !trip.saves.empty() && !asking_ && marks_.AreKeptIn(trip.schema);
   if (marked && units_.empty()) trip.behind.push_back(marks_.Next(trip.schema));
   if (marked && !units_.empty()) saved_ = trip.schema;
+  // Inside a unit of reads it stays the same.
+  trip.asksSnapshot = !unitKnown;
+  if (units_.empty() && trip.tells) trip.notice = Notice(true);
+  if (units_.empty() && trip.notice.empty() && OwesNotice()) trip.notice = Notice(false);
+  if (!units_.empty() && trip.asksNumber) (trip.tells ? unitWrote_ : unitDefined_) = true;
+  if (std::exchange(fresh_, false) && !asks_) trip.ahead.push_back(kListen);
   active_ = link_.Send(trip);
   // What was not sent at all is known to be undone.
   if (marked && units_.empty() && !active_->done) {
@@ -103,6 +118,17 @@ void ServerConnection::FinishActive() {
 void ServerConnection::Settle(Run& run) {
   if (active_.get() != &run) return;
   active_.reset();
+  if (run.aheadDone) listens_ = true;
+  if (!run.snapshot.empty() && watch_.Others(run.snapshot)) {
+    ++others_;
+    ++strangers_;
+  }
+  watch_.Own(run.number);
+  watch_.Own(run.notice);
+  if (!units_.empty())
+    unitNumber_ = run.number.empty() ? unitNumber_ : run.number;
+  else if (run.tells && run.notice.empty() && !run.number.empty())
+    owed_ += ' ' + run.number;
   if (!run.failure) return;
   held_.clear();
   if (run.failure->lost) {
@@ -120,7 +146,8 @@ void ServerConnection::ExecuteAll(std::span<const std::string> statements, const
   const std::shared_ptr<Run> run = Start(std::move(trip));
   Take(*run);
   if (run->failure) Raise(*run->failure, Doing::Writing, schema);
-  CountWrite(schema, run->number);
+  CountWrite(schema);
+  CountDefinitions();
 }
 
 std::unique_ptr<CopyRows> ServerConnection::Copy(const std::string& copy, const std::string& schema) {
@@ -158,6 +185,7 @@ void ServerConnection::CommitUnit(const Unit& unit) {
     pending_.clear();
     begun_ = false;
     saved_.clear();
+    ForgetUnit();
   } else if (unit.kind == Unit::Kind::Write) {
     if (!pending_.empty() && pending_.back() == name)
       pending_.pop_back();
@@ -182,7 +210,7 @@ void ServerConnection::UndoUnit(const Unit& unit) noexcept {
   try {
     FinishActive();
     pending_.clear();
-    if (begun_ && !broken_) End("ROLLBACK");
+    if (begun_ && !broken_) End("ROLLBACK", false);
   } catch (const platform::Error&) {
     // Nobody can be told; a server that is gone has undone it.
   }
@@ -190,19 +218,28 @@ void ServerConnection::UndoUnit(const Unit& unit) noexcept {
   broken_ = false;
   saved_.clear();
   held_.clear();
+  ForgetUnit();
+}
+
+void ServerConnection::ForgetUnit() noexcept {
+  unitWrote_ = unitDefined_ = false;
+  unitNumber_.clear();
 }
 
 // A statement that ends the outermost unit. Behind a failed one the transaction can only be undone, which the server does then.
-std::optional<Failure> ServerConnection::End(const std::string& sql) {
+std::optional<Failure> ServerConnection::End(const std::string& sql, bool tells) {
   Trip trip;
+  if (tells) trip.notice = Notice(true);
   trip.before = std::move(pending_);
   pending_.clear();
   trip.behind.push_back(sql);
   active_ = link_.Send(trip);
   const std::shared_ptr<Run> run = active_;
   Take(*run);
-  if (!run->failure && run->tag != sql) throw platform::Error(3000, "Reserved error (" + run->tag + ")");
-  return run->failure;
+  if (run->failure) return run->failure;
+  if (run->tag != sql) throw platform::Error(3000, "Reserved error (" + run->tag + ")");
+  if (tells && run->notice.empty()) owed_ += ' ' + unitNumber_;
+  return {};
 }
 
 // ---- who wrote
@@ -212,14 +249,58 @@ std::uint64_t ServerConnection::Writes(const std::string& schema) const {
   return undone_ + (found == writes_.end() ? 0 : found->second);
 }
 
-void ServerConnection::CountWrite(const std::string& schema, const std::string& number) {
-  ++writes_[schema];
-  watch_.Own(number);
+void ServerConnection::CountWrite(const std::string& schema) { ++writes_[schema]; }
+
+// What tells others, in a transaction of its own that needn't wait for the disk: inside the writing one all writers of the server would
+// queue. It names the transactions that wrote rows, and itself, so that whoever hears it knows them in the next snapshot. One in a tenth
+// of a second will do; what is left over goes along with a later trip.
+std::string ServerConnection::Notice(bool withLast) {
+  const auto now = std::chrono::steady_clock::now();
+  if (withLast && now - told_ < kBetweenNotices) return {};
+  told_ = now;
+  const std::string last = withLast ? "current_setting('orcussch.wrote') || ' ' || " : "";
+  return "SELECT pg_current_xact_id(), set_config('synchronous_commit', 'off', true), pg_notify('orcussch', " + last +
+         "pg_current_xact_id()::text || '" + std::exchange(owed_, {}) + "')";
+}
+
+bool ServerConnection::OwesNotice() const { return !owed_.empty() && std::chrono::steady_clock::now() - told_ >= kBetweenNotices; }
+
+void ServerConnection::Hear() {
+  for (const std::string& message : link_.Messages()) {
+    bool news = message.empty();
+    for (std::size_t at = 0; at < message.size();) {
+      const std::size_t end = std::min(message.find(' ', at), message.size());
+      if (end > at && watch_.Told(std::string_view(message).substr(at, end - at))) news = true;
+      at = end + 1;
+    }
+    if (news) ++others_;
+    if (message.empty()) ++strangers_;
+  }
+}
+
+void ServerConnection::AskOthers() {
+  Ready({});
+  const std::shared_ptr<Run> run = Start({});
+  Take(*run);
+  if (run->failure) Raise(*run->failure, Doing::Reading, {});
 }
 
 std::int64_t ServerConnection::OthersVersion() {
-  Query query(*this, kSnapshot);
-  if (query.Step() && watch_.Others(query.Text(0))) ++others_;
+  if (active_ != nullptr && active_->unwanted) {
+    const std::shared_ptr<Run> run = active_;
+    link_.Drain(*run);
+    if (run->done) Settle(*run);
+  }
+  if (active_ == nullptr) Hear();
+  if (!listens_ || !link_.IsOpen()) {
+    AskOthers();
+  } else if (active_ == nullptr && units_.empty() && OwesNotice()) {
+    // Nobody waits for the answer.
+    Trip trip;
+    trip.notice = Notice(false);
+    active_ = link_.Send(trip);
+    active_->unwanted = true;
+  }
   return others_;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -48,8 +49,13 @@ class ServerConnection final : public Channel {
 
   /// Changes with each write of this connection to tables of the schema.
   std::uint64_t Writes(const std::string& schema) const;
-  /// Asks the server: changes when somebody else has written anything there.
+  /// Changes when somebody else has written anything there and this connection knows of it: at once where he tells (as the program does),
+  /// with the next trip in any case. Asks the server only where it can't listen or was told to ask.
   std::int64_t OthersVersion();
+  /// Changes with what others may have done to definitions: every write of which nobody told that it wrote rows alone.
+  std::int64_t StrangersVersion() const noexcept { return strangers_; }
+  /// Changes with each change of definitions by this connection.
+  std::uint64_t OwnDefinitions() const noexcept { return definitions_ + undone_; }
 
   /// For messages: the path of a schema as the program names it.
   void NameSchema(const std::string& schema, std::string asked) { asked_[schema] = std::move(asked); }
@@ -71,7 +77,8 @@ class ServerConnection final : public Channel {
   void Take(Run& run);
   void Abandon(Run& run) noexcept;
   [[noreturn]] void Raise(const Failure& failure, Doing doing, const std::string& schema) const;
-  void CountWrite(const std::string& schema, const std::string& number);
+  void CountWrite(const std::string& schema);
+  void CountDefinitions() noexcept { ++definitions_; }
   std::string NewName() { return "s" + std::to_string(++lastName_); }
   void Forget(const std::string& name) noexcept;
   int Openings() const noexcept { return link_.Openings(); }
@@ -82,11 +89,16 @@ class ServerConnection final : public Channel {
  private:
   void FinishActive();
   void Settle(Run& run);
-  std::optional<Failure> End(const std::string& sql);
+  std::optional<Failure> End(const std::string& sql, bool tells);
   void Commit();
   void Learn(Run& run);
   std::optional<std::string> Stored(const std::string& schema, std::uint64_t save);
   std::shared_ptr<Run> RowsOf(const std::string& sql, const std::string& schema);
+  void ForgetUnit() noexcept;
+  void Hear();
+  void AskOthers();
+  std::string Notice(bool withLast);
+  bool OwesNotice() const;
 
   SaveMarks marks_;
   bool asking_ = false;  ///< what became of a save
@@ -112,6 +124,16 @@ class ServerConnection final : public Channel {
   std::map<std::string, std::string> asked_;
   SnapshotWatch watch_;
   std::int64_t others_ = 0;
+  std::int64_t strangers_ = 0;
+  std::uint64_t definitions_ = 0;
+  bool asks_;             ///< whether others have written is asked each time
+  bool fresh_ = false;    ///< nothing was sent on the present connection yet
+  bool listens_ = false;  ///< others' messages come
+  std::string owed_;      ///< numbers of own writes of which others weren't told yet
+  bool unitWrote_ = false;    ///< the outermost unit has written rows,
+  bool unitDefined_ = false;  ///< or something else
+  std::string unitNumber_;
+  std::chrono::steady_clock::time_point told_{};
   std::optional<int> workLimit_;
 };
 

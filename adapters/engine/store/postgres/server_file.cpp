@@ -17,23 +17,30 @@ std::string ServerFile::Own(std::string_view name) const { return QuoteName(sche
 
 // ---- tables
 
-// While nobody has written anything, no definition has changed either.
+// While nobody has written anything but rows, no definition has changed either.
 std::int64_t ServerFile::SchemaVersion() {
-  const std::int64_t others = OthersVersion();
-  const std::uint64_t writes = OwnVersion();
-  if (!versionKnown_ || others != versionOthers_ || writes != versionWrites_) version_ = AskSchemaVersion(connection_, schema_);
-  versionKnown_ = true;
-  versionOthers_ = others;
-  versionWrites_ = writes;
+  OthersVersion();
+  // Before the question: who changes something meanwhile makes its answer old, not the next one.
+  const std::int64_t others = connection_.StrangersVersion();
+  const std::uint64_t own = connection_.OwnDefinitions();
+  if (!known_)
+    Read();
+  else if (others != knownOthers_ || own != knownOwn_)
+    version_ = AskSchemaVersion(connection_, schema_);
+  knownOthers_ = others;
+  knownOwn_ = own;
   return version_;
 }
 
+void ServerFile::Read() {
+  Definitions read = ReadDefinitions(connection_, schema_);
+  tables_ = std::move(read.tables);
+  version_ = tablesVersion_ = read.version;
+  known_ = true;
+}
+
 const std::vector<StoredTable>& ServerFile::Tables() {
-  // The version first: who changes a table while it is read makes this reading old, not the next one.
-  const std::int64_t version = SchemaVersion();
-  if (!tablesKnown_ || version != tablesVersion_) tables_ = ReadTables(connection_, schema_);
-  tablesKnown_ = true;
-  tablesVersion_ = version;
+  if (SchemaVersion() != tablesVersion_) Read();
   return tables_;
 }
 
@@ -102,7 +109,13 @@ void ServerFile::NumbersGiven(const platform::TableDefinition& table) {
 // ---- links
 
 std::vector<StoredLink> ServerFile::Links() {
-  return ReadLinks(connection_, "SELECT name, path, source FROM " + Own(kLinksTable) + " ORDER BY number");
+  const std::int64_t others = OthersVersion();
+  const std::uint64_t own = OwnVersion();
+  if (!links_ || others != linksOthers_ || own != linksOwn_)
+    links_ = ReadLinks(connection_, "SELECT name, path, source FROM " + Own(kLinksTable) + " ORDER BY number");
+  linksOthers_ = others;
+  linksOwn_ = own;
+  return *links_;
 }
 
 void ServerFile::AddLink(const StoredLink& link) {

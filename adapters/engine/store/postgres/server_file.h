@@ -1,6 +1,6 @@
 #pragma once
 
-#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,6 +35,7 @@ class ServerFile final : public StoreFile {
 
  private:
   const std::vector<StoredTable>& Tables();
+  void Read();
   std::string Own(std::string_view name) const;
   std::string HighestNumber(const platform::TableDefinition& table) const;
 
@@ -42,13 +43,15 @@ class ServerFile final : public StoreFile {
   std::string schema_;
   std::string path_;
   bool readOnly_;
-  std::int64_t version_ = 0;  ///< of the definitions; asked for at the two states below
-  bool versionKnown_ = false;
-  std::int64_t versionOthers_ = 0;
-  std::uint64_t versionWrites_ = 0;
-  std::vector<StoredTable> tables_;  ///< of that version
+  bool known_ = false;         ///< the definitions have been read
+  std::int64_t version_ = 0;   ///< of the definitions; asked for at the two states below
+  std::int64_t knownOthers_ = 0;
+  std::uint64_t knownOwn_ = 0;
+  std::vector<StoredTable> tables_;
   std::int64_t tablesVersion_ = 0;
-  bool tablesKnown_ = false;
+  std::optional<std::vector<StoredLink>> links_;  ///< as they were at these two states
+  std::int64_t linksOthers_ = 0;
+  std::uint64_t linksOwn_ = 0;
 };
 
 }  // namespace engine::postgres

@@ -37,12 +37,21 @@ unsigned TypeOf(Parameter::Kind kind) {
   return kUnknown;
 }
 
-// What changes something, also if it is a SELECT by its form.
-bool ChangesSomething(std::string_view sql) {
-  constexpr std::array words{"INSERT", "UPDATE", "DELETE", "LOCK", "CREATE", "ALTER", "DROP", "COPY", "TRUNCATE", "COMMENT", "GRANT"};
-  for (const std::string_view word : words)
-    if (sql.starts_with(word)) return true;
-  return sql.find("nextval(") != std::string_view::npos;
+constexpr std::array<std::string_view, 6> kWriting{"INSERT", "UPDATE", "DELETE", "LOCK", "COPY", "TRUNCATE"};
+constexpr std::array<std::string_view, 5> kDefining{"CREATE", "ALTER", "DROP", "COMMENT", "GRANT"};
+
+bool StartsWithOneOf(std::string_view sql, std::span<const std::string_view> words) {
+  return std::ranges::any_of(words, [&](std::string_view word) { return sql.starts_with(word); });
+}
+
+// "$1", and not as the beginning of "$12".
+bool Mentions(std::string_view sql, std::size_t parameter) {
+  const std::string sign = '$' + std::to_string(parameter);
+  for (std::size_t at = sql.find(sign); at != std::string_view::npos; at = sql.find(sign, at + 1)) {
+    const std::size_t behind = at + sign.size();
+    if (behind == sql.size() || sql[behind] < '0' || sql[behind] > '9') return true;
+  }
+  return false;
 }
 
 bool WritesRows(std::string_view sql) { return sql.starts_with("INSERT ") || sql.starts_with("UPDATE ") || sql.starts_with("DELETE "); }
@@ -63,7 +72,8 @@ ServerStatement::ServerStatement(ServerConnection& connection, std::string_view 
     : connection_(connection),
       sql_(sql),
       schema_(FirstSchema(sql)),
-      writes_(ChangesSomething(sql)),
+      defines_(StartsWithOneOf(sql, kDefining)),
+      writes_(defines_ || StartsWithOneOf(sql, kWriting) || sql.find("nextval(") != std::string_view::npos),
       asksMoment_(sql.find("_now()") != std::string_view::npos),
       parameters_(std::move(parameters)),
       types_(parameters_.size(), kUnknown) {}
@@ -100,15 +110,20 @@ void ServerStatement::Bind(int parameter, std::string_view text) { At(parameter)
 // ---- a run
 
 Trip ServerStatement::Prepared() {
-  // A Null is of the type that the parameter had before, if it had one.
-  for (std::size_t i = 0; i < parameters_.size(); ++i)
-    if (parameters_[i].kind != Parameter::Kind::Null) types_[i] = TypeOf(parameters_[i].kind);
+  // A Null is of the type that the parameter had before, if it had one. One that was left out is of any: the server couldn't tell.
+  for (std::size_t i = 0; i < parameters_.size(); ++i) {
+    if (parameters_[i].kind != Parameter::Kind::Null)
+      types_[i] = TypeOf(parameters_[i].kind);
+    else if (types_[i] == kUnknown && !Mentions(sql_, i + 1))
+      types_[i] = kText;
+  }
   if (openings_ != connection_.Openings()) names_.clear();
   openings_ = connection_.Openings();
 
   Trip trip;
   trip.parameters = &parameters_;
   trip.asksNumber = writes_;
+  trip.tells = writes_ && !defines_;
   trip.schema = schema_;
   if (WritesRows(sql_)) trip.saves = sql_;
   const auto known = names_.find(types_);
@@ -166,7 +181,8 @@ bool ServerStatement::Step() {
 
 bool ServerStatement::Ended() {
   changed_ = run_->changed;
-  if (writes_) connection_.CountWrite(schema_, run_->number);
+  if (writes_) connection_.CountWrite(schema_);
+  if (defines_) connection_.CountDefinitions();
   return false;
 }
 

@@ -53,7 +53,8 @@ class ServerStatement final : public Statement {
   ServerConnection& connection_;
   std::string sql_;
   std::string schema_;
-  bool writes_ = false;
+  bool defines_ = false;  ///< changes definitions
+  bool writes_ = false;   ///< changes something, also if it is a SELECT by its form
   bool asksMoment_ = false;
   std::vector<Parameter> parameters_;
   std::vector<unsigned> types_;  ///< that the parameters have had

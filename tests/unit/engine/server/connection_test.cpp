@@ -217,12 +217,13 @@ TEST_F(Connected, AUnitOfReadsSeesOneState) {
 }
 
 TEST_F(Connected, TellsOthersWritesAndItsOwnApart) {
-  std::int64_t others = connection.OthersVersion();
-  const auto changed = [&] { return std::exchange(others, connection.OthersVersion()) != others; };
+  ServerConnection asking(TargetOf("x.zdb"), {.lock = 150, .asks = true});
+  std::int64_t others = asking.OthersVersion();
+  const auto changed = [&] { return std::exchange(others, asking.OthersVersion()) != others; };
   EXPECT_FALSE(changed());
-  const std::uint64_t own = connection.Writes("orv1_x");
-  Run(connection, Insert(1, "a"));
-  EXPECT_NE(connection.Writes("orv1_x"), own);
+  const std::uint64_t own = asking.Writes("orv1_x");
+  Run(asking, Insert(1, "a"));
+  EXPECT_NE(asking.Writes("orv1_x"), own);
   EXPECT_FALSE(changed());
   Other("UPDATE orv1_x.t SET name = 'b'");
   EXPECT_TRUE(changed());
@@ -230,12 +231,12 @@ TEST_F(Connected, TellsOthersWritesAndItsOwnApart) {
   Other("SELECT count(*) FROM orv1_x.t");
   EXPECT_FALSE(changed());
   {
-    Transaction unit(connection, Transaction::Kind::Write);
-    Run(connection, Insert(2, "c"));
+    Transaction unit(asking, Transaction::Kind::Write);
+    Run(asking, Insert(2, "c"));
     unit.Commit();
   }
-  connection.OthersVersion();  // savepoints have numbers that nobody can tell from others' for sure
-  EXPECT_FALSE((others = connection.OthersVersion(), changed()));
+  asking.OthersVersion();  // savepoints have numbers that nobody can tell from others' for sure
+  EXPECT_FALSE((others = asking.OthersVersion(), changed()));
 }
 
 // Holds a lock from another connection, until it goes.

@@ -28,6 +28,9 @@ class ServerTest : public testing::Test {
   engine::postgres::Target TargetOf(const std::string& file) const { return engine::postgres::ParseTarget(Path(file)); }
   static engine::postgres::Patience Short() { return {.lock = 150, .connect = 5'000, .silence = 5'000}; }
 
+  /// For a desk that must see at once what programs do that tell nobody of it.
+  static engine::postgres::Patience Asking() { return {.lock = 150, .connect = 5'000, .silence = 5'000, .asks = true}; }
+
   /// What another program does or sees.
   std::string Other(const std::string& sql) const { return server_.Run(database_, sql); }
 

@@ -46,7 +46,7 @@ void ExpectSame(const TableDefinition& read, const TableDefinition& made) {
 
 class Files : public ServerTest {
  protected:
-  Files() : store(Short()) { Create("People.zdb", Tables()); }
+  Files() : store(Asking()) { Create("People.zdb", Tables()); }
   std::shared_ptr<StoreFile> Open(const std::string& file = "people.zdb") { return store.Open(Path(file), Path(file)); }
   void Add(const std::string& name) { Run(store, "INSERT INTO \"orv1_people\".\"People\" (\"Name\") VALUES ('" + name + "')"); }
   PostgresStore store;

@@ -25,7 +25,9 @@ class TwoStores : public ServerTest {
   TwoStores() {
     Create("customer.zdb", People());
     engine::CreateDataFile(Temp(), Work(), true);
-    made_ = engine::MakeEngine();
+    engine::EngineOptions options;
+    options.askOthers = true;  // other programs tell nobody of what they do
+    made_ = engine::MakeEngine(options);
     workspace_ = made_->CreateWorkspace("Desk", "Admin", "", 2);
     made_->AppendWorkspace(workspace_);
   }

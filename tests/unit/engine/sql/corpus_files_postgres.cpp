@@ -70,7 +70,7 @@ const Place& Server() {
         const std::string database = DatabaseOf(folder);
         there.hostPath = [database](std::string_view path) { return ServerPath(database, std::filesystem::path(path)); };
         const engine::Clock clock = options.now ? options.now : engine::LocalNow;
-        return engine::MakeEngineOver(engine::OneStore(std::make_unique<engine::postgres::PostgresStore>(Patience{.lock = options.lockWait}, clock)), there);
+        return engine::MakeEngineOver(engine::OneStore(std::make_unique<engine::postgres::PostgresStore>(Patience{.lock = options.lockWait, .asks = true}, clock)), there);
       },
       .remove = [](const std::filesystem::path& folder) { TestServer::Shared().DropDatabase(DatabaseOf(folder)); }};
   return place;

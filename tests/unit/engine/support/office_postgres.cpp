@@ -87,7 +87,7 @@ std::unique_ptr<platform::DataEngine> NewEngine(const engine::EngineOptions& opt
   engine::EngineOptions there = options;
   there.hostPath = ServerPath;
   const engine::Clock clock = options.now ? options.now : engine::LocalNow;
-  return engine::MakeEngineOver(engine::OneStore(std::make_unique<engine::postgres::PostgresStore>(Patience{.lock = options.lockWait}, clock)), there);
+  return engine::MakeEngineOver(engine::OneStore(std::make_unique<engine::postgres::PostgresStore>(Patience{.lock = options.lockWait, .asks = true}, clock)), there);
 }
 
 }  // namespace office_files

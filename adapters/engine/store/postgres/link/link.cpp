@@ -16,6 +16,9 @@ using Clock = std::chrono::steady_clock;
 constexpr int kTextFormat = 0;
 constexpr int kAsItIs = 1;
 
+// It is kept for who tells others of it.
+constexpr const char* kAskNumber = "SELECT set_config('orcussch.wrote', coalesce(pg_current_xact_id_if_assigned()::text, ''), false)";
+
 std::string FieldOf(const PGresult* result, int field) {
   const char* text = PQresultErrorField(result, field);
   return text == nullptr ? std::string() : std::string(text);
@@ -79,13 +82,23 @@ bool Link::SendStatement(const Trip& trip) {
 std::shared_ptr<Run> Link::Send(const Trip& trip) {
   auto run = std::make_shared<Run>();
   run->guarded = trip.guarded;
+  run->tells = trip.tells;
   storedHereAlone_ = false;
   bool sent = !IsCut();
   const auto control = [&](const std::string& sql, Run::Part part) {
     sent = sent && PQsendQueryParams(connection_, sql.c_str(), 0, nullptr, nullptr, nullptr, nullptr, kTextFormat) != 0;
     run->parts.push_back(part);
   };
+  const auto sync = [&](Run::Part part) {
+    sent = sent && PQpipelineSync(connection_) != 0;
+    run->parts.push_back(part);
+  };
+  if (!trip.ahead.empty()) {
+    for (const std::string& sql : trip.ahead) control(sql, Run::Part::Ahead);
+    sync(Run::Part::Sync);
+  }
   for (const std::string& sql : trip.before) control(sql, Run::Part::Control);
+  if (trip.asksSnapshot) control("SELECT pg_current_snapshot()", Run::Part::Snapshot);
   if (!trip.prepare.empty()) {
     sent = sent && PQsendPrepare(connection_, trip.name.c_str(), trip.prepare.c_str(), static_cast<int>(trip.types.size()), trip.types.data()) != 0;
     run->parts.push_back(Run::Part::Prepare);
@@ -94,10 +107,13 @@ std::shared_ptr<Run> Link::Send(const Trip& trip) {
     sent = sent && SendStatement(trip);
     run->parts.push_back(Run::Part::Statement);
   }
-  if (trip.asksNumber) control("SELECT pg_current_xact_id_if_assigned()", Run::Part::Number);
+  if (trip.asksNumber) control(kAskNumber, Run::Part::Number);
   for (const std::string& sql : trip.behind) control(sql, Run::Part::Control);
-  sent = sent && PQpipelineSync(connection_) != 0;
-  run->parts.push_back(Run::Part::End);
+  if (!trip.notice.empty()) {
+    sync(Run::Part::Sync);
+    control(trip.notice, Run::Part::Notice);
+  }
+  sync(Run::Part::End);
   unsent_ = true;
   ++trips_;
   if (!sent) {
@@ -111,8 +127,10 @@ std::shared_ptr<Run> Link::Send(const Trip& trip) {
 // ---- taking
 
 void Link::Lose(Run& run) {
-  if (!run.failure) run.failure = storedHereAlone_ ? OutcomeUnknown() : Failure{};
-  run.failure->lost = true;
+  if (!run.over) {
+    if (!run.failure) run.failure = storedHereAlone_ ? OutcomeUnknown() : Failure{};
+    run.failure->lost = true;
+  }
   run.done = true;
   Close();
 }
@@ -127,16 +145,24 @@ void Link::Receive(Run& run, Result result) {
   const Run::Part part = run.parts[run.at];
   switch (PQresultStatus(result.get())) {
     case PGRES_PIPELINE_SYNC:
-      if (storedHereAlone_ && !run.failure) run.failure = OutcomeUnknown();
-      run.done = true;
+      if (storedHereAlone_ && !run.over && !run.failure) run.failure = OutcomeUnknown();
+      run.done = part == Run::Part::End;
+      if (!run.done) NextPart(run);
+      run.over = !run.done && run.parts[run.at] == Run::Part::Notice;
       return;
     case PGRES_FATAL_ERROR:
     case PGRES_BAD_RESPONSE:
+      if (part == Run::Part::Notice || (part == Run::Part::Ahead && IsOpen())) return;
       if (!run.failure) run.failure = FailureOf(result.get(), !IsOpen());
       return;
     case PGRES_SINGLE_TUPLE:
     case PGRES_TUPLES_OK:
-      if (part == Run::Part::Number && PQntuples(result.get()) == 1) run.number = PQgetvalue(result.get(), 0, 0);
+      if (PQntuples(result.get()) == 1) {
+        const char* const text = PQgetvalue(result.get(), 0, 0);
+        if (part == Run::Part::Number) run.number = text;
+        if (part == Run::Part::Notice) run.notice = text;
+        if (part == Run::Part::Snapshot) run.snapshot = text;
+      }
       if (part != Run::Part::Statement) return;
       if (PQntuples(result.get()) > 0) {
         run.came += PQntuples(result.get());
@@ -150,6 +176,7 @@ void Link::Receive(Run& run, Result result) {
     case PGRES_COMMAND_OK:
       if (part == Run::Part::Statement) run.changed = std::atoll(PQcmdTuples(result.get()));
       if (part == Run::Part::Prepare) run.prepared = true;
+      if (part == Run::Part::Ahead) run.aheadDone = true;
       run.tag = PQcmdStatus(result.get());
       return;
     default:  // skipped behind an error
@@ -218,6 +245,27 @@ void Link::Finish(Run& run) {
     }
     if (!Pump(run)) Wait(run, since);
   }
+}
+
+void Link::Drain(Run& run) {
+  while (!run.done && Pump(run)) {
+  }
+}
+
+std::vector<std::string> Link::Messages() {
+  struct Free {
+    void operator()(PGnotify* message) const noexcept { PQfreemem(message); }
+  };
+  std::vector<std::string> texts;
+  if (!IsOpen() || PQconsumeInput(connection_) == 0) return texts;
+  while (const std::unique_ptr<PGnotify, Free> message{PQnotifies(connection_)}) texts.emplace_back(message->extra);
+  return texts;
+}
+
+void Link::LastWords(const std::string& sql) noexcept {
+  if (!IsOpen()) return;
+  const bool sent = PQsendQueryParams(connection_, sql.c_str(), 0, nullptr, nullptr, nullptr, nullptr, kTextFormat) != 0;
+  if (sent && PQpipelineSync(connection_) != 0) PQflush(connection_);
 }
 
 void Link::Cancel() {

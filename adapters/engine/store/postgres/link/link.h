@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/store/postgres/link/copy_rows.h"
 #include "engine/store/postgres/link/run.h"
@@ -18,6 +19,7 @@ struct Patience {
   int lock = 2'000;        ///< for others' locks
   int connect = 10'000;    ///< for all hosts together
   int silence = 120'000;   ///< for a server that takes what it is sent and answers nothing
+  bool asks = false;       ///< whoever looks at rows that are here first asks whether others have written, instead of waiting to be told
   bool wholeFiles = false; ///< whoever writes in a unit locks all tables of the schema
 };
 
@@ -45,6 +47,13 @@ class Link {
   void Take(Run& run);
   /// Waits for the end and keeps what comes, or throws it away where it isn't wanted.
   void Finish(Run& run);
+  /// Takes what has come, without waiting.
+  void Drain(Run& run);
+  /// What others have told on the channel that was listened to; the answer to the last trip must have been taken whole. A connection that
+  /// is found lost is so from then on.
+  std::vector<std::string> Messages();
+  /// Sends what nobody waits for, as the last words.
+  void LastWords(const std::string& sql) noexcept;
   /// Number of trips so far; connecting isn't one.
   std::uint64_t Trips() const noexcept { return trips_; }
 

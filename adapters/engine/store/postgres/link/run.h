@@ -29,7 +29,9 @@ struct Parameter {
 
 /// What goes to the server at once, up to where it answers to all of it. An error skips the rest.
 struct Trip {
+  std::vector<std::string> ahead;   ///< statements that stand for themselves: whether they fail is told apart (Run::aheadDone)
   std::vector<std::string> before;  ///< statements without rows
+  bool asksSnapshot = false;        ///< which transactions have ended is asked for, in front of the statement
   std::string name;                 ///< of the prepared statement
   std::string prepare;              ///< its text, "" when the server has it
   std::vector<unsigned> types;      ///< of its parameters, where it is prepared
@@ -37,6 +39,8 @@ struct Trip {
   std::vector<std::string> behind;  ///< statements without rows
   bool guarded = false;             ///< stands behind a savepoint that a failure must go back to
   bool asksNumber = false;          ///< the transaction's own number is asked for, behind the statement
+  bool tells = false;               ///< it writes rows and nothing else, of which others can be told
+  std::string notice;               ///< tells others of the commit, behind it and by itself; gives its own transaction's number
   std::string schema;               ///< that the statement speaks of first
   std::string saves;                ///< its text, where it writes rows
 };
@@ -52,7 +56,12 @@ class Run {
   std::int64_t changed = 0;
   bool prepared = false;  ///< the server has the statement now
   std::string tag;        ///< what the server says that the last part did
-  std::string number;  ///< of the transaction, "" if it has none
+  std::string number;    ///< of the transaction, "" if it has none
+  std::string notice;    ///< number of the transaction that told others
+  std::string snapshot;  ///< the server's, older than what the statement has seen; "" if it wasn't asked for
+  bool aheadDone = false;
+  bool tells = false;
+  bool over = false;      ///< all but the notice is done: whatever comes now doesn't concern the statement
   std::int64_t came = 0;  ///< rows so far
 
   // A save that has a mark.
@@ -60,7 +69,7 @@ class Run {
   std::string schema;
   std::string sql;
 
-  enum class Part : std::uint8_t { Control, Prepare, Statement, Number, End };
+  enum class Part : std::uint8_t { Ahead, Control, Snapshot, Prepare, Statement, Number, Notice, Sync, End };
   std::vector<Part> parts;
   std::size_t at = 0;
   int thrownAway = 0;

@@ -28,6 +28,12 @@ void SnapshotWatch::Own(std::string_view number) {
   if (!number.empty()) own_.insert(TakeNumber(number));
 }
 
+bool SnapshotWatch::Told(std::string_view number) {
+  const std::uint64_t told = TakeNumber(number);
+  const bool ended = known_ && told < last_.behind && !std::ranges::binary_search(last_.running, told);
+  return !ended && own_.insert(told).second;
+}
+
 bool SnapshotWatch::Others(std::string_view snapshot) {
   if (known_ && snapshot == text_) return false;
   const Snapshot now = Parse(snapshot);

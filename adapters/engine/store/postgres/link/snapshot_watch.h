@@ -13,6 +13,8 @@ class SnapshotWatch {
  public:
   /// A transaction of this connection's own, by its number.
   void Own(std::string_view number);
+  /// A transaction of which somebody has told that it wrote and has ended; whether that is news. It isn't told again by Others.
+  bool Told(std::string_view number);
   /// The state of the server now: whether others have ended writes since the one before. The first one says yes.
   bool Others(std::string_view snapshot);
   /// Everything may have happened: the next one says yes.
@@ -28,7 +30,7 @@ class SnapshotWatch {
   bool known_ = false;
   std::string text_;
   Snapshot last_;
-  std::set<std::uint64_t> own_;
+  std::set<std::uint64_t> own_;  ///< and those that were told: they are no news
 };
 
 }  // namespace engine::postgres

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -39,6 +40,12 @@ struct StoredTable {
   std::optional<platform::TableDefinition> definition;
 };
 std::vector<StoredTable> ReadTables(Channel& channel, std::string_view schema);
+/// The same with the number that AskSchemaVersion gives, in one reading.
+struct Definitions {
+  std::vector<StoredTable> tables;
+  std::int64_t version = 0;
+};
+Definitions ReadDefinitions(Channel& channel, std::string_view schema);
 
 /// A number that changes with every change of the schema's tables, indexes and columns, by anyone.
 std::int64_t AskSchemaVersion(Channel& channel, std::string_view schema);

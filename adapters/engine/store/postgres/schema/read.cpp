@@ -18,22 +18,6 @@ using platform::FieldType;
 using platform::IndexDefinition;
 using platform::TableDefinition;
 
-// Columns of all tables, in the tables' and their own order. A dropped one has no name of ours.
-constexpr std::string_view kColumns =
-    "SELECT c.relname, a.attname, t.typname, t.typtype = 'd' AND t.typnamespace = n.oid, a.atttypmod - 4, a.attidentity <> '', a.attnotnull, "
-    "pg_get_expr(d.adbin, d.adrelid) "
-    "FROM pg_namespace n JOIN pg_class c ON c.relnamespace = n.oid JOIN pg_attribute a ON a.attrelid = c.oid JOIN pg_type t ON t.oid = a.atttypid "
-    "LEFT JOIN pg_attrdef d ON d.adrelid = c.oid AND d.adnum = a.attnum "
-    "WHERE n.nspname = $1 AND c.relkind IN ('r', 'p') AND left(c.relname, 1) <> '~' AND a.attnum > 0 AND NOT a.attisdropped "
-    "ORDER BY c.oid, a.attnum";
-
-// Columns of all indexes, in the order of their making.
-constexpr std::string_view kIndexes =
-    "SELECT c.relname, x.relname, i.indisunique, a.attname "
-    "FROM pg_namespace n JOIN pg_class c ON c.relnamespace = n.oid JOIN pg_index i ON i.indrelid = c.oid JOIN pg_class x ON x.oid = i.indexrelid "
-    "CROSS JOIN LATERAL unnest(i.indkey) WITH ORDINALITY AS k(number, place) JOIN pg_attribute a ON a.attrelid = c.oid AND a.attnum = k.number "
-    "WHERE n.nspname = $1 AND left(c.relname, 1) <> '~' ORDER BY c.oid, x.oid, k.place";
-
 // The oid alone would not tell of a changed column; each change of a row of the catalogue has the number of its transaction.
 constexpr std::string_view kVersion =
     "SELECT bit_xor(hashint8extended(number, change)) FROM ("
@@ -41,6 +25,32 @@ constexpr std::string_view kVersion =
     "UNION ALL "
     "SELECT a.attrelid::bigint << 16 | a.attnum::bigint, a.xmin::text::bigint FROM pg_attribute a JOIN pg_class c ON c.oid = a.attrelid "
     "JOIN pg_namespace n ON n.oid = c.relnamespace WHERE n.nspname = $1 AND a.attnum > 0) AS parts(number, change)";
+
+// What a row of the reading tells of. All of it is one statement, so that it is one state and one trip.
+enum class Part { Column = 1, Index = 2, Version = 3 };
+constexpr int kPartAt = 8;
+constexpr int kVersionAt = 12;
+
+// Columns of all tables, in the tables' and their own order. A dropped one has no name of ours.
+constexpr std::string_view kColumns =
+    "SELECT c.relname::text, a.attname::text, t.typname::text, t.typtype = 'd' AND t.typnamespace = n.oid, a.atttypmod - 4, a.attidentity <> '', "
+    "a.attnotnull, pg_get_expr(d.adbin, d.adrelid), 1, c.oid::bigint, a.attnum::bigint, 0::bigint, 0::bigint "
+    "FROM pg_namespace n JOIN pg_class c ON c.relnamespace = n.oid JOIN pg_attribute a ON a.attrelid = c.oid JOIN pg_type t ON t.oid = a.atttypid "
+    "LEFT JOIN pg_attrdef d ON d.adrelid = c.oid AND d.adnum = a.attnum "
+    "WHERE n.nspname = $1 AND c.relkind IN ('r', 'p') AND left(c.relname, 1) <> '~' AND a.attnum > 0 AND NOT a.attisdropped";
+
+// Columns of all indexes, in the order of their making.
+constexpr std::string_view kIndexes =
+    "SELECT c.relname::text, x.relname::text, a.attname::text, i.indisunique, 0, false, false, NULL, 2, c.oid::bigint, x.oid::bigint, k.place, "
+    "0::bigint "
+    "FROM pg_namespace n JOIN pg_class c ON c.relnamespace = n.oid JOIN pg_index i ON i.indrelid = c.oid JOIN pg_class x ON x.oid = i.indexrelid "
+    "CROSS JOIN LATERAL unnest(i.indkey) WITH ORDINALITY AS k(number, place) JOIN pg_attribute a ON a.attrelid = c.oid AND a.attnum = k.number "
+    "WHERE n.nspname = $1 AND left(c.relname, 1) <> '~'";
+
+std::string EverythingText() {
+  return std::string(kColumns) + " UNION ALL " + std::string(kIndexes) +
+         " UNION ALL SELECT NULL, NULL, NULL, false, 0, false, false, NULL, 3, 0, 0, 0, (" + std::string(kVersion) + ") ORDER BY 9, 10, 11, 12";
+}
 
 // 'text'::character varying, '-1'::integer, (-1), 2.5: constants as the server words them.
 std::string ConstantIn(std::string_view words) {
@@ -81,15 +91,9 @@ void AddField(ReadTable& table, const Query& query) {
   table.definition.fields.push_back(std::move(field));
 }
 
-std::vector<ReadTable> ReadColumns(Channel& channel, std::string_view schema) {
-  std::vector<ReadTable> tables;
-  Query query(channel, kColumns);
-  query.Bind(1, schema);
-  while (query.Step()) {
-    if (tables.empty() || tables.back().definition.name != query.Text(0)) tables.emplace_back().definition.name = query.Text(0);
-    AddField(tables.back(), query);
-  }
-  return tables;
+void AddColumn(std::vector<ReadTable>& tables, const Query& query) {
+  if (tables.empty() || tables.back().definition.name != query.Text(0)) tables.emplace_back().definition.name = query.Text(0);
+  AddField(tables.back(), query);
 }
 
 // Behind the fields of an index that isn't unique stands the row key.
@@ -102,46 +106,72 @@ void EndIndex(ReadTable& table) {
                   });
 }
 
-void ReadIndexes(Channel& channel, std::string_view schema, std::vector<ReadTable>& tables) {
-  Query query(channel, kIndexes);
-  query.Bind(1, schema);
-  std::string last;
-  auto table = tables.end();
-  while (query.Step()) {
+/// Puts the indexes to their tables, column by column.
+class IndexReader {
+ public:
+  explicit IndexReader(std::vector<ReadTable>& tables) : tables_(tables), table_(nullptr) {}
+
+  void AddColumn(const Query& query) {
     const std::string_view name = query.Text(1);
-    if (table == tables.end() || table->definition.name != query.Text(0) || name != last) {
-      if (table != tables.end()) EndIndex(*table);
-      table = std::ranges::find_if(tables, [&](const ReadTable& one) { return one.definition.name == query.Text(0); });
-      last = name;
-      const std::string prefix = std::string(query.Text(0)) + '.';
-      if (table == tables.end() || !name.starts_with(prefix)) {
-        table = tables.end();  // the row key's own, or another program's
-        continue;
-      }
-      IndexDefinition index;
-      index.name = name.substr(prefix.size());
-      index.unique = query.Int(2) != 0;
-      table->definition.indexes.push_back(std::move(index));
-    }
-    if (table != tables.end()) table->definition.indexes.back().fields.emplace_back(FieldOfColumn(query.Text(3)));
+    if (table_ == nullptr || table_->definition.name != query.Text(0) || name != last_) Begin(query);
+    if (table_ != nullptr) table_->definition.indexes.back().fields.emplace_back(FieldOfColumn(query.Text(2)));
   }
-  if (table != tables.end()) EndIndex(*table);
-}
+  void End() {
+    if (table_ != nullptr) EndIndex(*table_);
+    table_ = nullptr;
+  }
+
+ private:
+  void Begin(const Query& query) {
+    End();
+    const std::string_view name = query.Text(1);
+    last_ = name;
+    const auto found = std::ranges::find_if(tables_, [&](const ReadTable& one) { return one.definition.name == query.Text(0); });
+    const std::string prefix = std::string(query.Text(0)) + '.';
+    // The row key's own has another name, and another program's.
+    if (found == tables_.end() || !name.starts_with(prefix)) return;
+    IndexDefinition index;
+    index.name = name.substr(prefix.size());
+    index.unique = query.Int(3) != 0;
+    found->definition.indexes.push_back(std::move(index));
+    table_ = &*found;
+  }
+
+  std::vector<ReadTable>& tables_;
+  ReadTable* table_;
+  std::string last_;
+};
 
 }  // namespace
 
-std::vector<StoredTable> ReadTables(Channel& channel, std::string_view schema) {
-  // One state: a table that is changed between the two is read as it was.
-  Transaction oneState(channel, Transaction::Kind::Read);
-  std::vector<ReadTable> read = ReadColumns(channel, schema);
-  ReadIndexes(channel, schema, read);
-  std::vector<StoredTable> tables;
+std::vector<StoredTable> ReadTables(Channel& channel, std::string_view schema) { return ReadDefinitions(channel, schema).tables; }
+
+Definitions ReadDefinitions(Channel& channel, std::string_view schema) {
+  Definitions definitions;
+  std::vector<ReadTable> read;
+  IndexReader indexes(read);
+  Query query(channel, std::string_view(EverythingText()));
+  query.Bind(1, schema);
+  while (query.Step()) {
+    switch (static_cast<Part>(query.Int(kPartAt))) {
+      case Part::Column:
+        AddColumn(read, query);
+        break;
+      case Part::Index:
+        indexes.AddColumn(query);
+        break;
+      case Part::Version:
+        definitions.version = query.Int(kVersionAt);
+        break;
+    }
+  }
+  indexes.End();
   for (ReadTable& table : read) {
     StoredTable stored{table.definition.name, {}};
     if (table.ours) stored.definition = std::move(table.definition);
-    tables.push_back(std::move(stored));
+    definitions.tables.push_back(std::move(stored));
   }
-  return tables;
+  return definitions;
 }
 
 std::int64_t AskSchemaVersion(Channel& channel, std::string_view schema) {

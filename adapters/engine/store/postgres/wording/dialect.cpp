@@ -67,6 +67,8 @@ const Dialect& ServerDialect() {
       .joinAll = " CROSS JOIN ",
       .least = "least_of",
       .greatest = "greatest_of",
+      .rowValues = true,
+      .rowsAtOnce = 64,
       .nullsAscending = " NULLS FIRST",
       .nullsDescending = " NULLS LAST",
       .insertLenient = "",

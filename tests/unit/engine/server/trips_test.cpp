@@ -1,0 +1,191 @@
+// How many round trips to the server each act of a desk takes: on a slow line they are what people wait for.
+#include <functional>
+
+#include "engine/catalogue/stores.h"
+#include "engine/objects/engine.h"
+#include "support/counting_proxy.h"
+#include "unit/engine/server/server_test.h"
+
+namespace {
+
+using platform::FieldType;
+using platform::RecordsetType;
+using platform::Value;
+
+constexpr const char* kList = "SELECT * FROM Customers ORDER BY LastName";
+
+std::vector<platform::TableDefinition> Tables() {
+  return {{"Customers",
+           {Field("AcctNum", FieldType::Counter), TextField("LastName", 30), TextField("City", 30), Field("Balance", FieldType::Currency)},
+           {{"PrimaryKey", {"AcctNum"}, true, true}, {"ByName", {"LastName"}, false, false}}},
+          {"Phones",
+           {Field("RecordID", FieldType::Counter), Field("AcctNum", FieldType::Long), TextField("Phone", 7)},
+           {{"PrimaryKey", {"RecordID"}, true, true}, {"ByAcct", {"AcctNum"}, false, false}}}};
+}
+
+/// A desk behind a line that counts, and a list of 5,000 customers: 50 of each name.
+class Trips : public ServerTest {
+ protected:
+  Trips() : proxy(server_.Socket()) {
+    Create("customer.zdb", Tables());
+    Other("INSERT INTO orv1_customer.\"Customers\" (\"LastName\", \"City\", \"Balance\") SELECT 'Name' || lpad((n % 100)::text, 3, '0'), "
+          "'City' || n, n FROM generate_series(1, 5000) AS n; ANALYZE");
+    path = proxy.PathOf(database_) + "orv1/customer.zdb";
+    engine::EngineOptions options;
+    options.now = engine::LocalNow;
+    engine = engine::MakeEngineOver(engine::OneStore(std::make_unique<engine::postgres::PostgresStore>(engine::postgres::Patience{})), options);
+  }
+
+  std::uint64_t TripsOf(const std::function<void()>& act) const {
+    const std::uint64_t before = proxy.Trips();
+    act();
+    return proxy.Trips() - before;
+  }
+
+  void OpenDatabase() { database = engine->OpenControlDatabase(path); }
+  void OpenList() { list = database->OpenRecordset(kList, RecordsetType::Dynaset); }
+  std::vector<platform::ListRow> Page() { return list->Window().RowsAfter(list->Bookmark(), 49); }
+  void ReadAllPlaces() {
+    while (list->Window().IdleSlice()) {
+    }
+  }
+  std::string NameHere() const { return list->Field("LastName").As<std::string>(); }
+
+  CountingProxy proxy;
+  std::string path;
+  std::unique_ptr<platform::DataEngine> engine;
+  platform::DatabaseRef database;
+  platform::RecordsetRef list;
+};
+
+TEST_F(Trips, OpeningTheListIsOneBehindItsDefinitions) {
+  // The connection; whether there is such a file; its format.
+  EXPECT_EQ(TripsOf([&] { OpenDatabase(); }), 3);
+  // What tables there are; the first rows.
+  EXPECT_EQ(TripsOf([&] { OpenList(); }), 2);
+  EXPECT_EQ(TripsOf([&] { EXPECT_EQ(Page().size(), 49); }), 0);
+  EXPECT_EQ(TripsOf([&] { OpenList(); }), 1);
+  EXPECT_EQ(TripsOf([&] { EXPECT_EQ(Page().size(), 49); }), 0);
+}
+
+TEST_F(Trips, ACodeTableIsOneWithAllItsRows) {
+  Other("INSERT INTO orv1_customer.\"Phones\" (\"AcctNum\", \"Phone\") SELECT n, n FROM generate_series(1, 40) AS n");
+  OpenDatabase();
+  OpenList();
+  platform::RecordsetRef phones;
+  EXPECT_EQ(TripsOf([&] { phones = database->OpenRecordset("SELECT * FROM Phones ORDER BY AcctNum", RecordsetType::Dynaset); }), 1);
+  EXPECT_EQ(TripsOf([&] {
+              int rows = 0;
+              for (phones->MoveFirst(); !phones->Eof(); phones->MoveNext()) ++rows;
+              EXPECT_EQ(rows, 40);
+            }),
+            0);
+}
+
+TEST_F(Trips, AnUntouchedListAsksNothing) {
+  OpenDatabase();
+  OpenList();
+  Page();
+  list->Window().Count();
+  EXPECT_EQ(TripsOf([&] {
+              for (int painted = 0; painted < 100; ++painted) {
+                Page();
+                list->Window().Count();
+                list->RecordCount();
+                list->MoveNext();
+                list->MovePrevious();
+              }
+            }),
+            0);
+}
+
+TEST_F(Trips, APageIsOneInEitherDirection) {
+  OpenDatabase();
+  OpenList();
+  std::vector<platform::ListRow> rows = Page();
+  const auto forward = [&] { rows = list->Window().RowsAfter(rows.back().bookmark, 50); };
+  const auto back = [&] { rows = list->Window().RowsBefore(rows.front().bookmark, 50); };
+  EXPECT_EQ(TripsOf(forward), 1);
+  EXPECT_EQ(TripsOf(forward), 1);
+  EXPECT_EQ(rows.size(), 50);
+  EXPECT_EQ(TripsOf(back), 1);
+  EXPECT_EQ(TripsOf(back), 1);
+  EXPECT_EQ(TripsOf([&] { list->MoveLast(); }), 1);
+  EXPECT_EQ(NameHere(), "Name099");
+  EXPECT_EQ(TripsOf([&] { EXPECT_EQ(list->Window().RowsBefore(list->Bookmark(), 50).size(), 50); }), 0);
+  EXPECT_EQ(TripsOf([&] { list->MoveFirst(); }), 0);
+}
+
+TEST_F(Trips, AWalkIsOneForManyRows) {
+  OpenDatabase();
+  OpenList();
+  EXPECT_LE(TripsOf([&] {
+              for (int i = 0; i < 1'000; ++i) list->MoveNext();
+            }),
+            17);
+}
+
+TEST_F(Trips, RowsWithoutAValueComeInTheSamePage) {
+  Other("UPDATE orv1_customer.\"Customers\" SET \"LastName\" = NULL WHERE \"AcctNum\" <= 80");
+  OpenDatabase();
+  OpenList();
+  std::vector<platform::ListRow> rows;
+  EXPECT_EQ(TripsOf([&] { rows = list->Window().RowsAfter(list->Bookmark(), 100); }), 1);
+  EXPECT_EQ(rows.size(), 100);
+  EXPECT_TRUE(rows[78].cells[1].IsNull());
+  EXPECT_EQ(rows[79].cells[1], Value("Name000"));
+  OpenList();
+  list->FindFirst("AcctNum = 200");  // before it stands 100, and before that only rows without a name
+  EXPECT_EQ(TripsOf([&] { rows = list->Window().RowsBefore(list->Bookmark(), 60); }), 1);
+  ASSERT_EQ(rows.size(), 60);
+  EXPECT_EQ(rows.back().cells[1], Value("Name000"));
+  EXPECT_TRUE(rows[58].cells[1].IsNull());
+  EXPECT_TRUE(rows.front().cells[1].IsNull());
+}
+
+TEST_F(Trips, ASearchByTheListsFieldIsTwo) {
+  OpenDatabase();
+  OpenList();
+  EXPECT_EQ(TripsOf([&] { list->FindFirst("LastName Like 'Name050*'"); }), 2);
+  EXPECT_EQ(NameHere(), "Name050");
+  EXPECT_EQ(TripsOf([&] { EXPECT_EQ(Page().size(), 49); }), 1);
+  EXPECT_EQ(TripsOf([&] { list->FindNext("LastName Like 'Name050*'"); }), 2);
+  EXPECT_EQ(NameHere(), "Name050");
+  EXPECT_EQ(TripsOf([&] { list->FindFirst("AcctNum = 2500"); }), 1);
+}
+
+TEST_F(Trips, AFarPlaceIsTwoBehindIdleWork) {
+  OpenDatabase();
+  OpenList();
+  ReadAllPlaces();
+  EXPECT_EQ(TripsOf([&] { ReadAllPlaces(); }), 0);
+  EXPECT_LE(TripsOf([&] { EXPECT_EQ(list->Window().RowsAt(3'333, 50).size(), 50); }), 2);
+}
+
+TEST_F(Trips, FromEditToThePageAreFour) {
+  OpenDatabase();
+  OpenList();
+  list->FindFirst("AcctNum = 2500");
+  EXPECT_EQ(TripsOf([&] { list->Edit(); }), 1);
+  EXPECT_EQ(TripsOf([&] {
+              list->SetField("City", Value("Elsewhere"));
+              list->Update();
+            }),
+            2);
+  EXPECT_EQ(TripsOf([&] { EXPECT_EQ(Page().size(), 49); }), 1);
+}
+
+TEST_F(Trips, NewRowsCostAPageOneMoreWhateverTheirNumber) {
+  OpenDatabase();
+  OpenList();
+  const auto add = [&] {
+    list->AddNew();
+    list->SetField("LastName", Value("Zzz"));
+    list->Update();
+  };
+  EXPECT_EQ(TripsOf(add), 2);
+  for (int i = 0; i < 20; ++i) add();
+  EXPECT_LE(TripsOf([&] { EXPECT_EQ(Page().size(), 49); }), 3);
+}
+
+}  // namespace

@@ -62,6 +62,12 @@ FirstRows PlannedLook::Run() {
   bool found = false;
   for (const std::int64_t rows : kStretches)
     if (!found && rows_ != nullptr && rows * kPartOfAll <= span_) found = WalkOn(rows);
+  // Rows that have turned up tell how far the page reaches.
+  constexpr std::int64_t kTelling = 5;
+  if (!found && Hits() >= kTelling) {
+    const std::int64_t further = 2 * (FirstLook::kPage - Hits()) * looked_ / Hits();
+    if (further * kPartOfAll / 2 <= span_) found = WalkOn(further);
+  }
   const double share = looked_ == 0 ? 1 : static_cast<double>(std::max<std::int64_t>(Hits(), 1)) / static_cast<double>(looked_);
   first_.likelyRows = static_cast<std::int64_t>(std::min(share, 1.0) * static_cast<double>(span_));
   if (!found) PutAllInOrder();

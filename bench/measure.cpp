@@ -24,26 +24,37 @@ struct Sample {
   std::uint64_t sum = 0;
 };
 
-Sample TakeOneByOne(const Job::Work& work, const std::function<void(int)>& ready, int firstCall, int calls) {
+/// One side of a job.
+struct Side {
+  const Job::Work& work;
+  const std::function<void(int)>& ready;
+  const std::function<double()>& elsewhere;
+
+  double Processor() const { return Now(CLOCK_PROCESS_CPUTIME_ID) + (elsewhere ? elsewhere() : 0); }
+};
+Side OursOf(const Job& job) { return {job.ours, job.readyOurs, job.elsewhereOurs}; }
+Side RawOf(const Job& job) { return {job.raw, job.readyRaw, job.elsewhereRaw}; }
+
+Sample TakeOneByOne(const Side& side, int firstCall, int calls) {
   Sample sample;
   for (int i = 0; i < calls; ++i) {
-    ready(firstCall + i);
+    side.ready(firstCall + i);
     const double wall = Now(CLOCK_MONOTONIC);
-    const double cpu = Now(CLOCK_PROCESS_CPUTIME_ID);
-    sample.sum = sample.sum * 31 + work(firstCall + i);
-    sample.cpu += (Now(CLOCK_PROCESS_CPUTIME_ID) - cpu) / calls;
+    const double cpu = side.Processor();
+    sample.sum = sample.sum * 31 + side.work(firstCall + i);
+    sample.cpu += (side.Processor() - cpu) / calls;
     sample.wall += (Now(CLOCK_MONOTONIC) - wall) / calls;
   }
   return sample;
 }
 
-Sample Take(const Job::Work& work, const std::function<void(int)>& ready, int firstCall, int calls) {
-  if (ready) return TakeOneByOne(work, ready, firstCall, calls);
+Sample Take(const Side& side, int firstCall, int calls) {
+  if (side.ready) return TakeOneByOne(side, firstCall, calls);
   Sample sample;
   const double wall = Now(CLOCK_MONOTONIC);
-  const double cpu = Now(CLOCK_PROCESS_CPUTIME_ID);
-  for (int i = 0; i < calls; ++i) sample.sum = sample.sum * 31 + work(firstCall + i);
-  sample.cpu = (Now(CLOCK_PROCESS_CPUTIME_ID) - cpu) / calls;
+  const double cpu = side.Processor();
+  for (int i = 0; i < calls; ++i) sample.sum = sample.sum * 31 + side.work(firstCall + i);
+  sample.cpu = (side.Processor() - cpu) / calls;
   sample.wall = (Now(CLOCK_MONOTONIC) - wall) / calls;
   return sample;
 }
@@ -68,9 +79,23 @@ void Prepare(const Job& job) {
 int CallsFor(const Job& job) {
   if (job.calls > 0) return job.calls;
   Prepare(job);
-  Take(job.raw, job.readyRaw, 0, 1);
-  const double once = std::max(0.1, Take(job.raw, job.readyRaw, 1, 1).wall);
+  Take(RawOf(job), 0, 1);
+  const double once = std::max(0.1, Take(RawOf(job), 1, 1).wall);
   return static_cast<int>(std::clamp(sampleMicroseconds / once, 1.0, 2000.0));
+}
+
+// Every call makes them, so one more round tells.
+double TripsOf(const Job& job, int calls) {
+  if (!job.trips) return 0;
+  Prepare(job);
+  std::uint64_t made = 0;
+  for (int i = 0; i < calls; ++i) {
+    if (job.readyOurs) job.readyOurs(i);
+    const std::uint64_t before = job.trips();
+    job.ours(i);
+    made += job.trips() - before;
+  }
+  return static_cast<double>(made) / calls;
 }
 
 std::string Figure(double number) {
@@ -103,12 +128,12 @@ Result Measure(const Job& job, std::size_t pairs) {
     // Who goes first finds less of the file in the machine's caches: within a pair each side does so once.
     const int firstCall = static_cast<int>(pair) * 2 * calls;
     Prepare(job);
-    Sample our = Take(job.ours, job.readyOurs, firstCall, calls);
-    Sample bare = Take(job.raw, job.readyRaw, firstCall, calls);
+    Sample our = Take(OursOf(job), firstCall, calls);
+    Sample bare = Take(RawOf(job), firstCall, calls);
     RequireSame(job, our, bare);
     Prepare(job);
-    const Sample bareFirst = Take(job.raw, job.readyRaw, firstCall + calls, calls);
-    const Sample ourSecond = Take(job.ours, job.readyOurs, firstCall + calls, calls);
+    const Sample bareFirst = Take(RawOf(job), firstCall + calls, calls);
+    const Sample ourSecond = Take(OursOf(job), firstCall + calls, calls);
     RequireSame(job, ourSecond, bareFirst);
     our = Mean(our, ourSecond);
     bare = Mean(bare, bareFirst);
@@ -130,6 +155,7 @@ Result Measure(const Job& job, std::size_t pairs) {
   result.ratioCpu = SpreadOf(ratioCpu);
   result.oursCpu = SpreadOf(oursCpu).median;
   result.rawCpu = SpreadOf(rawCpu).median;
+  result.trips = TripsOf(job, calls);
   result.mostRatio = job.mostRatio;
   result.mostExtra = job.mostExtra;
   return result;

@@ -21,6 +21,10 @@ struct Job {
   /// Before each call of that side, not measured.
   std::function<void(int call)> readyOurs, readyRaw;
   bool sameResult = true;  ///< false where the sides deliver different things by nature
+  /// Microseconds of processor time that a server has spent on a side so far; they count as its own.
+  std::function<double()> elsewhereOurs, elsewhereRaw;
+  /// Round trips of our side so far.
+  std::function<std::uint64_t()> trips;
 };
 
 struct Spread {
@@ -36,6 +40,7 @@ struct Result {
   Spread ratioCpu;                 ///< of the pairs, by the processor time of the process
   double oursCpu = 0, rawCpu = 0;  ///< medians, microseconds of a call
   double mostRatio = 0, mostExtra = 0;
+  double trips = 0;  ///< round trips of a call of ours, on average
   /// By processor time, which other work on the machine disturbs least.
   bool Within() const;
 };

@@ -63,6 +63,7 @@ void Clerk::SpendTheDay(frmCustMain& screen) {
     Think();
   }
   book_.Memory(OwnMemory());
+  book_.SharedMemory(FairShareOfMemory());
 }
 
 void Clerk::KnowTheCustomers() {

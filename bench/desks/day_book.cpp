@@ -12,6 +12,7 @@ void DayBook::Write(const std::string& path) const {
     for (const double time : times) file << "act\t" << time << '\t' << act << '\n';
   for (const auto& [what, count] : told_) file << "told\t" << count << '\t' << what << '\n';
   for (const double own : memory_) file << "memory\t" << own << "\t\n";
+  for (const double share : fairShares_) file << "share\t" << share << "\t\n";
   if (!file.flush()) throw std::runtime_error("can't write " + path);
 }
 
@@ -23,15 +24,24 @@ void DayBook::Add(const std::string& path) {
     if (kind == "act") Did(text, std::atof(number.c_str()));
     if (kind == "told") told_[text] += std::atoi(number.c_str());
     if (kind == "memory") Memory(std::atof(number.c_str()));
+    if (kind == "share") SharedMemory(std::atof(number.c_str()));
   }
 }
 
-double OwnMemory() {
+namespace {
+
+// MiB of all lines of this process's memory that begin so.
+double MemoryIn(const std::string& beginning) {
   std::ifstream rollup("/proc/self/smaps_rollup");
   double kilobytes = 0;
   for (std::string line; std::getline(rollup, line);)
-    if (line.starts_with("Private_")) kilobytes += std::atof(line.c_str() + line.find(':') + 1);
+    if (line.starts_with(beginning)) kilobytes += std::atof(line.c_str() + line.find(':') + 1);
   return kilobytes / 1024;
 }
+
+}  // namespace
+
+double OwnMemory() { return MemoryIn("Private_"); }
+double FairShareOfMemory() { return MemoryIn("Pss:"); }
 
 }  // namespace bench::desks

@@ -11,13 +11,15 @@
 namespace {
 
 constexpr const char* usage =
-    "bench_desks [--desks N,N...] [--seconds S] [--think MS] [--seed N] DIR\n"
+    "bench_desks [--desks N,N...] [--seconds S] [--think MS] [--seed N] [--server PID] DIR\n"
     "Company 1 of the folder is worked on by N people at once (1,8,32) for S seconds (60), who think MS milliseconds (300) on average\n"
-    "between two acts. The company is changed: give it a copy.\n";
+    "between two acts. The company is changed: give it a copy. A folder whose orv1.ini leads to a server has its company there; PID is\n"
+    "that server's first process, if its work is to be counted.\n";
 
 struct Options {
   std::vector<int> offices{1, 8, 32};
   bench::desks::Habits habits;
+  int server = 0;
   bench::desks::Place place;  ///< of one desk, when this is its process
 };
 
@@ -44,6 +46,8 @@ Options Read(const std::vector<std::string>& words) {
       options.habits.think = std::chrono::milliseconds(std::stoi(value()));
     else if (words[i] == "--seed")
       options.habits.seed = static_cast<std::uint32_t>(std::stoul(value()));
+    else if (words[i] == "--server")
+      options.server = std::stoi(value());
     else if (words[i] == "--desk")
       options.place.number = std::stoi(value());
     else if (words[i] == "--meeting")
@@ -68,7 +72,7 @@ int main(int count, char** words) {
       return EXIT_SUCCESS;
     }
     for (const int desks : options.offices)
-      std::cout << bench::desks::TellOf(bench::desks::RunOffice("/proc/self/exe", options.place.folder, desks, options.habits))
+      std::cout << bench::desks::TellOf(bench::desks::RunOffice("/proc/self/exe", options.place.folder, desks, options.habits, options.server))
                 << std::flush;
     return EXIT_SUCCESS;
   } catch (const std::exception& error) {

@@ -76,6 +76,20 @@ double ProcessorOfDesks() {
   return seconds(used.ru_utime) + seconds(used.ru_stime);
 }
 
+// Seconds of a process and of those of its children that have ended: a server's process for a desk ends with the desk.
+double ProcessorOfServer(int process) {
+  std::ifstream stat("/proc/" + std::to_string(process) + "/stat");
+  std::string text;
+  std::getline(stat, text);
+  std::istringstream rest(text.substr(std::min(text.rfind(')') + 1, text.size())));
+  constexpr int kFirst = 12, kLast = 15;  // of the words behind the name: own time, and the children's
+  double ticks = 0;
+  std::string word;
+  for (int i = 1; i <= kLast && rest >> word; ++i)
+    if (i >= kFirst) ticks += std::atof(word.c_str());
+  return ticks / static_cast<double>(::sysconf(_SC_CLK_TCK));
+}
+
 void WaitUntilReady(const std::string& meeting, const std::vector<pid_t>& desks) {
   for (std::size_t i = 0; i < desks.size(); ++i)
     while (!fs::exists(ReadyMark(meeting, static_cast<int>(i) + 1))) {
@@ -90,7 +104,7 @@ double At(const std::vector<double>& sorted, double share) {
 
 }  // namespace
 
-Day RunOffice(const std::string& program, const std::string& folder, int desks, const Habits& habits) {
+Day RunOffice(const std::string& program, const std::string& folder, int desks, const Habits& habits, int server) {
   const Meeting meeting;
   std::vector<pid_t> children;
   for (int i = 1; i <= desks; ++i)
@@ -102,6 +116,7 @@ Day RunOffice(const std::string& program, const std::string& folder, int desks, 
   const auto begun = std::chrono::steady_clock::now();
   const Ticks before = MachineTicks();
   const double usedBefore = ProcessorOfDesks();
+  const double servedBefore = server == 0 ? 0 : ProcessorOfServer(server);
   std::ofstream(BeginMark(meeting.Path())).flush();
   bool failed = false;
   for (const pid_t child : children) {
@@ -118,6 +133,9 @@ Day RunOffice(const std::string& program, const std::string& folder, int desks, 
   day.machine = (after.busy - before.busy) / std::max(1.0, after.all - before.all);
   // With what they took to open: children are told of when they end.
   day.processor = (ProcessorOfDesks() - usedBefore) / (day.seconds * std::thread::hardware_concurrency());
+  // Its process for the last desk may still be on its way out.
+  std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  if (server != 0) day.server = (ProcessorOfServer(server) - servedBefore) / (day.seconds * std::thread::hardware_concurrency());
   for (int i = 1; i <= desks; ++i) day.book.Add(BookOf(meeting.Path(), i));
   return day;
 }
@@ -128,7 +146,7 @@ std::string TellOf(const Day& day) {
   for (const auto& [act, times] : day.book.Acts()) all += times.size();
   text << std::fixed << std::setprecision(1) << "\n## " << day.desks << " desks, " << day.seconds
        << " s: " << static_cast<double>(all) / day.seconds << " acts a second; processor: desks (with their opening) "
-       << 100 * day.processor << " %, whole machine " << 100 * day.machine << " %\n\n"
+       << 100 * day.processor << " %, the server for them " << 100 * day.server << " %, whole machine " << 100 * day.machine << " %\n\n"
        << "| act | times | median, ms | 99 of 100 below | longest |\n| --- | ---: | ---: | ---: | ---: |\n";
   for (const auto& [act, times] : day.book.Acts()) {
     std::vector<double> sorted = times;
@@ -138,7 +156,10 @@ std::string TellOf(const Day& day) {
   }
   std::vector<double> memory = day.book.MemoryOfEach();
   std::ranges::sort(memory);
-  text << "\nMemory of a desk's own: median " << At(memory, 0.5) << " MiB, most " << At(memory, 1) << " MiB.\n";
+  std::vector<double> shares = day.book.FairShareOfEach();
+  std::ranges::sort(shares);
+  text << "\nMemory of a desk's own: median " << At(memory, 0.5) << " MiB, most " << At(memory, 1) << " MiB; with its part of what they share: median "
+       << At(shares, 0.5) << " MiB.\n";
   for (const auto& [what, count] : day.book.Told()) text << "- " << count << " x " << what << "\n";
   return text.str();
 }

@@ -6,6 +6,7 @@
 #include "engine/lists/first_look.h"
 #include "engine/lists/indexed_list.h"
 #include "engine/lists/keyset_list.h"
+#include "engine/lists/planned_look.h"
 #include "engine/lists/stored_list.h"
 #include "engine/rows/slices.h"
 #include "engine/translate/names/scope.h"
@@ -100,6 +101,14 @@ WalkWay BoundedWay(const SelectPlan& plan, const IndexOrder& order) {
   return way;
 }
 
+// Whether the store is left to find the best way to a list's first rows.
+bool PlansItself(RowSource& source) { return source.OwnDialect().byNoIndex != nullptr; }
+
+// The plan's rows, its filter as a whole, put in order by the store.
+std::shared_ptr<KeyWalker> AllInOrder(RowSource& source, const std::vector<OrderColumn>& order) {
+  return source.Shape().Walker(source.Store(), WalkWay{.order = order, .index = {}, .filter = source.Plan().where, .putInOrder = true});
+}
+
 // A filter on a long table with an index for the list's order. Few rows are held by their keys, many are read along the index.
 std::shared_ptr<RowList> LongFiltered(const std::shared_ptr<RowSource>& source, const IndexOrder& order) {
   constexpr std::int64_t kMostHeld = 200'000;
@@ -113,7 +122,9 @@ std::shared_ptr<RowList> LongFiltered(const std::shared_ptr<RowSource>& source, 
   const IndexedList::Shape indexed{order.order, order.descending, way.index, true, rows, bounded};
   if (boundsAreAll) return std::make_shared<IndexedList>(source, indexed);
 
-  FirstRows first = FirstLook(*source, rows.get(), bounded.get(), order.descending ? Direction::Down : Direction::Up).Run();
+  const Direction direction = order.descending ? Direction::Down : Direction::Up;
+  FirstRows first = PlansItself(*source) ? PlannedLook(*source, rows.get(), bounded.get(), *AllInOrder(*source, order.order), direction).Run()
+                                         : FirstLook(*source, rows.get(), bounded.get(), direction).Run();
   const bool live = source->Context().Options().exactRows <= 0 || (!first.all && first.likelyRows > kMostHeld);
   if (first.way == FirstRows::Way::Walk && live) return std::make_shared<IndexedList>(source, indexed, std::move(first));
   return std::make_shared<KeysetList>(source, KeysetList::Walk{order.order, order.index, order.descending}, std::move(first));
@@ -123,6 +134,12 @@ std::shared_ptr<RowList> LongFiltered(const std::shared_ptr<RowSource>& source, 
 std::shared_ptr<RowList> HeldKeys(const std::shared_ptr<RowSource>& source) {
   const SelectPlan& plan = source->Plan();
   if (plan.order.size() != 1 || plan.order.front().table != 0) return std::make_shared<KeysetList>(source);
+  if (PlansItself(*source) && plan.order.front().field >= 0 && !FitsExact(*source)) {
+    const KeysetList::Walk walk{{{plan.order.front().sql, plan.order.front().type}}, "", plan.order.front().descending};
+    const auto all = AllInOrder(*source, walk.order);
+    FirstRows first = PlannedLook(*source, nullptr, nullptr, *all, walk.descending ? Direction::Down : Direction::Up).Run();
+    return std::make_shared<KeysetList>(source, walk, std::move(first));
+  }
   return std::make_shared<KeysetList>(source, OrderColumn{plan.order.front().sql, plan.order.front().type}, plan.order.front().descending);
 }
 

@@ -49,6 +49,7 @@ KeyWalker::KeyWalker(Store& store, const RowShape& shape, WalkWay way)
       dialect_(store.OwnDialect()),
       shape_(shape),
       order_(std::move(way.order)),
+      putInOrder_(way.putInOrder),
       filter_(std::move(way.filter)),
       rowTypes_(shape.types) {
   const PlanTable& table = shape.plan.tables.front();
@@ -320,8 +321,10 @@ std::string KeyWalker::ConditionOf(const Request& request, const Level& level) c
 std::string KeyWalker::OrderText(Direction direction, std::size_t from) const {
   const bool down = direction == Direction::Down;
   std::string text;
-  for (std::size_t i = from; i < order_.size(); ++i) text += comparable_[i] + dialect_.OrderSuffix(down) + ", ";
-  return text + rowKey_ + (down ? " DESC" : "");
+  // By an expression of a field instead of the field no index gives the order.
+  const auto ordered = [this](const std::string& key, FieldType type) { return putInOrder_ ? dialect_.byNoIndex(key, type) : key; };
+  for (std::size_t i = from; i < order_.size(); ++i) text += ordered(comparable_[i], order_[i].type) + dialect_.OrderSuffix(down) + ", ";
+  return text + ordered(rowKey_, FieldType::Counter) + (down ? " DESC" : "");
 }
 
 OrderPlace KeyWalker::PlaceAt(const Query& row, bool keysOnly) const {

@@ -131,6 +131,7 @@ class KeyWalker {
   const RowShape& shape_;
   std::vector<OrderColumn> order_;
   std::vector<std::string> comparable_;  ///< what each of them is compared and ordered by
+  bool putInOrder_ = false;
   std::string filter_;
   std::vector<platform::FieldType> orderTypes_;
   std::vector<platform::FieldType> rowTypes_;  ///< of the columns and the order columns

@@ -34,6 +34,7 @@ struct WalkWay {
   std::string index;      ///< of the table that has this order; "" to leave the choice to the store, or for row key order
   bool asItLies = false;  ///< in row key order, by no index
   std::string filter{};   ///< only the rows for which this holds, "" for all
+  bool putInOrder = false;  ///< no index is to give the order, in a store that would look for one: all rows that fit are found and put in order
 };
 
 /// What every opening of one statement shares: its plan, its columns by name, the parts of its statements.

@@ -47,6 +47,9 @@ struct Dialect {
   /// "" where the store takes no such hints.
   std::string alongIndex;
   std::string withoutIndex;
+  /// Set where the store plans each statement for its values by what it knows of the tables: how a list begins is left to it then, but for
+  /// whether the first rows are near. Gives a field of that type in a form by which no index orders it.
+  std::string (*byNoIndex)(const std::string& key, platform::FieldType type) = nullptr;
   /// Collation of the text order, written as COLLATE "..." on every text comparison; declared on text columns too.
   std::string collation;
   /// What is compared instead in a store that has no such collation.

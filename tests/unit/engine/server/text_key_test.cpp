@@ -149,6 +149,18 @@ TEST_F(KeyFunction, BuildsTheSameKeysForMixedTexts) {
 
 TEST_F(KeyFunction, OfNullIsNull) { EXPECT_EQ(Ask(connection, "SELECT \"orv1_text\".text_key(NULL)"), std::vector<std::string>{"Null"}); }
 
+// A pattern with a fixed beginning is worded so that the planner walks the index; it gives True, False and Null as any other does.
+TEST_F(KeyFunction, TestsPatternsWithAFixedBeginningAsOthers) {
+  const auto given = [&](const char* pattern) {
+    const std::string test = ServerDialect().LikeTest("t", ServerDialect().Text(ServerDialect().LikeForm(pattern)));
+    return Ask(connection, "SELECT " + test + " FROM (VALUES (1, 'Smith'), (2, 'Asmith'), (3, NULL::text)) AS texts(n, t) ORDER BY n");
+  };
+  EXPECT_THAT(ServerDialect().LikeTest("t", "'^[Ss].*$'"), testing::StartsWith("CASE "));
+  EXPECT_EQ(given("smi*"), (std::vector<std::string>{"t", "f", "Null"}));
+  EXPECT_EQ(given("*smi*"), (std::vector<std::string>{"t", "t", "Null"}));
+  EXPECT_EQ(given("smith"), (std::vector<std::string>{"t", "f", "Null"}));
+}
+
 TEST_F(KeyFunction, TestsLikeByRegularExpressions) {
   std::mt19937 random(14);
   const auto anyPattern = [&] {

@@ -24,7 +24,25 @@ std::string FieldKey(const platform::TableDefinition& table, const platform::Fie
   return std::string(kTextKeyFunction) + '(' + owner + QuoteName(field.name) + ')';
 }
 
-std::string LikeTest(const std::string& value, const std::string& regex) { return LikeSubject(value) + " ~ " + regex; }
+// A pattern with a fixed beginning stands behind a range of the index, which nearly all rows pass that lie in it. The planner takes any
+// regular expression for one that hardly a row passes, and would rather put the whole range in order than walk it; of a CASE it
+// takes half of the rows to pass.
+// Parameters are such patterns always.
+bool HasFixedBeginning(std::string_view regex) {
+  return regex.starts_with('$') || (regex.starts_with("'^") && !regex.starts_with("'^.") && regex.ends_with(".*$'"));
+}
+
+std::string LikeTest(const std::string& value, const std::string& regex) {
+  const std::string test = LikeSubject(value) + " ~ " + regex;
+  return HasFixedBeginning(regex) ? "CASE " + test + " WHEN true THEN true WHEN false THEN false END" : test;
+}
+
+// Dates are texts, too.
+std::string ByNoIndex(const std::string& key, platform::FieldType type) {
+  using platform::FieldType;
+  const bool isText = type == FieldType::Text || type == FieldType::Memo || type == FieldType::Date;
+  return '(' + key + (isText ? " || '')" : " + 0)");
+}
 
 const TextKeys& Keys() {
   static const TextKeys keys{.ofText = TextKey, .ofField = FieldKey, .function = std::string(kTextKeyFunction), .behind = " COLLATE \"C\""};
@@ -49,6 +67,7 @@ const Dialect& ServerDialect() {
       .realType = "float8",
       .alongIndex = "",  // its planner takes no hints
       .withoutIndex = "",
+      .byNoIndex = ByNoIndex,
       .collation = "",
       .textKeys = &Keys(),
       .like = "jlike",

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "engine/lists/first_look.h"
+#include "engine/rows/key_walker.h"
+#include "engine/rows/row_source.h"
+
+namespace engine {
+
+/// Finds the first page of a list in a store that plans statements by what it knows of the tables (Dialect::byNoIndex). What it doesn't
+/// know well is whether rows that fit stand near the list's beginning, and it takes walks for far cheaper than they may be. So a short
+/// stretch of the list is walked; when the page isn't full then, one statement finds all rows that fit, by whatever way the store
+/// knows, and keeps the first ones.
+class PlannedLook {
+ public:
+  /// `rows`, `bounded`: as for FirstLook; neither where no index gives the order. `all`: the plan's rows by a walk that puts them in order.
+  PlannedLook(RowSource& source, KeyWalker* rows, KeyWalker* bounded, KeyWalker& all, Direction direction)
+      : source_(source), rows_(rows), bounded_(bounded), all_(all), direction_(direction) {}
+
+  FirstRows Run();
+
+ private:
+  bool WalkOn(std::int64_t rows);
+  void PutAllInOrder();
+  std::int64_t Hits() const { return static_cast<std::int64_t>(first_.page->Rows()); }
+
+  RowSource& source_;
+  KeyWalker* rows_;
+  KeyWalker* bounded_;
+  KeyWalker& all_;
+  Direction direction_;
+  FirstRows first_;
+  std::optional<OrderPlace> reached_;
+  std::int64_t looked_ = 0;
+  std::int64_t span_ = 0;
+};
+
+}  // namespace engine

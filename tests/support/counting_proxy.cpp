@@ -1,23 +1,15 @@
 #include "support/counting_proxy.h"
 
 #include <poll.h>
-#include <signal.h>
-#include <sys/mman.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
-#include <sys/un.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <cstring>
 #include <deque>
-#include <filesystem>
 #include <list>
 #include <memory>
-#include <stdexcept>
 #include <vector>
 
 struct CountingProxy::Shared {
@@ -30,24 +22,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr const char* kSocketName = "/.s.PGSQL.5432";
-
-sockaddr_un AddressIn(const std::string& folder) {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  const std::string path = folder + kSocketName;
-  if (path.size() >= sizeof(address.sun_path)) throw std::runtime_error("the path of a socket is too long");
-  std::memcpy(address.sun_path, path.c_str(), path.size());
-  return address;
-}
-
-int ConnectTo(const std::string& folder) {
-  const sockaddr_un address = AddressIn(folder);
-  const int made = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (::connect(made, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0) return made;
-  ::close(made);
-  return -1;
-}
 
 /// What is on its way in one direction.
 struct Way {
@@ -141,7 +115,7 @@ template <class Shared>
     if (asked[0].revents == 0) continue;
     const int desk = ::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
     if (desk < 0) continue;
-    const int there = ConnectTo(server);
+    const int there = ConnectToServer(server);
     if (there < 0)
       ::close(desk);
     else
@@ -151,40 +125,11 @@ template <class Shared>
 
 }  // namespace
 
-CountingProxy::CountingProxy(const std::string& server) {
-  std::string folder = (std::filesystem::temp_directory_path() / "suite-proxy-XXXXXX").string();
-  if (::mkdtemp(folder.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  folder_ = folder;
-  const sockaddr_un address = AddressIn(folder_);
-  const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (::bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0 || ::listen(listener, 16) != 0)
-    throw std::runtime_error("the proxy can't listen");
-  void* const memory = ::mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-  if (memory == MAP_FAILED) throw std::runtime_error("no memory for the proxy");
-  shared_ = std::construct_at(static_cast<Shared*>(memory));
-  process_ = ::fork();
-  if (process_ == 0) {
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    Serve(listener, server, *shared_);
-  }
-  ::close(listener);
-}
+CountingProxy::CountingProxy(const std::string& server)
+    : shared_(std::construct_at(static_cast<Shared*>(SharedMemory(sizeof(Shared))))),
+      process_([this, &server](int listener) { Serve(listener, server, *shared_); }) {}
 
-CountingProxy::~CountingProxy() {
-  if (process_ > 0) {
-    ::kill(process_, SIGKILL);
-    ::waitpid(process_, nullptr, 0);
-  }
-  ::munmap(shared_, sizeof(Shared));
-  std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
-}
-
-std::string CountingProxy::PathOf(const std::string& database) const {
-  std::string host;
-  for (const char c : folder_) host += c == '/' ? std::string("%2F") : std::string(1, c);
-  return "postgresql://" + host + '/' + database + '/';
-}
+CountingProxy::~CountingProxy() { FreeSharedMemory(shared_, sizeof(Shared)); }
 
 std::uint64_t CountingProxy::Trips() const { return shared_->trips; }
 std::uint64_t CountingProxy::Received() const { return shared_->received; }

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <chrono>
 #include <cstdint>
 #include <string>
 
-/// Stands between a desk and a database server and counts what a slow line would be felt by: the round trips. A process of its own, which
-/// goes with the program that started it.
+#include "support/proxy_process.h"
+
+/// Stands between a desk and a database server and counts what a slow line would be felt by: the round trips.
 class CountingProxy {
  public:
   /// `server`: the folder of the server's socket. Raises std::runtime_error when it can't listen.
@@ -16,10 +15,10 @@ class CountingProxy {
   CountingProxy(const CountingProxy&) = delete;
   CountingProxy& operator=(const CountingProxy&) = delete;
 
-  /// The folder of its own socket: the host for the client library.
-  const std::string& Socket() const { return folder_; }
-  /// How a path through it begins: "postgresql://%2F...%2Fproxy/DATABASE/".
-  std::string PathOf(const std::string& database) const;
+  /// The folder of its own socket.
+  const std::string& Socket() const { return process_.Socket(); }
+  /// How a path through it begins.
+  std::string PathOf(const std::string& database) const { return process_.PathOf(database); }
 
   /// Trips of all connections so far: how often something was sent to the server behind an answer of it. A connection's first words count.
   std::uint64_t Trips() const;
@@ -31,7 +30,6 @@ class CountingProxy {
  private:
   struct Shared;
 
-  std::string folder_;
-  Shared* shared_ = nullptr;  ///< with the process
-  pid_t process_ = 0;
+  Shared* shared_;  ///< with the process
+  ProxyProcess process_;
 };

@@ -1,21 +1,14 @@
 #include "support/faulty_proxy.h"
 
 #include <poll.h>
-#include <signal.h>
-#include <sys/mman.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
-#include <sys/un.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
-#include <cstring>
-#include <filesystem>
 #include <list>
 #include <memory>
-#include <stdexcept>
 #include <string_view>
 #include <vector>
 
@@ -29,27 +22,9 @@ namespace {
 
 using Fault = FaultyProxy::Fault;
 
-constexpr const char* kSocketName = "/.s.PGSQL.5432";
 constexpr std::string_view kSaves = "~saves";  ///< stands in every trip that saves
-constexpr std::size_t kSync = 5;  ///< bytes of the word that ends a trip
+constexpr std::string_view kSync("S\0\0\0\4", 5);  ///< ends what the server does as one, and commits it
 constexpr std::size_t kSomeOfAnAnswer = 20'000;
-
-sockaddr_un AddressIn(const std::string& folder) {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  const std::string path = folder + kSocketName;
-  if (path.size() >= sizeof(address.sun_path)) throw std::runtime_error("the path of a socket is too long");
-  std::memcpy(address.sun_path, path.c_str(), path.size());
-  return address;
-}
-
-int ConnectTo(const std::string& folder) {
-  const sockaddr_un address = AddressIn(folder);
-  const int made = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (::connect(made, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0) return made;
-  ::close(made);
-  return -1;
-}
 
 struct Line {
   int desk = -1;
@@ -78,7 +53,8 @@ bool Up(Line& line, Shared& shared) {
   if (due && shared.next == Fault::Silence) return true;
   if (due && shared.next != Fault::None) line.fault = shared.next.exchange(Fault::None);
   if (line.fault == Fault::CutBefore) return false;
-  SendAll(line.server, buffer.data(), line.fault == Fault::HalfOpen && count > kSync ? count - kSync : count);
+  const std::string_view sent(buffer.data(), count);
+  SendAll(line.server, buffer.data(), line.fault == Fault::HalfOpen ? std::min(sent.find(kSync), count) : count);
   if (line.fault == Fault::HalfOpen) {
     ::close(line.desk);
     line.desk = -1;
@@ -124,7 +100,7 @@ template <class Shared>
     if (asked[0].revents == 0) continue;
     const int desk = ::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
     if (desk < 0) continue;
-    const int there = shared.refuses ? -1 : ConnectTo(server);
+    const int there = shared.refuses ? -1 : ConnectToServer(server);
     if (there < 0)
       ::close(desk);
     else
@@ -134,44 +110,16 @@ template <class Shared>
 
 }  // namespace
 
-FaultyProxy::FaultyProxy(const std::string& server) {
-  std::string folder = (std::filesystem::temp_directory_path() / "suite-line-XXXXXX").string();
-  if (::mkdtemp(folder.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  folder_ = folder;
-  const sockaddr_un address = AddressIn(folder_);
-  const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (::bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0 || ::listen(listener, 16) != 0)
-    throw std::runtime_error("the proxy can't listen");
-  void* const memory = ::mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-  if (memory == MAP_FAILED) throw std::runtime_error("no memory for the proxy");
-  shared_ = std::construct_at(static_cast<Shared*>(memory));
-  process_ = ::fork();
-  if (process_ == 0) {
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    Serve(listener, server, *shared_);
-  }
-  ::close(listener);
-}
+FaultyProxy::FaultyProxy(const std::string& server)
+    : shared_(std::construct_at(static_cast<Shared*>(SharedMemory(sizeof(Shared))))),
+      process_([this, &server](int listener) { Serve(listener, server, *shared_); }) {}
 
-FaultyProxy::~FaultyProxy() {
-  if (process_ > 0) {
-    ::kill(process_, SIGKILL);
-    ::waitpid(process_, nullptr, 0);
-  }
-  ::munmap(shared_, sizeof(Shared));
-  std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
-}
-
-std::string FaultyProxy::PathOf(const std::string& database) const {
-  std::string host;
-  for (const char c : folder_) host += c == '/' ? std::string("%2F") : std::string(1, c);
-  return "postgresql://" + host + '/' + database + '/';
-}
+FaultyProxy::~FaultyProxy() { FreeSharedMemory(shared_, sizeof(Shared)); }
 
 void FaultyProxy::Arm(Fault fault, bool saves) {
   shared_->next = Fault::None;
   shared_->ofSaves = saves;
   shared_->next = fault;
 }
+
 void FaultyProxy::Refuse(bool refuse) { shared_->refuses = refuse; }

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <string>
 
-/// A line between a desk and a database server that fails in the way and at the moment that a test wants. A process of its own, which goes
-/// with the program that started it.
+#include "support/proxy_process.h"
+
+/// A line between a desk and a database server that fails in the way and at the moment that a test wants.
 class FaultyProxy {
  public:
   /// What happens to what the desk sends next; behind that the line is whole again, for new connections too.
@@ -13,7 +12,7 @@ class FaultyProxy {
     None,
     CutBefore,    ///< the server gets nothing of it, and both sides are cut
     CutBehind,    ///< the server does it, but its answer is lost, and both sides are cut
-    HalfOpen,     ///< the server gets all but the last word, which would commit it, and never hears that the desk was cut
+    HalfOpen,     ///< the server gets all before the word that would commit it, and never hears that the desk was cut
     Silence,      ///< nothing comes through any more, on any connection, and nobody is told
     CutInAnswer,  ///< some of the answer comes, then both sides are cut
   };
@@ -24,8 +23,8 @@ class FaultyProxy {
   FaultyProxy(const FaultyProxy&) = delete;
   FaultyProxy& operator=(const FaultyProxy&) = delete;
 
-  /// How a path through it begins: "postgresql://%2F...%2Fproxy/DATABASE/".
-  std::string PathOf(const std::string& database) const;
+  /// How a path through it begins.
+  std::string PathOf(const std::string& database) const { return process_.PathOf(database); }
   /// Arms the fault. None ends a silence.
   void Next(Fault fault) { Arm(fault, false); }
   /// The same for what next saves something.
@@ -37,7 +36,6 @@ class FaultyProxy {
   struct Shared;
   void Arm(Fault fault, bool saves);
 
-  std::string folder_;
-  Shared* shared_ = nullptr;  ///< with the process
-  pid_t process_ = 0;
+  Shared* shared_;  ///< with the process
+  ProxyProcess process_;
 };

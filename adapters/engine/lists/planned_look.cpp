@@ -38,7 +38,7 @@ bool PlannedLook::WalkOn(std::int64_t rows) {
 
 void PlannedLook::PutAllInOrder() {
   RowPage& page = *first_.page;
-  page.cells.clear();
+  page.cells.Clear();
   page.keys.clear();
   KeyWalker::Request request;
   request.direction = direction_;

@@ -136,7 +136,14 @@ void TestServer::AddRoleWithPassword(const std::string& role, const std::string&
 }
 
 void TestServer::End(int signal) {
+  // Its processes outlive one that is killed, and would go on answering for a moment.
+  const std::string process = "/proc/" + std::to_string(server_);
+  std::istringstream children(signal == SIGKILL ? Content(process + "/task/" + std::to_string(server_) + "/children") : std::string());
   ::kill(server_, signal);
+  for (pid_t child = 0; children >> child;) {
+    ::kill(child, signal);
+    while (!Content("/proc/" + std::to_string(child) + "/cmdline").empty()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
   ::waitpid(server_, nullptr, 0);
   server_ = 0;
 }

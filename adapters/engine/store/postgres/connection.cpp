@@ -14,6 +14,8 @@ namespace {
 
 constexpr const char* kListen = "LISTEN orcussch";
 constexpr std::chrono::milliseconds kBetweenNotices{100};
+// Whoever hears no number asks for everything again.
+constexpr const char* kTellDefinitions = "SELECT pg_current_xact_id(), set_config('synchronous_commit', 'off', true), pg_notify('orcussch', '')";
 
 // Others go on reading.
 std::string LockText(const std::string& schema) {
@@ -143,6 +145,8 @@ void ServerConnection::ExecuteAll(std::span<const std::string> statements, const
   Ready(schema);
   Trip trip;
   trip.behind.assign(statements.begin(), statements.end());
+  if (units_.empty()) trip.notice = kTellDefinitions;
+  unitDefined_ = !units_.empty() && (unitDefined_ || !statements.empty());
   const std::shared_ptr<Run> run = Start(std::move(trip));
   Take(*run);
   if (run->failure) Raise(*run->failure, Doing::Writing, schema);
@@ -210,7 +214,7 @@ void ServerConnection::UndoUnit(const Unit& unit) noexcept {
   try {
     FinishActive();
     pending_.clear();
-    if (begun_ && !broken_) End("ROLLBACK", false);
+    if (begun_ && !broken_) End("ROLLBACK");
   } catch (const platform::Error&) {
     // Nobody can be told; a server that is gone has undone it.
   }
@@ -227,9 +231,12 @@ void ServerConnection::ForgetUnit() noexcept {
 }
 
 // A statement that ends the outermost unit. Behind a failed one the transaction can only be undone, which the server does then.
-std::optional<Failure> ServerConnection::End(const std::string& sql, bool tells) {
+std::optional<Failure> ServerConnection::End(const std::string& sql) {
+  const bool commits = sql == kCommit;
+  const bool tells = commits && unitWrote_ && !unitDefined_;
   Trip trip;
   if (tells) trip.notice = Notice(true);
+  if (commits && unitDefined_) trip.notice = kTellDefinitions;
   trip.before = std::move(pending_);
   pending_.clear();
   trip.behind.push_back(sql);

@@ -89,7 +89,8 @@ class ServerConnection final : public Channel {
  private:
   void FinishActive();
   void Settle(Run& run);
-  std::optional<Failure> End(const std::string& sql, bool tells);
+  static constexpr const char* kCommit = "COMMIT";
+  std::optional<Failure> End(const std::string& sql);
   void Commit();
   void Learn(Run& run);
   std::optional<std::string> Stored(const std::string& schema, std::uint64_t save);

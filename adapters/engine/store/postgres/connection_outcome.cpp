@@ -13,7 +13,7 @@ void ServerConnection::Commit() {
   const std::string schema = std::exchange(saved_, {});
   if (!schema.empty()) pending_.push_back(marks_.Next(schema));
   const std::uint64_t save = marks_.Last();
-  const std::optional<Failure> failure = End("COMMIT", unitWrote_ && !unitDefined_);
+  const std::optional<Failure> failure = End(kCommit);
   if (!failure) return;
   if (schema.empty() || !CanBeAsked(*failure)) Raise(*failure, Doing::Writing, {});
   // The unit is over on the server, and what is asked now stands in none.

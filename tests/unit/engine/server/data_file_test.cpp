@@ -265,7 +265,9 @@ TEST_F(UpgradedSchemas, WhatCannotBeAddedLeavesAllAsItWas) {
 
 // An open list doesn't stand in the way and goes on; who is in the midst of a transaction does.
 TEST_F(UpgradedSchemas, WaitForTransactionsAlone) {
-  const auto made = engine::MakeEngine();
+  engine::EngineOptions options;
+  options.askOthers = true;
+  const auto made = engine::MakeEngine(options);
   const auto people = made->WorkspaceAt(0)->OpenDatabase(File())->OpenRecordset("SELECT * FROM People ORDER BY ID");
   EXPECT_FALSE(Upgrade(NewTables()).empty());
   people->MoveNext();

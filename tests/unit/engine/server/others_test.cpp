@@ -106,6 +106,29 @@ TEST_F(OtherDesks, WhatIsOwedIsToldAtTheEndOfTheProgram) {
   EXPECT_TRUE(ChangesSoon());
 }
 
+TEST_F(OtherDesks, WhoChangeDefinitionsTellThatAllIsToBeAskedAgain) {
+  const std::int64_t strangers = desk.StrangersVersion();
+  const std::uint64_t trips = proxy.Trips();
+  const std::vector<std::string> change{"ALTER TABLE orv1_x.t ADD COLUMN more int"};
+  writer.ExecuteAll(change, "orv1_x");
+  EXPECT_TRUE(ChangesSoon());
+  EXPECT_NE(desk.StrangersVersion(), strangers);
+  EXPECT_EQ(proxy.Trips(), trips);
+}
+
+TEST_F(OtherDesks, WhoChangeDefinitionsBesideRowsTellThatTooBehindTheirCommit) {
+  const std::int64_t strangers = desk.StrangersVersion();
+  const std::vector<std::string> change{"ALTER TABLE orv1_x.t ADD COLUMN more int"};
+  Transaction unit(writer, Transaction::Kind::Write);
+  Run(writer, Insert(2));
+  writer.ExecuteAll(change, "orv1_x");
+  LetMessagesPass();
+  EXPECT_FALSE(Changed());
+  unit.Commit();
+  EXPECT_TRUE(ChangesSoon());
+  EXPECT_NE(desk.StrangersVersion(), strangers);
+}
+
 TEST_F(OtherDesks, RowsTheyWroteAreNoChangeOfDefinitions) {
   const std::int64_t before = desk.StrangersVersion();
   Run(writer, Insert(2));

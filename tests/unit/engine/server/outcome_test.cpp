@@ -102,9 +102,10 @@ TEST_F(OverALine, AUnitIsStoredOrUndoneAsAWhole) {
   EXPECT_EQ(Names(), "first\n");
   EXPECT_EQ(ErrorOf([&] { both(Fault::CutBehind); }), 0);
   EXPECT_EQ(Names(), "unit,added\n");
-  // A unit's own word to commit is not the last one.
-  EXPECT_EQ(ErrorOf([&] { both(Fault::HalfOpen); }), 0);
-  EXPECT_EQ(Names(), "unit,added,added\n");
+  // The server has the word to commit, and may be ended before it comes to it: what is told is what became of it.
+  const int told = ErrorOf([&] { both(Fault::HalfOpen); });
+  EXPECT_TRUE(told == 0 || told == 3043) << told;
+  EXPECT_EQ(Names(), told == 0 ? "unit,added,added\n" : "unit,added\n");
   EXPECT_EQ(Change(Rename("after")), 1);
 }
 

@@ -185,7 +185,8 @@ TEST_F(Trips, NewRowsCostAPageOneMoreWhateverTheirNumber) {
   };
   EXPECT_EQ(TripsOf(add), 2);
   for (int i = 0; i < 20; ++i) add();
-  EXPECT_LE(TripsOf([&] { EXPECT_EQ(Page().size(), 49); }), 3);
+  // What others are still to be told may go ahead of it; nobody waits for that one.
+  EXPECT_LE(TripsOf([&] { EXPECT_EQ(Page().size(), 49); }), 4);
 }
 
 }  // namespace

@@ -115,6 +115,7 @@ class KeyWalker {
   SqlText& Joined(const Request& request, const std::vector<Level>& levels, SqlText& own);
   std::int64_t Take(Query& query, const Request& request, std::int64_t most, const Sink& sink, bool& goOn) const;
   std::string MarkedText(const Request& request, const Level& level, const KeyWalker& counted) const;
+  std::string CutText(const Request& request, const Level& level, const KeyWalker& counted) const;
   enum class What { Rows, Keys, Number };
   void AskUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until, What what, const Sink& sink);
   std::string StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, What what) const;
@@ -152,6 +153,7 @@ struct KeyWalker::Stretch {
   Direction direction = Direction::Up;
   const OrderPlace* from = nullptr;
   std::vector<Level> levels;  ///< the last of them as far as `last`
+  std::vector<std::int64_t> rows;  ///< of each level
   OrderPlace last;            ///< where its last row stands
 };
 

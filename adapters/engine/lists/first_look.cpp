@@ -101,7 +101,7 @@ void FirstLook::WalkOn(std::int64_t rows) {
     return Hits() < kPage;
   };
   if (ahead) {
-    rows_->ReadStretch(*ahead, *bounded_, take);
+    rows_->ReadStretch(*ahead, *bounded_, kPage - Hits(), take);
     looked_ += rows;
     reached_ = std::move(ahead->last);
   } else {

@@ -18,7 +18,7 @@ bool PlannedLook::WalkOn(std::int64_t rows) {
     return Hits() < FirstLook::kPage;
   };
   if (ahead) {
-    rows_->ReadStretch(*ahead, *bounded_, take);
+    rows_->ReadStretch(*ahead, *bounded_, FirstLook::kPage - Hits(), take);
     reached_ = ahead->last;
   } else {
     KeyWalker::Request request;

@@ -65,8 +65,9 @@ class KeyWalker {
   struct Stretch;
   /// `rows` of them behind `from` (nullptr: from the end where the direction starts); nothing when there are fewer. Reads keys alone.
   std::optional<Stretch> Ahead(Direction direction, const OrderPlace* from, std::int64_t rows);
-  /// Reads those of the stretch that this walk's filter takes. `counted`: the walk of the same table and order that gave it.
-  void ReadStretch(const Stretch& stretch, const KeyWalker& counted, const Sink& sink);
+  /// Reads those of the stretch that this walk's filter takes, and no more than `most` of them. `counted`: the walk of the same table and
+  /// order that gave it.
+  void ReadStretch(const Stretch& stretch, const KeyWalker& counted, std::int64_t most, const Sink& sink);
   /// A SELECT of the row keys, as "k", of the first rows.
   std::string FirstKeys(Direction direction, std::int64_t rows) const;
 

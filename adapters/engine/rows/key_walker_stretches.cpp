@@ -39,12 +39,13 @@ std::optional<KeyWalker::Stretch> KeyWalker::Ahead(Direction direction, const Or
   return {};
 }
 
-void KeyWalker::ReadStretch(const Stretch& stretch, const KeyWalker& counted, const Sink& sink) {
+void KeyWalker::ReadStretch(const Stretch& stretch, const KeyWalker& counted, std::int64_t most, const Sink& sink) {
   Request request;
   request.direction = stretch.direction;
   request.from = stretch.from;
   const int mark = static_cast<int>(order_.size()) + 2;
   const bool cut = dialect_.byNoIndex != nullptr;
+  std::int64_t left = most;
   for (std::size_t i = 0; i < stretch.levels.size(); ++i) {
     const Level& level = stretch.levels[i];
     const bool isLast = i + 1 == stretch.levels.size();
@@ -54,15 +55,17 @@ void KeyWalker::ReadStretch(const Stretch& stretch, const KeyWalker& counted, co
     BindPlace(query, request, level);
     if (cut) {
       query.Bind(mark, stretch.rows[i]);
-      while (query.Step())
+      query.Bind(mark + 1, left);
+      for (; left > 0 && query.Step(); --left)
         if (!sink(query)) return;
+      if (left == 0) return;
       continue;
     }
     isLast ? query.Bind(mark, stretch.last.rowKey) : query.BindNull(mark);
     while (query.Step()) {
       const bool atEnd = isLast && query.Int(RowKeyAt(false)) == stretch.last.rowKey;
       const bool taken = !atEnd || (!query.IsNull(FlagAt(false)) && query.Int(FlagAt(false)) != 0);
-      if (taken && !sink(query)) return;
+      if (taken && (!sink(query) || --left == 0)) return;
       if (atEnd) break;
     }
   }
@@ -80,14 +83,15 @@ std::string KeyWalker::MarkedText(const Request& request, const Level& level, co
 }
 
 // A store that plans the statement for all of its rows must see how few they are: it would put the whole table in order else. So the
-// stretch is cut off first, along its index, and then filtered.
+// stretch is cut off first, along its index, and then filtered; that only the first ones are wanted keeps it from looking at all rows of
+// the tables that the filter asks.
 std::string KeyWalker::CutText(const Request& request, const Level& level, const KeyWalker& counted) const {
   const PlanTable& table = shape_.plan.tables.front();
   const std::string condition = counted.ConditionOf(request, level);
   const std::string order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
   return "SELECT " + shape_.columnList + ", " + keyColumns_ + " FROM (SELECT " + table.alias + ".* FROM " + counted.from_ +
          (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + dialect_.Parameter(order_.size() + 2) + ") AS " + table.alias +
-         (filter_.empty() ? "" : " WHERE " + filter_) + order;
+         (filter_.empty() ? "" : " WHERE " + filter_) + order + " LIMIT " + dialect_.Parameter(order_.size() + 3);
 }
 
 std::string KeyWalker::FirstKeys(Direction direction, std::int64_t rows) const {

@@ -55,7 +55,7 @@ Company::Company(std::string place) : place_(std::move(place)), engine_(MakeCoun
 
 int Company::YoungestBackend() {
   const std::string pid = bare_.Value(
-      "SELECT pid FROM pg_stat_activity WHERE datname = current_database() AND application_name = 'ORCusSch' ORDER BY backend_start DESC LIMIT 1");
+      "SELECT pid FROM pg_stat_activity WHERE datname = current_database() AND application_name LIKE 'ORCusSch%' ORDER BY backend_start DESC LIMIT 1");
   if (pid.empty()) throw std::runtime_error("no connection of the engine's");
   return std::stoi(pid);
 }

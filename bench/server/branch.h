@@ -71,7 +71,8 @@ std::uint64_t AccountOf(const platform::Recordset& recordset);
 
 std::vector<Job> ListJobs(Company& company);
 std::vector<Job> SearchJobs(Company& company);
-std::vector<Job> QueryJobs(Company& company);
+/// Those whose names hold `only`, since the best bare plan of each is found first.
+std::vector<Job> QueryJobs(Company& company, const std::string& only);
 
 template <class T>
 const T& Pick(const std::vector<T>& choices, int call) {

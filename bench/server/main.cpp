@@ -57,8 +57,8 @@ void MeasurePlace(const std::string& place, const Options& options) {
                "| --- | ---: | ---: | ---: | ---: | ---: | ---: | ---: | ---: | --- |\n"
             << std::flush;
   using Area = std::pair<const char*, std::function<std::vector<bench::Job>(bench::branch::Company&)>>;
-  for (const auto& [name, jobsOf] :
-       {Area{"lists", bench::branch::ListJobs}, Area{"searches", bench::branch::SearchJobs}, Area{"queries", bench::branch::QueryJobs}}) {
+  const auto queries = [&options](bench::branch::Company& of) { return bench::branch::QueryJobs(of, options.only); };
+  for (const auto& [name, jobsOf] : {Area{"lists", bench::branch::ListJobs}, Area{"searches", bench::branch::SearchJobs}, Area{"queries", queries}}) {
     if (!options.area.empty() && options.area != name) continue;
     for (const bench::Job& job : jobsOf(company))
       if (job.name.find(options.only) != std::string::npos) std::cout << Line(bench::Measure(job, options.pairs)) << std::flush;

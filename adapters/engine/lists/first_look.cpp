@@ -23,6 +23,8 @@ constexpr double kSafely = 4;
 constexpr std::int64_t kFew = 64;
 // So many rows found tell how many there are.
 constexpr std::int64_t kTelling = 6;
+// No more keys than these are worth any other look.
+constexpr std::int64_t kFirstReach = 32;
 
 }  // namespace
 
@@ -99,7 +101,7 @@ void FirstLook::WalkOn(std::int64_t rows) {
     return Hits() < kPage;
   };
   if (ahead) {
-    rows_->ReadStretch(*ahead, *bounded_, take);
+    rows_->ReadStretch(*ahead, *bounded_, kPage - Hits(), take);
     looked_ += rows;
     reached_ = std::move(ahead->last);
   } else {
@@ -293,10 +295,24 @@ bool FirstLook::CollectWide() {
   return false;
 }
 
-FirstRows FirstLook::Run() {
-  Transaction oneState(source_.Store(), Transaction::Kind::Read);
+void FirstLook::Begin() {
   first_.version = source_.Version();
   first_.page = std::make_shared<RowPage>(source_.Fields().size() + (rows_ == nullptr ? 0 : rows_->Order().size()), 1);
+}
+
+std::optional<FirstRows> FirstLook::ByFewKeys() {
+  Begin();
+  leads_.Reach(kFirstReach);
+  const bool few = leads_.Shortest() != nullptr;
+  if (few) TakeShortest();
+  leads_.Close();
+  if (!few) return {};
+  return std::move(first_);
+}
+
+FirstRows FirstLook::Run() {
+  Transaction oneState(source_.Store(), Transaction::Kind::Read);
+  Begin();
   Choose();
   leads_.Close();
   oneState.Commit();
@@ -305,7 +321,6 @@ FirstRows FirstLook::Run() {
 
 void FirstLook::Choose() {
   constexpr std::int64_t kVeryFirst = 2;
-  constexpr std::int64_t kFirstReach = 32;
   constexpr std::int64_t kFurther = 4;
   constexpr std::int64_t kSampledRows = 128;
   for (std::int64_t most = kVeryFirst; most < kFirstReach; most *= kFurther) leads_.Reach(most);

@@ -41,6 +41,8 @@ class FirstLook {
   void ByIndexesAlone() { wide_.clear(); }
 
   FirstRows Run();
+  /// The rows where a driver leads to so few that nothing else is as little work; nothing where none does. Inside the caller's unit.
+  std::optional<FirstRows> ByFewKeys();
 
   /// How many rows of the list are looked for.
   static constexpr std::int64_t kPage = 50;
@@ -53,6 +55,7 @@ class FirstLook {
     double question;   ///< asking another table about it
   };
   static Costs CostsFor(std::int64_t rows);
+  void Begin();
   void Choose();
   bool Walks(double other, double trial, bool open);
   bool CollectWide();

@@ -18,7 +18,7 @@ bool PlannedLook::WalkOn(std::int64_t rows) {
     return Hits() < FirstLook::kPage;
   };
   if (ahead) {
-    rows_->ReadStretch(*ahead, *bounded_, take);
+    rows_->ReadStretch(*ahead, *bounded_, FirstLook::kPage - Hits(), take);
     reached_ = ahead->last;
   } else {
     KeyWalker::Request request;
@@ -55,6 +55,11 @@ FirstRows PlannedLook::Run() {
   constexpr std::array<std::int64_t, 2> kStretches{64, 1024};
   constexpr std::int64_t kPartOfAll = 32;
   Transaction oneState(source_.Store(), Transaction::Kind::Read);
+  if (rows_ != nullptr)
+    if (std::optional<FirstRows> few = FirstLook(source_, rows_, bounded_, direction_).ByFewKeys()) {
+      oneState.Commit();
+      return std::move(*few);
+    }
   first_.version = source_.Version();
   first_.way = FirstRows::Way::Walk;
   first_.page = std::make_shared<RowPage>(source_.Fields().size() + all_.Order().size(), 1);
@@ -62,11 +67,13 @@ FirstRows PlannedLook::Run() {
   bool found = false;
   for (const std::int64_t rows : kStretches)
     if (!found && rows_ != nullptr && rows * kPartOfAll <= span_) found = WalkOn(rows);
-  // Rows that have turned up tell how far the page reaches.
+  // Rows that have turned up tell how far the page reaches; they may lie a little thinner there.
   constexpr std::int64_t kTelling = 5;
-  if (!found && Hits() >= kTelling) {
-    const std::int64_t further = 2 * (FirstLook::kPage - Hits()) * looked_ / Hits();
-    if (further * kPartOfAll / 2 <= span_) found = WalkOn(further);
+  constexpr std::int64_t kALittle = 64;
+  while (!found && Hits() >= kTelling) {
+    const std::int64_t further = kALittle + 2 * (FirstLook::kPage - Hits()) * looked_ / Hits();
+    if ((looked_ + further) * kPartOfAll / 2 > span_) break;
+    found = WalkOn(further);
   }
   const double share = looked_ == 0 ? 1 : static_cast<double>(std::max<std::int64_t>(Hits(), 1)) / static_cast<double>(looked_);
   first_.likelyRows = static_cast<std::int64_t>(std::min(share, 1.0) * static_cast<double>(span_));

@@ -65,8 +65,9 @@ class KeyWalker {
   struct Stretch;
   /// `rows` of them behind `from` (nullptr: from the end where the direction starts); nothing when there are fewer. Reads keys alone.
   std::optional<Stretch> Ahead(Direction direction, const OrderPlace* from, std::int64_t rows);
-  /// Reads those of the stretch that this walk's filter takes. `counted`: the walk of the same table and order that gave it.
-  void ReadStretch(const Stretch& stretch, const KeyWalker& counted, const Sink& sink);
+  /// Reads those of the stretch that this walk's filter takes, and no more than `most` of them. `counted`: the walk of the same table and
+  /// order that gave it.
+  void ReadStretch(const Stretch& stretch, const KeyWalker& counted, std::int64_t most, const Sink& sink);
   /// A SELECT of the row keys, as "k", of the first rows.
   std::string FirstKeys(Direction direction, std::int64_t rows) const;
 
@@ -115,6 +116,7 @@ class KeyWalker {
   SqlText& Joined(const Request& request, const std::vector<Level>& levels, SqlText& own);
   std::int64_t Take(Query& query, const Request& request, std::int64_t most, const Sink& sink, bool& goOn) const;
   std::string MarkedText(const Request& request, const Level& level, const KeyWalker& counted) const;
+  std::string CutText(const Request& request, const Level& level, const KeyWalker& counted) const;
   enum class What { Rows, Keys, Number };
   void AskUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until, What what, const Sink& sink);
   std::string StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, What what) const;
@@ -152,6 +154,7 @@ struct KeyWalker::Stretch {
   Direction direction = Direction::Up;
   const OrderPlace* from = nullptr;
   std::vector<Level> levels;  ///< the last of them as far as `last`
+  std::vector<std::int64_t> rows;  ///< of each level
   OrderPlace last;            ///< where its last row stands
 };
 

@@ -16,7 +16,7 @@ struct CountingProxy::Shared {
   std::atomic<std::uint64_t> trips{0};
   std::atomic<std::uint64_t> received{0};
   /// Microseconds. Without any the answer to the first piece of a trip can come before the desk has sent the next piece.
-  std::atomic<std::int64_t> delay{2'000};
+  std::atomic<std::int64_t> delay{5'000};
 };
 
 namespace {

@@ -24,7 +24,7 @@ class CountingProxy {
   std::uint64_t Trips() const;
   /// Bytes that the server has sent.
   std::uint64_t Received() const;
-  /// Each way takes so long from now on; 2 ms before.
+  /// Each way takes so long from now on; 5 ms before.
   void Delay(std::chrono::milliseconds eachWay);
 
  private:

@@ -3,6 +3,7 @@
 #include <sys/types.h>
 
 #include <csignal>
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -46,6 +47,7 @@ class TestServer {
   void Crash() { End(SIGKILL); }
 
  private:
+  bool Starts(const std::string& log, std::chrono::steady_clock::time_point end);
   void End(int signal);
   std::string Tool(const std::string& name, const std::string& database) const;
 

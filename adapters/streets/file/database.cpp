@@ -45,13 +45,27 @@ std::string Why(int code, sqlite3* handle) {
   }
 }
 
+// Asks for something that lies in the file.
+int Look(sqlite3* handle) { return sqlite3_exec(handle, "SELECT 1 FROM sqlite_schema LIMIT 1", nullptr, nullptr, nullptr); }
+
 }  // namespace
 
 Database::Database(std::string path, Use use, int lockWait) : path_(std::move(path)) {
+  Open(use, lockWait);
+  if (use != Use::Read || Look(handle_) != SQLITE_READONLY_ROLLBACK) return;
+  // A writer was killed, and who only reads may not play its journal back: for a moment it must be written.
+  Close();
+  Open(Use::Write, lockWait);
+  Look(handle_);
+  Close();
+  Open(use, lockWait);
+}
+
+void Database::Open(Use use, int lockWait) {
   const int code = sqlite3_open_v2(path_.c_str(), &handle_, FlagsOf(use) | SQLITE_OPEN_NOMUTEX, nullptr);
   if (code != SQLITE_OK) {
     const std::string why = Why(code, handle_);
-    sqlite3_close_v2(handle_);
+    Close();
     throw FileError(path_ + why);
   }
   sqlite3_extended_result_codes(handle_, 1);
@@ -60,7 +74,12 @@ Database::Database(std::string path, Use use, int lockWait) : path_(std::move(pa
   sqlite3_exec(handle_, "PRAGMA trusted_schema=OFF; PRAGMA cell_size_check=ON", nullptr, nullptr, nullptr);
 }
 
-Database::~Database() { sqlite3_close_v2(handle_); }
+Database::~Database() { Close(); }
+
+void Database::Close() noexcept {
+  sqlite3_close_v2(handle_);
+  handle_ = nullptr;
+}
 
 void Database::Execute(const std::string& sql) {
   if (const int code = sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr); code != SQLITE_OK) Raise(code);

@@ -14,7 +14,7 @@ class Database {
  public:
   enum class Use { Read, Write, Make };
 
-  /// Waits for locks of others as long as `lockWait` milliseconds.
+  /// Waits for locks of others as long as `lockWait` milliseconds. What a killed writer left half-written is undone first.
   Database(std::string path, Use use, int lockWait);
   ~Database();
   Database(const Database&) = delete;
@@ -31,6 +31,9 @@ class Database {
   [[noreturn]] void Raise(int code) const;
 
  private:
+  void Open(Use use, int lockWait);
+  void Close() noexcept;
+
   std::string path_;
   sqlite3* handle_ = nullptr;
 };

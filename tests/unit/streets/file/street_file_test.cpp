@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "streets/check/check_file.h"
+#include "streets/file/database.h"
 #include "streets/file/file_error.h"
 #include "streets/file/street_files.h"
 #include "support/temporary_folder.h"
@@ -59,6 +60,25 @@ TEST_F(StreetFileTest, ForeignFilesAreTold) {
   constexpr std::size_t kApplicationAt = 68;
   Patch(kApplicationAt, std::string(4, '\0'));  // another program's file of the same store
   EXPECT_EQ(Complaint(path_), " is not a streets file.");
+}
+
+// The files as they lie on the disk while somebody writes are those that a killed program leaves behind.
+TEST_F(StreetFileTest, WhatAKilledWriterLeftIsUndoneByWhoeverReadsNext) {
+  {
+    Database writer(path_, Database::Use::Write, 0);
+    writer.Execute("CREATE TABLE Kept (text)");
+    writer.Execute("PRAGMA cache_size = 1; PRAGMA cache_spill = 1");
+    Transaction half(writer);
+    writer.Execute("CREATE TABLE Half (text)");
+    writer.Execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500) INSERT INTO Half SELECT hex(zeroblob(1000)) FROM n");
+    folder_.Write("left.zds", ReadAll(path_));
+    folder_.Write("left.zds-journal", ReadAll(path_ + "-journal"));
+  }
+  const std::string left = folder_ / "left.zds";
+  Database reader(left, Database::Use::Read, 0);
+  EXPECT_EQ(reader.Ask("SELECT count(*) FROM sqlite_schema WHERE name = 'Kept'"), 1);
+  EXPECT_EQ(reader.Ask("SELECT count(*) FROM sqlite_schema WHERE name = 'Half'"), 0);
+  EXPECT_THROW(reader.Execute("CREATE TABLE Written (text)"), FileError);
 }
 
 TEST_F(StreetFileTest, ANewerFormatIsTold) {

@@ -8,8 +8,8 @@ namespace engine {
 
 /// Finds the first page of a list in a store that plans statements by what it knows of the tables (Dialect::byNoIndex). What it doesn't
 /// know well is whether rows that fit stand near the list's beginning, and it takes walks for far cheaper than they may be. So a short
-/// stretch of the list is walked, where no driver leads to very few rows; when the page isn't full then, one statement finds all rows that fit, by whatever way the store
-/// knows, and keeps the first ones.
+/// stretch of the list is walked, where no driver leads to very few rows; when the page isn't full then, one statement finds all rows
+/// that fit, by whatever way the store knows, and keeps the first ones.
 class PlannedLook {
  public:
   /// `rows`, `bounded`: as for FirstLook; neither where no index gives the order. `all`: the plan's rows by a walk that puts them in order.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/rows/key_batch.h"
 #include "engine/text/text_order.h"
 
 namespace engine {
@@ -110,21 +111,16 @@ void KeyWalker::ReadRows(std::span<const std::int64_t> rowKeys, const Sink& sink
     for (const std::int64_t rowKey : rowKeys) ReadRow(rowKey, sink);
     return;
   }
-  constexpr std::size_t kFew = 8;
-  constexpr std::size_t kMost = 64;
-  for (std::size_t first = 0; first < rowKeys.size(); first += kMost) {
-    const std::size_t here = std::min(kMost, rowKeys.size() - first);
-    const std::size_t asked = here <= kFew ? kFew : kMost;
-    SqlText& text = rows_[asked];
+  for (KeyBatch batch; batch.End() < rowKeys.size();) {
+    batch = KeyBatch::From(batch.End(), rowKeys.size());
+    SqlText& text = rows_[batch.parameters];
     if (text.text.empty()) {
       const PlanTable& table = shape_.plan.tables.front();
       text.text = "SELECT " + shape_.columnList + ", " + keyColumns_ + " FROM " + table.table->storeName + " AS " + table.alias + " WHERE " +
-                  rowKey_ + " IN (";
-      for (std::size_t i = 1; i <= asked; ++i) text.text += (i == 1 ? "" : ", ") + dialect_.Parameter(i);
-      text.text += ')';
+                  rowKey_ + InParameters(dialect_, batch.parameters);
     }
     Query query(store_, text);
-    for (std::size_t i = 0; i < asked; ++i) query.Bind(static_cast<int>(i) + 1, rowKeys[first + std::min(i, here - 1)]);
+    batch.Bind(query, [&](std::size_t row) { return rowKeys[row]; });
     while (query.Step()) sink(query);
   }
 }

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "engine/errors.h"
+#include "engine/rows/key_batch.h"
 #include "engine/rows/key_walker.h"
 #include "platform/values/text.h"
 
@@ -76,9 +77,7 @@ std::string RowShape::FromByKeys(const Dialect& dialect, std::size_t values) con
     from += " LEFT JOIN " + named(i) + " ON " + (table.follows ? join : byKey(i) + (join.empty() ? "" : " AND " + join));
   }
   if (values == 1) return from + " WHERE " + byKey(driving);
-  from += " WHERE " + plan.tables[driving].alias + '.' + plan.tables[driving].table->rowKey + " IN (";
-  for (std::size_t i = 1; i <= values; ++i) from += (i == 1 ? "" : ", ") + dialect.Parameter(i);
-  return from + ')';
+  return from + " WHERE " + plan.tables[driving].alias + '.' + plan.tables[driving].table->rowKey + InParameters(dialect, values);
 }
 
 const std::shared_ptr<KeyWalker>& RowShape::Walker(Store& store, const std::vector<OrderColumn>& order, const std::string& index) const {
@@ -185,28 +184,26 @@ bool RowSource::FetchesTogether() const {
 }
 
 std::vector<int> RowSource::FetchTogether(std::span<const std::int64_t> keys, RowPage& page) {
-  constexpr std::size_t kFew = 8;
-  constexpr std::size_t kMost = 64;
   const std::size_t width = KeyCount();
   const auto driving = static_cast<std::size_t>(Plan().driving);
   const std::size_t rows = keys.size() / width;
   std::vector<int> places(rows, -1);
   const int keysAt = static_cast<int>(Plan().columns.size());
-  for (std::size_t first = 0; first < rows; first += kMost) {
-    const std::size_t here = std::min(kMost, rows - first);
-    const std::size_t asked = here <= kFew ? kFew : kMost;
-    SqlText& text = together_[asked];
-    if (text.text.empty()) text.text = "SELECT " + ColumnList() + ", " + KeyList() + " FROM " + shape_->FromByKeys(OwnDialect(), asked);
+  for (KeyBatch batch; batch.End() < rows;) {
+    batch = KeyBatch::From(batch.End(), rows);
+    SqlText& text = together_[batch.parameters];
+    if (text.text.empty())
+      text.text = "SELECT " + ColumnList() + ", " + KeyList() + " FROM " + shape_->FromByKeys(OwnDialect(), batch.parameters);
     RowPage found(page.columns, width);
     std::unordered_map<std::int64_t, std::size_t> rowOf;
     Query query(Store(), text);
-    for (std::size_t i = 0; i < asked; ++i) query.Bind(static_cast<int>(i) + 1, keys[(first + std::min(i, here - 1)) * width + driving]);
+    batch.Bind(query, [&](std::size_t row) { return keys[row * width + driving]; });
     while (query.Step()) {
       rowOf.emplace(query.Int(keysAt + static_cast<int>(driving)), found.Rows());
       ReadCells(query, 0, found);
       ReadKeys(query, keysAt, found);
     }
-    for (std::size_t i = first; i < first + here; ++i) {
+    for (std::size_t i = batch.first; i < batch.End(); ++i) {
       const std::int64_t* const wanted = &keys[i * width];
       const auto row = rowOf.find(wanted[driving]);
       if (row == rowOf.end() || !AllThere(wanted, [&](std::size_t table) { return found.KeysOf(row->second)[table] != kNoRowKey; }))
@@ -228,17 +225,17 @@ std::vector<std::int64_t> RowSource::TestTogether(std::span<const std::int64_t> 
   const auto driving = static_cast<std::size_t>(Plan().driving);
   const std::size_t rows = keys.size() / width;
   std::vector<std::int64_t> fit;
-  if (rows == 0) return fit;
-  const std::string from = shape_->FromByKeys(OwnDialect(), std::max<std::size_t>(rows, 2));
-  Query query(Store(), "SELECT (" + std::string(criterion) + "), " + KeyList() + " FROM " + from);
-  for (std::size_t i = 0; i < std::max<std::size_t>(rows, 2); ++i)
-    query.Bind(static_cast<int>(i) + 1, keys[std::min(i, rows - 1) * width + driving]);
-  while (query.Step()) {
-    const std::int64_t key = query.Int(1 + static_cast<int>(driving));
-    const std::int64_t* wanted = nullptr;
-    for (std::size_t i = 0; i < rows && wanted == nullptr; ++i)
-      if (keys[i * width + driving] == key) wanted = &keys[i * width];
-    if (wanted != nullptr && AllThere(query, 1, wanted) && !query.IsNull(0) && query.Int(0) != 0) fit.push_back(key);
+  for (KeyBatch batch; batch.End() < rows;) {
+    batch = KeyBatch::From(batch.End(), rows);
+    Query query(Store(), "SELECT (" + std::string(criterion) + "), " + KeyList() + " FROM " + shape_->FromByKeys(OwnDialect(), batch.parameters));
+    batch.Bind(query, [&](std::size_t row) { return keys[row * width + driving]; });
+    while (query.Step()) {
+      const std::int64_t key = query.Int(1 + static_cast<int>(driving));
+      const std::int64_t* wanted = nullptr;
+      for (std::size_t i = batch.first; i < batch.End() && wanted == nullptr; ++i)
+        if (keys[i * width + driving] == key) wanted = &keys[i * width];
+      if (wanted != nullptr && AllThere(query, 1, wanted) && !query.IsNull(0) && query.Int(0) != 0) fit.push_back(key);
+    }
   }
   return fit;
 }

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+
+#include "engine/store/dialect.h"
+#include "engine/store/query.h"
+
+namespace engine {
+
+/// Rows asked for together by their keys, a batch a statement. A batch has one of two sizes, so that two texts are prepared and not one for
+/// each number; its last key fills the rest.
+struct KeyBatch {
+  std::size_t first = 0;
+  std::size_t rows = 0;
+  std::size_t parameters = 0;
+
+  /// The one that begins with the row of that number, of `total`.
+  static KeyBatch From(std::size_t first, std::size_t total) {
+    constexpr std::size_t kFew = 8;
+    constexpr std::size_t kMost = 64;
+    const std::size_t rows = std::min(kMost, total - first);
+    return {first, rows, rows <= kFew ? kFew : kMost};
+  }
+  std::size_t End() const noexcept { return first + rows; }
+
+  /// `keyOf` gives a row's key by its number.
+  template <class KeyOf>
+  void Bind(Query& query, KeyOf keyOf) const {
+    for (std::size_t i = 0; i < parameters; ++i) query.Bind(static_cast<int>(i) + 1, keyOf(first + std::min(i, rows - 1)));
+  }
+};
+
+/// "IN (" with so many parameters, from the first on.
+inline std::string InParameters(const Dialect& dialect, std::size_t count) {
+  std::string text = " IN (";
+  for (std::size_t i = 1; i <= count; ++i) text += (i == 1 ? "" : ", ") + dialect.Parameter(i);
+  return text + ')';
+}
+
+}  // namespace engine

@@ -1,6 +1,7 @@
 #include "engine/cursor/cursor.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "engine/errors.h"
 
@@ -18,84 +19,108 @@ std::int32_t Cursor::RecordCount() { return static_cast<std::int32_t>(std::min<s
 
 // ---- where it stands
 
+Cursor::Position& Cursor::Now() const {
+  // What fails is asked for again by whoever looks next.
+  switch (owed_) {
+    case Owed::FirstRow:
+      position_ = {};
+      if (list_->First(position_.place))
+        position_.standing = Standing::OnRow;
+      else
+        position_.bof = position_.eof = true;
+      break;
+    case Owed::Ends:
+      position_.bof = position_.eof = !list_->AnyRow();
+      break;
+    case Owed::Nothing:
+      break;
+  }
+  owed_ = Owed::Nothing;
+  return position_;
+}
+
 void Cursor::StandOnFirst() {
   editor_.Drop();
-  Place place;
-  if (list_->First(place)) return BecomeCurrent(std::move(place));
-  standing_ = Standing::Nowhere;
-  bof_ = eof_ = true;
+  owed_ = Owed::FirstRow;
+  const bool canWait = type_ == RecordsetType::Table && list_->Source().OwnDialect().rowsAtOnce > 1;
+  if (!canWait) Now();
 }
 
 void Cursor::BeginNowhere() {
-  standing_ = Standing::Nowhere;
-  bof_ = eof_ = !list_->AnyRow();
+  position_.standing = Standing::Nowhere;
+  owed_ = Owed::Ends;
+  Now();
 }
 
 void Cursor::BecomeCurrent(Place place) {
-  place_ = std::move(place);
-  standing_ = Standing::OnRow;
-  bof_ = eof_ = false;
+  owed_ = Owed::Nothing;
+  position_ = {std::move(place), Standing::OnRow};
 }
 
-void Cursor::StandNowhere() { standing_ = Standing::Nowhere; }
+void Cursor::StandNowhere() {
+  if (owed_ == Owed::FirstRow) owed_ = Owed::Ends;
+  position_.standing = Standing::Nowhere;
+}
 
 void Cursor::Reorder(std::shared_ptr<RowList> list) {
-  editor_.Drop();
   list_ = std::move(list);
   window_.reset();
   StandOnFirst();
 }
 
 void Cursor::RequireRow() const {
-  if (standing_ == Standing::Nowhere) throw errors::NoCurrentRecord();
-  if (standing_ == Standing::OnDeletedRow) throw errors::RecordDeleted();
+  const Standing standing = Now().standing;
+  if (standing == Standing::Nowhere) throw errors::NoCurrentRecord();
+  if (standing == Standing::OnDeletedRow) throw errors::RecordDeleted();
 }
 
 // ---- moving
 
 void Cursor::MoveFirst() {
-  if (bof_ && eof_) throw errors::NoCurrentRecord();
-  editor_.Drop();
+  if (Now().bof && Now().eof) throw errors::NoCurrentRecord();
   StandOnFirst();
 }
 
 void Cursor::MoveLast() {
-  if (bof_ && eof_) throw errors::NoCurrentRecord();
+  Position& now = Now();
+  if (now.bof && now.eof) throw errors::NoCurrentRecord();
   editor_.Drop();
   Place place;
   if (list_->Last(place)) return BecomeCurrent(std::move(place));
-  standing_ = Standing::Nowhere;
-  bof_ = eof_ = true;
+  now.standing = Standing::Nowhere;
+  now.bof = now.eof = true;
 }
 
 void Cursor::Move(std::int32_t rows) {
-  const bool blocked = (bof_ && eof_) || (bof_ && rows <= 0) || (eof_ && rows >= 0);
-  if (blocked || (standing_ == Standing::Nowhere && !bof_ && !eof_)) throw errors::NoCurrentRecord();
+  const Position& now = Now();
+  const bool blocked = (now.bof && now.eof) || (now.bof && rows <= 0) || (now.eof && rows >= 0);
+  if (blocked || (now.standing == Standing::Nowhere && !now.bof && !now.eof)) throw errors::NoCurrentRecord();
   editor_.Drop();
   if (rows == 0) {
     RequireRow();
-    if (!list_->Fetch(place_)) throw errors::RecordDeleted();
+    if (!list_->Fetch(Now().place)) throw errors::RecordDeleted();
     return;
   }
   const bool forward = rows > 0;
   for (std::int64_t left = rows > 0 ? std::int64_t{rows} : -std::int64_t{rows}; left > 0; --left) {
     Step(forward);
-    if (forward ? eof_ : bof_) return;
+    if (forward ? now.eof : now.bof) return;
   }
 }
 
 // From an end the next row is the first (last) one; past an end there is none, and that end's flag tells so.
 void Cursor::Step(bool forward) {
-  const bool fromEnd = standing_ == Standing::Nowhere;
-  const bool moved =
-      !fromEnd ? (forward ? list_->Next(place_) : list_->Previous(place_)) : (forward ? list_->First(place_) : list_->Last(place_));
+  Position& now = Now();
+  Place& place = now.place;
+  const bool fromEnd = now.standing == Standing::Nowhere;
+  const bool moved = !fromEnd ? (forward ? list_->Next(place) : list_->Previous(place)) : (forward ? list_->First(place) : list_->Last(place));
   if (moved) {
-    standing_ = Standing::OnRow;
-    bof_ = eof_ = false;
+    now.standing = Standing::OnRow;
+    now.bof = now.eof = false;
     return;
   }
-  standing_ = Standing::Nowhere;
-  (forward ? eof_ : bof_) = true;
+  now.standing = Standing::Nowhere;
+  (forward ? now.eof : now.bof) = true;
 }
 
 // ---- searching
@@ -106,8 +131,9 @@ void Cursor::FindNext(std::string_view criterion) { Find(criterion, true); }
 void Cursor::Find(std::string_view criterion, bool next) {
   if (type_ == RecordsetType::Table) throw errors::NotSupported();
   // Behind the last row nothing follows; from before the first row, and from nowhere, the search begins at the first.
-  const bool nothingFollows = next && standing_ == Standing::Nowhere && eof_ && !bof_;
-  const Place* after = next && standing_ != Standing::Nowhere ? &place_ : nullptr;
+  const Position& now = Now();
+  const bool nothingFollows = next && now.standing == Standing::Nowhere && now.eof && !now.bof;
+  const Place* after = next && now.standing != Standing::Nowhere ? &now.place : nullptr;
   Place found;
   const bool matched = list_->Find(criterion, after, found) && !nothingFollows;
   editor_.Drop();
@@ -131,7 +157,7 @@ platform::Value Cursor::Field(int index) const {
   if (index < 0 || static_cast<std::size_t>(index) >= Fields().size()) throw platform::error::ItemNotFound();
   if (editor_.Mode() != EditMode::None) return editor_.Field(index);
   RequireRow();
-  return place_.Cell(static_cast<std::size_t>(index));
+  return Now().place.Cell(static_cast<std::size_t>(index));
 }
 
 void Cursor::SetField(int index, const platform::Value& value) {
@@ -155,25 +181,27 @@ void Cursor::Edit() {
   RequireWritable();
   RequireRow();
   editor_.Drop();
-  Place fresh = place_;
+  Place fresh = Now().place;
   if (!list_->Fetch(fresh)) throw errors::RecordDeleted();
-  place_ = std::move(fresh);
-  editor_.BeginEdit(place_);
+  Now().place = std::move(fresh);
+  editor_.BeginEdit(Now().place);
 }
 
 void Cursor::Update() {
   if (editor_.Mode() == EditMode::None) throw errors::UpdateWithoutEdit();
   list_->Settle();
+  // Before a row is added: which one was the first, and whether there was any.
+  Position& now = Now();
   if (editor_.Mode() == EditMode::Add) {
     const Place added = list_->Added(editor_.Insert());
     lastModified_ = BookmarkKey(added);
     // The first row of all: it can be moved to, but isn't current.
-    if (bof_ && eof_) bof_ = false;
+    if (now.bof && now.eof) now.bof = false;
     return;
   }
   editor_.Write();
-  list_->Changed(place_);
-  lastModified_ = BookmarkKey(place_);
+  list_->Changed(now.place);
+  lastModified_ = BookmarkKey(now.place);
 }
 
 void Cursor::CancelUpdate() {
@@ -185,16 +213,17 @@ void Cursor::Delete() {
   RequireWritable();
   RequireRow();
   editor_.Drop();
-  editor_.Delete(place_);
-  list_->Deleted(place_);
-  standing_ = Standing::OnDeletedRow;
+  Position& now = Now();
+  editor_.Delete(now.place);
+  list_->Deleted(now.place);
+  now.standing = Standing::OnDeletedRow;
 }
 
 // ---- bookmarks
 
 platform::Bookmark Cursor::Bookmark() const {
   RequireRow();
-  return {list_->Source().Set(), BookmarkKey(place_)};
+  return {list_->Source().Set(), BookmarkKey(Now().place)};
 }
 
 void Cursor::SetBookmark(const platform::Bookmark& bookmark) {

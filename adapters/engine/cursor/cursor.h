@@ -31,8 +31,8 @@ class Cursor : public platform::Recordset {
   const std::string& Name() const override { return name_; }
   platform::RecordsetType Type() const override { return type_; }
   bool Updatable() const override;
-  bool Bof() const override { return bof_; }
-  bool Eof() const override { return eof_; }
+  bool Bof() const override { return Now().bof; }
+  bool Eof() const override { return Now().eof; }
   bool NoMatch() const override { return noMatch_; }
   std::int32_t RecordCount() override;
   bool HasRows() override { return list_->AnyRow(); }
@@ -71,18 +71,18 @@ class Cursor : public platform::Recordset {
   platform::RowWindow& Window() override;
   void Close() override;
 
-  /// Stands on the first row, as after opening.
+  /// Stands on the first row, as after opening. A table's is looked for when somebody asks for it, where asking costs most: tables are
+  /// mostly opened to look for one row.
   void StandOnFirst();
 
  protected:
-  enum class Standing { Nowhere, OnRow, OnDeletedRow };
-
   RowList& List() const noexcept { return *list_; }
   RecordsetOwner& Owner() const noexcept { return owner_; }
   std::shared_ptr<RowList> SharedList() const noexcept { return list_; }
   /// Another order of the same rows; the cursor stands on its first row.
   void Reorder(std::shared_ptr<RowList> list);
   void BecomeCurrent(Place place);
+  /// The ends stay as they are.
   void StandNowhere();
   void DropEdit() { editor_.Drop(); }
   void NoMatch(bool noMatch) noexcept { noMatch_ = noMatch; }
@@ -91,6 +91,18 @@ class Cursor : public platform::Recordset {
   virtual std::shared_ptr<Cursor> MakeClone() = 0;
 
  private:
+  enum class Standing { Nowhere, OnRow, OnDeletedRow };
+  struct Position {
+    Place place;
+    Standing standing = Standing::Nowhere;
+    bool bof = false;
+    bool eof = false;
+  };
+  /// What of the position is still to be looked for: whether there is a row at all, or the first one.
+  enum class Owed { Nothing, Ends, FirstRow };
+
+  /// The position, with what was owed of it.
+  Position& Now() const;
   void RequireRow() const;
   void Find(std::string_view criterion, bool next);
   void RequireWritable() const;
@@ -102,10 +114,8 @@ class Cursor : public platform::Recordset {
   platform::RecordsetType type_;
   std::shared_ptr<RowList> list_;
   RowEditor editor_;
-  Place place_;
-  Standing standing_ = Standing::Nowhere;
-  bool bof_ = false;
-  bool eof_ = false;
+  mutable Position position_;
+  mutable Owed owed_ = Owed::Nothing;
   bool noMatch_ = false;
   std::optional<std::string> lastModified_;
   std::unique_ptr<ListWindow> window_;

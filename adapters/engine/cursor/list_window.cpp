@@ -15,10 +15,7 @@ bool ListWindow::PlaceOf(const Bookmark& bookmark, Place& place) {
 }
 
 std::vector<ListRow> ListWindow::RowsAt(std::int64_t ordinal, int count) {
-  if (count <= 0) return {};
-  if (ordinal <= 0) return list_.Rows(nullptr, true, count);
-  Place before;
-  return list_.At(ordinal - 1, before) ? list_.Rows(&before, true, count) : std::vector<ListRow>();
+  return count <= 0 ? std::vector<ListRow>() : list_.RowsAt(ordinal, count);
 }
 
 std::vector<ListRow> ListWindow::RowsAfter(const Bookmark& row, int count) {

@@ -65,9 +65,8 @@ void TableRecordset::Seek(std::string_view comparison, std::span<const Value> ke
   if (std::ranges::find(kComparisons, comparison) == kComparisons.end() || keys.size() > keyFields_.size()) throw errors::InvalidOperation();
   OrderPlace target{KeysFor(keys), 0};
   DropEdit();
-  std::int64_t rowKey = 0;
   Place place;
-  const bool found = SeekPlace(comparison, target, rowKey) && rows_->RowByKey(rowKey, place);
+  const bool found = SeekRow(comparison, target, place);
   NoMatch(!found);
   if (found)
     BecomeCurrent(std::move(place));
@@ -83,37 +82,21 @@ std::vector<Value> TableRecordset::KeysFor(std::span<const Value> given) const {
 
 // "=", ">=" and ">" look upwards for the first row, "<=" and "<" downwards. The row key's own extremes stand before and behind
 // all rows of equal keys.
-bool TableRecordset::SeekPlace(std::string_view comparison, const OrderPlace& target, std::int64_t& rowKey) {
-  KeyWalker& walker = rows_->Walker();
+bool TableRecordset::SeekRow(std::string_view comparison, const OrderPlace& target, Place& place) {
   KeyWalker::Request request;
   OrderPlace from = target;
-  const bool onRowKey = walker.Order().empty();
   request.direction = comparison[0] == '<' ? Direction::Down : Direction::Up;
-  if (onRowKey) {
-    if (target.values[0].IsNull()) return request.direction == Direction::Up && comparison != "=" && SeekEnd(rowKey);
+  if (rows_->Walker().Order().empty()) {
+    if (target.values[0].IsNull()) return request.direction == Direction::Up && comparison != "=" && rows_->First(place);
     const std::int64_t key = target.values[0].As<std::int32_t>();
-    from = {{}, comparison == ">=" || comparison == "=" ? key - 1 : comparison == "<=" ? key + 1 : key};
-    if (comparison == "=") {
-      rowKey = key;
-      return true;
-    }
+    if (comparison == "=") return rows_->RowByKey(key, place);
+    from = {{}, comparison == ">=" ? key - 1 : comparison == "<=" ? key + 1 : key};
   } else {
     from.rowKey = comparison == ">" || comparison == "<=" ? INT64_MAX : INT64_MIN;
     request.equalsOnly = comparison == "=";
   }
   request.from = &from;
-  request.keysOnly = true;
-  return walker.Read(request, [&](const Query& row) {
-    rowKey = row.Int(walker.RowKeyAt(true));
-    return true;
-  }) == 1;
-}
-
-bool TableRecordset::SeekEnd(std::int64_t& rowKey) {
-  Place place;
-  if (!rows_->First(place)) return false;
-  rowKey = place.keys[0];
-  return true;
+  return rows_->NextRow(request, place);
 }
 
 std::shared_ptr<Cursor> TableRecordset::MakeClone() {

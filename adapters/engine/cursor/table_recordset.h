@@ -24,8 +24,7 @@ class TableRecordset final : public Cursor {
 
  private:
   std::vector<platform::Value> KeysFor(std::span<const platform::Value> given) const;
-  bool SeekPlace(std::string_view comparison, const OrderPlace& target, std::int64_t& rowKey);
-  bool SeekEnd(std::int64_t& rowKey);
+  bool SeekRow(std::string_view comparison, const OrderPlace& target, Place& place);
 
   std::shared_ptr<RowSource> source_;
   std::shared_ptr<IndexedList> rows_;

@@ -76,6 +76,12 @@ bool Fences::LookOn(std::vector<Fence>& places) {
   return read == kSliceRows;
 }
 
+const Fences::Fence* Fences::Before(std::int64_t ordinal) const {
+  const auto beyond = std::ranges::partition_point(fences_, [&](const Fence& fence) { return fence.rows <= ordinal; });
+  const bool known = beyond != fences_.begin() && (beyond != fences_.end() || done_ || ordinal - (beyond - 1)->rows < kSpacing);
+  return bounded_ == nullptr && known ? &*(beyond - 1) : nullptr;
+}
+
 std::optional<OrderPlace> Fences::At(std::int64_t ordinal) {
   // A fence of the list's own rows stands on the last that it counts; one of a filtered list may stand on a row that isn't in it.
   const bool onRows = bounded_ == nullptr;

@@ -26,6 +26,13 @@ class Fences {
   /// Rows that the collected fences cover.
   std::int64_t Rows() const { return rows_; }
 
+  /// Where the rows up to a place are counted, with it.
+  struct Fence {
+    OrderPlace place;
+    std::int64_t rows = 0;  ///< of the list
+  };
+  /// The last fence before the row with that number, of a list without a filter; nullptr when they don't reach so far.
+  const Fence* Before(std::int64_t ordinal) const;
   /// The place with that number, when the fences reach so far.
   std::optional<OrderPlace> At(std::int64_t ordinal);
   /// The number of a place (of the first row behind it when it is gone), when the fences reach so far.
@@ -34,10 +41,6 @@ class Fences {
  private:
   static constexpr std::int64_t kSpacing = 128;
   static constexpr std::int64_t kSliceRows = 8192;
-  struct Fence {
-    OrderPlace place;
-    std::int64_t rows = 0;  ///< of the list, up to the place and with it
-  };
   /// Of a list with a filter: which of the table's rows pass it, a bit for each row key.
   class Passing {
    public:

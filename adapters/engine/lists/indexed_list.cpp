@@ -169,14 +169,14 @@ OrderPlace IndexedList::OrderInPage(const RowPage& page, std::size_t row) const 
   return place;
 }
 
-const IndexedList::Segment& IndexedList::ReadSegment(const Place* from, bool forward, std::int64_t limit) {
+const IndexedList::Segment& IndexedList::ReadSegment(const Place* from, bool forward, std::int64_t limit, std::int64_t skip) {
   // Rows alone are read in one state anyway. Where asking costs most, a row that keeps its place may be newer than the others.
   std::optional<Transaction> oneState;
   if (!pinned_.empty() && Source().OwnDialect().rowsAtOnce == 1) oneState.emplace(Source().Store(), Transaction::Kind::Read);
   Segment segment;
   auto page = NewPage();
   bool ended = false;
-  ReadTableRows(from, forward, limit, *page, ended);
+  ReadTableRows(from, forward, limit, skip, *page, ended);
   segment.page = std::move(page);
   if (!pinned_.empty()) MergePinned(from, forward, ended, segment);
   segment.reachesEnd = forward && ended;
@@ -189,7 +189,7 @@ const IndexedList::Segment& IndexedList::ReadSegment(const Place* from, bool for
 }
 
 // The rows as the table has them, without those that the list holds elsewhere; in list order.
-void IndexedList::ReadTableRows(const Place* from, bool forward, std::int64_t limit, RowPage& page, bool& ended) {
+void IndexedList::ReadTableRows(const Place* from, bool forward, std::int64_t limit, std::int64_t skip, RowPage& page, bool& ended) {
   if (from != nullptr && from->added > 0) {
     if (forward) {
       ended = true;
@@ -203,6 +203,7 @@ void IndexedList::ReadTableRows(const Place* from, bool forward, std::int64_t li
   request.direction = forward ? forward_ : Opposite(forward_);
   request.from = from != nullptr ? &place : nullptr;
   request.limit = limit + static_cast<std::int64_t>(pinned_.size());
+  request.skip = skip;
   std::vector<std::size_t> dropped;
   page.cells.Reserve(static_cast<std::size_t>(limit) * page.columns);
   page.keys.reserve(static_cast<std::size_t>(limit));
@@ -282,23 +283,32 @@ int IndexedList::ComparePlaces(const Place& left, const Place& right) const {
   return forward_ == Direction::Up ? order : -order;
 }
 
-bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
+bool IndexedList::ReadOne(const RowRead& read, Place& place) {
   Segment single;
   auto page = NewPage();
   page->cells.Reserve(page->columns);
-  if (!walker_->ReadRow(rowKey, [&](const Query& row) {
-        walker_->AppendRow(row, *page);
-        return true;
-      }))
-    return false;
+  read([&](const Query& row) {
+    walker_->AppendRow(row, *page);
+    return true;
+  });
+  if (page->Rows() == 0) return false;
   single.page = std::move(page);
   SetPlace(place, single, 0);
   place.ordinal = -1;
+  return true;
+}
+
+bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
+  if (!ReadOne([&](const KeyWalker::Sink& sink) { walker_->ReadRow(rowKey, sink); }, place)) return false;
   if (const auto pinned = pinned_.find(rowKey); pinned != pinned_.end()) {
     place.order = pinned->second.place.values;
     place.added = pinned->second.added;
   }
   return true;
+}
+
+bool IndexedList::NextRow(const KeyWalker::Request& request, Place& place) {
+  return ReadOne([&](const KeyWalker::Sink& sink) { walker_->Read(request, sink); }, place);
 }
 
 bool IndexedList::PlaceByKey(std::int64_t rowKey, Place& place) {
@@ -320,8 +330,14 @@ std::string IndexedList::KeyOf(const Place& place) const {
   return key;
 }
 
+// Whoever has changed a row mostly goes there, with the row that was read behind the change.
 Place IndexedList::PlaceOf(const std::string& key) {
   Place place;
+  if (foundLast_.page != nullptr && foundLast_.keys[0] == RowKeyIn(key) && foundVersion_ == Source().RecentVersion()) {
+    place = foundLast_;
+    place.ordinal = -1;
+    return place;
+  }
   if (!RowByKey(RowKeyIn(key), place)) throw errors::RecordDeleted();
   return place;
 }
@@ -345,7 +361,7 @@ bool IndexedList::WindowPlace(const std::string& key, Place& place) {
 }
 
 bool IndexedList::Find(std::string_view criterion, const Place* after, Place& found) {
-  foundLast_.keys.clear();
+  foundLast_ = {};
   const std::uint64_t version = Source().KnownVersion();
   if (!search_.Find(criterion, after, found)) return false;
   foundLast_.keys = found.keys;
@@ -370,11 +386,11 @@ Place IndexedList::Added(const std::vector<std::int64_t>& keys) {
 
 void IndexedList::Changed(Place& place) {
   const Place before = place;
+  const std::uint64_t version = Source().Version();
   if (!RowByKey(place.keys[0], place)) return;
   place.ordinal = before.ordinal;
   foundLast_ = place;
-  foundLast_.page.reset();
-  foundVersion_ = Source().KnownVersion();
+  foundVersion_ = version;
   if (!shape_.keepsPlaces || pinned_.contains(place.keys[0])) return;
   // With a filter the row may have left it, which only the store could tell: it keeps its place in any case.
   if (walker_->Compare(OrderOf(place), OrderOf(before)) == 0 && Source().Plan().where.empty()) return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <list>
 #include <memory>
 #include <optional>
@@ -55,6 +56,7 @@ class IndexedList final : public RowList, public IndexedRows {
   void Changed(Place& place) override;
   void Deleted(const Place& place) override;
   std::vector<platform::ListRow> Rows(const Place* from, bool forward, int count) override;
+  std::vector<platform::ListRow> RowsAt(std::int64_t ordinal, int count) override;
   std::int64_t Count() override;
   bool CountIsExact() override;
   bool At(std::int64_t ordinal, Place& place) override;
@@ -62,7 +64,9 @@ class IndexedList final : public RowList, public IndexedRows {
   bool IdleSlice() override;
 
   bool RowByKey(std::int64_t rowKey, Place& place) override;
-  /// The same without the row.
+  /// The first row that a request finds in the table; false when there is none.
+  bool NextRow(const KeyWalker::Request& request, Place& place);
+  /// Where the row with that key stands, without the row.
   bool PlaceByKey(std::int64_t rowKey, Place& place);
   int ComparePlaces(const Place& left, const Place& right) const override;
   std::vector<std::int64_t> PinnedRows() const override;
@@ -84,13 +88,16 @@ class IndexedList final : public RowList, public IndexedRows {
     bool reachesEnd = false;
   };
 
+  using RowRead = std::function<void(const KeyWalker::Sink& sink)>;
+  bool ReadOne(const RowRead& read, Place& place);
   bool Step(Place& place, bool forward);
   bool TakeEnd(Place& place, bool forward);
   void SetPlace(Place& place, const Segment& segment, std::size_t row) const;
   const Segment* SegmentOf(const Place& place, std::size_t& row);
   const Segment* SegmentAtEnd(bool atStart);
-  const Segment& ReadSegment(const Place* from, bool forward, std::int64_t limit);
-  void ReadTableRows(const Place* from, bool forward, std::int64_t limit, RowPage& page, bool& ended);
+  const Segment& ReadSegment(const Place* from, bool forward, std::int64_t limit, std::int64_t skip = 0);
+  std::vector<platform::ListRow> RowsOf(const Segment& segment) const;
+  void ReadTableRows(const Place* from, bool forward, std::int64_t limit, std::int64_t skip, RowPage& page, bool& ended);
   void MergePinned(const Place* from, bool forward, bool ended, Segment& segment);
   void DropStalePages();
   OrderPlace OrderOf(const Place& place) const;
@@ -108,7 +115,7 @@ class IndexedList final : public RowList, public IndexedRows {
   std::list<Segment> segments_;  ///< last used first
   std::uint64_t segmentsVersion_ = 0;
   std::unordered_map<std::int64_t, Pinned> pinned_;
-  Place foundLast_;  ///< without its row
+  Place foundLast_;  ///< or changed, then with its row
   std::uint64_t foundVersion_ = 0;
   std::int64_t lastAdded_ = 0;
   std::int64_t likelyRows_ = 0;  ///< a guess from the first rows of a filter, 0 for none

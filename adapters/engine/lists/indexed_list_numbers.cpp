@@ -210,6 +210,32 @@ bool IndexedList::At(std::int64_t ordinal, Place& place) {
   return true;
 }
 
+std::vector<platform::ListRow> IndexedList::RowsOf(const Segment& segment) const {
+  std::vector<platform::ListRow> rows;
+  for (std::size_t i = 0; i < segment.page->Rows(); ++i) {
+    Place at;
+    SetPlace(at, segment, i);
+    rows.push_back(ShownRow(at));
+  }
+  return rows;
+}
+
+// Where asking costs most, the way from the fence to the row and the page are one statement.
+std::vector<platform::ListRow> IndexedList::RowsAt(std::int64_t ordinal, int count) {
+  DropStalePages();
+  const bool together = Source().OwnDialect().rowsAtOnce > 1 && pinned_.empty() && !shape_.bounded;
+  const Fences::Fence* fence = together ? fences_.Before(ordinal) : nullptr;
+  if (fence == nullptr) return RowList::RowsAt(ordinal, count);
+  KeyWalker::Request request;
+  request.direction = forward_;
+  request.from = &fence->place;
+  if (!walker_->CanSkip(request)) return RowList::RowsAt(ordinal, count);
+  Place from;
+  from.keys.assign(1, fence->place.rowKey);
+  from.order = fence->place.values;
+  return RowsOf(ReadSegment(&from, true, count, ordinal - fence->rows));
+}
+
 std::vector<platform::ListRow> IndexedList::Rows(const Place* from, bool forward, int count) {
   DropStalePages();
   if (!pinned_.empty()) return RowList::Rows(from, forward, count);
@@ -222,16 +248,7 @@ std::vector<platform::ListRow> IndexedList::Rows(const Place* from, bool forward
       return RowList::Rows(from, forward, count);
   }
   // Where asking costs most, a page is kept, so that the next one needn't ask where it begins.
-  if (Source().OwnDialect().rowsAtOnce > 1) {
-    const Segment& read = ReadSegment(from, forward, count);
-    std::vector<platform::ListRow> shown;
-    for (std::size_t i = 0; i < read.page->Rows(); ++i) {
-      Place at;
-      SetPlace(at, read, i);
-      shown.push_back(ShownRow(at));
-    }
-    return shown;
-  }
+  if (Source().OwnDialect().rowsAtOnce > 1) return RowsOf(ReadSegment(from, forward, count));
   // A window's page goes straight into its rows.
   OrderPlace place;
   if (from != nullptr) place = OrderOf(*from);

@@ -130,19 +130,6 @@ std::shared_ptr<RowList> LongFiltered(const std::shared_ptr<RowSource>& source, 
   return std::make_shared<KeysetList>(source, KeysetList::Walk{order.order, order.index, order.descending}, std::move(first));
 }
 
-// All keys of one table, put in order here when that is quicker than the store's own sorting.
-std::shared_ptr<RowList> HeldKeys(const std::shared_ptr<RowSource>& source) {
-  const SelectPlan& plan = source->Plan();
-  if (plan.order.size() != 1 || plan.order.front().table != 0) return std::make_shared<KeysetList>(source);
-  if (PlansItself(*source) && plan.order.front().field >= 0 && !FitsExact(*source)) {
-    const KeysetList::Walk walk{{{plan.order.front().sql, plan.order.front().type}}, "", plan.order.front().descending};
-    const auto all = AllInOrder(*source, walk.order);
-    FirstRows first = PlannedLook(*source, nullptr, nullptr, *all, walk.descending ? Direction::Down : Direction::Up).Run();
-    return std::make_shared<KeysetList>(source, walk, std::move(first));
-  }
-  return std::make_shared<KeysetList>(source, OrderColumn{plan.order.front().sql, plan.order.front().type}, plan.order.front().descending);
-}
-
 // A short table's list: the first row by itself, the keys of all others behind it, so that what others add is not in it.
 std::shared_ptr<RowList> FixedAtOpening(const std::shared_ptr<RowSource>& source, const KeysetList::Walk& walk) {
   auto list = std::make_shared<KeysetList>(source, walk);
@@ -152,15 +139,22 @@ std::shared_ptr<RowList> FixedAtOpening(const std::shared_ptr<RowSource>& source
   return list;
 }
 
-// Where asking costs most, the first rows come along with the answer to whether the table is short.
-std::shared_ptr<RowList> ByFirstRows(const std::shared_ptr<RowSource>& source, const KeysetList::Walk& walk) {
+// A list's first rows in the order of a walk, and whether its table is short.
+struct Beginning {
+  FirstRows first;
+  bool isShort = false;
+};
+
+// Where asking costs most, the first rows come along with the answer to whether the table is short. A filter that nothing passes says nothing
+// of the table; but that was all, then.
+Beginning BeginningOf(const std::shared_ptr<RowSource>& source, KeyWalker& walker, bool descending) {
   const PlanTable& table = source->Plan().tables.front();
-  KeyWalker& walker = *source->Shape().Walker(source->Store(), walk.order, walk.index);
   const std::string last = "SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName;
-  FirstRows first{.way = FirstRows::Way::Walk, .version = source->Version()};
-  first.page = std::make_shared<RowPage>(source->Fields().size() + walk.order.size(), 1);
+  Beginning beginning{.first = {.way = FirstRows::Way::Walk, .version = source->Version()}};
+  FirstRows& first = beginning.first;
+  first.page = std::make_shared<RowPage>(source->Fields().size() + walker.Order().size(), 1);
   KeyWalker::Request request;
-  request.direction = walk.descending ? Direction::Down : Direction::Up;
+  request.direction = descending ? Direction::Down : Direction::Up;
   request.limit = source->OwnDialect().rowsAtOnce;
   request.flag = last;
   std::int64_t lastKey = 0;
@@ -170,11 +164,47 @@ std::shared_ptr<RowList> ByFirstRows(const std::shared_ptr<RowSource>& source, c
     return true;
   });
   first.all = read < request.limit;
-  const bool fits = lastKey <= MostHeldAtOnce(*source);
-  source->Shape().knownLong = !fits;
-  if (!fits) return std::make_shared<IndexedList>(source, IndexedList::Shape{walk.order, walk.descending, walk.index, true}, std::move(first));
-  if (first.all) return std::make_shared<KeysetList>(source, walk, std::move(first));
-  return FixedAtOpening(source, walk);
+  beginning.isShort = lastKey <= MostHeldAtOnce(*source);
+  source->Shape().knownLong = !beginning.isShort;
+  return beginning;
+}
+
+// Whether the length of the table is to be found out, and that together with the first rows.
+bool FindsOutByRows(const RowSource& source) {
+  constexpr std::int64_t kCertainly = 20;  // times as long as a short one: what the store believes may be old
+  if (source.OwnDialect().rowsAtOnce <= 1 || source.Shape().knownLong) return false;
+  const std::int64_t most = MostHeldAtOnce(source);
+  if (most <= 0) return false;
+  const ResolvedTable& table = *source.Plan().tables.front().table;
+  source.Shape().knownLong = table.file->LikelyRows(table.definition.name) > kCertainly * most;
+  return !source.Shape().knownLong;
+}
+
+// nullptr: a long table with a filter.
+std::shared_ptr<RowList> ByFirstRows(const std::shared_ptr<RowSource>& source, const KeysetList::Walk& walk) {
+  auto [first, isShort] = BeginningOf(source, *source->Shape().Walker(source->Store(), walk.order, walk.index), walk.descending);
+  if (isShort && first.all) return std::make_shared<KeysetList>(source, walk, std::move(first));
+  if (isShort) return FixedAtOpening(source, walk);
+  if (!source->Plan().where.empty()) return nullptr;
+  return std::make_shared<IndexedList>(source, IndexedList::Shape{walk.order, walk.descending, walk.index, true}, std::move(first));
+}
+
+// All keys of one table, put in order here when that is quicker than the store's own sorting.
+std::shared_ptr<RowList> HeldKeys(const std::shared_ptr<RowSource>& source) {
+  const SelectPlan& plan = source->Plan();
+  if (plan.order.size() != 1 || plan.order.front().table != 0) return std::make_shared<KeysetList>(source);
+  if (PlansItself(*source) && plan.order.front().field >= 0) {
+    const KeysetList::Walk walk{{{plan.order.front().sql, plan.order.front().type}}, "", plan.order.front().descending};
+    const auto all = AllInOrder(*source, walk.order);
+    if (FindsOutByRows(*source)) {
+      auto [few, isShort] = BeginningOf(source, *all, walk.descending);
+      if (isShort && few.all) return std::make_shared<KeysetList>(source, walk, std::move(few));
+    }
+    if (FitsExact(*source)) return std::make_shared<KeysetList>(source, walk.order.front(), walk.descending);
+    FirstRows first = PlannedLook(*source, nullptr, nullptr, *all, walk.descending ? Direction::Down : Direction::Up).Run();
+    return std::make_shared<KeysetList>(source, walk, std::move(first));
+  }
+  return std::make_shared<KeysetList>(source, OrderColumn{plan.order.front().sql, plan.order.front().type}, plan.order.front().descending);
 }
 
 std::shared_ptr<RowList> NewList(const std::shared_ptr<RowSource>& source) {
@@ -187,8 +217,8 @@ std::shared_ptr<RowList> NewList(const std::shared_ptr<RowSource>& source) {
   // With a filter the store may know a better index than that of the order alone.
   const std::string index = plan.where.empty() ? byIndex->index : "";
   const KeysetList::Walk walk{byIndex->order, index, byIndex->descending};
-  const bool unknown = MostHeldAtOnce(*source) > 0 && !source->Shape().knownLong;
-  if (plan.where.empty() && unknown && source->OwnDialect().rowsAtOnce > 1) return ByFirstRows(source, walk);
+  if (!byIndex->behindOthers && FindsOutByRows(*source))
+    if (auto list = ByFirstRows(source, walk)) return list;
   if (!byIndex->behindOthers && FitsExact(*source)) return FixedAtOpening(source, walk);
   if (!plan.where.empty()) {
     const bool byRow = !plan.asksOtherTables || plan.asksByRow;
@@ -199,12 +229,16 @@ std::shared_ptr<RowList> NewList(const std::shared_ptr<RowSource>& source) {
   return std::make_shared<IndexedList>(source, IndexedList::Shape{byIndex->order, byIndex->descending, index, true});
 }
 
+// What such a filter takes changes without anybody's writing.
+bool AsksTheTime(const SelectPlan& plan) { return plan.where.find("now()") != std::string::npos; }
+
 }  // namespace
 
 std::shared_ptr<RowList> ChooseList(const std::shared_ptr<RowSource>& source) {
   std::weak_ptr<RowList>& last = source->Shape().lastList;
   std::shared_ptr<RowList> list;
-  if (const auto older = last.lock(); older && !source->Plan().where.empty()) list = older->OpenAgain(source);
+  const bool canLast = !source->Plan().where.empty() && !AsksTheTime(source->Plan());
+  if (const auto older = last.lock(); older && canLast) list = older->OpenAgain(source);
   if (!list) list = NewList(source);
   last = list;
   return list;

@@ -33,6 +33,12 @@ platform::ListRow RowList::ShownRow(const Place& place) const {
   return {{source_->Set(), KeyOf(place)}, place.page->CellsOf(place.row, source_->Fields().size())};
 }
 
+std::vector<platform::ListRow> RowList::RowsAt(std::int64_t ordinal, int count) {
+  if (ordinal <= 0) return Rows(nullptr, true, count);
+  Place before;
+  return At(ordinal - 1, before) ? Rows(&before, true, count) : std::vector<platform::ListRow>();
+}
+
 std::vector<platform::ListRow> RowList::Rows(const Place* from, bool forward, int count) {
   std::vector<platform::ListRow> rows;
   Place place;

@@ -63,6 +63,8 @@ class RowList {
   // The list as windows show it.
   /// Up to `count` rows behind `from` (before it), or from that end of the list; in list order.
   virtual std::vector<platform::ListRow> Rows(const Place* from, bool forward, int count);
+  /// Up to `count` rows from that number on.
+  virtual std::vector<platform::ListRow> RowsAt(std::int64_t ordinal, int count);
   platform::ListRow ShownRow(const Place& place) const;
   virtual std::int64_t Count() = 0;
   virtual bool CountIsExact() = 0;

@@ -46,7 +46,7 @@ class KeyWalker {
     Direction direction = Direction::Up;
     const OrderPlace* from = nullptr;  ///< nullptr: from the end where the direction starts
     std::int64_t limit = 1;
-    std::int64_t skip = 0;       ///< rows left out first; only from an end
+    std::int64_t skip = 0;       ///< rows left out first; from an end, or where CanSkip
     bool keysOnly = false;       ///< rows without their columns
     bool equalsOnly = false;     ///< only rows whose order columns equal those of `from`
     std::string_view condition;  ///< one more condition on the rows, "" for none
@@ -58,6 +58,8 @@ class KeyWalker {
   /// Takes one row; false ends the reading. Keys-only rows start with the order columns, others with the columns; then the
   /// order columns (others), the row key, the flag.
   using Sink = std::function<bool(const Query& row)>;
+  /// Whether rows can be left out behind its place: where one statement finds all of them.
+  bool CanSkip(const Request& request) const { return LevelsFor(request).size() == 1; }
   /// Returns the number of rows read.
   std::int64_t Read(const Request& request, const Sink& sink);
 

@@ -51,6 +51,8 @@ class StoreFile {
   virtual std::string StoredName(std::string_view table) = 0;
   /// Definition of a table that is there. Raises 3049 for one that isn't ours.
   virtual platform::TableDefinition ReadTable(const std::string& storedName) = 0;
+  /// How many rows the store believed a table to have when its definition was read; 0 where it keeps no such number. Asks nobody.
+  virtual std::int64_t LikelyRows(std::string_view storedName) const { return static_cast<void>(storedName), 0; }
   /// The column that is a table's integer row key, not quoted: its Counter's, or a hidden one's.
   virtual std::string RowKeyOf(const platform::TableDefinition& table) const = 0;
   /// The next number of a table's Counter, taken by a commit of its own: used up whether or not a row ever gets it. Raises 3218

@@ -65,12 +65,16 @@ class OnASlowLine : public SessionTest {
   CountingProxy proxy_;
 };
 
-/// What it takes today, 53 or 54 by what the first idle moments come to: it must not grow.
+/// What it takes today: it must not grow. The first start of all makes the company's links, too.
 TEST_F(OnASlowLine, FromStartToTheList) {
   std::uint64_t opening = 0;
-  const std::uint64_t before = proxy_.Trips();
-  Serve([&](frmCustMain&) { opening = proxy_.Trips() - before; });
-  EXPECT_LE(opening, 54);
+  const auto start = [&] {
+    const std::uint64_t before = proxy_.Trips();
+    Serve([&](frmCustMain&) { opening = proxy_.Trips() - before; });
+    return opening;
+  };
+  EXPECT_LE(start(), 28);
+  EXPECT_LE(start(), 22);
   EXPECT_GT(opening, 0);
   EXPECT_THAT(Reports(), testing::IsEmpty());
 }
@@ -86,9 +90,9 @@ TEST_F(OnASlowLine, TheListStandsUntouchedForNothing) {
 
 TEST_F(OnASlowLine, ACardIsOpenedAndSaved) {
   Serve([&](frmCustMain& screen) {
-    EXPECT_LE(TripsOf([&] { screen.miEditRec.UserClick(); }), 10);
+    EXPECT_LE(TripsOf([&] { screen.miEditRec.UserClick(); }), 6);
     EditOf(screen, "txtAddr2").Text("Suite 1");
-    EXPECT_LE(TripsOf([&] { screen.miSaveRec.UserClick(); }), 13);
+    EXPECT_LE(TripsOf([&] { screen.miSaveRec.UserClick(); }), 8);
     EXPECT_EQ(TripsOf([&] { EXPECT_EQ(Page(screen).size(), 49); }), 0);
   });
   EXPECT_THAT(Reports(), testing::IsEmpty());

@@ -63,6 +63,11 @@ platform::TableDefinition ServerFile::ReadTable(const std::string& storedName) {
   return *found->definition;
 }
 
+std::int64_t ServerFile::LikelyRows(std::string_view storedName) const {
+  const auto found = std::ranges::find(tables_, storedName, &StoredTable::name);
+  return found == tables_.end() ? 0 : found->likelyRows;
+}
+
 // ---- numbers
 
 // A sequence goes on whatever becomes of the transaction. It knows nothing of numbers that were given by hand: where it is behind

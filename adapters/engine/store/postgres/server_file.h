@@ -26,6 +26,7 @@ class ServerFile final : public StoreFile {
   std::vector<std::string> TableNames() override;
   std::string StoredName(std::string_view table) override;
   platform::TableDefinition ReadTable(const std::string& storedName) override;
+  std::int64_t LikelyRows(std::string_view storedName) const override;
   std::string RowKeyOf(const platform::TableDefinition& table) const override { return postgres::RowKeyOf(table); }
   std::int64_t TakeNumber(const platform::TableDefinition& table) override;
   void NumbersGiven(const platform::TableDefinition& table) override;

@@ -199,6 +199,7 @@ TEST_P(Editing, TwoUsersKeepTheirOwnFields) {
 TEST_P(Editing, EditFetchesTheRowAnew) {
   AddPeople({"a"});
   auto rows = Open();
+  EXPECT_TRUE(rows->Field("City").IsNull());
   auto elsewhere = NewEngine();
   auto other = elsewhere->OpenControlDatabase(Path("office.zdb"))->OpenRecordset("People", platform::RecordsetType::Table);
   other->Edit();

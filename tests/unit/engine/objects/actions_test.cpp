@@ -119,6 +119,24 @@ TEST_F(Actions, AStatementThatFailsLeavesTheEngineUsable) {
 
 // ---- rows that are left out, and those that are not
 
+TEST_F(Actions, AListThatAsksTheClockIsLookedForEachTime) {
+  AddPeople({"a"});
+  for (const int exactRows : {0, 20'000}) {
+    engine::EngineOptions options;
+    platform::Date now{45292};
+    options.now = [&] { return now; };
+    options.exactRows = exactRows;
+    const auto engine = office_files::NewEngine(options);
+    const auto database = engine->OpenControlDatabase(Path("office.zdb"));
+    database->Execute("UPDATE People SET Born = Date()");
+    constexpr const char* kBornToday = "SELECT * FROM People WHERE Born = Date()";
+    const auto today = database->OpenRecordset(kBornToday);
+    EXPECT_EQ(today->RecordCount(), 1);
+    now.serial += 1;
+    EXPECT_EQ(database->OpenRecordset(kBornToday)->RecordCount(), 0) << exactRows;
+  }
+}
+
 TEST_F(Actions, RowsWithoutAKeyAreLeftOut) {
   AddPeople({"A", "B", "C"});
   db_->Execute("UPDATE People SET Name = Null WHERE ID = 2");

@@ -38,6 +38,7 @@ std::string CreateGuestText(std::string_view schema, const platform::TableDefini
 struct StoredTable {
   std::string name;
   std::optional<platform::TableDefinition> definition;
+  std::int64_t likelyRows = 0;  ///< as the server's own statistics had it, 0 before these are taken
 };
 std::vector<StoredTable> ReadTables(Channel& channel, std::string_view schema);
 /// The same with the number that AskSchemaVersion gives, in one reading.

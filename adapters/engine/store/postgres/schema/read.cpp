@@ -30,26 +30,27 @@ constexpr std::string_view kVersion =
 enum class Part { Column = 1, Index = 2, Version = 3 };
 constexpr int kPartAt = 8;
 constexpr int kVersionAt = 12;
+constexpr int kRowsAt = 13;
 
 // Columns of all tables, in the tables' and their own order. A dropped one has no name of ours.
 constexpr std::string_view kColumns =
     "SELECT c.relname::text, a.attname::text, t.typname::text, t.typtype = 'd' AND t.typnamespace = n.oid, a.atttypmod - 4, a.attidentity <> '', "
-    "a.attnotnull, pg_get_expr(d.adbin, d.adrelid), 1, c.oid::bigint, a.attnum::bigint, 0::bigint, 0::bigint "
-    "FROM pg_namespace n JOIN pg_class c ON c.relnamespace = n.oid JOIN pg_attribute a ON a.attrelid = c.oid JOIN pg_type t ON t.oid = a.atttypid "
+    "a.attnotnull, pg_get_expr(d.adbin, d.adrelid), 1, c.oid::bigint, a.attnum::bigint, 0::bigint, 0::bigint, "
+    "c.reltuples::bigint FROM pg_namespace n JOIN pg_class c ON c.relnamespace = n.oid JOIN pg_attribute a ON a.attrelid = c.oid JOIN pg_type t ON t.oid = a.atttypid "
     "LEFT JOIN pg_attrdef d ON d.adrelid = c.oid AND d.adnum = a.attnum "
     "WHERE n.nspname = $1 AND c.relkind IN ('r', 'p') AND left(c.relname, 1) <> '~' AND a.attnum > 0 AND NOT a.attisdropped";
 
 // Columns of all indexes, in the order of their making.
 constexpr std::string_view kIndexes =
     "SELECT c.relname::text, x.relname::text, a.attname::text, i.indisunique, 0, false, false, NULL, 2, c.oid::bigint, x.oid::bigint, k.place, "
-    "0::bigint "
+    "0::bigint, 0::bigint "
     "FROM pg_namespace n JOIN pg_class c ON c.relnamespace = n.oid JOIN pg_index i ON i.indrelid = c.oid JOIN pg_class x ON x.oid = i.indexrelid "
     "CROSS JOIN LATERAL unnest(i.indkey) WITH ORDINALITY AS k(number, place) JOIN pg_attribute a ON a.attrelid = c.oid AND a.attnum = k.number "
     "WHERE n.nspname = $1 AND left(c.relname, 1) <> '~'";
 
 std::string EverythingText() {
   return std::string(kColumns) + " UNION ALL " + std::string(kIndexes) +
-         " UNION ALL SELECT NULL, NULL, NULL, false, 0, false, false, NULL, 3, 0, 0, 0, (" + std::string(kVersion) + ") ORDER BY 9, 10, 11, 12";
+         " UNION ALL SELECT NULL, NULL, NULL, false, 0, false, false, NULL, 3, 0, 0, 0, (" + std::string(kVersion) + "), 0 ORDER BY 9, 10, 11, 12";
 }
 
 // 'text'::character varying, '-1'::integer, (-1), 2.5: constants as the server words them.
@@ -72,6 +73,7 @@ struct ReadTable {
   TableDefinition definition;
   std::vector<std::string> refusesNull;
   bool ours = true;
+  std::int64_t likelyRows = 0;
 };
 
 void AddField(ReadTable& table, const Query& query) {
@@ -93,6 +95,7 @@ void AddField(ReadTable& table, const Query& query) {
 
 void AddColumn(std::vector<ReadTable>& tables, const Query& query) {
   if (tables.empty() || tables.back().definition.name != query.Text(0)) tables.emplace_back().definition.name = query.Text(0);
+  tables.back().likelyRows = std::max<std::int64_t>(query.Int(kRowsAt), 0);
   AddField(tables.back(), query);
 }
 
@@ -167,7 +170,7 @@ Definitions ReadDefinitions(Channel& channel, std::string_view schema) {
   }
   indexes.End();
   for (ReadTable& table : read) {
-    StoredTable stored{table.definition.name, {}};
+    StoredTable stored{table.definition.name, {}, table.likelyRows};
     if (table.ours) stored.definition = std::move(table.definition);
     definitions.tables.push_back(std::move(stored));
   }

@@ -76,6 +76,7 @@ printing::EngineServices Services(const ReportPlaces& places) {
   services.keepAlignment = [places](const std::string& printer, const printing::PaintSettings& settings) {
     desktop::KeepAlignment(places.app()->FrontEnd(), printer, {settings.shiftX, settings.shiftY, settings.scale});
   };
+  services.watcher = [places] { return places.app()->Watcher(); };
   services.log = [places](const std::string& line) { places.app()->Log(platform::LogLevel::Warning, line); };
   return services;
 }

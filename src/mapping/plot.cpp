@@ -104,7 +104,7 @@ void frmMap::PlotAll(const platform::RecordsetRef& rows) {
 void frmMap::CollectCustomers(const platform::RecordsetRef& rows) {
   MapCustomers.clear();
   const std::int64_t count = CountOfRows();
-  platform::LongRun run(App(), "Customer Mapping", count);
+  platform::LongRun run(App().Watcher(), "Customer Mapping", count);
   rows->MoveFirst();
   while (!rows->Eof()) {
     const std::string address = AddressInList(rows);

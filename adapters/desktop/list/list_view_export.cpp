@@ -1,11 +1,9 @@
-#include <QCoreApplication>
 #include <QFileDialog>
-#include <QLocale>
-#include <QProgressDialog>
 
 #include "desktop/list/list_act.h"
 #include "desktop/list/list_export.h"
 #include "platform/controls/form/filtered_screen.h"
+#include "platform/host/long_run.h"
 
 // What leaves a list into a file.
 namespace desktop {
@@ -21,8 +19,6 @@ QString EndingOf(const QString& kind) {
   const qsizetype dot = kind.lastIndexOf("*.");
   return kind.mid(dot + 2, kind.lastIndexOf(')') - dot - 2);
 }
-
-QString Figures(qint64 number) { return QLocale(QLocale::English, QLocale::UnitedStates).toString(number); }
 
 }  // namespace
 
@@ -59,16 +55,8 @@ platform::ExportedList ListView::Exported(const platform::Grid& grid) const {
 }
 
 void ListView::ExportTo(const platform::Grid& grid, const QString& path) {
-  QProgressDialog progress(tr("Exporting"), tr("Stop"), 0, 0, window());
-  progress.setObjectName("exportProgress");
-  progress.setWindowModality(Qt::ApplicationModal);
-  progress.setMinimumDuration(500);
-  ExportedRows rows(grid, ShownColumns(), [&](std::int64_t done) {
-    progress.setLabelText(tr("%1 rows").arg(Figures(done)));
-    progress.setValue(0);  // shows it in time, and takes a press of its button
-    QCoreApplication::processEvents();
-    return grid_ == &grid && !progress.wasCanceled();
-  });
+  platform::LongRun run(Host().Watcher(), tr("Exporting").toStdString(), 0);
+  ExportedRows rows(grid, ShownColumns(), [&](std::int64_t done) { return run.Reached(done) && grid_ == &grid; });
   Host().Exports()->Export(Exported(grid), rows, path.toStdString());
 }
 

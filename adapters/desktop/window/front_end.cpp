@@ -168,6 +168,13 @@ bool DesktopFrontEnd::Progress(const platform::ProgressState& state) {
 
 void DesktopFrontEnd::ProgressEnds() { run_.reset(); }
 
+void DesktopFrontEnd::Serve() {
+  constexpr int kBetweenMs = 30;
+  if (lastServed_.isValid() && lastServed_.elapsed() < kBetweenMs) return;
+  DoEvents();
+  lastServed_.restart();
+}
+
 std::optional<platform::PrinterChoice> DesktopFrontEnd::PrinterDialog(platform::Form& form) {
   QPrinter printer;
   QPrintDialog dialog(&printer, WindowOf(form));

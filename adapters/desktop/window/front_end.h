@@ -14,6 +14,7 @@
 #include "desktop/window/form_window.h"
 #include "desktop/window/run_window.h"
 #include "platform/host/front_end.h"
+#include "platform/host/run_watcher.h"
 
 namespace desktop {
 
@@ -46,6 +47,8 @@ class DesktopFrontEnd final : public platform::FrontEnd, public platform::RunWat
   void Pointer(int pointer) override;
   bool Progress(const platform::ProgressState& state) override;
   void ProgressEnds() override;
+  void Serve() override;
+  platform::RunWatcher* Watcher() override { return this; }
   std::optional<platform::PrinterChoice> PrinterDialog(platform::Form& form) override;
   std::string DefaultPrinter() override;
   void Changed(platform::Form& form, platform::Control* control, platform::Aspect aspect) override;
@@ -65,6 +68,7 @@ class DesktopFrontEnd final : public platform::FrontEnd, public platform::RunWat
   std::vector<FormDesign> designs_;
   std::map<const platform::Form*, WindowPointer> windows_;
   QElapsedTimer lastPainting_;
+  QElapsedTimer lastServed_;
   std::optional<RunWindow> run_;
   bool hourglass_ = false;
 };

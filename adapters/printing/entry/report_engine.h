@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/host/run_watcher.h"
 #include "platform/services/list_export.h"
 #include "platform/services/readable_reports.h"
 #include "platform/services/report_engine.h"
@@ -21,6 +22,8 @@ struct EngineServices {
   /// How a printer's pages are moved, and to keep it; either may be empty.
   std::function<PaintSettings(const std::string& printer)> alignment;
   std::function<void(const std::string& printer, const PaintSettings& settings)> keepAlignment;
+  /// Who shows long runs on their way to paper; may be empty.
+  std::function<platform::RunWatcher*()> watcher;
   /// One line for whoever looks after the program: what of a report is wrong, and where.
   std::function<void(const std::string& line)> log;
 };

@@ -3,11 +3,11 @@
 #include <QApplication>
 #include <utility>
 
+#include "platform/host/long_run.h"
 #include "printing/data/report_folder.h"
 #include "printing/entry/numbered.h"
 #include "printing/layout/alignment_sheet.h"
 #include "printing/preview/alignment_dialog.h"
-#include "printing/preview/run_box.h"
 
 namespace printing {
 
@@ -44,8 +44,8 @@ void WindowedEngine::Preview(std::unique_ptr<ReportRun> run, const ReportJob& jo
 }
 
 void WindowedEngine::Print(std::unique_ptr<ReportRun> run, const ReportJob& job) {
-  RunBox box(QObject::tr("Printing:"), nullptr);
-  const Progress progress = [&](std::int64_t done) { return box.GoOn(done); };
+  platform::LongRun shown(services_.watcher ? services_.watcher() : nullptr, QObject::tr("Printing").toStdString(), 0);
+  const Progress progress = [&](std::int64_t done) { return shown.Reached(done); };
   while (run->Advance()) Ask(progress, run->RowsDone());
   PrinterRun printer;
   printer.title = static_cast<const std::string&>(job.WindowTitle);

@@ -23,13 +23,18 @@ void ScriptedFrontEnd::Pointer(int pointer) {
 }
 
 bool ScriptedFrontEnd::Progress(const platform::ProgressState& state) {
-  const bool goesOnInside = watcher_ == nullptr || watcher_->Progress(state);
+  platform::RunWatcher* const inner = inner_->Watcher();
+  const bool goesOnInside = inner == nullptr || inner->Progress(state);
   return stage_.Progress(state) && goesOnInside;
 }
 
 void ScriptedFrontEnd::ProgressEnds() {
-  if (watcher_ != nullptr) watcher_->ProgressEnds();
+  if (platform::RunWatcher* const inner = inner_->Watcher()) inner->ProgressEnds();
   stage_.ProgressEnds();
+}
+
+void ScriptedFrontEnd::Serve() {
+  if (platform::RunWatcher* const inner = inner_->Watcher()) inner->Serve();
 }
 
 void ScriptedFrontEnd::Changed(platform::Form& form, platform::Control* control, platform::Aspect aspect) {

@@ -13,7 +13,7 @@ namespace robot {
 class ScriptedFrontEnd final : public platform::FrontEnd, public platform::RunWatcher {
  public:
   ScriptedFrontEnd(Stage& stage, std::unique_ptr<platform::FrontEnd> inner)
-      : stage_(stage), inner_(std::move(inner)), watcher_(dynamic_cast<platform::RunWatcher*>(inner_.get())) {}
+      : stage_(stage), inner_(std::move(inner)) {}
 
   void Loaded(platform::Form& form) override;
   void Shown(platform::Form& form) override { inner_->Shown(form); }
@@ -26,6 +26,8 @@ class ScriptedFrontEnd final : public platform::FrontEnd, public platform::RunWa
   void Pointer(int pointer) override;
   bool Progress(const platform::ProgressState& state) override;
   void ProgressEnds() override;
+  void Serve() override;
+  platform::RunWatcher* Watcher() override { return this; }
   std::optional<platform::PrinterChoice> PrinterDialog(platform::Form&) override { return stage_.PrinterDialog(); }
   std::string DefaultPrinter() override { return stage_.DefaultPrinter(); }
   void Changed(platform::Form& form, platform::Control* control, platform::Aspect aspect) override;
@@ -33,7 +35,6 @@ class ScriptedFrontEnd final : public platform::FrontEnd, public platform::RunWa
  private:
   Stage& stage_;
   std::unique_ptr<platform::FrontEnd> inner_;
-  platform::RunWatcher* watcher_;  ///< the inner one, where it is such
 };
 
 }  // namespace robot

@@ -57,6 +57,7 @@ class Application final : public FormHost {
   ReportEngine* Reports() const override { return parts_.reports.get(); }
   MapEngine* Map() const override { return parts_.map.get(); }
   ListExport* Exports() const override { return parts_.listExport.get(); }
+  RunWatcher* Watcher() const override { return FrontEnd().Watcher(); }
   platform::FrontEnd& FrontEnd() const { return *parts_.frontEnd; }
   std::optional<PrinterChoice> PrinterDialog(Form& form) override { return FrontEnd().PrinterDialog(form); }
   /// The name of the default printer; "" when there is none.

@@ -9,6 +9,7 @@
 namespace platform {
 
 class Form;
+class RunWatcher;
 
 /// Mouse pointers.
 namespace pointer {
@@ -43,6 +44,8 @@ class FrontEnd {
   virtual std::optional<PrinterChoice> PrinterDialog(Form& form) = 0;
   /// The name of the default printer; "" when there is none.
   virtual std::string DefaultPrinter() = 0;
+  /// Who shows long runs; nullptr for nobody.
+  virtual RunWatcher* Watcher() { return nullptr; }
 
   /// A property of a control of a loaded form changed; `control` is nullptr for the form's own caption.
   virtual void Changed(Form& form, Control* control, Aspect aspect) = 0;

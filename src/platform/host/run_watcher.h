@@ -12,7 +12,7 @@ struct ProgressState {
   std::int64_t total = 0;  ///< 0: not known
 };
 
-/// A front end that lets the user watch long runs. Under one that doesn't they go on to their end.
+/// Lets the user watch long runs. Under a front end without one they go on to their end.
 class RunWatcher {
  public:
   virtual ~RunWatcher() = default;
@@ -20,6 +20,8 @@ class RunWatcher {
   /// ProgressEnds he can start nothing else. Cheap.
   virtual bool Progress(const ProgressState& state) = 0;
   virtual void ProgressEnds() = 0;
+  /// Lets the windows live for a moment, so that a press of Stop arrives; what else the user does waits until the run shows itself.
+  virtual void Serve() = 0;
 };
 
 }  // namespace platform

@@ -18,6 +18,7 @@
 namespace platform {
 
 class Form;
+class RunWatcher;
 
 /// What the user set in the printer dialog.
 struct PrinterChoice {
@@ -52,6 +53,7 @@ class FormHost {
   virtual ReportEngine* Reports() const = 0;
   virtual MapEngine* Map() const = 0;
   virtual ListExport* Exports() const = 0;
+  virtual RunWatcher* Watcher() const = 0;
   /// Shows a box and returns the button pressed, both as in namespace box.
   virtual int MsgBox(const std::string& text, int style, const std::string& title) = 0;
   /// The printer dialog; nothing when the user cancels it.

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_map>
 
+#include "engine/rows/key_batch.h"
 #include "engine/rows/order_prefix.h"
 #include "engine/rows/slices.h"
 
@@ -97,7 +99,7 @@ SortedFeed::SortedFeed(RowSource& source, OrderColumn order, bool descending, Dr
 }
 
 // All rows, those of the shortest driver, or, where other tables can't be asked row by row, whatever way the store knows.
-void SortedFeed::Begin() {
+void SortedFeed::Begin(bool waitedFor) {
   begun_ = true;
   const SelectPlan& plan = source_.Plan();
   const std::string columns = order_.sql + ", " + source_.KeyList();
@@ -106,7 +108,9 @@ void SortedFeed::Begin() {
     entries_.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(SpanOf(source_).Width(), 0, kMostReserved)));
     return CollectAll("SELECT " + columns + " FROM " + plan.from + source_.OwnDialect().withoutIndex);
   }
-  if (plan.asksOtherTables && !plan.asksByRow) return CollectAll("SELECT " + columns + " FROM " + plan.from + " WHERE " + plan.where);
+  const bool byOne = waitedFor && driven_.driver == nullptr && source_.OwnDialect().PlansByItself();
+  if (byOne || (plan.asksOtherTables && !plan.asksByRow))
+    return CollectAll("SELECT " + columns + " FROM " + plan.from + " WHERE " + plan.where);
   if (driven_.driver == nullptr && !plan.drivers.empty()) {
     FirstLook look(source_, nullptr, nullptr, descending_ ? Direction::Down : Direction::Up);
     // In idle time the rows of this table are looked at piece by piece; another's would all be looked at in one go.
@@ -122,10 +126,10 @@ void SortedFeed::Begin() {
 }
 
 // A part of the collecting; false when there is nothing left to collect.
-bool SortedFeed::CollectSome() {
+bool SortedFeed::CollectSome(bool waitedFor) {
   if (collected_) return false;
   if (!begun_)
-    Begin();
+    Begin(waitedFor);
   else if (scan_ && !scan_->Next([this](const Query& row) { Take(row); }))
     scan_.reset();
   if (scan_) return true;
@@ -204,7 +208,7 @@ bool SortedFeed::Prepare() { return CollectSome() || SplitFirst(); }
 bool SortedFeed::More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPage*) {
   if (!collected_) {
     Transaction oneState(source_.Store(), Transaction::Kind::Read);
-    while (CollectSome()) source_.Store().ServePainting();
+    while (CollectSome(true)) source_.Store().ServePainting();
     oneState.Commit();
   }
   keys.reserve(keys.size() + entries_.size() - given_);  // all that will come: a growing list would hold it twice
@@ -232,19 +236,43 @@ bool SortedFeed::More(std::vector<std::int64_t>& keys, std::size_t wanted, RowPa
   return false;
 }
 
+// A row that is gone has none.
+std::vector<SortedFeed::Full> SortedFeed::ValuesOf(const std::vector<std::int64_t>& rowKeys) {
+  std::vector<Full> rows;
+  Transaction oneState(source_.Store(), Transaction::Kind::Read);
+  if (source_.OwnDialect().rowsAtOnce <= 1) {
+    for (const std::int64_t rowKey : rowKeys) {
+      Query query(source_.Store(), valueOf_);
+      query.Bind(1, rowKey);
+      rows.push_back({query.Step() ? query.Read(0, order_.type) : platform::Value(platform::Null), rowKey});
+    }
+    oneState.Commit();
+    return rows;
+  }
+  const PlanTable& table = source_.Plan().tables.front();
+  const std::string key = table.alias + '.' + table.table->rowKey;
+  const std::string text = "SELECT " + order_.sql + ", " + key + " FROM " + table.table->storeName + " AS " + table.alias + " WHERE " + key;
+  for (KeyBatch batch; batch.End() < rowKeys.size();) {
+    batch = KeyBatch::From(batch.End(), rowKeys.size());
+    std::unordered_map<std::int64_t, platform::Value> values;
+    Query query(source_.Store(), text + InParameters(source_.OwnDialect(), batch.parameters));
+    batch.Bind(query, [&](std::size_t row) { return rowKeys[row]; });
+    while (query.Step()) values.emplace(query.Int(1), query.Read(0, order_.type));
+    for (std::size_t i = batch.first; i < batch.End(); ++i) {
+      const auto value = values.find(rowKeys[i]);
+      rows.push_back({value == values.end() ? platform::Value(platform::Null) : value->second, rowKeys[i]});
+    }
+  }
+  oneState.Commit();
+  return rows;
+}
+
 // Texts that begin alike: their full keys decide. Read in row key order, in which they lie beside one another.
 void SortedFeed::OrderTies(std::size_t from, std::size_t to) {
   std::vector<std::int64_t> rowKeys;
   for (std::size_t i = from; i < to; ++i) rowKeys.push_back(entries_[i].RowKey());
   std::ranges::sort(rowKeys);
-  std::vector<Full> rows;
-  Transaction oneState(source_.Store(), Transaction::Kind::Read);
-  for (const std::int64_t rowKey : rowKeys) {
-    Query query(source_.Store(), valueOf_);
-    query.Bind(1, rowKey);
-    rows.push_back({query.Step() ? query.Read(0, order_.type) : platform::Value(platform::Null), rowKey});
-  }
-  oneState.Commit();
+  std::vector<Full> rows = ValuesOf(rowKeys);
   std::ranges::sort(rows, [&](const Full& left, const Full& right) {
     const int order = CompareStored(order_.type, left.value, right.value);
     if (order != 0) return descending_ ? order > 0 : order < 0;

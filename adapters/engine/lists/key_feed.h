@@ -84,14 +84,15 @@ class SortedFeed final : public KeyFeed {
     platform::Value value;
     std::int64_t rowKey;
   };
-  void Begin();
-  bool CollectSome();
+  void Begin(bool waitedFor);
+  bool CollectSome(bool waitedFor = false);
   void CollectAll(const std::string& text);
   void Take(const Query& row);
   template <class Key>
   std::size_t Divide(std::size_t from, std::size_t to, Key key);
   bool Before(const Entry& left, const Entry& right) const;
   bool SplitFirst();
+  std::vector<Full> ValuesOf(const std::vector<std::int64_t>& rowKeys);
   void OrderTies(std::size_t from, std::size_t to);
 
   RowSource& source_;

@@ -102,7 +102,7 @@ WalkWay BoundedWay(const SelectPlan& plan, const IndexOrder& order) {
 }
 
 // Whether the store is left to find the best way to a list's first rows.
-bool PlansItself(RowSource& source) { return source.OwnDialect().byNoIndex != nullptr; }
+bool PlansItself(RowSource& source) { return source.OwnDialect().PlansByItself(); }
 
 // The plan's rows, its filter as a whole, put in order by the store.
 std::shared_ptr<KeyWalker> AllInOrder(RowSource& source, const std::vector<OrderColumn>& order) {

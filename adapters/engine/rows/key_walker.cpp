@@ -277,6 +277,8 @@ SqlText& KeyWalker::Joined(const Request& request, const std::vector<Level>& lev
 }
 
 std::string KeyWalker::StatementText(const Request& request, const Level& level) const {
+  if (request.among > 0) return AmongText(request, level);
+  if (putInOrder_ && !request.keysOnly) return SortedText(request, level);
   std::string text = "SELECT ";
   if (!request.keysOnly) text += shape_.columnList + ", ";
   text += keyColumns_;
@@ -287,6 +289,30 @@ std::string KeyWalker::StatementText(const Request& request, const Level& level)
   // Columns that are held equal order nothing: without them the store reads straight along the index.
   const std::size_t ordered = level.step == Step::NullBlock ? level.equal + 1 : level.equal;
   return text + " ORDER BY " + OrderText(request.direction, ordered) + " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " +
+         dialect_.Parameter(order_.size() + 3);
+}
+
+// Only the keys are put in order: a store that sorts whole rows forms each of them first.
+std::string KeyWalker::SortedText(const Request& request, const Level& level) const {
+  const PlanTable& table = shape_.plan.tables.front();
+  const std::string condition = ConditionOf(request, level);
+  const std::string order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
+  return "SELECT " + shape_.columnList + ", " + keyColumns_ + (request.flag.empty() ? "" : ", (" + std::string(request.flag) + ')') +
+         " FROM (SELECT " + rowKey_ + " AS k FROM " + from_ + (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " +
+         dialect_.Parameter(order_.size() + 2) + " OFFSET " + dialect_.Parameter(order_.size() + 3) + ") AS sorted JOIN " +
+         table.table->storeName + " AS " + table.alias + " ON " + rowKey_ + " = sorted.k" + order;
+}
+
+// The rows are cut off along the index first, so that a store which plans for itself asks no others.
+std::string KeyWalker::AmongText(const Request& request, const Level& level) const {
+  const std::string& alias = shape_.plan.tables.front().alias;
+  Request all = request;
+  all.condition = {};
+  const std::string condition = ConditionOf(all, level);
+  const std::string order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
+  return "SELECT " + (request.keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + " FROM (SELECT " + alias + ".* FROM " + from_ +
+         (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + std::to_string(request.among) + ") AS " + alias + " WHERE " +
+         std::string(request.condition) + order + " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " +
          dialect_.Parameter(order_.size() + 3);
 }
 

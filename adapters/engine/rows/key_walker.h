@@ -50,6 +50,7 @@ class KeyWalker {
     bool keysOnly = false;       ///< rows without their columns
     bool equalsOnly = false;     ///< only rows whose order columns equal those of `from`
     std::string_view condition;  ///< one more condition on the rows, "" for none
+    std::int64_t among = 0;      ///< it is asked of so many rows alone; 0: of as many as it takes
     /// The text behind the parameter ConditionTextAt(), if the condition has that.
     std::optional<std::string_view> conditionText{};
     std::string_view flag;  ///< an expression delivered behind the keys, "" for none
@@ -125,6 +126,8 @@ class KeyWalker {
   const SqlText& Ready(SqlText& text, std::string_view columns, bool filtered) const;
   void BindPlace(Query& query, const Request& request, const Level& level) const;
   std::string StatementText(const Request& request, const Level& level) const;
+  std::string SortedText(const Request& request, const Level& level) const;
+  std::string AmongText(const Request& request, const Level& level) const;
   std::string ConditionOf(const Request& request, const Level& level) const;
   std::string OrderText(Direction direction, std::size_t from) const;
   std::string ComparableOf(const OrderColumn& column) const;

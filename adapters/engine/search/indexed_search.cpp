@@ -16,6 +16,7 @@ using platform::Value;
 
 constexpr std::int64_t kFewHits = 256;  // of another index: taken without a walk
 constexpr std::int64_t kFirstSliceKeys = 20'000;
+constexpr std::size_t kRowsBetweenPaints = 8192;
 
 // How many rows are looked at in list order, before the whole table is: few beside its size, since each lies elsewhere.
 std::int64_t RowsToWalk(std::int64_t rows) { return rows <= kFirstSliceKeys ? 0 : std::min<std::int64_t>(rows / 512, 1024); }
@@ -36,6 +37,7 @@ void IndexedSearch::Understand(std::string_view criterion) {
   criterion_ = criterion;
   test_ = {};
   hits_.reset();
+  next_ = {};
 }
 
 // ---- ways to search
@@ -90,10 +92,14 @@ bool IndexedSearch::ByOtherIndex(const Place* after, Place& found) {
   std::string condition = "(" + plan_.where + ")";
   const auto& field = source_.Plan().tables.front().table->definition.fields[static_cast<std::size_t>(plan_.shape.field)];
   const Dialect& dialect = source_.OwnDialect();
-  const std::string column = source_.Plan().tables.front().alias + '.' + dialect.Name(field.name);
-  PrimaryRange range;
+  const PlanTable& table = source_.Plan().tables.front();
+  const std::string column = dialect.Comparable(table.table->definition, field, table.alias);
+  std::string lower;
+  std::string upper;
   if (plan_.shape.kind == SearchShape::Kind::Prefix) {
-    range = PrefixRange(plan_.shape.value.As<std::string>());
+    const PrimaryRange range = PrefixRange(plan_.shape.value.As<std::string>());
+    lower = dialect.Comparable(range.lower);
+    upper = dialect.Comparable(range.upper);
     condition += " AND " + column + " >= " + dialect.Parameter(1) + " AND " + column + " < " + dialect.Parameter(2);
   }
   if (!source_.Plan().rowWhere.empty()) condition += " AND (" + source_.Plan().rowWhere + ")";
@@ -103,12 +109,12 @@ bool IndexedSearch::ByOtherIndex(const Place* after, Place& found) {
     auto hits = std::make_unique<Hits>(walker_, forward_);
     Query query(source_.Store(), std::string_view(text));
     if (plan_.shape.kind == SearchShape::Kind::Prefix) {
-      query.Bind(1, std::string_view(range.lower));
-      query.Bind(2, std::string_view(range.upper));
+      query.Bind(1, std::string_view(lower));
+      query.Bind(2, std::string_view(upper));
     }
     while (query.Step()) {
       hits->Add(query);
-      if (hits->Size() % 8192 == 0) source_.Store().ServePainting();
+      if (hits->Size() % kRowsBetweenPaints == 0) source_.Store().ServePainting();
     }
     return hits;
   };
@@ -156,8 +162,37 @@ bool IndexedSearch::BoundsFor(const Place* after, KeyBounds& bounds, bool& fromE
   return true;
 }
 
-std::optional<std::int64_t> IndexedSearch::Probe(const Place* after, KeyBounds bounds) {
+Place IndexedSearch::PlaceIn(const std::shared_ptr<const RowPage>& page, std::size_t row) const {
+  Place place;
+  place.keys.assign(1, *page->KeysOf(row));
+  for (std::size_t i = 0; i < walker_.Order().size(); ++i) place.order.push_back(page->Cell(row, source_.Fields().size() + i));
+  place.page = page;
+  place.row = row;
+  return place;
+}
+
+// Whether what follows the row is known from the probe before.
+bool IndexedSearch::KnowsNext(const Place* after) const {
+  if (after == nullptr || !next_.page || after->added > 0 || next_.at >= next_.page->Rows() || !list_.PinnedRows().empty()) return false;
+  if (*next_.page->KeysOf(next_.at) != after->keys[0] || next_.version != source_.Version()) return false;
+  return next_.ended || next_.at + 1 < next_.page->Rows();
+}
+
+// One row, and more and more of them where asking costs most and somebody searches on from the row that was found.
+std::int64_t IndexedSearch::WantedBehind(const Place* after) {
+  constexpr std::int64_t kFirstFew = 4;
+  const std::int64_t most = source_.OwnDialect().rowsAtOnce;
+  const bool goesOn = after != nullptr && next_.page && next_.at < next_.page->Rows() && *next_.page->KeysOf(next_.at) == after->keys[0];
+  next_.wanted = goesOn ? std::min(most, std::max(kFirstFew, 4 * next_.wanted)) : 1;
+  return std::max<std::int64_t>(1, std::min(most, next_.wanted));
+}
+
+std::optional<Place> IndexedSearch::Probe(const Place* after, KeyBounds bounds) {
   if (after != nullptr && after->added > 0) return {};
+  if (KnowsNext(after)) {
+    if (next_.at + 1 == next_.page->Rows()) return {};
+    return PlaceIn(next_.page, ++next_.at);
+  }
   bool fromEnd = true;
   if (!BoundsFor(after, bounds, fromEnd)) return {};
   OrderPlace place;
@@ -166,8 +201,8 @@ std::optional<std::int64_t> IndexedSearch::Probe(const Place* after, KeyBounds b
   request.direction = forward_;
   request.from = fromEnd ? nullptr : &place;
   request.equalsOnly = !fromEnd && plan_.shape.kind == SearchShape::Kind::Equals;
-  request.limit = 1 + static_cast<std::int64_t>(list_.PinnedRows().size());
-  request.keysOnly = true;
+  const std::int64_t wanted = WantedBehind(after);
+  request.limit = wanted + static_cast<std::int64_t>(list_.PinnedRows().size());
   std::string like;
   std::string pattern;
   if (plan_.shape.kind == SearchShape::Kind::Prefix) {
@@ -179,19 +214,26 @@ std::optional<std::int64_t> IndexedSearch::Probe(const Place* after, KeyBounds b
   }
   request.condition = like.empty() ? std::string_view(plan_.where) : like;
   if (bounds.lower || bounds.upper) request.bounds = &bounds;
-  std::optional<std::int64_t> hit;
+  const bool keepsNext = source_.OwnDialect().rowsAtOnce > 1;
+  if (keepsNext) next_.version = source_.Version();
+  const auto page = std::make_shared<RowPage>(source_.Fields().size() + walker_.Order().size(), 1);
+  const auto isShort = [&] { return static_cast<std::int64_t>(page->Rows()) < wanted; };
   walker_.Read(request, [&](const Query& row) {
-    const std::int64_t rowKey = row.Int(walker_.RowKeyAt(true));
-    if (!list_.IsPinned(rowKey)) hit = rowKey;
-    return !hit.has_value();
+    if (!list_.IsPinned(row.Int(walker_.RowKeyAt(false)))) walker_.AppendRow(row, *page);
+    return isShort();
   });
-  return hit;
+  next_.ended = isShort();
+  next_.at = 0;
+  next_.page = keepsNext ? page : nullptr;
+  if (page->Rows() == 0) return {};
+  return PlaceIn(page, 0);
 }
 
 // The next rows in list order: true or false when they decide, nothing when there are more rows behind them.
 std::optional<bool> IndexedSearch::WalkAhead(const Place* after, Place& found) {
   const std::int64_t rows = RowsToWalk(list_.Count());
   if (rows == 0) return {};
+  if (source_.OwnDialect().PlansByItself()) return WalkAmong(rows, after, found);
   std::optional<std::int64_t> hit;
   bool ended = true;
   if (after == nullptr || after->added == 0) {
@@ -212,47 +254,77 @@ std::optional<bool> IndexedSearch::WalkAhead(const Place* after, Place& found) {
     ended = read < request.limit;
   }
   if (!hit && !ended) return {};
-  return WithPinned(hit, after, found);
+  return WithPinned(RowOf(hit), after, found);
+}
+
+// The same by one statement that gives no other row than the one that fits. It doesn't tell whether the list ends there.
+std::optional<bool> IndexedSearch::WalkAmong(std::int64_t rows, const Place* after, Place& found) {
+  if (after != nullptr && after->added > 0) return WithPinned({}, after, found);
+  OrderPlace place;
+  if (after != nullptr) place = {after->order, after->keys[0]};
+  KeyWalker::Request request;
+  request.direction = forward_;
+  request.from = after == nullptr ? nullptr : &place;
+  request.limit = 1 + static_cast<std::int64_t>(list_.PinnedRows().size());
+  request.among = rows;
+  const std::string condition = '(' + plan_.where + ')';
+  request.condition = condition;
+  const auto page = std::make_shared<RowPage>(source_.Fields().size() + walker_.Order().size(), 1);
+  walker_.Read(request, [&](const Query& row) {
+    if (!list_.IsPinned(row.Int(walker_.RowKeyAt(false)))) walker_.AppendRow(row, *page);
+    return page->Rows() == 0;
+  });
+  if (page->Rows() == 0) return {};
+  return WithPinned(PlaceIn(page, 0), after, found);
 }
 
 // The whole table in the order in which it lies.
 void IndexedSearch::CollectAll() {
   const SelectPlan& plan = source_.Plan();
-  Transaction oneState(source_.Store(), Transaction::Kind::Read);
+  const bool byOne = source_.OwnDialect().PlansByItself();
+  std::optional<Transaction> oneState;
+  if (!byOne) oneState.emplace(source_.Store(), Transaction::Kind::Read);
   hitsVersion_ = source_.Version();
   hits_ = std::make_unique<Hits>(walker_, forward_);
   const auto take = [this](const Query& row) { hits_->Add(row); };
   const auto with = [&](const std::string& filter) { return (filter.empty() ? "" : "(" + filter + ") AND ") + ("(" + plan_.where + ")"); };
   // A filter that asks other tables as a whole would ask them anew for each piece.
-  if ((plan.asksOtherTables && !plan.asksByRow) || SpanOf(source_).Width() <= kShortestCut) {
+  if (byOne || (plan.asksOtherTables && !plan.asksByRow) || SpanOf(source_).Width() <= kShortestCut) {
     Query all(source_.Store(), "SELECT " + walker_.KeyColumns() + " FROM " + plan.from +
                                    (plan.where.empty() ? source_.OwnDialect().withoutIndex : "") + " WHERE " + with(plan.where));
-    while (all.Step()) take(all);
+    while (all.Step()) {
+      take(all);
+      if (hits_->Size() % kRowsBetweenPaints == 0) source_.Store().ServePainting();
+    }
   } else {
     PiecewiseScan scan(source_, walker_.KeyColumns(), with(plan.rowWhere));
     ReadAll(source_, scan, take);
   }
-  oneState.Commit();
+  if (oneState) oneState->Commit();
 }
 
 bool IndexedSearch::FromHits(const Place* after, Place& found) {
   OrderPlace place;
   if (after != nullptr) place = {after->order, after->keys[0]};
-  std::optional<std::int64_t> hit;
+  std::optional<Place> best;
   if (after == nullptr || after->added == 0) {
-    const OrderPlace* behind = after == nullptr ? nullptr : &place;
-    auto next = hits_->FirstBehind(behind);
-    while (next && list_.IsPinned(next->rowKey)) next = hits_->FirstBehind(&*next);
-    if (next) hit = next->rowKey;
+    auto next = hits_->FirstBehind(after == nullptr ? nullptr : &place);
+    for (; next; next = hits_->FirstBehind(&*next)) {
+      if (!list_.IsPinned(next->rowKey)) best = RowOf(next->rowKey);
+      if (best) break;  // else it has been deleted since
+    }
   }
-  return WithPinned(hit, after, found);
+  return WithPinned(std::move(best), after, found);
+}
+
+std::optional<Place> IndexedSearch::RowOf(std::optional<std::int64_t> rowKey) {
+  Place place;
+  if (!rowKey || !list_.RowByKey(*rowKey, place)) return {};
+  return place;
 }
 
 // Rows that the list holds in their places are looked at one by one and compared with what the table gave.
-bool IndexedSearch::WithPinned(std::optional<std::int64_t> rowKey, const Place* after, Place& found) {
-  std::optional<Place> best;
-  Place place;
-  if (rowKey && list_.RowByKey(*rowKey, place)) best = std::move(place);
+bool IndexedSearch::WithPinned(std::optional<Place> best, const Place* after, Place& found) {
   for (const std::int64_t pinned : list_.PinnedRows()) {
     Place other;
     if (!list_.RowByKey(pinned, other)) continue;

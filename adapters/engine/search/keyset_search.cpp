@@ -10,6 +10,8 @@
 namespace engine {
 namespace {
 
+constexpr std::size_t kRowsBetweenPaints = 8192;
+
 // What a row of a join is known by.
 std::string KeyText(const RowSource& source, const std::int64_t* keys) {
   std::string text;
@@ -245,8 +247,10 @@ void KeysetSearch::CollectHits() {
 // Those of a short list by their keys, else all of the table; piece by piece.
 void KeysetSearch::CollectOfOneTable() {
   constexpr std::int64_t kScannedForOneKey = 10;
+  constexpr std::int64_t kKeysWorthAsking = 1024;  // where a look at all rows is one statement
   const auto take = [this](const Query& row) { hits_.insert(row.Int(0)); };
   list_.FillAll();
+  if (source_.OwnDialect().PlansByItself() && list_.Size() > kKeysWorthAsking) return CollectByOne();
   if (list_.Size() > SpanOf(source_).Width() / kScannedForOneKey) {
     PiecewiseScan all(source_, source_.KeyList(), plan_.where);
     return ReadAll(source_, all, take);
@@ -258,15 +262,23 @@ void KeysetSearch::CollectOfOneTable() {
   ReadAll(source_, held, take);
 }
 
+void KeysetSearch::CollectByOne() {
+  Query query(source_.Store(), "SELECT " + source_.KeyList() + " FROM " + source_.Plan().from + " WHERE " + plan_.where);
+  while (query.Step()) {
+    hits_.insert(query.Int(0));
+    if (hits_.size() % kRowsBetweenPaints == 0) source_.Store().ServePainting();
+  }
+}
+
 void KeysetSearch::CollectOfMany() {
   const SelectPlan& plan = source_.Plan();
   Query query(source_.Store(), std::string_view("SELECT " + source_.KeyList() + " FROM " + plan.from + " WHERE " +
                                                 (plan.where.empty() ? "" : "(" + plan.where + ") AND ") + "(" + plan_.where + ")"));
-  for (std::int64_t rows = 1; query.Step(); ++rows) {
+  for (std::size_t rows = 1; query.Step(); ++rows) {
     RowPage row(0, source_.KeyCount());
     source_.ReadKeys(query, 0, row);
     joinedHits_.insert(KeyText(source_, row.KeysOf(0)));
-    if (rows % 8192 == 0) source_.Store().ServePainting();
+    if (rows % kRowsBetweenPaints == 0) source_.Store().ServePainting();
   }
 }
 

@@ -33,6 +33,7 @@ class KeysetSearch {
   std::optional<bool> WalkTogether(std::int64_t from, std::int64_t end, std::int64_t& hit);
   void CollectHits();
   void CollectOfOneTable();
+  void CollectByOne();
   void CollectOfMany();
   bool FromHits(std::int64_t from, std::int64_t& hit);
   bool OnField(int& field) const;

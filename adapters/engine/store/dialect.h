@@ -105,6 +105,10 @@ struct Dialect {
   /// The dialect in which the columns of a list are written: its functions are those of cells.
   Dialect ForCells() const;
 
+  /// Whether the store finds the best way for each statement by itself (byNoIndex), and serves painting while it looks: then a look at all
+  /// rows is one statement.
+  bool PlansByItself() const noexcept { return byNoIndex != nullptr; }
+
   /// A name in the store's quotes: "Customers".
   std::string Name(std::string_view name) const;
   /// A text literal; a NUL is a bug.

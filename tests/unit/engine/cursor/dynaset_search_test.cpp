@@ -85,6 +85,21 @@ TEST_P(Searches, FindOnOtherColumns) {
   EXPECT_EQ(rows->Field("Name"), "b");
 }
 
+// The list stands in the order of its row keys; the names have an index of their own, in the text order whatever the case.
+TEST_P(Searches, FindByAnotherIndexThanTheLists) {
+  AddPeople({"Smith", "Jones", "smile", "Zoe", "SMITH", "\xC5\x9Amigly"});
+  for (const char* order : {"", " ORDER BY ID DESC"}) {
+    auto rows = Dynaset(std::string("SELECT * FROM People") + order);
+    std::vector<int> found;
+    for (rows->FindFirst("[Name] Like 'smi*'"); !rows->NoMatch(); rows->FindNext("[Name] Like 'smi*'"))
+      found.push_back(rows->Field("ID").As<std::int32_t>());
+    std::ranges::sort(found);
+    EXPECT_THAT(found, ElementsAre(1, 3, 5)) << order;
+    rows->FindFirst("[Name] = 'smith'");
+    EXPECT_FALSE(rows->NoMatch());
+  }
+}
+
 // Beyond the rows that are looked at one by one, all hits come from one pass.
 TEST_P(Searches, FindRareRowsFarAway) {
   std::vector<std::vector<Value>> people;

@@ -23,6 +23,8 @@ long Peak() {
 }
 void ForgetPeak() { std::ofstream("/proc/self/clear_refs") << 5; }
 
+constexpr std::int64_t kRows = 60'000;
+
 class LongLists : public ServerTest {
  protected:
   LongLists() {
@@ -61,7 +63,7 @@ TEST_F(LongLists, FewKeysLeadToTheirRows) {
   EXPECT_EQ(rows->RecordCount(), 10);
 }
 
-/// Looks at the whole table that the server has counted, once all connections of ours are gone.
+/// Looks at the whole table, by the rows of it and of its indexes that the server has counted once all connections of ours are gone.
 class LooksAtAll : public LongLists {
  protected:
   LooksAtAll() { options_.exactRows = 0; }
@@ -74,10 +76,11 @@ class LooksAtAll : public LongLists {
     for (int i = 0; i < rows && !list->Eof(); ++i, list->MoveNext()) ids += std::to_string(list->Field("ID").As<std::int32_t>()) + ' ';
     return ids;
   }
-  int Number() {
+  std::int64_t RowsLookedAt() {
     for (int i = 0; i < 200 && Other("SELECT count(*) FROM pg_stat_activity WHERE application_name LIKE 'ORCusSch%'") != "0\n"; ++i)
       Other("SELECT pg_sleep(0.02)");
-    return std::stoi(Other("SELECT seq_scan FROM pg_stat_user_tables WHERE relname = 'People'"));
+    return std::stoll(Other("SELECT seq_tup_read + (SELECT sum(idx_tup_read) FROM pg_stat_user_indexes WHERE relname = 'People') "
+                            "FROM pg_stat_user_tables WHERE relname = 'People'"));
   }
 
   engine::EngineOptions options_;
@@ -85,25 +88,25 @@ class LooksAtAll : public LongLists {
 
 // One row in twelve fits: the page is full long before the second stretch ends. No index serves the filter.
 TEST_F(LooksAtAll, AreNotTakenForRowsNearTheBeginning) {
-  const int before = Number();
+  const std::int64_t before = RowsLookedAt();
   // The first ones are called n0: every 977th row, of which every twelfth fits.
   EXPECT_EQ(First("SELECT * FROM People WHERE ID Mod 12 = 0 ORDER BY Name", 3), "11724 23448 35172 ");
-  EXPECT_EQ(Number(), before);
+  EXPECT_LT(RowsLookedAt() - before, kRows / 2);
 }
 
 // The same from the other end.
 TEST_F(LooksAtAll, AreNotTakenForRowsNearTheEnd) {
-  const int before = Number();
+  const std::int64_t before = RowsLookedAt();
   // The last ones are called n99: the 99th row and every 977th behind it.
   EXPECT_EQ(First("SELECT * FROM People WHERE ID Mod 12 = 0 ORDER BY Name DESC", 2), "55788 44064 ");
-  EXPECT_EQ(Number(), before);
+  EXPECT_LT(RowsLookedAt() - before, kRows / 2);
 }
 
 // Hardly any row fits: that is found out by one look.
 TEST_F(LooksAtAll, FindWhatIsRare) {
-  const int before = Number();
+  const std::int64_t before = RowsLookedAt();
   EXPECT_EQ(First("SELECT * FROM People WHERE ID Mod 20000 = 7 ORDER BY Name", 4), "20007 7 40007 ");
-  EXPECT_GT(Number(), before);
+  EXPECT_GE(RowsLookedAt() - before, kRows);
 }
 
 }  // namespace

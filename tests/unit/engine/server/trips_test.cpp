@@ -143,15 +143,48 @@ TEST_F(Trips, RowsWithoutAValueComeInTheSamePage) {
   EXPECT_TRUE(rows.front().cells[1].IsNull());
 }
 
-TEST_F(Trips, ASearchByTheListsFieldIsTwo) {
+// The row comes with the answer. Who searches on from it gets the next ones that fit along, more of them each time.
+TEST_F(Trips, ASearchByTheListsFieldIsOne) {
   OpenDatabase();
   OpenList();
-  EXPECT_EQ(TripsOf([&] { list->FindFirst("LastName Like 'Name050*'"); }), 2);
+  EXPECT_EQ(TripsOf([&] { list->FindFirst("LastName Like 'Name050*'"); }), 1);
   EXPECT_EQ(NameHere(), "Name050");
   EXPECT_EQ(TripsOf([&] { EXPECT_EQ(Page().size(), 49); }), 1);
-  EXPECT_EQ(TripsOf([&] { list->FindNext("LastName Like 'Name050*'"); }), 2);
-  EXPECT_EQ(NameHere(), "Name050");
+  std::vector<int> accounts;
+  const std::uint64_t trips = TripsOf([&] {
+    for (list->FindNext("LastName Like 'Name050*'"); !list->NoMatch(); list->FindNext("LastName Like 'Name050*'"))
+      accounts.push_back(list->Field("AcctNum").As<std::int32_t>());
+  });
+  std::vector<int> wanted;
+  for (int account = 150; account <= 5'000; account += 100) wanted.push_back(account);
+  EXPECT_EQ(accounts, wanted);
+  EXPECT_EQ(trips, 3);  // 4 rows, 16, and what is left of the 49
   EXPECT_EQ(TripsOf([&] { list->FindFirst("AcctNum = 2500"); }), 1);
+}
+
+// What has been written since isn't answered by rows that came before.
+TEST_F(Trips, ASearchOnSeesWhatWasWrittenMeanwhile) {
+  OpenDatabase();
+  OpenList();
+  list->FindFirst("LastName Like 'Name050*'");
+  list->FindNext("LastName Like 'Name050*'");
+  EXPECT_EQ(list->Field("AcctNum"), Value(std::int32_t{150}));
+  database->Execute("UPDATE Customers SET LastName = 'Zoe' WHERE AcctNum = 250", platform::dbFailOnError);
+  list->FindNext("LastName Like 'Name050*'");
+  EXPECT_EQ(list->Field("AcctNum"), Value(std::int32_t{350}));
+}
+
+// One look at all rows finds all that fit; the row itself is the other trip.
+TEST_F(Trips, ASearchWithoutIndexIsTwo) {
+  OpenDatabase();
+  OpenList();
+  ReadAllPlaces();
+  EXPECT_EQ(TripsOf([&] { list->FindFirst("City Like '*y47?1'"); }), 2);
+  EXPECT_EQ(list->Field("City"), Value("City4701"));
+  EXPECT_EQ(TripsOf([&] { list->FindNext("City Like '*y47?1'"); }), 1);
+  EXPECT_EQ(list->Field("City"), Value("City4711"));
+  EXPECT_EQ(TripsOf([&] { list->FindFirst("City = 'nowhere'"); }), 1);
+  EXPECT_TRUE(list->NoMatch());
 }
 
 TEST_F(Trips, AFarPlaceIsOneBehindIdleWork) {

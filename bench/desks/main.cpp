@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,7 @@ struct Options {
   std::vector<int> offices{1, 8, 32};
   bench::desks::Habits habits;
   int server = 0;
+  bool help = false;
   bench::desks::Place place;  ///< of one desk, when this is its process
 };
 
@@ -52,6 +54,10 @@ Options Read(const std::vector<std::string>& words) {
       options.place.number = std::stoi(value());
     else if (words[i] == "--meeting")
       options.place.meeting = value();
+    else if (words[i] == "--help")
+      options.help = true;
+    else if (words[i].starts_with('-'))
+      throw std::invalid_argument(words[i]);
     else
       options.place.folder = words[i];
   }
@@ -63,9 +69,9 @@ Options Read(const std::vector<std::string>& words) {
 int main(int count, char** words) {
   try {
     const Options options = Read({words + 1, words + count});
-    if (options.place.folder.empty()) {
-      std::cerr << usage;
-      return 2;
+    if (options.help || options.place.folder.empty()) {
+      (options.help ? std::cout : std::cerr) << usage;
+      return options.help ? EXIT_SUCCESS : 2;
     }
     if (options.place.number != 0) {
       bench::desks::WorkAtDesk(options.place, options.habits);
@@ -75,6 +81,9 @@ int main(int count, char** words) {
       std::cout << bench::desks::TellOf(bench::desks::RunOffice("/proc/self/exe", options.place.folder, desks, options.habits, options.server))
                 << std::flush;
     return EXIT_SUCCESS;
+  } catch (const std::invalid_argument& word) {
+    std::cerr << "bench_desks: what is meant by " << word.what() << "?\n" << usage;
+    return 2;
   } catch (const std::exception& error) {
     std::cerr << "bench_desks: " << error.what() << "\n";
     return EXIT_FAILURE;

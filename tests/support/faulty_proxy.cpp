@@ -71,6 +71,10 @@ bool Down(Line& line, const std::atomic<Fault>& next) {
   if (next == Fault::Silence || line.fault == Fault::HalfOpen) return true;
   // Its last byte tells that it has committed: "idle".
   if (line.fault == Fault::CutBehind) return buffer[count - 1] != 'I';
+  if (line.fault == Fault::AnswerLost && buffer[count - 1] == 'I') {
+    line.fault = Fault::None;
+    return true;
+  }
   SendAll(line.desk, buffer.data(), count);
   line.passed += count;
   return line.fault != Fault::CutInAnswer || line.passed < kSomeOfAnAnswer;
@@ -110,9 +114,9 @@ template <class Shared>
 
 }  // namespace
 
-FaultyProxy::FaultyProxy(const std::string& server)
+FaultyProxy::FaultyProxy(const std::string& server, ProxyProcess::At at)
     : shared_(std::construct_at(static_cast<Shared*>(SharedMemory(sizeof(Shared))))),
-      process_([this, &server](int listener) { Serve(listener, server, *shared_); }) {}
+      process_([this, &server](int listener) { Serve(listener, server, *shared_); }, at) {}
 
 FaultyProxy::~FaultyProxy() { FreeSharedMemory(shared_, sizeof(Shared)); }
 

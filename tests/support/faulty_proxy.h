@@ -15,10 +15,11 @@ class FaultyProxy {
     HalfOpen,     ///< the server gets all before the word that would commit it, and never hears that the desk was cut
     Silence,      ///< nothing comes through any more, on any connection, and nobody is told
     CutInAnswer,  ///< some of the answer comes, then both sides are cut
+    AnswerLost,   ///< the server does it, but its answer is lost; what it says later comes through
   };
 
   /// `server`: the folder of the server's socket. Raises std::runtime_error when it can't listen.
-  explicit FaultyProxy(const std::string& server);
+  explicit FaultyProxy(const std::string& server, ProxyProcess::At at = ProxyProcess::At::Socket);
   ~FaultyProxy();
   FaultyProxy(const FaultyProxy&) = delete;
   FaultyProxy& operator=(const FaultyProxy&) = delete;

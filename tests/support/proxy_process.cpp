@@ -1,5 +1,6 @@
 #include "support/proxy_process.h"
 
+#include <netinet/in.h>
 #include <signal.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
@@ -23,16 +24,37 @@ sockaddr_un AddressIn(const std::string& folder) {
   return address;
 }
 
+// The socket, or -1.
+int Listen(int family, const sockaddr* address, socklen_t size) {
+  const int listener = ::socket(family, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  if (::bind(listener, address, size) == 0 && ::listen(listener, 16) == 0) return listener;
+  ::close(listener);
+  return -1;
+}
+
+int ListenIn(const std::string& folder) {
+  const sockaddr_un address = AddressIn(folder);
+  return Listen(AF_UNIX, reinterpret_cast<const sockaddr*>(&address), sizeof(address));
+}
+
+int ListenAtAnyPort(int& port) {
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t size = sizeof(address);
+  const int listener = Listen(AF_INET, reinterpret_cast<const sockaddr*>(&address), size);
+  if (listener >= 0 && ::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size) == 0) port = ntohs(address.sin_port);
+  return listener;
+}
+
 }  // namespace
 
-ProxyProcess::ProxyProcess(const std::function<void(int listener)>& serve) {
+ProxyProcess::ProxyProcess(const std::function<void(int listener)>& serve, At at) {
   std::string folder = (std::filesystem::temp_directory_path() / "suite-proxy-XXXXXX").string();
   if (::mkdtemp(folder.data()) == nullptr) throw std::runtime_error("no temporary folder");
   folder_ = folder;
-  const sockaddr_un address = AddressIn(folder_);
-  const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (::bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0 || ::listen(listener, 16) != 0)
-    throw std::runtime_error("the proxy can't listen");
+  const int listener = at == At::Socket ? ListenIn(folder_) : ListenAtAnyPort(port_);
+  if (listener < 0) throw std::runtime_error("the proxy can't listen");
   process_ = ::fork();
   if (process_ == 0) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -52,6 +74,7 @@ ProxyProcess::~ProxyProcess() {
 }
 
 std::string ProxyProcess::PathOf(const std::string& database) const {
+  if (port_ != 0) return "postgresql://127.0.0.1:" + std::to_string(port_) + '/' + database + '/';
   std::string host;
   for (const char c : folder_) host += c == '/' ? std::string("%2F") : std::string(1, c);
   return "postgresql://" + host + '/' + database + '/';

@@ -151,6 +151,24 @@ TEST_F(OverALine, ConnectingToNobodyEndsInTime) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(3'000));
 }
 
+// Its last warning has the state of one that tells of a commit which another server hasn't confirmed.
+TEST_F(OverALine, ASaveWhoseServerIsStoppedAtOnceBehindItSucceeds) {
+  PostgresStore desk({.lock = 150, .connect = 20'000, .silence = 60'000});
+  const auto opened = desk.Open(line.PathOf(database_) + "orv1/people.zdb", "people.zdb");
+  Run(desk, Rename("before"));
+  bool stopped = false;
+  desk.OnWait([&] {
+    if (stopped || Names() != "second\n") return;
+    stopped = true;
+    server_.Kill();
+    server_.Start();
+  });
+  line.Next(Fault::AnswerLost);
+  EXPECT_EQ(ErrorOf([&] { Run(desk, Rename("second")); }), 0);
+  EXPECT_TRUE(stopped);
+  EXPECT_EQ(Names(), "second\n");
+}
+
 // Every save is known: what was told as stored is there, what was told as failed isn't.
 TEST_F(OverALine, NoneOfAStreamOfSavesIsToldWrongly) {
   std::string stored;

@@ -48,7 +48,10 @@ TEST(Target, IsNoPathWithoutItsPieces) {
 
 TEST(Target, RefusesUsersPasswordsAndOptionsWithoutRepeatingThem) {
   for (const char* path : {"postgresql://office:secret@db/suite/dat.zdb", "postgresql://db/suite/dat.zdb?password=secret",
-                           "postgresql://db/suite?sslmode=secret/dat.zdb", "postgresql://db/suite/dat.zdb#secret"}) {
+                           "postgresql://db/suite?sslmode=secret/dat.zdb", "postgresql://db/suite/dat.zdb#secret",
+                           // cut by the settings file before its end, or written with escapes
+                           "postgresql://office:secret", "postgresql://office:secret/suite/dat.zdb", "postgresql://office:secret%40db/suite/dat.zdb",
+                           "postgresql://office%3Asecret%40db/suite/dat.zdb", "postgresql://one,office:secret/suite/dat.zdb"}) {
     const auto act = [&] { ParseTarget(path); };
     EXPECT_EQ(ErrorOf(act), 3044) << path;
     EXPECT_EQ(DescriptionOf(act).find("secret"), std::string::npos) << DescriptionOf(act);
@@ -90,6 +93,14 @@ TEST(Failure, OfConnectingHasItsOwnNumbers) {
   EXPECT_EQ(number("53300"), 3045);
   EXPECT_EQ(number("57P03"), 3043);
   EXPECT_EQ(number(""), 3043);
+}
+
+// Two of the server's warnings share a state: one tells of a commit, the other of a server that is stopped at once.
+TEST(Failure, AServerThatIsStoppedAtOnceTellsNothingOfACommit) {
+  EXPECT_TRUE(MeansStoredHereAlone({"01000", "", "", false, "SyncRepWaitForLSN"}));
+  EXPECT_TRUE(MeansStoredHereAlone({"57P01", "", "", false, "SyncRepWaitForLSN"}));
+  EXPECT_FALSE(MeansStoredHereAlone({"57P01", "", "", false, "quickdie"}));
+  EXPECT_FALSE(MeansStoredHereAlone({"57P01", "", "", false, "ProcessInterrupts"}));
 }
 
 TEST(Failure, StateIsFoundInAnyLanguage) {

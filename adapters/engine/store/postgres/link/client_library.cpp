@@ -39,6 +39,12 @@ extern "C" PGconn* PQconnectStartParams(const char* const* keywords, const char*
   return real(keywords, values, expandName);
 }
 
+extern "C" PQconninfoOption* PQconndefaults() {
+  if (Library() == nullptr) return nullptr;
+  static auto* const real = Find<PQconninfoOption*()>("PQconndefaults");
+  return real();
+}
+
 extern "C" void PQfinish(PGconn* connection) {
   if (connection == nullptr) return;
   static auto* const real = Find<void(PGconn*)>("PQfinish");
@@ -86,4 +92,5 @@ FORWARD(int, PQsetSingleRowMode, (PGconn * connection), (connection))
 FORWARD(int, PQsetnonblocking, (PGconn * connection, int on), (connection, on))
 FORWARD(int, PQsocket, (const PGconn* connection), (connection))
 FORWARD(void, PQfreeCancel, (PGcancel * cancel), (cancel))
+FORWARD(void, PQconninfoFree, (PQconninfoOption * options), (options))
 FORWARD(void, PQfreemem, (void* memory), (memory))

@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
+#include <string_view>
+#include <vector>
 
 #include "engine/errors.h"
 #include "engine/store/postgres/wording/names.h"
@@ -35,6 +38,32 @@ std::string SessionOptions(const Target& target, const Patience& patience) {
          " -c default_transaction_isolation=read\\ committed -c DateStyle=ISO -c IntervalStyle=postgres -c bytea_output=hex";
 }
 
+// What keeps a line open on which nothing goes, and finds a dead one: a firewall forgets a line that is still for some minutes and tells
+// nobody. Signs of life every minute keep it; half a minute without an answer to one, or to what was sent, ends the connection.
+struct Setting {
+  const char* name;
+  const char* value;
+};
+constexpr std::array<Setting, 4> kSignsOfLife{
+    {{"keepalives_idle", "60"}, {"keepalives_interval", "10"}, {"keepalives_count", "3"}, {"tcp_user_timeout", "30000"}}};
+
+struct FreeDefaults {
+  void operator()(PQconninfoOption* options) const noexcept { PQconninfoFree(options); }
+};
+
+// Those that the desk's service file leaves open.
+std::vector<Setting> SettingsLeftOpen() {
+  const std::unique_ptr<PQconninfoOption, FreeDefaults> defaults(PQconndefaults());
+  std::vector<Setting> open;
+  for (const Setting& setting : kSignsOfLife) {
+    bool named = false;
+    for (const PQconninfoOption* option = defaults.get(); option != nullptr && option->keyword != nullptr; ++option)
+      named = named || (option->val != nullptr && std::string_view(option->keyword) == setting.name);
+    if (!named) open.push_back(setting);
+  }
+  return open;
+}
+
 // One of the target's hosts, with its port.
 struct Host {
   std::string name;
@@ -59,9 +88,15 @@ Opened Start(const Host& host, const Target& target, const Patience& patience, c
   const std::string options = SessionOptions(target, patience);
   // Of several servers one takes writes.
   const char* const attributes = oneOfMany ? "read-write" : "any";
-  constexpr std::array<const char*, 8> names{"host", "port", "dbname", "options", "client_encoding", "application_name", "target_session_attrs", nullptr};
-  const std::array<const char*, names.size()> values{
-      host.name.c_str(), host.port.c_str(), target.database.c_str(), options.c_str(), "UTF8", name.c_str(), attributes, nullptr};
+  std::vector<const char*> names{"host", "port", "dbname", "options", "client_encoding", "application_name", "target_session_attrs"};
+  std::vector<const char*> values{
+      host.name.c_str(), host.port.c_str(), target.database.c_str(), options.c_str(), "UTF8", name.c_str(), attributes};
+  for (const Setting& setting : SettingsLeftOpen()) {
+    names.push_back(setting.name);
+    values.push_back(setting.value);
+  }
+  names.push_back(nullptr);
+  values.push_back(nullptr);
   return Opened(PQconnectStartParams(names.data(), values.data(), 0));
 }
 

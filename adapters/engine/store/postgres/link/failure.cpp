@@ -98,8 +98,11 @@ std::string StateInMessage(const std::string& message) {
   return found;
 }
 
-// Somebody ended the wait for them, or the whole connection. No other warning of these states comes with what we send.
-bool MeansStoredHereAlone(const Failure& notice) { return IsOneOf(notice.state, {"01000", "57P01"}); }
+// Somebody ended the wait for them, or the whole connection. A server that is stopped at once warns with the same state, and knows
+// nothing of a commit then.
+bool MeansStoredHereAlone(const Failure& notice) {
+  return IsOneOf(notice.state, {"01000", "57P01"}) && notice.toldBy == "SyncRepWaitForLSN";
+}
 
 bool CanBeAsked(const Failure& failure) { return failure.lost && failure.state != OutcomeUnknown().state; }
 

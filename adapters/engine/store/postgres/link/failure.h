@@ -13,6 +13,7 @@ struct Failure {
   std::string message;     ///< in the server's language; for messages about what no state of ours covers
   std::string constraint;  ///< the key that would have been broken
   bool lost = false;       ///< the connection is gone
+  std::string toldBy = {}; ///< the server's own function that said so; its name is in no language
 };
 
 /// What the statement that failed was doing.

@@ -27,7 +27,8 @@ std::string FieldOf(const PGresult* result, int field) {
 }  // namespace
 
 Failure FailureOf(const pg_result* result, bool lost) {
-  return {FieldOf(result, PG_DIAG_SQLSTATE), FieldOf(result, PG_DIAG_MESSAGE_PRIMARY), FieldOf(result, PG_DIAG_CONSTRAINT_NAME), lost};
+  return {FieldOf(result, PG_DIAG_SQLSTATE), FieldOf(result, PG_DIAG_MESSAGE_PRIMARY), FieldOf(result, PG_DIAG_CONSTRAINT_NAME), lost,
+          FieldOf(result, PG_DIAG_SOURCE_FUNCTION)};
 }
 
 void ClearResult::operator()(pg_result* result) const noexcept { PQclear(result); }

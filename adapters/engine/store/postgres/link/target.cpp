@@ -56,6 +56,11 @@ bool IsPort(std::string_view text) {
   return text.size() <= 5 && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
 }
 
+// What stands behind a colon and is no port, or holds the sign that ends a password: a user with a password, cut or written with escapes.
+bool MayTellASecret(const std::string& port, const std::string& host) {
+  return !port.empty() ? !IsPort(port) : host.find('@') != std::string::npos;
+}
+
 // "host", "host:port" or "[address]:port".
 bool AddHost(Target& target, const std::string& text) {
   std::string host = text;
@@ -65,13 +70,15 @@ bool AddHost(Target& target, const std::string& text) {
   if (const std::size_t colon = text.find(':', bracket); colon != std::string::npos) {
     host = text.substr(0, colon);
     port = text.substr(colon + 1);
-    if (port.empty() || !IsPort(port)) return false;
+    if (MayTellASecret(port, host)) throw TellsTooMuch();
+    if (port.empty()) return false;
   }
   if (host.starts_with('[')) {
     if (!host.ends_with(']')) return false;
     host = host.substr(1, host.size() - 2);
   }
   if (!Unescape(host) || host.empty() || host.find(',') != std::string::npos) return false;
+  if (MayTellASecret("", host)) throw TellsTooMuch();
   const bool first = target.hosts.empty();
   target.hosts += (first ? "" : ",") + host;
   target.ports += (first ? "" : ",") + port;
@@ -96,11 +103,12 @@ Target ParseTarget(std::string_view path) {
   const platform::Error wrong = errors::InvalidPath(path);
   if (!platform::IsServerPath(path)) throw wrong;
   std::vector<std::string> pieces = SplitAt(path.substr(platform::kServerScheme.size()), '/');
-  if (pieces.size() != 3 && pieces.size() != 4) throw wrong;
 
+  // First of all, since what is wrong with the rest is told with the whole path.
   Target target;
   for (const std::string& host : SplitAt(pieces[0], ','))
     if (!AddHost(target, host)) throw wrong;
+  if (pieces.size() != 3 && pieces.size() != 4) throw wrong;
   for (std::size_t i = 1; i < pieces.size(); ++i)
     if (!Unescape(pieces[i]) || pieces[i].empty()) throw wrong;
   target.database = pieces[1];

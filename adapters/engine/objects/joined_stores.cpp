@@ -17,6 +17,14 @@ EngineContext& HomeOf(const AskedTables& asked, std::string_view path) {
   throw errors::OtherStore(path);
 }
 
+// 3027, with the reason.
+platform::Error NoGuests(std::string_view path, std::string_view home) {
+  const platform::Error plain = errors::ReadOnly();
+  return {plain.Number(), plain.Description() + "  The rows of '" + std::string(path) + "' can't be joined with those of '" + std::string(home) +
+                              "': that server takes no temporary tables from this user. It is a standby or read-only, or the user has no "
+                              "right TEMPORARY on the database."};
+}
+
 // Once in so many rows it is asked whether to go on.
 constexpr int kStretch = 512;
 
@@ -49,14 +57,15 @@ std::shared_ptr<StoreFile> AskedTables::FileIn(const EngineContext& context) con
 JoinedStores::JoinedStores(AskedTables& asked, std::string_view path, std::string_view select, const std::function<bool()>& goOn)
     : asked_(asked),
       home_(HomeOf(asked, path)),
+      path_(path),
       select_(select),
       goOn_(goOn),
       beside_(asked.FileIn(home_)),
-      unit_(home_.OwnStore(), Transaction::Kind::Read) {}
+      gathering_(std::make_unique<Gathering>(home_.OwnStore())) {}
 
 const ResolvedTable* JoinedStores::AtHome(const ResolvedTable* table) {
   if (table == nullptr) return nullptr;
-  std::unique_ptr<ResolvedTable>& known = tables_[table];
+  std::unique_ptr<ResolvedTable>& known = gathering_->Known(table);
   if (known == nullptr) known = Brought(*table);
   return known.get();
 }
@@ -68,11 +77,21 @@ std::unique_ptr<ResolvedTable> JoinedStores::Brought(const ResolvedTable& table)
   if (&from == &home_) return brought;
 
   brought->definition = Named(table.definition);
-  GuestTable& guest = *guests_.emplace_back(home_.OwnStore().Receive(brought->definition, *beside_));
+  GuestTable& guest = Receive(brought->definition);
   CarryRows(from, table, brought->definition, guest);
   brought->storeName = guest.Name();
   brought->rowKey = guest.RowKey();
   return brought;
+}
+
+// A store may take guests and yet be read-only at present, or for this user.
+GuestTable& JoinedStores::Receive(const platform::TableDefinition& definition) {
+  try {
+    return gathering_->Keep(home_.OwnStore().Receive(definition, *beside_));
+  } catch (const platform::Error& error) {
+    if (error.Number() != errors::number::ReadOnly) throw;
+    throw NoGuests(path_, beside_->Path());
+  }
 }
 
 // The fields whose names stand in the statement, and the Counter, which is the row key.

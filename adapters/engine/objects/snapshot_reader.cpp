@@ -73,9 +73,9 @@ std::string RowsText(SelectPlan plan, const Dialect& dialect) {
 
 class Stream final : public platform::RowStream {
  public:
-  /// `joined`: whose tables the plan uses where these lie in several stores.
-  Stream(EngineContext& context, SelectPlan plan, const std::function<bool()>& goOn, std::unique_ptr<JoinedStores> joined = {})
-      : joined_(std::move(joined)),
+  /// `gathered`: the plan's tables where they come from several stores.
+  Stream(EngineContext& context, SelectPlan plan, const std::function<bool()>& goOn, std::unique_ptr<Gathering> gathered = {})
+      : gathered_(std::move(gathered)),
         shape_(std::move(plan), context.OwnDialect()),
         store_(context.OwnStore()),
         goOn_(goOn),
@@ -115,7 +115,7 @@ class Stream final : public platform::RowStream {
     if (!store_.ReadsToItsEnd(goOn_, std::ref(read))) throw platform::Error(platform::kReadingStopped, "Operation canceled by user.");
   }
 
-  std::unique_ptr<JoinedStores> joined_;
+  std::unique_ptr<Gathering> gathered_;
   RowShape shape_;
   Store& store_;
   const std::function<bool()>& goOn_;
@@ -142,10 +142,9 @@ class Reader final : public platform::SnapshotReader {
     SelectPlan plan = PlanSelect(select, asked, known.context.OwnDialect());
     const bool atOnePlace = asked.Found().empty() || (asked.Found().size() == 1 && asked.Found().front() == &known.context);
     if (atOnePlace) return std::make_unique<Stream>(known.context, std::move(plan), goOn_);
-    auto joined = std::make_unique<JoinedStores>(asked, path, select, goOn_);
-    EngineContext& home = joined->Home();
-    SelectPlan there = PlanSelect(select, *joined, home.OwnDialect());
-    return std::make_unique<Stream>(home, std::move(there), goOn_, std::move(joined));
+    JoinedStores joined(asked, path, select, goOn_);
+    SelectPlan there = PlanSelect(select, joined, joined.Home().OwnDialect());
+    return std::make_unique<Stream>(joined.Home(), std::move(there), goOn_, joined.TakeGathering());
   }
 
   void OnWait(std::function<bool()> goOn) override {

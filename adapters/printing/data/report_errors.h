@@ -22,7 +22,8 @@ enum class ReportError : int {
   TableMissing = 203,
   FieldMissing = 204,
   ReadingFailed = 205,
-  NoRoom = 206,  ///< the rows of a temporary file could not be kept
+  NoRoom = 206,    ///< the rows of a temporary file could not be kept
+  NoGuests = 207,  ///< nor sent to a server that is to join them: it takes no temporary tables
 
   UnknownFormula = 301,
   BadFormulaValue = 302,

@@ -19,6 +19,8 @@ namespace {
 
 // The data engine's numbers.
 constexpr int kTooComplex = 3360;
+// Reading raises it where the rows of a file can't visit the server that joins them.
+constexpr int kReadOnly = 3027;
 
 // The parts of a condition that must all be true.
 void SplitAnd(const Expression& condition, std::vector<const Expression*>& parts) {
@@ -110,7 +112,8 @@ class Opening {
                                             parts.empty() && report_.tables.size() == 1);
     } catch (const platform::Error& error) {
       if (error.Number() == kTooComplex && !stores.empty()) return Open(false);
-      throw ReportFailure(ReportError::ReadingFailed, tables_.Path(0) + ": " + error.Description());
+      const ReportError kind = error.Number() == kReadOnly ? ReportError::NoGuests : ReportError::ReadingFailed;
+      throw ReportFailure(kind, tables_.Path(0) + ": " + error.Description());
     }
   }
 

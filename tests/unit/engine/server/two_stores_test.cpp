@@ -338,6 +338,34 @@ TEST_F(JoinedStores, AReaderAloneMayJoin) {
   Other("DROP OWNED BY " + database_ + "_reader; DROP ROLE " + database_ + "_reader");
 }
 
+// A standby takes no tables, temporary ones neither. A database that is read-only refuses them by the same number.
+TEST_F(JoinedStores, AServerThatTakesNoTablesSaysSo) {
+  AddWork("2, 'two', 1, 0");
+  Other("ALTER DATABASE " + database_ + " SET default_transaction_read_only = on");
+  try {
+    Read(Temp(), "SELECT p.Name FROM Work AS w INNER JOIN " + ThePeople() + " AS p ON p.ID = w.ID");
+    ADD_FAILURE() << "it was read";
+  } catch (const platform::Error& error) {
+    EXPECT_EQ(error.Number(), engine::errors::number::ReadOnly);
+    EXPECT_THAT(error.Description(), HasSubstr(Temp()));
+    EXPECT_THAT(error.Description(), HasSubstr("takes no temporary tables"));
+  }
+  EXPECT_THAT(Read(Customer(), "SELECT Name FROM People ORDER BY Name"), ElementsAre("Ann", "Bob", "Zoe")) << "its own tables can be read";
+}
+
+TEST_F(JoinedStores, ARoleThatMayMakeNoTemporaryTablesIsToldSo) {
+  AddWork("2, 'two', 1, 0");
+  Other("CREATE ROLE " + database_ + "_reader LOGIN; GRANT USAGE ON SCHEMA orv1_customer TO " + database_ +
+        "_reader; GRANT SELECT ON ALL TABLES IN SCHEMA orv1_customer TO " + database_ + "_reader; REVOKE TEMPORARY ON DATABASE " + database_ +
+        " FROM PUBLIC");
+  ::setenv("PGUSER", (database_ + "_reader").c_str(), 1);
+  EXPECT_EQ(ErrorOf([&] { Read(Temp(), "SELECT p.Name FROM Work AS w INNER JOIN " + ThePeople() + " AS p ON p.ID = w.ID"); }),
+            engine::errors::number::ReadOnly);
+  reader_.reset();
+  ::setenv("PGUSER", "office", 1);
+  Other("DROP OWNED BY " + database_ + "_reader; DROP ROLE " + database_ + "_reader");
+}
+
 // What a company of files must never pay for.
 TEST_F(TwoStores, NoServerIsThoughtOfWithoutAPathToOne) {
   const auto choice = [](int& servers, int& files) -> engine::StoreChoice {

@@ -247,6 +247,27 @@ TEST_F(ReportRows, TheQuerysCustomersJoinTheCompanysFiles) {
   EXPECT_EQ(TextOf(*rows), "adams|1|Labor; Null|Null|Null");
 }
 
+// As a standby answers: the engine's tests show when.
+TEST_F(ReportRows, AServerThatTakesNoRowsOfAFileHasItsNumber) {
+  class Standby final : public platform::SnapshotReader {
+   public:
+    std::optional<platform::TableDefinition> FindTable(std::string_view path, std::string_view table) override {
+      return files_->FindTable(path, table);
+    }
+    std::unique_ptr<platform::RowStream> OpenRows(std::string_view, std::string_view) override {
+      throw platform::Error(3027, "It takes none.");
+    }
+    void OnWait(std::function<bool()> goOn) override { files_->OnWait(std::move(goOn)); }
+
+   private:
+    std::unique_ptr<platform::SnapshotReader> files_ = engine::MakeSnapshotReader();
+  };
+  services_.openReader = [] { return std::make_unique<Standby>(); };
+  request_.dataFiles = {{0, folder_ / "temp.zdb"}};
+  EXPECT_EQ(ErrorOf(kNames), 207);
+  EXPECT_EQ(what_, (folder_ / "temp.zdb") + ": It takes none.");
+}
+
 TEST_F(ReportRows, PathsMayHoldAnySigns) {
   std::filesystem::create_directory(folder_ / "it's [odd].dir");
   std::filesystem::copy_file(folder_ / "GL.zdb", folder_ / "it's [odd].dir/G'L].zdb");

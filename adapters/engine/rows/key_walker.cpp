@@ -1,6 +1,8 @@
 #include "engine/rows/key_walker.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 
 #include "engine/rows/key_batch.h"
 #include "engine/text/text_order.h"
@@ -100,6 +102,7 @@ const SqlText& KeyWalker::Ready(SqlText& text, std::string_view columns, bool fi
 bool KeyWalker::ReadRow(std::int64_t rowKey, const Sink& sink) {
   if (row_.text.empty()) Ready(row_, shape_.columnList + ", " + keyColumns_, false);
   Query query(store_, row_);
+  query.PlanOnce();
   query.Bind(1, rowKey);
   if (!query.Step()) return false;
   sink(query);
@@ -120,6 +123,7 @@ void KeyWalker::ReadRows(std::span<const std::int64_t> rowKeys, const Sink& sink
                   rowKey_ + InParameters(dialect_, batch.parameters);
     }
     Query query(store_, text);
+    query.PlanOnce();
     batch.Bind(query, [&](std::size_t row) { return rowKeys[row]; });
     while (query.Step()) sink(query);
   }
@@ -128,6 +132,7 @@ void KeyWalker::ReadRows(std::span<const std::int64_t> rowKeys, const Sink& sink
 std::optional<OrderPlace> KeyWalker::PlaceOfRow(std::int64_t rowKey) {
   Ready(placeOfRow_, keyColumns_, false);
   Query query(store_, placeOfRow_);
+  query.PlanOnce();
   query.Bind(1, rowKey);
   if (!query.Step()) return {};
   return PlaceAt(query, true);
@@ -189,6 +194,7 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
   if (levels.size() > 1 && dialect_.rowValues) {
     SqlText own;
     Query query(store_, Joined(request, levels, own));
+    if (Within(request) > 0) query.PlanOnce();
     for (const Level& level : levels) BindPlace(query, request, level);
     return Take(query, request, left, sink, goOn);
   }
@@ -198,6 +204,7 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
     if (left == 0 || !goOn) break;
     SqlText own;
     Query query(store_, Statement(request, level, own));
+    if (Within(request) > 0) query.PlanOnce();
     BindPlace(query, request, level);
     left -= Take(query, request, left, sink, goOn);
   }
@@ -247,9 +254,20 @@ std::vector<KeyWalker::Level> KeyWalker::LevelsFor(const Request& request) const
   return levels;
 }
 
-std::uint64_t KeyWalker::CodeOf(const Request& request, const Level& level) {
+// Rows straight along an index, however the list is asked for them: a store that plans by itself needs to do so once for them, if it sees
+// that they are few. So many rows it sees; 0 where the values matter, or the rows are many.
+std::int64_t KeyWalker::Within(const Request& request) const {
+  constexpr std::int64_t kFew = 1'024;
+  const bool conditionIsKnown = request.condition.empty() || request.conditionText.has_value();
+  if (!dialect_.PlansByItself() || putInOrder_ || !filter_.empty() || !conditionIsKnown || !request.flag.empty() || request.among > 0) return 0;
+  if (request.limit > kFew || request.skip > kFew - request.limit) return 0;
+  return static_cast<std::int64_t>(std::bit_ceil(static_cast<std::uint64_t>(request.limit + request.skip)));
+}
+
+std::uint64_t KeyWalker::CodeOf(const Request& request, const Level& level) const {
   std::uint64_t code = static_cast<std::uint64_t>(level.step) | (request.direction == Direction::Up ? 0U : 8U) |
-                       (request.keysOnly ? 16U : 0U) | static_cast<std::uint64_t>(level.equal) << 5;
+                       (request.keysOnly ? 16U : 0U) | static_cast<std::uint64_t>(level.equal) << 5 |
+                       static_cast<std::uint64_t>(Within(request)) << 48 | (request.skip > 0 ? std::uint64_t{1} << 47 : 0);
   for (std::size_t i = 0; i < level.equal; ++i)
     if (request.from->values[i].IsNull()) code |= std::uint64_t{1} << (16 + i);
   return code;
@@ -274,79 +292,6 @@ SqlText& KeyWalker::Joined(const Request& request, const std::vector<Level>& lev
   for (const Level& level : levels) text.text += (text.text.empty() ? "(" : " UNION ALL (") + StatementText(request, level) + ')';
   text.text += " LIMIT " + dialect_.Parameter(order_.size() + 2);
   return text;
-}
-
-std::string KeyWalker::StatementText(const Request& request, const Level& level) const {
-  if (request.among > 0) return AmongText(request, level);
-  if (putInOrder_ && !request.keysOnly) return SortedText(request, level);
-  std::string text = "SELECT ";
-  if (!request.keysOnly) text += shape_.columnList + ", ";
-  text += keyColumns_;
-  if (!request.flag.empty()) text.append(", (").append(request.flag).append(")");
-  text += " FROM " + from_;
-  const std::string condition = ConditionOf(request, level);
-  if (!condition.empty()) text += " WHERE " + condition;
-  // Columns that are held equal order nothing: without them the store reads straight along the index.
-  const std::size_t ordered = level.step == Step::NullBlock ? level.equal + 1 : level.equal;
-  return text + " ORDER BY " + OrderText(request.direction, ordered) + " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " +
-         dialect_.Parameter(order_.size() + 3);
-}
-
-// Only the keys are put in order: a store that sorts whole rows forms each of them first.
-std::string KeyWalker::SortedText(const Request& request, const Level& level) const {
-  const PlanTable& table = shape_.plan.tables.front();
-  const std::string condition = ConditionOf(request, level);
-  const std::string order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
-  return "SELECT " + shape_.columnList + ", " + keyColumns_ + (request.flag.empty() ? "" : ", (" + std::string(request.flag) + ')') +
-         " FROM (SELECT " + rowKey_ + " AS k FROM " + from_ + (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " +
-         dialect_.Parameter(order_.size() + 2) + " OFFSET " + dialect_.Parameter(order_.size() + 3) + ") AS sorted JOIN " +
-         table.table->storeName + " AS " + table.alias + " ON " + rowKey_ + " = sorted.k" + order;
-}
-
-// The rows are cut off along the index first, so that a store which plans for itself asks no others.
-std::string KeyWalker::AmongText(const Request& request, const Level& level) const {
-  const std::string& alias = shape_.plan.tables.front().alias;
-  Request all = request;
-  all.condition = {};
-  const std::string condition = ConditionOf(all, level);
-  const std::string order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
-  return "SELECT " + (request.keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + " FROM (SELECT " + alias + ".* FROM " + from_ +
-         (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + std::to_string(request.among) + ") AS " + alias + " WHERE " +
-         std::string(request.condition) + order + " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " +
-         dialect_.Parameter(order_.size() + 3);
-}
-
-std::string KeyWalker::ConditionOf(const Request& request, const Level& level) const {
-  std::string text;
-  const auto add = [&](std::string_view condition) {
-    if (!text.empty()) text += " AND ";
-    text += condition;
-  };
-  const std::string beyond = request.direction == Direction::Up ? " > " : " < ";
-  for (std::size_t i = 0; i < level.equal; ++i)
-    add(comparable_[i] + (request.from->values[i].IsNull() ? " IS NULL" : " = " + dialect_.Parameter(i + 1)));
-  if (level.step == Step::BehindRow) add(rowKey_ + beyond + dialect_.Parameter(order_.size() + 1));
-  if (level.step == Step::BehindPlace)
-    add('(' + comparable_[0] + ", " + rowKey_ + ')' + beyond + '(' + dialect_.Parameter(1) + ", " + dialect_.Parameter(2) + ')');
-  if (level.step == Step::BehindColumn) add(comparable_[level.equal] + beyond + dialect_.Parameter(level.equal + 1));
-  if (level.step == Step::NotNull) add(comparable_[level.equal] + " IS NOT NULL");
-  if (level.step == Step::NullBlock) add(comparable_[level.equal] + " IS NULL");
-  if (request.bounds != nullptr) {
-    if (request.bounds->lower) add(comparable_[0] + " >= " + dialect_.Parameter(order_.size() + 4));
-    if (request.bounds->upper) add(comparable_[0] + " < " + dialect_.Parameter(order_.size() + 5));
-  }
-  if (!filter_.empty()) add("(" + filter_ + ")");
-  if (!request.condition.empty()) add("(" + std::string(request.condition) + ")");
-  return text;
-}
-
-std::string KeyWalker::OrderText(Direction direction, std::size_t from) const {
-  const bool down = direction == Direction::Down;
-  std::string text;
-  // By an expression of a field instead of the field no index gives the order.
-  const auto ordered = [this](const std::string& key, FieldType type) { return putInOrder_ ? dialect_.byNoIndex(key, type) : key; };
-  for (std::size_t i = from; i < order_.size(); ++i) text += ordered(comparable_[i], order_[i].type) + dialect_.OrderSuffix(down) + ", ";
-  return text + ordered(rowKey_, FieldType::Counter) + (down ? " DESC" : "");
 }
 
 OrderPlace KeyWalker::PlaceAt(const Query& row, bool keysOnly) const {

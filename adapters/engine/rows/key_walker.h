@@ -114,7 +114,8 @@ class KeyWalker {
     std::size_t equal = 0;
   };
   std::vector<Level> LevelsFor(const Request& request) const;
-  static std::uint64_t CodeOf(const Request& request, const Level& level);
+  std::int64_t Within(const Request& request) const;
+  std::uint64_t CodeOf(const Request& request, const Level& level) const;
   SqlText& Statement(const Request& request, const Level& level, SqlText& own);
   SqlText& Joined(const Request& request, const std::vector<Level>& levels, SqlText& own);
   std::int64_t Take(Query& query, const Request& request, std::int64_t most, const Sink& sink, bool& goOn) const;
@@ -127,6 +128,7 @@ class KeyWalker {
   void BindPlace(Query& query, const Request& request, const Level& level) const;
   std::string StatementText(const Request& request, const Level& level) const;
   std::string SortedText(const Request& request, const Level& level) const;
+  std::string PlacedText(const Request& request, const Level& level) const;
   std::string AmongText(const Request& request, const Level& level) const;
   std::string ConditionOf(const Request& request, const Level& level) const;
   std::string OrderText(Direction direction, std::size_t from) const;

@@ -14,12 +14,13 @@ std::optional<KeyWalker::Stretch> KeyWalker::Ahead(Direction direction, const Or
   std::int64_t left = rows;
   const std::vector<Level> levels = LevelsFor(request);
   for (std::size_t i = 0; i < levels.size(); ++i) {
+    request.skip = left - 1;
     SqlText own;
     Query query(store_, Statement(request, levels[i], own));
     BindPlace(query, request, levels[i]);
     const int more = static_cast<int>(order_.size()) + 2;
-    query.Bind(more, std::int64_t{1});
-    query.Bind(more + 1, left - 1);
+    query.Bind(more, request.limit);
+    query.Bind(more + 1, request.skip);
     if (query.Step()) {
       stretch.levels.push_back(levels[i]);
       stretch.rows.push_back(left);

@@ -167,6 +167,7 @@ void RowSource::ReadKeys(const Query& query, int first, RowPage& page) const {
 
 bool RowSource::Fetch(const std::int64_t* keys, RowPage& page, Missing missing) {
   Query query(Store(), fetch_);
+  if (Plan().tables.size() == 1) query.PlanOnce();
   BindKeys(query, keys);
   const int keysAt = static_cast<int>(Plan().columns.size());
   if (!query.Step() || (missing == Missing::Gone && !AllThere(query, keysAt, keys))) return false;

@@ -36,6 +36,8 @@ class Query {
   /// The stored form of a value of the field's own type.
   void Bind(int parameter, const platform::Value& value);
 
+  /// One plan does for all values (Statement::PlanOnce).
+  void PlanOnce() { statement_->PlanOnce(); }
   bool Step() { return statement_->Step(); }
   /// The same for a value that stays where it is until the run has ended.
   void BindInPlace(int parameter, const platform::Value& value) {

@@ -39,6 +39,9 @@ class Statement {
   /// The same for a text that stays where it is until the run has ended: it need not be copied.
   virtual void BindInPlace(int parameter, std::string_view text) { Bind(parameter, text); }
 
+  /// Told before a run: its rows are few, and the way to them is the same whatever values are bound. A store that plans each run for its
+  /// values may then plan once.
+  virtual void PlanOnce() {}
   /// True when there is a row.
   virtual bool Step() = 0;
   /// Makes it ready for another run; bindings stay.

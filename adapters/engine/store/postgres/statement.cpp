@@ -125,6 +125,7 @@ Trip ServerStatement::Prepared() {
   trip.asksNumber = writes_;
   trip.tells = writes_ && !defines_;
   trip.schema = schema_;
+  trip.planOnce = trip.isShort = planOnce_;
   if (WritesRows(sql_)) trip.saves = sql_;
   const auto known = names_.find(types_);
   preparing_ = known == names_.end();

@@ -167,9 +167,10 @@ TEST_F(KeyFunction, TestsLikeByRegularExpressions) {
     static const std::vector<std::string> signs{"*", "?", "#", "[a-z]", "[!a-z]", "[s\u00E9-\u00EA]", "[!0-9]", "[*]", "[", "[]", "[-a]", "[\u0416-\u042F]", "[!]"};
     std::string pattern;
     for (std::size_t left = random() % 5; left > 0; --left) pattern += random() % 2 == 0 ? signs[random() % signs.size()] : AnyText(random, 1);
-    return pattern;
+    return random() % 3 == 0 ? '*' + pattern + '*' : pattern;
   };
   int matches = 0;
+  int anywhere = 0;
   int tests = 0;
   while (tests < 40'000) {
     std::vector<std::string> texts;
@@ -192,20 +193,27 @@ TEST_F(KeyFunction, TestsLikeByRegularExpressions) {
       }
       texts.push_back(text);
     }
-    std::string sql = "SELECT " + LikeSubject("t") + " ~ r FROM (VALUES ";
-    for (std::size_t i = 0; i < texts.size(); ++i)
-      sql += (i == 0 ? "($" : ", ($") + std::to_string(2 * i + 1) + ", $" + std::to_string(2 * i + 2) + ')';
-    Query query(connection, std::string_view(sql + ") AS tests(t, r)"));
+    // By a parameter, and by a constant, which is worded by what it holds.
+    std::string sql = "SELECT (" + LikeSubject("t") + " ~ r)::integer, c::integer FROM (VALUES ";
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      const std::string text = '$' + std::to_string(2 * i + 1);
+      sql += (i == 0 ? "(" : ", (") + text + ", $" + std::to_string(2 * i + 2) + ", " +
+             ServerDialect().LikeTest(text, ServerDialect().Text(regexes[i])) + ')';
+    }
+    Query query(connection, std::string_view(sql + ") AS tests(t, r, c)"));
     for (std::size_t i = 0; i < texts.size(); ++i) {
       query.Bind(static_cast<int>(2 * i + 1), std::string_view(texts[i]));
       query.Bind(static_cast<int>(2 * i + 2), std::string_view(regexes[i]));
     }
     for (std::size_t i = 0; query.Step(); ++i, ++tests) {
       ASSERT_EQ(query.Int(0) != 0, expected[i]) << texts[i] << " by " << regexes[i].substr(0, 200);
+      ASSERT_EQ(query.Int(1) != 0, expected[i]) << texts[i] << " by the constant " << regexes[i].substr(0, 200);
+      anywhere += expected[i] && StandsAnywhere(regexes[i]);
       matches += expected[i];
     }
   }
   EXPECT_GT(matches, 2'000);
+  EXPECT_GT(anywhere, 100);
 }
 
 }  // namespace

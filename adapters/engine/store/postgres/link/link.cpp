@@ -17,6 +17,17 @@ constexpr int kTextFormat = 0;
 constexpr int kAsItIs = 1;
 
 // It is kept for who tells others of it.
+// The second one is for the rest of the trip: the statement behind it is planned for any value, and that plan is kept. Both are prepared,
+// as they go along with nearly every trip.
+struct SnapshotAsk {
+  const char* name;
+  const char* sql;
+  Run::Part part;
+};
+constexpr std::array<SnapshotAsk, 2> kSnapshotAsks{
+    {{"ask", "SELECT pg_current_snapshot()", Run::Part::KeepAsk},
+     {"ask_once", "SELECT pg_current_snapshot(), set_config('plan_cache_mode', 'force_generic_plan', true)", Run::Part::KeepAskPlan}}};
+
 constexpr const char* kAskNumber = "SELECT set_config('orcussch.wrote', coalesce(pg_current_xact_id_if_assigned()::text, ''), false)";
 
 std::string FieldOf(const PGresult* result, int field) {
@@ -46,6 +57,7 @@ void Link::Close() noexcept {
 void Link::Open(const std::string& asked) {
   Close();
   connection_ = Connect(target_, patience_, name_, serveOthers_, asked);
+  asksKept_ = {};
   PQsetNoticeReceiver(
       connection_,
       [](void* link, const PGresult* notice) {
@@ -80,9 +92,22 @@ bool Link::SendStatement(const Trip& trip) {
                              formats.data(), kTextFormat) != 0;
 }
 
+bool Link::AskSnapshot(bool planOnce, Run& run) {
+  const std::size_t which = planOnce ? 1 : 0;
+  const SnapshotAsk& ask = kSnapshotAsks[which];
+  bool sent = true;
+  if (!asksKept_[which]) {
+    sent = PQsendPrepare(connection_, ask.name, ask.sql, 0, nullptr) != 0;
+    run.parts.push_back(ask.part);
+  }
+  run.parts.push_back(Run::Part::Snapshot);
+  return sent && PQsendQueryPrepared(connection_, ask.name, 0, nullptr, nullptr, nullptr, kTextFormat) != 0;
+}
+
 std::shared_ptr<Run> Link::Send(const Trip& trip) {
   auto run = std::make_shared<Run>();
   run->guarded = trip.guarded;
+  run->isShort = trip.isShort;
   run->tells = trip.tells;
   storedHereAlone_ = false;
   bool sent = !IsCut();
@@ -99,7 +124,7 @@ std::shared_ptr<Run> Link::Send(const Trip& trip) {
     sync(Run::Part::Sync);
   }
   for (const std::string& sql : trip.before) control(sql, Run::Part::Control);
-  if (trip.asksSnapshot) control("SELECT pg_current_snapshot()", Run::Part::Snapshot);
+  if (trip.asksSnapshot) sent = sent && AskSnapshot(trip.planOnce, *run);
   if (!trip.prepare.empty()) {
     sent = sent && PQsendPrepare(connection_, trip.name.c_str(), trip.prepare.c_str(), static_cast<int>(trip.types.size()), trip.types.data()) != 0;
     run->parts.push_back(Run::Part::Prepare);
@@ -121,7 +146,7 @@ std::shared_ptr<Run> Link::Send(const Trip& trip) {
     Lose(*run);
     return run;
   }
-  if (run->parts.front() == Run::Part::Statement) PQsetSingleRowMode(connection_);
+  BeginPart(*run);
   return run;
 }
 
@@ -136,10 +161,14 @@ void Link::Lose(Run& run) {
   Close();
 }
 
+// A row at a time, so that a long result is never here as a whole. Each row costs a result of its own then, with all columns' names.
+void Link::BeginPart(Run& run) {
+  if (!run.isShort && run.at < run.parts.size() && run.parts[run.at] == Run::Part::Statement) PQsetSingleRowMode(connection_);
+}
+
 void Link::NextPart(Run& run) {
   ++run.at;
-  // A row at a time, so that a long result is never here as a whole.
-  if (run.at < run.parts.size() && run.parts[run.at] == Run::Part::Statement) PQsetSingleRowMode(connection_);
+  BeginPart(run);
 }
 
 void Link::Receive(Run& run, Result result) {
@@ -178,6 +207,8 @@ void Link::Receive(Run& run, Result result) {
       if (part == Run::Part::Statement) run.changed = std::atoll(PQcmdTuples(result.get()));
       if (part == Run::Part::Prepare) run.prepared = true;
       if (part == Run::Part::Ahead) run.aheadDone = true;
+      if (part == Run::Part::KeepAsk) asksKept_[0] = true;
+      if (part == Run::Part::KeepAskPlan) asksKept_[1] = true;
       run.tag = PQcmdStatus(result.get());
       return;
     default:  // skipped behind an error

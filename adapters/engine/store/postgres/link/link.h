@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -61,11 +62,13 @@ class Link {
   using Moment = std::chrono::steady_clock::time_point;
   bool Pump(Run& run);
   void Receive(Run& run, Result result);
+  void BeginPart(Run& run);
   void NextPart(Run& run);
   void Wait(Run& run, Moment& since);
   void Lose(Run& run);
   void Cancel();
   bool SendStatement(const Trip& trip);
+  bool AskSnapshot(bool planOnce, Run& run);
   bool IsCut();
   void Close() noexcept;
 
@@ -77,6 +80,7 @@ class Link {
   int openings_ = 0;
   bool unsent_ = false;
   bool storedHereAlone_ = false;  ///< the server has said so of this trip
+  std::array<bool, 2> asksKept_{};  ///< the server has the statements that ask for the snapshot: the bare one, the one for a plan that is kept
   std::uint64_t trips_ = 0;
 };
 

@@ -32,6 +32,8 @@ struct Trip {
   std::vector<std::string> ahead;   ///< statements that stand for themselves: whether they fail is told apart (Run::aheadDone)
   std::vector<std::string> before;  ///< statements without rows
   bool asksSnapshot = false;        ///< which transactions have ended is asked for, in front of the statement
+  bool planOnce = false;            ///< together with that: the statement's plan is one for all values, and kept
+  bool isShort = false;             ///< the statement has few rows: they may come as a whole
   std::string name;                 ///< of the prepared statement
   std::string prepare;              ///< its text, "" when the server has it
   std::vector<unsigned> types;      ///< of its parameters, where it is prepared
@@ -53,6 +55,7 @@ class Run {
   bool done = false;
   bool unwanted = false;  ///< what still comes is thrown away
   bool guarded = false;
+  bool isShort = false;  ///< its rows come as a whole
   std::int64_t changed = 0;
   bool prepared = false;  ///< the server has the statement now
   std::string tag;        ///< what the server says that the last part did
@@ -69,7 +72,7 @@ class Run {
   std::string schema;
   std::string sql;
 
-  enum class Part : std::uint8_t { Ahead, Control, Snapshot, Prepare, Statement, Number, Notice, Sync, End };
+  enum class Part : std::uint8_t { Ahead, Control, KeepAsk, KeepAskPlan, Snapshot, Prepare, Statement, Number, Notice, Sync, End };
   std::vector<Part> parts;
   std::size_t at = 0;
   int thrownAway = 0;

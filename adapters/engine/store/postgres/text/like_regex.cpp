@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <span>
 
 #include "engine/store/postgres/text/characters.h"
 #include "platform/values/text.h"
@@ -81,12 +82,29 @@ std::string ClassOf(const LikePattern::Token& token) {
   return (token.negated ? "[^" : "[") + members + ']';
 }
 
+bool TakesBlanks(const LikePattern::Token& token) {
+  const Weights blank = weights::WeightsOf(U' ');
+  return token.negated || std::ranges::any_of(token.ranges, [&](const LikePattern::Range& range) { return !(blank < range.first) && !(range.last < blank); });
+}
+
+bool NeedsNoAnchors(std::span<const LikePattern::Token> tokens) {
+  using Kind = LikePattern::Token::Kind;
+  if (tokens.size() < 3 || tokens.front().kind != Kind::AnyRun || tokens.back().kind != Kind::AnyRun) return false;
+  const LikePattern::Token& last = tokens[tokens.size() - 2];
+  return last.kind == Kind::Digit || ((last.kind == Kind::Literal || last.kind == Kind::List) && !TakesBlanks(last));
+}
+
 }  // namespace
+
+bool StandsAnywhere(std::string_view regex) { return !regex.starts_with('^'); }
 
 std::string LikeRegex(const LikePattern& pattern) {
   using Kind = LikePattern::Token::Kind;
-  std::string regex = "^";
-  for (const LikePattern::Token& token : pattern.Tokens()) {
+  std::span<const LikePattern::Token> tokens = pattern.Tokens();
+  const bool anywhere = NeedsNoAnchors(tokens);
+  if (anywhere) tokens = tokens.subspan(1, tokens.size() - 2);
+  std::string regex = anywhere ? "" : "^";
+  for (const LikePattern::Token& token : tokens) {
     switch (token.kind) {
       case Kind::AnyRun:
         regex += ".*";
@@ -103,7 +121,7 @@ std::string LikeRegex(const LikePattern& pattern) {
         break;
     }
   }
-  return regex + '$';
+  return anywhere ? regex : regex + '$';
 }
 
 std::string LikeSubject(const std::string& text) { return "rtrim(" + text + ", chr(32) || chr(9) || chr(160))"; }

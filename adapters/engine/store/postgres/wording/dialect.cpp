@@ -33,6 +33,7 @@ bool HasFixedBeginning(std::string_view regex) {
 }
 
 std::string LikeTest(const std::string& value, const std::string& regex) {
+  if (regex.starts_with('\'') && StandsAnywhere(std::string_view(regex).substr(1))) return value + " ~ " + regex;
   const std::string test = LikeSubject(value) + " ~ " + regex;
   return HasFixedBeginning(regex) ? "CASE " + test + " WHEN true THEN true WHEN false THEN false END" : test;
 }

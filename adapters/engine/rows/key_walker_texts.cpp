@@ -1,0 +1,105 @@
+// The texts of a walk's statements.
+#include <cstdint>
+
+#include "engine/rows/key_walker.h"
+
+namespace engine {
+
+using platform::FieldType;
+
+std::string KeyWalker::StatementText(const Request& request, const Level& level) const {
+  if (request.among > 0) return AmongText(request, level);
+  if (putInOrder_ && !request.keysOnly) return SortedText(request, level);
+  if (request.skip > 0 && !request.keysOnly && level.step == Step::BehindPlace && Within(request) > 0) return PlacedText(request, level);
+  std::string text = "SELECT ";
+  if (!request.keysOnly) text += shape_.columnList + ", ";
+  text += keyColumns_;
+  if (!request.flag.empty()) text.append(", (").append(request.flag).append(")");
+  text += " FROM " + from_;
+  const std::string condition = ConditionOf(request, level);
+  if (!condition.empty()) text += " WHERE " + condition;
+  // Columns that are held equal order nothing: without them the store reads straight along the index.
+  const std::size_t ordered = level.step == Step::NullBlock ? level.equal + 1 : level.equal;
+  text += " ORDER BY " + OrderText(request.direction, ordered);
+  if (const std::int64_t rows = Within(request); rows > 0) text = "SELECT * FROM (" + text + " LIMIT " + std::to_string(rows) + ") AS walked";
+  return text + " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " + dialect_.Parameter(order_.size() + 3);
+}
+
+// What is left out is walked by its keys alone, which the index has: the rows themselves are read from there on.
+std::string KeyWalker::PlacedText(const Request& request, const Level& level) const {
+  const std::string order = " ORDER BY " + OrderText(request.direction, level.equal);
+  const std::string within = " LIMIT " + std::to_string(Within(request));
+  const std::string from = request.direction == Direction::Up ? " >= " : " <= ";
+  return "SELECT walked.* FROM (SELECT * FROM (SELECT " + comparable_[0] + " AS place, " + rowKey_ + " AS key FROM " + from_ + " WHERE " +
+         ConditionOf(request, level) + order + within + ") AS near LIMIT 1 OFFSET " + dialect_.Parameter(order_.size() + 3) +
+         ") AS begin CROSS JOIN LATERAL (SELECT " + shape_.columnList + ", " + keyColumns_ + " FROM " + from_ +
+         " WHERE (" + comparable_[0] + ", " + rowKey_ + ')' + from + "(begin.place, begin.key)" + order + within + ") AS walked LIMIT " +
+         dialect_.Parameter(order_.size() + 2);
+}
+
+// Only the keys are put in order: a store that sorts whole rows forms each of them first.
+std::string KeyWalker::SortedText(const Request& request, const Level& level) const {
+  const PlanTable& table = shape_.plan.tables.front();
+  const std::string condition = ConditionOf(request, level);
+  const std::string order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
+  return "SELECT " + shape_.columnList + ", " + keyColumns_ + (request.flag.empty() ? "" : ", (" + std::string(request.flag) + ')') +
+         " FROM (SELECT " + rowKey_ + " AS k FROM " + from_ + (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " +
+         dialect_.Parameter(order_.size() + 2) + " OFFSET " + dialect_.Parameter(order_.size() + 3) + ") AS sorted JOIN " +
+         table.table->storeName + " AS " + table.alias + " ON " + rowKey_ + " = sorted.k" + order;
+}
+
+// The rows are cut off along the index first, so that a store which plans for itself asks no others.
+std::string KeyWalker::AmongText(const Request& request, const Level& level) const {
+  const std::string& alias = shape_.plan.tables.front().alias;
+  Request all = request;
+  all.condition = {};
+  const std::string condition = ConditionOf(all, level);
+  const std::string order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
+  return "SELECT " + (request.keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + " FROM (SELECT " + alias + ".* FROM " + from_ +
+         (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + std::to_string(request.among) + ") AS " + alias + " WHERE " +
+         std::string(request.condition) + order + " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " +
+         dialect_.Parameter(order_.size() + 3);
+}
+
+std::string KeyWalker::ConditionOf(const Request& request, const Level& level) const {
+  std::string text;
+  const auto add = [&](std::string_view condition) {
+    if (!text.empty()) text += " AND ";
+    text += condition;
+  };
+  const std::string beyond = request.direction == Direction::Up ? " > " : " < ";
+  for (std::size_t i = 0; i < level.equal; ++i)
+    add(comparable_[i] + (request.from->values[i].IsNull() ? " IS NULL" : " = " + dialect_.Parameter(i + 1)));
+  if (level.step == Step::BehindRow) add(rowKey_ + beyond + dialect_.Parameter(order_.size() + 1));
+  if (level.step == Step::BehindPlace)
+    add('(' + comparable_[0] + ", " + rowKey_ + ')' + beyond + '(' + dialect_.Parameter(1) + ", " + dialect_.Parameter(2) + ')');
+  if (level.step == Step::BehindColumn) add(comparable_[level.equal] + beyond + dialect_.Parameter(level.equal + 1));
+  if (level.step == Step::NotNull) add(comparable_[level.equal] + " IS NOT NULL");
+  if (level.step == Step::NullBlock) add(comparable_[level.equal] + " IS NULL");
+  if (request.bounds != nullptr) {
+    // A row's bound where the walk begins keeps it on its index: two bounds of the key alone promise so few rows that they might be sorted.
+    const bool asRow = order_.size() == 1 && Within(request) > 0;
+    const std::string beforeAllRows = std::to_string(-INT64_MAX);
+    const auto bound = [&](bool isStart, const char* compare, std::size_t parameter) {
+      add(asRow && isStart ? '(' + comparable_[0] + ", " + rowKey_ + ')' + compare + '(' + dialect_.Parameter(parameter) + ", " + beforeAllRows + ')'
+                           : comparable_[0] + compare + dialect_.Parameter(parameter));
+    };
+    const bool up = request.direction == Direction::Up;
+    if (request.bounds->lower) bound(up, " >= ", order_.size() + 4);
+    if (request.bounds->upper) bound(!up, " < ", order_.size() + 5);
+  }
+  if (!filter_.empty()) add("(" + filter_ + ")");
+  if (!request.condition.empty()) add("(" + std::string(request.condition) + ")");
+  return text;
+}
+
+std::string KeyWalker::OrderText(Direction direction, std::size_t from) const {
+  const bool down = direction == Direction::Down;
+  std::string text;
+  // By an expression of a field instead of the field no index gives the order.
+  const auto ordered = [this](const std::string& key, FieldType type) { return putInOrder_ ? dialect_.byNoIndex(key, type) : key; };
+  for (std::size_t i = from; i < order_.size(); ++i) text += ordered(comparable_[i], order_[i].type) + dialect_.OrderSuffix(down) + ", ";
+  return text + ordered(rowKey_, FieldType::Counter) + (down ? " DESC" : "");
+}
+
+}  // namespace engine

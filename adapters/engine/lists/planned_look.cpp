@@ -50,7 +50,20 @@ void PlannedLook::PutAllInOrder() {
   first_.all = Hits() < FirstLook::kPage;
 }
 
+// Where no way leads along the list there is nothing to find out before.
+FirstRows PlannedLook::ByOne(std::int64_t likelyRows) {
+  first_.version = source_.Version();
+  first_.way = FirstRows::Way::Walk;
+  first_.page = std::make_shared<RowPage>(source_.Fields().size() + all_.Order().size(), 1);
+  PutAllInOrder();
+  first_.likelyRows = first_.all ? Hits() : likelyRows;
+  return std::move(first_);
+}
+
 FirstRows PlannedLook::Run() {
+  const PlanTable& table = source_.Plan().tables.front();
+  const std::int64_t likelyRows = table.table->file->LikelyRows(table.table->definition.name);
+  if (rows_ == nullptr && likelyRows > 0) return ByOne(likelyRows);
   // A walk may take as much as a small part of the look at all rows that it may save.
   constexpr std::array<std::int64_t, 2> kStretches{64, 1024};
   constexpr std::int64_t kPartOfAll = 32;

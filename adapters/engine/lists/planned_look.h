@@ -19,6 +19,7 @@ class PlannedLook {
   FirstRows Run();
 
  private:
+  FirstRows ByOne(std::int64_t likelyRows);
   bool WalkOn(std::int64_t rows);
   void PutAllInOrder();
   std::int64_t Hits() const { return static_cast<std::int64_t>(first_.page->Rows()); }

@@ -17,6 +17,8 @@ struct TextKeys {
   std::string (*ofText)(std::string_view text) = nullptr;
   /// The expression for the key of what a field holds; `alias` stands for its table.
   std::string (*ofField)(const platform::TableDefinition& table, const platform::FieldDefinition& field, std::string_view alias) = nullptr;
+  /// The same beside a constant's key that it is compared with for equality: quicker where it is another one. `text` is the field itself.
+  std::string (*ofFieldBeside)(const std::string& ofField, const std::string& text, std::string_view key) = nullptr;
   /// The store's function that makes the key of any text.
   std::string function;
   /// Behind a call of it, so that its keys stand in the order of their bytes whatever they were made of.

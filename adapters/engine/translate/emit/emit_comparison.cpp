@@ -36,6 +36,10 @@ Emitted Emitter::Compare(std::string_view sign, Emitted left, Emitted right) {
   std::vector<Emitted> sides;
   sides.push_back(std::move(left));
   sides.push_back(std::move(right));
+  if (sign == "=") {
+    forms_.PutBeside(sides[0], sides[1]);
+    forms_.PutBeside(sides[1], sides[0]);
+  }
   const bool texts = forms_.Align(sides);
   const std::string first = Wrap(sides[0], Tightness::Sum);
   const std::string second = texts ? forms_.Collated(sides[1]) : Wrap(sides[1], Tightness::Sum);

@@ -260,6 +260,12 @@ std::string Forms::KeyOf(const Emitted& text) const {
   return text.comparable.empty() ? dialect_.textKeys->function + '(' + text.sql + ')' + dialect_.textKeys->behind : text.comparable;
 }
 
+void Forms::PutBeside(Emitted& field, const Emitted& constant) const {
+  const bool both = field.table >= 0 && !field.comparable.empty() && constant.literal && constant.literal->IsText();
+  if (dialect_.textKeys == nullptr || !both) return;
+  field.comparable = dialect_.textKeys->ofFieldBeside(field.comparable, field.sql, dialect_.Comparable(constant.literal->As<std::string>()));
+}
+
 std::string Forms::Collate() const { return dialect_.textKeys != nullptr ? "" : " COLLATE " + dialect_.Name(dialect_.collation); }
 
 std::string Forms::Collated(const Emitted& text) const {

@@ -55,6 +55,8 @@ class Forms {
   std::string Collate() const;
   /// A text as it is compared and ordered: in the text order's collation, or its key.
   std::string Collated(const Emitted& text) const;
+  /// A field that is compared with a constant for equality may be worded for that.
+  void PutBeside(Emitted& field, const Emitted& constant) const;
   /// A constant as a text is compared with it.
   std::string CollatedConstant(std::string_view text) const;
 

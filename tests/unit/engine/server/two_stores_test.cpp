@@ -196,7 +196,7 @@ TEST_F(TwoStores, LinksWithinTheCompanyGoAlongWithIt) {
   people->AppendTableDef(link);
   EXPECT_EQ(people->TableDefAt(1).Connect, ";DATABASE=" + Path("GL.zdb"));
   EXPECT_EQ(Other("SELECT path FROM orv1_customer.\"~links\""), "{folder}/GL.zdb\n");
-  Other("INSERT INTO orv1_gl.\"Departments\" VALUES (DEFAULT, '010', 'Front')");
+  Other("INSERT INTO orv1_gl.\"Departments\" (\"Dept\", \"Name\") VALUES ('010', 'Front')");
   EXPECT_THAT(Rows(people, "SELECT Dept, Name FROM Departments"), ElementsAre("010 Front"));
 }
 

@@ -101,10 +101,14 @@ std::vector<std::string> CreateSchemaTexts(std::string_view schema) {
 
 std::string CreateTableText(std::string_view schema, const TableDefinition& table) {
   std::vector<std::string> columns;
+  // Whoever reads one column of a row steps over those before it. Keys that are mostly Null cost nothing there, and nothing is stepped over
+  // for them.
+  for (const FieldDefinition& field : table.fields)
+    if (const KeyColumn key = KeyColumnOf(table, field); key == KeyColumn::Sparse) columns.push_back(KeyText(schema, key, field));
   if (CounterOf(table) == nullptr) columns.push_back(QuoteName(kHiddenKey) + " bigint" + NumberedBy(schema, table));
   for (const FieldDefinition& field : table.fields) columns.push_back(FieldText(schema, table, field));
   for (const FieldDefinition& field : table.fields)
-    if (const KeyColumn key = KeyColumnOf(table, field); key != KeyColumn::None) columns.push_back(KeyText(schema, key, field));
+    if (const KeyColumn key = KeyColumnOf(table, field); key == KeyColumn::Full) columns.push_back(KeyText(schema, key, field));
   std::string text = "CREATE TABLE " + Own(schema, table.name) + " (";
   for (std::size_t i = 0; i < columns.size(); ++i) text += (i == 0 ? "" : ", ") + columns[i];
   return text + ")";

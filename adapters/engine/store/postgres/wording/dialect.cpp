@@ -10,6 +10,8 @@
 namespace engine::postgres {
 namespace {
 
+std::string InSmallLetters(const std::string& text) { return "lower(" + text + ')'; }
+
 std::string FieldKey(const platform::TableDefinition& table, const platform::FieldDefinition& field, std::string_view alias) {
   const std::string owner = std::string(alias) + '.';
   const KeyColumn column = KeyColumnOf(table, field);
@@ -17,11 +19,20 @@ std::string FieldKey(const platform::TableDefinition& table, const platform::Fie
     case KeyColumn::Full:
       return owner + QuoteName(NameOf(column, field.name));
     case KeyColumn::Sparse:
-      return "coalesce(" + owner + QuoteName(NameOf(column, field.name)) + ", lower(" + owner + QuoteName(field.name) + "))";
+      return "coalesce(" + owner + QuoteName(NameOf(column, field.name)) + ", " + InSmallLetters(owner + QuoteName(field.name)) + ')';
     case KeyColumn::None:
       break;
   }
   return std::string(kTextKeyFunction) + '(' + owner + QuoteName(field.name) + ')';
+}
+
+// Small letters take as many bytes as the text: of another length none are made. No key is a blank.
+std::string FieldKeyBeside(const std::string& ofField, const std::string& text, std::string_view key) {
+  const std::string small = InSmallLetters(text);
+  const std::string end = ", " + small + ')';
+  if (!ofField.ends_with(end)) return ofField;
+  return ofField.substr(0, ofField.size() - end.size()) + ", CASE WHEN octet_length(" + text + ") = " + std::to_string(key.size()) + " THEN " + small +
+         " WHEN " + text + " IS NOT NULL THEN ' ' END)";
 }
 
 // A pattern with a fixed beginning stands behind a range of the index, which nearly all rows pass that lie in it. The planner takes any
@@ -38,22 +49,24 @@ std::string LikeTest(const std::string& value, const std::string& regex) {
   return HasFixedBeginning(regex) ? "CASE " + test + " WHEN true THEN true WHEN false THEN false END" : test;
 }
 
-// Dates are texts, too.
+// Dates are texts, too. A key that is put together has no index anyway.
 std::string ByNoIndex(const std::string& key, platform::FieldType type) {
   using platform::FieldType;
+  if (key.starts_with("coalesce(")) return key;
   const bool isText = type == FieldType::Text || type == FieldType::Memo || type == FieldType::Date;
   return '(' + key + (isText ? " || '')" : " + 0)");
 }
 
 const TextKeys& Keys() {
-  static const TextKeys keys{.ofText = TextKey, .ofField = FieldKey, .function = std::string(kTextKeyFunction), .behind = " COLLATE \"C\""};
+  static const TextKeys keys{.ofText = TextKey, .ofField = FieldKey, .ofFieldBeside = FieldKeyBeside, .function = std::string(kTextKeyFunction), .behind = " COLLATE \"C\""};
   return keys;
 }
 
-constexpr std::array<std::string_view, 30> kUncounted{
+constexpr std::array<std::string_view, 31> kUncounted{
     "f_addlong", "f_sublong", "f_mullong",  "f_neglong", "f_addcur",  "f_subcur", "f_timescur", "f_negcur", "f_addreal", "f_subreal",
     "f_mulreal", "f_divreal", "c_addlong",  "c_sublong", "c_mullong", "c_neglong", "c_addcur",  "c_subcur", "c_timescur", "c_negcur",
-    "c_addreal", "c_subreal", "c_mulreal",  "c_divreal", "coalesce",  "lower",    "rtrim",      "chr",      "text_key",  "array_agg"};
+    "c_addreal", "c_subreal", "c_mulreal",  "c_divreal", "coalesce",  "lower",    "rtrim",      "chr",      "text_key",  "array_agg",
+    "octet_length"};
 
 constexpr LikeForms kLikeForms{.ofPattern = LikeRegex, .test = LikeTest};
 

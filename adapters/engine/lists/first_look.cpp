@@ -300,12 +300,19 @@ void FirstLook::Begin() {
   first_.page = std::make_shared<RowPage>(source_.Fields().size() + (rows_ == nullptr ? 0 : rows_->Order().size()), 1);
 }
 
+// Asking on costs more than keys do.
 std::optional<FirstRows> FirstLook::ByFewKeys() {
+  constexpr std::int64_t kReach = 8 * kFirstReach;
+  std::optional<Transaction> oneState;
+  if (!leads_.None()) oneState.emplace(source_.Store(), Transaction::Kind::Read);
   Begin();
-  leads_.Reach(kFirstReach);
-  const bool few = leads_.Shortest() != nullptr;
+  leads_.Reach(kReach);
+  const Leads::Lead* const shortest = leads_.Shortest();
+  leadsToFew_ = shortest != nullptr;
+  const bool few = leadsToFew_ && shortest->Keys() <= kFirstReach;
   if (few) TakeShortest();
   leads_.Close();
+  if (oneState) oneState->Commit();
   if (!few) return {};
   return std::move(first_);
 }

@@ -41,8 +41,10 @@ class FirstLook {
   void ByIndexesAlone() { wide_.clear(); }
 
   FirstRows Run();
-  /// The rows where a driver leads to so few that nothing else is as little work; nothing where none does. Inside the caller's unit.
+  /// The rows where a driver leads to so few that nothing else is as little work, in a store that plans by itself; nothing where none does.
   std::optional<FirstRows> ByFewKeys();
+  /// Behind that: whether one leads to fewer rows than are worth a walk.
+  bool LeadsToFew() const noexcept { return leadsToFew_; }
 
   /// How many rows of the list are looked for.
   static constexpr std::int64_t kPage = 50;
@@ -84,6 +86,7 @@ class FirstLook {
   std::optional<OrderPlace> reached_;
   std::int64_t looked_ = 0;
   std::int64_t span_ = 0;
+  bool leadsToFew_ = false;
   bool misjudged_ = false;  ///< rows that fit were expected sooner
   double look_ = 0;         ///< what looking at one more row in the list's order costs
   double byKey_ = 0;        ///< at one with a driver's key

@@ -6,34 +6,55 @@
 
 namespace engine {
 
-// A stretch of the list; true when that is enough.
+void PlannedLook::Begin() {
+  first_.version = source_.Version();
+  first_.way = FirstRows::Way::Walk;
+  first_.page = std::make_shared<RowPage>(source_.Fields().size() + all_.Order().size(), 1);
+}
+
+// So many more rows of the list; true when the page is full. They are walked from the last row found, and those behind it once more, as
+// nobody knows where the walk ended.
 bool PlannedLook::WalkOn(std::int64_t rows) {
-  const OrderPlace from = reached_ ? *reached_ : OrderPlace{};
-  std::optional<KeyWalker::Stretch> ahead = bounded_->Ahead(direction_, reached_ ? &from : nullptr, rows);
-  RowPage& page = *first_.page;
+  KeyWalker::Request request;
+  request.direction = direction_;
+  request.from = reached_ ? &*reached_ : nullptr;
+  std::int64_t once = reached_ ? looked_ / (Hits() + 1) : 0;
+  if (!rows_->CanSkip(request)) {
+    request.from = nullptr;
+    once = looked_;
+    first_.page->cells.Clear();
+    first_.page->keys.clear();
+  }
   std::optional<OrderPlace> last;
-  const auto take = [&](const Query& row) {
-    rows_->AppendRow(row, page);
+  rows_->ReadAmongNext(direction_, request.from, once + rows, *bounded_, FirstLook::kPage - Hits(), [&](const Query& row) {
+    rows_->AppendRow(row, *first_.page);
     last = rows_->PlaceAt(row, false);
-    return Hits() < FirstLook::kPage;
-  };
-  if (ahead) {
-    rows_->ReadStretch(*ahead, *bounded_, FirstLook::kPage - Hits(), take);
-    reached_ = ahead->last;
-  } else {
-    KeyWalker::Request request;
-    request.direction = direction_;
-    request.from = reached_ ? &from : nullptr;
-    request.limit = std::numeric_limits<std::int64_t>::max();
-    rows_->Read(request, take);
-    first_.all = Hits() < FirstLook::kPage;
-  }
-  if (Hits() == FirstLook::kPage) {
-    looked_ += bounded_->CountUpTo(direction_, looked_ == 0 ? nullptr : &from, *last);
     return true;
-  }
+  });
   looked_ += rows;
-  return first_.all;
+  if (last) reached_ = std::move(last);
+  if (Hits() < FirstLook::kPage) return false;
+  const std::int64_t passed = direction_ == Direction::Up ? bounded_->CountBelow(*reached_) + 1 : bounded_->CountUpTo(direction_, nullptr, *reached_);
+  looked_ = std::max(passed, FirstLook::kPage);
+  return true;
+}
+
+// A walk may take as much as a small part of the look at all rows that it may save; more of it where it is known to lead to the page.
+bool PlannedLook::Walk() {
+  constexpr std::int64_t kFewest = 64;
+  constexpr std::int64_t kMost = 1088;
+  constexpr std::int64_t kPartOfAll = 32;
+  constexpr std::int64_t kPartIfKnown = 4;
+  // Rows that have turned up tell how far the page reaches; they may lie a little thinner there.
+  constexpr std::int64_t kTelling = 5;
+  std::int64_t rows = std::min(kMost, span_ / kPartOfAll);
+  if (rows < kFewest) return false;
+  while (!WalkOn(rows)) {
+    if (Hits() < kTelling) return false;
+    rows = kFewest + 2 * (FirstLook::kPage - Hits()) * looked_ / Hits();
+    if (FirstLook::kPage * looked_ / Hits() * kPartIfKnown > span_) return false;
+  }
+  return true;
 }
 
 void PlannedLook::PutAllInOrder() {
@@ -52,47 +73,29 @@ void PlannedLook::PutAllInOrder() {
 
 // Where no way leads along the list there is nothing to find out before.
 FirstRows PlannedLook::ByOne(std::int64_t likelyRows) {
-  first_.version = source_.Version();
-  first_.way = FirstRows::Way::Walk;
-  first_.page = std::make_shared<RowPage>(source_.Fields().size() + all_.Order().size(), 1);
+  Begin();
   PutAllInOrder();
   first_.likelyRows = first_.all ? Hits() : likelyRows;
   return std::move(first_);
 }
 
 FirstRows PlannedLook::Run() {
-  const PlanTable& table = source_.Plan().tables.front();
-  const std::int64_t likelyRows = table.table->file->LikelyRows(table.table->definition.name);
+  const ResolvedTable& table = *source_.Plan().tables.front().table;
+  const std::int64_t likelyRows = table.file->LikelyRows(table.definition.name);
   if (rows_ == nullptr && likelyRows > 0) return ByOne(likelyRows);
-  // A walk may take as much as a small part of the look at all rows that it may save.
-  constexpr std::array<std::int64_t, 2> kStretches{64, 1024};
-  constexpr std::int64_t kPartOfAll = 32;
-  Transaction oneState(source_.Store(), Transaction::Kind::Read);
-  if (rows_ != nullptr)
-    if (std::optional<FirstRows> few = FirstLook(source_, rows_, bounded_, direction_).ByFewKeys()) {
-      oneState.Commit();
-      return std::move(*few);
-    }
-  first_.version = source_.Version();
-  first_.way = FirstRows::Way::Walk;
-  first_.page = std::make_shared<RowPage>(source_.Fields().size() + all_.Order().size(), 1);
-  span_ = SpanOf(source_).Width();
-  bool found = false;
-  for (const std::int64_t rows : kStretches)
-    if (!found && rows_ != nullptr && rows * kPartOfAll <= span_) found = WalkOn(rows);
-  // Rows that have turned up tell how far the page reaches; they may lie a little thinner there.
-  constexpr std::int64_t kTelling = 5;
-  constexpr std::int64_t kALittle = 64;
-  while (!found && Hits() >= kTelling) {
-    const std::int64_t further = kALittle + 2 * (FirstLook::kPage - Hits()) * looked_ / Hits();
-    if ((looked_ + further) * kPartOfAll / 2 > span_) break;
-    found = WalkOn(further);
+  bool drives = false;
+  if (rows_ != nullptr) {
+    FirstLook look(source_, rows_, bounded_, direction_);
+    if (std::optional<FirstRows> few = look.ByFewKeys()) return std::move(*few);
+    drives = look.LeadsToFew();
   }
+  Begin();
+  span_ = likelyRows > 0 ? likelyRows : SpanOf(source_).Width();
+  const bool found = rows_ != nullptr && !drives && Walk();
   const double share = looked_ == 0 ? 1 : static_cast<double>(std::max<std::int64_t>(Hits(), 1)) / static_cast<double>(looked_);
   first_.likelyRows = static_cast<std::int64_t>(std::min(share, 1.0) * static_cast<double>(span_));
   if (!found) PutAllInOrder();
   if (first_.all) first_.likelyRows = Hits();
-  oneState.Commit();
   return std::move(first_);
 }
 

@@ -7,9 +7,9 @@
 namespace engine {
 
 /// Finds the first page of a list in a store that plans statements by what it knows of the tables (Dialect::byNoIndex). What it doesn't
-/// know well is whether rows that fit stand near the list's beginning, and it takes walks for far cheaper than they may be. So a short
-/// stretch of the list is walked, where no driver leads to very few rows; when the page isn't full then, one statement finds all rows
-/// that fit, by whatever way the store knows, and keeps the first ones.
+/// know well is whether rows that fit stand near the list's beginning, and it takes walks for far cheaper than they may be. So the first
+/// rows of the list are walked, where no driver leads to few rows; when the page isn't full then, one statement finds all rows that fit, by
+/// whatever way the store knows, and keeps the first ones. Each of these is one question to the store.
 class PlannedLook {
  public:
   /// `rows`, `bounded`: as for FirstLook; neither where no index gives the order. `all`: the plan's rows by a walk that puts them in order.
@@ -20,6 +20,8 @@ class PlannedLook {
 
  private:
   FirstRows ByOne(std::int64_t likelyRows);
+  void Begin();
+  bool Walk();
   bool WalkOn(std::int64_t rows);
   void PutAllInOrder();
   std::int64_t Hits() const { return static_cast<std::int64_t>(first_.page->Rows()); }
@@ -30,7 +32,7 @@ class PlannedLook {
   KeyWalker& all_;
   Direction direction_;
   FirstRows first_;
-  std::optional<OrderPlace> reached_;
+  std::optional<OrderPlace> reached_;  ///< where the last of the rows found stands
   std::int64_t looked_ = 0;
   std::int64_t span_ = 0;
 };

@@ -255,11 +255,11 @@ std::vector<KeyWalker::Level> KeyWalker::LevelsFor(const Request& request) const
 }
 
 // Rows straight along an index, however the list is asked for them: a store that plans by itself needs to do so once for them, if it sees
-// that they are few. So many rows it sees; 0 where the values matter, or the rows are many.
+// that they are few. So many rows it sees; 0 where the values matter, as those of a place do beside a filter, or the rows are many.
 std::int64_t KeyWalker::Within(const Request& request) const {
   constexpr std::int64_t kFew = 1'024;
   const bool conditionIsKnown = request.condition.empty() || request.conditionText.has_value();
-  if (!dialect_.PlansByItself() || putInOrder_ || !filter_.empty() || !conditionIsKnown || !request.flag.empty() || request.among > 0) return 0;
+  if (!dialect_.PlansByItself() || putInOrder_ || (!filter_.empty() && request.from != nullptr) || !conditionIsKnown || !request.flag.empty() || request.among > 0) return 0;
   if (request.limit > kFew || request.skip > kFew - request.limit) return 0;
   return static_cast<std::int64_t>(std::bit_ceil(static_cast<std::uint64_t>(request.limit + request.skip)));
 }

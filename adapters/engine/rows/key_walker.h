@@ -71,6 +71,9 @@ class KeyWalker {
   /// Reads those of the stretch that this walk's filter takes, and no more than `most` of them. `counted`: the walk of the same table and
   /// order that gave it.
   void ReadStretch(const Stretch& stretch, const KeyWalker& counted, std::int64_t most, const Sink& sink);
+  /// Reads those of the next `rows` rows of `counted` (a walk of the same table and order) that this walk's filter takes, and no more
+  /// than `most` of them, by one statement: from an end, or from behind a place where CanSkip. For stores that plan by themselves.
+  void ReadAmongNext(Direction direction, const OrderPlace* from, std::int64_t rows, const KeyWalker& counted, std::int64_t most, const Sink& sink);
   /// A SELECT of the row keys, as "k", of the first rows.
   std::string FirstKeys(Direction direction, std::int64_t rows) const;
 

@@ -95,6 +95,23 @@ std::string KeyWalker::CutText(const Request& request, const Level& level, const
          (filter_.empty() ? "" : " WHERE " + filter_) + order + " LIMIT " + dialect_.Parameter(order_.size() + 3);
 }
 
+void KeyWalker::ReadAmongNext(Direction direction, const OrderPlace* from, std::int64_t rows, const KeyWalker& counted, std::int64_t most,
+                              const Sink& sink) {
+  Request request;
+  request.direction = direction;
+  request.from = from;
+  const Level level = LevelsFor(request).front();
+  SqlText& text = marked_[CodeOf(request, level)];
+  if (text.text.empty()) text.text = CutText(request, level, counted);
+  Query query(store_, text);
+  BindPlace(query, request, level);
+  const int limit = static_cast<int>(order_.size()) + 2;
+  query.Bind(limit, rows);
+  query.Bind(limit + 1, most);
+  for (std::int64_t left = most; left > 0 && query.Step(); --left)
+    if (!sink(query)) return;
+}
+
 std::string KeyWalker::FirstKeys(Direction direction, std::int64_t rows) const {
   return "SELECT " + rowKey_ + " AS k FROM " + from_ + (filter_.empty() ? "" : " WHERE " + filter_) + " ORDER BY " +
          OrderText(direction, 0) + " LIMIT " + std::to_string(rows);

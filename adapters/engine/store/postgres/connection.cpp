@@ -187,7 +187,10 @@ void ServerConnection::CommitUnit(const Unit& unit) {
     FinishActive();
     held_.clear();
     if (broken_) throw errors::DiskOrNetwork();
-    if (begun_) Commit();
+    if (begun_ && unit.kind == Unit::Kind::Read && !unitWrote_ && !unitDefined_ && saved_.empty())
+      EndReading();
+    else if (begun_)
+      Commit();
     pending_.clear();
     begun_ = false;
     saved_.clear();
@@ -251,6 +254,15 @@ std::optional<Failure> ServerConnection::End(const std::string& sql) {
   return {};
 }
 
+// Nobody waits for the answer: nothing depends on it.
+void ServerConnection::EndReading() {
+  Trip trip;
+  trip.before = std::exchange(pending_, {});
+  trip.behind.emplace_back("COMMIT");
+  active_ = link_.Send(trip);
+  active_->unwanted = true;
+}
+
 // ---- who wrote
 
 std::uint64_t ServerConnection::Writes(const std::string& schema) const {
@@ -304,8 +316,7 @@ std::int64_t ServerConnection::OthersVersion() {
   if (!listens_ || !link_.IsOpen()) {
     AskOthers();
   } else if (active_ == nullptr && units_.empty() && OwesNotice()) {
-    // Nobody waits for the answer.
-    Trip trip;
+    Trip trip;  // as at EndReading
     trip.notice = Notice(false);
     active_ = link_.Send(trip);
     active_->unwanted = true;

@@ -90,6 +90,7 @@ class ServerConnection final : public Channel {
   void FinishActive();
   void Settle(Run& run);
   static constexpr const char* kCommit = "COMMIT";
+  void EndReading();
   std::optional<Failure> End(const std::string& sql);
   void Commit();
   void Learn(Run& run);

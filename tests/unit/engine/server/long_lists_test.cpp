@@ -1,4 +1,5 @@
 // Long lists on a server: what isn't shown isn't fetched.
+#include <algorithm>
 #include <fstream>
 #include <string>
 
@@ -99,6 +100,24 @@ TEST_F(LooksAtAll, AreNotTakenForRowsNearTheEnd) {
   const std::int64_t before = RowsLookedAt();
   // The last ones are called n99: the 99th row and every 977th behind it.
   EXPECT_EQ(First("SELECT * FROM People WHERE ID Mod 12 = 0 ORDER BY Name DESC", 2), "55788 44064 ");
+  EXPECT_LT(RowsLookedAt() - before, kRows / 2);
+}
+
+// One row in forty: the walk goes on from the last one found, and gives each row once.
+TEST_F(LooksAtAll, AreNotTakenForRowsThatLieALittleThinner) {
+  std::vector<std::pair<std::string, int>> fitting;
+  for (int id = 40; id <= kRows; id += 40) fitting.emplace_back('n' + std::to_string(id % 977), id);
+  std::ranges::sort(fitting);
+  constexpr std::size_t kShown = 60;
+  std::string up;
+  std::string down;
+  for (std::size_t i = 0; i < kShown; ++i) {
+    up += std::to_string(fitting[i].second) + ' ';
+    down += std::to_string(fitting[fitting.size() - 1 - i].second) + ' ';
+  }
+  const std::int64_t before = RowsLookedAt();
+  EXPECT_EQ(First("SELECT * FROM People WHERE ID Mod 40 = 0 ORDER BY Name", kShown), up);
+  EXPECT_EQ(First("SELECT * FROM People WHERE ID Mod 40 = 0 ORDER BY Name DESC", kShown), down);
   EXPECT_LT(RowsLookedAt() - before, kRows / 2);
 }
 

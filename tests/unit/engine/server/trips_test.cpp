@@ -187,6 +187,26 @@ TEST_F(Trips, ASearchWithoutIndexIsTwo) {
   EXPECT_TRUE(list->NoMatch());
 }
 
+// Each try is one question: a walk, how far it went, another one where the rows lie a little thinner, all that fit where they are rare.
+TEST_F(Trips, AQueryAsksOnceForEachTry) {
+  Other("INSERT INTO orv1_customer.\"Customers\" (\"LastName\", \"City\", \"Balance\") SELECT 'Name' || lpad((n % 100)::text, 3, '0'), "
+        "'City' || n, n FROM generate_series(5001, 25000) AS n; "
+        "INSERT INTO orv1_customer.\"Phones\" (\"AcctNum\", \"Phone\") SELECT n, n FROM generate_series(1, 100) AS n; ANALYZE");
+  OpenDatabase();
+  OpenList();
+  const auto tripsOf = [&](const std::string& joined, const std::string& filter, std::size_t rows) {
+    return TripsOf([&] {
+      const auto query = database->OpenRecordset(
+          "SELECT DISTINCTROW Customers.* FROM Customers" + joined + " WHERE " + filter + " ORDER BY LastName", RecordsetType::Dynaset);
+      EXPECT_EQ(query->Window().RowsAt(0, 50).size(), rows) << filter;
+    });
+  };
+  EXPECT_EQ(tripsOf("", "Balance > 0", 50), 2);
+  EXPECT_EQ(tripsOf("", "AcctNum Mod 49 = 0", 50), 3);
+  EXPECT_EQ(tripsOf("", "City Like '*y4711'", 1), 2);
+  EXPECT_EQ(tripsOf(" INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum", "Phones.RecordID = 7", 1), 2);
+}
+
 TEST_F(Trips, AFarPlaceIsOneBehindIdleWork) {
   OpenDatabase();
   OpenList();

@@ -1,9 +1,8 @@
 #include <algorithm>
-#include <functional>
 #include <stdexcept>
 
-#include "platform/values/convert.h"
 #include "screen_jobs.h"
+#include "ticks.h"
 
 namespace bench {
 namespace {
@@ -12,26 +11,6 @@ using raw::Ticked;
 
 constexpr int pageRows = 50;
 constexpr int bulkTab = orcussch::tab::KeyWords;
-
-int TabOf(Ticked list) { return list == Ticked::Types ? orcussch::tab::CustomerTypes : orcussch::tab::KeyWords; }
-
-std::uint64_t Mixed(std::uint64_t sum, bool ticked, std::string_view text) {
-  return (sum * 31 + (ticked ? 1 : 0)) * 31 + std::hash<std::string_view>{}(text);
-}
-
-// Columns: instance, tick, ..., text.
-std::uint64_t PageSum(const std::vector<platform::ListRow>& rows) {
-  std::uint64_t sum = 0;
-  for (const auto& row : rows) sum = Mixed(sum, row.cells.at(1).As<bool>(), row.cells.back().As<std::string>());
-  return sum;
-}
-
-std::uint64_t PageSum(const raw::Rows& rows) {
-  std::uint64_t sum = 0;
-  for (std::size_t i = 0; i < rows.Count(); ++i)
-    sum = Mixed(sum, std::get<std::int64_t>(rows.Row(i)[1]) != 0, std::get<std::string>(rows.Row(i)[rows.columns - 1]));
-  return sum;
-}
 
 // The bar is meant for a company with so many entries; with few of them the tab's own work counts most.
 double BarOfEntering(Ticked list, std::int64_t entries) { return entries >= (list == Ticked::Types ? 1000 : 10'000) ? 2 : 0; }

@@ -1,12 +1,12 @@
-#include <cstdlib>
-#include <exception>
 #include <functional>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "company.h"
+#include "options.h"
 #include "waits.h"
 
 namespace {
@@ -25,20 +25,15 @@ struct Options {
   std::vector<std::string> folders;
 };
 
-Options Read(const std::vector<std::string>& words) {
+Options Read(int count, const char* const* words) {
   Options options;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    if (words[i] == "--pairs" && i + 1 < words.size())
-      options.pairs = std::stoul(words[++i]);
-    else if (words[i] == "--area" && i + 1 < words.size())
-      options.area = words[++i];
-    else if (words[i] == "--only" && i + 1 < words.size())
-      options.only = words[++i];
-    else if (words[i] == "--waits")
-      options.waits = true;
-    else
-      options.folders.push_back(words[i]);
-  }
+  options.folders = bench::OptionWords()
+                        .Number("--pairs", options.pairs)
+                        .Text("--area", options.area)
+                        .Text("--only", options.only)
+                        .Flag("--waits", options.waits)
+                        .Read(count, words);
+  if (options.folders.empty()) throw std::invalid_argument("DIR");
   return options;
 }
 
@@ -81,22 +76,14 @@ void PrintGrowth(const std::vector<bench::Result>& small, const std::vector<benc
 }  // namespace
 
 int main(int count, char** words) {
-  try {
-    const Options options = Read({words + 1, words + count});
-    if (options.folders.empty()) {
-      std::cerr << usage;
-      return 2;
-    }
+  return bench::RunProgram("bench_engine", usage, [&] {
+    const Options options = Read(count, words);
     if (options.waits) {
       for (const std::string& folder : options.folders) PrintWaits(folder, options);
-      return EXIT_SUCCESS;
+      return;
     }
     std::vector<std::vector<bench::Result>> all;
     for (const std::string& folder : options.folders) all.push_back(MeasureFolder(folder, options));
     if (all.size() > 1) PrintGrowth(all.front(), all.back());
-    return EXIT_SUCCESS;
-  } catch (const std::exception& error) {
-    std::cerr << "bench_engine: " << error.what() << "\n";
-    return EXIT_FAILURE;
-  }
+  });
 }

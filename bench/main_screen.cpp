@@ -11,6 +11,7 @@
 #include "engine/engine.h"
 #include "entry/screens.h"
 #include "platform/host/application.h"
+#include "platform/values/convert.h"
 #include "session/CustSearch.h"
 #include "session/ModCustSch.h"
 #include "suite/company_schema.h"
@@ -91,7 +92,7 @@ std::string TemporaryFileIn(const std::string& folder, int user) {
 void ShowMainScreen(Visit visit) {
   TemporaryFileIn(visit.folder, visit.user);
   platform::ApplicationParts parts;
-  parts.engine = engine::MakeEngine();
+  parts.engine = visit.engine ? std::move(visit.engine) : engine::MakeEngine();
   parts.system = suite::MakeNativeSystem(visit.folder);
   parts.errorLog = std::move(visit.errorLog);
   parts.frontEnd = std::move(visit.frontEnd);
@@ -110,8 +111,7 @@ void ShowMainScreen(Visit visit) {
   orcussch::AttachApplication(nullptr);
 }
 
-void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, WatchedFrontEnd&)>& work,
-                  std::unique_ptr<platform::MapEngine> map) {
+void AtMainScreen(Visit visit, const MainScreenWork& work) {
   std::exception_ptr problem;
   WatchedFrontEnd* windows = nullptr;
   auto frontEnd = std::make_unique<WatchedFrontEnd>([&](platform::Form& form) {
@@ -122,13 +122,16 @@ void AtMainScreen(const std::string& folder, const std::function<void(orcussch::
     }
   });
   windows = frontEnd.get();
-  Visit visit;
-  visit.folder = folder;
   visit.frontEnd = std::move(frontEnd);
   visit.errorLog = std::make_unique<ErrorsEndTheRun>();
-  visit.map = std::move(map);
   ShowMainScreen(std::move(visit));
   if (problem) std::rethrow_exception(problem);
+}
+
+void AtMainScreen(const std::string& folder, const MainScreenWork& work) {
+  Visit visit;
+  visit.folder = folder;
+  AtMainScreen(std::move(visit), work);
 }
 
 void StandOnCustomer(orcussch::frmCustMain& screen, std::int64_t account) {
@@ -136,6 +139,25 @@ void StandOnCustomer(orcussch::frmCustMain& screen, std::int64_t account) {
   const platform::RecordsetRef customers = screen.data[orcussch::tab::Customers].Recordset();
   customers->FindFirst("[AcctNum]=" + std::to_string(account));
   if (customers->NoMatch()) throw std::runtime_error("no customer " + std::to_string(account) + " in the list");
+}
+
+void EditOnTheCard(orcussch::frmCustMain& screen, std::int64_t account, const std::string& address) {
+  StandOnCustomer(screen, account);
+  screen.Toolbar1.Button("tb_EditRec").UserClick();
+  dynamic_cast<platform::TextBox&>(*screen.Find("txtAddr2")).Text(address);
+}
+
+std::uint64_t SumWith(std::int64_t account, std::uint64_t below) { return below * 31 + static_cast<std::uint64_t>(account); }
+
+std::uint64_t SaveOnTheCard(orcussch::frmCustMain& screen, const std::string& address, int rows) {
+  screen.Toolbar1.Button("tb_SaveRec").UserClick();
+  const platform::RecordsetRef row = screen.data[0].Recordset();
+  const bool saved = screen.SSIndexTab1.Page() == 0 && row->Field("Addr2").As<std::string>() == address;
+  if (!saved) throw std::runtime_error("the card was not saved");
+  std::uint64_t below = 0;
+  for (const platform::ListRow& other : screen.data[0].Window()->RowsAfter(row->Bookmark(), rows - 1))
+    below = below * 31 + static_cast<std::uint64_t>(other.cells.at(0).As<std::int32_t>());
+  return SumWith(row->Field("AcctNum").As<std::int32_t>(), below);
 }
 
 }  // namespace bench

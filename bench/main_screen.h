@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "maintenance/frmCustMain.h"
+#include "platform/data/data.h"
 #include "platform/host/no_windows.h"
 #include "platform/services/error_log.h"
 #include "platform/services/map.h"
@@ -64,17 +65,26 @@ struct Visit {
   int user = 1;
   std::unique_ptr<platform::FrontEnd> frontEnd;
   std::unique_ptr<platform::ErrorLog> errorLog;
-  std::unique_ptr<platform::MapEngine> map;  ///< the street map behind the map screen
+  std::unique_ptr<platform::MapEngine> map;      ///< the street map behind the map screen
+  std::unique_ptr<platform::DataEngine> engine;  ///< none: the program's own
 };
 /// Opens company 1 of the folder as a host does and shows the main screen; returns when it has closed.
 void ShowMainScreen(Visit visit);
 
-/// Opens company 1 of the folder as a host does and shows the main screen; `user` is what is done with it. Throws
-/// std::runtime_error when the program shows a box or reports a failure.
-void AtMainScreen(const std::string& folder, const std::function<void(orcussch::frmCustMain&, WatchedFrontEnd&)>& user,
-                  std::unique_ptr<platform::MapEngine> map = nullptr);
+/// What is done with the main screen.
+using MainScreenWork = std::function<void(orcussch::frmCustMain&, WatchedFrontEnd&)>;
+/// Opens company 1 of the folder as a host does and shows the main screen for this work. Throws std::runtime_error when the program shows a
+/// box or reports a failure. The visit's front end and log are made here.
+void AtMainScreen(Visit visit, const MainScreenWork& work);
+void AtMainScreen(const std::string& folder, const MainScreenWork& work);
 
 /// The first tab's list on that customer.
 void StandOnCustomer(orcussch::frmCustMain& screen, std::int64_t account);
+/// The customer's card, with another second address line.
+void EditOnTheCard(orcussch::frmCustMain& screen, std::int64_t account, const std::string& address);
+/// Saves it, back to the list on the row: the checksum of that row and of those below it, `rows` in all.
+std::uint64_t SaveOnTheCard(orcussch::frmCustMain& screen, const std::string& address, int rows);
+/// That checksum, of a row's account and the sum of those below it.
+std::uint64_t SumWith(std::int64_t account, std::uint64_t below);
 
 }  // namespace bench

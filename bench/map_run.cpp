@@ -77,7 +77,10 @@ int main(int count, char** words) {
       job.raw = [&](int) { return bare.Run(); };
       std::cout << company.Rows() << " customers\n\n" << bench::TableHead() << bench::TableLine(bench::Measure(job, count > 4 ? std::stoul(words[4]) : 5));
     };
-    bench::AtMainScreen(words[1], work, std::move(made));
+    bench::Visit visit;
+    visit.folder = words[1];
+    visit.map = std::move(made);
+    bench::AtMainScreen(std::move(visit), work);
     std::cout << "peak memory " << bench::PeakMemory() << " MiB\n";
     return EXIT_SUCCESS;
   } catch (const std::exception& error) {

@@ -54,5 +54,7 @@ std::string TableLine(const Result& result);
 
 /// The highest resident size of this process so far, in MiB.
 double PeakMemory();
+/// From now on the highest size is that of what is to come.
+void ForgetPeakMemory();
 
 }  // namespace bench

@@ -1,12 +1,11 @@
 // The main screen at work beside a bare program that writes the same: saves, the lists of types and key words, bulk
 // assignment. It works in the folder that it is given.
-#include <cstdlib>
-#include <exception>
 #include <iomanip>
 #include <iostream>
+#include <stdexcept>
 #include <string>
-#include <vector>
 
+#include "options.h"
 #include "screen_jobs.h"
 
 namespace {
@@ -25,23 +24,17 @@ struct Options {
   std::string folder;
 };
 
-Options Read(const std::vector<std::string>& words) {
+Options Read(int count, const char* const* words) {
   Options options;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    const bool more = i + 1 < words.size();
-    if (words[i] == "--pairs" && more)
-      options.pairs = std::stoul(words[++i]);
-    else if (words[i] == "--only" && more)
-      options.only = words[++i];
-    else if (words[i] == "--types" && more)
-      options.types = std::stoi(words[++i]);
-    else if (words[i] == "--words" && more)
-      options.words = std::stoi(words[++i]);
-    else if (words[i] == "--map-codes" && more)
-      options.mapCodes = std::stoi(words[++i]);
-    else
-      options.folder = words[i];
-  }
+  const auto folders = bench::OptionWords()
+                           .Number("--pairs", options.pairs)
+                           .Text("--only", options.only)
+                           .Number("--types", options.types)
+                           .Number("--words", options.words)
+                           .Number("--map-codes", options.mapCodes)
+                           .Read(count, words);
+  if (folders.size() != 1) throw std::invalid_argument("DIR");
+  options.folder = folders[0];
   return options;
 }
 
@@ -68,12 +61,8 @@ void ShowYields(const bench::ScreenSides& sides) {
 }  // namespace
 
 int main(int count, char** words) {
-  try {
-    const Options options = Read({words + 1, words + count});
-    if (options.folder.empty()) {
-      std::cerr << usage;
-      return 2;
-    }
+  return bench::RunProgram("bench_records", usage, [&] {
+    const Options options = Read(count, words);
     const std::string temporary = bench::TemporaryFileIn(options.folder);
     bench::Company company(options.folder);
     bench::raw::Records bare(company.Raw(), temporary);
@@ -85,9 +74,5 @@ int main(int count, char** words) {
       MeasureAll(sides, options);
       if (options.only.empty()) ShowYields(sides);
     });
-    return EXIT_SUCCESS;
-  } catch (const std::exception& error) {
-    std::cerr << "bench_records: " << error.what() << "\n";
-    return EXIT_FAILURE;
-  }
+  });
 }

@@ -1,6 +1,6 @@
 // An office at work on one company: so many desks, each a process with the real engine and the main screen's models.
-#include <cstdlib>
-#include <exception>
+#include <algorithm>
+#include <chrono>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -8,6 +8,7 @@
 
 #include "desks/desk.h"
 #include "desks/office.h"
+#include "options.h"
 
 namespace {
 
@@ -35,57 +36,39 @@ std::vector<int> NumbersIn(const std::string& text) {
   return numbers;
 }
 
-Options Read(const std::vector<std::string>& words) {
+Options Read(int count, const char* const* words) {
   Options options;
   options.place.number = 0;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    const auto value = [&] { return i + 1 < words.size() ? words[++i] : throw std::invalid_argument(words[i]); };
-    if (words[i] == "--desks")
-      options.offices = NumbersIn(value());
-    else if (words[i] == "--seconds")
-      options.habits.time = std::chrono::seconds(std::stoi(value()));
-    else if (words[i] == "--think")
-      options.habits.think = std::chrono::milliseconds(std::stoi(value()));
-    else if (words[i] == "--seed")
-      options.habits.seed = static_cast<std::uint32_t>(std::stoul(value()));
-    else if (words[i] == "--server")
-      options.server = std::stoi(value());
-    else if (words[i] == "--desk")
-      options.place.number = std::stoi(value());
-    else if (words[i] == "--meeting")
-      options.place.meeting = value();
-    else if (words[i] == "--help")
-      options.help = true;
-    else if (words[i].starts_with('-'))
-      throw std::invalid_argument(words[i]);
-    else
-      options.place.folder = words[i];
-  }
+  int seconds = static_cast<int>(options.habits.time.count()), think = static_cast<int>(options.habits.think.count());
+  const auto folders = bench::OptionWords()
+                           .Value("--desks", [&options](const std::string& text) { options.offices = NumbersIn(text); })
+                           .Number("--seconds", seconds)
+                           .Number("--think", think)
+                           .Number("--seed", options.habits.seed)
+                           .Number("--server", options.server)
+                           .Number("--desk", options.place.number)
+                           .Text("--meeting", options.place.meeting)
+                           .Flag("--help", options.help)
+                           .Read(count, words);
+  options.habits.time = std::chrono::seconds(seconds);
+  options.habits.think = std::chrono::milliseconds(think);
+  if (folders.size() != 1 && !options.help) throw std::invalid_argument("DIR");
+  if (!folders.empty()) options.place.folder = folders[0];
   return options;
 }
 
 }  // namespace
 
 int main(int count, char** words) {
-  try {
-    const Options options = Read({words + 1, words + count});
-    if (options.help || options.place.folder.empty()) {
-      (options.help ? std::cout : std::cerr) << usage;
-      return options.help ? EXIT_SUCCESS : 2;
+  return bench::RunProgram("bench_desks", usage, [&] {
+    const Options options = Read(count, words);
+    if (options.help) {
+      std::cout << usage;
+      return;
     }
-    if (options.place.number != 0) {
-      bench::desks::WorkAtDesk(options.place, options.habits);
-      return EXIT_SUCCESS;
-    }
+    if (options.place.number != 0) return bench::desks::WorkAtDesk(options.place, options.habits);
     for (const int desks : options.offices)
       std::cout << bench::desks::TellOf(bench::desks::RunOffice("/proc/self/exe", options.place.folder, desks, options.habits, options.server))
                 << std::flush;
-    return EXIT_SUCCESS;
-  } catch (const std::invalid_argument& word) {
-    std::cerr << "bench_desks: what is meant by " << word.what() << "?\n" << usage;
-    return 2;
-  } catch (const std::exception& error) {
-    std::cerr << "bench_desks: " << error.what() << "\n";
-    return EXIT_FAILURE;
-  }
+  });
 }

@@ -6,21 +6,20 @@
 #include <stdexcept>
 
 namespace bench::raw {
-namespace {
 
-constexpr int instance = 1;
-constexpr std::size_t addressPlace = 4;  // of Addr2 among the fields
-
-// What a save of the card assigns.
-const std::vector<std::string> cardFields{
+const std::vector<std::string> kCardFields{
     "LastName",     "FirstName",         "Title",       "Addr1",     "Addr2",       "City",      "State",
     "Zip",          "Country",           "Terms",       "Status",    "NonBillable", "Comments",  "TaxID",
     "AgeMethod",    "OmitFinanceCharge", "Creditlimit", "EMail",     "WebSite",     "MapCode",   "CreditHold",
     "SalesRatePer", "LaborRateType",     "LaborRate",   "TaxBasisA", "TaxBasisB",   "TaxBasisC", "TaxBasisD"};
 
+namespace {
+
+constexpr int instance = 1;
+
 std::string CardSelect() {
   std::string fields;
-  for (const std::string& field : cardFields) fields += (fields.empty() ? "" : ", ") + field;
+  for (const std::string& field : kCardFields) fields += (fields.empty() ? "" : ", ") + field;
   return "SELECT " + fields + " FROM f1.Customers WHERE AcctNum = ?1";
 }
 
@@ -29,15 +28,8 @@ const std::string kMapCodes = "SELECT RecordID, MapCode, Location FROM f1.Locati
 std::string CardUpdate() {
   std::string sets;
   int place = 0;
-  for (const std::string& field : cardFields) sets += (sets.empty() ? "" : ", ") + field + " = ?" + std::to_string(++place);
+  for (const std::string& field : kCardFields) sets += (sets.empty() ? "" : ", ") + field + " = ?" + std::to_string(++place);
   return "UPDATE f1.Customers SET " + sets + " WHERE AcctNum = ?" + std::to_string(++place);
-}
-
-sqlite3* WithTemporaryFile(sqlite3* db, const std::string& path) {
-  for (const std::string& sql : {"ATTACH 'file:" + path + "?mode=rw' AS f3", std::string("PRAGMA f3.cache_size=-8192"),
-                                 std::string("PRAGMA f3.synchronous=OFF"), std::string("PRAGMA f3.mmap_size=0")})
-    if (sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) throw std::runtime_error(sql + ": " + sqlite3_errmsg(db));
-  return db;
 }
 
 void RunOnce(Statement& statement) {
@@ -67,8 +59,18 @@ void BindCell(Statement& statement, int place, const Cell& cell) {
   statement.BindNull(place);
 }
 
-// Made-up words, no two alike, that begin differently as words do.
-std::string Word(std::int64_t number) {
+}  // namespace
+
+sqlite3* WithTemporaryFile(sqlite3* db, const std::string& path) {
+  for (const std::string& sql : {"ATTACH 'file:" + path + "?mode=rw' AS f3", std::string("PRAGMA f3.cache_size=-8192"),
+                                 std::string("PRAGMA f3.synchronous=OFF"), std::string("PRAGMA f3.mmap_size=0")})
+    if (sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) throw std::runtime_error(sql + ": " + sqlite3_errmsg(db));
+  return db;
+}
+
+std::string InventedWord(std::int64_t entry) {
+  // In no order, as an office would have entered them.
+  std::int64_t number = entry * 7'654'321 % (75 * 75 * 75 * 75);
   constexpr std::string_view consonants = "bdfgklmnprstvwz";
   constexpr std::string_view vowels = "aeiou";
   std::string word;
@@ -79,8 +81,6 @@ std::string Word(std::int64_t number) {
   }
   return word;
 }
-
-}  // namespace
 
 struct Records::Statements {
   // One list with its tables: entries, customers' rows, work table.
@@ -138,11 +138,8 @@ void Records::FillUp(Ticked list, int entries) {
   Statement add(statements_->db, types
                                      ? "INSERT INTO f1.DataCodes (Code, Description) VALUES ((SELECT max(Code) FROM f1.DataCodes) + 1, ?1)"
                                      : "INSERT OR IGNORE INTO f1.Keywords (Keyword) VALUES (?1)");
-  // In no order, as an office would have entered them.
-  constexpr std::int64_t stride = 7'654'321;
-  constexpr std::int64_t words = 75 * 75 * 75 * 75;
   for (std::int64_t i = there; i < entries; ++i) {
-    const std::string text = Word(i * stride % words);
+    const std::string text = InventedWord(i);
     add.Bind(1, text);
     RunOnce(add);
   }
@@ -159,9 +156,9 @@ void Records::ReadCard(std::int64_t account) {
 
 void Records::SaveCard(std::int64_t account, const std::string& address) {
   Statement& save = statements_->saveCard;
-  for (std::size_t i = 0; i < cardFields.size(); ++i) BindCell(save, static_cast<int>(i) + 1, card_.cells[i]);
-  save.Bind(static_cast<int>(addressPlace) + 1, std::string_view(address));
-  save.Bind(static_cast<int>(cardFields.size()) + 1, account);
+  for (std::size_t i = 0; i < kCardFields.size(); ++i) BindCell(save, static_cast<int>(i) + 1, card_.cells[i]);
+  save.Bind(static_cast<int>(kAddressPlace) + 1, std::string_view(address));
+  save.Bind(static_cast<int>(kCardFields.size()) + 1, account);
   RunOnce(save);
 }
 
@@ -225,7 +222,7 @@ void Records::FillUpMapCodes(int codes) {
   RunOnce(begin);
   Statement add(statements_->db, "INSERT INTO f1.Locations (MapCode, Location) VALUES (?1, ?2)");
   for (std::int64_t i = MapCodes(); i < codes; ++i) {
-    const std::string code = Word(i * 7'654'321 % (75 * 75 * 75 * 75));
+    const std::string code = InventedWord(i);
     add.Bind(1, code);
     add.Bind(2, "Somewhere");
     RunOnce(add);

@@ -12,6 +12,16 @@ namespace bench::raw {
 /// The lists whose rows are assigned to a customer by a tick.
 enum class Ticked { Types, KeyWords };
 
+/// The fields that a save of a customer's card assigns, and the place of Addr2 among them.
+extern const std::vector<std::string> kCardFields;
+inline constexpr std::size_t kAddressPlace = 4;
+
+/// Made-up words, no two alike, that begin differently as words do.
+std::string InventedWord(std::int64_t entry);
+
+/// The connection with a user's temporary file beside its files, as "f3".
+sqlite3* WithTemporaryFile(sqlite3* db, const std::string& path);
+
 /// The bare program's side of the records: on the connection of a Store, with the user's temporary file attached and the
 /// settings that the engine gives it. Its rows of the work tables carry an instance number of their own.
 class Records {

@@ -42,11 +42,7 @@ void Run(sqlite3* db, const std::string& sql) {
 
 // Settings as the engine has them on a company file.
 sqlite3* OpenLikeTheEngine(const std::string& path) {
-  sqlite3* db = nullptr;
-  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX;
-  if (sqlite3_open_v2(":memory:", &db, flags, nullptr) != SQLITE_OK) throw std::bad_alloc();
-  sqlite3_create_collation_v2(db, "GENERAL", SQLITE_UTF8, nullptr, Collate, nullptr);
-  sqlite3_create_function_v2(db, "raw_like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, Like, nullptr, nullptr, nullptr);
+  sqlite3* const db = OpenWithOurOrder();
   Run(db, "PRAGMA trusted_schema=OFF");
   Run(db, "PRAGMA cell_size_check=ON");
   Run(db, "ATTACH 'file:" + path + "?mode=rw' AS f1");
@@ -64,6 +60,15 @@ const std::string up = " ORDER BY LastName, AcctNum LIMIT ?";
 const std::string firstRows = "SELECT * FROM f1.Customers ORDER BY LastName, AcctNum LIMIT ?1";
 
 }  // namespace
+
+sqlite3* OpenWithOurOrder() {
+  sqlite3* db = nullptr;
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX;
+  if (sqlite3_open_v2(":memory:", &db, flags, nullptr) != SQLITE_OK) throw std::bad_alloc();
+  sqlite3_create_collation_v2(db, "GENERAL", SQLITE_UTF8, nullptr, Collate, nullptr);
+  sqlite3_create_function_v2(db, "raw_like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, Like, nullptr, nullptr, nullptr);
+  return db;
+}
 
 Statement::Statement(sqlite3* db, const std::string& sql) : db_(db) {
   if (sqlite3_prepare_v3(db, sql.c_str(), -1, 0, &statement_, nullptr) != SQLITE_OK)

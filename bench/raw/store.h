@@ -59,6 +59,9 @@ struct NameKey {
   std::int64_t account = 0;
 };
 
+/// A connection without a file that knows our text order and Like. Whoever opens it closes it.
+sqlite3* OpenWithOurOrder();
+
 /// The statements of all jobs on one company's customer file.
 class Store {
  public:

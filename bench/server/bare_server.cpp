@@ -74,7 +74,8 @@ Rows Server::Run(const std::string& sql, const std::vector<std::string>& paramet
   return Taken(PQexecParams(connection_, sql.c_str(), static_cast<int>(values.size()), nullptr, values.data(), nullptr, nullptr, 0));
 }
 
-Rows Server::RunPrepared(const std::string& sql, const std::vector<std::string>& parameters, bool custom) {
+// The statement's name.
+std::string Server::Prepared(const std::string& sql, bool custom) {
   if (custom != custom_) {
     Run(std::string("SET plan_cache_mode = ") + (custom ? "force_custom_plan" : "force_generic_plan"));
     custom_ = custom;
@@ -85,8 +86,13 @@ Rows Server::RunPrepared(const std::string& sql, const std::vector<std::string>&
     Taken(PQprepare(connection_, name.c_str(), sql.c_str(), 0, nullptr));
     prepared_.push_back(sql);
   }
+  return name;
+}
+
+Rows Server::RunPrepared(const std::string& sql, const Cells& parameters, bool custom) {
+  const std::string name = Prepared(sql, custom);
   std::vector<const char*> values;
-  for (const std::string& parameter : parameters) values.push_back(parameter.c_str());
+  for (const auto& parameter : parameters) values.push_back(parameter ? parameter->c_str() : nullptr);
   return Taken(PQexecPrepared(connection_, name.c_str(), static_cast<int>(values.size()), values.data(), nullptr, nullptr, 0));
 }
 
@@ -103,12 +109,38 @@ std::int64_t Server::Stream(const std::string& sql) {
   return rows;
 }
 
+void Server::Each(const std::string& sql, const std::vector<std::string>& parameters,
+                  const std::function<void(const std::vector<std::string_view>&)>& show) {
+  const std::string name = Prepared(sql, false);
+  std::vector<const char*> values;
+  for (const std::string& parameter : parameters) values.push_back(parameter.c_str());
+  if (PQsendQueryPrepared(connection_, name.c_str(), static_cast<int>(values.size()), values.data(), nullptr, nullptr, 0) == 0)
+    throw std::runtime_error(PQerrorMessage(connection_));
+  PQsetSingleRowMode(connection_);
+  std::vector<std::string_view> row;
+  while (PGresult* const result = PQgetResult(connection_)) {
+    if (PQresultStatus(result) != PGRES_SINGLE_TUPLE) {
+      Taken(result);
+      continue;
+    }
+    row.clear();
+    for (int i = 0; i < PQnfields(result); ++i) row.emplace_back(PQgetvalue(result, 0, i), static_cast<std::size_t>(PQgetlength(result, 0, i)));
+    show(row);
+    PQclear(result);
+  }
+}
+
 Rows Server::First(int count) { return RunPrepared("SELECT " + columns_ + kList + kUp + std::to_string(count), {}); }
 
 Rows Server::Last(int count) { return Turned(RunPrepared("SELECT " + columns_ + kList + kDown + std::to_string(count), {})); }
 
 Rows Server::After(const Place& place, int count) {
   return RunPrepared("SELECT " + columns_ + kList + "WHERE " + kKey + " > ($1, $2::integer)" + kUp + std::to_string(count),
+                     {place.key, std::to_string(place.account)});
+}
+
+Rows Server::From(const Place& place, int count) {
+  return RunPrepared("SELECT " + columns_ + kList + "WHERE " + kKey + " >= ($1, $2::integer)" + kUp + std::to_string(count),
                      {place.key, std::to_string(place.account)});
 }
 

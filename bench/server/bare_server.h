@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -40,11 +41,13 @@ class Server {
   /// Any statement. Throws std::runtime_error with what the server says.
   Rows Run(const std::string& sql, const std::vector<std::string>& parameters = {});
   /// The same, prepared at the first call; `custom`: planned anew for each run's values.
-  Rows RunPrepared(const std::string& sql, const std::vector<std::string>& parameters, bool custom = false);
+  Rows RunPrepared(const std::string& sql, const Cells& parameters, bool custom = false);
   /// One value of one row, "" for none.
   std::string Value(const std::string& sql, const std::vector<std::string>& parameters = {});
   /// Runs it row by row as rows come, and throws them away; their number.
   std::int64_t Stream(const std::string& sql);
+  /// Shows each row of a prepared statement as it comes; Null is empty.
+  void Each(const std::string& sql, const std::vector<std::string>& parameters, const std::function<void(const std::vector<std::string_view>&)>& show);
 
   int Backend() const;
   /// A table of the customers' schema, with its quotes.
@@ -57,14 +60,20 @@ class Server {
   Rows Last(int count);
   Rows After(const Place& place, int count);
   Rows Before(const Place& place, int count);
+  /// From that row on.
+  Rows From(const Place& place, int count);
   Rows At(std::int64_t ordinal, int count);
   /// The first row whose name begins so, in small plain letters, and the next one behind a place; the name's key is the last column.
   Rows FirstStarting(const std::string& start);
   Rows NextStarting(const Place& place, const std::string& start);
   Rows Seek(std::int64_t account);
 
+  /// What the card of a customer holds, between reading and saving it.
+  Cells card;
+
  private:
   Rows Taken(pg_result* result);
+  std::string Prepared(const std::string& sql, bool custom);
   pg_conn* connection_ = nullptr;
   std::string columns_;
   std::vector<std::string> prepared_;

@@ -73,6 +73,13 @@ std::vector<Job> ListJobs(Company& company);
 std::vector<Job> SearchJobs(Company& company);
 /// Those whose names hold `only`, since the best bare plan of each is found first.
 std::vector<Job> QueryJobs(Company& company, const std::string& only);
+/// How many types, and as many key words, a company has while its tabs are measured.
+struct Entries {
+  int few = 1000;
+  int many = 10'000;
+};
+/// Saves and the tabs of types and key words, which change the company: each job is measured while what it works on is there.
+void WithRecordJobs(Company& company, const Entries& entries, const std::function<void(const Job&)>& measure);
 
 template <class T>
 const T& Pick(const std::vector<T>& choices, int call) {

@@ -49,7 +49,7 @@ for folder in $folders; do
   "$build/bin/bench_memory" "$folder"
   printf '\nMemory of query results, %s customers: ' "$(basename "$folder")"
   "$build/bin/bench_memory" "$folder" --queries
-  [ -x "$build/bin/bench_model" ] && "$build/bin/bench_model" "$folder" 5 "open"
+  [ -x "$build/bin/bench_model" ] && "$build/bin/bench_model" --pairs 5 --only "open the list" "$folder"
   if [ -x "$build/bin/bench_desktop" ]; then
     [ -e "$folder/orvTEMP/orvTemp1.zdb" ] || "$build/bin/suitefiles" temp "$folder" --user 1 >&2
     QT_QPA_PLATFORM=offscreen "$build/bin/bench_desktop" "$folder" 1

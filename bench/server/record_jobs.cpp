@@ -139,7 +139,8 @@ void TellMemory(Desk& desk, Ticked list, int entries) {
 void WithRecordJobs(Company& company, const Entries& entries, const std::function<void(const Job&)>& measure) {
   measure(SavedChange(company));
   AtDesk(company, [&](Desk& desk) { measure(SavedCard(desk)); });
-  for (const int rows : {entries.few, entries.many}) {
+  // The many first, since memory that was once taken is taken again.
+  for (const int rows : {entries.many, entries.few}) {
     const bare::InventedEntries types(company.Bare(), Ticked::Types, rows);
     const bare::InventedEntries words(company.Bare(), Ticked::KeyWords, rows);
     AtDesk(company, [&](Desk& desk) {

@@ -199,7 +199,8 @@ void Cursor::Update() {
     if (now.bof && now.eof) now.bof = false;
     return;
   }
-  editor_.Write();
+  const auto back = list_->Back();
+  editor_.Write(back ? &*back : nullptr);
   list_->Changed(now.place);
   lastModified_ = BookmarkKey(now.place);
 }

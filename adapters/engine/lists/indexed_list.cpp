@@ -222,7 +222,6 @@ void IndexedList::ReadTableRows(const Place* from, bool forward, std::int64_t li
 }
 
 bool IndexedList::ReadOne(const RowRead& read, Place& place) {
-  Segment single;
   auto page = NewPage();
   page->cells.Reserve(page->columns);
   read([&](const Query& row) {
@@ -230,18 +229,20 @@ bool IndexedList::ReadOne(const RowRead& read, Place& place) {
     return true;
   });
   if (page->Rows() == 0) return false;
+  TakeSingle(std::move(page), place);
+  return true;
+}
+
+void IndexedList::TakeSingle(std::shared_ptr<const RowPage> page, Place& place) {
+  Segment single;
   single.page = std::move(page);
   SetPlace(place, single, 0);
   place.ordinal = -1;
-  return true;
 }
 
 bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
   if (!ReadOne([&](const KeyWalker::Sink& sink) { walker_->ReadRow(rowKey, sink); }, place)) return false;
-  if (const auto pinned = pinned_.find(rowKey); pinned != pinned_.end()) {
-    place.order = pinned->second.place.values;
-    place.added = pinned->second.added;
-  }
+  PutWherePinned(place);
   return true;
 }
 

@@ -53,6 +53,7 @@ class IndexedList final : public RowList, public IndexedRows {
   std::int64_t RowsReached() override;
   bool AnyRow() override;
   Place Added(const std::vector<std::int64_t>& keys) override;
+  std::optional<RowBack> Back() override;
   void Changed(Place& place) override;
   void Deleted(const Place& place) override;
   std::vector<platform::ListRow> Rows(const Place* from, bool forward, int count) override;
@@ -90,6 +91,8 @@ class IndexedList final : public RowList, public IndexedRows {
 
   using RowRead = std::function<void(const KeyWalker::Sink& sink)>;
   bool ReadOne(const RowRead& read, Place& place);
+  void TakeSingle(std::shared_ptr<const RowPage> page, Place& place);
+  void PutWherePinned(Place& place) const;
   bool Step(Place& place, bool forward);
   bool TakeEnd(Place& place, bool forward);
   void SetPlace(Place& place, const Segment& segment, std::size_t row) const;
@@ -115,6 +118,7 @@ class IndexedList final : public RowList, public IndexedRows {
   std::list<Segment> segments_;  ///< last used first
   std::uint64_t segmentsVersion_ = 0;
   std::unordered_map<std::int64_t, Pinned> pinned_;
+  std::shared_ptr<const RowPage> given_;  ///< the row that a change has given back, until it is taken
   Place foundLast_;  ///< or changed, then with its row
   std::uint64_t foundVersion_ = 0;
   std::int64_t lastAdded_ = 0;

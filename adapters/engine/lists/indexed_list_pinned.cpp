@@ -1,5 +1,6 @@
 // A list in index order: its own changes, and the rows that keep their places through them.
 #include <algorithm>
+#include <utility>
 
 #include "engine/lists/indexed_list.h"
 
@@ -16,10 +17,34 @@ Place IndexedList::Added(const std::vector<std::int64_t>& keys) {
   return place;
 }
 
+void IndexedList::PutWherePinned(Place& place) const {
+  const auto pinned = pinned_.find(place.keys[0]);
+  if (pinned == pinned_.end()) return;
+  place.order = pinned->second.place.values;
+  place.added = pinned->second.added;
+}
+
+std::optional<RowBack> IndexedList::Back() {
+  given_ = nullptr;
+  if (Source().OwnDialect().givingBack.empty() || Source().Plan().tables.size() != 1) return {};
+  // What others have written from here on makes the row given back an old one.
+  Source().Version();
+  return RowBack{walker_->RowColumns(), [this](const Query& row) {
+                   auto page = NewPage();
+                   walker_->AppendRow(row, *page);
+                   given_ = std::move(page);
+                 }};
+}
+
 void IndexedList::Changed(Place& place) {
   const Place before = place;
-  const std::uint64_t version = Source().Version();
-  if (!RowByKey(place.keys[0], place)) return;
+  const std::uint64_t version = given_ ? Source().KnownVersion() : Source().Version();
+  if (given_) {
+    TakeSingle(std::exchange(given_, nullptr), place);
+    PutWherePinned(place);
+  } else if (!RowByKey(place.keys[0], place)) {
+    return;
+  }
   place.ordinal = before.ordinal;
   foundLast_ = place;
   foundVersion_ = version;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/rows/place.h"
+#include "engine/rows/row_editor.h"
 #include "engine/rows/row_source.h"
 
 namespace engine {
@@ -57,6 +58,8 @@ class RowList {
   // What this recordset itself has done.
   /// The new row's place, good for KeyOf; the row itself may not have been read.
   virtual Place Added(const std::vector<std::int64_t>& keys) = 0;
+  /// Before a row is changed: how the store gives it back, where it can; Changed comes next, if the change succeeds.
+  virtual std::optional<RowBack> Back() { return {}; }
   virtual void Changed(Place& place) = 0;
   virtual void Deleted(const Place& place) = 0;
 

@@ -100,7 +100,7 @@ const SqlText& KeyWalker::Ready(SqlText& text, std::string_view columns, bool fi
 }
 
 bool KeyWalker::ReadRow(std::int64_t rowKey, const Sink& sink) {
-  if (row_.text.empty()) Ready(row_, shape_.columnList + ", " + keyColumns_, false);
+  if (row_.text.empty()) Ready(row_, RowColumns(), false);
   Query query(store_, row_);
   query.PlanOnce();
   query.Bind(1, rowKey);

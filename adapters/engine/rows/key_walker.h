@@ -83,6 +83,8 @@ class KeyWalker {
   /// How many rows that would read.
   std::int64_t CountUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until);
 
+  /// The columns of a full row.
+  std::string RowColumns() const { return shape_.columnList + ", " + keyColumns_; }
   /// The row with that key, as a full row, whatever the list's filter says; false when it is gone.
   bool ReadRow(std::int64_t rowKey, const Sink& sink);
   /// The same for several rows, in any order.

@@ -124,7 +124,7 @@ std::vector<std::int64_t> RowEditor::KeysOfNewRow(std::int64_t driving) {
   return keys;
 }
 
-void RowEditor::Write() {
+void RowEditor::Write(const RowBack* back) {
   const SelectPlan& plan = source_.Plan();
   std::vector<std::size_t> tables;
   for (std::size_t i = 0; i < assigned_.size(); ++i) {
@@ -135,16 +135,16 @@ void RowEditor::Write() {
     RowPage now(plan.columns.size(), keys_.size());
     if (!source_.Fetch(keys_.data(), now)) throw errors::RecordDeleted();
   } else if (tables.size() == 1) {
-    WriteTable(tables.front());
+    WriteTable(tables.front(), back);
   } else {
     Transaction together(source_.Store(), Transaction::Kind::Write);
-    for (const std::size_t table : tables) WriteTable(table);
+    for (const std::size_t table : tables) WriteTable(table, nullptr);
     together.Commit();
   }
   Drop();
 }
 
-void RowEditor::WriteTable(std::size_t table) {
+void RowEditor::WriteTable(std::size_t table, const RowBack* back) {
   const SelectPlan& plan = source_.Plan();
   const ResolvedTable& target = *plan.tables[table].table;
   const Dialect& dialect = source_.OwnDialect();
@@ -156,11 +156,14 @@ void RowEditor::WriteTable(std::size_t table) {
     const std::string& name = source_.DefinitionOf(static_cast<int>(i))->name;
     sets += (sets.empty() ? "" : ", ") + dialect.Name(name) + " = " + dialect.Parameter(values.size());
   }
-  Query query(source_.Store(), std::string_view("UPDATE " + target.storeName + " SET " + sets + " WHERE " + target.rowKey + " = " +
-                                                dialect.Parameter(values.size() + 1)));
+  std::string update = "UPDATE " + target.storeName;
+  if (back != nullptr) update += " AS " + plan.tables[table].alias;
+  update += " SET " + sets + " WHERE " + target.rowKey + " = " + dialect.Parameter(values.size() + 1);
+  if (back != nullptr) update += dialect.givingBack + back->columns;
+  Query query(source_.Store(), std::string_view(update));
   for (std::size_t i = 0; i < values.size(); ++i) query.Bind(static_cast<int>(i) + 1, *values[i]);
   query.Bind(static_cast<int>(values.size()) + 1, keys_[table]);
-  query.Run();
+  while (query.Step()) back->take(query);
   if (query.Changed() == 0) throw errors::RecordDeleted();
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "engine/rows/place.h"
@@ -9,6 +11,12 @@
 #include "platform/data/data.h"
 
 namespace engine {
+
+/// What a store that can do so gives back of a row that it has changed, so that nobody asks for the row once more.
+struct RowBack {
+  std::string columns;                         ///< of the one table, as a SELECT names them
+  std::function<void(const Query& row)> take;  ///< gets the row; it stands only once the statement has ended
+};
 
 /// The copy buffer of one recordset: what AddNew and Edit open, field writes fill and Update brings into the tables.
 class RowEditor {
@@ -29,8 +37,9 @@ class RowEditor {
 
   /// Writes the new row; its keys. The buffer stays open when that fails.
   std::vector<std::int64_t> Insert();
-  /// Writes the assigned fields, each to the table that owns it. Raises 3167 when the row is gone.
-  void Write();
+  /// Writes the assigned fields, each to the table that owns it. Raises 3167 when the row is gone. `back`: what the store is to give back of
+  /// the row as it is then, if anything is written.
+  void Write(const RowBack* back = nullptr);
   /// Removes the row from the driving table. Raises 3167 when it is gone.
   void Delete(const Place& row);
 
@@ -43,7 +52,7 @@ class RowEditor {
   Insertion MakeInsertion(const ResolvedTable& table) const;
   std::int64_t InsertRow(const ResolvedTable& table);
   std::vector<std::int64_t> KeysOfNewRow(std::int64_t driving);
-  void WriteTable(std::size_t table);
+  void WriteTable(std::size_t table, const RowBack* back);
 
   RowSource& source_;
   platform::EditMode mode_ = platform::EditMode::None;

@@ -222,7 +222,7 @@ TEST_F(Trips, AFarPlaceIsOneBehindIdleWork) {
   EXPECT_EQ(TripsOf([&] { EXPECT_EQ(list->Window().RowsAt(4'990, 50).size(), 10); }), 1);
 }
 
-TEST_F(Trips, FromEditToThePageAreFour) {
+TEST_F(Trips, FromEditToThePageAreThree) {
   OpenDatabase();
   OpenList();
   list->FindFirst("AcctNum = 2500");
@@ -231,8 +231,47 @@ TEST_F(Trips, FromEditToThePageAreFour) {
               list->SetField("City", Value("Elsewhere"));
               list->Update();
             }),
-            2);
+            1);
+  EXPECT_EQ(TripsOf([&] { EXPECT_EQ(list->Field("City"), Value("Elsewhere")); }), 0);
   EXPECT_EQ(TripsOf([&] { EXPECT_EQ(Page().size(), 49); }), 1);
+}
+
+/// The row comes back with its own change, as it stands then: with what others have written into other fields, and at its place.
+TEST_F(Trips, AChangedRowComesWithItsChange) {
+  OpenDatabase();
+  OpenList();
+  list->FindFirst("AcctNum = 2500");
+  list->Edit();
+  Other("UPDATE orv1_customer.\"Customers\" SET \"Balance\" = 770000 WHERE \"AcctNum\" = 2500");
+  EXPECT_EQ(TripsOf([&] {
+              list->SetField("City", Value("Elsewhere"));
+              list->SetField("LastName", Value("Aaa"));
+              list->Update();
+            }),
+            1);
+  EXPECT_EQ(list->Field("City"), Value("Elsewhere"));
+  EXPECT_EQ(NameHere(), "Aaa");
+  EXPECT_EQ(list->Field("Balance"), Value(platform::Currency{770000}));
+  // It keeps its place until the list is opened anew.
+  list->MovePrevious();
+  EXPECT_EQ(list->Field("AcctNum"), Value(std::int32_t{2400}));
+  list->SetBookmark(list->LastModified());
+  EXPECT_EQ(NameHere(), "Aaa");
+  // What is written behind it is seen by who comes back.
+  Other("UPDATE orv1_customer.\"Customers\" SET \"City\" = 'Nowhere' WHERE \"AcctNum\" = 2500");
+  list->MoveNext();
+  list->SetBookmark(list->LastModified());
+  EXPECT_EQ(list->Field("City"), Value("Nowhere"));
+}
+
+TEST_F(Trips, AChangeOfARowThatIsGoneGivesNothingBack) {
+  OpenDatabase();
+  OpenList();
+  list->FindFirst("AcctNum = 2500");
+  list->Edit();
+  list->SetField("City", Value("Elsewhere"));
+  Other("DELETE FROM orv1_customer.\"Customers\" WHERE \"AcctNum\" = 2500");
+  EXPECT_EQ(ErrorOf([&] { list->Update(); }), 3167);
 }
 
 TEST_F(Trips, NewRowsCostAPageOneMoreWhateverTheirNumber) {

@@ -70,9 +70,10 @@ Table OpenServer(const std::string& place) {
   if (!data.open()) throw std::runtime_error(data.lastError().text().toStdString());
   const bench::bare::Server bare(place);
   QSqlQuery view(data);
-  if (!view.exec(QString::fromStdString("CREATE TEMP VIEW customers_of_model AS SELECT " + bare.Columns() +
-                                        R"(, c."~k.LastName" AS name_key, coalesce(c."~s.Addr1", lower(c."Addr1" COLLATE "C")) AS address_key FROM )" +
-                                        bench::bare::Server::Table("Customers") + " c")))
+  if (!view.exec(QString::fromStdString(
+          "CREATE TEMP VIEW customers_of_model AS SELECT " + bare.Columns() +
+          R"(, c."~k.LastName" AS name_key, coalesce(c."~s.Addr1", lower(c."Addr1" COLLATE "C")) AS address_key FROM )" +
+          bench::bare::Server::Table("Customers") + " c")))
     throw std::runtime_error(view.lastError().text().toStdString());
   return {data, "customers_of_model", "name_key", "address_key", "name_key >= 'smi' AND name_key < 'smi' || chr(127)"};
 }
@@ -117,7 +118,9 @@ std::vector<bench::Job> Jobs(const Sides& sides) {
       return sum;
     };
   };
-  const auto selected = [&sides](const QString& order) { return [&sides, order](int) { return ReadRows(*Selected(sides.table, order), 0, pageRows); }; };
+  const auto selected = [&sides](const QString& order) {
+    return [&sides, order](int) { return ReadRows(*Selected(sides.table, order), 0, pageRows); };
+  };
   const auto last = [&sides](int) {
     const auto list = sides.open(kNames);
     const auto sum = bench::SumOf(list->Window().LastRows(pageRows));
@@ -142,7 +145,8 @@ std::vector<bench::Job> Jobs(const Sides& sides) {
       begin("open the list, 50 rows", firstPage(kNames), selected(sides.table.lastName)),
       begin("last page (the model fetches up to it)", last, fetched),
       begin("list opened, first name that starts with Smi and the page there (the model: its filter)", found, filtered),
-      begin("order by a field without index, first 50 rows", firstPage("SELECT * FROM Customers ORDER BY Addr1"), selected(sides.table.address)),
+      begin("order by a field without index, first 50 rows", firstPage("SELECT * FROM Customers ORDER BY Addr1"),
+            selected(sides.table.address)),
   };
 }
 

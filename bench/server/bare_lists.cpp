@@ -31,17 +31,21 @@ struct Lists::Statements {
         clear(db, "DELETE FROM " + WorkTable(list) + " WHERE Instance = ?1"),
         insert(db, "INSERT OR IGNORE INTO " + WorkTable(list) + " (Instance, Assign, " + ColumnsOf(list) + ") VALUES (?1, ?2, ?3" +
                        (list == Ticked::Types ? ", ?4)" : ")")),
-        page(db, "SELECT Instance, Assign, " + ColumnsOf(list) + " FROM " + WorkTable(list) + " WHERE Instance = ?1 ORDER BY " + NameOf(list) +
-                     " LIMIT ?2") {}
+        page(db, "SELECT Instance, Assign, " + ColumnsOf(list) + " FROM " + WorkTable(list) + " WHERE Instance = ?1 ORDER BY " +
+                     NameOf(list) + " LIMIT ?2") {}
   Statement begin, commit, clear, insert, page;
 };
 
 Lists::Lists(Server& server, const std::string& temporaryFile, Ticked list)
-    : server_(server), db_(raw::WithTemporaryFile(raw::OpenWithOurOrder(), temporaryFile)), statements_(std::make_unique<Statements>(db_, list)) {
+    : server_(server),
+      db_(raw::WithTemporaryFile(raw::OpenWithOurOrder(), temporaryFile)),
+      statements_(std::make_unique<Statements>(db_, list)) {
   const std::string table = Server::Table(list == Ticked::Types ? "DataCodes" : "Keywords");
-  source_ = list == Ticked::Types ? R"(SELECT s."Code", s."Description" FROM )" + table + " s" : R"(SELECT s."Keyword" FROM )" + table + " s";
-  assigned_ = source_ + (list == Ticked::Types ? " JOIN " + Server::Table("CustCodes") + R"( a ON a."CustCodes" = s."Code")"
-                                               : " JOIN " + Server::Table("Lookups") + R"( a ON a."~k.Text" = s."~k.Keyword")") +
+  source_ =
+      list == Ticked::Types ? R"(SELECT s."Code", s."Description" FROM )" + table + " s" : R"(SELECT s."Keyword" FROM )" + table + " s";
+  assigned_ = source_ +
+              (list == Ticked::Types ? " JOIN " + Server::Table("CustCodes") + R"( a ON a."CustCodes" = s."Code")"
+                                     : " JOIN " + Server::Table("Lookups") + R"( a ON a."~k.Text" = s."~k.Keyword")") +
               R"( WHERE a."AcctNum" = $1)";
 }
 

@@ -109,8 +109,7 @@ std::int64_t Server::Stream(const std::string& sql) {
   return rows;
 }
 
-void Server::Each(const std::string& sql, const std::vector<std::string>& parameters,
-                  const std::function<void(const std::vector<std::string_view>&)>& show) {
+void Server::Each(const std::string& sql, const std::vector<std::string>& parameters, const Show& show) {
   const std::string name = Prepared(sql, false);
   std::vector<const char*> values;
   for (const std::string& parameter : parameters) values.push_back(parameter.c_str());
@@ -124,7 +123,8 @@ void Server::Each(const std::string& sql, const std::vector<std::string>& parame
       continue;
     }
     row.clear();
-    for (int i = 0; i < PQnfields(result); ++i) row.emplace_back(PQgetvalue(result, 0, i), static_cast<std::size_t>(PQgetlength(result, 0, i)));
+    for (int i = 0; i < PQnfields(result); ++i)
+      row.emplace_back(PQgetvalue(result, 0, i), static_cast<std::size_t>(PQgetlength(result, 0, i)));
     show(row);
     PQclear(result);
   }

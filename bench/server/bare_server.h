@@ -47,7 +47,8 @@ class Server {
   /// Runs it row by row as rows come, and throws them away; their number.
   std::int64_t Stream(const std::string& sql);
   /// Shows each row of a prepared statement as it comes; Null is empty.
-  void Each(const std::string& sql, const std::vector<std::string>& parameters, const std::function<void(const std::vector<std::string_view>&)>& show);
+  using Show = std::function<void(const std::vector<std::string_view>& row)>;
+  void Each(const std::string& sql, const std::vector<std::string>& parameters, const Show& show);
 
   int Backend() const;
   /// A table of the customers' schema, with its quotes.

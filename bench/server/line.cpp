@@ -21,7 +21,8 @@ namespace {
 
 constexpr const char* kUsage =
     "bench_line [--delay MS] [--rounds N] postgresql://HOST/DATABASE/orv1/ PROGRAM [WORD...]\n"
-    "Runs the program N times (1), each word DESK being the folder of a desk whose line to the server, a socket's folder on this machine, takes\n"
+    "Runs the program N times (1), each word DESK being the folder of a desk whose line to the server, a socket's folder on this machine, "
+    "takes\n"
     "MS milliseconds each way (0); tells how many round trips that took.\n";
 
 int Run(std::vector<std::string> words, const std::string& desk) {
@@ -30,7 +31,8 @@ int Run(std::vector<std::string> words, const std::string& desk) {
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   pid_t child = 0;
-  if (::posix_spawnp(&child, arguments[0], nullptr, nullptr, arguments.data(), environ) != 0) throw std::runtime_error("no program " + words[0]);
+  if (::posix_spawnp(&child, arguments[0], nullptr, nullptr, arguments.data(), environ) != 0)
+    throw std::runtime_error("no program " + words[0]);
   int status = 0;
   ::waitpid(child, &status, 0);
   return status;

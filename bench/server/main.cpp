@@ -15,7 +15,8 @@
 namespace {
 
 constexpr const char* kUsage =
-    "bench_server [--pairs N] [--area lists|searches|queries|records] [--only TEXT] [--few N] [--many N] postgresql://HOST/DATABASE/orv1/...\n"
+    "bench_server [--pairs N] [--area lists|searches|queries|records] [--only TEXT] [--few N] [--many N]\n"
+    "             postgresql://HOST/DATABASE/orv1/...\n"
     "Measures the engine beside a bare program on companies of a server where nobody else works. Records, which change the company, are\n"
     "measured when they are asked for: give them a copy. For the time of it there are few (1,000) and then\n"
     "many (10,000) types and key words.\n";

@@ -26,7 +26,8 @@ void SaveCardBare(bare::Server& server, std::int64_t account) {
     std::string sets;
     for (const std::string& field : raw::kCardFields)
       sets += (sets.empty() ? "\"" : ", \"") + field + "\" = $" + std::to_string(&field - raw::kCardFields.data() + 1);
-    return "UPDATE " + bare::Server::Table("Customers") + " SET " + sets + R"( WHERE "AcctNum" = $)" + std::to_string(raw::kCardFields.size() + 1);
+    return "UPDATE " + bare::Server::Table("Customers") + " SET " + sets + R"( WHERE "AcctNum" = $)" +
+           std::to_string(raw::kCardFields.size() + 1);
   }();
   server.card[raw::kAddressPlace] = NewText('b');
   bare::Cells values = server.card;

@@ -37,8 +37,8 @@ class RowEditor {
 
   /// Writes the new row; its keys. The buffer stays open when that fails.
   std::vector<std::int64_t> Insert();
-  /// Writes the assigned fields, each to the table that owns it. Raises 3167 when the row is gone. `back`: what the store is to give back of
-  /// the row as it is then, if anything is written.
+  /// Writes the assigned fields, each to the table that owns it. Raises 3167 when the row is gone. `back`: what the store is to give back
+  /// of the row as it is then, if anything is written.
   void Write(const RowBack* back = nullptr);
   /// Removes the row from the driving table. Raises 3167 when it is gone.
   void Delete(const Place& row);

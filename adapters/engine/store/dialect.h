@@ -99,7 +99,7 @@ struct Dialect {
   /// How an INSERT and an UPDATE begin that leave out rows which break a key; "" where the store has no such statements.
   std::string insertLenient;
   std::string updateLenient;
-  /// Behind an INSERT of one row, before its row key's name, to have the key given back; "" where the statement knows it anyway.
+  /// Behind an INSERT or UPDATE of one row, before columns that are to be given back; "" where a statement knows the new key anyway.
   std::string givingBack{};
   /// How deep calls and parentheses of an expression may nest; deeper ones raise 3360.
   int nesting = 0;

@@ -14,6 +14,7 @@ namespace {
 
 constexpr const char* kListen = "LISTEN orcussch";
 constexpr std::chrono::milliseconds kBetweenNotices{100};
+constexpr std::chrono::milliseconds kBetweenQuestions{1};
 // Whoever hears no number asks for everything again.
 constexpr const char* kTellDefinitions = "SELECT pg_current_xact_id(), set_config('synchronous_commit', 'off', true), pg_notify('orcussch', '')";
 
@@ -99,6 +100,7 @@ std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
 }
 
 void ServerConnection::Take(Run& run) {
+  if (goOn_ != nullptr) ServePainting();
   link_.Take(run);
   if (!run.done) return;
   Settle(run);
@@ -107,12 +109,15 @@ void ServerConnection::Take(Run& run) {
 
 void ServerConnection::Abandon(Run& run) noexcept {
   run.unwanted = true;
+  run.unwantedSince = std::chrono::steady_clock::now();
   run.rows.clear();
 }
 
 void ServerConnection::FinishActive() {
   while (active_ != nullptr) {
     const std::shared_ptr<Run> run = active_;
+    // As in files, what painting asks in the midst of a long statement is refused.
+    if (painting_ && !link_.FinishSoon(*run)) throw errors::FileInUse(AskedOf(run->schema));
     link_.Finish(*run);
     Settle(*run);
   }
@@ -207,6 +212,8 @@ void ServerConnection::CommitUnit(const Unit& unit) {
 void ServerConnection::UndoUnit(const Unit& unit) noexcept {
   const std::string name = "SAVEPOINT u" + std::to_string(unit.depth);
   units_.pop_back();
+  // Nobody can stop that.
+  goOn_ = nullptr;
   if (unit.kind == Unit::Kind::Write) ++undone_;
   if (!unit.outermost) {
     if (unit.kind != Unit::Kind::Write) return;
@@ -333,9 +340,13 @@ const std::string& ServerConnection::AskedOf(const std::string& schema) const {
 }
 
 void ServerConnection::ServePainting() {
-  if (painting_ || !servePainting_) return;
+  if (painting_ || !(goOn_ != nullptr || servePainting_)) return;
   const Flag painting(painting_);
-  servePainting_();
+  if (goOn_ == nullptr) return servePainting_();
+  const auto now = std::chrono::steady_clock::now();
+  if (now - askedLast_ < kBetweenQuestions) return;
+  askedLast_ = now;
+  if (!(*goOn_)()) throw ReadingGivenUp();
 }
 
 }  // namespace engine::postgres

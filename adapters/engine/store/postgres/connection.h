@@ -22,6 +22,9 @@
 
 namespace engine::postgres {
 
+/// Leaves a statement whose reader was told not to go on. Never leaves the store.
+struct ReadingGivenUp {};
+
 /// The one connection of an engine to a database. It keeps statements, groups them, and turns the server's failures into the engine's
 /// errors. What groups statements (BEGIN, savepoints) travels along with the first statement that needs it. A connection that was
 /// lost fails what runs on it; the next statement outside of a unit connects anew.
@@ -69,6 +72,12 @@ class ServerConnection final : public Channel {
   /// While it is set, a statement that would look at more than about so many rows, or put all rows in order first, isn't run:
   /// WorkLimitReached.
   void LimitWork(std::optional<int> rows) { workLimit_ = rows; }
+
+  /// While it is set, who waits for rows asks it every few milliseconds whether to go on: else ReadingGivenUp. It serves painting itself.
+  void AskWhetherToGoOn(const std::function<bool()>* goOn) noexcept {
+    goOn_ = goOn;
+    askedLast_ = {};
+  }
 
   // For its statements.
   /// Connects if need be.
@@ -137,6 +146,8 @@ class ServerConnection final : public Channel {
   std::string unitNumber_;
   std::chrono::steady_clock::time_point told_{};
   std::optional<int> workLimit_;
+  const std::function<bool()>* goOn_ = nullptr;
+  std::chrono::steady_clock::time_point askedLast_;
 };
 
 }  // namespace engine::postgres

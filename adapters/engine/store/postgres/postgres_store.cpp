@@ -64,6 +64,23 @@ bool PostgresStore::ReadsCheaply(int rows, const std::function<void()>& read) {
   }
 }
 
+bool PostgresStore::ReadsToItsEnd(const std::function<bool()>& goOn, const std::function<void()>& read) {
+  ServerConnection& connection = Connected();
+  struct Asked {
+    Asked(ServerConnection& asks, const std::function<bool()>& asked) : connection(asks) { connection.AskWhetherToGoOn(&asked); }
+    ~Asked() { connection.AskWhetherToGoOn(nullptr); }
+    Asked(const Asked&) = delete;
+    Asked& operator=(const Asked&) = delete;
+    ServerConnection& connection;
+  } const asked(connection, goOn);
+  try {
+    read();
+    return true;
+  } catch (const ReadingGivenUp&) {
+    return false;
+  }
+}
+
 void PostgresStore::OnWait(std::function<void()> servePainting) {
   servePainting_ = std::move(servePainting);
   if (connection_ != nullptr) connection_->OnWait(servePainting_);

@@ -27,6 +27,7 @@ class PostgresStore final : public Store {
   std::unique_ptr<GuestTable> Receive(const platform::TableDefinition& table, const StoreFile& beside) override;
   bool ScansAll(std::string_view sql) override;
   bool ReadsCheaply(int rows, const std::function<void()>& read) override;
+  bool ReadsToItsEnd(const std::function<bool()>& goOn, const std::function<void()>& read) override;
   void OnWait(std::function<void()> servePainting) override;
   void ServePainting() override;
 

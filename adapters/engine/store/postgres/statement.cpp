@@ -189,6 +189,8 @@ bool ServerStatement::Ended() {
 
 void ServerStatement::Reset() noexcept {
   if (run_ != nullptr) connection_.Abandon(*run_);
+  // It may be ended before the server has prepared it.
+  if (run_ != nullptr && preparing_ && !run_->prepared) names_.erase(types_);
   run_.reset();
   rows_.reset();
   row_ = 0;

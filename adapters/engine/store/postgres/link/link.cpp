@@ -2,6 +2,7 @@
 
 #include <libpq-fe.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 
@@ -109,6 +110,7 @@ std::shared_ptr<Run> Link::Send(const Trip& trip) {
   run->guarded = trip.guarded;
   run->isShort = trip.isShort;
   run->tells = trip.tells;
+  run->onlyReads = trip.parameters != nullptr && !trip.asksNumber;
   storedHereAlone_ = false;
   bool sent = !IsCut();
   const auto control = [&](const std::string& sql, Run::Part part) {
@@ -268,20 +270,31 @@ void Link::Take(Run& run) {
 }
 
 void Link::Finish(Run& run) {
-  constexpr int kWorthTaking = 1'000;
   auto since = Clock::now();
   while (!run.done) {
-    if (run.unwanted && run.thrownAway >= kWorthTaking) {
-      Cancel();
-      run.thrownAway = 0;
-    }
+    EndUnwanted(run);
     if (!Pump(run)) Wait(run, since);
   }
+}
+
+// What painting asks for must neither bring a long result here as a whole nor stop all painting until a long statement gives its first row.
+bool Link::FinishSoon(Run& run) {
+  constexpr std::size_t kMostRows = 10'000;
+  constexpr auto kMostTime = std::chrono::milliseconds(500);
+  auto since = Clock::now();
+  const auto begin = since;
+  while (!run.done && !run.keptOut) {
+    EndUnwanted(run);
+    if (!Pump(run)) Wait(run, since);
+    run.keptOut = !run.unwanted && (run.rows.size() >= kMostRows || Clock::now() - begin >= kMostTime);
+  }
+  return run.done;
 }
 
 void Link::Drain(Run& run) {
   while (!run.done && Pump(run)) {
   }
+  if (!run.done) EndUnwanted(run);
 }
 
 std::vector<std::string> Link::Messages() {
@@ -300,7 +313,19 @@ void Link::LastWords(const std::string& sql) noexcept {
   if (sent && PQpipelineSync(connection_) != 0) PQflush(connection_);
 }
 
-void Link::Cancel() {
+// A statement that nobody reads on would compute and send to its end, however long that is. What is nearly over isn't worth another
+// connection, which that costs; and a write goes on, as nobody has taken it back. Asked before the statement begins, or between two of a
+// trip, the server does nothing: so it is asked again.
+void Link::EndUnwanted(Run& run) {
+  constexpr int kWorthTaking = 1'000;
+  constexpr auto kWorthWaiting = std::chrono::milliseconds(20);
+  constexpr auto kAgain = std::chrono::milliseconds(200);
+  if (!run.unwanted || !run.onlyReads || !IsOpen()) return;
+  const bool reads = std::find(run.parts.begin() + static_cast<std::ptrdiff_t>(run.at), run.parts.end(), Run::Part::Statement) != run.parts.end();
+  const auto now = Clock::now();
+  if (!reads || now - run.endedLast < kAgain) return;
+  if (run.thrownAway < kWorthTaking && now - run.unwantedSince < kWorthWaiting) return;
+  run.endedLast = now;
   PGcancel* cancel = PQgetCancel(connection_);
   std::array<char, 256> message{};
   PQcancel(cancel, message.data(), static_cast<int>(message.size()));

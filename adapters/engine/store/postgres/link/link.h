@@ -48,7 +48,9 @@ class Link {
   void Take(Run& run);
   /// Waits for the end and keeps what comes, or throws it away where it isn't wanted.
   void Finish(Run& run);
-  /// Takes what has come, without waiting.
+  /// The same for who only paints meanwhile: keeps some rows and waits a moment, once. False when that wasn't the end.
+  bool FinishSoon(Run& run);
+  /// Takes what has come, without waiting, and has the server end what nobody wants.
   void Drain(Run& run);
   /// What others have told on the channel that was listened to; the answer to the last trip must have been taken whole. A connection that
   /// is found lost is so from then on.
@@ -66,7 +68,7 @@ class Link {
   void NextPart(Run& run);
   void Wait(Run& run, Moment& since);
   void Lose(Run& run);
-  void Cancel();
+  void EndUnwanted(Run& run);
   bool SendStatement(const Trip& trip);
   bool AskSnapshot(bool planOnce, Run& run);
   bool IsCut();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <deque>
 #include <memory>
@@ -53,7 +54,9 @@ class Run {
   std::deque<Result> rows;         ///< of one row, or of many
   std::optional<Failure> failure;  ///< complete once it is done
   bool done = false;
-  bool unwanted = false;  ///< what still comes is thrown away
+  bool unwanted = false;  ///< what still comes is thrown away, and a statement that only reads is ended
+  bool onlyReads = false;
+  bool keptOut = false;  ///< painting has waited for it once already
   bool guarded = false;
   bool isShort = false;  ///< its rows come as a whole
   std::int64_t changed = 0;
@@ -76,6 +79,8 @@ class Run {
   std::vector<Part> parts;
   std::size_t at = 0;
   int thrownAway = 0;
+  std::chrono::steady_clock::time_point unwantedSince;
+  std::chrono::steady_clock::time_point endedLast;  ///< when the server was asked to end it
 };
 
 }  // namespace engine::postgres

@@ -164,13 +164,16 @@ void Application::Act(Form& form, const std::function<void()>& body) {
   struct Running {
     Application& app;
     Form& form;
-    Running(Application& application, Form& actedOn) : app(application), form(actedOn) {
+    bool lossToldAround;
+    Running(Application& application, Form& actedOn)
+        : app(application), form(actedOn), lossToldAround(std::exchange(app.lossTold_, false)) {
       ++app.depth_;
       ++form.handlers_;
     }
     ~Running() {
       --form.handlers_;
       --app.depth_;
+      app.lossTold_ = lossToldAround;
     }
   };
   {
@@ -206,9 +209,15 @@ void Application::Act(Form& form, const std::function<void()>& body) {
   Purge();
 }
 
+bool Application::IsNews(const Error& error) {
+  const bool loss = error.Number() == error::number::DiskOrNetwork || error.Number() == error::number::InvalidPath;
+  return !loss || depth_ == 0 || !std::exchange(lossTold_, true);
+}
+
 void Application::Unhandled(const Error& error) {
   Log(LogLevel::Failure, "no handler: " + std::to_string(error.Number()) + " " + error.Description());
   if (OnUnhandled) OnUnhandled(error);
+  if (!IsNews(error)) return;
   MsgBox(error.Description(), box::Exclamation, parts_.title);
 }
 

@@ -91,6 +91,9 @@ class Application final : public FormHost {
   /// The error that the handler which runs now was called for.
   const Error& Err() const noexcept { return pending_; }
   void SetErr(const Error& error) { pending_ = error; }
+  /// Takes note of a failure that is about to be told. False: the user has been told in this act that the data is out of reach, and this
+  /// is the same again, met by a later statement.
+  bool IsNews(const Error& error);
 
   void Act(Form& form, const std::function<void()>& body) override;
   void Unhandled(const Error& error) override;
@@ -113,6 +116,7 @@ class Application final : public FormHost {
   std::vector<Form*> modal_;
   std::vector<std::unique_ptr<Form>> buried_;
   int depth_ = 0;
+  bool lossTold_ = false;  ///< in the act that runs
   int pointer_ = pointer::Default;
   Error pending_{0, ""};
 };

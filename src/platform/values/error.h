@@ -30,6 +30,8 @@ namespace error {
 namespace number {
 inline constexpr int InvalidCall = 5;
 inline constexpr int DuplicateKey = 3022;
+inline constexpr int DiskOrNetwork = 3043;
+inline constexpr int InvalidPath = 3044;
 inline constexpr int RecordDeleted = 3167;
 inline constexpr int FileExists = 3204;
 }  // namespace number

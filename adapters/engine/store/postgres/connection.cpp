@@ -60,6 +60,10 @@ void ServerConnection::Ready(const std::string& schema) {
   link_.Open(AskedOf(schema));
 }
 
+void ServerConnection::NoticeCut() {
+  if (active_ == nullptr && units_.empty()) link_.IsCut();
+}
+
 std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
   FinishActive();
   const bool unitKnown = begun_ && units_.front() == Unit::Kind::Read;

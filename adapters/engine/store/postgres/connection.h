@@ -60,6 +60,9 @@ class ServerConnection final : public Channel {
   /// Changes with each change of definitions by this connection.
   std::uint64_t OwnDefinitions() const noexcept { return definitions_ + undone_; }
 
+  /// Whoever begins anew needn't be told that the line was cut while nobody used it: it is made anew then.
+  void NoticeCut();
+
   /// For messages: the path of a schema as the program names it.
   void NameSchema(const std::string& schema, std::string asked) { asked_[schema] = std::move(asked); }
   const std::string& AskedOf(const std::string& schema) const;

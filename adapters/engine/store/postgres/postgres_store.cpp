@@ -34,6 +34,7 @@ std::shared_ptr<StoreFile> PostgresStore::Open(std::string_view path, std::strin
   const Target target = ParseTarget(path);
   const std::string name(asked);
   ServerConnection& connection = ConnectionTo(target, name);
+  connection.NoticeCut();
   if (auto file = files_[target.schema].lock()) return file;
   connection.NameSchema(target.schema, name);
   auto file = std::make_shared<ServerFile>(connection, target.schema, std::string(path), OpenSchema(connection, target.schema, name));

@@ -37,6 +37,8 @@ class Link {
   /// Connects, anew if need be. Raises what the failed attempt comes to, in the name of `asked`.
   void Open(const std::string& asked);
   bool IsOpen() const;
+  /// Whether the other side has ended it already, as far as it can be told without asking. It isn't open then.
+  bool IsCut();
   /// How often it was opened: what a server keeps for a connection is gone with it.
   int Openings() const noexcept { return openings_; }
 
@@ -71,7 +73,6 @@ class Link {
   void EndUnwanted(Run& run);
   bool SendStatement(const Trip& trip);
   bool AskSnapshot(bool planOnce, Run& run);
-  bool IsCut();
   void Close() noexcept;
 
   Target target_;

@@ -3,7 +3,9 @@
 # under address and undefined-behaviour sanitizers, as many at once as there are processors. Ends non-zero when anything was
 # found; each line names the words that repeat its case.
 #
-#   scripts/hostile.sh [options of hostile_yields, such as --share 10 or --only phones/]
+#   scripts/hostile.sh [options of hostile_yields, such as --share 10, --only phones/ or --server]
+#
+# With --server the company lies on a server of the tests' own; each case then has a new database, which takes some ten times as long.
 set -u
 cd "$(dirname "$0")/.." || exit 1
 mkdir -p build/logs

@@ -5,6 +5,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "hostile/server_books.h"
 #include "maintenance/frmCustMain.h"
 #include "platform/values/text.h"
 
@@ -119,6 +120,11 @@ std::string Difference(const Books::Rows& before, const Books::Rows& after) {
 
 Books Books::Of(const std::string& customerFile) {
   Books books;
+  if (IsOnServer(customerFile)) {
+    for (const std::string& table : TablesOnServer(customerFile)) books.tables_[table];
+    for (const ServerRow& row : RowsOnServer(customerFile, AccountField)) books.tables_[row.table][row.owner].insert(row.text);
+    return books;
+  }
   const File file = Open(customerFile);
   const Statement names = Prepare(file, "SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite_%'");
   std::vector<std::string> tables;
@@ -136,6 +142,7 @@ std::set<std::string> Books::Assigned(const std::string& table, std::int32_t acc
 }
 
 bool Writable(const std::string& path) {
+  if (IsOnServer(path)) return WritableOnServer(path);
   const File file = Open(path);
   const bool begun = sqlite3_exec(file.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) == SQLITE_OK;
   if (begun) sqlite3_exec(file.get(), "ROLLBACK", nullptr, nullptr, nullptr);

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -9,6 +10,7 @@
 
 #include "engine/data_file.h"
 #include "support/company.h"
+#include "support/test_server.h"
 
 namespace hostile {
 namespace {
@@ -17,6 +19,7 @@ namespace fs = std::filesystem;
 using platform::Value;
 using Rows = std::vector<std::vector<Value>>;
 
+constexpr const char* kPattern = "pattern";
 constexpr std::int32_t kCustomers = 8;
 constexpr const char* kLastNames[kCustomers] = {"Ames", "Bell", "Cole", "Dunn", "Estes", "Ford", "Gray", "Hale"};
 constexpr const char* kFirstNames[kCustomers] = {"Ann", "Bob", "Cara", "Dan", "Eve", "Fay", "Gus", "Hal"};
@@ -112,9 +115,7 @@ void AddCodes(const std::string& file) {
       {{std::int32_t{1}, false, std::int16_t{0}, std::int16_t{0}, true}});
 }
 
-void MakeCompany(const std::string& folder) {
-  test_support::MakeCompany(folder);
-  const std::string books = folder + "data/orv1";
+void FillCompany(const std::string& books) {
   const std::string file = books + "/customer.zdb";
   Add(file, "Customers",
       {"AcctNum",
@@ -142,6 +143,9 @@ void MakeCompany(const std::string& folder) {
   AddCodes(file);
   Add(books + "/artrans.zdb", "Transactions", {"AcctNum", "TranType", "InvChkCredNo", "AltInvNo"},
       {{kCustomerWithTransactions, "I", "1001", std::int32_t{1}}});
+}
+
+void AddReports(const std::string& folder) {
   for (const char* report :
        {"ARCusDet.Rpt", "ARCusPho.Rpt", "ARAltAdr.Rpt", "ARCustCC.Rpt", "ARLabRat.Rpt", "ARCusCod.Rpt", "ARCustKW.Rpt"})
     std::ofstream(fs::path(folder) / report) << "a report";
@@ -149,8 +153,13 @@ void MakeCompany(const std::string& folder) {
 
 }  // namespace
 
-Image::Image() : root_(NewFolder()) {
-  MakeCompany(Pattern());
+Image::Image(bool onServer) : root_(NewFolder()), onServer_(onServer) {
+  test_support::MakeCompany(Pattern());
+  if (onServer)
+    MoveToServer();
+  else
+    FillCompany(Pattern() + "data/orv1");
+  AddReports(Pattern());
   Restore();
 }
 
@@ -159,9 +168,29 @@ Image::~Image() {
   fs::remove_all(root_, ignored);
 }
 
+std::string Image::PlaceOf(const char* database) { return TestServer::Shared().PathOf(database); }
+
+// The company's files go: nothing may be read from them.
+void Image::MoveToServer() const {
+  ::setenv("PGUSER", "office", 1);
+  TestServer::Shared().CreateDatabase(kPattern);
+  const std::string books = PlaceOf(kPattern) + "orv1";
+  suitefiles::MakeCompanyFiles(books, 2025);
+  suitefiles::CompanyRecord company;
+  company.name = "Company 1";
+  suitefiles::AddCompanyRow(books + "/dat.zdb", company);
+  FillCompany(books);
+  fs::remove_all(Pattern() + "data");
+  fs::remove(Pattern() + "dat.zdb");
+  std::ofstream(Pattern() + "orv1.ini") << "[Databases]\nDefault Path=" << PlaceOf(kNow) << "orv1/\n";
+}
+
 void Image::Restore() const {
   fs::remove_all(Folder());
   fs::copy(Pattern(), Folder(), fs::copy_options::recursive);
+  if (!onServer_) return;
+  TestServer::Shared().DropDatabase(kNow);
+  TestServer::Shared().CreateDatabase(kNow, kPattern);
 }
 
 }  // namespace hostile

@@ -9,8 +9,8 @@ namespace hostile {
 /// their own content. Made once, put back for each case.
 class Image {
  public:
-  /// Makes the company in a new folder, in memory where the machine has such a place.
-  Image();
+  /// Makes the company in a new folder, in memory where the machine has such a place; or on the tests' server, and the user's own files there.
+  explicit Image(bool onServer);
   ~Image();
   Image(const Image&) = delete;
   Image& operator=(const Image&) = delete;
@@ -19,13 +19,18 @@ class Image {
   void Restore() const;
 
   std::string Folder() const { return root_ + "/now/"; }
-  std::string CustomerFile() const { return Folder() + "data/orv1/customer.zdb"; }
+  std::string CustomerFile() const { return onServer_ ? PlaceOf(kNow) + "orv1/customer.zdb" : Folder() + "data/orv1/customer.zdb"; }
   /// A place for what a child process says on standard error.
   std::string Messages() const { return root_ + "/messages"; }
 
  private:
   std::string Pattern() const { return root_ + "/pattern/"; }
+  static constexpr const char* kNow = "now";
+  static std::string PlaceOf(const char* database);
+  void MoveToServer() const;
+
   std::string root_;
+  bool onServer_;
 };
 
 /// The customer with all kinds of sub-records, on whom the cases begin: neither first nor last of the list.

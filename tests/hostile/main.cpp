@@ -17,7 +17,7 @@ constexpr char kCase = 'c', kFault = 'f', kNote = 'n', kRefused = 'r', kYields =
 
 class Program {
  public:
-  explicit Program(const Options& options) : options_(options) {}
+  explicit Program(const Options& options) : options_(options), image_(options.server) {}
   int Go();
 
  private:
@@ -72,7 +72,7 @@ bool Program::Live(const Case& one) const {
 
 Outcome Program::TellRun(const Case& one, const Books* before, const Teller& tell) const {
   BeginOfCase();
-  tell.Tell(kCase, Words(one));
+  tell.Tell(kCase, Words(one) + (options_.server ? " --server" : ""));
   Outcome outcome = Run(image_, one, before);
   for (const std::string& fault : outcome.faults) tell.Tell(kFault, fault);
   for (const auto& [note, count] : outcome.notes) tell.Tell(kNote, note);

@@ -6,7 +6,7 @@ namespace hostile {
 
 const char* const kUsage =
     "hostile_yields [--all | --share N] [--seed N] [--part I/N] [--only PROCEDURE] [--act ACT] [--yield N] [--no] [--live | --exact]\n"
-    "               [--no-fork] [--notes] [--list]\n"
+    "               [--server] [--no-fork] [--notes] [--list]\n"
     "Interrupts procedures of the screens at their yields. Ends with 1 when something was found.\n";
 
 namespace {
@@ -33,6 +33,8 @@ bool TakeFlag(const std::string& word, Options& options) {
     options.live = true;
   else if (word == "--exact")
     options.live = false;
+  else if (word == "--server")
+    options.server = true;
   else if (word == "--no-fork")
     options.fork = false;
   else if (word == "--notes")

@@ -15,6 +15,7 @@ struct Options {
   std::optional<bool> live;  ///< else a coin decides for each case
   bool no = false;           ///< questions are answered No at once
   int part = 0, parts = 1;   ///< every `parts`th procedure from `part` on
+  bool server = false;       ///< the company lies on a server of the tests' own
   bool fork = true;          ///< each procedure in a process of its own
   bool list = false;         ///< tells the procedures and acts
   bool notes = false;        ///< tells what was reported how often

@@ -34,6 +34,12 @@ ServerConnection::ServerConnection(const Target& target, Patience patience)
       asks_(patience.asks) {}
 
 ServerConnection::~ServerConnection() {
+  // The server would go on with it for nobody.
+  if (active_ != nullptr) {
+    active_->unwanted = true;
+    active_->unwantedSince = {};
+    link_.Drain(*active_);
+  }
   if (!owed_.empty() && active_ == nullptr && !begun_) link_.LastWords(Notice(false));
   kept_.Clear();
 }

@@ -161,7 +161,8 @@ bool ServerStatement::Step() {
     const Failure failure = *run_->failure;
     const bool prepared = run_->prepared;
     run_.reset();
-    if (fresh && !prepared && MustPrepareAgain(failure)) {
+    // What the server refuses when it is given the statement itself, it refuses each time.
+    if (fresh && !prepared && !preparing_ && MustPrepareAgain(failure)) {
       names_.erase(types_);
       return Step();
     }

@@ -167,6 +167,14 @@ TEST_F(Connected, FailuresHaveTheEnginesNumbers) {
   EXPECT_EQ(Ask(connection, "SELECT 1"), std::vector<std::string>{"1"});
 }
 
+// It is told by the number of a statement whose tables have changed, which is prepared anew.
+TEST_F(Connected, WhatTheServerDoesNotKnowHowToDoIsRefusedOnce) {
+  const std::uint64_t before = connection.Trips();
+  EXPECT_NE(ErrorOf([&] { Run(connection, "SELECT DISTINCT id FROM \"orv1_x\".\"t\" FOR UPDATE"); }), 0);
+  EXPECT_LE(connection.Trips() - before, 2U);
+  EXPECT_EQ(Ask(connection, "SELECT 1"), std::vector<std::string>{"1"});
+}
+
 TEST_F(Connected, AFailureInTheMiddleOfARowsComesWithItsRow) {
   Query rows(connection, std::string_view("SELECT 10 / (5 - n) FROM generate_series(1, 9) AS n"));
   for (int i = 1; i < 5; ++i) EXPECT_TRUE(rows.Step()) << i;

@@ -74,6 +74,18 @@ TEST_F(GivenUp, AnIdleDeskHasItEnded) {
   EXPECT_EQ(Busy(), "0\n");
 }
 
+TEST_F(GivenUp, ADeskThatGoesHasItEnded) {
+  {
+    ServerConnection going(TargetOf("x.zdb"), Patient());
+    Query slow(going, std::string_view(kSlow));
+    ASSERT_TRUE(slow.Step());
+  }
+  const auto end = Clock::now() + kSoon;
+  while (Busy() != "0\n" && Clock::now() < end) {
+  }
+  EXPECT_EQ(Busy(), "0\n");
+}
+
 TEST_F(GivenUp, AWriteIsDoneToItsEnd) {
   Run(store, "INSERT INTO \"orv1_x\".\"t\" (\"id\") SELECT n FROM generate_series(1, 100000) AS n");
   {

@@ -39,6 +39,8 @@ ServerConnection::~ServerConnection() {
     active_->unwanted = true;
     active_->unwantedSince = {};
     link_.Drain(*active_);
+    // The end of a unit of reads, for which nobody waits, may have come: then there is room for the last words.
+    if (active_->done) Settle(*active_);
   }
   if (!owed_.empty() && active_ == nullptr && !begun_) link_.LastWords(Notice(false));
   kept_.Clear();

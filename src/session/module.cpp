@@ -46,7 +46,7 @@ void Main() {
 void ReportFailure(const platform::Error& error, const std::string& literal, bool terminate) {
   ++gFailuresReported;
   App().SetErr(error);
-  if (App().IsNews(error)) ProgramError(literal, terminate);
+  if (App().IsNews(error) || terminate) ProgramError(literal, terminate);
 }
 
 void ProgramError(const std::string& Module, bool Terminate) {

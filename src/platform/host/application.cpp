@@ -210,8 +210,7 @@ void Application::Act(Form& form, const std::function<void()>& body) {
 }
 
 bool Application::IsNews(const Error& error) {
-  const bool loss = error.Number() == error::number::DiskOrNetwork || error.Number() == error::number::InvalidPath;
-  return !loss || depth_ == 0 || !std::exchange(lossTold_, true);
+  return !error.OutOfReach() || depth_ == 0 || !std::exchange(lossTold_, true);
 }
 
 void Application::Unhandled(const Error& error) {

@@ -12,6 +12,14 @@ class Error final : public std::exception {
  public:
   Error(int number, std::string description) : number_(number), description_(std::move(description)) {}
 
+  /// The same, where it tells that the data as a whole is out of reach: whatever else is asked of it now meets the same end.
+  Error WhileOutOfReach() const {
+    Error error = *this;
+    error.outOfReach_ = true;
+    return error;
+  }
+  bool OutOfReach() const noexcept { return outOfReach_; }
+
   /// The error's number as the suite's log knows it (3021 "No current record.", 13 "Type mismatch" ...).
   int Number() const noexcept { return number_; }
   const std::string& Description() const noexcept { return description_; }
@@ -20,6 +28,7 @@ class Error final : public std::exception {
  private:
   int number_;
   std::string description_;
+  bool outOfReach_ = false;
 };
 
 /// Errors that carry no inserted text and are raised outside of the engine too: the language's own (5 to 438), and some of the
@@ -30,8 +39,6 @@ namespace error {
 namespace number {
 inline constexpr int InvalidCall = 5;
 inline constexpr int DuplicateKey = 3022;
-inline constexpr int DiskOrNetwork = 3043;
-inline constexpr int InvalidPath = 3044;
 inline constexpr int RecordDeleted = 3167;
 inline constexpr int FileExists = 3204;
 }  // namespace number

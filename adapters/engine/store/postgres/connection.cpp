@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "engine/errors.h"
+#include "engine/store/postgres/link/failure.h"
 #include "engine/store/postgres/link/flag.h"
 #include "engine/store/postgres/wording/names.h"
 #include "engine/store/query.h"
@@ -59,7 +60,7 @@ std::string ServerConnection::MomentText() const { return "SET orcussch.moment =
 void ServerConnection::Ready(const std::string& schema) {
   FinishActive();
   if (link_.IsOpen()) return;
-  if (begun_ || broken_ || opening_) throw errors::DiskOrNetwork();
+  if (begun_ || broken_ || opening_) throw ServerLost();
   const Flag opening(opening_);
   forgotten_.clear();
   watch_.Forget();
@@ -203,7 +204,7 @@ void ServerConnection::CommitUnit(const Unit& unit) {
   if (unit.outermost) {
     FinishActive();
     held_.clear();
-    if (broken_) throw errors::DiskOrNetwork();
+    if (broken_) throw ServerLost();
     if (begun_ && unit.kind == Unit::Kind::Read && !unitWrote_ && !unitDefined_ && saved_.empty())
       EndReading();
     else if (begun_)

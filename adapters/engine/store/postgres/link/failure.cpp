@@ -56,9 +56,11 @@ Error RightsError(Doing doing, const std::string& asked) {
 
 }  // namespace
 
+Error ServerLost() { return errors::DiskOrNetwork().WhileOutOfReach(); }
+
 Error StatementError(const Failure& failure, Doing doing, const std::string& asked) {
   const std::string_view state = failure.state;
-  if (IsLoss(failure)) return errors::DiskOrNetwork();
+  if (IsLoss(failure)) return ServerLost();
   if (const auto raised = FunctionError(state)) return *raised;
   if (state == "23505") return errors::DuplicateKey();
   if (state == "23502") return errors::NullInKey();
@@ -79,9 +81,9 @@ Error StatementError(const Failure& failure, Doing doing, const std::string& ask
 
 Error ConnectError(const Failure& failure, const std::string& asked) {
   if (IsOneOf(failure.state, {"28P01", "28000", "42501"})) return errors::OpenedExclusively(asked);
-  if (failure.state == "3D000") return errors::InvalidPath(asked);
+  if (failure.state == "3D000") return errors::InvalidPath(asked).WhileOutOfReach();
   if (failure.state == "53300") return errors::FileInUse(asked);
-  return errors::DiskOrNetwork();
+  return ServerLost();
 }
 
 std::string StateInMessage(const std::string& message) {

@@ -25,6 +25,9 @@ platform::Error StatementError(const Failure& failure, Doing doing, const std::s
 /// The engine's error for a connection that could not be made.
 platform::Error ConnectError(const Failure& failure, const std::string& asked);
 
+/// The connection is gone and with it all that was to be had by it: 3043.
+platform::Error ServerLost();
+
 /// The last state named in a message of the client library about a failed connection ("... FATAL:  28P01"); "" if there is none.
 std::string StateInMessage(const std::string& message);
 

@@ -139,7 +139,7 @@ void ServerConnection::FinishActive() {
 // What a run leaves behind, once it is at its end.
 void ServerConnection::Settle(Run& run) {
   if (active_.get() != &run) return;
-  active_.reset();
+  const std::shared_ptr<Run> held = std::exchange(active_, nullptr);  // maybe by nobody else
   if (run.aheadDone) listens_ = true;
   if (!run.snapshot.empty() && watch_.Others(run.snapshot)) {
     ++others_;

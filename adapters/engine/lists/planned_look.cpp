@@ -49,12 +49,14 @@ bool PlannedLook::Walk() {
   constexpr std::int64_t kTelling = 5;
   std::int64_t rows = std::min(kMost, span_ / kPartOfAll);
   if (rows < kFewest) return false;
-  while (!WalkOn(rows)) {
+  bool atOnce = true;
+  for (; !WalkOn(rows); atOnce = false) {
     if (Hits() < kTelling) return false;
     rows = kFewest + 2 * (FirstLook::kPage - Hits()) * looked_ / Hits();
     if (FirstLook::kPage * looked_ / Hits() * kPartIfKnown > span_) return false;
   }
-  return true;
+  // Of two looks each may have found a row that another desk has moved on meanwhile.
+  return atOnce || source_.Version() == first_.version;
 }
 
 void PlannedLook::PutAllInOrder() {

@@ -1,8 +1,6 @@
 #include "engine/lists/planned_look.h"
 
 #include <algorithm>
-#include <array>
-#include <limits>
 
 namespace engine {
 

@@ -43,6 +43,23 @@ TEST_F(Connected, BindsEveryKindOfValueAndReadsIt) {
   EXPECT_FALSE(query.Step());
 }
 
+// As an administrator's tool or a pooler may do it.
+TEST_F(Connected, StatementsThatTheServerHasDroppedAreGivenToItAgain) {
+  for (const bool planOnce : {false, true}) {
+    SqlText text(std::string("SELECT $1::bigint + 1"));
+    for (const std::int64_t number : {1, 2}) {
+      {
+        Query query(connection, text);
+        if (planOnce) query.PlanOnce();
+        query.Bind(1, number);
+        ASSERT_TRUE(query.Step());
+        EXPECT_EQ(query.Int(0), number + 1);
+      }
+      Run(connection, "DEALLOCATE ALL");
+    }
+  }
+}
+
 TEST_F(Connected, AStatementRunsAgainWithOtherKindsOfValues) {
   SqlText text("SELECT $1::text");
   const auto ask = [&](auto bind) {

@@ -17,7 +17,6 @@ using Clock = std::chrono::steady_clock;
 constexpr int kTextFormat = 0;
 constexpr int kAsItIs = 1;
 
-// It is kept for who tells others of it.
 // The second one is for the rest of the trip: the statement behind it is planned for any value, and that plan is kept. Both are prepared,
 // as they go along with nearly every trip.
 struct SnapshotAsk {
@@ -29,6 +28,7 @@ constexpr std::array<SnapshotAsk, 2> kSnapshotAsks{
     {{"ask", "SELECT pg_current_snapshot()", Run::Part::KeepAsk},
      {"ask_once", "SELECT pg_current_snapshot(), set_config('plan_cache_mode', 'force_generic_plan', true)", Run::Part::KeepAskPlan}}};
 
+// It is kept for who tells others of it.
 constexpr const char* kAskNumber = "SELECT set_config('orcussch.wrote', coalesce(pg_current_xact_id_if_assigned()::text, ''), false)";
 
 std::string FieldOf(const PGresult* result, int field) {
@@ -185,6 +185,8 @@ void Link::Receive(Run& run, Result result) {
     case PGRES_FATAL_ERROR:
     case PGRES_BAD_RESPONSE:
       if (part == Run::Part::Notice || (part == Run::Part::Ahead && IsOpen())) return;
+      // The server may have dropped what it had been given.
+      if (part == Run::Part::Snapshot) asksKept_ = {};
       if (!run.failure) run.failure = FailureOf(result.get(), !IsOpen());
       return;
     case PGRES_SINGLE_TUPLE:

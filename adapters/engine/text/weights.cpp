@@ -144,6 +144,14 @@ Weights WeightsOf(char32_t character) {
   return character < kFrequent ? frequent[character] : MakeWeights(character);
 }
 
+char32_t EndOfAlike(char32_t character) {
+  const char32_t next = character + 1;
+  if (next < kFrequent || platform::NextOfNote(character) == character) return next;
+  const auto* equivalent = std::ranges::lower_bound(kEquivalents, character, {}, &Equivalent::character);
+  if (equivalent == std::end(kEquivalents)) return platform::NextOfNote(next);
+  return equivalent->character == character ? next : std::min(equivalent->character, platform::NextOfNote(next));
+}
+
 char32_t CharacterOf(Primary weight) {
   const Rank rank = RankOf(weight);
   if (rank >= kFirstDigit && rank < kOthers) return kDigitsAndLetters[rank - kFirstDigit];

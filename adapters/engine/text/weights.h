@@ -28,6 +28,8 @@ struct Weights {
   auto operator<=>(const Weights&) const = default;
 };
 Weights WeightsOf(char32_t character);
+/// One behind the last of the characters from this one on that are worth the same as it but for the code point under their rank.
+char32_t EndOfAlike(char32_t character);
 
 /// A character with this primary weight and no accent.
 char32_t CharacterOf(Primary weight);

@@ -97,4 +97,21 @@ char32_t FoldedOf(char32_t character) {
 
 bool IsSymbol(char32_t character) { return character > 0x9F && RangeOf(unicode_data::kSymbols, character) != nullptr; }
 
+char32_t NextOfNote(char32_t character) {
+  char32_t next = 0x110000;
+  const auto consider = [&](char32_t noted) {
+    if (noted >= character) next = std::min(next, noted);
+  };
+  const auto* composed = std::ranges::lower_bound(unicode_data::kDecompositions, character, {}, &unicode_data::Decomposition::composed);
+  if (composed != std::end(unicode_data::kDecompositions)) consider(composed->composed);
+  const auto* cased = std::ranges::lower_bound(unicode_data::kCase, character, {}, &unicode_data::CaseMapping::character);
+  if (cased != std::end(unicode_data::kCase)) consider(cased->character);
+  const auto* marks = std::ranges::lower_bound(unicode_data::kMarks, character, {}, &unicode_data::MarkRange::last);
+  if (marks != std::end(unicode_data::kMarks)) consider(std::max(marks->first, character));
+  const auto behind = [](const unicode_data::SymbolRange& range) { return range.last + 1; };
+  const auto* symbols = std::ranges::lower_bound(unicode_data::kSymbols, character, {}, behind);
+  if (symbols != std::end(unicode_data::kSymbols)) consider(symbols->first >= character ? symbols->first : symbols->last + 1);
+  return next;
+}
+
 }  // namespace platform

@@ -26,4 +26,9 @@ char32_t FoldedOf(char32_t character);
 /// digits.
 bool IsSymbol(char32_t character);
 
+/// The first character from this one on that the tables tell apart from its neighbours: it has another case, a decomposition or a place
+/// among marks, or begins or ends a run of symbols. Syllables of Hangul, which decompose by rule, aren't told apart. 0x110000 when there is
+/// none.
+char32_t NextOfNote(char32_t character);
+
 }  // namespace platform

@@ -250,5 +250,21 @@ TEST(TextOrder, PrefixRangeOfNothingHoldsAll) {
   EXPECT_TRUE(InRange(PrefixRange(""), "\U0010FFFD"));
 }
 
+TEST(TextOrder, TellsRunsOfCharactersApartByTheirCodePointsAlone) {
+  using weights::Weights;
+  const auto plain = [](char32_t character) {
+    Weights own = weights::WeightsOf(character);
+    if (own.primaryCount == 1 && weights::CodePointOf(own.primary[0]) == character) own.primary[0] -= character;
+    return own;
+  };
+  int runs = 0;
+  for (char32_t character = 1, end = 0; character <= platform::kHighestCodePoint; character = end, ++runs) {
+    end = weights::EndOfAlike(character);
+    ASSERT_GT(end, character);
+    for (char32_t other = character; other < end; ++other) ASSERT_EQ(plain(other), plain(character)) << static_cast<unsigned>(other);
+  }
+  EXPECT_LT(runs, 10'000);
+}
+
 }  // namespace
 }  // namespace engine

@@ -1,5 +1,8 @@
 #include "server/branch.h"
 
+#include <algorithm>
+#include <cctype>
+
 namespace bench::branch {
 namespace {
 
@@ -50,6 +53,40 @@ void AddPages(Company& company, const std::shared_ptr<OpenedList>& list, std::ve
   jobs.push_back(last);
 }
 
+/// Places in the results of queries by the first letters of a name, each with its list.
+struct Results {
+  explicit Results(Company& company) {
+    constexpr std::size_t kLists = 8;
+    constexpr std::size_t kLetters = 3;
+    for (const bare::Place& place : company.Somewhere()) {
+      const std::string start = place.key.substr(0, kLetters);
+      if (start.size() < kLetters || !std::ranges::all_of(start, [](unsigned char sign) { return std::isalpha(sign) != 0; })) continue;
+      lists.push_back(company.Open("SELECT * FROM Customers WHERE (LastName Like '" + start + "*') ORDER BY LastName"));
+      lists.back()->FindFirst("[AcctNum]=" + std::to_string(place.account));
+      places.push_back({place.key, std::to_string(place.account), start + '\x7f'});
+      if (lists.size() == kLists) break;
+    }
+  }
+  std::vector<platform::RecordsetRef> lists;
+  std::vector<bare::Cells> places;  ///< key, account, and what stands behind all names that begin so
+};
+
+Job PageOfAResult(Company& company) {
+  const auto results = std::make_shared<Results>(company);
+  Job job = company.Begin("page forward in the result of a query by name", 1.4);
+  job.ours = [results](int call) {
+    const platform::RecordsetRef& list = Pick(results->lists, call);
+    return SumOf(list->Window().RowsAfter(list->Bookmark(), kPage));
+  };
+  job.raw = [results, &company](int call) {
+    return bare::SumOf(company.Bare().RunPrepared("SELECT " + company.Bare().Columns() + " FROM " + bare::Server::Table("Customers") +
+                                                      R"( c WHERE (c."~k.LastName", c."AcctNum") > ($1, $2::integer) AND c."~k.LastName" < $3 )"
+                                                      R"(ORDER BY c."~k.LastName" NULLS FIRST, c."AcctNum" LIMIT )" + std::to_string(kPage),
+                                                  Pick(results->places, call)));
+  };
+  return job;
+}
+
 // The bare program can't know which row stands there: it is told.
 Job Random(Company& company, const std::shared_ptr<OpenedList>& list) {
   const auto places = std::make_shared<std::vector<bare::Place>>();
@@ -89,6 +126,7 @@ std::vector<Job> ListJobs(Company& company) {
   jobs.push_back(Opening(company));
   const auto list = std::make_shared<OpenedList>(company);
   AddPages(company, list, jobs);
+  jobs.push_back(PageOfAResult(company));
   jobs.push_back(Random(company, list));
   jobs.push_back(Heading(company));
   return jobs;

@@ -157,11 +157,16 @@ void FirstLook::TakeShortest() {
   constexpr std::size_t kNotMany = 1024;
   const Leads::Lead& lead = *leads_.Shortest();
   first_.way = FirstRows::Way::Drive;
-  // By its keys a statement needs none of the query's constants, and is mostly prepared already.
+  // By its keys a statement needs none of the query's constants, and is mostly prepared already; always where preparing costs most.
   constexpr std::int64_t kVeryFew = 8;
-  if (rows_ != nullptr && lead.Keys() > kVeryFew && lead.Keys() <= kFew) return Join(*lead.driver, true);
+  const std::int64_t fetched = source_.OwnDialect().PlansByItself() ? std::int64_t{kNotMany} : kVeryFew;
+  if (rows_ != nullptr && lead.Keys() > fetched && lead.Keys() <= kFew) return Join(*lead.driver, true);
   DrivenKeys driven = leads_.Keys(byKey_ + question_);
-  if (rows_ != nullptr && driven.keys.size() <= kVeryFew) return Fetch(std::move(driven));
+  if (rows_ != nullptr && std::cmp_less_equal(driven.keys.size(), fetched)) {
+    Fetch(std::move(driven));
+    if (!first_.ordered.empty()) ReadFirst();
+    return;
+  }
   if (rows_ == nullptr || driven.keys.size() > kNotMany) {
     first_.driven = std::move(driven);
     return;
@@ -300,21 +305,20 @@ void FirstLook::Begin() {
   first_.page = std::make_shared<RowPage>(source_.Fields().size() + (rows_ == nullptr ? 0 : rows_->Order().size()), 1);
 }
 
-// Asking on costs more than keys do.
-std::optional<FirstRows> FirstLook::ByFewKeys() {
-  constexpr std::int64_t kReach = 8 * kFirstReach;
-  std::optional<Transaction> oneState;
-  if (!leads_.None()) oneState.emplace(source_.Store(), Transaction::Kind::Read);
+// Asking on costs more than keys do. A row whose keys change between the statements is one that fitted at one of them.
+std::optional<FirstRows> FirstLook::ByFewKeys(std::int64_t likelyRows) {
+  constexpr std::int64_t kReach = 256;
   Begin();
+  if (likelyRows > 0) leads_.Within({.first = 1, .last = likelyRows});
   leads_.Reach(kReach);
-  const Leads::Lead* const shortest = leads_.Shortest();
-  leadsToFew_ = shortest != nullptr;
-  const bool few = leadsToFew_ && shortest->Keys() <= kFirstReach;
-  if (few) TakeShortest();
+  if (leads_.Shortest() != nullptr) {
+    TakeShortest();
+    return std::move(first_);
+  }
+  const std::optional<double> driven = leads_.FewestLikely();
+  if (driven) told_ = Told{leads_.LikelyShare().value_or(1), *driven};
   leads_.Close();
-  if (oneState) oneState->Commit();
-  if (!few) return {};
-  return std::move(first_);
+  return {};
 }
 
 FirstRows FirstLook::Run() {

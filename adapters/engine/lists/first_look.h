@@ -42,9 +42,15 @@ class FirstLook {
 
   FirstRows Run();
   /// The rows where a driver leads to so few that nothing else is as little work, in a store that plans by itself; nothing where none does.
-  std::optional<FirstRows> ByFewKeys();
-  /// Behind that: whether one leads to fewer rows than are worth a walk.
-  bool LeadsToFew() const noexcept { return leadsToFew_; }
+  /// `likelyRows`: what the store believes of the table's length.
+  std::optional<FirstRows> ByFewKeys(std::int64_t likelyRows);
+  /// What the drivers tell of the list.
+  struct Told {
+    double share = 1;   ///< about which part of the table's rows it has
+    double driven = 0;  ///< to about how many rows the best of them leads
+  };
+  /// Behind ByFewKeys; nothing where their first keys tell nothing.
+  const std::optional<Told>& WhatTheyTell() const noexcept { return told_; }
 
   /// How many rows of the list are looked for.
   static constexpr std::int64_t kPage = 50;
@@ -86,7 +92,7 @@ class FirstLook {
   std::optional<OrderPlace> reached_;
   std::int64_t looked_ = 0;
   std::int64_t span_ = 0;
-  bool leadsToFew_ = false;
+  std::optional<Told> told_;
   bool misjudged_ = false;  ///< rows that fit were expected sooner
   double look_ = 0;         ///< what looking at one more row in the list's order costs
   double byKey_ = 0;        ///< at one with a driver's key

@@ -49,10 +49,19 @@ std::optional<double> Leads::FewestLikely() const {
   return fewest;
 }
 
+std::optional<double> Leads::LikelyShare() const {
+  if (!FewestLikely()) return {};
+  double share = 1;
+  for (const Lead& lead : leads_)
+    if (Tells(lead)) share *= std::clamp(Likely(lead) / static_cast<double>(std::max<std::int64_t>(span_.Width(), 1)), 0.0, 1.0);
+  return share;
+}
+
 // The one that is likely to end first goes first, so that the others need not be followed so far; what seems to end far behind
 // waits for the next time.
 void Leads::Reach(std::int64_t most) {
   constexpr double kFarBehind = 2;
+  if (!source_.OwnDialect().openResults) return ReadTogether(most);
   if (most > kReadOfEach && Shortest() == nullptr) KeepRarest();
   std::ranges::stable_sort(leads_, {}, [this](const Lead& lead) { return Likely(lead); });
   for (Lead& lead : leads_) {
@@ -75,9 +84,7 @@ void Leads::Read(Lead& lead, std::int64_t most) {
     }
     ++rows;
     if (lead.reading->IsNull(0)) continue;
-    const std::int64_t key = lead.reading->Int(0);
-    lead.inOrder = lead.inOrder && (lead.read.empty() || lead.read.back() <= key);
-    lead.read.push_back(key);
+    Add(lead, *lead.reading);
     if (lead.read.size() % kKeysBetweenPaints == 0) source_.Store().ServePainting();
   }
   if (!goesOn) lead.reading.reset();
@@ -90,6 +97,36 @@ void Leads::Begin(Lead& lead, std::int64_t most) {
   lead.inOrder = true;
   lead.reading = std::make_unique<Query>(source_.Store(), lead.driver->keys + " LIMIT " + source_.OwnDialect().Parameter(1));
   lead.reading->Bind(1, most + 1);
+}
+
+void Leads::Add(Lead& lead, const Query& row) {
+  const std::int64_t key = row.Int(0);
+  lead.inOrder = lead.inOrder && (lead.read.empty() || lead.read.back() <= key);
+  lead.read.push_back(key);
+}
+
+// All of them by one statement, where asking costs most; so they are also of one state.
+void Leads::ReadTogether(std::int64_t most) {
+  std::string text;
+  std::vector<Lead*> asked;
+  for (Lead& lead : leads_) {
+    if (lead.whole || lead.Keys() > most) continue;
+    const std::string number = std::to_string(asked.size());
+    text += (asked.empty() ? "SELECT k, " : " UNION ALL SELECT k, ") + number + " FROM (" + lead.driver->keys + " LIMIT " +
+            std::to_string(most + 1) + ") AS keys" + number;
+    lead.read.clear();
+    lead.inOrder = true;
+    asked.push_back(&lead);
+  }
+  if (asked.empty()) return;
+  std::vector<std::int64_t> rows(asked.size(), 0);
+  Query query(source_.Store(), std::string_view(text));
+  while (query.Step()) {
+    const auto number = static_cast<std::size_t>(query.Int(1));
+    ++rows[number];
+    if (!query.IsNull(0)) Add(*asked[number], query);
+  }
+  for (std::size_t i = 0; i < asked.size(); ++i) asked[i]->whole = rows[i] <= most;
 }
 
 // Some rows are asked which of the drivers leads to them.

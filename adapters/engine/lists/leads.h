@@ -47,6 +47,8 @@ class Leads {
   const Lead* Shortest() const;
   /// About how many rows the list has at most, as far as the keys tell that were read; nothing where they don't.
   std::optional<double> FewestLikely() const;
+  /// About which part of the table's rows all of the drivers lead to, as far as that is told, should they have nothing to do with each other.
+  std::optional<double> LikelyShare() const;
   /// What going on from `from` keys as far as `most` would cost, beside a row that a look at the whole table passes.
   static double CostOf(std::int64_t from, std::int64_t most);
   /// The keys of the shortest. Those to which another driver doesn't lead are left out where reading its keys is clearly less work
@@ -58,6 +60,8 @@ class Leads {
  private:
   void Read(Lead& lead, std::int64_t most);
   void Begin(Lead& lead, std::int64_t most);
+  void ReadTogether(std::int64_t most);
+  static void Add(Lead& lead, const Query& row);
   void KeepRarest();
   bool Tells(const Lead& lead) const;
   double Likely(const Lead& lead) const;

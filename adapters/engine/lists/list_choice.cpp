@@ -98,6 +98,7 @@ WalkWay BoundedWay(const SelectPlan& plan, const IndexOrder& order) {
   for (const PlanBound& bound : plan.bounds)
     if ((bound.field == orderField && !order.order.empty()) || (bound.field == fixed && bound.equals))
       way.filter += (way.filter.empty() ? "" : " AND ") + bound.sql;
+  way.inBounds = !order.order.empty() && !way.filter.empty();
   return way;
 }
 
@@ -118,6 +119,7 @@ std::shared_ptr<RowList> LongFiltered(const std::shared_ptr<RowSource>& source, 
   const auto bounded = shape.Walker(source->Store(), way);
   const bool boundsAreAll = way.filter == plan.rowWhere;
   way.filter = plan.rowWhere;
+  way.inBounds = way.inBounds && boundsAreAll;
   const auto rows = shape.Walker(source->Store(), way);
   const IndexedList::Shape indexed{order.order, order.descending, way.index, true, rows, bounded};
   if (boundsAreAll) return std::make_shared<IndexedList>(source, indexed);
@@ -171,7 +173,7 @@ Beginning BeginningOf(const std::shared_ptr<RowSource>& source, KeyWalker& walke
 
 // Whether the length of the table is to be found out, and that together with the first rows.
 bool FindsOutByRows(const RowSource& source) {
-  constexpr std::int64_t kCertainly = 20;  // times as long as a short one: what the store believes may be old
+  constexpr std::int64_t kCertainly = 5;  // times as long as a short one: what the store believes may be old
   if (source.OwnDialect().rowsAtOnce <= 1 || source.Shape().knownLong) return false;
   const std::int64_t most = MostHeldAtOnce(source);
   if (most <= 0) return false;

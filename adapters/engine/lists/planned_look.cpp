@@ -3,6 +3,11 @@
 #include <algorithm>
 
 namespace engine {
+namespace {
+
+constexpr std::int64_t kPartIfKnown = 4;  // of all rows, that a walk may pass which is known to lead to the page
+
+}  // namespace
 
 void PlannedLook::Begin() {
   first_.version = source_.Version();
@@ -31,22 +36,39 @@ bool PlannedLook::WalkOn(std::int64_t rows) {
   });
   looked_ += rows;
   if (last) reached_ = std::move(last);
-  if (Hits() < FirstLook::kPage) return false;
-  const std::int64_t passed = direction_ == Direction::Up ? bounded_->CountBelow(*reached_) + 1 : bounded_->CountUpTo(direction_, nullptr, *reached_);
-  looked_ = std::max(passed, FirstLook::kPage);
-  return true;
+  return Hits() == FirstLook::kPage;
 }
 
-// A walk may take as much as a small part of the look at all rows that it may save; more of it where it is known to lead to the page.
-bool PlannedLook::Walk() {
+// About which part of the rows the list has. Where a page was found and nothing else tells, the rows are counted that stand before its end.
+double PlannedLook::LikelyShare(bool found, const std::optional<FirstLook::Told>& told) const {
+  if (found && told) return told->share;
+  if (looked_ == 0) return told ? told->share : 1;
+  const std::int64_t looked = found ? std::max(bounded_->CountBefore(direction_, *reached_, looked_) + 1, FirstLook::kPage) : looked_;
+  return std::min(1.0, static_cast<double>(std::max<std::int64_t>(Hits(), 1)) / static_cast<double>(looked));
+}
+
+// How many rows are walked at first; 0: none, as the page can only stand far on. A walk may take as much as a small part of the look at all
+// rows that it may save, or as following a driver, if that tells how much that is.
+std::int64_t PlannedLook::FirstStretch(const std::optional<FirstLook::Told>& told) const {
   constexpr std::int64_t kFewest = 64;
-  constexpr std::int64_t kMost = 1088;
-  constexpr std::int64_t kPartOfAll = 32;
-  constexpr std::int64_t kPartIfKnown = 4;
+  constexpr std::int64_t kMost = 4096;
+  constexpr std::int64_t kMostIfAsking = 1088;
+  constexpr std::int64_t kPartOfAll = 10;
+  constexpr double kThinner = 2.5;
+  const std::int64_t trial = std::min(source_.Plan().asksByRow ? kMostIfAsking : kMost, span_ / kPartOfAll);
+  if (!told) return trial < kFewest ? 0 : trial;
+  const double expected = static_cast<double>(FirstLook::kPage) / std::max(told->share, 1e-9);
+  if (expected > told->driven || expected * kPartIfKnown > static_cast<double>(span_)) return 0;
+  return std::max({kFewest, trial, static_cast<std::int64_t>(kThinner * expected)});
+}
+
+// More than the first stretch where that is known to lead to the page.
+bool PlannedLook::Walk(const std::optional<FirstLook::Told>& told) {
+  constexpr std::int64_t kFewest = 64;
   // Rows that have turned up tell how far the page reaches; they may lie a little thinner there.
   constexpr std::int64_t kTelling = 5;
-  std::int64_t rows = std::min(kMost, span_ / kPartOfAll);
-  if (rows < kFewest) return false;
+  std::int64_t rows = FirstStretch(told);
+  if (rows == 0) return false;
   bool atOnce = true;
   for (; !WalkOn(rows); atOnce = false) {
     if (Hits() < kTelling) return false;
@@ -61,10 +83,7 @@ void PlannedLook::PutAllInOrder() {
   RowPage& page = *first_.page;
   page.cells.Clear();
   page.keys.clear();
-  KeyWalker::Request request;
-  request.direction = direction_;
-  request.limit = FirstLook::kPage;
-  all_.Read(request, [&](const Query& row) {
+  all_.ReadFirst(direction_, FirstLook::kPage, [&](const Query& row) {
     all_.AppendRow(row, page);
     return true;
   });
@@ -83,17 +102,17 @@ FirstRows PlannedLook::Run() {
   const ResolvedTable& table = *source_.Plan().tables.front().table;
   const std::int64_t likelyRows = table.file->LikelyRows(table.definition.name);
   if (rows_ == nullptr && likelyRows > 0) return ByOne(likelyRows);
-  bool drives = false;
-  if (rows_ != nullptr) {
-    FirstLook look(source_, rows_, bounded_, direction_);
-    if (std::optional<FirstRows> few = look.ByFewKeys()) return std::move(*few);
-    drives = look.LeadsToFew();
-  }
   Begin();
   span_ = likelyRows > 0 ? likelyRows : SpanOf(source_).Width();
-  const bool found = rows_ != nullptr && !drives && Walk();
-  const double share = looked_ == 0 ? 1 : static_cast<double>(std::max<std::int64_t>(Hits(), 1)) / static_cast<double>(looked_);
-  first_.likelyRows = static_cast<std::int64_t>(std::min(share, 1.0) * static_cast<double>(span_));
+  bool found = false;
+  std::optional<FirstLook::Told> told;
+  if (rows_ != nullptr) {
+    FirstLook look(source_, rows_, bounded_, direction_);
+    if (std::optional<FirstRows> few = look.ByFewKeys(span_)) return std::move(*few);
+    told = look.WhatTheyTell();
+    found = Walk(told);
+  }
+  first_.likelyRows = static_cast<std::int64_t>(LikelyShare(found, told) * static_cast<double>(span_));
   if (!found) PutAllInOrder();
   if (first_.all) first_.likelyRows = Hits();
   return std::move(first_);

@@ -7,9 +7,10 @@
 namespace engine {
 
 /// Finds the first page of a list in a store that plans statements by what it knows of the tables (Dialect::byNoIndex). What it doesn't
-/// know well is whether rows that fit stand near the list's beginning, and it takes walks for far cheaper than they may be. So the first
-/// rows of the list are walked, where no driver leads to few rows; when the page isn't full then, one statement finds all rows that fit, by
-/// whatever way the store knows, and keeps the first ones. Each of these is one question to the store.
+/// know well is whether rows that fit stand near the list's beginning, and it takes walks for far cheaper than they may be. So the first keys
+/// of all drivers are read: they are all there are, or tell how many there may be. Then the first rows of the list are walked, unless that
+/// tells that the page ends too far on; when it isn't full then, one statement finds all rows that fit, by whatever way the store knows, and
+/// keeps the first ones. Each of these is one question to the store.
 class PlannedLook {
  public:
   /// `rows`, `bounded`: as for FirstLook; neither where no index gives the order. `all`: the plan's rows by a walk that puts them in order.
@@ -21,8 +22,10 @@ class PlannedLook {
  private:
   FirstRows ByOne(std::int64_t likelyRows);
   void Begin();
-  bool Walk();
+  bool Walk(const std::optional<FirstLook::Told>& told);
+  std::int64_t FirstStretch(const std::optional<FirstLook::Told>& told) const;
   bool WalkOn(std::int64_t rows);
+  double LikelyShare(bool found, const std::optional<FirstLook::Told>& told) const;
   void PutAllInOrder();
   std::int64_t Hits() const { return static_cast<std::int64_t>(first_.page->Rows()); }
 

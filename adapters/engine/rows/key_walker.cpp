@@ -53,6 +53,7 @@ KeyWalker::KeyWalker(Store& store, const RowShape& shape, WalkWay way)
       shape_(shape),
       order_(std::move(way.order)),
       putInOrder_(way.putInOrder),
+      inBounds_(way.inBounds),
       filter_(std::move(way.filter)),
       rowTypes_(shape.types) {
   const PlanTable& table = shape.plan.tables.front();
@@ -194,7 +195,7 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
   if (levels.size() > 1 && dialect_.rowValues) {
     SqlText own;
     Query query(store_, Joined(request, levels, own));
-    if (Within(request) > 0) query.PlanOnce();
+    if (OnePlanDoes(request)) query.PlanOnce();
     for (const Level& level : levels) BindPlace(query, request, level);
     return Take(query, request, left, sink, goOn);
   }
@@ -204,7 +205,7 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
     if (left == 0 || !goOn) break;
     SqlText own;
     Query query(store_, Statement(request, level, own));
-    if (Within(request) > 0) query.PlanOnce();
+    if (OnePlanDoes(request)) query.PlanOnce();
     BindPlace(query, request, level);
     left -= Take(query, request, left, sink, goOn);
   }
@@ -254,13 +255,22 @@ std::vector<KeyWalker::Level> KeyWalker::LevelsFor(const Request& request) const
   return levels;
 }
 
-// Rows straight along an index, however the list is asked for them: a store that plans by itself needs to do so once for them, if it sees
-// that they are few. So many rows it sees; 0 where the values matter, as those of a place do beside a filter, or the rows are many.
+// Rows straight along an index, however the list is asked for them: a store that plans by itself needs to do so once for them. Where the
+// values matter, as those of a place do beside a filter, it is left to see them.
+bool KeyWalker::IsStraight(const Request& request) const {
+  const bool conditionIsKnown = request.condition.empty() || request.conditionText.has_value();
+  if (!dialect_.PlansByItself() || putInOrder_ || !conditionIsKnown || !request.flag.empty() || request.among > 0) return false;
+  return filter_.empty() || inBounds_ || request.from == nullptr;
+}
+
+// Not how many rows a filter's bounds leave: it takes them for so few at times that it would put all of them in order for a page. A plan for
+// any number of rows goes along the index.
+bool KeyWalker::OnePlanDoes(const Request& request) const { return IsStraight(request) && (inBounds_ || Within(request) > 0); }
+
+// So many rows it sees in the statement, that they are few; 0 where it doesn't.
 std::int64_t KeyWalker::Within(const Request& request) const {
   constexpr std::int64_t kFew = 1'024;
-  const bool conditionIsKnown = request.condition.empty() || request.conditionText.has_value();
-  if (!dialect_.PlansByItself() || putInOrder_ || (!filter_.empty() && request.from != nullptr) || !conditionIsKnown || !request.flag.empty() || request.among > 0) return 0;
-  if (request.limit > kFew || request.skip > kFew - request.limit) return 0;
+  if (!IsStraight(request) || inBounds_ || request.limit > kFew || request.skip > kFew - request.limit) return 0;
   return static_cast<std::int64_t>(std::bit_ceil(static_cast<std::uint64_t>(request.limit + request.skip)));
 }
 

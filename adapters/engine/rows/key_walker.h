@@ -74,6 +74,8 @@ class KeyWalker {
   /// Reads those of the next `rows` rows of `counted` (a walk of the same table and order) that this walk's filter takes, and no more
   /// than `most` of them, by one statement: from an end, or from behind a place where CanSkip. For stores that plan by themselves.
   void ReadAmongNext(Direction direction, const OrderPlace* from, std::int64_t rows, const KeyWalker& counted, std::int64_t most, const Sink& sink);
+  /// The first rows of a walk that puts them in order; for stores that plan by themselves.
+  void ReadFirst(Direction direction, std::int64_t rows, const Sink& sink);
   /// A SELECT of the row keys, as "k", of the first rows.
   std::string FirstKeys(Direction direction, std::int64_t rows) const;
 
@@ -82,6 +84,8 @@ class KeyWalker {
   void ReadUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until, bool keysOnly, const Sink& sink);
   /// How many rows that would read.
   std::int64_t CountUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until);
+  /// How many rows stand before the place in that direction; `most` or more of them where there are more. For stores that plan by themselves.
+  std::int64_t CountBefore(Direction direction, const OrderPlace& place, std::int64_t most);
 
   /// The columns of a full row.
   std::string RowColumns() const { return shape_.columnList + ", " + keyColumns_; }
@@ -119,20 +123,26 @@ class KeyWalker {
     std::size_t equal = 0;
   };
   std::vector<Level> LevelsFor(const Request& request) const;
+  bool IsStraight(const Request& request) const;
+  bool OnePlanDoes(const Request& request) const;
   std::int64_t Within(const Request& request) const;
   std::uint64_t CodeOf(const Request& request, const Level& level) const;
   SqlText& Statement(const Request& request, const Level& level, SqlText& own);
   SqlText& Joined(const Request& request, const std::vector<Level>& levels, SqlText& own);
   std::int64_t Take(Query& query, const Request& request, std::int64_t most, const Sink& sink, bool& goOn) const;
   std::string MarkedText(const Request& request, const Level& level, const KeyWalker& counted) const;
-  std::string CutText(const Request& request, const Level& level, const KeyWalker& counted) const;
+  struct Limits {
+    std::string cut;
+    std::string taken;
+  };
+  std::string CutText(const Request& request, const Level& level, const KeyWalker& counted, const Limits& limits) const;
   enum class What { Rows, Keys, Number };
   void AskUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until, What what, const Sink& sink);
   std::string StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, What what) const;
   const SqlText& Ready(SqlText& text, std::string_view columns, bool filtered) const;
   void BindPlace(Query& query, const Request& request, const Level& level) const;
   std::string StatementText(const Request& request, const Level& level) const;
-  std::string SortedText(const Request& request, const Level& level) const;
+  std::string SortedText(const Request& request, const Level& level, const std::string& limit) const;
   std::string PlacedText(const Request& request, const Level& level) const;
   std::string AmongText(const Request& request, const Level& level) const;
   std::string ConditionOf(const Request& request, const Level& level) const;
@@ -146,6 +156,7 @@ class KeyWalker {
   std::vector<OrderColumn> order_;
   std::vector<std::string> comparable_;  ///< what each of them is compared and ordered by
   bool putInOrder_ = false;
+  bool inBounds_ = false;
   std::string filter_;
   std::vector<platform::FieldType> orderTypes_;
   std::vector<platform::FieldType> rowTypes_;  ///< of the columns and the order columns

@@ -51,7 +51,7 @@ void KeyWalker::ReadStretch(const Stretch& stretch, const KeyWalker& counted, st
     const Level& level = stretch.levels[i];
     const bool isLast = i + 1 == stretch.levels.size();
     SqlText& text = marked_[CodeOf(request, level)];
-    if (text.text.empty()) text.text = cut ? CutText(request, level, counted) : MarkedText(request, level, counted);
+    if (text.text.empty()) text.text = cut ? CutText(request, level, counted, {dialect_.Parameter(mark), dialect_.Parameter(mark + 1)}) : MarkedText(request, level, counted);
     Query query(store_, text);
     BindPlace(query, request, level);
     if (cut) {
@@ -86,30 +86,50 @@ std::string KeyWalker::MarkedText(const Request& request, const Level& level, co
 // A store that plans the statement for all of its rows must see how few they are: it would put the whole table in order else. So the
 // stretch is cut off first, along its index, and then filtered; that only the first ones are wanted keeps it from looking at all rows of
 // the tables that the filter asks.
-std::string KeyWalker::CutText(const Request& request, const Level& level, const KeyWalker& counted) const {
+std::string KeyWalker::CutText(const Request& request, const Level& level, const KeyWalker& counted, const Limits& limits) const {
   const PlanTable& table = shape_.plan.tables.front();
   const std::string condition = counted.ConditionOf(request, level);
   const std::string order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
   return "SELECT " + shape_.columnList + ", " + keyColumns_ + " FROM (SELECT " + table.alias + ".* FROM " + counted.from_ +
-         (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + dialect_.Parameter(order_.size() + 2) + ") AS " + table.alias +
-         (filter_.empty() ? "" : " WHERE " + filter_) + order + " LIMIT " + dialect_.Parameter(order_.size() + 3);
+         (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + limits.cut + ") AS " + table.alias +
+         (filter_.empty() ? "" : " WHERE " + filter_) + order + " LIMIT " + limits.taken;
 }
 
+// Limits stand in the text: a statement without parameters is planned when it is first run and not again.
 void KeyWalker::ReadAmongNext(Direction direction, const OrderPlace* from, std::int64_t rows, const KeyWalker& counted, std::int64_t most,
                               const Sink& sink) {
   Request request;
   request.direction = direction;
   request.from = from;
   const Level level = LevelsFor(request).front();
-  SqlText& text = marked_[CodeOf(request, level)];
-  if (text.text.empty()) text.text = CutText(request, level, counted);
-  Query query(store_, text);
+  Query query(store_, std::string_view(CutText(request, level, counted, {std::to_string(rows), std::to_string(most)})));
   BindPlace(query, request, level);
-  const int limit = static_cast<int>(order_.size()) + 2;
-  query.Bind(limit, rows);
-  query.Bind(limit + 1, most);
   for (std::int64_t left = most; left > 0 && query.Step(); --left)
     if (!sink(query)) return;
+}
+
+void KeyWalker::ReadFirst(Direction direction, std::int64_t rows, const Sink& sink) {
+  Request request;
+  request.direction = direction;
+  Query query(store_, std::string_view(SortedText(request, {}, " LIMIT " + std::to_string(rows))));
+  while (query.Step())
+    if (!sink(query)) return;
+}
+
+// The way back from the place, which ends soon: one plan does, if it goes along the index.
+std::int64_t KeyWalker::CountBefore(Direction direction, const OrderPlace& place, std::int64_t most) {
+  Request request;
+  request.direction = Opposite(direction);
+  request.from = &place;
+  const std::vector<Level> levels = LevelsFor(request);
+  std::string sum;
+  for (const Level& level : levels)
+    sum += (sum.empty() ? "SELECT " : " + ") + ("(SELECT count(*) FROM (SELECT 1 FROM " + from_ + " WHERE " + ConditionOf(request, level)) + " ORDER BY " +
+           OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal) + " LIMIT " + std::to_string(most) + ") AS passed)";
+  Query query(store_, std::string_view(sum));
+  query.PlanOnce();
+  for (const Level& level : levels) BindPlace(query, request, level);
+  return query.Step() ? query.Int(0) : 0;
 }
 
 std::string KeyWalker::FirstKeys(Direction direction, std::int64_t rows) const {

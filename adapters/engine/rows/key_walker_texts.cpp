@@ -9,7 +9,8 @@ using platform::FieldType;
 
 std::string KeyWalker::StatementText(const Request& request, const Level& level) const {
   if (request.among > 0) return AmongText(request, level);
-  if (putInOrder_ && !request.keysOnly) return SortedText(request, level);
+  const std::string limit = " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " + dialect_.Parameter(order_.size() + 3);
+  if (putInOrder_ && !request.keysOnly) return SortedText(request, level, limit);
   if (request.skip > 0 && !request.keysOnly && level.step == Step::BehindPlace && Within(request) > 0) return PlacedText(request, level);
   std::string text = "SELECT ";
   if (!request.keysOnly) text += shape_.columnList + ", ";
@@ -22,7 +23,7 @@ std::string KeyWalker::StatementText(const Request& request, const Level& level)
   const std::size_t ordered = level.step == Step::NullBlock ? level.equal + 1 : level.equal;
   text += " ORDER BY " + OrderText(request.direction, ordered);
   if (const std::int64_t rows = Within(request); rows > 0) text = "SELECT * FROM (" + text + " LIMIT " + std::to_string(rows) + ") AS walked";
-  return text + " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " + dialect_.Parameter(order_.size() + 3);
+  return text + limit;
 }
 
 // What is left out is walked by its keys alone, which the index has: the rows themselves are read from there on.
@@ -38,13 +39,12 @@ std::string KeyWalker::PlacedText(const Request& request, const Level& level) co
 }
 
 // Only the keys are put in order: a store that sorts whole rows forms each of them first.
-std::string KeyWalker::SortedText(const Request& request, const Level& level) const {
+std::string KeyWalker::SortedText(const Request& request, const Level& level, const std::string& limit) const {
   const PlanTable& table = shape_.plan.tables.front();
   const std::string condition = ConditionOf(request, level);
   const std::string order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
   return "SELECT " + shape_.columnList + ", " + keyColumns_ + (request.flag.empty() ? "" : ", (" + std::string(request.flag) + ')') +
-         " FROM (SELECT " + rowKey_ + " AS k FROM " + from_ + (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " +
-         dialect_.Parameter(order_.size() + 2) + " OFFSET " + dialect_.Parameter(order_.size() + 3) + ") AS sorted JOIN " +
+         " FROM (SELECT " + rowKey_ + " AS k FROM " + from_ + (condition.empty() ? "" : " WHERE " + condition) + order + limit + ") AS sorted JOIN " +
          table.table->storeName + " AS " + table.alias + " ON " + rowKey_ + " = sorted.k" + order;
 }
 
@@ -78,7 +78,7 @@ std::string KeyWalker::ConditionOf(const Request& request, const Level& level) c
   if (level.step == Step::NullBlock) add(comparable_[level.equal] + " IS NULL");
   if (request.bounds != nullptr) {
     // A row's bound where the walk begins keeps it on its index: two bounds of the key alone promise so few rows that they might be sorted.
-    const bool asRow = order_.size() == 1 && Within(request) > 0;
+    const bool asRow = order_.size() == 1 && IsStraight(request);
     const std::string beforeAllRows = std::to_string(-INT64_MAX);
     const auto bound = [&](bool isStart, const char* compare, std::size_t parameter) {
       add(asRow && isStart ? '(' + comparable_[0] + ", " + rowKey_ + ')' + compare + '(' + dialect_.Parameter(parameter) + ", " + beforeAllRows + ')'

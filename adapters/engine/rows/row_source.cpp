@@ -85,7 +85,7 @@ const std::shared_ptr<KeyWalker>& RowShape::Walker(Store& store, const std::vect
 }
 
 const std::shared_ptr<KeyWalker>& RowShape::Walker(Store& store, const WalkWay& way) const {
-  std::string name = way.index + (way.asItLies ? "!" : "") + (way.putInOrder ? "*" : "");
+  std::string name = way.index + (way.asItLies ? "!" : "") + (way.putInOrder ? "*" : "") + (way.inBounds ? "=" : "");
   for (const OrderColumn& column : way.order) name += '\n' + column.sql;
   auto& walker = walkers_[name + '\t' + way.filter];
   if (!walker) walker = std::make_shared<KeyWalker>(store, *this, way);

@@ -35,6 +35,7 @@ struct WalkWay {
   bool asItLies = false;  ///< in row key order, by no index
   std::string filter{};   ///< only the rows for which this holds, "" for all
   bool putInOrder = false;  ///< no index is to give the order, in a store that would look for one: all rows that fit are found and put in order
+  bool inBounds = false;    ///< the filter holds nothing but the columns of the index: it says where the walk begins and ends
 };
 
 /// What every opening of one statement shares: its plan, its columns by name, the parts of its statements.

@@ -19,7 +19,9 @@ KeySpan SpanOf(Store& store, const std::string& key, const std::string& table) {
 
 namespace {
 
-constexpr std::size_t kMostKeysAtOnce = 64;
+constexpr std::size_t kFewKeys = 8;
+constexpr std::size_t kManyKeys = 64;
+constexpr std::size_t kMostKeys = 256;  // where asking costs most
 constexpr std::int64_t kFirstWidth = 4096;
 constexpr std::int64_t kLeastWidth = 256;
 constexpr std::chrono::milliseconds kPiece{4};
@@ -27,6 +29,11 @@ constexpr std::chrono::milliseconds kPiece{4};
 std::string RowKeyOf(const RowSource& source) {
   const PlanTable& table = source.Plan().tables.front();
   return table.alias + '.' + table.table->rowKey;
+}
+
+std::size_t KeysAtOnce(const RowSource& source, std::size_t keys) {
+  if (keys <= kFewKeys) return keys <= 1 ? 1 : kFewKeys;
+  return keys <= kManyKeys || source.OwnDialect().rowsAtOnce <= 1 ? kManyKeys : kMostKeys;
 }
 
 std::string Beside(const std::string& condition) { return condition.empty() ? "" : "(" + condition + ") AND "; }
@@ -43,12 +50,7 @@ PiecewiseScan::PiecewiseScan(RowSource& source, const std::string& columns, cons
 
 PiecewiseScan::PiecewiseScan(RowSource& source, const std::string& columns, const std::string& condition,
                              const std::vector<std::int64_t>& keys)
-    : source_(source),
-      keysAtOnce_(keys.size() <= 1   ? 1
-                  : keys.size() <= 8 ? 8
-                                     : kMostKeysAtOnce),
-      keys_(keys),
-      byKeys_(true) {
+    : source_(source), keysAtOnce_(KeysAtOnce(source, keys.size())), keys_(keys), byKeys_(true), anyRow_(condition.empty()) {
   text_.text = "SELECT " + columns + " FROM " + source.Plan().from + source.OwnDialect().withoutIndex + " WHERE " + Beside(condition) +
                RowKeyOf(source) + " IN (";
   for (std::size_t i = 1; i <= keysAtOnce_; ++i) text_.text += (i == 1 ? "" : ", ") + source.OwnDialect().Parameter(i);
@@ -86,6 +88,7 @@ bool PiecewiseScan::NextKeys(const Take& take) {
   const auto start = std::chrono::steady_clock::now();
   while (!keys_.AtEnd() && std::chrono::steady_clock::now() - start < kPiece) {
     Query query(source_.Store(), text_);
+    if (anyRow_) query.PlanOnce();
     for (std::size_t i = 0; i < keysAtOnce_; ++i)
       keys_.AtEnd() ? query.BindNull(static_cast<int>(i) + 1) : query.Bind(static_cast<int>(i) + 1, keys_.Take());
     while (query.Step()) take(query);

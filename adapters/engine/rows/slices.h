@@ -44,6 +44,7 @@ class PiecewiseScan {
   std::size_t keysAtOnce_ = 0;
   AscendingKeys keys_;
   bool byKeys_ = false;
+  bool anyRow_ = false;  ///< no condition beside the keys
   bool begun_ = false;
   std::int64_t from_ = 0;
   std::int64_t last_ = 0;

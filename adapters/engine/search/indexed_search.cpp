@@ -76,12 +76,22 @@ bool IndexedSearch::ByRowKey(const Place* after, Place& found) {
 }
 
 bool IndexedSearch::ByOrderColumn(const Place* after, Place& found) {
-  KeyBounds bounds;
-  if (plan_.shape.kind == SearchShape::Kind::Prefix) {
-    PrimaryRange range = PrefixRange(plan_.shape.value.As<std::string>());
-    bounds = {std::move(range.lower), std::move(range.upper)};
+  if (plan_.shape.kind != SearchShape::Kind::Prefix) return WithPinned(Probe(after, {}), after, found);
+  const std::optional<KeyBounds> bounds = PrefixBounds();
+  return WithPinned(bounds ? Probe(after, *bounds) : std::nullopt, after, found);
+}
+
+// Where texts stand that begin as they are looked for and as the list's own filter has them; nothing when there are none.
+std::optional<KeyBounds> IndexedSearch::PrefixBounds() const {
+  PrimaryRange range = PrefixRange(plan_.shape.value.As<std::string>());
+  for (const PlanBound& bound : source_.Plan().bounds) {
+    if (bound.field != plan_.shape.field || !bound.start) continue;
+    PrimaryRange own = PrefixRange(*bound.start);
+    if (CompareText(own.lower, range.lower) > 0) range.lower = std::move(own.lower);
+    if (CompareText(own.upper, range.upper) < 0) range.upper = std::move(own.upper);
   }
-  return WithPinned(Probe(after, std::move(bounds)), after, found);
+  if (CompareText(range.lower, range.upper) >= 0) return {};
+  return KeyBounds{std::move(range.lower), std::move(range.upper)};
 }
 
 // A criterion on an index other than the list's: few hits are simply sorted; many are common enough for a walk.

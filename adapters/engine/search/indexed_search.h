@@ -36,6 +36,7 @@ class IndexedSearch {
   std::int64_t WantedBehind(const Place* after);
   bool KnowsNext(const Place* after) const;
   Place PlaceIn(const std::shared_ptr<const RowPage>& page, std::size_t row) const;
+  std::optional<KeyBounds> PrefixBounds() const;
   bool BoundsFor(const Place* after, KeyBounds& bounds, bool& fromEnd) const;
   std::optional<bool> WalkAhead(const Place* after, Place& found);
   std::optional<bool> WalkAmong(std::int64_t rows, const Place* after, Place& found);

@@ -72,9 +72,12 @@ std::optional<FieldBound> FieldBoundOf(const sql::Expression& condition, Scope& 
     return OnField(*between->value, scope);
   }
   const auto* like = std::get_if<sql::Like>(&condition.node);
-  if (like == nullptr || !FixedStartOf(*like)) return std::nullopt;
-  const std::optional<FieldBound> bound = OnField(*like->value, scope);
-  return bound && bound->isText ? bound : std::nullopt;
+  if (like == nullptr) return std::nullopt;
+  std::optional<std::string> start = FixedStartOf(*like);
+  std::optional<FieldBound> bound = OnField(*like->value, scope);
+  if (!start || !bound || !bound->isText) return std::nullopt;
+  bound->start = std::move(start);
+  return bound;
 }
 
 }  // namespace engine

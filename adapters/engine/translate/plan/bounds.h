@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "engine/sql/ast/expression.h"
 #include "engine/translate/names/scope.h"
@@ -13,6 +14,7 @@ struct FieldBound {
   int field = -1;
   bool equals = false;  ///< to one value
   bool isText = false;
+  std::optional<std::string> start{};  ///< of a Like: what its texts begin with, without blanks at its end
 };
 
 /// Nothing for any other condition.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -63,6 +64,7 @@ struct PlanBound {
   int field = -1;
   bool equals = false;  ///< to one value
   std::string sql;
+  std::optional<std::string> start{};  ///< of a Like: what its texts begin with, without blanks at its end
 };
 
 /// A SELECT ready for a cursor. Row identity is the tuple of the row keys of `tables`.

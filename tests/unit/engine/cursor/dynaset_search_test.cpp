@@ -168,4 +168,39 @@ TEST_P(Searches, FindSeesChangedRows) {
 INSTANTIATE_TEST_SUITE_P(Strategies, Searches, testing::Values(20'000, 0),
                          [](const auto& rows) { return rows.param == 0 ? "Paged" : "Held"; });
 
+// The filter and the search hold the same column: what is found is in both.
+TEST_P(Searches, FindWithinWhatTheFilterTakesOfTheSameColumn) {
+  AddPeople({"Smith", "Jones", "Smart", "Smit", "Zoe", "SMITH", "Adam"});
+  for (const bool down : {false, true}) {
+    auto rows = Dynaset(std::string("SELECT * FROM People WHERE Name Like 'Smi*' ORDER BY Name") + (down ? " DESC" : ""));
+    const auto allThat = [&](const std::string& criterion) {
+      std::vector<int> found;
+      for (rows->FindFirst(criterion); !rows->NoMatch(); rows->FindNext(criterion)) found.push_back(rows->Field("ID").As<std::int32_t>());
+      if (down) std::ranges::reverse(found);
+      return found;
+    };
+    EXPECT_THAT(allThat("[Name] Like 'S*'"), ElementsAre(4, 1, 6));
+    EXPECT_THAT(allThat("[Name] Like 'smith*'"), ElementsAre(1, 6));
+    EXPECT_THAT(allThat("[Name] Like 'Sma*'"), IsEmpty());
+    EXPECT_THAT(allThat("[Name] Like 'A*'"), IsEmpty());
+    EXPECT_THAT(allThat("[Name] Like 'Z*'"), IsEmpty());
+    EXPECT_THAT(allThat("[Name] = 'Jones'"), IsEmpty());
+  }
+}
+
+// A row of the list that was changed here stays in it, and is found by what it is now.
+TEST_P(Searches, FindAnOwnRowThatTheFilterWouldNotTakeAnyMore) {
+  AddPeople({"Smith", "Smit", "Zoe"});
+  auto rows = Dynaset("SELECT * FROM People WHERE Name Like 'Smi*' ORDER BY Name");
+  rows->FindFirst("[ID] = 2");
+  rows->Edit();
+  rows->SetField("Name", Value("Adam"));
+  rows->Update();
+  rows->FindFirst("[Name] Like 'A*'");
+  EXPECT_FALSE(rows->NoMatch());
+  EXPECT_EQ(rows->Field("ID"), 2);
+  rows->FindFirst("[Name] Like 'Z*'");
+  EXPECT_TRUE(rows->NoMatch());
+}
+
 }  // namespace

@@ -179,6 +179,7 @@ Definitions ReadDefinitions(Channel& channel, std::string_view schema) {
 
 std::int64_t AskSchemaVersion(Channel& channel, std::string_view schema) {
   Query query(channel, kVersion);
+  query.PlanOnce();
   query.Bind(1, schema);
   return query.Step() ? query.Int(0) : 0;
 }

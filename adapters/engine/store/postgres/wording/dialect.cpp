@@ -101,7 +101,7 @@ const Dialect& ServerDialect() {
       .least = "least_of",
       .greatest = "greatest_of",
       .rowValues = true,
-      .rowsAtOnce = 64,
+      .rowsAtOnce = 52,
       .nullsAscending = " NULLS FIRST",
       .nullsDescending = " NULLS LAST",
       .insertLenient = "",

@@ -9,19 +9,21 @@
 
 namespace engine {
 
-/// Rows asked for together by their keys, a batch a statement. A batch has one of two sizes, so that two texts are prepared and not one for
-/// each number; its last key fills the rest.
+/// Rows asked for together by their keys, a batch a statement. A batch has one of a few sizes, so that as many texts are prepared and not one
+/// for each number; its last key fills the rest.
 struct KeyBatch {
   std::size_t first = 0;
   std::size_t rows = 0;
   std::size_t parameters = 0;
 
+  static constexpr std::size_t kFew = 8;
+  static constexpr std::size_t kPage = 64;
+  static constexpr std::size_t kMany = 512;  ///< of rows that are only looked at
+
   /// The one that begins with the row of that number, of `total`.
-  static KeyBatch From(std::size_t first, std::size_t total) {
-    constexpr std::size_t kFew = 8;
-    constexpr std::size_t kMost = 64;
-    const std::size_t rows = std::min(kMost, total - first);
-    return {first, rows, rows <= kFew ? kFew : kMost};
+  static KeyBatch From(std::size_t first, std::size_t total, std::size_t most = kPage) {
+    const std::size_t rows = std::min(most, total - first);
+    return {first, rows, rows <= kFew ? kFew : rows <= kPage ? kPage : kMany};
   }
   std::size_t End() const noexcept { return first + rows; }
 

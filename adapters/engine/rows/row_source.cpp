@@ -225,17 +225,17 @@ std::vector<std::int64_t> RowSource::TestTogether(std::span<const std::int64_t> 
   const std::size_t width = KeyCount();
   const auto driving = static_cast<std::size_t>(Plan().driving);
   const std::size_t rows = keys.size() / width;
+  std::unordered_map<std::int64_t, const std::int64_t*> wanted;
+  for (std::size_t row = 0; row < rows; ++row) wanted.emplace(keys[row * width + driving], &keys[row * width]);
   std::vector<std::int64_t> fit;
   for (KeyBatch batch; batch.End() < rows;) {
-    batch = KeyBatch::From(batch.End(), rows);
+    batch = KeyBatch::From(batch.End(), rows, KeyBatch::kMany);
     Query query(Store(), "SELECT (" + std::string(criterion) + "), " + KeyList() + " FROM " + shape_->FromByKeys(OwnDialect(), batch.parameters));
     batch.Bind(query, [&](std::size_t row) { return keys[row * width + driving]; });
     while (query.Step()) {
       const std::int64_t key = query.Int(1 + static_cast<int>(driving));
-      const std::int64_t* wanted = nullptr;
-      for (std::size_t i = batch.first; i < batch.End() && wanted == nullptr; ++i)
-        if (keys[i * width + driving] == key) wanted = &keys[i * width];
-      if (wanted != nullptr && AllThere(query, 1, wanted) && !query.IsNull(0) && query.Int(0) != 0) fit.push_back(key);
+      const auto row = wanted.find(key);
+      if (row != wanted.end() && AllThere(query, 1, row->second) && !query.IsNull(0) && query.Int(0) != 0) fit.push_back(key);
     }
   }
   return fit;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/rows/key_batch.h"
 #include "engine/rows/slices.h"
 #include "engine/text/text_order.h"
 #include "engine/translate/plan/planning.h"
@@ -211,10 +212,9 @@ std::optional<bool> KeysetSearch::WalkAhead(std::int64_t from, std::int64_t& hit
 }
 
 std::optional<bool> KeysetSearch::WalkTogether(std::int64_t from, std::int64_t end, std::int64_t& hit) {
-  constexpr std::int64_t kAtOnce = 64;
   const auto driving = static_cast<std::size_t>(source_.Plan().driving);
-  for (std::int64_t first = from; first < end; first += kAtOnce) {
-    const std::int64_t behind = std::min(end, first + kAtOnce);
+  std::int64_t behind = std::min<std::int64_t>(end, from + KeyBatch::kPage);
+  for (std::int64_t first = from; first < end; first = behind, behind = std::min<std::int64_t>(end, first + KeyBatch::kMany)) {
     std::vector<std::int64_t> keys;
     for (std::int64_t i = first; i < behind && list_.Reach(i); ++i)
       if (list_.IsAlive(i)) keys.insert(keys.end(), list_.KeysOf(i), list_.KeysOf(i) + source_.KeyCount());

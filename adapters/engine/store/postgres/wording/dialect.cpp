@@ -43,8 +43,12 @@ bool HasFixedBeginning(std::string_view regex) {
   return regex.starts_with('$') || (regex.starts_with("'^") && !regex.starts_with("'^.") && regex.ends_with(".*$'"));
 }
 
+// What stands anywhere is no empty text, which most remarks are: that is seen sooner than by a regular expression.
 std::string LikeTest(const std::string& value, const std::string& regex) {
-  if (regex.starts_with('\'') && StandsAnywhere(std::string_view(regex).substr(1))) return value + " ~ " + regex;
+  if (regex.starts_with('\'') && StandsAnywhere(std::string_view(regex).substr(1))) {
+    const bool isField = value.find('(') == std::string::npos;
+    return isField ? '(' + value + " <> '' AND " + value + " ~ " + regex + ')' : value + " ~ " + regex;
+  }
   const std::string test = LikeSubject(value) + " ~ " + regex;
   return HasFixedBeginning(regex) ? "CASE " + test + " WHEN true THEN true WHEN false THEN false END" : test;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "engine/errors.h"
 
@@ -240,7 +241,31 @@ void IndexedList::TakeSingle(std::shared_ptr<const RowPage> page, Place& place) 
   place.ordinal = -1;
 }
 
+// Who opens a list to go to one of its rows shows it and those behind it: where asking costs most, they come together.
+bool IndexedList::PageFrom(std::int64_t rowKey, Place& place) {
+  if (std::exchange(sought_, true) || !shape_.keepsPlaces || !pinned_.empty() || shape_.order.size() > 1) return false;
+  const std::int64_t rows = Source().OwnDialect().rowsAtOnce;
+  if (rows <= 1) return false;
+  DropStalePages();
+  auto page = NewPage();
+  page->cells.Reserve(static_cast<std::size_t>(rows) * page->columns);
+  const std::int64_t read = walker_->ReadFrom(rowKey, forward_, rows, [&](const Query& row) {
+    walker_->AppendRow(row, *page);
+    return *page->KeysOf(0) == rowKey;
+  });
+  if (page->Rows() == 0 || *page->KeysOf(0) != rowKey) return false;
+  Segment segment;
+  segment.page = std::move(page);
+  segment.reachesEnd = read < rows && forward_ == Direction::Up;
+  segments_.push_front(std::move(segment));
+  if (segments_.size() > kKeptSegments) segments_.pop_back();
+  SetPlace(place, segments_.front(), 0);
+  place.ordinal = -1;
+  return true;
+}
+
 bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
+  if (PageFrom(rowKey, place)) return true;
   if (!ReadOne([&](const KeyWalker::Sink& sink) { walker_->ReadRow(rowKey, sink); }, place)) return false;
   PutWherePinned(place);
   return true;

@@ -91,6 +91,7 @@ class IndexedList final : public RowList, public IndexedRows {
 
   using RowRead = std::function<void(const KeyWalker::Sink& sink)>;
   bool ReadOne(const RowRead& read, Place& place);
+  bool PageFrom(std::int64_t rowKey, Place& place);
   void TakeSingle(std::shared_ptr<const RowPage> page, Place& place);
   void PutWherePinned(Place& place) const;
   bool Step(Place& place, bool forward);
@@ -119,6 +120,7 @@ class IndexedList final : public RowList, public IndexedRows {
   std::uint64_t segmentsVersion_ = 0;
   std::unordered_map<std::int64_t, Pinned> pinned_;
   std::shared_ptr<const RowPage> given_;  ///< the row that a change has given back, until it is taken
+  bool sought_ = false;  ///< a row by its key
   Place foundLast_;  ///< or changed, then with its row
   std::uint64_t foundVersion_ = 0;
   std::int64_t lastAdded_ = 0;

@@ -91,7 +91,10 @@ class KeyWalker {
   std::string RowColumns() const { return shape_.columnList + ", " + keyColumns_; }
   /// The row with that key, as a full row, whatever the list's filter says; false when it is gone.
   bool ReadRow(std::int64_t rowKey, const Sink& sink);
-  /// The same for several rows, in any order.
+  /// The row with that key, if it is in the list, and those behind it: up to `rows` of them. Finds nothing where its order column is Null, nor
+  /// others where theirs is. For walks of at most one order column, in stores that compare rows as wholes; their number.
+  std::int64_t ReadFrom(std::int64_t rowKey, Direction direction, std::int64_t rows, const Sink& sink);
+  /// The same as ReadRow for several rows, in any order.
   void ReadRows(std::span<const std::int64_t> rowKeys, const Sink& sink);
   /// Where the table has the row with that key now; nothing when it is gone.
   std::optional<OrderPlace> PlaceOfRow(std::int64_t rowKey);

@@ -132,6 +132,25 @@ std::int64_t KeyWalker::CountBefore(Direction direction, const OrderPlace& place
   return query.Step() ? query.Int(0) : 0;
 }
 
+std::int64_t KeyWalker::ReadFrom(std::int64_t rowKey, Direction direction, std::int64_t rows, const Sink& sink) {
+  assert(order_.size() <= 1);
+  const PlanTable& table = shape_.plan.tables.front();
+  const std::string within = direction == Direction::Up ? " >= " : " <= ";
+  const auto key = [&](const std::string& place, const std::string& own) { return order_.empty() ? own : '(' + place + ", " + own + ')'; };
+  const std::string place = order_.empty() ? "" : comparable_[0];
+  Query query(store_, std::string_view("SELECT walked.* FROM (SELECT " + (order_.empty() ? "" : place + " AS place, ") + rowKey_ + " AS key FROM " +
+                                       table.table->storeName + " AS " + table.alias + " WHERE " + rowKey_ + " = " + dialect_.Parameter(1) +
+                                       ") AS begin CROSS JOIN LATERAL (SELECT " + RowColumns() + " FROM " + from_ + " WHERE " +
+                                       key(place, rowKey_) + within + key("begin.place", "begin.key") + (filter_.empty() ? "" : " AND (" + filter_ + ')') +
+                                       " ORDER BY " + OrderText(direction, 0) + " LIMIT " + std::to_string(rows) + ") AS walked"));
+  if (filter_.empty() || inBounds_) query.PlanOnce();
+  query.Bind(1, rowKey);
+  std::int64_t read = 0;
+  for (; query.Step(); ++read)
+    if (!sink(query)) break;
+  return read;
+}
+
 std::string KeyWalker::FirstKeys(Direction direction, std::int64_t rows) const {
   return "SELECT " + rowKey_ + " AS k FROM " + from_ + (filter_.empty() ? "" : " WHERE " + filter_) + " ORDER BY " +
          OrderText(direction, 0) + " LIMIT " + std::to_string(rows);

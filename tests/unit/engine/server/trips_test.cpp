@@ -236,6 +236,45 @@ TEST_F(Trips, AQueryAsksOnceForEachTry) {
   EXPECT_EQ(tripsOf(" INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum", "Phones.RecordID = 7", 1), 2);
 }
 
+// Who opens a list for one of its rows shows it with those behind it.
+TEST_F(Trips, TheFirstRowThatIsSoughtComesWithItsPage) {
+  OpenDatabase();
+  for (const std::string order : {"LastName", "LastName DESC", "AcctNum", "AcctNum DESC"}) {
+    const auto accounts = [](const std::vector<platform::ListRow>& rows) {
+      std::vector<std::int32_t> numbers;
+      for (const platform::ListRow& row : rows) numbers.push_back(row.cells[0].As<std::int32_t>());
+      return numbers;
+    };
+    list = database->OpenRecordset("SELECT * FROM Customers ORDER BY " + order, RecordsetType::Dynaset);
+    EXPECT_EQ(TripsOf([&] { list->FindFirst("AcctNum = 2550"); }), 1) << order;
+    EXPECT_EQ(list->Field("City"), Value("City2550"));
+    std::vector<platform::ListRow> page;
+    EXPECT_EQ(TripsOf([&] { page = Page(); }), 0) << order;
+    EXPECT_EQ(page.size(), 49);
+    EXPECT_EQ(TripsOf([&] { list->FindFirst("AcctNum = 2550"); }), 1) << order;
+    database->Execute("UPDATE Customers SET Balance = 1 WHERE AcctNum = 1", platform::dbFailOnError);
+    EXPECT_EQ(accounts(Page()), accounts(page)) << order;
+    EXPECT_EQ(TripsOf([&] { list->FindFirst("AcctNum = 4750"); }), 1) << order;
+    EXPECT_EQ(TripsOf([&] { Page(); }), 1) << order;
+  }
+}
+
+TEST_F(Trips, ARowThatIsSoughtIsFoundWithoutANameAndNotBesideTheFilter) {
+  Other("UPDATE orv1_customer.\"Customers\" SET \"LastName\" = NULL WHERE \"AcctNum\" = 7");
+  OpenDatabase();
+  OpenList();
+  list->FindFirst("AcctNum = 7");
+  EXPECT_FALSE(list->NoMatch());
+  EXPECT_TRUE(list->Field("LastName").IsNull());
+  EXPECT_EQ(Page().front().cells[0], Value(std::int32_t{100}));
+  list = database->OpenRecordset("SELECT * FROM Customers WHERE LastName Like 'Name05*' ORDER BY LastName", RecordsetType::Dynaset);
+  list->FindFirst("AcctNum = 60");
+  EXPECT_TRUE(list->NoMatch());
+  list->FindFirst("AcctNum = 52");
+  EXPECT_FALSE(list->NoMatch());
+  EXPECT_EQ(Page().front().cells[0], Value(std::int32_t{152}));
+}
+
 TEST_F(Trips, AFarPlaceIsOneBehindIdleWork) {
   OpenDatabase();
   OpenList();

@@ -1,4 +1,5 @@
 // Saves whose answer was cut: what the connection does then.
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -29,11 +30,13 @@ void ServerConnection::Commit() {
 void ServerConnection::Learn(Run& run) {
   const std::optional<std::string> number = Stored(run.schema, run.save);
   if (!number) return;
-  std::int64_t count = 1;  // rows that are gone can't be counted
-  if (const std::string ask = RowsWrittenBy(run.sql, *number); !ask.empty()) {
+  // Rows that are gone, or that others have changed since, can't be counted; there was one at least.
+  const bool wrote = *number != SaveMarks::kWroteNothing;
+  std::int64_t count = wrote ? 1 : 0;
+  if (const std::string ask = RowsWrittenBy(run.sql, *number); wrote && !ask.empty()) {
     const auto told = RowsOf(ask, run.schema);
     if (told == nullptr) return;
-    count = told->came;
+    count = std::max<std::int64_t>(count, told->came);
     if (GivesRowsBack(run.sql)) run.rows = std::move(told->rows);
     for (; run.came > 0 && !run.rows.empty(); --run.came) run.rows.pop_front();
   }

@@ -169,6 +169,24 @@ TEST_F(OverALine, ASaveWhoseServerIsStoppedAtOnceBehindItSucceeds) {
   EXPECT_EQ(Names(), "second\n");
 }
 
+// It was stored, and is no row that was gone: that nothing can be told of it any more is the other one's doing.
+TEST_F(OverALine, ASaveWhoseRowAnotherChangesAtOnceSucceeds) {
+  for (const std::string then : {"UPDATE orv1_people.\"People\" SET \"Name\" = 'theirs' WHERE \"ID\" = 1", "DELETE FROM orv1_people.\"People\""}) {
+    bool done = false;
+    store.OnWait([&] {
+      if (!done && Names() == "second\n") {
+        done = true;
+        Other(then);
+      }
+    });
+    line.Next(Fault::AnswerLost);
+    EXPECT_EQ(Change(Rename("second")), 1) << then;
+    EXPECT_TRUE(done);
+    EXPECT_NE(Names(), "second\n");
+    line.Next(Fault::None);
+  }
+}
+
 // Every save is known: what was told as stored is there, what was told as failed isn't.
 TEST_F(OverALine, NoneOfAStreamOfSavesIsToldWrongly) {
   std::string stored;

@@ -52,7 +52,7 @@ std::string SaveMarks::Next(const std::string& schema) {
     text = "WITH gone AS (DELETE FROM " + table + " WHERE desk IN (SELECT desk FROM " + table +
            " WHERE at < now() - interval '30 days' FOR UPDATE SKIP LOCKED)) ";
   return text + "INSERT INTO " + table + " (desk, save, number, at) VALUES (" + QuoteText(desk_) + ", " + std::to_string(++last_) +
-         ", pg_current_xact_id(), now()) ON CONFLICT (desk) DO UPDATE SET save = excluded.save, number = excluded.number, at = excluded.at";
+         ", coalesce(pg_current_xact_id_if_assigned(), " + QuoteText(kWroteNothing) + "), now()) ON CONFLICT (desk) DO UPDATE SET save = excluded.save, number = excluded.number, at = excluded.at";
 }
 
 std::optional<std::string> SaveMarks::Stored(Channel& channel, const std::string& schema, std::uint64_t save) const {

@@ -15,6 +15,8 @@ namespace engine::postgres {
 /// transaction's number it need not have come back before the cut.
 class SaveMarks {
  public:
+  static constexpr std::string_view kWroteNothing = "0";
+
   SaveMarks();
 
   /// The desk's name, which no other one has: of its connections and of its row.
@@ -28,7 +30,7 @@ class SaveMarks {
   std::string Next(const std::string& schema);
   std::uint64_t Last() const noexcept { return last_; }
 
-  /// The number of the save's transaction if it was stored; nothing if it wasn't, or nobody can know. Ends what is left of the desk's
+  /// The number of the save's transaction if it was stored, kWroteNothing if that changed no row; nothing if it wasn't, or nobody can know. Ends what is left of the desk's
   /// other connections first: one that nobody hears of any more may still be about to store. Raises 3043 while there is nobody to ask.
   std::optional<std::string> Stored(Channel& channel, const std::string& schema, std::uint64_t save) const;
 

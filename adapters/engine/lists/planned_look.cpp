@@ -5,6 +5,7 @@
 namespace engine {
 namespace {
 
+constexpr std::int64_t kFewest = 64;      // rows that are worth a question
 constexpr std::int64_t kPartIfKnown = 4;  // of all rows, that a walk may pass which is known to lead to the page
 
 }  // namespace
@@ -21,8 +22,8 @@ bool PlannedLook::WalkOn(std::int64_t rows) {
   KeyWalker::Request request;
   request.direction = direction_;
   request.from = reached_ ? &*reached_ : nullptr;
-  std::int64_t once = reached_ ? looked_ / (Hits() + 1) : 0;
-  if (!rows_->CanSkip(request)) {
+  std::int64_t once = looked_ / (Hits() + 1);
+  if (reached_ && !rows_->CanSkip(request)) {
     request.from = nullptr;
     once = looked_;
     first_.page->cells.Clear();
@@ -39,44 +40,50 @@ bool PlannedLook::WalkOn(std::int64_t rows) {
   return Hits() == FirstLook::kPage;
 }
 
-// About which part of the rows the list has. Where a page was found and nothing else tells, the rows are counted that stand before its end.
+// About which part of the rows the list has. Where a page was found, but not where it was expected, the rows are counted that stand before its
+// end.
 double PlannedLook::LikelyShare(bool found, const std::optional<FirstLook::Told>& told) const {
-  if (found && told) return told->share;
+  if (found && told && atOnce_) return told->share;
   if (looked_ == 0) return told ? told->share : 1;
   const std::int64_t looked = found ? std::max(bounded_->CountBefore(direction_, *reached_, looked_) + 1, FirstLook::kPage) : looked_;
   return std::min(1.0, static_cast<double>(std::max<std::int64_t>(Hits(), 1)) / static_cast<double>(looked));
 }
 
-// How many rows are walked at first; 0: none, as the page can only stand far on. A walk may take as much as a small part of the look at all
-// rows that it may save, or as following a driver, if that tells how much that is.
-std::int64_t PlannedLook::FirstStretch(const std::optional<FirstLook::Told>& told) const {
-  constexpr std::int64_t kFewest = 64;
+// How many rows are walked where nothing is known of them: as many as take a small part of the look at all rows that they may save.
+std::int64_t PlannedLook::Trial() const {
   constexpr std::int64_t kMost = 4096;
   constexpr std::int64_t kMostIfAsking = 1088;
   constexpr std::int64_t kPartOfAll = 10;
+  return std::min(source_.Plan().asksByRow ? kMostIfAsking : kMost, span_ / kPartOfAll);
+}
+
+// How many rows are walked at first; 0: none, as the page ends too far on. A driver that tells how many there may be tells where it ends, and
+// what following the driver takes.
+std::int64_t PlannedLook::FirstStretch(const std::optional<FirstLook::Told>& told) const {
   constexpr double kThinner = 2.5;
-  const std::int64_t trial = std::min(source_.Plan().asksByRow ? kMostIfAsking : kMost, span_ / kPartOfAll);
-  if (!told) return trial < kFewest ? 0 : trial;
+  if (!told) return Trial() < kFewest ? 0 : Trial();
   const double expected = static_cast<double>(FirstLook::kPage) / std::max(told->share, 1e-9);
   if (expected > told->driven || expected * kPartIfKnown > static_cast<double>(span_)) return 0;
-  return std::max({kFewest, trial, static_cast<std::int64_t>(kThinner * expected)});
+  return std::max(kFewest, static_cast<std::int64_t>(kThinner * expected));
 }
 
 // More than the first stretch where that is known to lead to the page.
 bool PlannedLook::Walk(const std::optional<FirstLook::Told>& told) {
-  constexpr std::int64_t kFewest = 64;
   // Rows that have turned up tell how far the page reaches; they may lie a little thinner there.
   constexpr std::int64_t kTelling = 5;
   std::int64_t rows = FirstStretch(told);
   if (rows == 0) return false;
-  bool atOnce = true;
-  for (; !WalkOn(rows); atOnce = false) {
-    if (Hits() < kTelling) return false;
+  for (; !WalkOn(rows); atOnce_ = false) {
+    if (Hits() < kTelling) {
+      if (looked_ >= Trial()) return false;
+      rows = Trial() - looked_;
+      continue;
+    }
     rows = kFewest + 2 * (FirstLook::kPage - Hits()) * looked_ / Hits();
     if (FirstLook::kPage * looked_ / Hits() * kPartIfKnown > span_) return false;
   }
   // Of two looks each may have found a row that another desk has moved on meanwhile.
-  return atOnce || source_.Version() == first_.version;
+  return atOnce_ || source_.Version() == first_.version;
 }
 
 void PlannedLook::PutAllInOrder() {

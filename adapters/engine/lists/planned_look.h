@@ -23,6 +23,7 @@ class PlannedLook {
   FirstRows ByOne(std::int64_t likelyRows);
   void Begin();
   bool Walk(const std::optional<FirstLook::Told>& told);
+  std::int64_t Trial() const;
   std::int64_t FirstStretch(const std::optional<FirstLook::Told>& told) const;
   bool WalkOn(std::int64_t rows);
   double LikelyShare(bool found, const std::optional<FirstLook::Told>& told) const;
@@ -37,6 +38,7 @@ class PlannedLook {
   FirstRows first_;
   std::optional<OrderPlace> reached_;  ///< where the last of the rows found stands
   std::int64_t looked_ = 0;
+  bool atOnce_ = true;  ///< by one walk, so far
   std::int64_t span_ = 0;
 };
 

@@ -1,4 +1,5 @@
 // How many round trips to the server each act of a desk takes: on a slow line they are what people wait for.
+#include <algorithm>
 #include <functional>
 
 #include "engine/catalogue/stores.h"
@@ -201,6 +202,27 @@ TEST_F(Trips, AQueryOfSeveralTablesIsTwo) {
   EXPECT_EQ(query->Field("AcctNum"), Value(std::int32_t{4711}));
   query->MoveNext();
   EXPECT_TRUE(query->Eof());
+}
+
+// The phones' first keys say that nearly all customers have one; those who have stand together, four of each name.
+TEST_F(Trips, AQueryWhoseFirstKeysPromiseTooMuchFindsItsRowsAllTheSame) {
+  Other("INSERT INTO orv1_customer.\"Customers\" (\"LastName\", \"City\", \"Balance\") SELECT 'Name' || lpad((n % 100)::text, 3, '0'), "
+        "'City' || n, n FROM generate_series(5001, 25000) AS n; "
+        "INSERT INTO orv1_customer.\"Phones\" (\"AcctNum\", \"Phone\") SELECT n, '5' FROM generate_series(1, 400) AS n; ANALYZE");
+  OpenDatabase();
+  for (const bool down : {false, true}) {
+    const auto query = database->OpenRecordset(
+        std::string("SELECT DISTINCTROW Customers.* FROM Customers INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum "
+                    "WHERE Phones.AcctNum > 0 ORDER BY LastName") + (down ? " DESC" : ""),
+        RecordsetType::Dynaset);
+    std::vector<std::int32_t> expected;
+    for (int name = 0; name < 100; ++name)
+      for (int nth = 0; nth < 4; ++nth) expected.push_back(name == 0 ? 100 * (nth + 1) : name + 100 * nth);
+    if (down) std::ranges::reverse(expected);
+    std::vector<std::int32_t> found;
+    for (const platform::ListRow& row : query->Window().RowsAt(0, 400)) found.push_back(row.cells[0].As<std::int32_t>());
+    EXPECT_EQ(found, expected);
+  }
 }
 
 // One look at all rows finds all that fit; the row itself is the other trip.

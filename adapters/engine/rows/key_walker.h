@@ -134,11 +134,6 @@ class KeyWalker {
   SqlText& Joined(const Request& request, const std::vector<Level>& levels, SqlText& own);
   std::int64_t Take(Query& query, const Request& request, std::int64_t most, const Sink& sink, bool& goOn) const;
   std::string MarkedText(const Request& request, const Level& level, const KeyWalker& counted) const;
-  struct Limits {
-    std::string cut;
-    std::string taken;
-  };
-  std::string CutText(const Request& request, const Level& level, const KeyWalker& counted, const Limits& limits) const;
   enum class What { Rows, Keys, Number };
   void AskUpTo(Direction direction, const OrderPlace* from, const OrderPlace& until, What what, const Sink& sink);
   std::string StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, What what) const;
@@ -180,7 +175,6 @@ struct KeyWalker::Stretch {
   Direction direction = Direction::Up;
   const OrderPlace* from = nullptr;
   std::vector<Level> levels;  ///< the last of them as far as `last`
-  std::vector<std::int64_t> rows;  ///< of each level
   OrderPlace last;            ///< where its last row stands
 };
 

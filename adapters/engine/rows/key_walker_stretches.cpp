@@ -10,7 +10,7 @@ std::optional<KeyWalker::Stretch> KeyWalker::Ahead(Direction direction, const Or
   request.direction = direction;
   request.from = from;
   request.keysOnly = true;
-  Stretch stretch{.direction = direction, .from = from, .levels = {}, .rows = {}, .last = {}};
+  Stretch stretch{.direction = direction, .from = from, .levels = {}, .last = {}};
   std::int64_t left = rows;
   const std::vector<Level> levels = LevelsFor(request);
   for (std::size_t i = 0; i < levels.size(); ++i) {
@@ -23,7 +23,6 @@ std::optional<KeyWalker::Stretch> KeyWalker::Ahead(Direction direction, const Or
     query.Bind(more + 1, request.skip);
     if (query.Step()) {
       stretch.levels.push_back(levels[i]);
-      stretch.rows.push_back(left);
       stretch.last = PlaceAt(query, true);
       return stretch;
     }
@@ -31,10 +30,7 @@ std::optional<KeyWalker::Stretch> KeyWalker::Ahead(Direction direction, const Or
     Query count(store_, std::string_view("SELECT count(*) FROM " + from_ + " WHERE " + ConditionOf(request, levels[i])));
     BindPlace(count, request, levels[i]);
     const std::int64_t here = count.Step() ? count.Int(0) : 0;
-    if (here > 0) {
-      stretch.levels.push_back(levels[i]);
-      stretch.rows.push_back(here);
-    }
+    if (here > 0) stretch.levels.push_back(levels[i]);
     left -= here;
   }
   return {};
@@ -45,23 +41,14 @@ void KeyWalker::ReadStretch(const Stretch& stretch, const KeyWalker& counted, st
   request.direction = stretch.direction;
   request.from = stretch.from;
   const int mark = static_cast<int>(order_.size()) + 2;
-  const bool cut = dialect_.byNoIndex != nullptr;
   std::int64_t left = most;
   for (std::size_t i = 0; i < stretch.levels.size(); ++i) {
     const Level& level = stretch.levels[i];
     const bool isLast = i + 1 == stretch.levels.size();
     SqlText& text = marked_[CodeOf(request, level)];
-    if (text.text.empty()) text.text = cut ? CutText(request, level, counted, {dialect_.Parameter(mark), dialect_.Parameter(mark + 1)}) : MarkedText(request, level, counted);
+    if (text.text.empty()) text.text = MarkedText(request, level, counted);
     Query query(store_, text);
     BindPlace(query, request, level);
-    if (cut) {
-      query.Bind(mark, stretch.rows[i]);
-      query.Bind(mark + 1, left);
-      for (; left > 0 && query.Step(); --left)
-        if (!sink(query)) return;
-      if (left == 0) return;
-      continue;
-    }
     isLast ? query.Bind(mark, stretch.last.rowKey) : query.BindNull(mark);
     while (query.Step()) {
       const bool atEnd = isLast && query.Int(RowKeyAt(false)) == stretch.last.rowKey;
@@ -85,24 +72,20 @@ std::string KeyWalker::MarkedText(const Request& request, const Level& level, co
 
 // A store that plans the statement for all of its rows must see how few they are: it would put the whole table in order else. So the
 // stretch is cut off first, along its index, and then filtered; that only the first ones are wanted keeps it from looking at all rows of
-// the tables that the filter asks.
-std::string KeyWalker::CutText(const Request& request, const Level& level, const KeyWalker& counted, const Limits& limits) const {
-  const PlanTable& table = shape_.plan.tables.front();
-  const std::string condition = counted.ConditionOf(request, level);
-  const std::string order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
-  return "SELECT " + shape_.columnList + ", " + keyColumns_ + " FROM (SELECT " + table.alias + ".* FROM " + counted.from_ +
-         (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + limits.cut + ") AS " + table.alias +
-         (filter_.empty() ? "" : " WHERE " + filter_) + order + " LIMIT " + limits.taken;
-}
-
-// Limits stand in the text: a statement without parameters is planned when it is first run and not again.
+// the tables that the filter asks. Both numbers stand in the text: a statement without parameters is planned when it is first run and not
+// again.
 void KeyWalker::ReadAmongNext(Direction direction, const OrderPlace* from, std::int64_t rows, const KeyWalker& counted, std::int64_t most,
                               const Sink& sink) {
   Request request;
   request.direction = direction;
   request.from = from;
   const Level level = LevelsFor(request).front();
-  Query query(store_, std::string_view(CutText(request, level, counted, {std::to_string(rows), std::to_string(most)})));
+  const std::string& alias = shape_.plan.tables.front().alias;
+  const std::string condition = counted.ConditionOf(request, level);
+  const std::string order = " ORDER BY " + OrderText(direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
+  Query query(store_, std::string_view("SELECT " + RowColumns() + " FROM (SELECT " + alias + ".* FROM " + counted.from_ +
+                                       (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + std::to_string(rows) + ") AS " + alias +
+                                       (filter_.empty() ? "" : " WHERE " + filter_) + order + " LIMIT " + std::to_string(most)));
   BindPlace(query, request, level);
   for (std::int64_t left = most; left > 0 && query.Step(); --left)
     if (!sink(query)) return;

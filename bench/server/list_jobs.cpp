@@ -62,6 +62,8 @@ struct Results {
       const std::string start = place.key.substr(0, kLetters);
       if (start.size() < kLetters || !std::ranges::all_of(start, [](unsigned char sign) { return std::isalpha(sign) != 0; })) continue;
       lists.push_back(company.Open("SELECT * FROM Customers WHERE (LastName Like '" + start + "*') ORDER BY LastName"));
+      // The first row that is sought brings those behind it.
+      lists.back()->FindFirst("[AcctNum]=0");
       lists.back()->FindFirst("[AcctNum]=" + std::to_string(place.account));
       places.push_back({place.key, std::to_string(place.account), start + '\x7f'});
       if (lists.size() == kLists) break;

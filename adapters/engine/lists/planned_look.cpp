@@ -53,7 +53,7 @@ double PlannedLook::LikelyShare(bool found, const std::optional<FirstLook::Told>
 std::int64_t PlannedLook::Trial() const {
   constexpr std::int64_t kMost = 4096;
   constexpr std::int64_t kMostIfAsking = 1088;
-  constexpr std::int64_t kPartOfAll = 10;
+  constexpr std::int64_t kPartOfAll = 32;
   return std::min(source_.Plan().asksByRow ? kMostIfAsking : kMost, span_ / kPartOfAll);
 }
 

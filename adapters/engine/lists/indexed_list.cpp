@@ -184,9 +184,25 @@ const IndexedList::Segment& IndexedList::ReadSegment(const Place* from, bool for
   segment.reachesStart = !forward && ended;
   if (from == nullptr) (forward ? segment.reachesStart : segment.reachesEnd) = true;
   if (oneState) oneState->Commit();
+  if (from != nullptr && segment.page->Rows() == 0) return NothingBeyond(*from, forward, skip == 0);
+  return Keep(std::move(segment));
+}
+
+const IndexedList::Segment& IndexedList::Keep(Segment segment) {
   segments_.push_front(std::move(segment));
   if (segments_.size() > kKeptSegments) segments_.pop_back();
   return segments_.front();
+}
+
+// A read that has found nothing isn't an end of the list that others could begin at: the row before it is.
+const IndexedList::Segment& IndexedList::NothingBeyond(const Place& place, bool forward, bool isLast) {
+  static const Segment nothing{std::make_shared<RowPage>(0, 1), {}, true, true};
+  std::size_t row = 0;
+  if (!isLast || SegmentOf(place, row) == nullptr) return nothing;
+  Segment& holding = segments_.front();
+  if (forward && row + 1 == holding.page->Rows()) holding.reachesEnd = true;
+  if (!forward && row == 0) holding.reachesStart = true;
+  return nothing;
 }
 
 // The rows as the table has them, without those that the list holds elsewhere; in list order.
@@ -257,9 +273,7 @@ bool IndexedList::PageFrom(std::int64_t rowKey, Place& place) {
   Segment segment;
   segment.page = std::move(page);
   segment.reachesEnd = read < rows && forward_ == Direction::Up;
-  segments_.push_front(std::move(segment));
-  if (segments_.size() > kKeptSegments) segments_.pop_back();
-  SetPlace(place, segments_.front(), 0);
+  SetPlace(place, Keep(std::move(segment)), 0);
   place.ordinal = -1;
   return true;
 }

@@ -100,6 +100,8 @@ class IndexedList final : public RowList, public IndexedRows {
   const Segment* SegmentOf(const Place& place, std::size_t& row);
   const Segment* SegmentAtEnd(bool atStart);
   const Segment& ReadSegment(const Place* from, bool forward, std::int64_t limit, std::int64_t skip = 0);
+  const Segment& Keep(Segment segment);
+  const Segment& NothingBeyond(const Place& place, bool forward, bool isLast);
   std::vector<platform::ListRow> RowsOf(const Segment& segment) const;
   void ReadTableRows(const Place* from, bool forward, std::int64_t limit, std::int64_t skip, RowPage& page, bool& ended);
   void MergePinned(const Place* from, bool forward, bool ended, Segment& segment);

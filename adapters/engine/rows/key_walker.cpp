@@ -299,6 +299,10 @@ SqlText& KeyWalker::Joined(const Request& request, const std::vector<Level>& lev
   constexpr std::uint64_t kJoined = std::uint64_t{1} << 63;
   SqlText& text = single ? own : statements_[CodeOf(request, levels.front()) | kJoined];
   if (!text.text.empty()) return text;
+  if (request.among > 0) {
+    text.text = AmongText(request, levels);
+    return text;
+  }
   for (const Level& level : levels) text.text += (text.text.empty() ? "(" : " UNION ALL (") + StatementText(request, level) + ')';
   text.text += " LIMIT " + dialect_.Parameter(order_.size() + 2);
   return text;

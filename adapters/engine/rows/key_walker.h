@@ -142,7 +142,7 @@ class KeyWalker {
   std::string StatementText(const Request& request, const Level& level) const;
   std::string SortedText(const Request& request, const Level& level, const std::string& limit) const;
   std::string PlacedText(const Request& request, const Level& level) const;
-  std::string AmongText(const Request& request, const Level& level) const;
+  std::string AmongText(const Request& request, std::span<const Level> levels) const;
   std::string ConditionOf(const Request& request, const Level& level) const;
   std::string OrderText(Direction direction, std::size_t from) const;
   std::string ComparableOf(const OrderColumn& column) const;

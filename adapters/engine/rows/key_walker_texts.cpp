@@ -8,7 +8,7 @@ namespace engine {
 using platform::FieldType;
 
 std::string KeyWalker::StatementText(const Request& request, const Level& level) const {
-  if (request.among > 0) return AmongText(request, level);
+  if (request.among > 0) return AmongText(request, {&level, 1});
   const std::string limit = " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " + dialect_.Parameter(order_.size() + 3);
   if (putInOrder_ && !request.keysOnly) return SortedText(request, level, limit);
   if (request.skip > 0 && !request.keysOnly && level.step == Step::BehindPlace && Within(request) > 0) return PlacedText(request, level);
@@ -48,15 +48,26 @@ std::string KeyWalker::SortedText(const Request& request, const Level& level, co
          table.table->storeName + " AS " + table.alias + " ON " + rowKey_ + " = sorted.k" + order;
 }
 
-// The rows are cut off along the index first, so that a store which plans for itself asks no others.
-std::string KeyWalker::AmongText(const Request& request, const Level& level) const {
+// The rows are cut off along the index first, so that a store which plans for itself asks no others. Where several parts hold them, no more
+// than so many of all parts together: a row that fits behind others which weren't looked at isn't the next one.
+std::string KeyWalker::AmongText(const Request& request, std::span<const Level> levels) const {
   const std::string& alias = shape_.plan.tables.front().alias;
+  const std::string few = " LIMIT " + std::to_string(request.among);
   Request all = request;
   all.condition = {};
-  const std::string condition = ConditionOf(all, level);
-  const std::string order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
-  return "SELECT " + (request.keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + " FROM (SELECT " + alias + ".* FROM " + from_ +
-         (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + std::to_string(request.among) + ") AS " + alias + " WHERE " +
+  std::string order;
+  std::string looked;
+  for (const Level& level : levels) {
+    const std::string condition = ConditionOf(all, level);
+    order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
+    looked += (looked.empty() ? "" : ") UNION ALL (") + ("SELECT " + alias + ".* FROM " + from_) + (condition.empty() ? "" : " WHERE " + condition) +
+              order + few;
+  }
+  if (levels.size() > 1) {
+    order = " ORDER BY " + OrderText(request.direction, 0);
+    looked = '(' + looked + ')' + few;
+  }
+  return "SELECT " + (request.keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + " FROM (" + looked + ") AS " + alias + " WHERE " +
          std::string(request.condition) + order + " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " +
          dialect_.Parameter(order_.size() + 3);
 }

@@ -11,7 +11,6 @@ using testing::IsEmpty;
 
 class Searches : public DynasetRules {};
 
-
 TEST_P(Searches, FindFirstAndNextOnTheOrderColumn) {
   AddPeople({"Smith", "Jones", "smile", "Smit", "Zoe", "SMITH"});
   auto rows = Dynaset("SELECT * FROM People ORDER BY Name");
@@ -163,6 +162,33 @@ TEST_P(Searches, FindSeesChangedRows) {
   elsewhere->OpenControlDatabase(Path("office.zdb"))->Execute("UPDATE People SET City='here' WHERE Name='b'");
   rows->FindFirst("[City]='here'");
   EXPECT_EQ(rows->Field("Name"), "b");
+}
+
+// Nothing stands before the first row, or behind the last: that is no place from which the list would begin anew.
+TEST_P(Searches, WhatIsFoundAtAnEndIsThatEnd) {
+  AddPeople({"a", "b", "c"});
+  for (const std::string statement : {"SELECT * FROM People ORDER BY Name", "SELECT * FROM People ORDER BY Name DESC", "SELECT * FROM People WHERE ID > 0 ORDER BY Name"}) {
+    SCOPED_TRACE(statement);
+    const bool down = statement.ends_with("DESC");
+    auto rows = Dynaset(statement);
+    rows->Edit();
+    rows->SetField("Age", Value(std::int16_t{7}));
+    rows->Update();  // what was read before is worth nothing now
+    rows->FindFirst(down ? "[ID]=3" : "[ID]=1");
+    rows->MovePrevious();
+    EXPECT_TRUE(rows->Bof());
+    EXPECT_FALSE(rows->Eof());
+    EXPECT_TRUE(rows->HasRows());
+    rows->MoveFirst();
+    EXPECT_EQ(rows->Field("Name"), down ? "c" : "a");
+    rows->FindFirst(down ? "[ID]=1" : "[ID]=3");
+    EXPECT_THAT(rows->Window().RowsAfter(rows->Bookmark(), 5), IsEmpty());
+    rows->MoveNext();
+    EXPECT_TRUE(rows->Eof());
+    rows->MoveLast();
+    EXPECT_EQ(rows->Field("Name"), down ? "a" : "c");
+    EXPECT_EQ(rows->RecordCount(), 3);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Strategies, Searches, testing::Values(20'000, 0),

@@ -64,6 +64,27 @@ TEST_F(LongLists, FewKeysLeadToTheirRows) {
   EXPECT_EQ(rows->RecordCount(), 10);
 }
 
+// A search looks at a few rows behind the one where it begins, and then at all. Names that are missing stand apart from the others in the
+// index: a row among the first of these isn't the next one as long as rows before it weren't looked at.
+TEST_F(LongLists, SearchesGoOnOverRowsWithoutAName) {
+  Other(R"(UPDATE orv1_customer."People" SET "Name" = NULL WHERE "ID" <= 1000;
+           UPDATE orv1_customer."People" SET "Name" = 'a' WHERE "ID" = 1500; UPDATE orv1_customer."People" SET "Name" = 'z' WHERE "ID" = 2000;
+           ANALYZE)");
+  engine::EngineOptions options;
+  options.exactRows = 0;
+  const auto made = engine::MakeEngine(options);
+  const auto people = made->WorkspaceAt(0)->OpenDatabase(Path("customer.zdb"));
+  const std::string marked = "[ID] - 10 = 0 OR [ID] - 900 = 0 OR [ID] - 1500 = 0 OR [ID] - 2000 = 0 OR [ID] - 40000 = 0";
+  const auto found = [&](const std::string& statement) {
+    const auto rows = people->OpenRecordset(statement);
+    std::string ids;
+    for (rows->FindFirst(marked); !rows->NoMatch(); rows->FindNext(marked)) ids += std::to_string(rows->Field("ID").As<std::int32_t>()) + ' ';
+    return ids;
+  };
+  EXPECT_EQ(found("SELECT * FROM People ORDER BY Name"), "10 900 1500 40000 2000 ");
+  EXPECT_EQ(found("SELECT * FROM People ORDER BY Name DESC"), "2000 40000 1500 900 10 ");
+}
+
 /// Looks at the whole table, by the rows of it and of its indexes that the server has counted once all connections of ours are gone.
 class LooksAtAll : public LongLists {
  protected:

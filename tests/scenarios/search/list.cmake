@@ -22,5 +22,6 @@ list(APPEND ORCUSSCH_SCENARIOS
   search/select-without-customers
   search/status-by-its-word
   search/three-ways-to-search
+  search/up-from-the-first-row
   search/wildcards
 )

@@ -60,7 +60,7 @@ void Clerk::SpendTheDay(frmCustMain& screen) {
     (this->*act.work)(screen);
     book_.Did(act.name, MillisecondsSince(started));
     BackToLists(screen);
-    Think();
+    Think(screen);
   }
   book_.Memory(OwnMemory());
   book_.SharedMemory(FairShareOfMemory());
@@ -80,9 +80,20 @@ void Clerk::KnowTheCustomers() {
   customers->Close();
 }
 
-void Clerk::Think() {
+// While nobody acts, windows do what they owe: they count the list, and show which of its rows this is.
+void Clerk::Think(frmCustMain& screen) {
   const double mean = std::max(1.0, static_cast<double>(habits_.think.count()));
-  std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(std::exponential_distribution(1 / mean)(chance_)));
+  const auto until = Clock::now() + std::chrono::duration<double, std::milli>(std::exponential_distribution(1 / mean)(chance_));
+  try {
+    const platform::DataControl& list = screen.data[tab::Customers];
+    platform::RowWindow* const rows = list.Window();
+    bool more = rows != nullptr;
+    while (more && Clock::now() < until) more = rows->IdleSlice();
+    if (rows != nullptr && !more && list.OnRecord() && rows->CountIsExact()) rows->OrdinalOf(list.Recordset()->Bookmark());
+  } catch (const platform::Error&) {
+    // The next idle time asks again.
+  }
+  std::this_thread::sleep_until(until);
 }
 
 void Clerk::Press(frmCustMain& screen, const char* key) {

@@ -45,7 +45,7 @@ class Clerk {
   void SpendTheDay(orcussch::frmCustMain& screen);
   void KnowTheCustomers();
   void Ask(orcussch::frmCustQueries& screen);
-  void Think();
+  void Think(orcussch::frmCustMain& screen);
 
   void Search(orcussch::frmCustMain& screen);
   void Page(orcussch::frmCustMain& screen);

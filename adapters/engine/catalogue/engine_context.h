@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "engine/engine.h"
 #include "engine/errors.h"
@@ -13,6 +14,7 @@
 namespace engine {
 
 class Stores;
+struct CollectedPlaces;
 
 /// What all objects of one engine share whose files lie in one store.
 class EngineContext {
@@ -32,10 +34,13 @@ class EngineContext {
   std::string HostPath(const std::string& path) const;
   /// A number that no other recordset of this engine has had.
   std::uint64_t NewSet();
+  /// Keeps them for lists to come, instead of those before.
+  void Keep(std::shared_ptr<const CollectedPlaces> places) noexcept { places_ = std::move(places); }
 
  private:
   Stores& stores_;
   std::unique_ptr<Store> store_;
+  std::shared_ptr<const CollectedPlaces> places_;
 };
 
 }  // namespace engine

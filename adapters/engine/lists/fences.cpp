@@ -4,60 +4,94 @@
 
 namespace engine {
 
+// What an earlier list of the statement has collected is in use until this one knows better.
+Fences::Fences(RowSource& source, KeyWalker& walker, KeyWalker* bounded, Direction forward)
+    : source_(source), walker_(walker), bounded_(bounded), forward_(forward), known_(AskingIsDear() ? source.Shape().places.lock() : nullptr) {}
+
 bool Fences::Slice(std::uint64_t version) {
-  if (Complete(version)) return false;
-  // The first collection is used as it grows; a later one replaces the old when it is whole.
-  std::vector<Fence>& places = done_ ? building_.places : fences_;
-  if (buildingVersion_ != version) {
+  if (Complete(version) || Rest()) return false;
+  const auto begin = std::chrono::steady_clock::now();
+  // Where asking costs most it isn't begun anew for each row that somebody writes meanwhile: it would never end.
+  if (building_.places.version != version && !(building_.begun && AskingIsDear())) {
     building_ = {};
-    places.clear();
-    buildingVersion_ = version;
+    building_.places.version = version;
+    building_.places.ownVersion = source_.OwnVersion();
   }
-  const bool more = bounded_ == nullptr ? ReadOn(places) : LookOn(places);
-  if (!more || (!done_ && building_.rows > 0)) rows_ = building_.rows;
-  if (!more) {
-    if (done_) fences_ = std::move(building_.places);
-    passing_ = std::move(building_.passing);
-    building_ = {};
-    done_ = true;
-    version_ = version;
-  }
-  return more;
+  building_.begun = true;
+  const bool more = bounded_ == nullptr ? ReadOn() : LookOn();
+  const auto now = std::chrono::steady_clock::now();
+  building_.places.took += now - begin;
+  if (more) return true;
+  building_.places.ended = now;
+  known_ = std::make_shared<const CollectedPlaces>(std::move(building_.places));
+  building_ = {};
+  source_.Shape().places = known_;
+  // Of a whole table, which its lists come back to: of one of its orders, as it may be long.
+  if (bounded_ == nullptr && AskingIsDear()) source_.Context().Keep(known_);
+  return false;
+}
+
+bool Fences::AskingIsDear() const { return source_.OwnDialect().rowsAtOnce > 1; }
+
+// A hundred desks would keep a server at nothing else, each for its own long list, as long as one of them writes.
+bool Fences::Rest() const {
+  constexpr auto kLong = std::chrono::milliseconds(50);
+  constexpr int kTimesAsLong = 200;
+  return known_ && !building_.begun && AskingIsDear() && known_->took >= kLong &&
+         std::chrono::steady_clock::now() - known_->ended < kTimesAsLong * known_->took;
 }
 
 // The list's rows are the index's.
-bool Fences::ReadOn(std::vector<Fence>& places) {
+bool Fences::ReadOn() {
+  if (AskingIsDear() && walker_.Order().size() <= 1) return ReadFencesAlone();
+  CollectedPlaces& places = building_.places;
   const OrderPlace from = building_.last;
   KeyWalker::Request request;
   request.direction = forward_;
-  request.from = building_.rows == 0 ? nullptr : &from;
+  request.from = places.rows == 0 ? nullptr : &from;
   request.limit = kSliceRows;
   request.keysOnly = true;
   std::int64_t number = 0;
   const std::int64_t read = walker_.Read(request, [&](const Query& row) {
-    const bool isFence = building_.rows % kSpacing == 0;
-    ++building_.rows;
+    const bool isFence = places.rows % kSpacing == 0;
+    ++places.rows;
     ++number;
     if (isFence || number == kSliceRows) building_.last = walker_.PlaceAt(row, true);
-    if (isFence) places.push_back({building_.last, building_.rows});
+    if (isFence) places.fences.push_back({building_.last, places.rows});
     return true;
   });
+  return read == kSliceRows;
+}
+
+// The same where each row would travel.
+bool Fences::ReadFencesAlone() {
+  CollectedPlaces& places = building_.places;
+  const OrderPlace from = building_.last;
+  std::int64_t read = 0;
+  walker_.ReadEvery(forward_, places.rows == 0 ? nullptr : &from, kSliceRows, kSpacing, [&](const Query& row) {
+    read = row.Int(walker_.FlagAt(true));
+    building_.last = walker_.PlaceAt(row, true);
+    if (read % kSpacing == 1) places.fences.push_back({building_.last, places.rows + read});
+    return true;
+  });
+  places.rows += read;
   return read == kSliceRows;
 }
 
 // Which rows of the table pass the filter, in the order in which they lie: so each is looked at once, and where most are near.
 bool Fences::ScanOn() {
   if (!building_.scan) {
-    building_.passing.Expect(SpanOf(source_));
+    building_.places.passing.Expect(SpanOf(source_));
     building_.scan = std::make_unique<PiecewiseScan>(source_, source_.KeyList(), source_.Plan().rowWhere);
   }
-  building_.scanned = !building_.scan->Next([this](const Query& row) { building_.passing.Add(row.Int(0)); });
+  building_.scanned = !building_.scan->Next([this](const Query& row) { building_.places.passing.Add(row.Int(0)); });
   return true;
 }
 
 // Then the keys alone in the list's order: the fences are places of the table's rows, whether or not they belong to the list.
-bool Fences::LookOn(std::vector<Fence>& places) {
+bool Fences::LookOn() {
   if (!building_.scanned) return ScanOn();
+  CollectedPlaces& places = building_.places;
   const OrderPlace from = building_.last;
   KeyWalker::Request request;
   request.direction = forward_;
@@ -66,35 +100,35 @@ bool Fences::LookOn(std::vector<Fence>& places) {
   request.keysOnly = true;
   std::int64_t number = 0;
   const std::int64_t read = bounded_->Read(request, [&](const Query& row) {
-    if (building_.passing.Has(row.Int(bounded_->RowKeyAt(true)))) ++building_.rows;
+    if (places.passing.Has(row.Int(bounded_->RowKeyAt(true)))) ++places.rows;
     const bool isFence = ++building_.looked % kSpacing == 0;
     ++number;
     if (isFence || number == kSliceRows) building_.last = bounded_->PlaceAt(row, true);
-    if (isFence) places.push_back({building_.last, building_.rows});
+    if (isFence) places.fences.push_back({building_.last, places.rows});
     return true;
   });
   return read == kSliceRows;
 }
 
-const Fences::Fence* Fences::Before(std::int64_t ordinal) const {
-  const auto beyond = std::ranges::partition_point(fences_, [&](const Fence& fence) { return fence.rows <= ordinal; });
-  const bool known = beyond != fences_.begin() && (beyond != fences_.end() || done_ || ordinal - (beyond - 1)->rows < kSpacing);
+const Fence* Fences::Before(std::int64_t ordinal) const {
+  const auto beyond = std::ranges::partition_point(InUse(), [&](const Fence& fence) { return fence.rows <= ordinal; });
+  const bool known = beyond != InUse().begin() && (beyond != InUse().end() || known_ != nullptr || ordinal - (beyond - 1)->rows < kSpacing);
   return bounded_ == nullptr && known ? &*(beyond - 1) : nullptr;
 }
 
 std::optional<OrderPlace> Fences::At(std::int64_t ordinal) {
   // A fence of the list's own rows stands on the last that it counts; one of a filtered list may stand on a row that isn't in it.
   const bool onRows = bounded_ == nullptr;
-  const auto beyond = std::ranges::partition_point(fences_, [&](const Fence& fence) { return fence.rows <= ordinal + (onRows ? 1 : 0); });
-  const Fence* fence = beyond == fences_.begin() ? nullptr : &*(beyond - 1);
+  const auto beyond = std::ranges::partition_point(InUse(), [&](const Fence& fence) { return fence.rows <= ordinal + (onRows ? 1 : 0); });
+  const Fence* fence = beyond == InUse().begin() ? nullptr : &*(beyond - 1);
   if (onRows && fence == nullptr) return {};
   const std::int64_t behind = ordinal + 1 - (fence == nullptr ? 0 : fence->rows);
-  if (beyond == fences_.end() && !done_ && (!onRows || behind >= kSpacing)) return {};
+  if (beyond == InUse().end() && known_ == nullptr && (!onRows || behind >= kSpacing)) return {};
   return behind == 0 ? fence->place : Behind(fence, behind);
 }
 
 // As long as nobody has written, it is known which rows pass the filter, and no row itself is looked at.
-bool Fences::KnowsPassing() const { return bounded_ != nullptr && done_ && version_ == source_.RecentVersion(); }
+bool Fences::KnowsPassing() const { return bounded_ != nullptr && known_ != nullptr && known_->version == source_.RecentVersion(); }
 
 // The place so many of the list's rows behind a fence, or behind the list's start.
 std::optional<OrderPlace> Fences::Behind(const Fence* fence, std::int64_t rows) {
@@ -107,7 +141,7 @@ std::optional<OrderPlace> Fences::Behind(const Fence* fence, std::int64_t rows) 
   request.keysOnly = true;
   std::optional<OrderPlace> place;
   walker.Read(request, [&](const Query& row) {
-    if ((byBits && !passing_.Has(row.Int(walker.RowKeyAt(true)))) || --rows > 0) return true;
+    if ((byBits && !known_->passing.Has(row.Int(walker.RowKeyAt(true)))) || --rows > 0) return true;
     place = walker.PlaceAt(row, true);
     return false;
   });
@@ -117,9 +151,9 @@ std::optional<OrderPlace> Fences::Behind(const Fence* fence, std::int64_t rows) 
 std::optional<std::int64_t> Fences::OrdinalOf(const OrderPlace& place) {
   const int sign = forward_ == Direction::Up ? 1 : -1;
   const auto behind =
-      std::ranges::partition_point(fences_, [&](const Fence& fence) { return sign * walker_.Compare(fence.place, place) < 0; });
-  if ((behind == fences_.end() && !done_) || (fences_.empty() && bounded_ == nullptr)) return {};
-  const Fence* fence = behind == fences_.begin() ? nullptr : &*(behind - 1);
+      std::ranges::partition_point(InUse(), [&](const Fence& fence) { return sign * walker_.Compare(fence.place, place) < 0; });
+  if ((behind == InUse().end() && known_ == nullptr) || (InUse().empty() && bounded_ == nullptr)) return {};
+  const Fence* fence = behind == InUse().begin() ? nullptr : &*(behind - 1);
   std::int64_t number = fence == nullptr ? 0 : fence->rows;
   const auto countBefore = [&](const Query& row) {
     if (sign * walker_.Compare(walker_.PlaceAt(row, true), place) >= 0) return false;
@@ -134,7 +168,7 @@ std::optional<std::int64_t> Fences::OrdinalOf(const OrderPlace& place) {
     request.keysOnly = true;
     bounded_->Read(request, [&](const Query& row) {
       if (sign * bounded_->Compare(bounded_->PlaceAt(row, true), place) >= 0) return false;
-      if (passing_.Has(row.Int(bounded_->RowKeyAt(true)))) ++number;
+      if (known_->passing.Has(row.Int(bounded_->RowKeyAt(true)))) ++number;
       return true;
     });
     return number;
@@ -143,26 +177,40 @@ std::optional<std::int64_t> Fences::OrdinalOf(const OrderPlace& place) {
     walker_.ReadUpTo(forward_, fence == nullptr ? nullptr : &fence->place, place, true, countBefore);
     return number;
   }
-  KeyWalker::Request request;
-  request.direction = forward_;
-  request.from = fence == nullptr ? nullptr : &fence->place;
-  request.limit = 4 * kSpacing;
-  request.keysOnly = true;
-  walker_.Read(request, countBefore);
+  // It stands a little further on while somebody writes. No more rows are asked for than it mostly takes: who gives them all gives them whole.
+  std::optional<OrderPlace> from;
+  if (fence != nullptr) from = fence->place;
+  for (int stretch = 0; stretch < 4; ++stretch) {
+    KeyWalker::Request request;
+    request.direction = forward_;
+    request.from = from ? &*from : nullptr;
+    request.limit = kSpacing;
+    request.keysOnly = true;
+    bool before = true;
+    OrderPlace last;
+    const std::int64_t read = walker_.Read(request, [&](const Query& row) {
+      last = walker_.PlaceAt(row, true);
+      before = sign * walker_.Compare(last, place) < 0;
+      if (before) ++number;
+      return before;
+    });
+    if (!before || read < kSpacing) break;
+    from = std::move(last);
+  }
   return number;
 }
 
-void Fences::Passing::Expect(const KeySpan& span) {
+void PassingRows::Expect(const KeySpan& span) {
   firstKey_ = span.first;
   bits_.assign(static_cast<std::size_t>(std::max<std::int64_t>(span.Width(), 0)), false);
 }
 
-void Fences::Passing::Add(std::int64_t rowKey) {
+void PassingRows::Add(std::int64_t rowKey) {
   const std::int64_t place = rowKey - firstKey_;
   if (place >= 0 && place < static_cast<std::int64_t>(bits_.size())) bits_[static_cast<std::size_t>(place)] = true;
 }
 
-bool Fences::Passing::Has(std::int64_t rowKey) const {
+bool PassingRows::Has(std::int64_t rowKey) const {
   const std::int64_t place = rowKey - firstKey_;
   return place >= 0 && place < static_cast<std::int64_t>(bits_.size()) && bits_[static_cast<std::size_t>(place)];
 }

@@ -27,7 +27,9 @@ IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape)
       forward_(shape_.descending ? Direction::Down : Direction::Up),
       walker_(shape_.rows ? shape_.rows : Source().Shape().Walker(Source().Store(), shape_.order, shape_.index)),
       fences_(Source(), *walker_, shape_.bounded.get(), forward_),
-      search_(Source(), *walker_, forward_, *this) {}
+      search_(Source(), *walker_, forward_, *this) {
+  if (fences_.Rest()) TakeCountOfPlaces();
+}
 
 IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape, FirstRows first)
     : IndexedList(std::move(source), std::move(shape)) {

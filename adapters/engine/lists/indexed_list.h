@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <list>
@@ -111,6 +112,9 @@ class IndexedList final : public RowList, public IndexedRows {
   std::shared_ptr<RowPage> NewPage() const;
   std::int64_t RowsOffset(const OrderPlace& place);
   std::int64_t CountRows();
+  bool OwnRowsMayBeMissing() const;
+  void TakeCount(const RowShape::Count& count);
+  void TakeCountOfPlaces();
   std::int64_t Estimate();
 
   Shape shape_;
@@ -136,6 +140,8 @@ class IndexedList final : public RowList, public IndexedRows {
   std::uint64_t widthVersion_ = 0;
   std::optional<std::int64_t> count_;
   std::uint64_t countVersion_ = 0;
+  std::uint64_t countOwnVersion_ = 0;
+  std::chrono::steady_clock::time_point counted_;
 };
 
 }  // namespace engine

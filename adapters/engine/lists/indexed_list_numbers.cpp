@@ -1,5 +1,6 @@
 // A list in index order by numbers: counts, the place of a number, the number of a place, pages for windows.
 #include <algorithm>
+#include <chrono>
 #include <iterator>
 
 #include "engine/lists/indexed_list.h"
@@ -105,8 +106,9 @@ std::int64_t IndexedList::CountNow() {
       ++count;
   }
   if (oneState) oneState->Commit();
-  count_ = count;
-  countVersion_ = version;
+  const RowShape::Count counted{count, version, Source().OwnVersion(), std::chrono::steady_clock::now()};
+  if (pinned_.empty()) Source().Shape().counted = counted;
+  TakeCount(counted);
   return count;
 }
 
@@ -115,7 +117,7 @@ std::int64_t IndexedList::Count() {
   return std::max(Estimate(), fences_.Rows());
 }
 
-bool IndexedList::CountIsExact() { return count_ && countVersion_ == Source().Version(); }
+bool IndexedList::CountIsExact() { return count_ && (fences_.Rest() || countVersion_ == Source().Version()); }
 
 // Asked for at every painting until the rows have been counted.
 std::int64_t IndexedList::Estimate() {
@@ -131,20 +133,37 @@ bool IndexedList::IdleSlice() {
   const bool counted = count_ && countVersion_ == version;
   // A table that the store counts within a slice; larger ones are counted by their fences.
   constexpr std::int64_t kQuicklyCounted = 200'000;
-  if (!counted && Source().Plan().where.empty() && Estimate() <= kQuicklyCounted) {
+  if (!counted && Source().Plan().where.empty() && (OwnRowsMayBeMissing() || Estimate() <= kQuicklyCounted)) {
     CountNow();
     return true;
   }
+  const CollectedPlaces* const before = fences_.Collected();
   const bool more = fences_.Slice(version);
-  if (!more && !counted && Source().Version() == version) {
-    if (pinned_.empty()) {
-      count_ = fences_.Rows();
-      countVersion_ = version;
-    } else {
-      CountNow();
-    }
-  }
+  if (fences_.Collected() == before || counted) return more;
+  if (pinned_.empty())
+    TakeCountOfPlaces();
+  else
+    CountNow();
   return more;
+}
+
+// While the fences rest, what this desk has written itself is counted, now and then.
+bool IndexedList::OwnRowsMayBeMissing() const {
+  constexpr auto kNowAndThen = std::chrono::seconds(10);
+  return fences_.Rest() && countOwnVersion_ != Source().OwnVersion() && std::chrono::steady_clock::now() - counted_ >= kNowAndThen;
+}
+
+void IndexedList::TakeCount(const RowShape::Count& count) {
+  count_ = count.rows;
+  countVersion_ = count.version;
+  countOwnVersion_ = count.ownVersion;
+  counted_ = count.at;
+}
+
+void IndexedList::TakeCountOfPlaces() {
+  const CollectedPlaces& places = *fences_.Collected();
+  const auto& counted = Source().Shape().counted;
+  TakeCount(counted && counted->at > places.ended ? *counted : RowShape::Count{places.rows, places.version, places.ownVersion, places.ended});
 }
 
 // Rows of the table (not of the list) before a place.
@@ -224,7 +243,7 @@ std::vector<platform::ListRow> IndexedList::RowsOf(const Segment& segment) const
 std::vector<platform::ListRow> IndexedList::RowsAt(std::int64_t ordinal, int count) {
   DropStalePages();
   const bool together = Source().OwnDialect().rowsAtOnce > 1 && pinned_.empty() && !shape_.bounded;
-  const Fences::Fence* fence = together ? fences_.Before(ordinal) : nullptr;
+  const Fence* fence = together ? fences_.Before(ordinal) : nullptr;
   if (fence == nullptr) return RowList::RowsAt(ordinal, count);
   KeyWalker::Request request;
   request.direction = forward_;

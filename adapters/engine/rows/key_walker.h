@@ -74,6 +74,9 @@ class KeyWalker {
   /// Reads those of the next `rows` rows of `counted` (a walk of the same table and order) that this walk's filter takes, and no more
   /// than `most` of them, by one statement: from an end, or from behind a place where CanSkip. For stores that plan by themselves.
   void ReadAmongNext(Direction direction, const OrderPlace* from, std::int64_t rows, const KeyWalker& counted, std::int64_t most, const Sink& sink);
+  /// Of the next `rows` rows, in keys alone, the first and every `spacing`th behind it, and the last; each with its number among them, from
+  /// 1, in the place of a flag. For walks of at most one order column, in stores that compare rows as wholes.
+  void ReadEvery(Direction direction, const OrderPlace* from, std::int64_t rows, std::int64_t spacing, const Sink& sink);
   /// The first rows of a walk that puts them in order; for stores that plan by themselves.
   void ReadFirst(Direction direction, std::int64_t rows, const Sink& sink);
   /// A SELECT of the row keys, as "k", of the first rows.

@@ -149,6 +149,12 @@ std::uint64_t RowSource::MixedVersion() const {
   return mixed;
 }
 
+std::uint64_t RowSource::OwnVersion() const {
+  std::uint64_t writes = 0;
+  for (std::size_t i = 0; i < others_.size(); ++i) writes += shape_->files[i]->OwnVersion();
+  return writes;
+}
+
 void RowSource::ReadCells(const Query& query, int first, RowPage& page) const { query.Pack(page.cells, first, shape_->types); }
 
 std::vector<platform::Value> RowSource::ReadValues(const Query& query, int first) const {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -21,6 +22,7 @@ namespace engine {
 
 class KeyWalker;
 class RowList;
+struct CollectedPlaces;
 
 /// One column that orders a list.
 struct OrderColumn {
@@ -56,6 +58,16 @@ class RowShape {
   std::size_t ownFiles = 0;                       ///< how many are of its tables
   /// The list that was opened last, as long as somebody has it: the next one can begin with what it has read.
   mutable std::weak_ptr<RowList> lastList;
+  /// What was collected last of its rows' numbers, as long as somebody has that.
+  mutable std::weak_ptr<const CollectedPlaces> places;
+  /// How many rows it had when they were last counted by themselves.
+  struct Count {
+    std::int64_t rows = 0;
+    std::uint64_t version = 0;
+    std::uint64_t ownVersion = 0;
+    std::chrono::steady_clock::time_point at;
+  };
+  mutable std::optional<Count> counted;
 
   /// One row of a join: the driving table's by its key, the others' as the join ties them to it now, so that code and name
   /// always stand for the same thing. Tables that no unique field ties are found by their own keys, too.
@@ -110,6 +122,9 @@ class RowSource {
   std::uint64_t RecentVersion();
   /// The number found last, nobody asked: an older one when others have written since.
   std::uint64_t KnownVersion() const { return MixedVersion(); }
+
+  /// A number that changes with each commit of this engine's.
+  std::uint64_t OwnVersion() const;
 
   /// "t0.a, t0.b, ...": the columns of a row, and behind them the row keys.
   const std::string& ColumnList() const noexcept { return shape_->columnList; }

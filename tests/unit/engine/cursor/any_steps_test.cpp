@@ -87,6 +87,7 @@ class AnySteps : public OfficeTest {
     const int count = 1 + Pick(90);
     const int by = Pick(2) == 0 ? count - 45 : count % 2 - Pick(2);
     const auto age = static_cast<std::int16_t>(Pick(9));
+    const int part = Pick(1000);
     const std::string criterion = Criterion();
     const auto searched = [criterion](const RecordsetRef& rows, int times) {
       rows->FindFirst(criterion);
@@ -94,7 +95,7 @@ class AnySteps : public OfficeTest {
       for (int i = 1; i < times; ++i) rows->FindNext(criterion), told += '\n' + Where(rows);
       return told;
     };
-    switch (Pick(12)) {
+    switch (Pick(13)) {
       case 0:
         return {"MoveFirst", [](const RecordsetRef& rows, auto&) { return rows->MoveFirst(), Where(rows); }};
       case 1:
@@ -127,6 +128,16 @@ class AnySteps : public OfficeTest {
                   rows->SetField("Age", age);
                   rows->Update();
                   return Where(rows);
+                }};
+      case 11:
+        return {"by number", [count, part](const RecordsetRef& rows, auto& kept) {
+                  platform::RowWindow& window = rows->Window();
+                  while (window.IdleSlice()) {
+                  }
+                  const std::int64_t number = window.Count() * part / 1000;
+                  const std::string page = All(window.RowsAt(number, count));
+                  const auto ordinal = kept.set == 0 ? std::nullopt : window.OrdinalOf(kept);
+                  return std::to_string(window.Count()) + ' ' + std::to_string(number) + ' ' + std::to_string(ordinal.value_or(-1)) + '\n' + page;
                 }};
       default:
         return {"both ends", [count](const RecordsetRef& rows, auto&) {

@@ -5,6 +5,7 @@
 
 #include "engine/engine.h"
 #include "platform/data/data.h"
+#include "support/counting_proxy.h"
 #include "unit/engine/server/server_test.h"
 
 namespace {
@@ -83,6 +84,39 @@ TEST_F(LongLists, SearchesGoOnOverRowsWithoutAName) {
   };
   EXPECT_EQ(found("SELECT * FROM People ORDER BY Name"), "10 900 1500 40000 2000 ");
   EXPECT_EQ(found("SELECT * FROM People ORDER BY Name DESC"), "2000 40000 1500 900 10 ");
+}
+
+// As long as one desk of many writes, the others' windows would do nothing else than collect numbers.
+TEST_F(LongLists, NumbersThatTookLongToCollectAreNotCollectedForEachWrite) {
+  engine::EngineOptions options;
+  options.exactRows = 0;
+  const auto other = engine::MakeEngine(options);
+  const auto others = other->WorkspaceAt(0)->OpenDatabase(Path("customer.zdb"));
+  CountingProxy proxy(server_.Socket());
+  const auto made = engine::MakeEngine(options);
+  const auto people = made->WorkspaceAt(0)->OpenDatabase(proxy.PathOf(database_) + "orv1/customer.zdb");
+  auto rows = people->OpenRecordset("SELECT * FROM People ORDER BY Name");
+  const auto tripsOfIdleWork = [&] {
+    const std::uint64_t before = proxy.Trips();
+    while (rows->Window().IdleSlice()) {
+    }
+    return proxy.Trips() - before;
+  };
+  proxy.Delay(std::chrono::milliseconds(10));
+  // How far the row keys reach; the count; the numbers of 8,192 rows, eight times.
+  EXPECT_EQ(tripsOfIdleWork(), 10);
+  proxy.Delay(std::chrono::milliseconds(0));
+  EXPECT_EQ(rows->Window().Count(), kRows);
+
+  others->Execute("UPDATE People SET Name = 'n8' WHERE ID = 7", platform::dbFailOnError);
+  rows->Move(0);  // tells of it at the latest
+  EXPECT_EQ(tripsOfIdleWork(), 2);
+  EXPECT_TRUE(rows->Window().CountIsExact());
+  // The same list opened anew goes on from there.
+  rows = people->OpenRecordset("SELECT * FROM People ORDER BY Name");
+  EXPECT_EQ(tripsOfIdleWork(), 0);
+  rows->MoveLast();
+  EXPECT_EQ(rows->Window().OrdinalOf(rows->Bookmark()), kRows - 1);
 }
 
 /// Looks at the whole table, by the rows of it and of its indexes that the server has counted once all connections of ours are gone.

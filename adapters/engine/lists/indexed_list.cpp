@@ -173,6 +173,8 @@ OrderPlace IndexedList::OrderInPage(const RowPage& page, std::size_t row) const 
 }
 
 const IndexedList::Segment& IndexedList::ReadSegment(const Place* from, bool forward, std::int64_t limit, std::int64_t skip) {
+  // Whoever paints while this is waited for may have found the list changed: what is read here may be older then, and isn't kept for long.
+  const std::uint64_t version = segmentsVersion_;
   // Rows alone are read in one state anyway. Where asking costs most, a row that keeps its place may be newer than the others.
   std::optional<Transaction> oneState;
   if (!pinned_.empty() && Source().OwnDialect().rowsAtOnce == 1) oneState.emplace(Source().Store(), Transaction::Kind::Read);
@@ -186,6 +188,7 @@ const IndexedList::Segment& IndexedList::ReadSegment(const Place* from, bool for
   segment.reachesStart = !forward && ended;
   if (from == nullptr) (forward ? segment.reachesStart : segment.reachesEnd) = true;
   if (oneState) oneState->Commit();
+  segmentsVersion_ = version;
   if (from != nullptr && segment.page->Rows() == 0) return NothingBeyond(*from, forward, skip == 0);
   return Keep(std::move(segment));
 }
@@ -265,6 +268,7 @@ bool IndexedList::PageFrom(std::int64_t rowKey, Place& place) {
   const std::int64_t rows = Source().OwnDialect().rowsAtOnce;
   if (rows <= 1) return false;
   DropStalePages();
+  const std::uint64_t version = segmentsVersion_;
   auto page = NewPage();
   page->cells.Reserve(static_cast<std::size_t>(rows) * page->columns);
   const std::int64_t read = walker_->ReadFrom(rowKey, forward_, rows, [&](const Query& row) {
@@ -272,6 +276,7 @@ bool IndexedList::PageFrom(std::int64_t rowKey, Place& place) {
     return *page->KeysOf(0) == rowKey;
   });
   if (page->Rows() == 0 || *page->KeysOf(0) != rowKey) return false;
+  segmentsVersion_ = version;
   Segment segment;
   segment.page = std::move(page);
   segment.reachesEnd = read < rows && forward_ == Direction::Up;

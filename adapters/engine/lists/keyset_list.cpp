@@ -79,12 +79,14 @@ void KeysetList::TakeFirst(FirstRows& first) {
 
 void KeysetList::ReadMore(std::size_t wanted, bool withRows) {
   DropStaleBlocks();
+  const std::uint64_t version = blocksVersion_;
   if (state_.empty()) filledVersion_ = blocksVersion_;
   mixed_ = mixed_ || filledVersion_ != blocksVersion_;
   const std::size_t before = state_.size();
   auto page = std::make_shared<RowPage>(Source().Fields().size(), Source().KeyCount());
   if (withRows) page->cells.Reserve(wanted * page->columns);
-  complete_ = !feed_->More(keys_, wanted, withRows && !mixed_ ? page.get() : nullptr);
+  complete_ = !WithFeed([&] { return feed_->More(keys_, wanted, withRows && !mixed_ ? page.get() : nullptr); });
+  blocksVersion_ = version;  // whoever painted meanwhile may have found the list changed
   if (mixed_) DropKnownKeys(before);
   state_.resize(keys_.size() / Source().KeyCount(), State::Alive);
   shownValid_ = false;
@@ -215,7 +217,9 @@ const KeysetList::Block& KeysetList::ReadBlock(std::int64_t ordinal, bool forwar
   const std::int64_t end = forward ? std::min(Size(), ordinal + size) : ordinal + 1;
   auto page = std::make_shared<RowPage>(Source().Fields().size(), Source().KeyCount());
   page->cells.Reserve(static_cast<std::size_t>(end - block.first) * page->columns);
+  const std::uint64_t version = blocksVersion_;
   if (!ReadAlongIndex(block, end, *page)) ReadByKeys(block, end, *page);
+  blocksVersion_ = version;
   block.page = std::move(page);
   blocks_.push_front(std::move(block));
   if (blocks_.size() > kKeptBlocks) blocks_.pop_back();

@@ -9,9 +9,11 @@
 #include <unordered_map>
 #include <vector>
 
+#include "engine/errors.h"
 #include "engine/lists/key_feed.h"
 #include "engine/lists/row_list.h"
 #include "engine/search/keyset_search.h"
+#include "engine/store/flag.h"
 
 namespace engine {
 
@@ -82,6 +84,13 @@ class KeysetList final : public RowList, public KeysetRows {
 
   bool Reach(std::int64_t ordinal, bool withRows);
   bool Visit(std::int64_t ordinal, Place& place, bool forward);
+  /// Works with the feed, which may have painting served meanwhile: that can't have more keys then (3045), as with any long statement.
+  template <class Work>
+  auto WithFeed(Work&& work) {
+    if (feeding_) throw errors::FileInUse(Source().Shape().files.front()->Path());
+    const Flag feeding(feeding_);
+    return work();
+  }
   void ReadMore(std::size_t wanted, bool withRows);
   void DropKnownKeys(std::size_t from);
   void NumberKeys();
@@ -107,6 +116,7 @@ class KeysetList final : public RowList, public KeysetRows {
   std::shared_ptr<KeyWalker> walker_;  ///< of a list that is read along an index
   std::shared_ptr<KeyWalker> places_;  ///< of a list in one table's order: where its rows stand
   std::unique_ptr<KeyFeed> feed_;
+  bool feeding_ = false;
   KeysetSearch search_;
   std::vector<std::int64_t> keys_;
   std::vector<State> state_;

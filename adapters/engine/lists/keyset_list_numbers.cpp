@@ -111,7 +111,7 @@ std::vector<platform::ListRow> KeysetList::Rows(const Place* from, bool forward,
 
 bool KeysetList::IdleSlice() {
   if (complete_) return false;
-  if (feed_->Prepare()) return true;
+  if (WithFeed([this] { return feed_->Prepare(); })) return true;
   ReadMore(kSliceKeys, false);
   return !complete_;
 }

@@ -1,3 +1,4 @@
+#include "engine/store/flag.h"
 #include "engine/store/postgres/connection.h"
 
 #include <algorithm>
@@ -5,7 +6,6 @@
 
 #include "engine/errors.h"
 #include "engine/store/postgres/link/failure.h"
-#include "engine/store/postgres/link/flag.h"
 #include "engine/store/postgres/wording/names.h"
 #include "engine/store/query.h"
 #include "engine/values/iso_date.h"

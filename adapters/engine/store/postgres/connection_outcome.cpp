@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "engine/errors.h"
+#include "engine/store/flag.h"
 #include "engine/store/postgres/connection.h"
 #include "engine/store/postgres/link/connect.h"
-#include "engine/store/postgres/link/flag.h"
 
 namespace engine::postgres {
 

@@ -2,6 +2,8 @@
 #include <algorithm>
 #include <fstream>
 #include <string>
+#include <thread>
+#include <utility>
 
 #include "engine/engine.h"
 #include "platform/data/data.h"
@@ -117,6 +119,72 @@ TEST_F(LongLists, NumbersThatTookLongToCollectAreNotCollectedForEachWrite) {
   EXPECT_EQ(tripsOfIdleWork(), 0);
   rows->MoveLast();
   EXPECT_EQ(rows->Window().OrdinalOf(rows->Bookmark()), kRows - 1);
+}
+
+// Painting may find that somebody has written while a page is on its way. What then comes is as old as its question.
+TEST_F(LongLists, APageIsNotTakenForNewerThanItIs) {
+  engine::EngineOptions options;
+  options.exactRows = 0;
+  const auto other = engine::MakeEngine(options);
+  const auto others = other->WorkspaceAt(0)->OpenDatabase(Path("customer.zdb"));
+  CountingProxy proxy(server_.Socket());
+  const auto made = engine::MakeEngine(options);
+  const auto people = made->WorkspaceAt(0)->OpenDatabase(proxy.PathOf(database_) + "orv1/customer.zdb");
+  const auto rows = people->OpenRecordset("SELECT * FROM People ORDER BY Name");
+  const auto firstThree = [&] {
+    std::string ids;
+    for (const platform::ListRow& row : rows->Window().RowsAt(0, 3)) ids += std::to_string(row.cells.at(0).As<std::int32_t>()) + ' ';
+    return ids;
+  };
+  people->Execute("UPDATE People SET Name = 'n8' WHERE ID = 8", platform::dbFailOnError);  // the first page is to be read anew
+  proxy.Delay(std::chrono::milliseconds(20));
+  bool painted = false;
+  made->OnWait([&] {
+    if (std::exchange(painted, true)) return;
+    std::this_thread::sleep_for(std::chrono::milliseconds(30));  // the question is there
+    others->Execute("UPDATE People SET Name = 'n0x' WHERE ID = 977", platform::dbFailOnError);
+    firstThree();
+    firstThree();  // knows of it from the one before
+  });
+  EXPECT_EQ(firstThree(), "977 1954 2931 ");
+  EXPECT_TRUE(painted);
+  EXPECT_EQ(firstThree(), "1954 2931 3908 ");
+}
+
+// Painting may want rows of a list whose keys are on their way: each comes once.
+TEST_F(LongLists, PaintingWhileKeysAreOnTheirWay) {
+  for (const char* const order : {" ORDER BY Name", ""}) {
+    SCOPED_TRACE(order);
+    CountingProxy proxy(server_.Socket());
+    const auto made = engine::MakeEngine();
+    const auto people = made->WorkspaceAt(0)->OpenDatabase(proxy.PathOf(database_) + "orv1/customer.zdb");
+    proxy.Delay(std::chrono::milliseconds(10));
+    const auto rows = people->OpenRecordset("SELECT * FROM People WHERE ID <= 1500" + std::string(order));
+    const auto ids = [&](std::int64_t from, int count) {
+      std::vector<std::int32_t> shown;
+      for (const platform::ListRow& row : rows->Window().RowsAt(from, count)) shown.push_back(row.cells.at(0).As<std::int32_t>());
+      return shown;
+    };
+    std::int64_t next = 0;
+    int painted = 0;
+    made->OnWait([&] {
+      ++painted;
+      try {
+        ids(next += 90, 80);
+      } catch (const platform::Error& error) {
+        EXPECT_EQ(error.Number(), 3045);
+      }
+    });
+    while (rows->Window().IdleSlice()) {
+    }
+    made->OnWait({});
+    EXPECT_GT(painted, 0);
+    EXPECT_EQ(rows->Window().Count(), 1500);
+    std::vector<std::int32_t> all = ids(0, 2000);
+    std::ranges::sort(all);
+    EXPECT_EQ(all.size(), 1500U);
+    EXPECT_EQ(std::ranges::adjacent_find(all), all.end());
+  }
 }
 
 /// Looks at the whole table, by the rows of it and of its indexes that the server has counted once all connections of ours are gone.

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace engine::postgres {
+namespace engine {
 
 /// Is true as long as it lives.
 struct Flag {
@@ -11,4 +11,4 @@ struct Flag {
   bool& flag;
 };
 
-}  // namespace engine::postgres
+}  // namespace engine

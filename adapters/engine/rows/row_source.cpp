@@ -171,12 +171,14 @@ void RowSource::ReadKeys(const Query& query, int first, RowPage& page) const {
   }
 }
 
+// The keys may be a list's own: who paints while the row is waited for may have more of them read.
 bool RowSource::Fetch(const std::int64_t* keys, RowPage& page, Missing missing) {
+  const std::vector<std::int64_t> wanted(keys, keys + KeyCount());
   Query query(Store(), fetch_);
   if (Plan().tables.size() == 1) query.PlanOnce();
-  BindKeys(query, keys);
+  BindKeys(query, wanted.data());
   const int keysAt = static_cast<int>(Plan().columns.size());
-  if (!query.Step() || (missing == Missing::Gone && !AllThere(query, keysAt, keys))) return false;
+  if (!query.Step() || (missing == Missing::Gone && !AllThere(query, keysAt, wanted.data()))) return false;
   ReadCells(query, 0, page);
   ReadKeys(query, keysAt, page);
   return true;
@@ -248,9 +250,10 @@ std::vector<std::int64_t> RowSource::TestTogether(std::span<const std::int64_t> 
 }
 
 bool RowSource::Test(const std::int64_t* keys, SqlText& test) {
+  const std::vector<std::int64_t> wanted(keys, keys + KeyCount());  // as above
   Query query(Store(), test);
-  BindKeys(query, keys);
-  return query.Step() && AllThere(query, 1, keys) && !query.IsNull(0) && query.Int(0) != 0;
+  BindKeys(query, wanted.data());
+  return query.Step() && AllThere(query, 1, wanted.data()) && !query.IsNull(0) && query.Int(0) != 0;
 }
 
 bool RowSource::Writable() const {

@@ -6,7 +6,9 @@ namespace engine {
 
 // What an earlier list of the statement has collected is in use until this one knows better.
 Fences::Fences(RowSource& source, KeyWalker& walker, KeyWalker* bounded, Direction forward)
-    : source_(source), walker_(walker), bounded_(bounded), forward_(forward), known_(AskingIsDear() ? source.Shape().places.lock() : nullptr) {}
+    : source_(source), walker_(walker), bounded_(bounded), forward_(forward), known_(AskingIsDear() ? source.Shape().places.lock() : nullptr) {
+  if (known_ && known_->ofBounded != (bounded_ != nullptr)) known_.reset();
+}
 
 bool Fences::Slice(std::uint64_t version) {
   if (Complete(version) || Rest()) return false;
@@ -14,6 +16,7 @@ bool Fences::Slice(std::uint64_t version) {
   // Where asking costs most it isn't begun anew for each row that somebody writes meanwhile: it would never end.
   if (building_.places.version != version && !(building_.begun && AskingIsDear())) {
     building_ = {};
+    building_.places.ofBounded = bounded_ != nullptr;
     building_.places.version = version;
     building_.places.ownVersion = source_.OwnVersion();
   }

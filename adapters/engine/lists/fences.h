@@ -32,7 +32,8 @@ struct Fence {
 /// All fences of a list, as they were collected once.
 struct CollectedPlaces {
   std::vector<Fence> fences;
-  PassingRows passing;  ///< of a list with a filter
+  PassingRows passing;     ///< of a list with a filter,
+  bool ofBounded = false;  ///< whose fences stand on rows that needn't be in it
   std::int64_t rows = 0;
   std::uint64_t version = 0;
   std::uint64_t ownVersion = 0;

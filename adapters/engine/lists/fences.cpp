@@ -2,32 +2,53 @@
 
 #include <algorithm>
 
+#include "platform/values/error.h"
+
 namespace engine {
 
-// What an earlier list of the statement has collected is in use until this one knows better.
 Fences::Fences(RowSource& source, KeyWalker& walker, KeyWalker* bounded, Direction forward)
-    : source_(source), walker_(walker), bounded_(bounded), forward_(forward), known_(AskingIsDear() ? source.Shape().places.lock() : nullptr) {
-  if (known_ && known_->ofBounded != (bounded_ != nullptr)) known_.reset();
+    : source_(source), walker_(walker), bounded_(bounded), forward_(forward) {
+  if (!AskingIsDear()) return;
+  TakeKnown();
+  if (bounded_ != nullptr) return;
+  if (auto going = source_.Shape().collecting.lock())
+    building_ = std::move(going);
+  else
+    source_.Shape().collecting = building_;
+}
+
+// What another list of the statement has collected last.
+void Fences::TakeKnown() {
+  const auto other = source_.Shape().places.lock();
+  if (other && other->ofBounded == (bounded_ != nullptr) && (!known_ || known_->ended < other->ended)) known_ = other;
 }
 
 bool Fences::Slice(std::uint64_t version) {
+  if (AskingIsDear()) TakeKnown();
   if (Complete(version) || Rest()) return false;
   const auto begin = std::chrono::steady_clock::now();
   // Where asking costs most it isn't begun anew for each row that somebody writes meanwhile: it would never end.
-  if (building_.places.version != version && !(building_.begun && AskingIsDear())) {
-    building_ = {};
-    building_.places.ofBounded = bounded_ != nullptr;
-    building_.places.version = version;
-    building_.places.ownVersion = source_.OwnVersion();
+  CollectedPlaces& places = building_->places;
+  if (places.version != version && !(building_->begun && AskingIsDear())) {
+    *building_ = {};
+    places.ofBounded = bounded_ != nullptr;
+    places.version = version;
+    places.ownVersion = source_.OwnVersion();
   }
-  building_.begun = true;
-  const bool more = bounded_ == nullptr ? ReadOn() : LookOn();
+  building_->begun = true;
+  bool more = false;
+  try {
+    more = bounded_ == nullptr ? ReadOn() : LookOn();
+  } catch (const platform::Error&) {
+    *building_ = {};  // half a slice is worth nothing
+    throw;
+  }
   const auto now = std::chrono::steady_clock::now();
-  building_.places.took += now - begin;
+  places.took += now - begin;
   if (more) return true;
-  building_.places.ended = now;
-  known_ = std::make_shared<const CollectedPlaces>(std::move(building_.places));
-  building_ = {};
+  places.ended = now;
+  known_ = std::make_shared<const CollectedPlaces>(std::move(places));
+  *building_ = {};
   source_.Shape().places = known_;
   // Of a whole table, which its lists come back to: of one of its orders, as it may be long.
   if (bounded_ == nullptr && AskingIsDear()) source_.Context().Keep(known_);
@@ -40,15 +61,15 @@ bool Fences::AskingIsDear() const { return source_.OwnDialect().rowsAtOnce > 1; 
 bool Fences::Rest() const {
   constexpr auto kLong = std::chrono::milliseconds(50);
   constexpr int kTimesAsLong = 200;
-  return known_ && !building_.begun && AskingIsDear() && known_->took >= kLong &&
+  return known_ && !building_->begun && AskingIsDear() && known_->took >= kLong &&
          std::chrono::steady_clock::now() - known_->ended < kTimesAsLong * known_->took;
 }
 
 // The list's rows are the index's.
 bool Fences::ReadOn() {
   if (AskingIsDear() && walker_.Order().size() <= 1) return ReadFencesAlone();
-  CollectedPlaces& places = building_.places;
-  const OrderPlace from = building_.last;
+  CollectedPlaces& places = building_->places;
+  const OrderPlace from = building_->last;
   KeyWalker::Request request;
   request.direction = forward_;
   request.from = places.rows == 0 ? nullptr : &from;
@@ -59,8 +80,8 @@ bool Fences::ReadOn() {
     const bool isFence = places.rows % kSpacing == 0;
     ++places.rows;
     ++number;
-    if (isFence || number == kSliceRows) building_.last = walker_.PlaceAt(row, true);
-    if (isFence) places.fences.push_back({building_.last, places.rows});
+    if (isFence || number == kSliceRows) building_->last = walker_.PlaceAt(row, true);
+    if (isFence) places.fences.push_back({building_->last, places.rows});
     return true;
   });
   return read == kSliceRows;
@@ -68,13 +89,13 @@ bool Fences::ReadOn() {
 
 // The same where each row would travel.
 bool Fences::ReadFencesAlone() {
-  CollectedPlaces& places = building_.places;
-  const OrderPlace from = building_.last;
+  CollectedPlaces& places = building_->places;
+  const OrderPlace from = building_->last;
   std::int64_t read = 0;
   walker_.ReadEvery(forward_, places.rows == 0 ? nullptr : &from, kSliceRows, kSpacing, [&](const Query& row) {
     read = row.Int(walker_.FlagAt(true));
-    building_.last = walker_.PlaceAt(row, true);
-    if (read % kSpacing == 1) places.fences.push_back({building_.last, places.rows + read});
+    building_->last = walker_.PlaceAt(row, true);
+    if (read % kSpacing == 1) places.fences.push_back({building_->last, places.rows + read});
     return true;
   });
   places.rows += read;
@@ -83,31 +104,31 @@ bool Fences::ReadFencesAlone() {
 
 // Which rows of the table pass the filter, in the order in which they lie: so each is looked at once, and where most are near.
 bool Fences::ScanOn() {
-  if (!building_.scan) {
-    building_.places.passing.Expect(SpanOf(source_));
-    building_.scan = std::make_unique<PiecewiseScan>(source_, source_.KeyList(), source_.Plan().rowWhere);
+  if (!building_->scan) {
+    building_->places.passing.Expect(SpanOf(source_));
+    building_->scan = std::make_unique<PiecewiseScan>(source_, source_.KeyList(), source_.Plan().rowWhere);
   }
-  building_.scanned = !building_.scan->Next([this](const Query& row) { building_.places.passing.Add(row.Int(0)); });
+  building_->scanned = !building_->scan->Next([this](const Query& row) { building_->places.passing.Add(row.Int(0)); });
   return true;
 }
 
 // Then the keys alone in the list's order: the fences are places of the table's rows, whether or not they belong to the list.
 bool Fences::LookOn() {
-  if (!building_.scanned) return ScanOn();
-  CollectedPlaces& places = building_.places;
-  const OrderPlace from = building_.last;
+  if (!building_->scanned) return ScanOn();
+  CollectedPlaces& places = building_->places;
+  const OrderPlace from = building_->last;
   KeyWalker::Request request;
   request.direction = forward_;
-  request.from = building_.looked == 0 ? nullptr : &from;
+  request.from = building_->looked == 0 ? nullptr : &from;
   request.limit = kSliceRows;
   request.keysOnly = true;
   std::int64_t number = 0;
   const std::int64_t read = bounded_->Read(request, [&](const Query& row) {
     if (places.passing.Has(row.Int(bounded_->RowKeyAt(true)))) ++places.rows;
-    const bool isFence = ++building_.looked % kSpacing == 0;
+    const bool isFence = ++building_->looked % kSpacing == 0;
     ++number;
-    if (isFence || number == kSliceRows) building_.last = bounded_->PlaceAt(row, true);
-    if (isFence) places.fences.push_back({building_.last, places.rows});
+    if (isFence || number == kSliceRows) building_->last = bounded_->PlaceAt(row, true);
+    if (isFence) places.fences.push_back({building_->last, places.rows});
     return true;
   });
   return read == kSliceRows;

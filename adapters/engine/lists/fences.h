@@ -41,6 +41,16 @@ struct CollectedPlaces {
   std::chrono::steady_clock::time_point ended;
 };
 
+/// The same on its way.
+struct CollectingPlaces {
+  CollectedPlaces places;
+  OrderPlace last;
+  std::int64_t looked = 0;
+  std::unique_ptr<PiecewiseScan> scan;  ///< of a list with a filter
+  bool scanned = false;
+  bool begun = false;
+};
+
 /// Places of a list in index order with the numbers of the rows up to them, collected in slices of idle time: from them a row's
 /// number and the row of a number are a short walk away. Every 128th row of the table that is looked at for the list has one. While
 /// somebody writes they are a little off until they are collected anew.
@@ -57,7 +67,7 @@ class Fences {
   /// What was collected last; nullptr before.
   const CollectedPlaces* Collected() const noexcept { return known_.get(); }
   /// Rows that the collected fences cover.
-  std::int64_t Rows() const { return known_ ? known_->rows : building_.places.rows; }
+  std::int64_t Rows() const { return known_ ? known_->rows : building_->places.rows; }
 
   /// The last fence before the row with that number, of a list without a filter; nullptr when they don't reach so far.
   const Fence* Before(std::int64_t ordinal) const;
@@ -69,22 +79,15 @@ class Fences {
  private:
   static constexpr std::int64_t kSpacing = 128;
   static constexpr std::int64_t kSliceRows = 8192;
-  struct Collection {
-    CollectedPlaces places;
-    OrderPlace last;
-    std::int64_t looked = 0;
-    std::unique_ptr<PiecewiseScan> scan;  ///< of a list with a filter
-    bool scanned = false;
-    bool begun = false;
-  };
   /// All places are known and the list hasn't changed since.
   bool Complete(std::uint64_t version) const { return known_ && known_->version == version; }
   bool AskingIsDear() const;
+  void TakeKnown();
   bool ReadOn();
   bool ReadFencesAlone();
   bool ScanOn();
   bool LookOn();
-  const std::vector<Fence>& InUse() const { return known_ ? known_->fences : building_.places.fences; }
+  const std::vector<Fence>& InUse() const { return known_ ? known_->fences : building_->places.fences; }
   bool KnowsPassing() const;
   std::optional<OrderPlace> Behind(const Fence* fence, std::int64_t rows);
 
@@ -93,7 +96,9 @@ class Fences {
   KeyWalker* bounded_;
   Direction forward_;
   std::shared_ptr<const CollectedPlaces> known_;
-  Collection building_;  ///< the first one is used as it grows; a later one replaces what is known when it is whole
+  /// The first one is used as it grows; a later one replaces what is known when it is whole. Where asking costs most the lists of a
+  /// statement without a filter share it: else one that is opened anew every other second would never come to the end.
+  std::shared_ptr<CollectingPlaces> building_ = std::make_shared<CollectingPlaces>();
 };
 
 }  // namespace engine

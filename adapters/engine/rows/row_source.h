@@ -23,6 +23,7 @@ namespace engine {
 class KeyWalker;
 class RowList;
 struct CollectedPlaces;
+struct CollectingPlaces;
 
 /// One column that orders a list.
 struct OrderColumn {
@@ -60,6 +61,7 @@ class RowShape {
   mutable std::weak_ptr<RowList> lastList;
   /// What was collected last of its rows' numbers, as long as somebody has that.
   mutable std::weak_ptr<const CollectedPlaces> places;
+  mutable std::weak_ptr<CollectingPlaces> collecting;
   /// How many rows it had when they were last counted by themselves.
   struct Count {
     std::int64_t rows = 0;

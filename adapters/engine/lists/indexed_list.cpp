@@ -28,7 +28,7 @@ IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape)
       walker_(shape_.rows ? shape_.rows : Source().Shape().Walker(Source().Store(), shape_.order, shape_.index)),
       fences_(Source(), *walker_, shape_.bounded.get(), forward_),
       search_(Source(), *walker_, forward_, *this) {
-  if (fences_.Rest()) TakeCountOfPlaces();
+  if (fences_.Collected() != nullptr) TakeCountOfPlaces();
 }
 
 IndexedList::IndexedList(std::shared_ptr<RowSource> source, Shape shape, FirstRows first)

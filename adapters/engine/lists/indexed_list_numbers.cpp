@@ -139,7 +139,9 @@ bool IndexedList::IdleSlice() {
   }
   const CollectedPlaces* const before = fences_.Collected();
   const bool more = fences_.Slice(version);
-  if (fences_.Collected() == before || counted) return more;
+  const CollectedPlaces* const places = fences_.Collected();
+  const bool tells = places != nullptr && (places != before || places->version == version);
+  if (!tells || counted) return more;
   if (pinned_.empty())
     TakeCountOfPlaces();
   else

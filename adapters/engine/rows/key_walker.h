@@ -145,6 +145,8 @@ class KeyWalker {
   std::string StatementText(const Request& request, const Level& level) const;
   std::string SortedText(const Request& request, const Level& level, const std::string& limit) const;
   std::string PlacedText(const Request& request, const Level& level) const;
+  std::string NextText(const Request& request, std::span<const Level> levels, const std::string& columns, std::int64_t rows) const;
+  std::string OrderOf(const Request& request, const Level& level) const;
   std::string AmongText(const Request& request, std::span<const Level> levels) const;
   std::string ConditionOf(const Request& request, const Level& level) const;
   std::string OrderText(Direction direction, std::size_t from) const;

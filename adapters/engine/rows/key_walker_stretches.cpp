@@ -98,18 +98,11 @@ void KeyWalker::ReadEvery(Direction direction, const OrderPlace* from, std::int6
   request.direction = direction;
   request.from = from;
   const std::vector<Level> levels = LevelsFor(request);
-  const std::string few = " LIMIT " + std::to_string(rows);
-  std::string passed;
-  for (const Level& level : levels) {
-    const std::string condition = ConditionOf(request, level);
-    passed += (passed.empty() ? "(SELECT " : " UNION ALL (SELECT ") + rowKey_ + " AS k FROM " + from_ + (condition.empty() ? "" : " WHERE " + condition) +
-              " ORDER BY " + OrderText(direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal) + few + ')';
-  }
   const PlanTable& table = shape_.plan.tables.front();
   Query query(store_, std::string_view("SELECT " + keyColumns_ + ", n FROM (SELECT k, n FROM (SELECT k, row_number() OVER () AS n, count(*) OVER () AS passed "
-                                       "FROM (" + passed + (levels.size() > 1 ? few : "") + ") AS walked) AS numbered WHERE n % " + std::to_string(spacing) +
-                                       " = 1 OR n = passed) AS wanted JOIN " + table.table->storeName + " AS " + table.alias + " ON " + rowKey_ +
-                                       " = k ORDER BY n"));
+                                       "FROM (" + NextText(request, levels, rowKey_ + " AS k", rows) + ") AS walked) AS numbered WHERE n % " +
+                                       std::to_string(spacing) + " = 1 OR n = passed) AS wanted JOIN " + table.table->storeName + " AS " + table.alias +
+                                       " ON " + rowKey_ + " = k ORDER BY n"));
   query.PlanOnce();
   for (const Level& level : levels) BindPlace(query, request, level);
   while (query.Step())

@@ -48,28 +48,33 @@ std::string KeyWalker::SortedText(const Request& request, const Level& level, co
          table.table->storeName + " AS " + table.alias + " ON " + rowKey_ + " = sorted.k" + order;
 }
 
-// The rows are cut off along the index first, so that a store which plans for itself asks no others. Where several parts hold them, no more
-// than so many of all parts together: a row that fits behind others which weren't looked at isn't the next one.
+// The next rows along the index, and no more of them: where several parts hold them, no more than so many of all parts together.
+std::string KeyWalker::NextText(const Request& request, std::span<const Level> levels, const std::string& columns, std::int64_t rows) const {
+  const std::string few = " LIMIT " + std::to_string(rows);
+  std::string text;
+  for (const Level& level : levels) {
+    const std::string condition = ConditionOf(request, level);
+    text += (text.empty() ? "" : ") UNION ALL (") + ("SELECT " + columns + " FROM " + from_) + (condition.empty() ? "" : " WHERE " + condition) +
+            OrderOf(request, level) + few;
+  }
+  return levels.size() == 1 ? text : '(' + text + ')' + few;
+}
+
+// The rows are cut off along the index first, so that a store which plans for itself asks no others. A row that fits behind others which
+// weren't looked at isn't the next one.
 std::string KeyWalker::AmongText(const Request& request, std::span<const Level> levels) const {
   const std::string& alias = shape_.plan.tables.front().alias;
-  const std::string few = " LIMIT " + std::to_string(request.among);
   Request all = request;
   all.condition = {};
-  std::string order;
-  std::string looked;
-  for (const Level& level : levels) {
-    const std::string condition = ConditionOf(all, level);
-    order = " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
-    looked += (looked.empty() ? "" : ") UNION ALL (") + ("SELECT " + alias + ".* FROM " + from_) + (condition.empty() ? "" : " WHERE " + condition) +
-              order + few;
-  }
-  if (levels.size() > 1) {
-    order = " ORDER BY " + OrderText(request.direction, 0);
-    looked = '(' + looked + ')' + few;
-  }
-  return "SELECT " + (request.keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + " FROM (" + looked + ") AS " + alias + " WHERE " +
-         std::string(request.condition) + order + " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " +
+  const std::string order = levels.size() == 1 ? OrderOf(request, levels.front()) : " ORDER BY " + OrderText(request.direction, 0);
+  return "SELECT " + (request.keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + " FROM (" + NextText(all, levels, alias + ".*", request.among) +
+         ") AS " + alias + " WHERE " + std::string(request.condition) + order + " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " +
          dialect_.Parameter(order_.size() + 3);
+}
+
+// Columns that are held equal order nothing.
+std::string KeyWalker::OrderOf(const Request& request, const Level& level) const {
+  return " ORDER BY " + OrderText(request.direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
 }
 
 std::string KeyWalker::ConditionOf(const Request& request, const Level& level) const {

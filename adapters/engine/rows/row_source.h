@@ -59,7 +59,7 @@ class RowShape {
   std::size_t ownFiles = 0;                       ///< how many are of its tables
   /// The list that was opened last, as long as somebody has it: the next one can begin with what it has read.
   mutable std::weak_ptr<RowList> lastList;
-  /// What was collected last of its rows' numbers, as long as somebody has that.
+  /// What was collected last of its rows' numbers, and what is on its way, as long as somebody has that.
   mutable std::weak_ptr<const CollectedPlaces> places;
   mutable std::weak_ptr<CollectingPlaces> collecting;
   /// How many rows it had when they were last counted by themselves.

@@ -1,10 +1,10 @@
-#include "engine/store/flag.h"
 #include "engine/store/postgres/connection.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "engine/errors.h"
+#include "engine/store/flag.h"
 #include "engine/store/postgres/link/failure.h"
 #include "engine/store/postgres/wording/names.h"
 #include "engine/store/query.h"

@@ -88,15 +88,24 @@ TEST_F(LongLists, SearchesGoOnOverRowsWithoutAName) {
   EXPECT_EQ(found("SELECT * FROM People ORDER BY Name DESC"), "2000 40000 1500 900 10 ");
 }
 
+/// A desk behind a line, and another one.
+class BehindALine : public LongLists {
+ protected:
+  static engine::EngineOptions Paged() {
+    engine::EngineOptions options;
+    options.exactRows = 0;
+    return options;
+  }
+
+  CountingProxy proxy{server_.Socket()};
+  std::unique_ptr<platform::DataEngine> other = engine::MakeEngine(Paged());
+  platform::DatabaseRef others = other->WorkspaceAt(0)->OpenDatabase(Path("customer.zdb"));
+  std::unique_ptr<platform::DataEngine> made = engine::MakeEngine(Paged());
+  platform::DatabaseRef people = made->WorkspaceAt(0)->OpenDatabase(proxy.PathOf(database_) + "orv1/customer.zdb");
+};
+
 // As long as one desk of many writes, the others' windows would do nothing else than collect numbers.
-TEST_F(LongLists, NumbersThatTookLongToCollectAreNotCollectedForEachWrite) {
-  engine::EngineOptions options;
-  options.exactRows = 0;
-  const auto other = engine::MakeEngine(options);
-  const auto others = other->WorkspaceAt(0)->OpenDatabase(Path("customer.zdb"));
-  CountingProxy proxy(server_.Socket());
-  const auto made = engine::MakeEngine(options);
-  const auto people = made->WorkspaceAt(0)->OpenDatabase(proxy.PathOf(database_) + "orv1/customer.zdb");
+TEST_F(BehindALine, NumbersThatTookLongToCollectAreNotCollectedForEachWrite) {
   auto rows = people->OpenRecordset("SELECT * FROM People ORDER BY Name");
   const auto tripsOfIdleWork = [&] {
     const std::uint64_t before = proxy.Trips();
@@ -122,14 +131,7 @@ TEST_F(LongLists, NumbersThatTookLongToCollectAreNotCollectedForEachWrite) {
 }
 
 // Painting may find that somebody has written while a page is on its way. What then comes is as old as its question.
-TEST_F(LongLists, APageIsNotTakenForNewerThanItIs) {
-  engine::EngineOptions options;
-  options.exactRows = 0;
-  const auto other = engine::MakeEngine(options);
-  const auto others = other->WorkspaceAt(0)->OpenDatabase(Path("customer.zdb"));
-  CountingProxy proxy(server_.Socket());
-  const auto made = engine::MakeEngine(options);
-  const auto people = made->WorkspaceAt(0)->OpenDatabase(proxy.PathOf(database_) + "orv1/customer.zdb");
+TEST_F(BehindALine, APageIsNotTakenForNewerThanItIs) {
   const auto rows = people->OpenRecordset("SELECT * FROM People ORDER BY Name");
   const auto firstThree = [&] {
     std::string ids;

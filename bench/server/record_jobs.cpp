@@ -68,8 +68,10 @@ Job SavedChange(Company& company) {
     (*list)->Edit();
     (*list)->SetField("Addr2", NewText('a'));
     (*list)->Update();
+    // As the screens do: the list that was shown goes when there is another.
+    const platform::RecordsetRef anew = company.OpenList();
     (*list)->Close();
-    *list = company.OpenList();
+    *list = anew;
     (*list)->FindFirst(criterion(call));
     const auto account = static_cast<std::int64_t>(AccountOf(**list));
     return SumWith(account, SumOf((*list)->Window().RowsAfter((*list)->Bookmark(), kPage - 1)));

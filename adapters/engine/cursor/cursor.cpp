@@ -181,9 +181,10 @@ void Cursor::Edit() {
   RequireWritable();
   RequireRow();
   editor_.Drop();
-  Place fresh = Now().place;
-  if (!list_->Fetch(fresh)) throw errors::RecordDeleted();
-  Now().place = std::move(fresh);
+  if (Place fresh = Now().place; !list_->StillSo(fresh)) {
+    if (!list_->Fetch(fresh)) throw errors::RecordDeleted();
+    Now().place = std::move(fresh);
+  }
   editor_.BeginEdit(Now().place);
 }
 

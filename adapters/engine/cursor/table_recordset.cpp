@@ -53,9 +53,11 @@ void TableRecordset::SetIndex(std::string_view name) {
   const auto& indexes = source_->Plan().tables.front().table->definition.indexes;
   const auto found = std::ranges::find_if(indexes, [&](const auto& index) { return platform::EqualsNoCase(index.name, name); });
   if (found == indexes.end()) throw errors::UnknownIndex(name);
-  keyFields_ = KeyFields(*source_, *found);
-  index_ = found->name;
-  rows_ = ListFor(source_, &*found);
+  if (index_ != found->name) {
+    keyFields_ = KeyFields(*source_, *found);
+    index_ = found->name;
+    rows_ = ListFor(source_, &*found);
+  }
   Reorder(rows_);
 }
 

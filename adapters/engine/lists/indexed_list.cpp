@@ -89,6 +89,10 @@ bool IndexedList::TakeEnd(Place& place, bool forward) {
   const Segment* segment = SegmentAtEnd(forward);
   if (segment == nullptr) {
     run_ = 0;
+    if (forward && expected_ && pinned_.empty()) ReadBeginningWithExpected();
+    segment = SegmentAtEnd(forward);
+  }
+  if (segment == nullptr) {
     // A table is mostly opened to look for one row.
     segment = &ReadSegment(nullptr, forward, shape_.keepsPlaces ? Source().OwnDialect().rowsAtOnce : 1);
   }
@@ -159,9 +163,7 @@ void IndexedList::DropStalePages() {
 
 // ---- reading pages
 
-std::shared_ptr<RowPage> IndexedList::NewPage() const {
-  return std::make_shared<RowPage>(Source().Fields().size() + shape_.order.size(), 1);
-}
+std::shared_ptr<RowPage> IndexedList::NewPage() const { return Source().NewPage(shape_.order.size()); }
 
 OrderPlace IndexedList::OrderOf(const Place& place) const { return {place.order, place.keys[0]}; }
 
@@ -243,70 +245,6 @@ void IndexedList::ReadTableRows(const Place* from, bool forward, std::int64_t li
   }
 }
 
-bool IndexedList::ReadOne(const RowRead& read, Place& place) {
-  auto page = NewPage();
-  page->cells.Reserve(page->columns);
-  read([&](const Query& row) {
-    walker_->AppendRow(row, *page);
-    return true;
-  });
-  if (page->Rows() == 0) return false;
-  TakeSingle(std::move(page), place);
-  return true;
-}
-
-void IndexedList::TakeSingle(std::shared_ptr<const RowPage> page, Place& place) {
-  Segment single;
-  single.page = std::move(page);
-  SetPlace(place, single, 0);
-  place.ordinal = -1;
-}
-
-// Who opens a list to go to one of its rows shows it and those behind it: where asking costs most, they come together.
-bool IndexedList::PageFrom(std::int64_t rowKey, Place& place) {
-  if (std::exchange(sought_, true) || !shape_.keepsPlaces || !pinned_.empty() || shape_.order.size() > 1) return false;
-  const std::int64_t rows = Source().OwnDialect().rowsAtOnce;
-  if (rows <= 1) return false;
-  DropStalePages();
-  const std::uint64_t version = segmentsVersion_;
-  auto page = NewPage();
-  page->cells.Reserve(static_cast<std::size_t>(rows) * page->columns);
-  const std::int64_t read = walker_->ReadFrom(rowKey, forward_, rows, [&](const Query& row) {
-    walker_->AppendRow(row, *page);
-    return *page->KeysOf(0) == rowKey;
-  });
-  if (page->Rows() == 0 || *page->KeysOf(0) != rowKey) return false;
-  segmentsVersion_ = version;
-  Segment segment;
-  segment.page = std::move(page);
-  segment.reachesEnd = read < rows && forward_ == Direction::Up;
-  SetPlace(place, Keep(std::move(segment)), 0);
-  place.ordinal = -1;
-  return true;
-}
-
-bool IndexedList::RowByKey(std::int64_t rowKey, Place& place) {
-  if (PageFrom(rowKey, place)) return true;
-  if (!ReadOne([&](const KeyWalker::Sink& sink) { walker_->ReadRow(rowKey, sink); }, place)) return false;
-  PutWherePinned(place);
-  return true;
-}
-
-bool IndexedList::NextRow(const KeyWalker::Request& request, Place& place) {
-  return ReadOne([&](const KeyWalker::Sink& sink) { walker_->Read(request, sink); }, place);
-}
-
-bool IndexedList::PlaceByKey(std::int64_t rowKey, Place& place) {
-  auto now = walker_->PlaceOfRow(rowKey);
-  if (!now) return false;
-  const auto pinned = pinned_.find(rowKey);
-  place = {};
-  place.keys.assign(1, rowKey);
-  place.order = pinned == pinned_.end() ? std::move(now->values) : pinned->second.place.values;
-  place.added = pinned == pinned_.end() ? 0 : pinned->second.added;
-  return true;
-}
-
 // ---- bookmarks
 
 std::string IndexedList::KeyOf(const Place& place) const {
@@ -353,6 +291,7 @@ bool IndexedList::Find(std::string_view criterion, const Place* after, Place& fo
   foundLast_.order = found.order;
   foundLast_.added = found.added;
   foundVersion_ = version;
+  WentTo(found.keys[0]);
   return true;
 }
 

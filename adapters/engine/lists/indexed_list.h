@@ -43,6 +43,8 @@ class IndexedList final : public RowList, public IndexedRows {
   Direction Forward() const noexcept { return forward_; }
 
   std::shared_ptr<RowList> OpenAgain(const std::shared_ptr<RowSource>& source) override;
+  std::optional<std::int64_t> RowGoneTo() const override;
+  void BeginAlsoAt(std::int64_t rowKey) override;
   bool First(Place& place) override;
   bool Last(Place& place) override;
   bool Next(Place& place) override;
@@ -93,6 +95,9 @@ class IndexedList final : public RowList, public IndexedRows {
   using RowRead = std::function<void(const KeyWalker::Sink& sink)>;
   bool ReadOne(const RowRead& read, Place& place);
   bool PageFrom(std::int64_t rowKey, Place& place);
+  bool HeldRow(std::int64_t rowKey, Place& place);
+  void ReadBeginningWithExpected();
+  void WentTo(std::int64_t rowKey);
   void TakeSingle(std::shared_ptr<const RowPage> page, Place& place);
   void PutWherePinned(Place& place) const;
   bool Step(Place& place, bool forward);
@@ -126,7 +131,10 @@ class IndexedList final : public RowList, public IndexedRows {
   std::uint64_t segmentsVersion_ = 0;
   std::unordered_map<std::int64_t, Pinned> pinned_;
   std::shared_ptr<const RowPage> given_;  ///< the row that a change has given back, until it is taken
-  bool sought_ = false;  ///< a row by its key
+  bool pageTried_ = false;                ///< a row by its key, with those behind it
+  std::shared_ptr<const RowPage> sought_;  ///< the row that was read last by its key alone
+  std::optional<std::int64_t> goneTo_;     ///< the row that was gone to last by its key
+  std::optional<std::int64_t> expected_;   ///< that it would be, as long as it wasn't
   Place foundLast_;  ///< or changed, then with its row
   std::uint64_t foundVersion_ = 0;
   std::int64_t lastAdded_ = 0;

@@ -83,7 +83,7 @@ void KeysetList::ReadMore(std::size_t wanted, bool withRows) {
   if (state_.empty()) filledVersion_ = blocksVersion_;
   mixed_ = mixed_ || filledVersion_ != blocksVersion_;
   const std::size_t before = state_.size();
-  auto page = std::make_shared<RowPage>(Source().Fields().size(), Source().KeyCount());
+  auto page = Source().NewPage();
   if (withRows) page->cells.Reserve(wanted * page->columns);
   complete_ = !WithFeed([&] { return feed_->More(keys_, wanted, withRows && !mixed_ ? page.get() : nullptr); });
   blocksVersion_ = version;  // whoever painted meanwhile may have found the list changed
@@ -215,7 +215,7 @@ const KeysetList::Block& KeysetList::ReadBlock(std::int64_t ordinal, bool forwar
   Block block;
   block.first = forward ? ordinal : std::max<std::int64_t>(0, ordinal - size + 1);
   const std::int64_t end = forward ? std::min(Size(), ordinal + size) : ordinal + 1;
-  auto page = std::make_shared<RowPage>(Source().Fields().size(), Source().KeyCount());
+  auto page = Source().NewPage();
   page->cells.Reserve(static_cast<std::size_t>(end - block.first) * page->columns);
   const std::uint64_t version = blocksVersion_;
   if (!ReadAlongIndex(block, end, *page)) ReadByKeys(block, end, *page);

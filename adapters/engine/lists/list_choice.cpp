@@ -240,8 +240,12 @@ std::shared_ptr<RowList> ChooseList(const std::shared_ptr<RowSource>& source) {
   std::weak_ptr<RowList>& last = source->Shape().lastList;
   std::shared_ptr<RowList> list;
   const bool canLast = !source->Plan().where.empty() && !AsksTheTime(source->Plan());
-  if (const auto older = last.lock(); older && canLast) list = older->OpenAgain(source);
-  if (!list) list = NewList(source);
+  const auto older = last.lock();
+  if (older && canLast) list = older->OpenAgain(source);
+  if (!list) {
+    list = NewList(source);
+    if (const auto row = older ? older->RowGoneTo() : std::nullopt) list->BeginAlsoAt(*row);
+  }
   last = list;
   return list;
 }

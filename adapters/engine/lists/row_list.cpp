@@ -9,7 +9,7 @@ namespace engine {
 bool RowList::Fetch(Place& place) { return FetchRow(place, RowSource::Missing::Gone); }
 
 bool RowList::FetchRow(Place& place, RowSource::Missing missing) {
-  auto page = std::make_shared<RowPage>(source_->Plan().columns.size(), source_->KeyCount());
+  auto page = source_->NewPage();
   page->cells.Reserve(page->columns);
   if (!source_->Fetch(place.keys.data(), *page, missing)) return false;
   place.keys = page->keys;

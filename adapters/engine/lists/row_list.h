@@ -28,6 +28,11 @@ class RowList {
   /// nullptr when it can't.
   virtual std::shared_ptr<RowList> OpenAgain(const std::shared_ptr<RowSource>&) { return nullptr; }
 
+  /// The row, by its key in the first table, that was gone to last: a list that is opened anew is mostly opened to stand on it again.
+  virtual std::optional<std::int64_t> RowGoneTo() const { return {}; }
+  /// Before anything is read: that row is expected to be gone to next.
+  virtual void BeginAlsoAt(std::int64_t rowKey) { static_cast<void>(rowKey); }
+
   /// The first (last) row, the row behind (before) a place. False when there is none: the place is then as it was.
   virtual bool First(Place& place) = 0;
   virtual bool Last(Place& place) = 0;
@@ -36,6 +41,8 @@ class RowList {
 
   /// Reads the row anew from the store; false when it is gone.
   virtual bool Fetch(Place& place);
+  /// Whether that would find the row as it was read.
+  bool StillSo(const Place& place) const { return place.page != nullptr && source_->StillSo(*place.page); }
 
   /// The identity that a bookmark carries, and the place that it names. A text that can't be a bookmark of this list: 3159; a
   /// row that is gone: 3167.

@@ -97,6 +97,8 @@ class KeyWalker {
   /// The row with that key, if it is in the list, and those behind it: up to `rows` of them. Finds nothing where its order column is Null, nor
   /// others where theirs is. For walks of at most one order column, in stores that compare rows as wholes; their number.
   std::int64_t ReadFrom(std::int64_t rowKey, Direction direction, std::int64_t rows, const Sink& sink);
+  /// The walk's first row, and behind it the same.
+  void ReadFirstAndFrom(std::int64_t rowKey, Direction direction, std::int64_t rows, const Sink& sink);
   /// The same as ReadRow for several rows, in any order.
   void ReadRows(std::span<const std::int64_t> rowKeys, const Sink& sink);
   /// Where the table has the row with that key now; nothing when it is gone.
@@ -142,6 +144,8 @@ class KeyWalker {
   std::string StretchText(Direction direction, const OrderPlace* from, const OrderPlace& until, Step step, What what) const;
   const SqlText& Ready(SqlText& text, std::string_view columns, bool filtered) const;
   void BindPlace(Query& query, const Request& request, const Level& level) const;
+  std::string FromRowText(Direction direction, std::int64_t rows) const;
+  std::int64_t AskFromRow(std::int64_t rowKey, std::string_view sql, const Sink& sink);
   std::string StatementText(const Request& request, const Level& level) const;
   std::string SortedText(const Request& request, const Level& level, const std::string& limit) const;
   std::string PlacedText(const Request& request, const Level& level) const;

@@ -134,16 +134,30 @@ std::int64_t KeyWalker::CountBefore(Direction direction, const OrderPlace& place
 }
 
 std::int64_t KeyWalker::ReadFrom(std::int64_t rowKey, Direction direction, std::int64_t rows, const Sink& sink) {
+  return AskFromRow(rowKey, FromRowText(direction, rows), sink);
+}
+
+void KeyWalker::ReadFirstAndFrom(std::int64_t rowKey, Direction direction, std::int64_t rows, const Sink& sink) {
+  const std::string first = "SELECT " + RowColumns() + " FROM " + from_ + (filter_.empty() ? "" : " WHERE " + filter_) + " ORDER BY " +
+                            OrderText(direction, 0) + " LIMIT 1";
+  AskFromRow(rowKey, '(' + first + ") UNION ALL (" + FromRowText(direction, rows) + ')', sink);
+}
+
+std::string KeyWalker::FromRowText(Direction direction, std::int64_t rows) const {
   assert(order_.size() <= 1);
   const PlanTable& table = shape_.plan.tables.front();
   const std::string within = direction == Direction::Up ? " >= " : " <= ";
   const auto key = [&](const std::string& place, const std::string& own) { return order_.empty() ? own : '(' + place + ", " + own + ')'; };
   const std::string place = order_.empty() ? "" : comparable_[0];
-  Query query(store_, std::string_view("SELECT walked.* FROM (SELECT " + (order_.empty() ? "" : place + " AS place, ") + rowKey_ + " AS key FROM " +
-                                       table.table->storeName + " AS " + table.alias + " WHERE " + rowKey_ + " = " + dialect_.Parameter(1) +
-                                       ") AS begin CROSS JOIN LATERAL (SELECT " + RowColumns() + " FROM " + from_ + " WHERE " +
-                                       key(place, rowKey_) + within + key("begin.place", "begin.key") + (filter_.empty() ? "" : " AND (" + filter_ + ')') +
-                                       " ORDER BY " + OrderText(direction, 0) + " LIMIT " + std::to_string(rows) + ") AS walked"));
+  return "SELECT walked.* FROM (SELECT " + (order_.empty() ? "" : place + " AS place, ") + rowKey_ + " AS key FROM " +
+         table.table->storeName + " AS " + table.alias + " WHERE " + rowKey_ + " = " + dialect_.Parameter(1) +
+         ") AS begin CROSS JOIN LATERAL (SELECT " + RowColumns() + " FROM " + from_ + " WHERE " + key(place, rowKey_) + within +
+         key("begin.place", "begin.key") + (filter_.empty() ? "" : " AND (" + filter_ + ')') + " ORDER BY " + OrderText(direction, 0) +
+         " LIMIT " + std::to_string(rows) + ") AS walked";
+}
+
+std::int64_t KeyWalker::AskFromRow(std::int64_t rowKey, std::string_view sql, const Sink& sink) {
+  Query query(store_, sql);
   if (filter_.empty() || inBounds_) query.PlanOnce();
   query.Bind(1, rowKey);
   std::int64_t read = 0;

@@ -34,6 +34,7 @@ struct RowPage {
   std::size_t keysPerRow;
   PackedCells cells;
   std::vector<std::int64_t> keys;
+  std::uint64_t version = 0;  ///< the source's, from before the rows were read; for RowSource::StillSo
 };
 
 /// A row key where an outer join found no row.

@@ -149,6 +149,33 @@ std::uint64_t RowSource::MixedVersion() const {
   return mixed;
 }
 
+std::shared_ptr<RowPage> RowSource::NewPage(std::size_t more) {
+  auto page = std::make_shared<RowPage>(Plan().columns.size() + more, KeyCount());
+  page->version = HeardAt() ? Version() : MixedVersion();
+  return page;
+}
+
+// When the last of its files has heard of others, if all are told of them.
+std::optional<std::chrono::steady_clock::time_point> RowSource::HeardAt() const {
+  auto least = std::chrono::steady_clock::time_point::max();
+  for (const auto& file : shape_->files) {
+    const auto heard = file->HeardAt();
+    if (!heard) return {};
+    least = std::min(least, *heard);
+  }
+  return least;
+}
+
+bool RowSource::HeardJustNow() const {
+  // In which those who write gather what they tell.
+  constexpr std::chrono::milliseconds kMoment{100};
+  const auto heard = HeardAt();
+  return heard && std::chrono::steady_clock::now() - *heard < kMoment;
+}
+
+// A row of a join may stand there without its partners.
+bool RowSource::StillSo(const RowPage& page) { return KeyCount() == 1 && HeardJustNow() && page.version == Version(); }
+
 std::uint64_t RowSource::OwnVersion() const {
   std::uint64_t writes = 0;
   for (std::size_t i = 0; i < others_.size(); ++i) writes += shape_->files[i]->OwnVersion();

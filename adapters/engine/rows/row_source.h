@@ -125,6 +125,14 @@ class RowSource {
   /// The number found last, nobody asked: an older one when others have written since.
   std::uint64_t KnownVersion() const { return MixedVersion(); }
 
+  /// A page for rows of its columns with so many values more behind each.
+  std::shared_ptr<RowPage> NewPage(std::size_t more = 0);
+  /// Whether the rows of a page are as they would be if they were read now, as far as is known without asking: nobody has written since, of
+  /// whom is told. Only where asking costs most, and of rows of one table.
+  bool StillSo(const RowPage& page);
+  /// Whether that can be: others' writes of up to a moment ago are known.
+  bool HeardJustNow() const;
+
   /// A number that changes with each commit of this engine's.
   std::uint64_t OwnVersion() const;
 
@@ -160,6 +168,7 @@ class RowSource {
 
  private:
   std::uint64_t MixedVersion() const;
+  std::optional<std::chrono::steady_clock::time_point> HeardAt() const;
   void BindKeys(Query& query, const std::int64_t* keys) const;
   template <class IsThere>
   bool AllThere(const std::int64_t* keys, IsThere isThere) const;

@@ -226,7 +226,7 @@ std::optional<Place> IndexedSearch::Probe(const Place* after, KeyBounds bounds) 
   if (bounds.lower || bounds.upper) request.bounds = &bounds;
   const bool keepsNext = source_.OwnDialect().rowsAtOnce > 1;
   if (keepsNext) next_.version = source_.Version();
-  const auto page = std::make_shared<RowPage>(source_.Fields().size() + walker_.Order().size(), 1);
+  const auto page = source_.NewPage(walker_.Order().size());
   const auto isShort = [&] { return static_cast<std::int64_t>(page->Rows()) < wanted; };
   walker_.Read(request, [&](const Query& row) {
     if (!list_.IsPinned(row.Int(walker_.RowKeyAt(false)))) walker_.AppendRow(row, *page);
@@ -279,7 +279,7 @@ std::optional<bool> IndexedSearch::WalkAmong(std::int64_t rows, const Place* aft
   request.among = rows;
   const std::string condition = '(' + plan_.where + ')';
   request.condition = condition;
-  const auto page = std::make_shared<RowPage>(source_.Fields().size() + walker_.Order().size(), 1);
+  const auto page = source_.NewPage(walker_.Order().size());
   walker_.Read(request, [&](const Query& row) {
     if (!list_.IsPinned(row.Int(walker_.RowKeyAt(false)))) walker_.AppendRow(row, *page);
     return page->Rows() == 0;

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -40,6 +42,9 @@ class StoreFile {
 
   /// Changes with each commit by others. A quick question to the file.
   virtual std::int64_t OthersVersion() = 0;
+  /// Up to when others' commits are known, at least, where the store is told of them, so that OthersVersion asks nobody; nothing where
+  /// it asks.
+  virtual std::optional<std::chrono::steady_clock::time_point> HeardAt() const { return {}; }
   /// Changes with each write of this store's own. Asks nobody.
   virtual std::uint64_t OwnVersion() const = 0;
   /// Changes with every change of table definitions, by anyone.

@@ -102,6 +102,7 @@ std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
   if (units_.empty() && trip.notice.empty() && OwesNotice()) trip.notice = Notice(false);
   if (!units_.empty() && trip.asksNumber) (trip.tells ? unitWrote_ : unitDefined_) = true;
   if (std::exchange(fresh_, false) && !asks_) trip.ahead.push_back(kListen);
+  sent_ = std::chrono::steady_clock::now();
   active_ = link_.Send(trip);
   // What was not sent at all is known to be undone.
   if (marked && units_.empty() && !active_->done) {
@@ -140,10 +141,14 @@ void ServerConnection::FinishActive() {
 void ServerConnection::Settle(Run& run) {
   if (active_.get() != &run) return;
   const std::shared_ptr<Run> held = std::exchange(active_, nullptr);  // maybe by nobody else
+  ended_ = std::chrono::steady_clock::now();
   if (run.aheadDone) listens_ = true;
-  if (!run.snapshot.empty() && watch_.Others(run.snapshot)) {
-    ++others_;
-    ++strangers_;
+  if (!run.snapshot.empty()) {
+    heard_ = sent_;
+    if (watch_.Others(run.snapshot)) {
+      ++others_;
+      ++strangers_;
+    }
   }
   watch_.Own(run.number);
   watch_.Own(run.notice);
@@ -306,6 +311,12 @@ std::string ServerConnection::Notice(bool withLast) {
 
 bool ServerConnection::OwesNotice() const { return !owed_.empty() && std::chrono::steady_clock::now() - told_ >= kBetweenNotices; }
 
+// Whoever has just asked something mostly asks more, and that trip takes along what is owed.
+bool ServerConnection::IsInAnAct() const {
+  constexpr std::chrono::milliseconds kBetweenTrips{20};
+  return std::chrono::steady_clock::now() - ended_ < kBetweenTrips;
+}
+
 void ServerConnection::Hear() {
   for (const std::string& message : link_.Messages()) {
     bool news = message.empty();
@@ -335,13 +346,18 @@ std::int64_t ServerConnection::OthersVersion() {
   if (active_ == nullptr) Hear();
   if (!listens_ || !link_.IsOpen()) {
     AskOthers();
-  } else if (active_ == nullptr && units_.empty() && OwesNotice()) {
+  } else if (active_ == nullptr && units_.empty() && OwesNotice() && !IsInAnAct()) {
     Trip trip;  // as at EndReading
     trip.notice = Notice(false);
     active_ = link_.Send(trip);
     active_->unwanted = true;
   }
   return others_;
+}
+
+std::optional<std::chrono::steady_clock::time_point> ServerConnection::HeardAt() const {
+  if (!listens_ || !link_.IsOpen()) return {};
+  return heard_;
 }
 
 const std::string& ServerConnection::AskedOf(const std::string& schema) const {

@@ -20,6 +20,7 @@ class ServerFile final : public StoreFile {
   bool ReadOnly() const override { return readOnly_; }
 
   std::int64_t OthersVersion() override { return connection_.OthersVersion(); }
+  std::optional<std::chrono::steady_clock::time_point> HeardAt() const override { return connection_.HeardAt(); }
   std::uint64_t OwnVersion() const override { return connection_.Writes(schema_); }
   std::int64_t SchemaVersion() override;
 

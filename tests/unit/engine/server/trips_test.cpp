@@ -1,63 +1,14 @@
 // How many round trips to the server each act of a desk takes: on a slow line they are what people wait for.
 #include <algorithm>
-#include <functional>
+#include <thread>
 
-#include "engine/catalogue/stores.h"
-#include "engine/objects/engine.h"
-#include "support/counting_proxy.h"
-#include "unit/engine/server/server_test.h"
+#include "unit/engine/server/trips.h"
 
 namespace {
 
 using platform::FieldType;
 using platform::RecordsetType;
 using platform::Value;
-
-constexpr const char* kList = "SELECT * FROM Customers ORDER BY LastName";
-
-std::vector<platform::TableDefinition> Tables() {
-  return {{"Customers",
-           {Field("AcctNum", FieldType::Counter), TextField("LastName", 30), TextField("City", 30), Field("Balance", FieldType::Currency)},
-           {{"PrimaryKey", {"AcctNum"}, true, true}, {"ByName", {"LastName"}, false, false}}},
-          {"Phones",
-           {Field("RecordID", FieldType::Counter), Field("AcctNum", FieldType::Long), TextField("Phone", 7)},
-           {{"PrimaryKey", {"RecordID"}, true, true}, {"ByAcct", {"AcctNum"}, false, false}}}};
-}
-
-/// A desk behind a line that counts, and a list of 5,000 customers: 50 of each name.
-class Trips : public ServerTest {
- protected:
-  Trips() : proxy(server_.Socket()) {
-    Create("customer.zdb", Tables());
-    Other("INSERT INTO orv1_customer.\"Customers\" (\"LastName\", \"City\", \"Balance\") SELECT 'Name' || lpad((n % 100)::text, 3, '0'), "
-          "'City' || n, n FROM generate_series(1, 5000) AS n; ANALYZE");
-    path = proxy.PathOf(database_) + "orv1/customer.zdb";
-    engine::EngineOptions options;
-    options.now = engine::LocalNow;
-    engine = engine::MakeEngineOver(engine::OneStore(std::make_unique<engine::postgres::PostgresStore>(engine::postgres::Patience{})), options);
-  }
-
-  std::uint64_t TripsOf(const std::function<void()>& act) const {
-    const std::uint64_t before = proxy.Trips();
-    act();
-    return proxy.Trips() - before;
-  }
-
-  void OpenDatabase() { database = engine->OpenControlDatabase(path); }
-  void OpenList() { list = database->OpenRecordset(kList, RecordsetType::Dynaset); }
-  std::vector<platform::ListRow> Page() { return list->Window().RowsAfter(list->Bookmark(), 49); }
-  void ReadAllPlaces() {
-    while (list->Window().IdleSlice()) {
-    }
-  }
-  std::string NameHere() const { return list->Field("LastName").As<std::string>(); }
-
-  CountingProxy proxy;
-  std::string path;
-  std::unique_ptr<platform::DataEngine> engine;
-  platform::DatabaseRef database;
-  platform::RecordsetRef list;
-};
 
 TEST_F(Trips, OpeningTheListIsOneBehindItsDefinitions) {
   // The connection; whether there is such a file; its format.
@@ -273,11 +224,12 @@ TEST_F(Trips, TheFirstRowThatIsSoughtComesWithItsPage) {
     std::vector<platform::ListRow> page;
     EXPECT_EQ(TripsOf([&] { page = Page(); }), 0) << order;
     EXPECT_EQ(page.size(), 49);
-    EXPECT_EQ(TripsOf([&] { list->FindFirst("AcctNum = 2550"); }), 1) << order;
+    EXPECT_EQ(TripsOf([&] { list->FindFirst("AcctNum = 2550"); }), 0) << order;
     database->Execute("UPDATE Customers SET Balance = 1 WHERE AcctNum = 1", platform::dbFailOnError);
     EXPECT_EQ(accounts(Page()), accounts(page)) << order;
-    EXPECT_EQ(TripsOf([&] { list->FindFirst("AcctNum = 4750"); }), 1) << order;
-    EXPECT_EQ(TripsOf([&] { Page(); }), 1) << order;
+    EXPECT_EQ(TripsOf([&] { list->FindFirst("AcctNum = 175"); }), 1) << order;
+    // What others are still to be told of the change may go ahead of it.
+    EXPECT_LE(TripsOf([&] { Page(); }), 2) << order;
   }
 }
 
@@ -312,10 +264,13 @@ TEST_F(Trips, AFarPlaceIsOneBehindIdleWork) {
   EXPECT_EQ(TripsOf([&] { EXPECT_EQ(list->Window().RowsAt(4'990, 50).size(), 10); }), 1);
 }
 
-TEST_F(Trips, FromEditToThePageAreThree) {
+TEST_F(Trips, FromEditToThePageAreTwoOrThree) {
   OpenDatabase();
   OpenList();
   list->FindFirst("AcctNum = 2500");
+  // In the act in which the row was read it needn't be read again; later it must.
+  EXPECT_EQ(TripsOf([&] { list->Edit(); }), 0);
+  std::this_thread::sleep_for(kLater);
   EXPECT_EQ(TripsOf([&] { list->Edit(); }), 1);
   EXPECT_EQ(TripsOf([&] {
               list->SetField("City", Value("Elsewhere"));

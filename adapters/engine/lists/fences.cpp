@@ -5,6 +5,12 @@
 #include "platform/values/error.h"
 
 namespace engine {
+namespace {
+
+// To collect places that have taken less costs hardly anything.
+constexpr auto kLong = std::chrono::milliseconds(50);
+
+}  // namespace
 
 Fences::Fences(RowSource& source, KeyWalker& walker, KeyWalker* bounded, Direction forward)
     : source_(source), walker_(walker), bounded_(bounded), forward_(forward) {
@@ -17,9 +23,10 @@ Fences::Fences(RowSource& source, KeyWalker& walker, KeyWalker* bounded, Directi
     source_.Shape().collecting = building_;
 }
 
-// What another list of the statement has collected last.
+// What another list of the statement has collected last. As long as they are quickly collected anew, no list begins with places that are off.
 void Fences::TakeKnown() {
   const auto other = source_.Shape().places.lock();
+  if (other && other->took < kLong && other->version != source_.KnownVersion()) return;
   if (other && other->ofBounded == (bounded_ != nullptr) && (!known_ || known_->ended < other->ended)) known_ = other;
 }
 
@@ -59,7 +66,6 @@ bool Fences::AskingIsDear() const { return source_.OwnDialect().rowsAtOnce > 1; 
 
 // A hundred desks would keep a server at nothing else, each for its own long list, as long as one of them writes.
 bool Fences::Rest() const {
-  constexpr auto kLong = std::chrono::milliseconds(50);
   constexpr int kTimesAsLong = 200;
   return known_ && !building_->begun && AskingIsDear() && known_->took >= kLong &&
          std::chrono::steady_clock::now() - known_->ended < kTimesAsLong * known_->took;

@@ -151,27 +151,11 @@ std::uint64_t RowSource::MixedVersion() const {
 
 std::shared_ptr<RowPage> RowSource::NewPage(std::size_t more) {
   auto page = std::make_shared<RowPage>(Plan().columns.size() + more, KeyCount());
-  page->version = HeardAt() ? Version() : MixedVersion();
+  page->version = std::ranges::all_of(shape_->files, &StoreFile::IsTold) ? Version() : MixedVersion();
   return page;
 }
 
-// When the last of its files has heard of others, if all are told of them.
-std::optional<std::chrono::steady_clock::time_point> RowSource::HeardAt() const {
-  auto least = std::chrono::steady_clock::time_point::max();
-  for (const auto& file : shape_->files) {
-    const auto heard = file->HeardAt();
-    if (!heard) return {};
-    least = std::min(least, *heard);
-  }
-  return least;
-}
-
-bool RowSource::HeardJustNow() const {
-  // In which those who write gather what they tell.
-  constexpr std::chrono::milliseconds kMoment{100};
-  const auto heard = HeardAt();
-  return heard && std::chrono::steady_clock::now() - *heard < kMoment;
-}
+bool RowSource::HeardJustNow() const { return std::ranges::all_of(shape_->files, &StoreFile::HeardJustNow); }
 
 // A row of a join may stand there without its partners.
 bool RowSource::StillSo(const RowPage& page) { return KeyCount() == 1 && HeardJustNow() && page.version == Version(); }

@@ -24,6 +24,7 @@ class KeyWalker;
 class RowList;
 struct CollectedPlaces;
 struct CollectingPlaces;
+struct FoundWay;
 
 /// One column that orders a list.
 struct OrderColumn {
@@ -70,6 +71,8 @@ class RowShape {
     std::chrono::steady_clock::time_point at;
   };
   mutable std::optional<Count> counted;
+  /// How its first page was found last, in a store that plans by itself.
+  mutable std::shared_ptr<FoundWay> foundWay;
 
   /// One row of a join: the driving table's by its key, the others' as the join ties them to it now, so that code and name
   /// always stand for the same thing. Tables that no unique field ties are found by their own keys, too.
@@ -168,7 +171,6 @@ class RowSource {
 
  private:
   std::uint64_t MixedVersion() const;
-  std::optional<std::chrono::steady_clock::time_point> HeardAt() const;
   void BindKeys(Query& query, const std::int64_t* keys) const;
   template <class IsThere>
   bool AllThere(const std::int64_t* keys, IsThere isThere) const;

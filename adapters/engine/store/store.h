@@ -1,10 +1,8 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -42,9 +40,10 @@ class StoreFile {
 
   /// Changes with each commit by others. A quick question to the file.
   virtual std::int64_t OthersVersion() = 0;
-  /// Up to when others' commits are known, at least, where the store is told of them, so that OthersVersion asks nobody; nothing where
-  /// it asks.
-  virtual std::optional<std::chrono::steady_clock::time_point> HeardAt() const { return {}; }
+  /// Whether the store is told of others' commits, so that OthersVersion asks nobody.
+  virtual bool IsTold() const { return false; }
+  /// Whether all up to a moment ago are known by that.
+  virtual bool HeardJustNow() const { return false; }
   /// Changes with each write of this store's own. Asks nobody.
   virtual std::uint64_t OwnVersion() const = 0;
   /// Changes with every change of table definitions, by anyone.

@@ -14,7 +14,6 @@ namespace engine::postgres {
 namespace {
 
 constexpr const char* kListen = "LISTEN orcussch";
-constexpr std::chrono::milliseconds kBetweenNotices{100};
 constexpr std::chrono::milliseconds kBetweenQuestions{1};
 // Whoever hears no number asks for everything again.
 constexpr const char* kTellDefinitions = "SELECT pg_current_xact_id(), set_config('synchronous_commit', 'off', true), pg_notify('orcussch', '')";
@@ -30,6 +29,7 @@ std::string LockText(const std::string& schema) {
 
 ServerConnection::ServerConnection(const Target& target, Patience patience)
     : patience_(patience.connect),
+      moment_(patience.moment),
       link_(target, patience, marks_.Desk(), [this] { ServePainting(); }),
       wholeFiles_(patience.wholeFiles),
       asks_(patience.asks) {}
@@ -302,14 +302,14 @@ void ServerConnection::CountWrite(const std::string& schema) { ++writes_[schema]
 // of a second will do; what is left over goes along with a later trip.
 std::string ServerConnection::Notice(bool withLast) {
   const auto now = std::chrono::steady_clock::now();
-  if (withLast && now - told_ < kBetweenNotices) return {};
+  if (withLast && now - told_ < moment_) return {};
   told_ = now;
   const std::string last = withLast ? "current_setting('orcussch.wrote') || ' ' || " : "";
   return "SELECT pg_current_xact_id(), set_config('synchronous_commit', 'off', true), pg_notify('orcussch', " + last +
          "pg_current_xact_id()::text || '" + std::exchange(owed_, {}) + "')";
 }
 
-bool ServerConnection::OwesNotice() const { return !owed_.empty() && std::chrono::steady_clock::now() - told_ >= kBetweenNotices; }
+bool ServerConnection::OwesNotice() const { return !owed_.empty() && std::chrono::steady_clock::now() - told_ >= moment_; }
 
 // Whoever has just asked something mostly asks more, and that trip takes along what is owed.
 bool ServerConnection::IsInAnAct() const {
@@ -355,10 +355,9 @@ std::int64_t ServerConnection::OthersVersion() {
   return others_;
 }
 
-std::optional<std::chrono::steady_clock::time_point> ServerConnection::HeardAt() const {
-  if (!listens_ || !link_.IsOpen()) return {};
-  return heard_;
-}
+bool ServerConnection::IsTold() const { return listens_ && link_.IsOpen(); }
+
+bool ServerConnection::HeardJustNow() const { return IsTold() && std::chrono::steady_clock::now() - heard_ < moment_; }
 
 const std::string& ServerConnection::AskedOf(const std::string& schema) const {
   static const std::string none;

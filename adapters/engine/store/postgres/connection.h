@@ -55,8 +55,10 @@ class ServerConnection final : public Channel {
   /// Changes when somebody else has written anything there and this connection knows of it: at once where he tells (as the program does),
   /// with the next trip in any case. Asks the server only where it can't listen or was told to ask.
   std::int64_t OthersVersion();
-  /// When the last trip began that has told of others' commits; nothing while nobody tells of them.
-  std::optional<std::chrono::steady_clock::time_point> HeardAt() const;
+  /// Whether others tell of their commits.
+  bool IsTold() const;
+  /// Whether a trip has told of them that began in this moment.
+  bool HeardJustNow() const;
   /// Changes with what others may have done to definitions: every write of which nobody told that it wrote rows alone.
   std::int64_t StrangersVersion() const noexcept { return strangers_; }
   /// Changes with each change of definitions by this connection.
@@ -120,6 +122,7 @@ class ServerConnection final : public Channel {
   SaveMarks marks_;
   bool asking_ = false;  ///< what became of a save
   int patience_;         ///< for connecting
+  std::chrono::milliseconds moment_;
   Link link_;
   Clock clock_ = LocalNow;
   bool wholeFiles_;
@@ -141,9 +144,9 @@ class ServerConnection final : public Channel {
   std::map<std::string, std::string> asked_;
   SnapshotWatch watch_;
   std::int64_t others_ = 0;
-  std::chrono::steady_clock::time_point sent_;   ///< the last trip that asks for others' commits
-  std::chrono::steady_clock::time_point ended_;  ///< the last trip
-  std::chrono::steady_clock::time_point heard_;  ///< of them, as of the moment when it was sent
+  std::chrono::steady_clock::time_point sent_;   ///< the last trip, all of which ask for others' commits
+  std::chrono::steady_clock::time_point ended_;  ///< the last one, too
+  std::chrono::steady_clock::time_point heard_;  ///< when the last one was sent that has told of them
   std::int64_t strangers_ = 0;
   std::uint64_t definitions_ = 0;
   bool asks_;             ///< whether others have written is asked each time

@@ -20,7 +20,8 @@ class ServerFile final : public StoreFile {
   bool ReadOnly() const override { return readOnly_; }
 
   std::int64_t OthersVersion() override { return connection_.OthersVersion(); }
-  std::optional<std::chrono::steady_clock::time_point> HeardAt() const override { return connection_.HeardAt(); }
+  bool IsTold() const override { return connection_.IsTold(); }
+  bool HeardJustNow() const override { return connection_.HeardJustNow(); }
   std::uint64_t OwnVersion() const override { return connection_.Writes(schema_); }
   std::int64_t SchemaVersion() override;
 

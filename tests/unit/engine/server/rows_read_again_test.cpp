@@ -12,16 +12,20 @@ namespace {
 using platform::RecordsetType;
 using platform::Value;
 
+constexpr std::chrono::milliseconds kMessagesPass{150};
+
 /// Another desk, whose program tells what it writes.
 class RowsReadAgain : public Trips {
  protected:
-  RowsReadAgain() : other(MakeDesk({})), others(other->OpenControlDatabase(Path("customer.zdb"))) {
+  explicit RowsReadAgain(const engine::postgres::Patience& patience = kAllOneMoment)
+      : Trips(patience), other(MakeDesk({})), others(other->OpenControlDatabase(Path("customer.zdb"))) {
     OpenDatabase();
     OpenList();
   }
   void OtherDesk(const std::string& sql) const {
+    std::this_thread::sleep_for(kMessagesPass);  // what is written in one moment is told together
     others->Execute(sql, platform::dbFailOnError);
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));  // a message takes a moment
+    std::this_thread::sleep_for(kMessagesPass);
   }
 
   std::unique_ptr<platform::DataEngine> other;
@@ -33,19 +37,33 @@ TEST_F(RowsReadAgain, AreNotInTheActThatReadThem) {
   EXPECT_EQ(TripsOf([&] { list->Edit(); }), 0);
   EXPECT_EQ(TripsOf([&] { list->FindFirst("AcctNum = 2500"); }), 0);
   EXPECT_EQ(list->Mode(), platform::EditMode::None);
-  std::this_thread::sleep_for(kLater);
+}
+
+class RowsReadAgainLater : public RowsReadAgain {
+ protected:
+  RowsReadAgainLater() : RowsReadAgain({.moment = 1}) {}
+  static void Later() { std::this_thread::sleep_for(std::chrono::milliseconds(5)); }
+};
+
+TEST_F(RowsReadAgainLater, AreAsked) {
+  list->FindFirst("AcctNum = 2500");
+  Later();
   EXPECT_EQ(TripsOf([&] { list->FindFirst("AcctNum = 2500"); }), 1);
-  std::this_thread::sleep_for(kLater);
+  Later();
   EXPECT_EQ(TripsOf([&] { list->Edit(); }), 1);
 }
 
-// Nor behind other questions, which tell that nobody has written.
-TEST_F(RowsReadAgain, AreNotWhereATripHasToldThatNobodyWrote) {
+class RowsReadAgainSoon : public RowsReadAgain {
+ protected:
+  RowsReadAgainSoon() : RowsReadAgain({.moment = 3'000}) {}
+};
+
+// Behind other questions, which tell that nobody has written.
+TEST_F(RowsReadAgainSoon, AreNotWhereATripHasToldThatNobodyWrote) {
   list->FindFirst("AcctNum = 2500");
-  for (int i = 0; i < 10; ++i) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(30));
-    database->OpenRecordset("SELECT Phone FROM Phones WHERE AcctNum = " + std::to_string(i), RecordsetType::Snapshot);
-  }
+  std::this_thread::sleep_for(std::chrono::milliseconds(2'000));
+  database->OpenRecordset("SELECT Phone FROM Phones WHERE AcctNum = 1", RecordsetType::Snapshot);
+  std::this_thread::sleep_for(std::chrono::milliseconds(1'500));
   EXPECT_EQ(TripsOf([&] { list->Edit(); }), 0);
 }
 
@@ -54,7 +72,6 @@ TEST_F(RowsReadAgain, AreWhenAnotherDeskHasWritten) {
   OtherDesk("UPDATE Customers SET City = 'Elsewhere' WHERE AcctNum = 2500");
   EXPECT_EQ(TripsOf([&] { list->Edit(); }), 1);
   EXPECT_EQ(list->Field("City"), Value("Elsewhere"));
-  std::this_thread::sleep_for(kLater);  // what is written in one moment is told together
   list->FindFirst("AcctNum = 2500");
   OtherDesk("DELETE FROM Customers WHERE AcctNum = 2500");
   EXPECT_EQ(ErrorOf([&] { list->Edit(); }), 3167);

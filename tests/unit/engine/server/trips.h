@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -12,8 +11,8 @@
 #include "unit/engine/server/server_test.h"
 
 inline constexpr const char* kList = "SELECT * FROM Customers ORDER BY LastName";
-/// When nobody takes a row that was read for as good as new.
-inline constexpr std::chrono::milliseconds kLater{150};
+/// Rows that were read count as just read through all of a test.
+inline constexpr engine::postgres::Patience kAllOneMoment{.moment = 600'000};
 
 inline std::vector<platform::TableDefinition> CustomersAndPhones() {
   using platform::FieldType;
@@ -28,12 +27,12 @@ inline std::vector<platform::TableDefinition> CustomersAndPhones() {
 /// A desk behind a line that counts, and a list of 5,000 customers: 50 of each name.
 class Trips : public ServerTest {
  protected:
-  Trips() : proxy(server_.Socket()) {
+  explicit Trips(const engine::postgres::Patience& patience = kAllOneMoment) : proxy(server_.Socket()) {
     Create("customer.zdb", CustomersAndPhones());
     Other("INSERT INTO orv1_customer.\"Customers\" (\"LastName\", \"City\", \"Balance\") SELECT 'Name' || lpad((n % 100)::text, 3, '0'), "
           "'City' || n, n FROM generate_series(1, 5000) AS n; ANALYZE");
     path = proxy.PathOf(database_) + "orv1/customer.zdb";
-    engine = MakeDesk({});
+    engine = MakeDesk(patience);
   }
 
   static std::unique_ptr<platform::DataEngine> MakeDesk(const engine::postgres::Patience& patience) {

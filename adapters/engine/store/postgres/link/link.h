@@ -20,6 +20,7 @@ struct Patience {
   int lock = 2'000;        ///< for others' locks
   int connect = 10'000;    ///< for all hosts together
   int silence = 120'000;   ///< for a server that takes what it is sent and answers nothing
+  int moment = 100;        ///< in which a desk gathers what it tells others, and rows that were read needn't be read again
   bool asks = false;       ///< whoever looks at rows that are here first asks whether others have written, instead of waiting to be told
   bool wholeFiles = false; ///< whoever writes in a unit locks all tables of the schema
 };

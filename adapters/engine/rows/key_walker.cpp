@@ -196,6 +196,7 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
     SqlText own;
     Query query(store_, Joined(request, levels, own));
     if (OnePlanDoes(request)) query.PlanOnce();
+    if (request.among > 0) query.PlanAlong();
     for (const Level& level : levels) BindPlace(query, request, level);
     return Take(query, request, left, sink, goOn);
   }
@@ -206,6 +207,7 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
     SqlText own;
     Query query(store_, Statement(request, level, own));
     if (OnePlanDoes(request)) query.PlanOnce();
+    if (request.among > 0) query.PlanAlong();
     BindPlace(query, request, level);
     left -= Take(query, request, left, sink, goOn);
   }

@@ -73,7 +73,7 @@ std::string KeyWalker::MarkedText(const Request& request, const Level& level, co
 // A store that plans the statement for all of its rows must see how few they are: it would put the whole table in order else. So the
 // stretch is cut off first, along its index, and then filtered; that only the first ones are wanted keeps it from looking at all rows of
 // the tables that the filter asks. Both numbers stand in the text: a statement without parameters is planned when it is first run and not
-// again.
+// again. Rows between bounds may be taken for so few that all of them would be put in order.
 void KeyWalker::ReadAmongNext(Direction direction, const OrderPlace* from, std::int64_t rows, const KeyWalker& counted, std::int64_t most,
                               const Sink& sink) {
   Request request;
@@ -86,6 +86,7 @@ void KeyWalker::ReadAmongNext(Direction direction, const OrderPlace* from, std::
   Query query(store_, std::string_view("SELECT " + RowColumns() + " FROM (SELECT " + alias + ".* FROM " + counted.from_ +
                                        (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + std::to_string(rows) + ") AS " + alias +
                                        (filter_.empty() ? "" : " WHERE " + filter_) + order + " LIMIT " + std::to_string(most)));
+  query.PlanAlong();
   BindPlace(query, request, level);
   for (std::int64_t left = most; left > 0 && query.Step(); --left)
     if (!sink(query)) return;

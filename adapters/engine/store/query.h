@@ -38,6 +38,8 @@ class Query {
 
   /// One plan does for all values (Statement::PlanOnce).
   void PlanOnce() { statement_->PlanOnce(); }
+  /// An index gives the order (Statement::PlanAlong).
+  void PlanAlong() { statement_->PlanAlong(); }
   bool Step() { return statement_->Step(); }
   /// The same for a value that stays where it is until the run has ended.
   void BindInPlace(int parameter, const platform::Value& value) {

@@ -42,6 +42,9 @@ class Statement {
   /// Told before a run: its rows are few, and the way to them is the same whatever values are bound. A store that plans each run for its
   /// values may then plan once.
   virtual void PlanOnce() {}
+  /// Told before a run, instead of that: its rows are few, and the order in which they are wanted is that of an index, along which they are
+  /// to be found. A store that plans by itself may think it less work to put all rows in order.
+  virtual void PlanAlong() {}
   /// True when there is a row.
   virtual bool Step() = 0;
   /// Makes it ready for another run; bindings stay.

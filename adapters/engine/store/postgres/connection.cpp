@@ -97,7 +97,7 @@ std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
   // Inside a unit of reads it stays the same.
   trip.asksSnapshot = !unitKnown;
   // It would hold for the rest of a unit.
-  trip.planOnce = trip.planOnce && units_.empty();
+  if (!units_.empty()) trip.planning = Planning::ForValues;
   if (units_.empty() && trip.tells) trip.notice = Notice(true);
   if (units_.empty() && trip.notice.empty() && OwesNotice()) trip.notice = Notice(false);
   if (!units_.empty() && trip.asksNumber) (trip.tells ? unitWrote_ : unitDefined_) = true;

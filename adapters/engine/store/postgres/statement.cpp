@@ -125,7 +125,8 @@ Trip ServerStatement::Prepared() {
   trip.asksNumber = writes_;
   trip.tells = writes_ && !defines_;
   trip.schema = schema_;
-  trip.planOnce = trip.isShort = planOnce_;
+  trip.planning = planning_;
+  trip.isShort = planning_ != Planning::ForValues;
   if (WritesRows(sql_)) trip.saves = sql_;
   const auto known = names_.find(types_);
   preparing_ = known == names_.end();

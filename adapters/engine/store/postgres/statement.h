@@ -34,7 +34,8 @@ class ServerStatement final : public Statement {
   void Bind(int parameter, std::int64_t number) override;
   void Bind(int parameter, double number) override;
   void Bind(int parameter, std::string_view text) override;
-  void PlanOnce() override { planOnce_ = true; }
+  void PlanOnce() override { planning_ = Planning::Once; }
+  void PlanAlong() override { planning_ = Planning::Along; }
   bool Step() override;
   void Reset() noexcept override;
   std::int64_t Changed() const override { return changed_; }
@@ -57,7 +58,7 @@ class ServerStatement final : public Statement {
   bool defines_ = false;  ///< changes definitions
   bool writes_ = false;   ///< changes something, also if it is a SELECT by its form
   bool asksMoment_ = false;
-  bool planOnce_ = false;
+  Planning planning_ = Planning::ForValues;
   std::vector<Parameter> parameters_;
   std::vector<unsigned> types_;  ///< that the parameters have had
   std::map<std::vector<unsigned>, std::string> names_;  ///< on the server, by the parameters' types

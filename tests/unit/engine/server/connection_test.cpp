@@ -45,12 +45,13 @@ TEST_F(Connected, BindsEveryKindOfValueAndReadsIt) {
 
 // As an administrator's tool or a pooler may do it.
 TEST_F(Connected, StatementsThatTheServerHasDroppedAreGivenToItAgain) {
-  for (const bool planOnce : {false, true}) {
+  for (const Planning planning : {Planning::ForValues, Planning::Once, Planning::Along}) {
     SqlText text(std::string("SELECT $1::bigint + 1"));
     for (const std::int64_t number : {1, 2}) {
       {
         Query query(connection, text);
-        if (planOnce) query.PlanOnce();
+        if (planning == Planning::Once) query.PlanOnce();
+        if (planning == Planning::Along) query.PlanAlong();
         query.Bind(1, number);
         ASSERT_TRUE(query.Step());
         EXPECT_EQ(query.Int(0), number + 1);

@@ -246,6 +246,21 @@ TEST_F(LooksAtAll, AreNotTakenForRowsThatLieALittleThinner) {
   EXPECT_LT(RowsLookedAt() - before, kRows / 2);
 }
 
+// Those between bounds of the names, which the server takes for fewer than they are.
+TEST_F(LooksAtAll, AreNotTakenForRowsBetweenBounds) {
+  Other(
+      "ALTER TABLE orv1_customer.\"People\" ALTER COLUMN \"~k.Name\" SET STATISTICS 0; "
+      "DELETE FROM pg_statistic WHERE starelid = 'orv1_customer.\"People\"'::regclass");
+  std::vector<std::pair<std::string, int>> fitting;
+  for (int id = 1; id <= kRows; ++id)
+    if ((id % 977) / 10 == 9 || (id % 977) / 100 == 9 || id % 977 == 9) fitting.emplace_back('n' + std::to_string(id % 977), id);
+  std::ranges::sort(fitting);
+  const std::int64_t before = RowsLookedAt();
+  EXPECT_EQ(First("SELECT * FROM People WHERE Name Like 'n9*' AND ID <> 5 ORDER BY Name", 3),
+            std::to_string(fitting[0].second) + ' ' + std::to_string(fitting[1].second) + ' ' + std::to_string(fitting[2].second) + ' ');
+  EXPECT_LT(RowsLookedAt() - before, 1'000);
+}
+
 // Hardly any row fits: that is found out by one look.
 TEST_F(LooksAtAll, FindWhatIsRare) {
   const std::int64_t before = RowsLookedAt();

@@ -17,16 +17,17 @@ using Clock = std::chrono::steady_clock;
 constexpr int kTextFormat = 0;
 constexpr int kAsItIs = 1;
 
-// The second one is for the rest of the trip: the statement behind it is planned for any value, and that plan is kept. Both are prepared,
-// as they go along with nearly every trip.
+// What they set is for the rest of the trip, with the statement behind it. They are prepared, as one goes along with nearly every trip; in
+// the order of Planning.
 struct SnapshotAsk {
   const char* name;
   const char* sql;
   Run::Part part;
 };
-constexpr std::array<SnapshotAsk, 2> kSnapshotAsks{
+constexpr std::array<SnapshotAsk, 3> kSnapshotAsks{
     {{"ask", "SELECT pg_current_snapshot()", Run::Part::KeepAsk},
-     {"ask_once", "SELECT pg_current_snapshot(), set_config('plan_cache_mode', 'force_generic_plan', true)", Run::Part::KeepAskPlan}}};
+     {"ask_once", "SELECT pg_current_snapshot(), set_config('plan_cache_mode', 'force_generic_plan', true)", Run::Part::KeepAskOnce},
+     {"ask_along", "SELECT pg_current_snapshot(), set_config('enable_sort', 'off', true)", Run::Part::KeepAskAlong}}};
 
 // It is kept for who tells others of it.
 constexpr const char* kAskNumber = "SELECT set_config('orcussch.wrote', coalesce(pg_current_xact_id_if_assigned()::text, ''), false)";
@@ -93,8 +94,8 @@ bool Link::SendStatement(const Trip& trip) {
                              formats.data(), kTextFormat) != 0;
 }
 
-bool Link::AskSnapshot(bool planOnce, Run& run) {
-  const std::size_t which = planOnce ? 1 : 0;
+bool Link::AskSnapshot(Planning planning, Run& run) {
+  const auto which = static_cast<std::size_t>(planning);
   const SnapshotAsk& ask = kSnapshotAsks[which];
   bool sent = true;
   if (!asksKept_[which]) {
@@ -126,7 +127,7 @@ std::shared_ptr<Run> Link::Send(const Trip& trip) {
     sync(Run::Part::Sync);
   }
   for (const std::string& sql : trip.before) control(sql, Run::Part::Control);
-  if (trip.asksSnapshot) sent = sent && AskSnapshot(trip.planOnce, *run);
+  if (trip.asksSnapshot) sent = sent && AskSnapshot(trip.planning, *run);
   if (!trip.prepare.empty()) {
     sent = sent && PQsendPrepare(connection_, trip.name.c_str(), trip.prepare.c_str(), static_cast<int>(trip.types.size()), trip.types.data()) != 0;
     run->parts.push_back(Run::Part::Prepare);
@@ -211,8 +212,8 @@ void Link::Receive(Run& run, Result result) {
       if (part == Run::Part::Statement) run.changed = std::atoll(PQcmdTuples(result.get()));
       if (part == Run::Part::Prepare) run.prepared = true;
       if (part == Run::Part::Ahead) run.aheadDone = true;
-      if (part == Run::Part::KeepAsk) asksKept_[0] = true;
-      if (part == Run::Part::KeepAskPlan) asksKept_[1] = true;
+      for (std::size_t ask = 0; ask < kSnapshotAsks.size(); ++ask)
+        if (part == kSnapshotAsks[ask].part) asksKept_[ask] = true;
       run.tag = PQcmdStatus(result.get());
       return;
     default:  // skipped behind an error

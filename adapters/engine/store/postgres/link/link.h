@@ -73,7 +73,7 @@ class Link {
   void Lose(Run& run);
   void EndUnwanted(Run& run);
   bool SendStatement(const Trip& trip);
-  bool AskSnapshot(bool planOnce, Run& run);
+  bool AskSnapshot(Planning planning, Run& run);
   void Close() noexcept;
 
   Target target_;
@@ -84,7 +84,7 @@ class Link {
   int openings_ = 0;
   bool unsent_ = false;
   bool storedHereAlone_ = false;  ///< the server has said so of this trip
-  std::array<bool, 2> asksKept_{};  ///< the server has the statements that ask for the snapshot: the bare one, the one for a plan that is kept
+  std::array<bool, 3> asksKept_{};  ///< which of the statements that ask for the snapshot the server has, in the order of Planning
   std::uint64_t trips_ = 0;
 };
 

@@ -28,12 +28,19 @@ struct Parameter {
   std::string bytes;
 };
 
+/// What the server is told before it plans a statement.
+enum class Planning : std::uint8_t {
+  ForValues,  ///< nothing: it plans for the values of each run
+  Once,       ///< one plan for all values, which is kept
+  Along,      ///< nothing is to be put in order that an index gives in order
+};
+
 /// What goes to the server at once, up to where it answers to all of it. An error skips the rest.
 struct Trip {
   std::vector<std::string> ahead;   ///< statements that stand for themselves: whether they fail is told apart (Run::aheadDone)
   std::vector<std::string> before;  ///< statements without rows
   bool asksSnapshot = false;        ///< which transactions have ended is asked for, in front of the statement
-  bool planOnce = false;            ///< together with that: the statement's plan is one for all values, and kept
+  Planning planning{};              ///< told together with that
   bool isShort = false;             ///< the statement has few rows: they may come as a whole
   std::string name;                 ///< of the prepared statement
   std::string prepare;              ///< its text, "" when the server has it
@@ -75,7 +82,20 @@ class Run {
   std::string schema;
   std::string sql;
 
-  enum class Part : std::uint8_t { Ahead, Control, KeepAsk, KeepAskPlan, Snapshot, Prepare, Statement, Number, Notice, Sync, End };
+  enum class Part : std::uint8_t {
+    Ahead,
+    Control,
+    KeepAsk,
+    KeepAskOnce,
+    KeepAskAlong,
+    Snapshot,
+    Prepare,
+    Statement,
+    Number,
+    Notice,
+    Sync,
+    End
+  };
   std::vector<Part> parts;
   std::size_t at = 0;
   int thrownAway = 0;

@@ -87,8 +87,8 @@ std::string Dialect::Comparable(const platform::TableDefinition& table, const pl
   return std::string(alias) + '.' + Name(field.name);
 }
 
-std::string Dialect::LikeTest(const std::string& value, const std::string& pattern) const {
-  return likeForms != nullptr ? likeForms->test(value, pattern) : like + '(' + value + ", " + pattern + ')';
+std::string Dialect::LikeTest(const std::string& value, const std::string& parameter) const {
+  return likeForms != nullptr ? likeForms->test(value, parameter) : like + '(' + value + ", " + parameter + ')';
 }
 
 std::string Dialect::LikeForm(std::string_view pattern) const {

@@ -27,10 +27,12 @@ struct TextKeys {
 
 /// The Like test of a store that makes it by expressions of its own.
 struct LikeForms {
-  /// The pattern as the test takes it.
+  /// The pattern as the test by a parameter takes it.
   std::string (*ofPattern)(const LikePattern& pattern) = nullptr;
-  /// The test as a condition; `pattern` is the expression for such a pattern.
-  std::string (*test)(const std::string& value, const std::string& pattern) = nullptr;
+  /// That test as a condition; `parameter` is the expression for such a pattern.
+  std::string (*test)(const std::string& value, const std::string& parameter) = nullptr;
+  /// The test by a pattern that the statement holds itself.
+  std::string (*ofKnown)(const std::string& value, const LikePattern& pattern) = nullptr;
 };
 
 /// What differs between the stores that run translated statements. Shared code never asks which store it is; each store fills
@@ -125,9 +127,8 @@ struct Dialect {
   std::string Comparable(const platform::TableDefinition& table, const platform::FieldDefinition& field, std::string_view alias) const;
   /// A text as it is compared: itself, or its key.
   std::string Comparable(std::string_view text) const { return textKeys != nullptr ? textKeys->ofText(text) : std::string(text); }
-  /// The test by a pattern that is known beforehand: a condition, or a call that gives -1, 0 or Null. `pattern` is the expression for what
-  /// LikeForm gives.
-  std::string LikeTest(const std::string& value, const std::string& pattern) const;
+  /// The test by a parameter that takes what LikeForm gives: a condition, or a call that gives -1, 0 or Null.
+  std::string LikeTest(const std::string& value, const std::string& parameter) const;
   std::string LikeForm(std::string_view pattern) const;
   /// Behind a key of ORDER BY.
   std::string OrderSuffix(bool descending) const;

@@ -93,12 +93,13 @@ Emitted Emitter::Emit(const sql::Like& like) {
   Emitted test{.sql = dialect.like + '(' + value.sql + ", " + pattern.sql + ')', .type = SqlType::Boolean, .literal = {}};
   if (pattern.literal && pattern.literal->IsText()) {
     const LikePattern known(pattern.literal->As<std::string>());
-    if (dialect.likeForms != nullptr) test = ConditionText(dialect.likeForms->test(value.sql, dialect.Text(dialect.likeForms->ofPattern(known))));
+    if (dialect.likeForms != nullptr) test = ConditionText(dialect.likeForms->ofKnown(value.sql, known));
     const std::string_view prefix = WithoutTrailingBlanks(known.FixedPrefix());
+    const std::string& compared = value.comparable.empty() ? value.sql : value.comparable;
+    const bool isPutTogether = compared.find('(') != std::string::npos;  // such a key has no index
     // A range that an index can serve; it takes in more than the pattern, never less.
-    if (subject.table >= 0 && subject.type == SqlType::Text && !prefix.empty()) {
+    if (subject.table >= 0 && subject.type == SqlType::Text && !prefix.empty() && !isPutTogether) {
       const PrimaryRange range = PrefixRange(prefix);
-      const std::string& compared = value.comparable.empty() ? value.sql : value.comparable;
       test = ConditionText(compared + " >= " + forms_.CollatedConstant(range.lower) + " AND " + compared + " < " +
                                forms_.CollatedConstant(range.upper) + " AND " + test.sql,
                            Tightness::And);

@@ -5,6 +5,7 @@
 
 #include "engine/store/postgres/schema/key_function.h"
 #include "engine/store/postgres/text/like_regex.h"
+#include "engine/store/postgres/wording/like_test.h"
 #include "engine/store/postgres/wording/names.h"
 #include "engine/text/text_order.h"
 #include "platform/values/text.h"
@@ -152,13 +153,63 @@ TEST_F(KeyFunction, OfNullIsNull) { EXPECT_EQ(Ask(connection, "SELECT \"orv1_tex
 // A pattern with a fixed beginning is worded so that the planner walks the index; it gives True, False and Null as any other does.
 TEST_F(KeyFunction, TestsPatternsWithAFixedBeginningAsOthers) {
   const auto given = [&](const char* pattern) {
-    const std::string test = ServerDialect().LikeTest("t", ServerDialect().Text(ServerDialect().LikeForm(pattern)));
+    const std::string test = KnownLikeTest("t", LikePattern(pattern));
     return Ask(connection, "SELECT " + test + " FROM (VALUES (1, 'Smith'), (2, 'Asmith'), (3, NULL::text)) AS texts(n, t) ORDER BY n");
   };
-  EXPECT_THAT(ServerDialect().LikeTest("t", "'^[Ss].*$'"), testing::StartsWith("CASE "));
+  EXPECT_THAT(KnownLikeTest("t", LikePattern("s*")), testing::StartsWith("CASE "));
   EXPECT_EQ(given("smi*"), (std::vector<std::string>{"t", "f", "Null"}));
   EXPECT_EQ(given("*smi*"), (std::vector<std::string>{"t", "t", "Null"}));
   EXPECT_EQ(given("smith"), (std::vector<std::string>{"t", "f", "Null"}));
+}
+
+// Letters and digits are looked for in small letters; signs for which there are others, by a regular expression behind it.
+TEST_F(KeyFunction, TestsLettersAndDigitsInSmallLetters) {
+  const auto held = [](const char* pattern) {
+    const std::optional<SmallLetters> letters = HeldBy(LikePattern(pattern));
+    return letters ? letters->like + (letters->isAll ? "" : " and more") : "nothing";
+  };
+  EXPECT_EQ(held("*Main*"), "%main%");
+  EXPECT_EQ(held("*47?1*n*"), "%47_1%n%");
+  EXPECT_EQ(held("*4711 m*"), "%4711_m% and more");
+  EXPECT_EQ(held("*#%_m*"), "%___m% and more");
+  EXPECT_EQ(held("*\u00E9*"), "nothing");
+  EXPECT_EQ(held("main*"), "main%");
+  EXPECT_EQ(held("Main"), "main");
+  EXPECT_EQ(held("ma_in*"), "nothing");
+  EXPECT_EQ(held("ma*in*"), "nothing");
+  EXPECT_EQ(held("*main"), "nothing");
+  EXPECT_EQ(held("main *"), "nothing");
+  EXPECT_EQ(held("*main *"), "nothing");
+  const std::vector<std::string> texts{"",
+                                       "kiss ",
+                                       "KISS\u00A0\t",
+                                       " kiss",
+                                       "kisses",
+                                       "kiss",
+                                       "KISS",
+                                       "\u212Ai\u017Fs",
+                                       "k\u0131ss",
+                                       "k\u0130SS",
+                                       "\uFF2B\uFF49ss",
+                                       "ki\u00DF",
+                                       "k-iss",
+                                       "k%s",
+                                       "k_s",
+                                       "k\ns",
+                                       "k s",
+                                       "k\u00A0s",
+                                       "k\ts"};
+  for (const char* pattern :
+       {"kiss", "KISS ", "kiss*", "k*", "ki?s", "*kiss*", "*k*", "*K*s*", "*i*", "*s*", "*k s*", "*k?s*", "*k[%]s*", "*k_s*", "*k#*"}) {
+    const LikePattern like(pattern);
+    std::string sql = "SELECT ";
+    for (const std::string& text : texts)
+      sql += (&text == &texts.front() ? "(" : ", (") + KnownLikeTest(ServerDialect().Text(text), like) + ")::text";
+    Query query(connection, std::string_view(sql));
+    ASSERT_TRUE(query.Step());
+    for (std::size_t i = 0; i < texts.size(); ++i)
+      EXPECT_EQ(query.Text(static_cast<int>(i)) == "true", like.Matches(texts[i])) << texts[i] << " by " << pattern;
+  }
 }
 
 TEST_F(KeyFunction, TestsLikeByRegularExpressions) {
@@ -175,6 +226,7 @@ TEST_F(KeyFunction, TestsLikeByRegularExpressions) {
   while (tests < 40'000) {
     std::vector<std::string> texts;
     std::vector<std::string> regexes;
+    std::vector<LikePattern> patterns;
     std::vector<bool> expected;
     while (texts.size() < 500) {
       const std::string pattern = anyPattern();
@@ -188,6 +240,7 @@ TEST_F(KeyFunction, TestsLikeByRegularExpressions) {
         const LikePattern like(pattern);
         expected.push_back(like.Matches(text));
         regexes.push_back(LikeRegex(like));
+        patterns.push_back(like);
       } catch (const platform::Error&) {
         continue;  // no pattern
       }
@@ -197,8 +250,7 @@ TEST_F(KeyFunction, TestsLikeByRegularExpressions) {
     std::string sql = "SELECT (" + LikeSubject("t") + " ~ r)::integer, c::integer FROM (VALUES ";
     for (std::size_t i = 0; i < texts.size(); ++i) {
       const std::string text = '$' + std::to_string(2 * i + 1);
-      sql += (i == 0 ? "(" : ", (") + text + ", $" + std::to_string(2 * i + 2) + ", " +
-             ServerDialect().LikeTest(text, ServerDialect().Text(regexes[i])) + ')';
+      sql += (i == 0 ? "(" : ", (") + text + ", $" + std::to_string(2 * i + 2) + ", " + KnownLikeTest(text, patterns[i]) + ')';
     }
     Query query(connection, std::string_view(sql + ") AS tests(t, r, c)"));
     for (std::size_t i = 0; i < texts.size(); ++i) {

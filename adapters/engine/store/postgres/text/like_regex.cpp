@@ -82,6 +82,20 @@ std::string ClassOf(const LikePattern::Token& token) {
   return (token.negated ? "[^" : "[") + members + ']';
 }
 
+// The small letter or the digit that a token takes, and that in capitals, if it takes nothing else.
+std::optional<char> OneLetter(const LikePattern::Token& token) {
+  using Kind = LikePattern::Token::Kind;
+  if (token.kind != Kind::Literal && token.kind != Kind::List) return {};
+  const std::string members = ClassOf(token);
+  for (char letter = 'a'; letter <= 'z'; ++letter) {
+    const char capital = static_cast<char>(letter - 'a' + 'A');
+    if (members == std::string{'[', letter, capital, ']'} || members == std::string{'[', capital, letter, ']'}) return letter;
+  }
+  for (char digit = '0'; digit <= '9'; ++digit)
+    if (members == std::string{'[', digit, ']'}) return digit;
+  return {};
+}
+
 bool TakesBlanks(const LikePattern::Token& token) {
   const Weights blank = weights::WeightsOf(U' ');
   return token.negated || std::ranges::any_of(token.ranges, [&](const LikePattern::Range& range) { return !(blank < range.first) && !(range.last < blank); });
@@ -122,6 +136,22 @@ std::string LikeRegex(const LikePattern& pattern) {
     }
   }
   return anywhere ? regex : regex + '$';
+}
+
+std::optional<SmallLetters> HeldBy(const LikePattern& pattern) {
+  using Kind = LikePattern::Token::Kind;
+  const bool anywhere = NeedsNoAnchors(pattern.Tokens());
+  SmallLetters held{.like = {}, .isAll = true};
+  bool holdsAny = false;
+  for (const LikePattern::Token& token : pattern.Tokens()) {
+    const std::optional<char> letter = OneLetter(token);
+    held.like += token.kind == Kind::AnyRun ? '%' : letter.value_or('_');
+    held.isAll = held.isAll && (letter || token.kind == Kind::AnyRun || token.kind == Kind::AnyCharacter);
+    holdsAny = holdsAny || letter;
+  }
+  const bool begins = held.isAll && (pattern.IsPrefixOnly() || pattern.IsLiteral());
+  if (!holdsAny || !(anywhere || begins)) return {};
+  return held;
 }
 
 std::string LikeSubject(const std::string& text) { return "rtrim(" + text + ", chr(32) || chr(9) || chr(160))"; }

@@ -5,6 +5,7 @@
 #include "engine/store/postgres/text/like_regex.h"
 #include "engine/store/postgres/text/text_key.h"
 #include "engine/store/postgres/wording/key_columns.h"
+#include "engine/store/postgres/wording/like_test.h"
 #include "engine/store/postgres/wording/names.h"
 
 namespace engine::postgres {
@@ -35,24 +36,6 @@ std::string FieldKeyBeside(const std::string& ofField, const std::string& text, 
          " WHEN " + text + " IS NOT NULL THEN ' ' END)";
 }
 
-// A pattern with a fixed beginning stands behind a range of the index, which nearly all rows pass that lie in it. The planner takes any
-// regular expression for one that hardly a row passes, and would rather put the whole range in order than walk it; of a CASE it
-// takes half of the rows to pass.
-// Parameters are such patterns always.
-bool HasFixedBeginning(std::string_view regex) {
-  return regex.starts_with('$') || (regex.starts_with("'^") && !regex.starts_with("'^.") && regex.ends_with(".*$'"));
-}
-
-// What stands anywhere is no empty text, which most remarks are: that is seen sooner than by a regular expression.
-std::string LikeTest(const std::string& value, const std::string& regex) {
-  if (regex.starts_with('\'') && StandsAnywhere(std::string_view(regex).substr(1))) {
-    const bool isField = value.find('(') == std::string::npos;
-    return isField ? '(' + value + " <> '' AND " + value + " ~ " + regex + ')' : value + " ~ " + regex;
-  }
-  const std::string test = LikeSubject(value) + " ~ " + regex;
-  return HasFixedBeginning(regex) ? "CASE " + test + " WHEN true THEN true WHEN false THEN false END" : test;
-}
-
 // Dates are texts, too. A key that is put together has no index anyway.
 std::string ByNoIndex(const std::string& key, platform::FieldType type) {
   using platform::FieldType;
@@ -72,7 +55,7 @@ constexpr std::array<std::string_view, 31> kUncounted{
     "c_addreal", "c_subreal", "c_mulreal",  "c_divreal", "coalesce",  "lower",    "rtrim",      "chr",      "text_key",  "array_agg",
     "octet_length"};
 
-constexpr LikeForms kLikeForms{.ofPattern = LikeRegex, .test = LikeTest};
+constexpr LikeForms kLikeForms{.ofPattern = LikeRegex, .test = LikeTest, .ofKnown = KnownLikeTest};
 
 }  // namespace
 

@@ -77,9 +77,13 @@ double Milliseconds(const std::function<void()>& work) {
   return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begun).count();
 }
 
-std::string BestOf(bare::Server& server, const Question& question) {
-  std::string best;
-  double least = std::numeric_limits<double>::max();
+struct Best {
+  std::string way;
+  double milliseconds = std::numeric_limits<double>::max();
+};
+
+Best BestOf(bare::Server& server, const Question& question) {
+  Best best;
   server.Run("SET statement_timeout = '20s'");
   for (const std::string& way : WaysOf(server, question)) {
     double took = std::numeric_limits<double>::max();
@@ -88,12 +92,40 @@ std::string BestOf(bare::Server& server, const Question& question) {
     } catch (const std::runtime_error& error) {
       if (std::string_view(error.what()).find("timeout") == std::string_view::npos) throw;
     }
-    if (took >= least) continue;
-    least = took;
-    best = way;
+    if (took < best.milliseconds) best = {way, took};
   }
   server.Run("SET statement_timeout = 0");
   return best;
+}
+
+// A condition that every row meets, so that nobody has been asked just this.
+std::string Anew(const std::string& account) {
+  static int asked = 0;
+  return " AND (" + account + " <> -" + std::to_string(++asked) + ')';
+}
+
+// `anew`: as somebody asks it for the first time, whose statement and the best way to its answer nobody knows yet; else once more.
+Job QueryJob(Company& company, const std::string& name, const Question& question, const Best& best, bool anew) {
+  constexpr double kQuick = 5;  // milliseconds
+  const auto statement = [question, anew] {
+    return "Select DISTINCTROW Customers.* FROM " + question.joins + " WHERE " + question.where + (anew ? Anew("Customers.AcctNum") : "") +
+           " ORDER BY LastName;";
+  };
+  const auto bare = [way = best.way, anew] {
+    std::string text = way;
+    if (anew) text.insert(text.find(" ORDER BY c."), (way.starts_with("WITH") ? " WHERE true" : "") + Anew("c.\"AcctNum\""));
+    return text;
+  };
+  Job job = company.Begin(name, anew ? 0 : 1.4);
+  job.calls = best.milliseconds < kQuick ? 20 : 1;
+  job.ours = [&company, statement](int) {
+    const auto list = company.Open(statement());
+    const auto sum = SumOf(list->Window().RowsAt(0, kPage));
+    list->Close();
+    return sum;
+  };
+  job.raw = [&company, bare](int) { return bare::SumOf(company.Bare().RunPrepared(bare(), {}, true)); };
+  return job;
 }
 
 }  // namespace
@@ -101,21 +133,13 @@ std::string BestOf(bare::Server& server, const Question& question) {
 std::vector<Job> QueryJobs(Company& company, const std::string& only) {
   std::vector<Job> jobs;
   for (const Question& question : Questions(company.Bare())) {
-    const std::string name = "query, first 50 rows: " + question.name;
-    if (name.find(only) == std::string::npos) continue;
-    const std::string statement =
-        "Select DISTINCTROW Customers.* FROM " + question.joins + " WHERE " + question.where + " ORDER BY LastName;";
-    const std::string best = BestOf(company.Bare(), question);
-    Job job = company.Begin(name, 1.4);
-    job.calls = 1;
-    job.ours = [&company, statement](int) {
-      const auto list = company.Open(statement);
-      const auto sum = SumOf(list->Window().RowsAt(0, kPage));
-      list->Close();
-      return sum;
-    };
-    job.raw = [&company, best](int) { return bare::SumOf(company.Bare().RunPrepared(best, {}, true)); };
-    jobs.push_back(job);
+    const std::string again = "query, first 50 rows: " + question.name;
+    const std::string anew = "query asked for the first time: " + question.name;
+    const auto wanted = [&only](const std::string& name) { return name.find(only) != std::string::npos; };
+    if (!wanted(again) && !wanted(anew)) continue;
+    const Best best = BestOf(company.Bare(), question);
+    if (wanted(again)) jobs.push_back(QueryJob(company, again, question, best, false));
+    if (wanted(anew)) jobs.push_back(QueryJob(company, anew, question, best, true));
   }
   return jobs;
 }

@@ -175,12 +175,15 @@ void FirstLook::TakeShortest() {
   if (!first_.ordered.empty()) ReadFirst();
 }
 
-// The rows to which a driver leads, one statement for all of them.
-void FirstLook::Join(const PlanDriver& driver, bool withRows) {
+// The rows to which keys lead, one statement for all of them.
+std::string FirstLook::JoinText(const std::string& keys, const PlanDriver& driver, const std::string& columns) const {
   const PlanTable& table = source_.Plan().tables.front();
-  const std::string columns = (withRows ? source_.ColumnList() + ", " : "") + rows_->KeyColumns();
-  const std::string text = "SELECT " + columns + " FROM (" + driver.keys + ") AS s" + source_.OwnDialect().joinInOrder + source_.Plan().from + " ON " +
-                           table.alias + '.' + table.table->rowKey + " = s.k" + (driver.rest.empty() ? "" : " WHERE " + driver.rest);
+  return "SELECT " + columns + " FROM (" + keys + ") AS s" + source_.OwnDialect().joinInOrder + source_.Plan().from + " ON " + table.alias +
+         '.' + table.table->rowKey + " = s.k" + (driver.rest.empty() ? "" : " WHERE " + driver.rest);
+}
+
+void FirstLook::Join(const PlanDriver& driver, bool withRows) {
+  const std::string text = JoinText(driver.keys, driver, (withRows ? source_.ColumnList() + ", " : "") + rows_->KeyColumns());
   TakeAll(withRows, [&](const PiecewiseScan::Take& take) {
     Query query(source_.Store(), std::string_view(text));
     while (query.Step()) take(query);
@@ -312,6 +315,7 @@ std::optional<FirstRows> FirstLook::ByFewKeys(std::int64_t likelyRows) {
   if (likelyRows > 0) leads_.Within({.first = 1, .last = likelyRows});
   leads_.Reach(kReach);
   if (leads_.Shortest() != nullptr) {
+    taken_ = leads_.Shortest()->driver;
     TakeShortest();
     return std::move(first_);
   }
@@ -319,6 +323,23 @@ std::optional<FirstRows> FirstLook::ByFewKeys(std::int64_t likelyRows) {
   if (driven) told_ = Told{leads_.LikelyShare().value_or(1), *driven};
   leads_.Close();
   return {};
+}
+
+std::optional<FirstRows> FirstLook::ByFewKeysOf(const PlanDriver& driver) {
+  Begin();
+  const std::string keys = "SELECT k, count(*) OVER () AS n FROM (" + driver.keys + " LIMIT " + std::to_string(kFew + 1) + ") AS keys";
+  const std::string columns = source_.ColumnList() + ", " + rows_->KeyColumns();
+  std::int64_t keysRead = 0;
+  TakeAll(true, [&](const PiecewiseScan::Take& take) {
+    Query query(source_.Store(), std::string_view(JoinText(keys, driver, columns + ", s.n")));
+    while (query.Step()) {
+      keysRead = query.Int(rows_->FlagAt(false));
+      take(query);
+    }
+  });
+  if (keysRead == 0 || keysRead > kFew) return {};
+  first_.way = FirstRows::Way::Drive;
+  return std::move(first_);
 }
 
 FirstRows FirstLook::Run() {

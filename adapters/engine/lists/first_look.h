@@ -44,6 +44,10 @@ class FirstLook {
   /// The rows where a driver leads to so few that nothing else is as little work, in a store that plans by itself; nothing where none does.
   /// `likelyRows`: what the store believes of the table's length.
   std::optional<FirstRows> ByFewKeys(std::int64_t likelyRows);
+  /// The driver that did.
+  const PlanDriver* Taken() const noexcept { return taken_; }
+  /// The same by that driver, by one statement if it leads to few; nothing if it leads to more by now, or to no row.
+  std::optional<FirstRows> ByFewKeysOf(const PlanDriver& driver);
   /// What the drivers tell of the list.
   struct Told {
     double share = 1;   ///< about which part of the table's rows it has
@@ -69,6 +73,7 @@ class FirstLook {
   bool CollectWide();
   void TakeShortest();
   void Join(const PlanDriver& driver, bool withRows);
+  std::string JoinText(const std::string& keys, const PlanDriver& driver, const std::string& columns) const;
   void Fetch(DrivenKeys driven);
   void TakeAll(bool withRows, const std::function<void(const PiecewiseScan::Take&)>& read);
   void TakeInOrder(RowPage& rows, std::vector<OrderPlace>& places, bool withRows);
@@ -93,6 +98,7 @@ class FirstLook {
   std::int64_t looked_ = 0;
   std::int64_t span_ = 0;
   std::optional<Told> told_;
+  const PlanDriver* taken_ = nullptr;
   bool misjudged_ = false;  ///< rows that fit were expected sooner
   double look_ = 0;         ///< what looking at one more row in the list's order costs
   double byKey_ = 0;        ///< at one with a driver's key

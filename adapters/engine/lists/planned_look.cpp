@@ -7,6 +7,7 @@ namespace {
 
 constexpr std::int64_t kFewest = 64;      // rows that are worth a question
 constexpr std::int64_t kPartIfKnown = 4;  // of all rows, that a walk may pass which is known to lead to the page
+constexpr int kTakenAtMost = 32;          // times that a way is taken without finding out whether there is a better one by now
 
 }  // namespace
 
@@ -105,21 +106,56 @@ FirstRows PlannedLook::ByOne(std::int64_t likelyRows) {
   return std::move(first_);
 }
 
+void PlannedLook::Remember(FoundWay way) const { source_.Shape().foundWay = std::make_shared<FoundWay>(way); }
+
+// By the way that was found last, if it still leads to the page by one statement.
+std::optional<FirstRows> PlannedLook::AsBefore() {
+  const std::shared_ptr<FoundWay> before = source_.Shape().foundWay;  // may be forgotten while it is waited for
+  if (before == nullptr || before->taken >= kTakenAtMost) return {};
+  ++before->taken;
+  const auto likelyRows = static_cast<std::int64_t>(before->share * static_cast<double>(span_));
+  switch (before->way) {
+    case FoundWay::Way::Few:
+      return FirstLook(source_, rows_, bounded_, direction_).ByFewKeysOf(*before->driver);
+    case FoundWay::Way::Walk:
+      if (!WalkOn(before->rows + before->rows / 4)) return {};
+      break;
+    case FoundWay::Way::All:
+      PutAllInOrder();
+      break;
+  }
+  first_.likelyRows = first_.all ? Hits() : likelyRows;
+  return std::move(first_);
+}
+
 FirstRows PlannedLook::Run() {
   const ResolvedTable& table = *source_.Plan().tables.front().table;
   const std::int64_t likelyRows = table.file->LikelyRows(table.definition.name);
   if (rows_ == nullptr && likelyRows > 0) return ByOne(likelyRows);
-  Begin();
   span_ = likelyRows > 0 ? likelyRows : SpanOf(source_).Width();
+  Begin();
+  if (std::optional<FirstRows> again = AsBefore()) return std::move(*again);
+  reached_.reset();
+  looked_ = 0;
+  return FindOut();
+}
+
+FirstRows PlannedLook::FindOut() {
+  Begin();
   bool found = false;
   std::optional<FirstLook::Told> told;
   if (rows_ != nullptr) {
     FirstLook look(source_, rows_, bounded_, direction_);
-    if (std::optional<FirstRows> few = look.ByFewKeys(span_)) return std::move(*few);
+    if (std::optional<FirstRows> few = look.ByFewKeys(span_)) {
+      if (few->all && few->ordered.empty()) Remember({.way = FoundWay::Way::Few, .driver = look.Taken()});
+      return std::move(*few);
+    }
     told = look.WhatTheyTell();
     found = Walk(told);
   }
-  first_.likelyRows = static_cast<std::int64_t>(LikelyShare(found, told) * static_cast<double>(span_));
+  const double share = LikelyShare(found, told);
+  Remember({.way = found ? FoundWay::Way::Walk : FoundWay::Way::All, .rows = looked_, .share = share});
+  first_.likelyRows = static_cast<std::int64_t>(share * static_cast<double>(span_));
   if (!found) PutAllInOrder();
   if (first_.all) first_.likelyRows = Hits();
   return std::move(first_);

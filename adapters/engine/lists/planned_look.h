@@ -6,6 +6,19 @@
 
 namespace engine {
 
+/// How a list's first page was found: by that way its next opening needs to find nothing out, and asks but once.
+struct FoundWay {
+  enum class Way {
+    Few,   ///< `driver` leads to few rows
+    Walk,  ///< among the first `rows` in the list's order
+    All,   ///< among all that fit, put in order
+  } way = Way::All;
+  const PlanDriver* driver = nullptr;
+  std::int64_t rows = 0;
+  double share = 1;  ///< about which part of the table's rows the list has
+  int taken = 0;     ///< so many times, since it was found
+};
+
 /// Finds the first page of a list in a store that plans statements by what it knows of the tables (Dialect::byNoIndex). What it doesn't
 /// know well is whether rows that fit stand near the list's beginning, and it takes walks for far cheaper than they may be. So the first keys
 /// of all drivers are read: they are all there are, or tell how many there may be. Then the first rows of the list are walked, unless that
@@ -21,6 +34,9 @@ class PlannedLook {
 
  private:
   FirstRows ByOne(std::int64_t likelyRows);
+  std::optional<FirstRows> AsBefore();
+  FirstRows FindOut();
+  void Remember(FoundWay way) const;
   void Begin();
   bool Walk(const std::optional<FirstLook::Told>& told);
   std::int64_t Trial() const;

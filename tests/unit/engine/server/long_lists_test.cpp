@@ -153,6 +153,33 @@ TEST_F(BehindALine, APageIsNotTakenForNewerThanItIs) {
   EXPECT_EQ(firstThree(), "1954 2931 3908 ");
 }
 
+// Two walks lead to the page; between them another desk moves a row from the first one's stretch into the second one's.
+TEST_F(BehindALine, ARowThatMovesOnWhileAQueryIsOpenedComesOnce) {
+  // A list that holds its keys: one that doesn't reads what is out of date once more.
+  made = engine::MakeEngine();
+  people = made->WorkspaceAt(0)->OpenDatabase(proxy.PathOf(database_) + "orv1/customer.zdb");
+  const auto firstOf = [](platform::Database& of, const std::string& apart) {
+    std::vector<std::int32_t> ids;
+    const auto rows = of.OpenRecordset("SELECT * FROM People WHERE ID Mod " + apart + " = 0 ORDER BY Name");
+    for (const platform::ListRow& row : rows->Window().RowsAt(0, 50)) ids.push_back(row.cells.at(0).As<std::int32_t>());
+    return ids;
+  };
+  firstOf(*people, "12");  // knows the table now
+  proxy.Delay(std::chrono::milliseconds(20));
+  int waited = 0;
+  made->OnWait([&] {
+    if (waited++ > 0) return;
+    std::this_thread::sleep_for(std::chrono::milliseconds(30));  // the first walk is at the server
+    others->Execute("UPDATE People SET Name = 'n126' WHERE ID = 39080", platform::dbFailOnError);
+  });
+  const std::vector<std::int32_t> found = firstOf(*people, "40");
+  made->OnWait({});
+  EXPECT_GT(waited, 1);
+  EXPECT_EQ(found, firstOf(*others, "40"));
+  EXPECT_EQ(std::ranges::count(found, 39080), 1);
+  EXPECT_NE(found.front(), 39080);
+}
+
 // Painting may want rows of a list whose keys are on their way: each comes once.
 TEST_F(LongLists, PaintingWhileKeysAreOnTheirWay) {
   for (const char* const order : {" ORDER BY Name", ""}) {

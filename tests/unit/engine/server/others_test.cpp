@@ -79,6 +79,23 @@ TEST_F(OtherDesks, AreHeardWhenTheirUnitHasEnded) {
   EXPECT_TRUE(ChangesSoon());
 }
 
+// The server keeps messages back until the unit ends. What is read in it is of the state that it began with: who took it for newer would
+// never read it again.
+TEST_F(OtherDesks, AreHeardBehindAUnitOfReads) {
+  LetMessagesPass();
+  {
+    Transaction unit(desk, Transaction::Kind::Read);
+    Run(desk, "SELECT 1");
+    Run(writer, Insert(2));
+    LetMessagesPass();
+    EXPECT_FALSE(Changed());
+    Run(desk, "SELECT 1");
+    EXPECT_FALSE(Changed());
+    unit.Commit();
+  }
+  EXPECT_TRUE(ChangesSoon());
+}
+
 TEST_F(OtherDesks, WhoWriteOftenTellOnceInATenthOfASecond) {
   LetMessagesPass();
   for (int i = 2; i < 12; ++i) Run(writer, Insert(i));

@@ -196,7 +196,7 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
     SqlText own;
     Query query(store_, Joined(request, levels, own));
     if (OnePlanDoes(request)) query.PlanOnce();
-    if (request.among > 0) query.PlanAlong();
+    if (request.among > 0) PlanAlong(query);
     for (const Level& level : levels) BindPlace(query, request, level);
     return Take(query, request, left, sink, goOn);
   }
@@ -207,7 +207,7 @@ std::int64_t KeyWalker::Read(const Request& request, const Sink& sink) {
     SqlText own;
     Query query(store_, Statement(request, level, own));
     if (OnePlanDoes(request)) query.PlanOnce();
-    if (request.among > 0) query.PlanAlong();
+    if (request.among > 0) PlanAlong(query);
     BindPlace(query, request, level);
     left -= Take(query, request, left, sink, goOn);
   }
@@ -255,6 +255,11 @@ std::vector<KeyWalker::Level> KeyWalker::LevelsFor(const Request& request) const
     }
   }
   return levels;
+}
+
+// Other tables without an index for the question would be looked through for each row.
+void KeyWalker::PlanAlong(Query& query) const {
+  if (!shape_.plan.asksOtherTables || shape_.plan.asksByRow) query.PlanAlong();
 }
 
 // Rows straight along an index, however the list is asked for them: a store that plans by itself needs to do so once for them. Where the

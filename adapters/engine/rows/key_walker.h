@@ -132,6 +132,7 @@ class KeyWalker {
   };
   std::vector<Level> LevelsFor(const Request& request) const;
   bool IsStraight(const Request& request) const;
+  void PlanAlong(Query& query) const;
   bool OnePlanDoes(const Request& request) const;
   std::int64_t Within(const Request& request) const;
   std::uint64_t CodeOf(const Request& request, const Level& level) const;

@@ -86,7 +86,7 @@ void KeyWalker::ReadAmongNext(Direction direction, const OrderPlace* from, std::
   Query query(store_, std::string_view("SELECT " + RowColumns() + " FROM (SELECT " + alias + ".* FROM " + counted.from_ +
                                        (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + std::to_string(rows) + ") AS " + alias +
                                        (filter_.empty() ? "" : " WHERE " + filter_) + order + " LIMIT " + std::to_string(most)));
-  query.PlanAlong();
+  PlanAlong(query);
   BindPlace(query, request, level);
   for (std::int64_t left = most; left > 0 && query.Step(); --left)
     if (!sink(query)) return;

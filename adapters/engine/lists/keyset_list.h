@@ -66,6 +66,7 @@ class KeysetList final : public RowList, public KeysetRows {
   bool IsAlive(std::int64_t ordinal) const override { return state_[static_cast<std::size_t>(ordinal)] == State::Alive; }
   const std::vector<std::int64_t>& OwnRows() const noexcept override { return ownRows_; }
   bool Visit(std::int64_t ordinal, Place& place) override { return Visit(ordinal, place, true); }
+  std::optional<std::vector<std::int64_t>> FitsOfFew(std::string_view criterion) override;
   std::optional<std::int64_t> OrdinalOfKey(std::int64_t rowKey) override;
   KeyWalker* Walker() noexcept override { return walker_.get(); }
   KeyWalker* Places() noexcept override { return places_.get(); }
@@ -103,7 +104,8 @@ class KeysetList final : public RowList, public KeysetRows {
   bool AlongIndex(std::int64_t first, std::int64_t end, const RowSink& sink);
   bool ReadAlongIndex(Block& block, std::int64_t end, RowPage& page);
   void ReadByKeys(Block& block, std::int64_t end, RowPage& page);
-  void ReadTogether(Block& block, std::int64_t end, RowPage& page);
+  std::vector<std::int64_t> ReadTogether(Block& block, std::int64_t end, RowPage& page, RowSource::Tested* tested);
+  const Block& Keep(Block block);
   void DropStaleBlocks();
   void SetPlace(Place& place, std::int64_t ordinal) const;
   void MarkGone(std::int64_t ordinal, State state);

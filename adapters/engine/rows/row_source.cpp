@@ -203,7 +203,7 @@ bool RowSource::FetchesTogether() const {
   return true;
 }
 
-std::vector<int> RowSource::FetchTogether(std::span<const std::int64_t> keys, RowPage& page) {
+std::vector<int> RowSource::FetchTogether(std::span<const std::int64_t> keys, RowPage& page, Tested* tested) {
   const std::size_t width = KeyCount();
   const auto driving = static_cast<std::size_t>(Plan().driving);
   const std::size_t rows = keys.size() / width;
@@ -211,24 +211,30 @@ std::vector<int> RowSource::FetchTogether(std::span<const std::int64_t> keys, Ro
   const int keysAt = static_cast<int>(Plan().columns.size());
   for (KeyBatch batch; batch.End() < rows;) {
     batch = KeyBatch::From(batch.End(), rows);
-    SqlText& text = together_[batch.parameters];
+    SqlText own;
+    SqlText& text = tested != nullptr ? own : together_[batch.parameters];
     if (text.text.empty())
-      text.text = "SELECT " + ColumnList() + ", " + KeyList() + " FROM " + shape_->FromByKeys(OwnDialect(), batch.parameters);
+      text.text = "SELECT " + ColumnList() + ", " + KeyList() + (tested != nullptr ? ", (" + std::string(tested->criterion) + ')' : "") +
+                  " FROM " + shape_->FromByKeys(OwnDialect(), batch.parameters);
     RowPage found(page.columns, width);
     std::unordered_map<std::int64_t, std::size_t> rowOf;
+    std::vector<bool> isTrue;
     Query query(Store(), text);
     batch.Bind(query, [&](std::size_t row) { return keys[row * width + driving]; });
     while (query.Step()) {
       rowOf.emplace(query.Int(keysAt + static_cast<int>(driving)), found.Rows());
       ReadCells(query, 0, found);
       ReadKeys(query, keysAt, found);
+      if (const int at = keysAt + static_cast<int>(width); tested != nullptr) isTrue.push_back(!query.IsNull(at) && query.Int(at) != 0);
     }
+    if (tested != nullptr) tested->isTrue.resize(batch.End(), false);
     for (std::size_t i = batch.first; i < batch.End(); ++i) {
       const std::int64_t* const wanted = &keys[i * width];
       const auto row = rowOf.find(wanted[driving]);
       if (row == rowOf.end() || !AllThere(wanted, [&](std::size_t table) { return found.KeysOf(row->second)[table] != kNoRowKey; }))
         continue;
       places[i] = static_cast<int>(page.Rows());
+      if (tested != nullptr) tested->isTrue[i] = isTrue[row->second];
       page.cells.Add(found.cells, row->second * page.columns, page.columns);
       page.keys.insert(page.keys.end(), found.KeysOf(row->second), found.KeysOf(row->second) + width);
     }

@@ -156,8 +156,12 @@ class RowSource {
   /// by its driving table's key alone.
   bool FetchesTogether() const;
   /// Adds those of the rows with these keys (as Fetch has them, one behind the other) to the page that are there, in their order; for each
-  /// its number in the page, -1 for one that is gone.
-  std::vector<int> FetchTogether(std::span<const std::int64_t> keys, RowPage& page);
+  /// its number in the page, -1 for one that is gone. `tested`: by what they are tested besides, which tells for each whether that is true.
+  struct Tested {
+    std::string_view criterion;
+    std::vector<bool> isTrue{};
+  };
+  std::vector<int> FetchTogether(std::span<const std::int64_t> keys, RowPage& page, Tested* tested = nullptr);
   /// Whether the row with these keys is there and the criterion is true of it.
   bool Test(const std::int64_t* keys, SqlText& test);
   /// Of several rows, by the keys of the driving table, those for which the criterion is true; where FetchesTogether.

@@ -26,6 +26,9 @@ class KeysetRows {
   virtual const std::vector<std::int64_t>& OwnRows() const = 0;
   /// The row with that number, read; false when it is gone.
   virtual bool Visit(std::int64_t ordinal, Place& place) = 0;
+  /// Of a list of few rows, in a store that answers to many keys as quickly as to one: the numbers of the rows for which the criterion is
+  /// true, all of which are read by that. Nothing of any other list.
+  virtual std::optional<std::vector<std::int64_t>> FitsOfFew(std::string_view criterion) = 0;
   /// Number of the row with that key of the first table; the list has one table.
   virtual std::optional<std::int64_t> OrdinalOfKey(std::int64_t rowKey) = 0;
 

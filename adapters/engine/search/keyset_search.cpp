@@ -53,6 +53,7 @@ void KeysetSearch::Understand(std::string_view criterion) {
 std::optional<std::int64_t> KeysetSearch::FirstFit(std::int64_t from) {
   std::int64_t hit = 0;
   std::optional<bool> answer = ByRowKey(from, hit);
+  if (!answer) answer = AmongFew(from, hit);
   if (!answer) answer = ByIndex(from, hit);
   if (!answer) answer = ByOrder(from, hit);
   if (!answer && hitsKnown_ && hitsVersion_ == source_.Version()) answer = FromHits(from, hit);
@@ -85,6 +86,21 @@ std::optional<bool> KeysetSearch::ByRowKey(std::int64_t from, std::int64_t& hit)
   const auto ordinal = list_.OrdinalOfKey(rowKey);
   if (!ordinal || *ordinal < from || !list_.IsAlive(*ordinal)) return false;
   hit = *ordinal;
+  return true;
+}
+
+// All rows of a short list, which then are there.
+std::optional<bool> KeysetSearch::AmongFew(std::int64_t from, std::int64_t& hit) {
+  std::optional<std::vector<std::int64_t>> fits;
+  try {
+    fits = list_.FitsOfFew(plan_.where);
+  } catch (const platform::Error&) {
+    // As in WalkAhead.
+  }
+  if (!fits) return {};
+  const auto found = std::ranges::lower_bound(*fits, from);
+  if (found == fits->end()) return false;
+  hit = *found;
   return true;
 }
 

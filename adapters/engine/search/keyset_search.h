@@ -29,6 +29,7 @@ class KeysetSearch {
   bool IsInRange(std::int64_t ordinal) const;
   std::optional<std::int64_t> FirstInRange(std::int64_t from);
   std::optional<bool> ByRowKey(std::int64_t from, std::int64_t& hit);
+  std::optional<bool> AmongFew(std::int64_t from, std::int64_t& hit);
   std::optional<bool> WalkAhead(std::int64_t from, std::int64_t& hit);
   std::optional<bool> WalkTogether(std::int64_t from, std::int64_t end, std::int64_t& hit);
   void CollectHits();

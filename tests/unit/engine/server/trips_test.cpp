@@ -188,6 +188,44 @@ TEST_F(Trips, ASearchWithoutIndexIsTwo) {
   EXPECT_TRUE(list->NoMatch());
 }
 
+// Codes are sought so on each card: what was read before somebody wrote comes with the answer.
+TEST_F(Trips, ASearchInAShortListIsOneWithItsRows) {
+  Other("INSERT INTO orv1_customer.\"Phones\" (\"AcctNum\", \"Phone\") SELECT 10 - n, n FROM generate_series(1, 9) AS n");
+  OpenDatabase();
+  for (const std::string order : {"", " ORDER BY Phone", " ORDER BY AcctNum DESC"}) {
+    const auto phones = database->OpenRecordset("SELECT * FROM Phones" + order, RecordsetType::Dynaset);
+    database->Execute("UPDATE Customers SET Balance = Balance + 1 WHERE AcctNum = 1", platform::dbFailOnError);
+    EXPECT_EQ(TripsOf([&] {
+                phones->FindFirst("AcctNum = 3");
+                EXPECT_EQ(phones->Field("Phone"), Value("7"));
+              }),
+              1)
+        << order;
+    EXPECT_EQ(TripsOf([&] {
+                phones->FindNext("AcctNum < 3 Or AcctNum = 7");
+                EXPECT_EQ(phones->Field("AcctNum"), Value(2)) << order;
+                phones->MovePrevious();
+                EXPECT_EQ(phones->Field("AcctNum"), Value(3));
+              }),
+              1)
+        << order;
+    phones->FindFirst("AcctNum = 3 And AcctNum = 4");
+    EXPECT_TRUE(phones->NoMatch());
+    Other("DELETE FROM orv1_customer.\"Phones\" WHERE \"AcctNum\" = 9");
+    database->OpenRecordset("SELECT Phone FROM Phones WHERE AcctNum = 1", RecordsetType::Snapshot);  // tells of it
+    phones->FindFirst("AcctNum = 9");
+    EXPECT_TRUE(phones->NoMatch());
+    phones->FindFirst("Phone = '9' Or AcctNum = 9");
+    EXPECT_EQ(phones->Field("AcctNum"), Value(1));
+    phones->AddNew();
+    phones->SetField("AcctNum", Value(9));
+    phones->SetField("Phone", Value("1"));
+    phones->Update();
+    phones->FindFirst("AcctNum = 9");
+    EXPECT_EQ(phones->Field("Phone"), Value("1"));
+  }
+}
+
 // Each try is one question: a walk, how far it went, another one where the rows lie a little thinner, all that fit where they are rare.
 TEST_F(Trips, AQueryAsksOnceForEachTry) {
   Other("INSERT INTO orv1_customer.\"Customers\" (\"LastName\", \"City\", \"Balance\") SELECT 'Name' || lpad((n % 100)::text, 3, '0'), "

@@ -304,7 +304,8 @@ std::string ServerConnection::Notice(bool withLast) {
   const auto now = std::chrono::steady_clock::now();
   if (withLast && now - told_ < moment_) return {};
   told_ = now;
-  const std::string last = withLast ? "current_setting('orcussch.wrote') || ' ' || " : "";
+  // There is none behind a first write that failed.
+  const std::string last = withLast ? "coalesce(current_setting('orcussch.wrote', true), '') || ' ' || " : "";
   return "SELECT pg_current_xact_id(), set_config('synchronous_commit', 'off', true), pg_notify('orcussch', " + last +
          "pg_current_xact_id()::text || '" + std::exchange(owed_, {}) + "')";
 }

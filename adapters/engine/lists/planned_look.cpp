@@ -87,11 +87,11 @@ bool PlannedLook::Walk(const std::optional<FirstLook::Told>& told) {
   return atOnce_ || source_.Version() == first_.version;
 }
 
-void PlannedLook::PutAllInOrder() {
+void PlannedLook::PutAllInOrder(std::int64_t likelyRows) {
   RowPage& page = *first_.page;
   page.cells.Clear();
   page.keys.clear();
-  all_.ReadFirst(direction_, FirstLook::kPage, [&](const Query& row) {
+  all_.ReadFirst(direction_, FirstLook::kPage, likelyRows, [&](const Query& row) {
     all_.AppendRow(row, page);
     return true;
   });
@@ -101,7 +101,7 @@ void PlannedLook::PutAllInOrder() {
 // Where no way leads along the list there is nothing to find out before.
 FirstRows PlannedLook::ByOne(std::int64_t likelyRows) {
   Begin();
-  PutAllInOrder();
+  PutAllInOrder(likelyRows);
   first_.likelyRows = first_.all ? Hits() : likelyRows;
   return std::move(first_);
 }
@@ -121,7 +121,7 @@ std::optional<FirstRows> PlannedLook::AsBefore() {
       if (!WalkOn(before->rows + before->rows / 4)) return {};
       break;
     case FoundWay::Way::All:
-      PutAllInOrder();
+      PutAllInOrder(span_);
       break;
   }
   first_.likelyRows = first_.all ? Hits() : likelyRows;
@@ -156,7 +156,7 @@ FirstRows PlannedLook::FindOut() {
   const double share = LikelyShare(found, told);
   Remember({.way = found ? FoundWay::Way::Walk : FoundWay::Way::All, .rows = looked_, .share = share});
   first_.likelyRows = static_cast<std::int64_t>(share * static_cast<double>(span_));
-  if (!found) PutAllInOrder();
+  if (!found) PutAllInOrder(span_);
   if (first_.all) first_.likelyRows = Hits();
   return std::move(first_);
 }

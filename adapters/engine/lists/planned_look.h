@@ -43,7 +43,7 @@ class PlannedLook {
   std::int64_t FirstStretch(const std::optional<FirstLook::Told>& told) const;
   bool WalkOn(std::int64_t rows);
   double LikelyShare(bool found, const std::optional<FirstLook::Told>& told) const;
-  void PutAllInOrder();
+  void PutAllInOrder(std::int64_t likelyRows);
   std::int64_t Hits() const { return static_cast<std::int64_t>(first_.page->Rows()); }
 
   RowSource& source_;

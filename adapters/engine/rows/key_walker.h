@@ -77,8 +77,9 @@ class KeyWalker {
   /// Of the next `rows` rows, in keys alone, the first and every `spacing`th behind it, and the last; each with its number among them, from
   /// 1, in the place of a flag. For walks of at most one order column, in stores that compare rows as wholes.
   void ReadEvery(Direction direction, const OrderPlace* from, std::int64_t rows, std::int64_t spacing, const Sink& sink);
-  /// The first rows of a walk that puts them in order; for stores that plan by themselves.
-  void ReadFirst(Direction direction, std::int64_t rows, const Sink& sink);
+  /// The first rows of a walk that puts them in order; for stores that plan by themselves. `likelyRows`: among about how many; 0 where that
+  /// isn't known.
+  void ReadFirst(Direction direction, std::int64_t rows, std::int64_t likelyRows, const Sink& sink);
   /// A SELECT of the row keys, as "k", of the first rows.
   std::string FirstKeys(Direction direction, std::int64_t rows) const;
 
@@ -149,6 +150,7 @@ class KeyWalker {
   std::int64_t AskFromRow(std::int64_t rowKey, std::string_view sql, const Sink& sink);
   std::string StatementText(const Request& request, const Level& level) const;
   std::string SortedText(const Request& request, const Level& level, const std::string& limit) const;
+  std::string WithinSample(Direction direction, std::int64_t rows, std::int64_t likelyRows) const;
   std::string PlacedText(const Request& request, const Level& level) const;
   std::string NextText(const Request& request, std::span<const Level> levels, const std::string& columns, std::int64_t rows) const;
   std::string OrderOf(const Request& request, const Level& level) const;

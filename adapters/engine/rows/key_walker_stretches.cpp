@@ -110,9 +110,11 @@ void KeyWalker::ReadEvery(Direction direction, const OrderPlace* from, std::int6
     if (!sink(query)) return;
 }
 
-void KeyWalker::ReadFirst(Direction direction, std::int64_t rows, const Sink& sink) {
+void KeyWalker::ReadFirst(Direction direction, std::int64_t rows, std::int64_t likelyRows, const Sink& sink) {
   Request request;
   request.direction = direction;
+  const std::string within = WithinSample(direction, rows, likelyRows);
+  request.condition = within;
   Query query(store_, std::string_view(SortedText(request, {}, " LIMIT " + std::to_string(rows))));
   while (query.Step())
     if (!sink(query)) return;

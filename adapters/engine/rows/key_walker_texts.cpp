@@ -1,4 +1,6 @@
 // The texts of a walk's statements.
+#include <bit>
+#include <cmath>
 #include <cstdint>
 
 #include "engine/rows/key_walker.h"
@@ -46,6 +48,22 @@ std::string KeyWalker::SortedText(const Request& request, const Level& level, co
   return "SELECT " + shape_.columnList + ", " + keyColumns_ + (request.flag.empty() ? "" : ", (" + std::string(request.flag) + ')') +
          " FROM (SELECT " + rowKey_ + " AS k FROM " + from_ + (condition.empty() ? "" : " WHERE " + condition) + order + limit + ") AS sorted JOIN " +
          table.table->storeName + " AS " + table.alias + " ON " + rowKey_ + " = sorted.k" + order;
+}
+
+// Of the rows that lie first in the table, as many as are wanted stand so far on in the order: no row beyond is among the first ones. That
+// is known before any row needs a key of its own.
+std::string KeyWalker::WithinSample(Direction direction, std::int64_t rows, std::int64_t likelyRows) const {
+  constexpr std::int64_t kLeastSampled = 2'000;
+  if (!filter_.empty() || order_.size() != 1 || dialect_.textKeys == nullptr || likelyRows < kLeastSampled) return "";
+  const bool down = direction == Direction::Down;
+  const std::string last = down ? "CASE WHEN count(k) = " + std::to_string(rows) + " THEN min(k) END" : "max(k)";
+  const TextKeys::Rough place = dialect_.textKeys->ofFieldRoughly(comparable_[0], order_[0].sql, last, down);
+  if (place.row.empty()) return "";
+  // Each row of the sample and each row within its bound costs a key: so both are few.
+  const auto sample = std::bit_floor(static_cast<std::uint64_t>(std::sqrt(static_cast<double>(rows) * static_cast<double>(likelyRows))));
+  return place.row + (down ? " >= " : " <= ") + "(SELECT " + place.bound + " FROM (SELECT k FROM (SELECT " + comparable_[0] +
+         " AS k FROM " + from_ + " LIMIT " + std::to_string(sample) + ") AS sample ORDER BY k" + dialect_.OrderSuffix(down) + " LIMIT " +
+         std::to_string(rows) + ") AS first)";
 }
 
 // The next rows along the index, and no more of them: where several parts hold them, no more than so many of all parts together.

@@ -19,6 +19,14 @@ struct TextKeys {
   std::string (*ofField)(const platform::TableDefinition& table, const platform::FieldDefinition& field, std::string_view alias) = nullptr;
   /// The same beside a constant's key that it is compared with for equality: quicker where it is another one. `text` is the field itself.
   std::string (*ofFieldBeside)(const std::string& ofField, const std::string& text, std::string_view key) = nullptr;
+  /// Where a row stands, roughly, beside a bound: no row whose key is within the bound's key stands beyond, and few others are within.
+  struct Rough {
+    std::string row;
+    std::string bound;
+  };
+  /// Of what a field holds, `text` being the field itself; without texts where comparing the keys is as little work. `key`: the expression
+  /// for the bound's key; Nulls alone are within a Null, and descending all rows.
+  Rough (*ofFieldRoughly)(const std::string& ofField, const std::string& text, const std::string& key, bool descending) = nullptr;
   /// The store's function that makes the key of any text.
   std::string function;
   /// Behind a call of it, so that its keys stand in the order of their bytes whatever they were made of.

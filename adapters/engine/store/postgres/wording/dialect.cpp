@@ -27,13 +27,26 @@ std::string FieldKey(const platform::TableDefinition& table, const platform::Fie
   return std::string(kTextKeyFunction) + '(' + owner + QuoteName(field.name) + ')';
 }
 
+// How the key of a text begins that has one of its own only here and there; "" for other keys. `text`: the field itself.
+std::string BeginningOfSparse(const std::string& ofField, const std::string& text) {
+  const std::string end = ", " + InSmallLetters(text) + ')';
+  return ofField.ends_with(end) ? ofField.substr(0, ofField.size() - end.size()) : "";
+}
+
 // Small letters take as many bytes as the text: of another length none are made. No key is a blank.
 std::string FieldKeyBeside(const std::string& ofField, const std::string& text, std::string_view key) {
-  const std::string small = InSmallLetters(text);
-  const std::string end = ", " + small + ')';
-  if (!ofField.ends_with(end)) return ofField;
-  return ofField.substr(0, ofField.size() - end.size()) + ", CASE WHEN octet_length(" + text + ") = " + std::to_string(key.size()) + " THEN " + small +
-         " WHEN " + text + " IS NOT NULL THEN ' ' END)";
+  const std::string beginning = BeginningOfSparse(ofField, text);
+  if (beginning.empty()) return ofField;
+  return beginning + ", CASE WHEN octet_length(" + text + ") = " + std::to_string(key.size()) + " THEN " + InSmallLetters(text) + " WHEN " +
+         text + " IS NOT NULL THEN ' ' END)";
+}
+
+// A text that has no key of its own stands between its small and its capital letters, byte by byte, as blanks, digits and the signs before
+// them are all else that it can have. So does a key that stands in its place.
+TextKeys::Rough FieldRoughly(const std::string& ofField, const std::string& text, const std::string& key, bool descending) {
+  const std::string beginning = BeginningOfSparse(ofField, text);
+  if (beginning.empty()) return {};
+  return {.row = beginning + ", " + text + ", '')", .bound = "coalesce(" + (descending ? "upper(" + key + ')' : key) + ", '')"};
 }
 
 // Dates are texts, too. A key that is put together has no index anyway.
@@ -45,7 +58,12 @@ std::string ByNoIndex(const std::string& key, platform::FieldType type) {
 }
 
 const TextKeys& Keys() {
-  static const TextKeys keys{.ofText = TextKey, .ofField = FieldKey, .ofFieldBeside = FieldKeyBeside, .function = std::string(kTextKeyFunction), .behind = " COLLATE \"C\""};
+  static const TextKeys keys{.ofText = TextKey,
+                             .ofField = FieldKey,
+                             .ofFieldBeside = FieldKeyBeside,
+                             .ofFieldRoughly = FieldRoughly,
+                             .function = std::string(kTextKeyFunction),
+                             .behind = " COLLATE \"C\""};
   return keys;
 }
 

@@ -161,6 +161,7 @@ void RowEditor::WriteTable(std::size_t table, const RowBack* back) {
   update += " SET " + sets + " WHERE " + target.rowKey + " = " + dialect.Parameter(values.size() + 1);
   if (back != nullptr) update += dialect.givingBack + back->columns;
   Query query(source_.Store(), std::string_view(update));
+  query.PlanOnce();
   for (std::size_t i = 0; i < values.size(); ++i) query.Bind(static_cast<int>(i) + 1, *values[i]);
   query.Bind(static_cast<int>(values.size()) + 1, keys_[table]);
   while (query.Step()) back->take(query);
@@ -173,6 +174,7 @@ void RowEditor::Delete(const Place& row) {
   const ResolvedTable& table = *plan.tables[driving].table;
   Query query(source_.Store(),
               std::string_view("DELETE FROM " + table.storeName + " WHERE " + table.rowKey + " = " + source_.OwnDialect().Parameter(1)));
+  query.PlanOnce();
   query.Bind(1, row.keys[driving]);
   query.Run();
   if (query.Changed() == 0) throw errors::RecordDeleted();

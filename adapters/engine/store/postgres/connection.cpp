@@ -92,7 +92,7 @@ std::shared_ptr<Run> ServerConnection::Start(Trip trip) {
     trip.behind.push_back("RELEASE SAVEPOINT guard");
   }
   const bool marked = !trip.saves.empty() && !asking_ && marks_.AreKeptIn(trip.schema);
-  if (marked && units_.empty()) trip.behind.push_back(marks_.Next(trip.schema));
+  if (marked && units_.empty()) trip.mark = marks_.Next(trip.schema);
   if (marked && !units_.empty()) saved_ = trip.schema;
   // Inside a unit of reads it stays the same.
   trip.asksSnapshot = !unitKnown;

@@ -12,7 +12,7 @@ namespace engine::postgres {
 
 void ServerConnection::Commit() {
   const std::string schema = std::exchange(saved_, {});
-  if (!schema.empty()) pending_.push_back(marks_.Next(schema));
+  if (!schema.empty()) pending_.push_back(marks_.NextText(schema));
   const std::uint64_t save = marks_.Last();
   const std::optional<Failure> failure = End(kCommit);
   if (!failure) return;

@@ -161,9 +161,10 @@ bool ServerStatement::Step() {
   if (run_->rows.empty() && run_->failure) {
     const Failure failure = *run_->failure;
     const bool prepared = run_->prepared;
+    const bool dropped = run_->dropped;
     run_.reset();
     // What the server refuses when it is given the statement itself, it refuses each time.
-    if (fresh && !prepared && !preparing_ && MustPrepareAgain(failure)) {
+    if (fresh && MustPrepareAgain(failure) && (dropped || (!prepared && !preparing_))) {
       names_.erase(types_);
       return Step();
     }

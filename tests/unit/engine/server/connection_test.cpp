@@ -61,6 +61,25 @@ TEST_F(Connected, StatementsThatTheServerHasDroppedAreGivenToItAgain) {
   }
 }
 
+// A write with all that goes along with it, whether the server has ever had it or not.
+TEST_F(Connected, WritesAreDoneOnceWhereTheServerHasDroppedStatements) {
+  Run(connection, Insert(1, ""));
+  for (const char* letter : {"a", "b"}) {
+    SqlText text("UPDATE \"orv1_x\".\"t\" SET name = name || '" + std::string(letter) + "' WHERE id = $1");
+    for (int i = 0; i < 2; ++i) {
+      {
+        Query query(connection, text);
+        query.PlanOnce();
+        query.Bind(1, std::int64_t{1});
+        query.Run();
+        EXPECT_EQ(query.Changed(), 1);
+      }
+      Run(connection, "DEALLOCATE ALL");
+    }
+  }
+  EXPECT_EQ(Names(), "aabb\n");
+}
+
 TEST_F(Connected, AStatementRunsAgainWithOtherKindsOfValues) {
   SqlText text("SELECT $1::text");
   const auto ask = [&](auto bind) {

@@ -17,17 +17,10 @@ using Clock = std::chrono::steady_clock;
 constexpr int kTextFormat = 0;
 constexpr int kAsItIs = 1;
 
-// What they set is for the rest of the trip, with the statement behind it. They are prepared, as one goes along with nearly every trip; in
-// the order of Planning.
-struct SnapshotAsk {
-  const char* name;
-  const char* sql;
-  Run::Part part;
-};
-constexpr std::array<SnapshotAsk, 3> kSnapshotAsks{
-    {{"ask", "SELECT pg_current_snapshot()", Run::Part::KeepAsk},
-     {"ask_once", "SELECT pg_current_snapshot(), set_config('plan_cache_mode', 'force_generic_plan', true)", Run::Part::KeepAskOnce},
-     {"ask_along", "SELECT pg_current_snapshot(), set_config('enable_sort', 'off', true)", Run::Part::KeepAskAlong}}};
+// In the order of Planning. What they set is for the rest of the trip, with the statement behind it.
+constexpr std::array<const char*, 3> kSnapshotAsks{
+    "SELECT pg_current_snapshot()", "SELECT pg_current_snapshot(), set_config('plan_cache_mode', 'force_generic_plan', true)",
+    "SELECT pg_current_snapshot(), set_config('enable_sort', 'off', true)"};
 
 // It is kept for who tells others of it.
 constexpr const char* kAskNumber = "SELECT set_config('orcussch.wrote', coalesce(pg_current_xact_id_if_assigned()::text, ''), false)";
@@ -59,7 +52,7 @@ void Link::Close() noexcept {
 void Link::Open(const std::string& asked) {
   Close();
   connection_ = Connect(target_, patience_, name_, serveOthers_, asked);
-  asksKept_ = {};
+  kept_.clear();
   PQsetNoticeReceiver(
       connection_,
       [](void* link, const PGresult* notice) {
@@ -94,16 +87,19 @@ bool Link::SendStatement(const Trip& trip) {
                              formats.data(), kTextFormat) != 0;
 }
 
-bool Link::AskSnapshot(Planning planning, Run& run) {
-  const auto which = static_cast<std::size_t>(planning);
-  const SnapshotAsk& ask = kSnapshotAsks[which];
+// What goes along with many trips is prepared once.
+bool Link::SendKept(const std::string& sql, const std::string* parameter, Run::Part part, Run& run) {
   bool sent = true;
-  if (!asksKept_[which]) {
-    sent = PQsendPrepare(connection_, ask.name, ask.sql, 0, nullptr) != 0;
-    run.parts.push_back(ask.part);
+  auto kept = kept_.find(sql);
+  std::string name = kept == kept_.end() ? "kept" + std::to_string(++names_) : kept->second;
+  if (kept == kept_.end()) {
+    sent = PQsendPrepare(connection_, name.c_str(), sql.c_str(), 0, nullptr) != 0;
+    run.parts.push_back(Run::Part::Keep);
+    run.keeps.emplace_back(sql, name);
   }
-  run.parts.push_back(Run::Part::Snapshot);
-  return sent && PQsendQueryPrepared(connection_, ask.name, 0, nullptr, nullptr, nullptr, kTextFormat) != 0;
+  run.parts.push_back(part);
+  const char* const value = parameter == nullptr ? nullptr : parameter->c_str();
+  return sent && PQsendQueryPrepared(connection_, name.c_str(), parameter == nullptr ? 0 : 1, &value, nullptr, nullptr, kTextFormat) != 0;
 }
 
 std::shared_ptr<Run> Link::Send(const Trip& trip) {
@@ -127,7 +123,10 @@ std::shared_ptr<Run> Link::Send(const Trip& trip) {
     sync(Run::Part::Sync);
   }
   for (const std::string& sql : trip.before) control(sql, Run::Part::Control);
-  if (trip.asksSnapshot) sent = sent && AskSnapshot(trip.planning, *run);
+  const auto along = [&](const std::string& sql, const std::string* parameter, Run::Part part) {
+    sent = sent && SendKept(sql, parameter, part, *run);
+  };
+  if (trip.asksSnapshot) along(kSnapshotAsks[static_cast<std::size_t>(trip.planning)], nullptr, Run::Part::Snapshot);
   if (!trip.prepare.empty()) {
     sent = sent && PQsendPrepare(connection_, trip.name.c_str(), trip.prepare.c_str(), static_cast<int>(trip.types.size()), trip.types.data()) != 0;
     run->parts.push_back(Run::Part::Prepare);
@@ -136,7 +135,8 @@ std::shared_ptr<Run> Link::Send(const Trip& trip) {
     sent = sent && SendStatement(trip);
     run->parts.push_back(Run::Part::Statement);
   }
-  if (trip.asksNumber) control(kAskNumber, Run::Part::Number);
+  if (trip.asksNumber) along(kAskNumber, nullptr, Run::Part::Number);
+  if (!trip.mark.sql.empty()) along(trip.mark.sql, &trip.mark.save, Run::Part::Mark);
   for (const std::string& sql : trip.behind) control(sql, Run::Part::Control);
   if (!trip.notice.empty()) {
     sync(Run::Part::Sync);
@@ -186,9 +186,9 @@ void Link::Receive(Run& run, Result result) {
     case PGRES_FATAL_ERROR:
     case PGRES_BAD_RESPONSE:
       if (part == Run::Part::Notice || (part == Run::Part::Ahead && IsOpen())) return;
-      // The server may have dropped what it had been given.
-      if (part == Run::Part::Snapshot) asksKept_ = {};
       if (!run.failure) run.failure = FailureOf(result.get(), !IsOpen());
+      run.dropped = MustPrepareAgain(*run.failure) && (part == Run::Part::Snapshot || part == Run::Part::Number || part == Run::Part::Mark);
+      if (run.dropped) kept_.clear();
       return;
     case PGRES_SINGLE_TUPLE:
     case PGRES_TUPLES_OK:
@@ -199,6 +199,7 @@ void Link::Receive(Run& run, Result result) {
         if (part == Run::Part::Snapshot) run.snapshot = text;
       }
       if (part != Run::Part::Statement) return;
+      run.changed = std::atoll(PQcmdTuples(result.get()));
       if (PQntuples(result.get()) > 0) {
         run.came += PQntuples(result.get());
         if (run.unwanted)
@@ -212,8 +213,10 @@ void Link::Receive(Run& run, Result result) {
       if (part == Run::Part::Statement) run.changed = std::atoll(PQcmdTuples(result.get()));
       if (part == Run::Part::Prepare) run.prepared = true;
       if (part == Run::Part::Ahead) run.aheadDone = true;
-      for (std::size_t ask = 0; ask < kSnapshotAsks.size(); ++ask)
-        if (part == kSnapshotAsks[ask].part) asksKept_[ask] = true;
+      if (part == Run::Part::Keep) {
+        kept_.insert(std::move(run.keeps.front()));
+        run.keeps.pop_front();
+      }
       run.tag = PQcmdStatus(result.get());
       return;
     default:  // skipped behind an error

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <array>
 #include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "engine/store/postgres/link/copy_rows.h"
@@ -73,7 +73,7 @@ class Link {
   void Lose(Run& run);
   void EndUnwanted(Run& run);
   bool SendStatement(const Trip& trip);
-  bool AskSnapshot(Planning planning, Run& run);
+  bool SendKept(const std::string& sql, const std::string* parameter, Run::Part part, Run& run);
   void Close() noexcept;
 
   Target target_;
@@ -84,7 +84,8 @@ class Link {
   int openings_ = 0;
   bool unsent_ = false;
   bool storedHereAlone_ = false;  ///< the server has said so of this trip
-  std::array<bool, 3> asksKept_{};  ///< which of the statements that ask for the snapshot the server has, in the order of Planning
+  std::unordered_map<std::string, std::string> kept_;  ///< names of statements that the server has, by their texts
+  std::uint64_t names_ = 0;
   std::uint64_t trips_ = 0;
 };
 

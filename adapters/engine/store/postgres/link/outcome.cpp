@@ -44,15 +44,20 @@ std::string_view GivenBack(std::string_view sql) {
 
 SaveMarks::SaveMarks() : desk_(NewDesk()) {}
 
-std::string SaveMarks::Next(const std::string& schema) {
+Mark SaveMarks::Next(const std::string& schema) { return {TextOf(schema, "$1"), std::to_string(++last_)}; }
+
+std::string SaveMarks::NextText(const std::string& schema) { return TextOf(schema, std::to_string(++last_)); }
+
+std::string SaveMarks::TextOf(const std::string& schema, const std::string& save) {
   const std::string table = Table(schema);
   std::string text;
   // Desks that have not saved for a month are gone. Whoever is at it already does it.
   if (begun_.insert(schema).second)
     text = "WITH gone AS (DELETE FROM " + table + " WHERE desk IN (SELECT desk FROM " + table +
            " WHERE at < now() - interval '30 days' FOR UPDATE SKIP LOCKED)) ";
-  return text + "INSERT INTO " + table + " (desk, save, number, at) VALUES (" + QuoteText(desk_) + ", " + std::to_string(++last_) +
-         ", coalesce(pg_current_xact_id_if_assigned(), " + QuoteText(kWroteNothing) + "), now()) ON CONFLICT (desk) DO UPDATE SET save = excluded.save, number = excluded.number, at = excluded.at";
+  return text + "INSERT INTO " + table + " (desk, save, number, at) VALUES (" + QuoteText(desk_) + ", " + save +
+         ", coalesce(pg_current_xact_id_if_assigned(), " + QuoteText(kWroteNothing) +
+         "), now()) ON CONFLICT (desk) DO UPDATE SET save = excluded.save, number = excluded.number, at = excluded.at";
 }
 
 std::optional<std::string> SaveMarks::Stored(Channel& channel, const std::string& schema, std::uint64_t save) const {

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "engine/store/channel.h"
+#include "engine/store/postgres/link/run.h"
 
 namespace engine::postgres {
 
@@ -27,7 +28,9 @@ class SaveMarks {
   bool AreKeptIn(const std::string& schema) const { return kept_.contains(schema); }
 
   /// What is to be run behind a save, in its transaction; it is the save `Last` then.
-  std::string Next(const std::string& schema);
+  Mark Next(const std::string& schema);
+  /// The same as one text.
+  std::string NextText(const std::string& schema);
   std::uint64_t Last() const noexcept { return last_; }
 
   /// The number of the save's transaction if it was stored, kWroteNothing if that changed no row; nothing if it wasn't, or nobody can know. Ends what is left of the desk's
@@ -35,6 +38,8 @@ class SaveMarks {
   std::optional<std::string> Stored(Channel& channel, const std::string& schema, std::uint64_t save) const;
 
  private:
+  std::string TextOf(const std::string& schema, const std::string& save);
+
   std::string desk_;
   std::uint64_t last_ = 0;
   std::set<std::string> kept_;

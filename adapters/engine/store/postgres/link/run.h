@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/store/postgres/link/failure.h"
@@ -35,6 +36,12 @@ enum class Planning : std::uint8_t {
   Along,      ///< nothing is to be put in order that an index gives in order
 };
 
+/// What a desk leaves behind a save (SaveMarks).
+struct Mark {
+  std::string sql;   ///< the same for most saves of a schema; its parameter is the number
+  std::string save;  ///< number
+};
+
 /// What goes to the server at once, up to where it answers to all of it. An error skips the rest.
 struct Trip {
   std::vector<std::string> ahead;   ///< statements that stand for themselves: whether they fail is told apart (Run::aheadDone)
@@ -46,6 +53,7 @@ struct Trip {
   std::string prepare;              ///< its text, "" when the server has it
   std::vector<unsigned> types;      ///< of its parameters, where it is prepared
   const std::vector<Parameter>* parameters = nullptr;
+  Mark mark;                        ///< behind the statement; "" where there is none
   std::vector<std::string> behind;  ///< statements without rows
   bool guarded = false;             ///< stands behind a savepoint that a failure must go back to
   bool asksNumber = false;          ///< the transaction's own number is asked for, behind the statement
@@ -68,6 +76,7 @@ class Run {
   bool isShort = false;  ///< its rows come as a whole
   std::int64_t changed = 0;
   bool prepared = false;  ///< the server has the statement now
+  bool dropped = false;   ///< the server had dropped one of those that go along with it, and is given them again
   std::string tag;        ///< what the server says that the last part did
   std::string number;    ///< of the transaction, "" if it has none
   std::string notice;    ///< number of the transaction that told others
@@ -82,21 +91,9 @@ class Run {
   std::string schema;
   std::string sql;
 
-  enum class Part : std::uint8_t {
-    Ahead,
-    Control,
-    KeepAsk,
-    KeepAskOnce,
-    KeepAskAlong,
-    Snapshot,
-    Prepare,
-    Statement,
-    Number,
-    Notice,
-    Sync,
-    End
-  };
+  enum class Part : std::uint8_t { Ahead, Control, Keep, Snapshot, Prepare, Statement, Number, Mark, Notice, Sync, End };
   std::vector<Part> parts;
+  std::deque<std::pair<std::string, std::string>> keeps;  ///< what the server is given to keep, each text with its name
   std::size_t at = 0;
   int thrownAway = 0;
   std::chrono::steady_clock::time_point unwantedSince;

@@ -83,9 +83,10 @@ void KeyWalker::ReadAmongNext(Direction direction, const OrderPlace* from, std::
   const std::string& alias = shape_.plan.tables.front().alias;
   const std::string condition = counted.ConditionOf(request, level);
   const std::string order = " ORDER BY " + OrderText(direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
-  Query query(store_, std::string_view("SELECT " + RowColumns() + " FROM (SELECT " + alias + ".* FROM " + counted.from_ +
-                                       (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + std::to_string(rows) + ") AS " + alias +
-                                       (filter_.empty() ? "" : " WHERE " + filter_) + order + " LIMIT " + std::to_string(most)));
+  Query query(store_,
+              std::string_view("SELECT " + RowColumns() + PassedOn() + " FROM (SELECT " + alias + ".* FROM " + counted.from_ +
+                               (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + std::to_string(rows) + ") AS " +
+                               alias + (filter_.empty() ? "" : " WHERE " + filter_) + order + " LIMIT " + std::to_string(most)));
   PlanAlong(query);
   BindPlace(query, request, level);
   for (std::int64_t left = most; left > 0 && query.Step(); --left)

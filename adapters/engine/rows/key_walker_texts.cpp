@@ -78,6 +78,14 @@ std::string KeyWalker::NextText(const Request& request, std::span<const Level> l
   return levels.size() == 1 ? text : '(' + text + ')' + few;
 }
 
+// Behind the columns of a statement that reads rows of another SELECT's. Columns of those that nobody asks for would become Nulls, for
+// which each row is formed anew, with all columns; rows that are asked for as a whole are passed on as they are. No row ever computes it.
+// Beside other tables each row would be put together as a whole for the join.
+std::string KeyWalker::PassedOn() const {
+  if (shape_.plan.asksOtherTables) return "";
+  return ", CASE WHEN " + rowKey_ + " IS NULL THEN " + shape_.plan.tables.front().alias + " IS NULL END";
+}
+
 // The rows are cut off along the index first, so that a store which plans for itself asks no others. A row that fits behind others which
 // weren't looked at isn't the next one.
 std::string KeyWalker::AmongText(const Request& request, std::span<const Level> levels) const {
@@ -85,9 +93,9 @@ std::string KeyWalker::AmongText(const Request& request, std::span<const Level> 
   Request all = request;
   all.condition = {};
   const std::string order = levels.size() == 1 ? OrderOf(request, levels.front()) : " ORDER BY " + OrderText(request.direction, 0);
-  return "SELECT " + (request.keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + " FROM (" + NextText(all, levels, alias + ".*", request.among) +
-         ") AS " + alias + " WHERE " + std::string(request.condition) + order + " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " +
-         dialect_.Parameter(order_.size() + 3);
+  return "SELECT " + (request.keysOnly ? "" : shape_.columnList + ", ") + keyColumns_ + PassedOn() + " FROM (" +
+         NextText(all, levels, alias + ".*", request.among) + ") AS " + alias + " WHERE " + std::string(request.condition) + order +
+         " LIMIT " + dialect_.Parameter(order_.size() + 2) + " OFFSET " + dialect_.Parameter(order_.size() + 3);
 }
 
 // Columns that are held equal order nothing.

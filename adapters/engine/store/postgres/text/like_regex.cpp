@@ -82,17 +82,18 @@ std::string ClassOf(const LikePattern::Token& token) {
   return (token.negated ? "[^" : "[") + members + ']';
 }
 
-// The small letter or the digit that a token takes, and that in capitals, if it takes nothing else.
-std::optional<char> OneLetter(const LikePattern::Token& token) {
+// The small letter or the digit that a token takes, and that in capitals; if it takes nothing else, or others behind them.
+std::optional<char> OneLetter(const LikePattern::Token& token, bool maybeOthers) {
   using Kind = LikePattern::Token::Kind;
   if (token.kind != Kind::Literal && token.kind != Kind::List) return {};
   const std::string members = ClassOf(token);
+  const auto takes = [&](const std::string& letters) { return maybeOthers ? members.starts_with(letters) : members == letters + ']'; };
   for (char letter = 'a'; letter <= 'z'; ++letter) {
     const char capital = static_cast<char>(letter - 'a' + 'A');
-    if (members == std::string{'[', letter, capital, ']'} || members == std::string{'[', capital, letter, ']'}) return letter;
+    if (takes({'[', letter, capital}) || takes({'[', capital, letter})) return letter;
   }
   for (char digit = '0'; digit <= '9'; ++digit)
-    if (members == std::string{'[', digit, ']'}) return digit;
+    if (takes({'[', digit})) return digit;
   return {};
 }
 
@@ -144,7 +145,7 @@ std::optional<SmallLetters> HeldBy(const LikePattern& pattern) {
   SmallLetters held{.like = {}, .isAll = true};
   bool holdsAny = false;
   for (const LikePattern::Token& token : pattern.Tokens()) {
-    const std::optional<char> letter = OneLetter(token);
+    const std::optional<char> letter = OneLetter(token, false);
     held.like += token.kind == Kind::AnyRun ? '%' : letter.value_or('_');
     held.isAll = held.isAll && (letter || token.kind == Kind::AnyRun || token.kind == Kind::AnyCharacter);
     holdsAny = holdsAny || letter;
@@ -152,6 +153,18 @@ std::optional<SmallLetters> HeldBy(const LikePattern& pattern) {
   const bool begins = held.isAll && (pattern.IsPrefixOnly() || pattern.IsLiteral());
   if (!holdsAny || !(anywhere || begins)) return {};
   return held;
+}
+
+std::optional<SmallLetters> CertainBeginning(const LikePattern& pattern) {
+  using Kind = LikePattern::Token::Kind;
+  if (!pattern.IsPrefixOnly()) return {};
+  SmallLetters certain;
+  for (const LikePattern::Token& token : pattern.Tokens()) {
+    const std::optional<char> letter = OneLetter(token, true);
+    if (!letter && token.kind != Kind::AnyRun) return {};
+    certain.like += letter.value_or('%');
+  }
+  return certain;
 }
 
 std::string LikeSubject(const std::string& text) { return "rtrim(" + text + ", chr(32) || chr(9) || chr(160))"; }

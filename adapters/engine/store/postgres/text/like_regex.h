@@ -24,6 +24,9 @@ struct SmallLetters {
 /// as well. A pattern without wildcards needs the text without its trailing blanks.
 std::optional<SmallLetters> HeldBy(const LikePattern& pattern);
 
+/// What certainly matches a pattern of letters and digits with a "*" behind: texts that begin with them, whatever else is taken for them.
+std::optional<SmallLetters> CertainBeginning(const LikePattern& pattern);
+
 /// The expression to test: `text` without the blanks that Like leaves out.
 std::string LikeSubject(const std::string& text);
 

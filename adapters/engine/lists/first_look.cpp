@@ -332,6 +332,7 @@ std::optional<FirstRows> FirstLook::ByFewKeysOf(const PlanDriver& driver) {
   std::int64_t keysRead = 0;
   TakeAll(true, [&](const PiecewiseScan::Take& take) {
     Query query(source_.Store(), std::string_view(JoinText(keys, driver, columns + ", s.n")));
+    query.ExpectFew();
     while (query.Step()) {
       keysRead = query.Int(rows_->FlagAt(false));
       take(query);

@@ -153,6 +153,9 @@ class KeyWalker {
   std::string WithinSample(Direction direction, std::int64_t rows, std::int64_t likelyRows) const;
   std::string PlacedText(const Request& request, const Level& level) const;
   std::string PassedOn() const;
+  std::string AmongFirst(const std::string& first, const std::string& order, std::int64_t most, Direction direction) const;
+  bool AsksKeysAlone() const;
+  std::string KeysAlone() const;
   std::string NextText(const Request& request, std::span<const Level> levels, const std::string& columns, std::int64_t rows) const;
   std::string OrderOf(const Request& request, const Level& level) const;
   std::string AmongText(const Request& request, std::span<const Level> levels) const;

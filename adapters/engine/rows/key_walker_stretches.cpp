@@ -80,18 +80,39 @@ void KeyWalker::ReadAmongNext(Direction direction, const OrderPlace* from, std::
   request.direction = direction;
   request.from = from;
   const Level level = LevelsFor(request).front();
-  const std::string& alias = shape_.plan.tables.front().alias;
-  const std::string condition = counted.ConditionOf(request, level);
-  const std::string order = " ORDER BY " + OrderText(direction, level.step == Step::NullBlock ? level.equal + 1 : level.equal);
-  Query query(store_,
-              std::string_view("SELECT " + RowColumns() + PassedOn() + " FROM (SELECT " + alias + ".* FROM " + counted.from_ +
-                               (condition.empty() ? "" : " WHERE " + condition) + order + " LIMIT " + std::to_string(rows) + ") AS " +
-                               alias + (filter_.empty() ? "" : " WHERE " + filter_) + order + " LIMIT " + std::to_string(most)));
+  const std::string first =
+      counted.NextText(request, {&level, 1}, AsksKeysAlone() ? KeysAlone() : shape_.plan.tables.front().alias + ".*", rows);
+  Query query(store_, std::string_view(AmongFirst(first, OrderOf(request, level), most, direction)));
   PlanAlong(query);
   BindPlace(query, request, level);
   for (std::int64_t left = most; left > 0 && query.Step(); --left)
     if (!sink(query)) return;
 }
+
+std::string KeyWalker::AmongFirst(const std::string& first, const std::string& order, std::int64_t most, Direction direction) const {
+  const PlanTable& table = shape_.plan.tables.front();
+  const std::string rest =
+      " FROM (" + first + ") AS " + table.alias + (filter_.empty() ? "" : " WHERE " + filter_) + order + " LIMIT " + std::to_string(most);
+  if (!AsksKeysAlone()) return "SELECT " + RowColumns() + PassedOn() + rest;
+  const bool down = direction == Direction::Down;
+  const std::string place = order_.empty() ? "" : comparable_[0] + " AS place, ";
+  return "SELECT " + RowColumns() + " FROM (SELECT " + place + rowKey_ + " AS key" + rest + ") AS found JOIN " + table.table->storeName +
+         " AS " + table.alias + " ON " + rowKey_ + " = found.key ORDER BY " +
+         (order_.empty() ? "" : "found.place" + dialect_.OrderSuffix(down) + ", ") + "found.key" + (down ? " DESC" : "");
+}
+
+// Whether the filter asks other tables by what stands in the order's index: then the rows that it leaves out needn't be read at all.
+bool KeyWalker::AsksKeysAlone() const {
+  if (!shape_.plan.asksOtherTables || order_.size() > 1) return false;
+  const std::string ofTable = shape_.plan.tables.front().alias + '.';
+  for (std::size_t at = filter_.find(ofTable); at != std::string::npos; at = filter_.find(ofTable, at + 1)) {
+    const std::string_view rest = std::string_view(filter_).substr(at);
+    if (!rest.starts_with(rowKey_) && (order_.empty() || !rest.starts_with(comparable_[0]))) return false;
+  }
+  return true;
+}
+
+std::string KeyWalker::KeysAlone() const { return (order_.empty() ? "" : comparable_[0] + ", ") + rowKey_; }
 
 // All of them are passed in the index, and those that are wanted fetched from the table.
 void KeyWalker::ReadEvery(Direction direction, const OrderPlace* from, std::int64_t rows, std::int64_t spacing, const Sink& sink) {
@@ -117,6 +138,7 @@ void KeyWalker::ReadFirst(Direction direction, std::int64_t rows, std::int64_t l
   const std::string within = WithinSample(direction, rows, likelyRows);
   request.condition = within;
   Query query(store_, std::string_view(SortedText(request, {}, " LIMIT " + std::to_string(rows))));
+  query.ExpectFew();
   while (query.Step())
     if (!sink(query)) return;
 }

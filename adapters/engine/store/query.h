@@ -38,6 +38,8 @@ class Query {
 
   /// One plan does for all values (Statement::PlanOnce).
   void PlanOnce() { statement_->PlanOnce(); }
+  /// Few rows will come (Statement::ExpectFew).
+  void ExpectFew() { statement_->ExpectFew(); }
   /// An index gives the order (Statement::PlanAlong).
   void PlanAlong() { statement_->PlanAlong(); }
   bool Step() { return statement_->Step(); }

@@ -42,6 +42,8 @@ class Statement {
   /// Told before a run: its rows are few, and the way to them is the same whatever values are bound. A store that plans each run for its
   /// values may then plan once.
   virtual void PlanOnce() {}
+  /// It gives few rows, which may come as a whole.
+  virtual void ExpectFew() {}
   /// Told before a run, instead of that: its rows are few, and the order in which they are wanted is that of an index, along which they are
   /// to be found. A store that plans by itself may think it less work to put all rows in order.
   virtual void PlanAlong() {}

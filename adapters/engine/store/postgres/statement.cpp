@@ -126,7 +126,7 @@ Trip ServerStatement::Prepared() {
   trip.tells = writes_ && !defines_;
   trip.schema = schema_;
   trip.planning = planning_;
-  trip.isShort = planning_ != Planning::ForValues;
+  trip.isShort = few_ || planning_ != Planning::ForValues;
   if (WritesRows(sql_)) trip.saves = sql_;
   const auto known = names_.find(types_);
   preparing_ = known == names_.end();

@@ -36,6 +36,7 @@ class ServerStatement final : public Statement {
   void Bind(int parameter, std::string_view text) override;
   void PlanOnce() override { planning_ = Planning::Once; }
   void PlanAlong() override { planning_ = Planning::Along; }
+  void ExpectFew() override { few_ = true; }
   bool Step() override;
   void Reset() noexcept override;
   std::int64_t Changed() const override { return changed_; }
@@ -59,6 +60,7 @@ class ServerStatement final : public Statement {
   bool writes_ = false;   ///< changes something, also if it is a SELECT by its form
   bool asksMoment_ = false;
   Planning planning_ = Planning::ForValues;
+  bool few_ = false;
   std::vector<Parameter> parameters_;
   std::vector<unsigned> types_;  ///< that the parameters have had
   std::map<std::vector<unsigned>, std::string> names_;  ///< on the server, by the parameters' types

@@ -40,6 +40,8 @@ void RowEditor::BeginEdit(const Place& row) {
   Drop();
   values_ = row.page->CellsOf(row.row, source_.Plan().columns.size());
   assigned_.assign(values_.size(), false);
+  read_ = row.page;
+  readRow_ = row.row;
   keys_ = row.keys;
   mode_ = EditMode::Edit;
 }
@@ -58,6 +60,7 @@ void RowEditor::Set(int index, const Value& value) {
 void RowEditor::Drop() {
   mode_ = EditMode::None;
   counter_.reset();
+  read_.reset();
 }
 
 std::vector<std::int64_t> RowEditor::Insert() {
@@ -124,34 +127,44 @@ std::vector<std::int64_t> RowEditor::KeysOfNewRow(std::int64_t driving) {
   return keys;
 }
 
+// A card assigns all of its fields, of which a user mostly changes one or two.
+std::vector<bool> RowEditor::FieldsToWrite() const {
+  if (read_ == nullptr || !source_.StillSo(*read_)) return assigned_;
+  const std::vector<Value> stored = read_->CellsOf(readRow_, assigned_.size());
+  std::vector<bool> changed(assigned_.size());
+  for (std::size_t i = 0; i < assigned_.size(); ++i) changed[i] = assigned_[i] && values_[i] != stored[i];
+  return std::ranges::find(changed, true) == changed.end() ? assigned_ : changed;
+}
+
 void RowEditor::Write(const RowBack* back) {
   const SelectPlan& plan = source_.Plan();
+  const std::vector<bool> fields = FieldsToWrite();
   std::vector<std::size_t> tables;
-  for (std::size_t i = 0; i < assigned_.size(); ++i) {
+  for (std::size_t i = 0; i < fields.size(); ++i) {
     const auto table = static_cast<std::size_t>(plan.columns[i].table);
-    if (assigned_[i] && std::ranges::find(tables, table) == tables.end()) tables.push_back(table);
+    if (fields[i] && std::ranges::find(tables, table) == tables.end()) tables.push_back(table);
   }
   if (tables.empty()) {
     RowPage now(plan.columns.size(), keys_.size());
     if (!source_.Fetch(keys_.data(), now)) throw errors::RecordDeleted();
   } else if (tables.size() == 1) {
-    WriteTable(tables.front(), back);
+    WriteTable(tables.front(), fields, back);
   } else {
     Transaction together(source_.Store(), Transaction::Kind::Write);
-    for (const std::size_t table : tables) WriteTable(table, nullptr);
+    for (const std::size_t table : tables) WriteTable(table, fields, nullptr);
     together.Commit();
   }
   Drop();
 }
 
-void RowEditor::WriteTable(std::size_t table, const RowBack* back) {
+void RowEditor::WriteTable(std::size_t table, const std::vector<bool>& fields, const RowBack* back) {
   const SelectPlan& plan = source_.Plan();
   const ResolvedTable& target = *plan.tables[table].table;
   const Dialect& dialect = source_.OwnDialect();
   std::string sets;
   std::vector<const Value*> values;
-  for (std::size_t i = 0; i < assigned_.size(); ++i) {
-    if (!assigned_[i] || static_cast<std::size_t>(plan.columns[i].table) != table) continue;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    if (!fields[i] || static_cast<std::size_t>(plan.columns[i].table) != table) continue;
     values.push_back(&values_[i]);
     const std::string& name = source_.DefinitionOf(static_cast<int>(i))->name;
     sets += (sets.empty() ? "" : ", ") + dialect.Name(name) + " = " + dialect.Parameter(values.size());

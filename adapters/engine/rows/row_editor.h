@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,8 +38,9 @@ class RowEditor {
 
   /// Writes the new row; its keys. The buffer stays open when that fails.
   std::vector<std::int64_t> Insert();
-  /// Writes the assigned fields, each to the table that owns it. Raises 3167 when the row is gone. `back`: what the store is to give back
-  /// of the row as it is then, if anything is written.
+  /// Writes the assigned fields, each to the table that owns it; those alone whose values are others, where it is known that the row is
+  /// still as it was read (RowSource::StillSo). Raises 3167 when the row is gone. `back`: what the store is to give back of the row as it
+  /// is then, if anything is written.
   void Write(const RowBack* back = nullptr);
   /// Removes the row from the driving table. Raises 3167 when it is gone.
   void Delete(const Place& row);
@@ -52,12 +54,15 @@ class RowEditor {
   Insertion MakeInsertion(const ResolvedTable& table) const;
   std::int64_t InsertRow(const ResolvedTable& table);
   std::vector<std::int64_t> KeysOfNewRow(std::int64_t driving);
-  void WriteTable(std::size_t table, const RowBack* back);
+  std::vector<bool> FieldsToWrite() const;
+  void WriteTable(std::size_t table, const std::vector<bool>& fields, const RowBack* back);
 
   RowSource& source_;
   platform::EditMode mode_ = platform::EditMode::None;
   std::vector<platform::Value> values_;
   std::vector<bool> assigned_;
+  std::shared_ptr<const RowPage> read_;  ///< where Edit found the row
+  std::size_t readRow_ = 0;
   std::vector<std::int64_t> keys_;
   std::optional<std::int64_t> counter_;
   std::optional<Insertion> insertion_;

@@ -39,6 +39,42 @@ TEST_F(RowsReadAgain, AreNotInTheActThatReadThem) {
   EXPECT_EQ(list->Mode(), platform::EditMode::None);
 }
 
+// A card assigns all of its fields. What wasn't changed isn't written, as the row is still as it was read; of nothing changed, all is.
+TEST_F(RowsReadAgain, AreWrittenAsFarAsTheyAreChanged) {
+  Other(
+      "CREATE FUNCTION orv1_customer.told() RETURNS trigger LANGUAGE plpgsql AS $$BEGIN NEW.\"Balance\" := 10000; RETURN NEW; END$$; "
+      "CREATE TRIGGER told BEFORE UPDATE OF \"LastName\" ON orv1_customer.\"Customers\" FOR EACH ROW EXECUTE FUNCTION "
+      "orv1_customer.told()");
+  const auto save = [&](const char* name, const char* city) {
+    list->FindFirst("AcctNum = 2500");
+    list->Edit();
+    list->SetField("LastName", Value(name));
+    list->SetField("City", Value(city));
+    list->Update();
+    return list->Field("Balance") == Value(platform::Currency{10'000}) ? "written" : "left";
+  };
+  list->FindFirst("AcctNum = 2500");
+  const std::string name = NameHere();
+  EXPECT_STREQ(save(name.c_str(), "Here"), "left");
+  EXPECT_EQ(list->Field("City"), Value("Here"));
+  EXPECT_STREQ(save(name.c_str(), "There"), "left");
+  EXPECT_STREQ(save(name.c_str(), "There"), "written");
+  EXPECT_STREQ(save((name + ' ').c_str(), "There"), "written");
+}
+
+// Another desk's write between Edit and Update: all that was assigned is written.
+TEST_F(RowsReadAgain, AreWrittenWholeWhereAnotherDeskHasWritten) {
+  list->FindFirst("AcctNum = 2500");
+  const std::string name = NameHere();
+  list->Edit();
+  OtherDesk("UPDATE Customers SET LastName = 'Elsewhere' WHERE AcctNum = 2500");
+  list->SetField("LastName", Value(name));
+  list->SetField("City", Value("Here"));
+  list->Update();
+  EXPECT_EQ(NameHere(), name);
+  EXPECT_EQ(list->Field("City"), Value("Here"));
+}
+
 class RowsReadAgainLater : public RowsReadAgain {
  protected:
   RowsReadAgainLater() : RowsReadAgain({.moment = 1}) {}

@@ -18,8 +18,8 @@ namespace tab = orcussch::tab;
 constexpr int kPageRows = 50;
 constexpr int kNames = 200;
 constexpr int kSharedCustomers = 20;
-constexpr std::size_t kLettersOfASearch = 4;
-constexpr std::size_t kLettersOfAQuery = 3;
+constexpr int kLettersOfASearch = 4;
+constexpr int kLettersOfAQuery = 3;
 
 using Clock = std::chrono::steady_clock;
 
@@ -112,7 +112,7 @@ void Clerk::BackToLists(frmCustMain& screen) {
 
 void Clerk::Search(frmCustMain& screen) {
   const std::string& name = names_[static_cast<std::size_t>(UpTo(kNames))];
-  hands_->Type(screen.txtSearch[tab::Customers], name.substr(0, kLettersOfASearch), false);
+  hands_->Type(screen.txtSearch[tab::Customers], platform::Left(name, kLettersOfASearch), false);
   hands_->Key(screen.txtSearch[tab::Customers], "Enter");
   Paint(screen, tab::Customers);
 }
@@ -158,11 +158,14 @@ void Clerk::TickType(frmCustMain& screen) {
   if (!screen.data[tab::CustomerTypes].OnRecord()) return;
   hands_->Mark(screen.grid[tab::CustomerTypes], {screen.data[tab::CustomerTypes].Recordset()->Bookmark()});
   Press(screen, UpTo(2) == 0 ? "tb_AssignSelected" : "tb_UnassignSelected");
+  // A tick that was refused stands in its row until it is taken back.
+  platform::Grid& ticks = screen.grid[tab::CustomerTypes];
+  for (int i = 0; i < 2 && (ticks.OpenCell() || ticks.DataChanged()); ++i) hands_->Key(ticks, "Escape");
   Paint(screen, tab::CustomerTypes);
 }
 
 void Clerk::Query(frmCustMain& screen) {
-  asked_ = names_[static_cast<std::size_t>(UpTo(kNames))].substr(0, kLettersOfAQuery);
+  asked_ = platform::Left(names_[static_cast<std::size_t>(UpTo(kNames))], kLettersOfAQuery);
   Press(screen, "tb_Queries");
   Paint(screen, tab::Customers);
 }

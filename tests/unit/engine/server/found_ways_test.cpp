@@ -2,6 +2,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/values/convert.h"
+
 #include "unit/engine/server/trips.h"
 
 namespace {
@@ -92,6 +94,60 @@ TEST_F(FoundWays, AreFoundOutAnewNowAndThen) {
   for (int opened = 0; opened < 32; ++opened) EXPECT_EQ(TripsToOpen(sorted), 1) << opened;
   EXPECT_EQ(TripsToOpen(sorted), 2);
   EXPECT_EQ(TripsToOpen(sorted), 1);
+}
+
+/// 25,000 customers, each fifth of whom has a phone; some have no name.
+class WalkedQueries : public Trips {
+ protected:
+  WalkedQueries() {
+    Other(
+        "INSERT INTO orv1_customer.\"Customers\" (\"LastName\", \"City\", \"Balance\") SELECT 'Name' || lpad((n % 100)::text, 3, '0'), "
+        "'City' || n, n FROM generate_series(5001, 25000) AS n; "
+        "UPDATE orv1_customer.\"Customers\" SET \"LastName\" = NULL WHERE \"AcctNum\" % 1501 = 0; "
+        "INSERT INTO orv1_customer.\"Phones\" (\"AcctNum\", \"Phone\") SELECT 5 * n, n FROM generate_series(1, 5000) AS n; ANALYZE");
+    OpenDatabase();
+  }
+
+  std::string Accounts(const std::string& filter, const std::string& order) const {
+    const auto query = database->OpenRecordset(
+        "SELECT DISTINCTROW Customers.* FROM Customers INNER JOIN Phones ON Customers.AcctNum = Phones.AcctNum WHERE " + filter +
+            " ORDER BY " + order,
+        RecordsetType::Dynaset);
+    std::string accounts;
+    for (const platform::ListRow& row : query->Window().RowsAt(0, 50)) accounts += platform::CStr(row.cells[0]) + ' ';
+    query->Close();
+    return accounts;
+  }
+  std::string Expected(const std::string& condition, const std::string& order) const {
+    return Other(
+        "SELECT string_agg(a::text || ' ', '') FROM (SELECT c.\"AcctNum\" AS a FROM orv1_customer.\"Customers\" AS c WHERE EXISTS (SELECT "
+        "1 FROM "
+        "orv1_customer.\"Phones\" AS p WHERE p.\"AcctNum\" = c.\"AcctNum\" AND p.\"Phone\" >= '2') AND " +
+        condition + " ORDER BY " + order + " LIMIT 50) AS first");
+  }
+};
+
+TEST_F(WalkedQueries, GiveTheirFirstRowsInOrder) {
+  struct Order {
+    const char* words;
+    const char* others;
+  };
+  const std::vector<Order> orders{{"LastName", "\"LastName\" NULLS FIRST, \"AcctNum\""},
+                                  {"LastName DESC", "\"LastName\" DESC NULLS LAST, \"AcctNum\" DESC"},
+                                  {"Customers.AcctNum", "\"AcctNum\""},
+                                  {"Customers.AcctNum DESC", "\"AcctNum\" DESC"}};
+  struct Filter {
+    const char* words;
+    const char* others;
+  };
+  const std::vector<Filter> filters{{"Phones.Phone >= '2'", "true"},
+                                    {"Phones.Phone >= '2' AND Customers.Balance >= 7000", "\"Balance\" >= 70000000"},
+                                    {"Phones.Phone >= '2' AND Customers.LastName >= 'Name020'", "\"LastName\" >= 'Name020'"}};
+  for (const Order& order : orders)
+    for (const Filter& filter : filters)
+      for (int opened = 0; opened < 2; ++opened)
+        EXPECT_EQ(Accounts(filter.words, order.words) + '\n', Expected(filter.others, order.others))
+            << filter.words << " by " << order.words;
 }
 
 }  // namespace

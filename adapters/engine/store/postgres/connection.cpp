@@ -332,9 +332,12 @@ void ServerConnection::Hear() {
 }
 
 void ServerConnection::AskOthers() {
-  Ready({});
-  const std::shared_ptr<Run> run = Start({});
-  Take(*run);
+  std::shared_ptr<Run> run;
+  do {
+    Ready({});
+    run = Start({});
+    Take(*run);
+  } while (run->failure && run->dropped);
   if (run->failure) Raise(*run->failure, Doing::Reading, {});
 }
 

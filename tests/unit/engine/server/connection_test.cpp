@@ -80,6 +80,15 @@ TEST_F(Connected, WritesAreDoneOnceWhereTheServerHasDroppedStatements) {
   EXPECT_EQ(Names(), "aabb\n");
 }
 
+TEST_F(Connected, OthersAreAskedForWhereTheServerHasDroppedTheQuestion) {
+  ServerConnection asking(TargetOf("x.zdb"), Asking());
+  asking.NameSchema("orv1_x", "x.zdb");
+  const std::int64_t before = asking.OthersVersion();
+  Run(asking, "DEALLOCATE ALL");
+  Other("INSERT INTO orv1_x.t VALUES (9, 'Nine')");
+  EXPECT_GT(asking.OthersVersion(), before);
+}
+
 TEST_F(Connected, AStatementRunsAgainWithOtherKindsOfValues) {
   SqlText text("SELECT $1::text");
   const auto ask = [&](auto bind) {

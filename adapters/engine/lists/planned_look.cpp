@@ -58,13 +58,22 @@ std::int64_t PlannedLook::Trial() const {
   return std::min(source_.Plan().asksByRow ? kMostIfAsking : kMost, span_ / kPartOfAll);
 }
 
+// How many other tables are asked about a row that is walked. Following a driver's keys takes as much work for each as one question does;
+// that other drivers lead there, too, is found out for all of them together.
+double PlannedLook::Questions() const {
+  const SelectPlan& plan = source_.Plan();
+  if (!plan.asksByRow) return 1;
+  return static_cast<double>(
+      std::max<std::ptrdiff_t>(1, std::ranges::count_if(plan.drivers, [](const PlanDriver& driver) { return driver.field < 0; })));
+}
+
 // How many rows are walked at first; 0: none, as the page ends too far on. A driver that tells how many there may be tells where it ends, and
 // what following the driver takes.
 std::int64_t PlannedLook::FirstStretch(const std::optional<FirstLook::Told>& told) const {
   constexpr double kThinner = 2.5;
   if (!told) return Trial() < kFewest ? 0 : Trial();
   const double expected = static_cast<double>(FirstLook::kPage) / std::max(told->share, 1e-9);
-  if (expected > told->driven || expected * kPartIfKnown > static_cast<double>(span_)) return 0;
+  if (expected * Questions() > told->driven || expected * kPartIfKnown > static_cast<double>(span_)) return 0;
   return std::max(kFewest, static_cast<std::int64_t>(kThinner * expected));
 }
 

@@ -40,6 +40,7 @@ class PlannedLook {
   void Begin();
   bool Walk(const std::optional<FirstLook::Told>& told);
   std::int64_t Trial() const;
+  double Questions() const;
   std::int64_t FirstStretch(const std::optional<FirstLook::Told>& told) const;
   bool WalkOn(std::int64_t rows);
   double LikelyShare(bool found, const std::optional<FirstLook::Told>& told) const;

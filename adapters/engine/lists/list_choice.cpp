@@ -147,9 +147,33 @@ struct Beginning {
   bool isShort = false;
 };
 
+// A filter that leaves the rows of one number with which the table's own key begins: those of one customer. Its walk takes the number as a
+// parameter, so that a store which plans each statement plans one for all customers; they are few.
+struct OneNumber {
+  WalkWay way;
+  std::int64_t number = 0;
+};
+
+std::optional<OneNumber> OneNumberOf(const RowSource& source, const KeysetList::Walk& walk) {
+  const SelectPlan& plan = source.Plan();
+  const Dialect& dialect = source.OwnDialect();
+  if (dialect.rowsAtOnce <= 1 || plan.bounds.size() != 1 || !plan.bounds.front().number || plan.rowWhere != plan.bounds.front().sql)
+    return {};
+  const platform::FieldDefinition& field = TableOf(plan).fields[static_cast<std::size_t>(plan.bounds.front().field)];
+  const bool leads = std::ranges::any_of(TableOf(plan).indexes, [&](const platform::IndexDefinition& index) {
+    return index.primary && platform::EqualsNoCase(index.fields.front(), field.name);
+  });
+  if (!leads) return {};
+  WalkWay way{.order = walk.order, .index = walk.index};
+  way.filter = plan.tables.front().alias + '.' + dialect.Name(field.name) + " = " +
+               dialect.Parameter(static_cast<std::size_t>(KeyWalker::FilterNumberAt(walk.order)));
+  return OneNumber{std::move(way), *plan.bounds.front().number};
+}
+
 // Where asking costs most, the first rows come along with the answer to whether the table is short. A filter that nothing passes says nothing
 // of the table; but that was all, then.
-Beginning BeginningOf(const std::shared_ptr<RowSource>& source, KeyWalker& walker, bool descending) {
+Beginning BeginningOf(const std::shared_ptr<RowSource>& source, KeyWalker& walker, bool descending,
+                      std::optional<std::int64_t> filterNumber = {}) {
   const PlanTable& table = source->Plan().tables.front();
   const std::string last = "SELECT max(" + table.table->rowKey + ") FROM " + table.table->storeName;
   Beginning beginning{.first = {.way = FirstRows::Way::Walk, .version = source->Version()}};
@@ -159,6 +183,7 @@ Beginning BeginningOf(const std::shared_ptr<RowSource>& source, KeyWalker& walke
   request.direction = descending ? Direction::Down : Direction::Up;
   request.limit = source->OwnDialect().rowsAtOnce;
   request.flag = last;
+  request.filterNumber = filterNumber;
   std::int64_t lastKey = 0;
   const std::int64_t read = walker.Read(request, [&](const Query& row) {
     walker.AppendRow(row, *first.page);
@@ -182,10 +207,13 @@ bool FindsOutByRows(const RowSource& source) {
   return !source.Shape().knownLong;
 }
 
-// nullptr: a long table with a filter.
-std::shared_ptr<RowList> ByFirstRows(const std::shared_ptr<RowSource>& source, const KeysetList::Walk& walk) {
-  auto [first, isShort] = BeginningOf(source, *source->Shape().Walker(source->Store(), walk.order, walk.index), walk.descending);
-  if (isShort && first.all) return std::make_shared<KeysetList>(source, walk, std::move(first));
+// nullptr: a long table with a filter that leaves more rows than come at once.
+std::shared_ptr<RowList> ByFirstRows(const std::shared_ptr<RowSource>& source, const KeysetList::Walk& walk,
+                                     const std::optional<OneNumber>& one) {
+  const RowShape& shape = source->Shape();
+  KeyWalker& walker = one ? *shape.Walker(source->Store(), one->way) : *shape.Walker(source->Store(), walk.order, walk.index);
+  auto [first, isShort] = BeginningOf(source, walker, walk.descending, one ? std::optional(one->number) : std::nullopt);
+  if (first.all && (isShort || one)) return std::make_shared<KeysetList>(source, walk, std::move(first));
   if (isShort) return FixedAtOpening(source, walk);
   if (!source->Plan().where.empty()) return nullptr;
   return std::make_shared<IndexedList>(source, IndexedList::Shape{walk.order, walk.descending, walk.index, true}, std::move(first));
@@ -219,8 +247,9 @@ std::shared_ptr<RowList> NewList(const std::shared_ptr<RowSource>& source) {
   // With a filter the store may know a better index than that of the order alone.
   const std::string index = plan.where.empty() ? byIndex->index : "";
   const KeysetList::Walk walk{byIndex->order, index, byIndex->descending};
-  if (!byIndex->behindOthers && FindsOutByRows(*source))
-    if (auto list = ByFirstRows(source, walk)) return list;
+  const std::optional<OneNumber> one = byIndex->behindOthers ? std::nullopt : OneNumberOf(*source, walk);
+  if (one || (!byIndex->behindOthers && FindsOutByRows(*source)))
+    if (auto list = ByFirstRows(source, walk, one)) return list;
   if (!byIndex->behindOthers && FitsExact(*source)) return FixedAtOpening(source, walk);
   if (!plan.where.empty()) {
     const bool byRow = !plan.asksOtherTables || plan.asksByRow;

@@ -225,6 +225,7 @@ std::int64_t KeyWalker::Take(Query& query, const Request& request, std::int64_t 
     if (request.bounds->upper) BindComparable(query, more + 3, *request.bounds->upper);
   }
   if (request.conditionText) query.Bind(ConditionTextAt(), *request.conditionText);
+  if (request.filterNumber) query.Bind(FilterNumberAt(order_), *request.filterNumber);
   std::int64_t taken = 0;
   while (goOn && taken < most && query.Step()) {
     ++taken;
@@ -272,7 +273,9 @@ bool KeyWalker::IsStraight(const Request& request) const {
 
 // Not how many rows a filter's bounds leave: it takes them for so few at times that it would put all of them in order for a page. A plan for
 // any number of rows goes along the index.
-bool KeyWalker::OnePlanDoes(const Request& request) const { return IsStraight(request) && (inBounds_ || Within(request) > 0); }
+bool KeyWalker::OnePlanDoes(const Request& request) const {
+  return request.filterNumber || (IsStraight(request) && (inBounds_ || Within(request) > 0));
+}
 
 // So many rows it sees in the statement, that they are few; 0 where it doesn't.
 std::int64_t KeyWalker::Within(const Request& request) const {

@@ -54,6 +54,8 @@ class KeyWalker {
     /// The text behind the parameter ConditionTextAt(), if the condition has that.
     std::optional<std::string_view> conditionText{};
     std::string_view flag;  ///< an expression delivered behind the keys, "" for none
+    /// The number behind the parameter FilterNumberAt(), if the walk's filter has that: one plan does for all of them.
+    std::optional<std::int64_t> filterNumber{};
     const KeyBounds* bounds = nullptr;
   };
   /// Takes one row; false ends the reading. Keys-only rows start with the order columns, others with the columns; then the
@@ -111,6 +113,8 @@ class KeyWalker {
   std::int64_t CountAll();
 
   int ConditionTextAt() const { return static_cast<int>(order_.size()) + 6; }
+  /// For a walk in that order.
+  static int FilterNumberAt(std::span<const OrderColumn> order) { return static_cast<int>(order.size()) + 7; }
 
   /// Where the parts stand in a row of a full read.
   int OrderAt(bool keysOnly) const { return keysOnly ? 0 : static_cast<int>(shape_.plan.columns.size()); }

@@ -8,12 +8,23 @@
 namespace engine {
 namespace {
 
+bool HoldsWholes(platform::FieldType type) {
+  using enum platform::FieldType;
+  return type == Byte || type == Short || type == Long || type == Counter;
+}
+
+bool IsWholeNumber(const platform::Value& value) {
+  using enum platform::ValueKind;
+  return value.Kind() == Byte || value.Kind() == Short || value.Kind() == Long;
+}
+
 std::optional<FieldBound> OnField(const sql::Expression& expression, Scope& scope) {
   const auto* name = std::get_if<sql::FieldName>(&expression.node);
   if (name == nullptr) return std::nullopt;
   const std::optional<ResolvedField> field = scope.Resolve(*name);
   if (!field || field->table < 0 || field->field < 0) return std::nullopt;
-  return FieldBound{.table = field->table, .field = field->field, .isText = SqlTypeOf(field->type) == SqlType::Text};
+  return FieldBound{
+      .table = field->table, .field = field->field, .isText = SqlTypeOf(field->type) == SqlType::Text, .isWhole = HoldsWholes(field->type)};
 }
 
 bool IsComparison(sql::BinaryOperator op) {
@@ -26,8 +37,10 @@ std::optional<FieldBound> OfComparison(const sql::Binary& binary, Scope& scope) 
   std::optional<FieldBound> bound = OnField(*binary.left, scope);
   const sql::Expression& other = bound ? *binary.right : *binary.left;
   if (!bound) bound = OnField(*binary.right, scope);
-  if (!bound || !ConstantOf(other)) return std::nullopt;
+  const std::optional<platform::Value> constant = ConstantOf(other);
+  if (!bound || !constant) return std::nullopt;
   bound->equals = binary.op == sql::BinaryOperator::Equal;
+  if (bound->equals && bound->isWhole && IsWholeNumber(*constant)) bound->number = platform::CLng(*constant);
   return bound;
 }
 

@@ -14,6 +14,8 @@ struct FieldBound {
   int field = -1;
   bool equals = false;  ///< to one value
   bool isText = false;
+  bool isWhole = false;
+  std::optional<std::int64_t> number{};  ///< of a whole-number field that equals one
   std::optional<std::string> start{};  ///< of a Like: what its texts begin with, without blanks at its end
 };
 

@@ -65,6 +65,7 @@ struct PlanBound {
   bool equals = false;  ///< to one value
   std::string sql;
   std::optional<std::string> start{};  ///< of a Like: what its texts begin with, without blanks at its end
+  std::optional<std::int64_t> number{};  ///< of a field that equals a whole number
 };
 
 /// A SELECT ready for a cursor. Row identity is the tuple of the row keys of `tables`.

@@ -115,7 +115,8 @@ void SelectPlanner::FillBounds(TableSet kept) {
   for (const sql::Expression* part : parts) {
     const std::optional<FieldBound> bound = FieldBoundOf(*part, Names());
     if (!bound || (kept & TableBit(bound->table)) == 0) continue;
-    plan_.bounds.push_back({.field = bound->field, .equals = bound->equals, .sql = emitter_.Conjunct(*part), .start = bound->start});
+    plan_.bounds.push_back(
+        {.field = bound->field, .equals = bound->equals, .sql = emitter_.Conjunct(*part), .start = bound->start, .number = bound->number});
     const platform::TableDefinition& definition = table.table->definition;
     const auto index = std::ranges::find_if(definition.indexes, [&](const platform::IndexDefinition& each) {
       return FieldPlace(definition, each.fields.front()) == bound->field;
